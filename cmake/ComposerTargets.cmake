@@ -1,0 +1,72 @@
+# The build settings that every target of the project shares, and the four ways to declare one:
+#   composer_library(NAME [LINKS targets…])      src/…: one folder, one static library
+#   composer_test(NAME [LINKS targets…])         tests/…: NAME.cpp, run by ctest under its name
+#   composer_fuzzer(NAME CORPUS folder [LINKS …]) fuzz/…: NAME.cpp, its corpus replayed by ctest
+#   composer_benchmark(NAME [LINKS targets…])    bench/…: NAME.cpp
+# Each takes its sources from the current folder, so a new file needs no new line.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_AUTOMOC ON)
+
+find_program(CCACHE ccache)
+if(CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_library(composer_settings INTERFACE)
+target_compile_definitions(composer_settings INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_DEPRECATED_WARNINGS
+    COMPOSER_VERSION="${PROJECT_VERSION}")
+target_include_directories(composer_settings INTERFACE ${CMAKE_SOURCE_DIR}/src)
+if(MSVC)
+    target_compile_options(composer_settings INTERFACE /W4 /WX /utf-8)
+else()
+    target_compile_options(composer_settings INTERFACE
+        -Wall -Wextra -Wpedantic -Werror -Wshadow -Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual
+        -Wcast-align -Wcast-qual -Wdouble-promotion -Wformat=2 -Wimplicit-fallthrough -Wextra-semi
+        $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wsuggest-override>)
+endif()
+if(COMPOSER_SANITIZE)
+    target_compile_options(composer_settings INTERFACE
+        -fsanitize=${COMPOSER_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(composer_settings INTERFACE -fsanitize=${COMPOSER_SANITIZE})
+endif()
+if(COMPOSER_FUZZ)
+    target_compile_options(composer_settings INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
+function(composer_library NAME)
+    cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
+    file(GLOB SOURCES CONFIGURE_DEPENDS *.cpp *.h)
+    add_library(${NAME} STATIC ${SOURCES})
+    target_link_libraries(${NAME} PUBLIC composer_settings ${ARG_LINKS})
+endfunction()
+
+function(composer_test NAME)
+    cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
+    add_executable(${NAME} ${NAME}.cpp)
+    target_link_libraries(${NAME} PRIVATE ${ARG_LINKS} Qt::Test)
+    add_test(NAME ${NAME} COMMAND ${NAME})
+endfunction()
+
+function(composer_fuzzer NAME)
+    cmake_parse_arguments(ARG "" "CORPUS" "LINKS" ${ARGN})
+    set(CORPUS ${CMAKE_CURRENT_SOURCE_DIR}/corpus/${ARG_CORPUS})
+    if(COMPOSER_FUZZ)
+        add_executable(${NAME} ${NAME}.cpp)
+        target_link_options(${NAME} PRIVATE -fsanitize=fuzzer)
+        add_test(NAME ${NAME} COMMAND ${NAME} -runs=0 ${CORPUS})
+    else()
+        add_executable(${NAME} ${NAME}.cpp replay.cpp)
+        add_test(NAME ${NAME} COMMAND ${NAME} ${CORPUS})
+    endif()
+    target_link_libraries(${NAME} PRIVATE ${ARG_LINKS})
+endfunction()
+
+function(composer_benchmark NAME)
+    cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
+    add_executable(${NAME} ${NAME}.cpp)
+    target_link_libraries(${NAME} PRIVATE ${ARG_LINKS} benchmark::benchmark)
+endfunction()
