@@ -17,8 +17,8 @@ constexpr qint64 defaultTicksPerMinute = 120 * ticksPerQuarter;
 // Readers keep every time, length and tempo within 0..maxTicks, so that no sum or difference of two can overflow.
 constexpr Ticks maxTicks = Ticks(1) << 60;
 
-// value * numerator / denominator in truncating integer arithmetic, limited to maxTicks. All arguments are non-negative,
-// value at most maxTicks, the denominator not 0.
+// value * numerator / denominator in truncating integer arithmetic, limited to maxTicks. All arguments are
+// non-negative, value at most maxTicks, the denominator not 0.
 constexpr Ticks scaled(Ticks value, quint64 numerator, quint64 denominator)
 {
     const auto unsignedValue = quint64(value);

@@ -1,0 +1,547 @@
+#include "core/AbcParser.h"
+
+#include "core/AbcTokenizer.h"
+#include "core/HeaderFields.h"
+#include "core/KeyTable.h"
+
+#include <algorithm>
+#include <array>
+#include <bitset>
+#include <vector>
+
+namespace {
+
+struct Ratio
+{
+    quint64 numerator = 1;
+    quint64 denominator = 1;
+
+    Ticks of(Ticks length) const { return scaled(length, numerator, denominator); }
+    bool isOne() const { return numerator == denominator; }
+};
+
+// A note as written, before it sounds: lengths can still change while the rhythm around it is read.
+struct WrittenNote
+{
+    quint32 pitch = 0;
+    Ticks length = 0;
+    bool staccato = false;
+    bool tied = false;
+    quint32 textLine = 0;
+    quint32 textColumn = 0;
+    quint32 textLength = 0;
+};
+
+// A note, rest or chord: what a tuplet counts and a broken rhythm joins.
+struct Element
+{
+    bool present = false;
+    bool isChord = false;
+    std::vector<WrittenNote> notes; // those in the playable range
+    Ticks advance = 0;              // the shortest length written in it
+    bool isEmpty = true;            // holds neither note nor rest
+    Ratio chordLength;
+    bool chordTied = false;
+
+    void clear()
+    {
+        present = isChord = chordTied = false;
+        isEmpty = true;
+        notes.clear();
+        advance = 0;
+        chordLength = {};
+    }
+
+    void scale(const Ratio &ratio)
+    {
+        if (ratio.isOne())
+            return;
+        advance = ratio.of(advance);
+        for (auto &note : notes)
+            note.length = ratio.of(note.length);
+    }
+};
+
+// The accidentals written so far in the measure, by diatonic step.
+class MeasureAccidentals
+{
+public:
+    void clear() { accidentals_.fill(none); }
+    void set(int octave, int letter, int accidental) { at(octave, letter) = qint8(accidental); }
+    int value(int octave, int letter, int fromKey) const
+    {
+        const auto accidental = accidentals_[index(octave, letter)];
+        return accidental == none ? fromKey : accidental;
+    }
+
+private:
+    static constexpr qint8 none = -128;
+    // A note's text is at most 20 characters, so octaves stay within -20..20.
+    static size_t index(int octave, int letter) { return size_t((octave + 20) * 7 + letter); }
+    qint8 &at(int octave, int letter) { return accidentals_[index(octave, letter)]; }
+
+    std::array<qint8, 41 * 7> accidentals_;
+};
+
+// Tied notes that wait for their continuation, at most one a pitch.
+class PendingTies
+{
+public:
+    TrackEvent *find(quint32 pitch) { return pending_[pitch] ? &notes_[pitch] : nullptr; }
+
+    void put(const TrackEvent &note)
+    {
+        notes_[note.pitch()] = note;
+        pending_.set(note.pitch());
+    }
+
+    void writeTo(QVector<TrackEvent> &events, quint32 pitch)
+    {
+        if (!pending_[pitch])
+            return;
+        events.append(notes_[pitch]);
+        pending_.reset(pitch);
+    }
+
+private:
+    std::array<TrackEvent, highestPlayablePitch + 1> notes_;
+    std::bitset<highestPlayablePitch + 1> pending_;
+};
+
+class AbcParser
+{
+public:
+    explicit AbcParser(const QString &text) : text_(text), tokens_(text) { accidentals_.clear(); }
+    Track parse();
+
+private:
+    void readHeader();
+    void applyHeader();
+    void readBody();
+    void bodyToken();
+    void bodyField();
+    void barLine();
+    void beginTuplet();
+    void readElement();
+    Ratio applyBrokenRhythm();
+    void readNote();
+    void readRest();
+    void readChord();
+    void addToElement(Ticks length);
+    void finishElement();
+    void sound(const WrittenNote &note);
+    void finishChord(qsizetype firstEvent);
+    void tieEventsFrom(qsizetype firstEvent);
+    Ratio tokenLength() const;
+    quint32 number(QStringView digits) const;
+    int accidental(int octave, int letter);
+    [[noreturn]] void fail(const QString &message) const;
+    [[noreturn]] void failUnknown() const;
+
+    const QString &text_;
+    AbcTokenizer tokens_;
+    AbcToken token_;
+    Track track_;
+    QVector<TrackEvent> events_;
+
+    quint32 keyRow_ = neutralKeyRow;
+    quint32 unitLength_ = 0;
+    Ticks position_ = 0;
+    Ticks measureBase_ = 0;   // where the metre in force began
+    Ticks measureLength_ = 0; // 0 without a metre
+    quint32 barCount_ = 0;    // since then
+    bool compound_ = false;
+    MeasureAccidentals accidentals_;
+
+    quint32 tupletNotesLeft_ = 0;
+    Ratio tuplet_;
+    bool inGraceNotes_ = false;
+    Element element_;      // read, but not sounded before what follows it is known
+    int brokenRhythm_ = 0; // length of the mark behind the element, negative for "<"
+    PendingTies ties_;
+};
+
+QString at(const QString &message, int line, int column)
+{
+    return message.arg(line + 1).arg(column + 1);
+}
+
+void AbcParser::fail(const QString &message) const
+{
+    throw at(message, token_.line, token_.column);
+}
+
+void AbcParser::failUnknown() const
+{
+    fail(QStringLiteral("Unknown token found in ABC body at line %1, column %2."));
+}
+
+Track AbcParser::parse()
+{
+    readHeader();
+    applyHeader();
+    readBody();
+    track_.editEvents() = std::move(events_);
+    track_.setAbc(text_);
+    track_.normalize();
+    return std::move(track_);
+}
+
+// Single-letter names, made once and shared by all tracks.
+QString fieldName(QStringView letter)
+{
+    static const auto names = [] {
+        std::array<QString, 128> result;
+        for (size_t c = 0; c < result.size(); ++c)
+            result[c] = QChar(ushort(c));
+        return result;
+    }();
+    return names[letter[0].unicode() & 0x7F];
+}
+
+void AbcParser::readHeader()
+{
+    while (tokens_.next(token_)) {
+        switch (token_.type) {
+        case AbcTokenType::FieldLine: {
+            const auto name = fieldName(token_.part(AbcPart::Name));
+            track_.appendHeaderField(name, token_.part(AbcPart::Value).trimmed().toString());
+            if (name == u"K")
+                return;
+            break;
+        }
+        case AbcTokenType::Instruction:
+        case AbcTokenType::WhiteSpace:
+        case AbcTokenType::Comment:
+            break;
+        default:
+            fail(QStringLiteral("Unexpected token found in ABC header: line %1, column %2."));
+        }
+    }
+}
+
+void AbcParser::applyHeader()
+{
+    using namespace HeaderFields;
+    keyRow_ = parseKey(track_.headerField(fieldName(u"K"), fieldName(u"C")), ModeReading::WholeWord).row;
+    unitLength_ = parseUnitLength(track_.headerField(fieldName(u"L")));
+    const auto metre = parseMetre(track_.headerField(fieldName(u"M")));
+    measureLength_ = metre.measureTicks();
+    compound_ = metre.isCompound();
+    if (!metre.isNone())
+        track_.setMetre(quint32(measureLength_), metre.numerator);
+    track_.setTempo(headerTempo(track_.headerField(fieldName(u"Q")), unitLength_));
+}
+
+void AbcParser::readBody()
+{
+    // An upper bound, so that the list need not grow; what is not used is never touched.
+    events_.reserve(std::count_if(text_.begin(), text_.end(), [](QChar c) {
+        const auto lower = c.unicode() | 0x20;
+        return lower >= u'a' && lower <= u'g';
+    }));
+    while (tokens_.next(token_))
+        bodyToken();
+    finishElement();
+    for (auto pitch = lowestPlayablePitch; pitch <= highestPlayablePitch; ++pitch)
+        ties_.writeTo(events_, pitch);
+}
+
+void AbcParser::bodyToken()
+{
+    switch (token_.type) {
+    case AbcTokenType::Note:
+    case AbcTokenType::Rest:
+    case AbcTokenType::ChordStart:
+        if (!inGraceNotes_)
+            readElement();
+        break;
+    case AbcTokenType::BrokenRhythm:
+        if (element_.present && brokenRhythm_ == 0)
+            brokenRhythm_ = token_.text[0] == u'>' ? int(token_.text.size()) : -int(token_.text.size());
+        break;
+    case AbcTokenType::FieldLine:
+    case AbcTokenType::InlineField:
+        bodyField();
+        break;
+    case AbcTokenType::BarLine:
+        barLine();
+        break;
+    case AbcTokenType::Tuplet:
+        beginTuplet();
+        break;
+    case AbcTokenType::GraceStart:
+        inGraceNotes_ = true;
+        break;
+    case AbcTokenType::GraceEnd:
+        inGraceNotes_ = false;
+        break;
+    case AbcTokenType::Character:
+        failUnknown();
+    default:
+        break;
+    }
+}
+
+void AbcParser::bodyField()
+{
+    finishElement();
+    const auto value = token_.part(AbcPart::Value).trimmed();
+    switch (token_.part(AbcPart::Name)[0].unicode()) {
+    case u'K': {
+        const auto key = HeaderFields::parseKey(value.toString(), HeaderFields::ModeReading::WholeWord);
+        keyRow_ = key.row;
+        events_.append(TrackEvent::key(position_, key.row, key.mode));
+        break;
+    }
+    case u'Q':
+        events_.append(HeaderFields::inlineTempo(position_, value, unitLength_));
+        break;
+    case u'M': {
+        const auto metre = HeaderFields::parseMetre(value.toString());
+        measureBase_ = position_;
+        barCount_ = 0;
+        measureLength_ = metre.measureTicks();
+        compound_ = metre.isCompound();
+        events_.append(TrackEvent::metre(position_, metre.numerator, metre.denominator));
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+// Puts the position back on the measure grid, even if the notes did not fill the measure.
+void AbcParser::barLine()
+{
+    finishElement();
+    accidentals_.clear();
+    if (measureLength_ == 0)
+        return;
+    ++barCount_;
+    position_ = std::min(maxTicks, measureBase_ + scaled(measureLength_, barCount_, 1));
+}
+
+void AbcParser::beginTuplet()
+{
+    constexpr std::array<quint32, 8> simple{3, 2, 3, 2, 2, 2, 3, 2};
+    constexpr std::array<quint32, 8> compound{3, 2, 3, 3, 2, 3, 3, 3};
+    const auto p = number(token_.part(AbcPart::TupletP));
+    auto q = p;
+    if (token_.has(AbcPart::TupletQ))
+        q = number(token_.part(AbcPart::TupletQ));
+    else if (p >= 2 && p <= 9)
+        q = (compound_ ? compound : simple)[p - 2];
+    tupletNotesLeft_ = p;
+    tuplet_ = {q, p};
+}
+
+// A broken rhythm counts between two elements that no bar line or field parts. Lengthens or shortens the element before
+// it and gives the ratio of the one behind it.
+Ratio AbcParser::applyBrokenRhythm()
+{
+    if (brokenRhythm_ == 0)
+        return {};
+    const auto whole = quint64(1) << std::abs(brokenRhythm_);
+    Ratio before{2 * whole - 1, whole};
+    Ratio behind{1, whole};
+    if (brokenRhythm_ < 0)
+        std::swap(before, behind);
+    element_.scale(before);
+    return behind;
+}
+
+void AbcParser::readElement()
+{
+    const auto rhythm = applyBrokenRhythm();
+    finishElement();
+    element_.present = true;
+    if (token_.type == AbcTokenType::Note)
+        readNote();
+    else if (token_.type == AbcTokenType::Rest)
+        readRest();
+    else
+        readChord();
+
+    if (tupletNotesLeft_ > 0) {
+        --tupletNotesLeft_;
+        element_.scale(tuplet_);
+    }
+    element_.scale(rhythm);
+}
+
+quint32 AbcParser::number(QStringView digits) const
+{
+    quint64 value = 0;
+    for (const auto digit : digits) {
+        value = value * 10 + quint64(digit.unicode() - u'0');
+        if (value > 0xFFFFFFFF)
+            failUnknown();
+    }
+    return quint32(value);
+}
+
+// "3/4" as it stands; each "/" without a number halves, and a denominator of 0 counts as 1.
+Ratio AbcParser::tokenLength() const
+{
+    Ratio length;
+    if (token_.has(AbcPart::LengthNumerator))
+        length.numerator = number(token_.part(AbcPart::LengthNumerator));
+    const auto slashes = token_.part(AbcPart::LengthSlashes).size();
+    if (token_.has(AbcPart::LengthDenominator))
+        length.denominator = quint64(std::max(1U, number(token_.part(AbcPart::LengthDenominator)))) << (slashes - 1);
+    else
+        length.denominator = quint64(1) << slashes;
+    return length;
+}
+
+void AbcParser::addToElement(Ticks length)
+{
+    element_.advance = element_.isEmpty ? length : std::min(element_.advance, length);
+    element_.isEmpty = false;
+}
+
+// The accidental that the current note token writes, or the one that holds for it.
+int AbcParser::accidental(int octave, int letter)
+{
+    const auto written = token_.part(AbcPart::Accidental);
+    if (written.isEmpty())
+        return accidentals_.value(octave, letter, KeyTable::accidental(keyRow_, letter));
+    const int size = int(written.size());
+    const int value = written[0] == u'^' ? size : written[0] == u'_' ? -size : 0;
+    accidentals_.set(octave, letter, value);
+    return value;
+}
+
+void AbcParser::readNote()
+{
+    constexpr std::array<int, 7> semitones{0, 2, 4, 5, 7, 9, 11};
+    const auto name = token_.part(AbcPart::Letter)[0].unicode();
+    const int letter = ((name | 0x20) - u'c' + 7) % 7;
+    const auto marks = token_.part(AbcPart::Octave);
+    const int octaves = int(marks.size());
+    const int octave = (name >= u'a' ? 1 : 0) + (octaves > 0 && marks[0] == u',' ? -octaves : octaves);
+    const int pitch = 60 + 12 * octave + semitones[size_t(letter)] + accidental(octave, letter);
+
+    const auto length = tokenLength().of(unitLength_);
+    addToElement(length);
+    if (!isPlayable(pitch))
+        return;
+    element_.notes.push_back({quint32(pitch), length, token_.has(AbcPart::Staccato), token_.has(AbcPart::Tie),
+                              quint32(token_.line), quint32(token_.column), quint32(token_.text.size())});
+}
+
+void AbcParser::readRest()
+{
+    const auto name = token_.part(AbcPart::Letter)[0];
+    if (name == u'z' || name == u'x') {
+        addToElement(tokenLength().of(unitLength_));
+        return;
+    }
+    const auto measures = tokenLength().numerator;
+    addToElement(scaled(measureLength_ != 0 ? measureLength_ : ticksPerWholeNote, measures, 1));
+    // The next bar line counts for the last of the measures.
+    if (measures > 0)
+        barCount_ += quint32(measures - 1);
+}
+
+void AbcParser::readChord()
+{
+    const auto unexpected = QStringLiteral("Unexpected token found in chord at line %1, column %2.");
+    element_.isChord = true;
+    for (;;) {
+        if (!tokens_.next(token_))
+            throw at(unexpected, tokens_.line(), tokens_.column());
+        switch (token_.type) {
+        case AbcTokenType::WhiteSpace:
+            break;
+        case AbcTokenType::Note:
+            readNote();
+            break;
+        case AbcTokenType::Rest:
+            readRest();
+            break;
+        case AbcTokenType::ChordEnd:
+            if (element_.isEmpty)
+                throw QStringLiteral("Empty chord");
+            element_.chordLength = tokenLength();
+            element_.chordTied = token_.part(AbcPart::Tie).contains(u'-');
+            return;
+        case AbcTokenType::Character:
+            failUnknown();
+        default:
+            fail(unexpected);
+        }
+    }
+}
+
+// Turns the element that was read last into events and moves on behind it.
+void AbcParser::finishElement()
+{
+    brokenRhythm_ = 0;
+    if (!element_.present)
+        return;
+    for (const auto &note : element_.notes) {
+        const auto *const pending = ties_.find(note.pitch);
+        if (pending != nullptr && pending->end() != position_)
+            ties_.writeTo(events_, note.pitch);
+    }
+    const auto firstEvent = events_.size();
+    for (const auto &note : element_.notes)
+        sound(note);
+    if (element_.isChord)
+        finishChord(firstEvent);
+    position_ = std::min(maxTicks, position_ + element_.chordLength.of(element_.advance));
+    element_.clear();
+}
+
+void AbcParser::sound(const WrittenNote &note)
+{
+    const auto length = note.staccato ? note.length / 2 : note.length;
+    if (auto *const pending = ties_.find(note.pitch); pending != nullptr && pending->end() == position_) {
+        pending->setLength(std::min(maxTicks, pending->length() + length));
+        if (!note.tied)
+            ties_.writeTo(events_, note.pitch);
+        return;
+    }
+    ties_.writeTo(events_, note.pitch);
+    auto event = TrackEvent::note(note.pitch, position_, length);
+    event.setTextPosition(note.textLine, note.textColumn, note.textLength);
+    if (note.tied)
+        ties_.put(event);
+    else
+        events_.append(event);
+}
+
+// The chord's own length and tie reach the notes that it appended and those of its notes that are tied.
+void AbcParser::finishChord(qsizetype firstEvent)
+{
+    if (!element_.chordLength.isOne()) {
+        for (auto event = events_.begin() + firstEvent; event != events_.end(); ++event)
+            event->setLength(element_.chordLength.of(event->length()));
+        for (auto pitch = lowestPlayablePitch; pitch <= highestPlayablePitch; ++pitch) {
+            auto *const pending = ties_.find(pitch);
+            if (pending != nullptr && pending->start() == position_)
+                pending->setLength(element_.chordLength.of(pending->length()));
+        }
+    }
+    if (element_.chordTied)
+        tieEventsFrom(firstEvent);
+}
+
+void AbcParser::tieEventsFrom(qsizetype firstEvent)
+{
+    const auto tied = events_.mid(firstEvent);
+    events_.resize(firstEvent);
+    for (const auto &event : tied) {
+        ties_.writeTo(events_, event.pitch());
+        ties_.put(event);
+    }
+}
+
+} // namespace
+
+Track parseAbc(const QString &text)
+{
+    return AbcParser(text).parse();
+}

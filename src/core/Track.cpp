@@ -1,0 +1,128 @@
+#include "core/Track.h"
+
+#include "core/AbcWriter.h"
+
+#include <algorithm>
+
+namespace {
+
+bool sortsBefore(const TrackEvent &a, const TrackEvent &b)
+{
+    const auto startA = quint64(a.start());
+    const auto startB = quint64(b.start());
+    return startA != startB ? startA < startB : quint64(a.length()) < quint64(b.length());
+}
+
+// A stable insertion sort that gives up after a few moves per event. Lists are nearly sorted when they arrive (a note
+// is appended when it ends, a little after others that began later), and then this is much faster than a merge sort.
+bool insertionSortWithinBudget(TrackEvent *events, qsizetype count)
+{
+    auto budget = 8 * count;
+    for (qsizetype i = 1; i < count; ++i) {
+        if (!sortsBefore(events[i], events[i - 1]))
+            continue;
+        const auto event = events[i];
+        auto hole = i;
+        while (hole > 0 && budget > 0 && sortsBefore(event, events[hole - 1])) {
+            events[hole] = events[hole - 1];
+            --hole;
+            --budget;
+        }
+        events[hole] = event;
+        if (budget == 0)
+            return false;
+    }
+    return true;
+}
+
+// Whether normalize() drops the event, given the one after it (null for the last) and the tempo in force before it.
+bool isRedundant(const TrackEvent &event, const TrackEvent *next, qint64 runningTempo)
+{
+    if (event.isNote())
+        return false;
+    if (event.kind() == TrackEvent::Tempo && event.ticksPerMinute() == runningTempo)
+        return true;
+    return next != nullptr && next->start() == event.start() && next->kind() == event.kind();
+}
+
+} // namespace
+
+QString Track::headerField(const QString &letter, const QString &fallback) const
+{
+    const auto field = headerFields_.constFind(letter);
+    return field == headerFields_.constEnd() || field->isEmpty() ? fallback : field->first();
+}
+
+QString Track::title() const
+{
+    return headerField(QStringLiteral("T"), QStringLiteral("Untitled"));
+}
+
+void Track::setMetre(quint32 measureTicks, quint32 beatsPerMeasure)
+{
+    measureTicks_ = measureTicks;
+    beatsPerMeasure_ = beatsPerMeasure;
+}
+
+int Track::noteCount() const
+{
+    return int(std::count_if(events_.begin(), events_.end(), [](const TrackEvent &event) { return event.isNote(); }));
+}
+
+QMap<quint32, int> Track::pitchCounts() const
+{
+    QMap<quint32, int> counts;
+    for (const auto &event : events_) {
+        if (event.isNote())
+            ++counts[event.pitch()];
+    }
+    return counts;
+}
+
+int Track::firstEventAtOrAfter(Ticks tick) const
+{
+    const auto startsBefore = [](const TrackEvent &event, Ticks at) { return quint64(event.start()) < quint64(at); };
+    return int(std::lower_bound(events_.begin(), events_.end(), tick, startsBefore) - events_.begin());
+}
+
+void Track::sortEvents()
+{
+    if (std::is_sorted(events_.cbegin(), events_.cend(), sortsBefore))
+        return;
+    // An interrupted insertion sort leaves equal events in their order, so the stable sort can go on from there.
+    if (!insertionSortWithinBudget(events_.data(), events_.size()))
+        std::stable_sort(events_.begin(), events_.end(), sortsBefore);
+}
+
+void Track::normalize()
+{
+    length_ = 0;
+    if (events_.isEmpty())
+        return;
+    sortEvents();
+
+    auto runningTempo = ticksPerMinute_;
+    auto *const events = events_.data();
+    const auto count = events_.size();
+    decltype(events_.size()) kept = 0;
+    for (decltype(events_.size()) i = 0; i < count; ++i) {
+        const auto &event = events[i];
+        // Before the test: an event that is dropped still counts towards the length.
+        if (quint64(event.end()) > quint64(length_))
+            length_ = event.end();
+        if (isRedundant(event, i + 1 < count ? events + i + 1 : nullptr, runningTempo))
+            continue;
+        if (event.kind() == TrackEvent::Tempo)
+            runningTempo = event.ticksPerMinute();
+        std::copy_n(&event, kept != i ? 1 : 0, events + kept);
+        ++kept;
+    }
+    events_.resize(kept);
+}
+
+const QString &Track::toAbc()
+{
+    if (abc_.isEmpty())
+        abc_ = writeAbc(*this);
+    return abc_;
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+
+// Every track of a song gets its own copy of the song's tempo, metre and key changes, so a small file can ask for a
+// very large song. These limits keep the memory of an import in proportion to its file; no song that anybody plays
+// comes near.
+class ImportLimits
+{
+public:
+    explicit ImportLimits(qsizetype inputBytes) : copiesLeft_(300'000 + inputBytes / 4) {}
+
+    // Throws a QString when there are too many.
+    void addTrack()
+    {
+        if (--tracksLeft_ < 0)
+            throw QStringLiteral("Too many tracks.");
+    }
+    void addCopies(qint64 copies)
+    {
+        if ((copiesLeft_ -= copies) < 0)
+            throw QStringLiteral("Too many tempo, metre and key changes.");
+    }
+
+private:
+    int tracksLeft_ = 10'000;
+    qint64 copiesLeft_;
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <algorithm>
+
+// How far realignment moved the starts of notes, in milliseconds of the song's own tempo.
+struct ShiftReport
+{
+    int shiftedNotes = 0;
+    double largestMs = 0;
+    double totalMs = 0;
+
+    double meanMs() const { return shiftedNotes > 0 ? totalMs / shiftedNotes : 0; }
+
+    void add(double ms)
+    {
+        ++shiftedNotes;
+        largestMs = std::max(largestMs, ms);
+        totalMs += ms;
+    }
+};
+
+// What an import left out or changed, counted in notes unless said otherwise.
+struct ImportReport
+{
+    int belowVelocityGate = 0; // too soft to be meant
+    int restruck = 0;          // cut off by the same key without having been released
+    int outOfRange = 0;        // below or above the playable range
+    int unterminated = 0;      // never released; closed or dropped at the end of their track
+    int undecodedTexts = 0;    // names that are not UTF-8 and were read as Latin-1
+    ShiftReport shifts;
+};
