@@ -1,0 +1,23 @@
+# Sourced by ./run and ./test: ensure_packages NAME… installs the Debian packages that are missing.
+ensure_packages() {
+    local missing=() name
+    for name in "$@"; do
+        dpkg-query -W -f '${db:Status-Status}' "$name" 2>/dev/null | grep -q '^installed' || missing+=("$name")
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+    echo "Installing ${missing[*]} …"
+    local as_root=()
+    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+    "${as_root[@]}" apt-get update -qq
+    DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+build_packages=(g++ cmake ninja-build ccache qtbase5-dev)
+
+# build PRESET [TARGET…]: configures when needed and builds.
+build() {
+    local preset=$1
+    shift
+    [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset" >/dev/null
+    cmake --build --preset "$preset" ${@:+--target "$@"}
+}
