@@ -5,7 +5,8 @@
 #include <array>
 #include <bit>
 
-// The notes of one MIDI channel that are switched on and not yet off, by sounding pitch: the key plus the bend in force.
+// The notes of one MIDI channel that are switched on and not yet off, by sounding pitch: the key plus the bend in
+// force.
 class ActiveNotes
 {
 public:

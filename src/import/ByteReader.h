@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-// Big-endian reads from bytes in memory. A read past the end gives zeros and moves to the end; it never fails. The bytes
-// must outlive the reader.
+// Big-endian reads from bytes in memory. A read past the end gives zeros and moves to the end; it never fails. The
+// bytes must outlive the reader.
 class ByteReader
 {
 public:

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "assets/FileTable.h"
+#include "assets/PakReader.h"
+
+#include <QVariant>
+
+#include <memory>
+
+// The current package format. The index is read once, by the first open; lookups then need no file.
+class KVAssetPakReader : public PakReader
+{
+public:
+    explicit KVAssetPakReader(const QString &packagePath);
+    explicit KVAssetPakReader(std::unique_ptr<QIODevice> package);
+
+    void open() override;
+    void close() override;
+    QByteArray getFile(const QString &path) override;
+    bool hasFile(const QString &path) override;
+
+    // In the order of their UTF-16 code units.
+    QStringList fileList() override;
+
+    // What the package says about itself; the values are those that readMetadata lists.
+    const QVariantMap &metadata() const { return metadata_; }
+
+private:
+    void readIndex();
+    void seekToIndex();
+
+    std::unique_ptr<QIODevice> file_;
+    bool loaded_ = false;
+    FileTable files_;
+    QVariantMap metadata_;
+};
