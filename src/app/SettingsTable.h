@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QString>
+#include <QVariant>
+
+#include <array>
+#include <optional>
+
+// Every preference with its key in the settings file, its type and its default; the rows stand in the order of the
+// enumeration.
+namespace SettingsTable {
+
+enum Setting {
+    RootPath,
+    LoadMods,
+    DrawMeasureLines,
+    DrawOctaveLines,
+    NoteColor,
+    MidiMergeChannels,
+    MidiAutoRealign,
+    MidiPitchBend,
+    MidiAutoDetectUnitLength,
+    MidiProcessVolume,
+    DefaultInstrument,
+    FindString,
+    ReplaceString,
+    MatchWholeWords,
+    MatchCase,
+    WrapAround,
+    SearchMode,
+    SearchDirection,
+    RealignRegular,
+    RealignTriplets,
+    RealignQuintuplets,
+    RealignSeptuplets,
+    RealignNonuplets,
+    PianoRollVisible,
+    PianoRollHScale,
+    PianoRollVScale,
+    AbcOpenDir,
+    AbcSaveDir,
+    MidiOpenDir,
+    WavSaveDir,
+    settingCount
+};
+
+enum class Type { Text, Boolean, Integer, Colour };
+
+struct Row
+{
+    Setting setting;
+    const char *key;
+    Type type;
+    const char *defaultText; // as parse() reads it; a colour is "#AARRGGBB"
+};
+
+const std::array<Row, settingCount> &rows();
+
+QVariant defaultValue(Setting setting);
+
+// The row of a key; null when there is none.
+const Row *find(const QString &key);
+
+// A value of the row's type from text ("true" and "false", "1" and "0", "on" and "off" for a boolean); nothing when the
+// text is none.
+std::optional<QVariant> parse(const Row &row, const QString &text);
+
+} // namespace SettingsTable

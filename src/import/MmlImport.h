@@ -1,0 +1,12 @@
+#pragma once
+
+#include "import/ImportResult.h"
+
+struct MmlImportOptions
+{
+    bool autoDetectUnitLength = true; // choose the unit length that makes the text shortest
+};
+
+// Reads Music Macro Language text, with or without "MML@". What is no command is skipped. Throws a QString only when
+// the text asks for more tracks or tempo changes than any song has.
+ImportResult importMml(const QString &text, const MmlImportOptions &options);
