@@ -1,0 +1,138 @@
+#include "core/SafeFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <algorithm>
+
+#ifdef Q_OS_UNIX
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace {
+
+#ifdef Q_OS_UNIX
+
+[[noreturn]] void failWithErrno()
+{
+    throw QString::fromLocal8Bit(std::strerror(errno));
+}
+
+class Descriptor
+{
+public:
+    explicit Descriptor(int descriptor) : descriptor_(descriptor)
+    {
+        if (descriptor_ < 0)
+            failWithErrno();
+    }
+    Descriptor(const Descriptor &) = delete;
+    Descriptor &operator=(const Descriptor &) = delete;
+    ~Descriptor() { close(descriptor_); }
+
+    void write(const QByteArray &bytes) const
+    {
+        for (qint64 written = 0; written < bytes.size();) {
+            const auto count = ::write(descriptor_, bytes.constData() + written, size_t(bytes.size() - written));
+            if (count < 0 && errno != EINTR)
+                failWithErrno();
+            written += std::max<qint64>(count, 0);
+        }
+    }
+
+    void sync() const
+    {
+        if (fsync(descriptor_) != 0)
+            failWithErrno();
+    }
+
+    void setMode(mode_t mode) const
+    {
+        if (fchmod(descriptor_, mode) != 0)
+            failWithErrno();
+    }
+
+private:
+    int descriptor_;
+};
+
+void replaceFile(const QString &path, const QByteArray &bytes)
+{
+    const auto target = QFile::encodeName(path);
+    const auto temporary = target + ".saving";
+    struct stat old = {};
+    const bool exists = stat(target.constData(), &old) == 0;
+    unlink(temporary.constData()); // of a program that was killed while saving
+    try {
+        const Descriptor file(open(temporary.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+        if (exists)
+            file.setMode(old.st_mode & 07777);
+        file.write(bytes);
+        file.sync();
+        if (rename(temporary.constData(), target.constData()) != 0)
+            failWithErrno();
+    } catch (...) {
+        unlink(temporary.constData());
+        throw;
+    }
+    const auto directory = QFile::encodeName(QFileInfo(path).absolutePath());
+    Descriptor(open(directory.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)).sync();
+}
+
+#else
+
+void replaceFile(const QString &path, const QByteArray &bytes)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        throw file.errorString();
+}
+
+#endif
+
+bool isRefused(QChar c)
+{
+    return c.unicode() < 0x20 || c.unicode() == 0x7F || QStringLiteral("/\\:*?\"<>|").contains(c);
+}
+
+// Names that Windows keeps for devices, whatever their ending.
+bool isDeviceName(const QString &name)
+{
+    const auto upper = name.section(u'.', 0, 0).trimmed().toUpper();
+    const bool isPort =
+        upper.size() == 4 && (upper.startsWith(u"COM") || upper.startsWith(u"LPT")) && upper[3].isDigit();
+    return isPort || upper == u"CON" || upper == u"PRN" || upper == u"AUX" || upper == u"NUL";
+}
+
+} // namespace
+
+namespace SafeFile {
+
+void write(const QString &path, const QByteArray &bytes)
+{
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile())
+        throw QStringLiteral("Not a regular file.");
+    replaceFile(info.exists() ? info.canonicalFilePath() : path, bytes);
+}
+
+QString cleanName(const QString &title)
+{
+    constexpr int longestName = 200;
+    auto name = title;
+    std::replace_if(name.begin(), name.end(), isRefused, QChar(u'_'));
+    if (name.isEmpty() || name == u"." || name == u"..")
+        name.fill(u'_', std::max<int>(1, int(name.size())));
+    if (isDeviceName(name))
+        name.prepend(u'_');
+    while (name.toUtf8().size() > longestName)
+        name.chop(name.size() > 1 && name.at(name.size() - 1).isLowSurrogate() ? 2 : 1);
+    return name;
+}
+
+} // namespace SafeFile

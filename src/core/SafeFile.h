@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+// Replaces a file in one step: the bytes are written and synchronised beside it and then take its place, so that a
+// crash or a full disk leaves either the old file or the new one. A symbolic link is followed. Refuses a target that
+// exists and is no regular file. Throws a QString that says why it could not be written; nothing is left behind then.
+namespace SafeFile {
+
+void write(const QString &path, const QByteArray &bytes);
+
+// A title as the name of a file: what a file system refuses becomes "_", at most 200 bytes of UTF-8.
+QString cleanName(const QString &title);
+
+} // namespace SafeFile

@@ -1,0 +1,156 @@
+#include "Arguments.h"
+
+#include "import/ChangeKey.h"
+#include "import/MergeTracks.h"
+#include "import/Realign.h"
+#include "import/Transpose.h"
+#include "import/UnitLength.h"
+
+#include <QCommandLineParser>
+#include <QRegularExpression>
+
+#include <algorithm>
+
+const char *const usageText = R"(Usage:
+  kelvarion-composer-cli inspect INPUT [--set KEY=VALUE…] [TRANSFORM…]
+  kelvarion-composer-cli convert INPUT… --output DIR [--set KEY=VALUE…] [TRANSFORM…]
+
+INPUT is a .mid, .midi or .abc file, another text file that begins with "X:" (ABC) or "MML@" (MML), or - for
+standard input.
+
+TRANSFORM, applied to every track in the order given:
+  --realign quick | D1,D2,…   snap notes to the usual grids, or to the grids with these denominators
+  --transpose N               move notes by N semitones, -48 to 48
+  --key TEXT                  the new key, for example Am
+  --unit-length auto | N/D    the new unit note length
+  --merge                     merge all tracks so far into one
+)";
+
+namespace {
+
+Transform forEachTrack(std::function<Track(const Track &)> change)
+{
+    return [change = std::move(change)](const QVector<Track> &tracks) {
+        QVector<Track> changed;
+        std::transform(tracks.begin(), tracks.end(), std::back_inserter(changed), change);
+        return changed;
+    };
+}
+
+Transform makeRealign(const QString &value)
+{
+    if (value == u"quick")
+        return forEachTrack([](const Track &track) { return realign(track, SnapGrid::quick()); });
+    QVector<quint32> denominators;
+    for (const auto &word : value.split(u',')) {
+        const auto denominator = word.toUInt();
+        if (denominator == 0 || denominator > ticksPerWholeNote)
+            throw WrongUsage{QStringLiteral("--realign takes \"quick\" or denominators from 1 to 40320")};
+        denominators.append(denominator);
+    }
+    return forEachTrack([grid = SnapGrid(denominators)](const Track &track) { return realign(track, grid); });
+}
+
+Transform makeTranspose(const QString &value)
+{
+    bool isNumber = false;
+    const int semitones = value.toInt(&isNumber);
+    if (!isNumber || semitones < -48 || semitones > 48)
+        throw WrongUsage{QStringLiteral("--transpose takes a number from -48 to 48")};
+    return forEachTrack([semitones](const Track &track) { return transpose(track, semitones); });
+}
+
+Transform makeKey(const QString &value)
+{
+    return forEachTrack([value](const Track &track) { return changeKey(track, value); });
+}
+
+Transform makeUnitLength(const QString &value)
+{
+    static const QRegularExpression unitLength(QStringLiteral("\\A(?:auto|[1-9]\\d{0,4}/[1-9]\\d{0,4})\\z"));
+    if (!unitLength.match(value).hasMatch())
+        throw WrongUsage{QStringLiteral("--unit-length takes \"auto\" or a fraction like 1/8")};
+    return forEachTrack([value](const Track &track) { return changeUnitLength(track, value); });
+}
+
+Transform makeMerge(const QString &)
+{
+    return [](const QVector<Track> &tracks) { return tracks.isEmpty() ? tracks : QVector<Track>{mergeTracks(tracks)}; };
+}
+
+struct TransformOption
+{
+    const char *name;
+    const char *valueName; // empty for an option without a value
+    Transform (*make)(const QString &value);
+};
+
+constexpr TransformOption transformOptions[] = {
+    {"realign", "grids", makeRealign}, {"transpose", "semitones", makeTranspose},
+    {"key", "key", makeKey},           {"unit-length", "length", makeUnitLength},
+    {"merge", "", makeMerge},
+};
+
+void readSetting(Arguments &arguments, const QString &text)
+{
+    const auto equals = text.indexOf(u'=');
+    const auto *const row = SettingsTable::find(text.left(equals));
+    if (equals < 0 || row == nullptr)
+        throw WrongUsage{QStringLiteral("--set knows no setting in \"%1\"").arg(text)};
+    const auto value = SettingsTable::parse(*row, text.mid(equals + 1));
+    if (!value)
+        throw WrongUsage{QStringLiteral("--set cannot read the value in \"%1\"").arg(text)};
+    arguments.settings[row->setting] = *value;
+}
+
+// Options that are given several times have their values in order; walking the names in order pairs the two.
+void readTransforms(Arguments &arguments, const QCommandLineParser &parser)
+{
+    QHash<QString, int> valuesUsed;
+    for (const auto &name : parser.optionNames()) {
+        for (const auto &option : transformOptions) {
+            if (name != QLatin1String(option.name))
+                continue;
+            const auto value = parser.values(name).value(valuesUsed[name]++);
+            arguments.transforms.append(option.make(value));
+        }
+    }
+}
+
+void checkInputsAndOutput(const Arguments &arguments)
+{
+    if (arguments.command == u"inspect") {
+        if (arguments.inputs.size() != 1 || !arguments.output.isEmpty())
+            throw WrongUsage{QStringLiteral("inspect takes one INPUT and no --output")};
+    } else if (arguments.command == u"convert") {
+        if (arguments.inputs.isEmpty() || arguments.output.isEmpty())
+            throw WrongUsage{QStringLiteral("convert takes one INPUT or more, and --output DIR")};
+    } else {
+        throw WrongUsage{QStringLiteral("unknown command \"%1\"").arg(arguments.command)};
+    }
+}
+
+} // namespace
+
+Arguments parseArguments(const QStringList &words)
+{
+    QCommandLineParser parser;
+    parser.addOption({QStringLiteral("output"), QString(), QStringLiteral("path")});
+    parser.addOption({QStringLiteral("set"), QString(), QStringLiteral("key=value")});
+    for (const auto &option : transformOptions)
+        parser.addOption({QLatin1String(option.name), QString(), QLatin1String(option.valueName)});
+    if (!parser.parse(words))
+        throw WrongUsage{parser.errorText()};
+
+    Arguments arguments;
+    arguments.inputs = parser.positionalArguments();
+    if (arguments.inputs.isEmpty())
+        throw WrongUsage{QStringLiteral("a command is missing")};
+    arguments.command = arguments.inputs.takeFirst();
+    arguments.output = parser.value(QStringLiteral("output"));
+    checkInputsAndOutput(arguments);
+    for (const auto &setting : parser.values(QStringLiteral("set")))
+        readSetting(arguments, setting);
+    readTransforms(arguments, parser);
+    return arguments;
+}

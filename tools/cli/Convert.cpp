@@ -1,0 +1,165 @@
+#include "Convert.h"
+
+#include "Input.h"
+#include "Messages.h"
+#include "core/SafeFile.h"
+
+#include <QDir>
+#include <QSet>
+
+namespace {
+
+// Gives every title a file name of its own; names that differ only in case are one on some file systems.
+class FileNames
+{
+public:
+    QString nameFor(const QString &title)
+    {
+        const auto clean = SafeFile::cleanName(title);
+        auto name = clean;
+        for (int number = 2; taken_.contains(name.toLower()); ++number)
+            name = QStringLiteral("%1 (%2)").arg(clean).arg(number);
+        taken_.insert(name.toLower());
+        return name + QStringLiteral(".abc");
+    }
+
+private:
+    QSet<QString> taken_;
+};
+
+QString describe(const ImportReport &report)
+{
+    QStringList parts;
+    const auto add = [&parts](int count, const QString &text) {
+        if (count > 0)
+            parts.append(QStringLiteral("%1 %2").arg(count).arg(text));
+    };
+    add(report.belowVelocityGate, QStringLiteral("too soft"));
+    add(report.restruck, QStringLiteral("struck again while sounding"));
+    add(report.outOfRange, QStringLiteral("out of range"));
+    add(report.unterminated, QStringLiteral("never ended"));
+    add(report.undecodedTexts, QStringLiteral("names not in UTF-8"));
+    if (report.shifts.shiftedNotes > 0) {
+        parts.append(QStringLiteral("%1 shifted by up to %2 ms, %3 ms on average")
+                         .arg(report.shifts.shiftedNotes)
+                         .arg(report.shifts.largestMs, 0, 'f', 1)
+                         .arg(report.shifts.meanMs(), 0, 'f', 1));
+    }
+    return parts.isEmpty() ? QString() : QStringLiteral("; notes: ") + parts.join(u", ");
+}
+
+struct Source
+{
+    QString path;
+    std::optional<ImportReport> report;
+    qsizetype trackCount = 0;
+};
+
+// Everything that is read, written and printed on the way from the inputs to the files.
+class Conversion
+{
+public:
+    explicit Conversion(const Arguments &arguments) : arguments_(arguments) {}
+
+    int run()
+    {
+        readInputs();
+        if (transformTracks() && !tracks_.isEmpty())
+            writeTracks();
+        printSources();
+        return failed_ ? 1 : 0;
+    }
+
+private:
+    void readInputs();
+    bool transformTracks();
+    void writeTracks();
+    void printSources() const;
+    void fail(const QString &file, const QString &message)
+    {
+        printFailure(file, message);
+        failed_ = true;
+    }
+
+    const Arguments &arguments_;
+    QVector<Source> sources_; // those that could be read
+    QVector<Track> tracks_;
+    QStringList written_; // file names, one for each track; empty where writing failed
+    bool failed_ = false;
+};
+
+void Conversion::readInputs()
+{
+    int done = 0;
+    for (const auto &path : arguments_.inputs) {
+        printProgress(done++, int(arguments_.inputs.size()));
+        try {
+            const auto input = readInput(path, arguments_);
+            sources_.append({path, input.report, input.tracks.size()});
+            tracks_ += input.tracks;
+        } catch (const QString &message) {
+            fail(path, message);
+        }
+    }
+    printProgress(done, done);
+}
+
+bool Conversion::transformTracks()
+{
+    try {
+        for (const auto &transform : arguments_.transforms)
+            tracks_ = transform(tracks_);
+        return true;
+    } catch (const QString &message) {
+        fail(arguments_.inputs.join(QStringLiteral(", ")), message);
+        return false;
+    }
+}
+
+void Conversion::writeTracks()
+{
+    const QDir directory(arguments_.output);
+    if (!directory.mkpath(QStringLiteral("."))) {
+        fail(arguments_.output, QStringLiteral("Could not create the directory."));
+        return;
+    }
+    FileNames names;
+    for (auto &track : tracks_) {
+        const auto path = directory.filePath(names.nameFor(track.title()));
+        try {
+            SafeFile::write(path, track.toAbc().toUtf8());
+            written_.append(path);
+        } catch (const QString &message) {
+            fail(path, message);
+            written_.append(QString());
+        }
+    }
+}
+
+// A merge leaves one file for all inputs; otherwise the files stand in the order of their inputs.
+void Conversion::printSources() const
+{
+    qsizetype trackSum = 0;
+    for (const auto &source : sources_)
+        trackSum += source.trackCount;
+    const bool isMerged = tracks_.size() != trackSum;
+
+    auto files = written_;
+    for (const auto &source : sources_) {
+        auto own = isMerged ? files : files.mid(0, int(source.trackCount));
+        if (!isMerged)
+            files = files.mid(int(source.trackCount));
+        own.removeAll(QString());
+        const auto what = own.isEmpty() ? QStringLiteral("wrote nothing")
+                          : isMerged    ? QStringLiteral("merged into ") + own.first()
+                                        : QStringLiteral("wrote ") + own.join(QStringLiteral(", "));
+        printLine(source.path + QStringLiteral(": ") + what + (source.report ? describe(*source.report) : QString()));
+    }
+}
+
+} // namespace
+
+int convert(const Arguments &arguments)
+{
+    return Conversion(arguments).run();
+}

@@ -1,0 +1,6 @@
+#pragma once
+
+#include "Arguments.h"
+
+// Writes every track of the inputs as an ABC file and prints one line for each input. Gives the exit status.
+int convert(const Arguments &arguments);
