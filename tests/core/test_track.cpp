@@ -56,13 +56,15 @@ private slots:
         QTest::addColumn<qint64>("length");
 
         const auto tempo = [](Ticks start, quint32 bpm) { return TrackEvent::tempo(start, 1, 4, bpm); };
-        const auto note = [](Ticks start, Ticks length, quint32 pitch) { return TrackEvent::note(pitch, start, length); };
+        const auto note = [](Ticks start, Ticks length, quint32 pitch) {
+            return TrackEvent::note(pitch, start, length);
+        };
         using Events = QVector<TrackEvent>;
 
         QTest::newRow("empty") << Events() << Events() << qint64(0);
         QTest::newRow("tempo that is in force") << Events{tempo(0, 120)} << Events() << qint64(0);
-        QTest::newRow("the later of two tempos") << Events{tempo(5, 90), tempo(5, 100), tempo(9, 100)}
-                                                 << Events{tempo(5, 100)} << qint64(9);
+        QTest::newRow("the later of two tempos")
+            << Events{tempo(5, 90), tempo(5, 100), tempo(9, 100)} << Events{tempo(5, 100)} << qint64(9);
         QTest::newRow("the later of two keys, but both of key and metre")
             << Events{TrackEvent::key(5, 3, 0), TrackEvent::key(5, 4, 0), TrackEvent::metre(5, 3, 4)}
             << Events{TrackEvent::key(5, 4, 0), TrackEvent::metre(5, 3, 4)} << qint64(5);

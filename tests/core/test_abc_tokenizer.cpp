@@ -1,0 +1,378 @@
+#include "core/AbcTokenizer.h"
+
+#include <QRegularExpression>
+#include <QtTest>
+
+#include <random>
+
+// The table of expressions that defines the tokens. The scanner must cut exactly what it cuts.
+namespace {
+
+struct Row
+{
+    const char *pattern;
+    int limit; // how many characters of the line the expression sees, -1 for all
+};
+
+constexpr Row table[] = {
+    {R"( \G. )", 1},
+    {R"( \G. )", 1},
+    {R"( ^(?<field>[A-Za-z+]):\s*(?<value>.*)$ )", -1},
+    {R"( \G\[(?<field>[A-Za-z+]):\s*(?<value>.*?)\] )", 20},
+    {R"( ^%%(?<instruction>[-_a-zA-Z+])\s*(?<parameters>.*)$ )", -1},
+    {R"( \G\s+ )", -1},
+    {R"( \G(?<staccato>\.)?(?<accidental>\^*|_*|=)(?<note>[A-Ga-g])(?<octave>'+|,*)(?<length>(?<lennum>\d+)?(?<lenslash>/*)(?<lenden>\d+)?)(?<tie>(?<dot>\.)?-(?<tiedir>[,']?))? )",
+     20},
+    {R"( \G(?<rest>[zxZX])(?<length>(?<lennum>\d+)?(?<lenslash>/*)(?<lenden>\d+)?) )", 20},
+    {R"x( \G"(?<placement>[_^<>]|@)(?<text>.*?)(?!\\)" )x", 50},
+    {R"( \G\[(?<repeatnum>\d+([,-]\d+)*) )", 10},
+    {R"( \G(?<dot>\.)?(?<bar>:*\[?\|\]?:*|\[\|?\]|:+)(?<repeatnum>\d+([,-]\d+)*)? )", 10},
+    {R"x( \G"(?<harmony>.*?)" )x", 50},
+    {R"( \G\((?<n1>\d+)(:(?<n2>\d+)?)?(:(?<n3>\d+)?)?)", 10},
+    {R"( \G(?<dot>\.?)\( )", 2},
+    {R"( \G(?<dot>\.?)\) )", 2},
+    {R"( \G\[ )", 1},
+    {R"( \G\](?<length>(?<lennum>\d+)?(?<lenslash>/*)(?<lenden>\d+)?)(?<tie>(?<dot>\.)?-?(?<tiedir>[,']?)) )", 10},
+    {R"( \G{(?<slash>/?) )", 2},
+    {R"( \G} )", 1},
+    {R"( \G\<+|\>+ )", 10},
+    {R"( \G!(?<decoration>[^!]*?)! )", 50},
+    {R"( \G\+(?<decoration>[^+]*?)\+ )", 50},
+    {R"( \G\\ )", 1},
+    {R"( \G\$|! )", 1},
+    {R"( \G& )", 1},
+    {R"( \G` )", 1},
+    {R"( \G%(?<comment>.*)$ )", -1},
+    {R"( \G[H-Z-h-z~] )", 1},
+    {R"( \G(?<dot>\.)?-(?<tiedir>[,']?) )", 3},
+};
+
+struct NamedPart
+{
+    const char *group;
+    AbcPart part;
+};
+
+constexpr NamedPart namedParts[] = {
+    {"field", AbcPart::Name},
+    {"value", AbcPart::Value},
+    {"instruction", AbcPart::Name},
+    {"parameters", AbcPart::Value},
+    {"staccato", AbcPart::Staccato},
+    {"accidental", AbcPart::Accidental},
+    {"note", AbcPart::Letter},
+    {"rest", AbcPart::Letter},
+    {"octave", AbcPart::Octave},
+    {"length", AbcPart::Length},
+    {"lennum", AbcPart::LengthNumerator},
+    {"lenslash", AbcPart::LengthSlashes},
+    {"lenden", AbcPart::LengthDenominator},
+    {"tie", AbcPart::Tie},
+    {"dot", AbcPart::Dot},
+    {"tiedir", AbcPart::TieDirection},
+    {"placement", AbcPart::Placement},
+    {"text", AbcPart::Value},
+    {"repeatnum", AbcPart::RepeatNumbers},
+    {"bar", AbcPart::Bar},
+    {"harmony", AbcPart::Value},
+    {"n1", AbcPart::TupletP},
+    {"n2", AbcPart::TupletQ},
+    {"n3", AbcPart::TupletR},
+    {"slash", AbcPart::Slash},
+    {"decoration", AbcPart::Value},
+    {"comment", AbcPart::Value},
+};
+
+// Cuts tokens by trying the rows of the table in the order that the characters at the cursor ask for.
+class TableTokenizer
+{
+public:
+    explicit TableTokenizer(const QString &text) : lines_(text.split(u'\n'))
+    {
+        for (const auto &row : table) {
+            expressions_.append(
+                QRegularExpression(QString::fromUtf8(row.pattern), QRegularExpression::ExtendedPatternSyntaxOption |
+                                                                       QRegularExpression::DontCaptureOption));
+        }
+    }
+
+    bool next()
+    {
+        while (line_ < lines_.size() && column_ >= lines_[line_].size()) {
+            ++line_;
+            column_ = 0;
+        }
+        if (line_ >= lines_.size())
+            return false;
+        tokenLine = line_;
+        tokenColumn = column_;
+        for (const int row : candidates()) {
+            if (tryRow(row))
+                return true;
+        }
+        return false;
+    }
+
+    int type = 0;
+    int tokenLine = 0;
+    int tokenColumn = 0;
+    QRegularExpressionMatch match;
+
+private:
+    QChar at(int offset) const
+    {
+        return column_ + offset < lines_[line_].size() ? lines_[line_][column_ + offset] : QChar();
+    }
+
+    QVector<int> candidates() const
+    {
+        const auto c = at(0);
+        const auto c1 = at(1);
+        const auto c2 = at(2);
+        QVector<int> rows;
+        if (c.isLetter()) {
+            if (column_ == 0 && c1 == u':')
+                rows << 2;
+            if (c.toLower() >= u'a' && c.toLower() <= u'g')
+                rows << 6;
+            if (c.toLower() == u'x' || c.toLower() == u'z')
+                rows << 7;
+            rows << 27;
+        } else if (c.isSpace()) {
+            rows << 5;
+        }
+        switch (c.unicode()) {
+        case u'[':
+            if (c1.isDigit())
+                rows << 9;
+            if (c1.isLetter() && c2 == u':')
+                rows << 3;
+            rows << 10 << 15;
+            break;
+        case u'`':
+            rows << 25;
+            break;
+        case u'{':
+            rows << 17;
+            break;
+        case u'|':
+            rows << 10;
+            break;
+        case u'}':
+            rows << 18;
+            break;
+        case u'\\':
+            rows << 22;
+            break;
+        case u']':
+            rows << 10 << 16;
+            break;
+        case u'^':
+        case u'_':
+        case u'=':
+            rows << 6;
+            break;
+        case u':':
+            rows << 10;
+            break;
+        case u'<':
+        case u'>':
+            rows << 19;
+            break;
+        case u'-':
+            rows << 28;
+            break;
+        case u'+':
+            rows << 21;
+            break;
+        case u'&':
+            rows << 24;
+            break;
+        case u')':
+            rows << 14;
+            break;
+        case u'.':
+            if (c1 == u'(')
+                rows << 13;
+            if (c1 == u')')
+                rows << 14;
+            if (c1 == u'-')
+                rows << 28;
+            rows << 10 << 6;
+            break;
+        case u'(':
+            if (c1.isDigit())
+                rows << 12;
+            rows << 13;
+            break;
+        case u'%':
+            if (column_ == 0 && c1 == u'%')
+                rows << 4;
+            rows << 26;
+            break;
+        case u'"':
+            rows << 8 << 11;
+            break;
+        case u'$':
+            if (dollarBreaks_)
+                rows << 23;
+            break;
+        case u'!':
+            if (bangBreaks_)
+                rows << 23;
+            if (bangDecorates_)
+                rows << 20;
+            break;
+        case u'~':
+            rows << 27;
+            break;
+        default:
+            break;
+        }
+        return rows << 0;
+    }
+
+    bool tryRow(int row)
+    {
+        match = expressions_[row].match(lines_[line_].mid(column_, table[row].limit));
+        if (!match.hasMatch())
+            return false;
+        type = row;
+        column_ += match.capturedLength();
+        if ((row == 2 || row == 3) && match.captured(QStringLiteral("field")) == u"I")
+            instructionField(match.captured(QStringLiteral("value")).simplified().split(u' '));
+        return true;
+    }
+
+    void instructionField(const QStringList &words)
+    {
+        if (words.value(0) == u"linebreak" && words.size() > 1) {
+            dollarBreaks_ = words.contains(QStringLiteral("$"));
+            bangBreaks_ = words.contains(QStringLiteral("!"));
+        } else if (words.value(0) == u"decoration") {
+            bangDecorates_ = words.value(1) == u"!";
+        }
+    }
+
+    QStringList lines_;
+    QVector<QRegularExpression> expressions_;
+    int line_ = 0;
+    int column_ = 0;
+    bool dollarBreaks_ = false;
+    bool bangBreaks_ = false;
+    bool bangDecorates_ = true;
+};
+
+// A description of the first token that differs; empty when all are the same.
+QString difference(const QString &text)
+{
+    TableTokenizer expected(text);
+    AbcTokenizer scanner(text);
+    AbcToken token;
+    while (expected.next()) {
+        const auto where = QStringLiteral("row %1 at %2:%3 \"%4\"")
+                               .arg(expected.type)
+                               .arg(expected.tokenLine)
+                               .arg(expected.tokenColumn)
+                               .arg(expected.match.captured());
+        if (!scanner.next(token))
+            return QStringLiteral("the scanner ends before ") + where;
+        if (int(token.type) != expected.type || token.line != expected.tokenLine ||
+            token.column != expected.tokenColumn || token.text != expected.match.captured())
+            return QStringLiteral("the scanner has row %1 \"%2\" for ")
+                       .arg(int(token.type))
+                       .arg(token.text.toString()) +
+                   where;
+        const auto names = expected.match.regularExpression().namedCaptureGroups();
+        for (const auto &[group, part] : namedParts) {
+            const auto name = QLatin1String(group);
+            if (!names.contains(name))
+                continue;
+            const bool isThere = expected.match.capturedStart(QString(name)) >= 0;
+            if (token.has(part) != isThere || token.part(part) != expected.match.captured(QString(name)))
+                return QStringLiteral("%1 is \"%2\" in ").arg(QString(name), token.part(part).toString()) + where;
+        }
+    }
+    return scanner.next(token) ? QStringLiteral("the scanner goes on") : QString();
+}
+
+} // namespace
+
+class TestAbcTokenizer : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cutsWhatTheTableCuts_data()
+    {
+        QTest::addColumn<QString>("text");
+        const char *const texts[] = {
+            "C:|C:|",
+            " C:",
+            "[K:G][1 x [| [|] [] [CEG] [1,2-3,",
+            "(3abc (abc) (3:2:3x (3::2 (12345678901",
+            "$!a!$",
+            "I:linebreak $\n$!a!\nI: linebreak <none> ! \n!a!$\nI:linebreak\n!\nI:linebreak <none>\n!f!",
+            "I:decoration +\n!f!+f+\nI:decoration !\n!f!",
+            "[I:linebreak $]$",
+            "C'',,c,'",
+            "].C ]2/3.-, ]/4'",
+            "^_C ^^^C =C ==C __d",
+            "C.-D .C .|. .- .( .) ..C",
+            "\"C\" \"^up\" \"@1,2 x\" \"unclosed",
+            "\"a text of more than fifty characters is not a chord symbol\"",
+            "!unclosed +unclosed +f+",
+            "a%comment\n%%x y\n%%_\n%%\n%",
+            "{/c} {c} ~a Ha",
+            "<<< >>> ><>",
+            "::::::::::|:",
+            ":|: ||: |] :|2 |1,3 .|",
+            "C123456789012345678901234567890",
+            "^^^^^^^^^^^^^^^^^^^^^^^C",
+            "\n\n  \t\n\nX",
+            "\x01\x7f\xc3\xa9\xc2\xa0:",
+            "K:C\r\nabc\r\n",
+            "[x:no end in twenty characters]",
+            "z4/2 Z x// X1/",
+            "C//// C/2/ C3//4",
+            "[K:]",
+            "A:",
+            "&`\\"};
+        for (const auto *text : texts)
+            QTest::newRow(text) << QString::fromUtf8(text);
+    }
+
+    void cutsWhatTheTableCuts()
+    {
+        QFETCH(QString, text);
+        QCOMPARE(difference(text), QString());
+    }
+
+    void cutsGeneratedText()
+    {
+        std::mt19937 random(7);
+        const auto alphabet = QStringLiteral("ABCGKMXZabgxz0123/:;|[]()^_=,'.-<>{}!+$&`~%\\\" \t\n\nI\u00e9");
+        for (int round = 0; round < 3000; ++round) {
+            QString text;
+            for (auto length = random() % 80; length > 0; --length)
+                text += alphabet[int(random() % unsigned(alphabet.size()))];
+            QVERIFY2(difference(text).isEmpty(), qPrintable(difference(text) + QStringLiteral(" in ") + text));
+        }
+    }
+
+    void knowsWhereItStands()
+    {
+        const auto text = QStringLiteral("ab\n\nc");
+        AbcTokenizer tokenizer(text);
+        AbcToken token;
+        for (int i = 0; i < 3; ++i)
+            QVERIFY(tokenizer.next(token));
+        QCOMPARE(token.line, 2);
+        QVERIFY(!tokenizer.next(token));
+        QCOMPARE(tokenizer.line(), 3);
+        QCOMPARE(tokenizer.column(), 0);
+    }
+};
+
+QTEST_APPLESS_MAIN(TestAbcTokenizer)
+#include "test_abc_tokenizer.moc"
