@@ -1,0 +1,307 @@
+#include "core/AbcParser.h"
+#include "core/HeaderFields.h"
+#include "core/KeyTable.h"
+
+#include <QtTest>
+
+Q_DECLARE_METATYPE(TrackEvent)
+
+// ABC text in, events out, and back. Events are compared as text: "C60@0+10080" is a note of pitch 60 at tick 0 with a
+// length of 10080 ticks.
+namespace {
+
+QString describe(const TrackEvent &event)
+{
+    switch (event.kind()) {
+    case TrackEvent::Note:
+        return QStringLiteral("%1@%2+%3").arg(event.pitch()).arg(event.start()).arg(event.length());
+    case TrackEvent::Tempo:
+        return QStringLiteral("Q%1@%2").arg(event.ticksPerMinute()).arg(event.start());
+    case TrackEvent::Key:
+        return QStringLiteral("K%1/%2@%3").arg(event.keyIndex()).arg(event.keyMode()).arg(event.start());
+    default:
+        return QStringLiteral("M%1/%2@%3").arg(event.numerator()).arg(event.denominator()).arg(event.start());
+    }
+}
+
+QString describe(const Track &track)
+{
+    QStringList events;
+    for (const auto &event : track.events())
+        events.append(describe(event));
+    return events.join(u' ');
+}
+
+QString errorOf(const QString &text)
+{
+    try {
+        parseAbc(text);
+        return {};
+    } catch (const QString &message) {
+        return message;
+    }
+}
+
+QString bodyOf(Track track)
+{
+    const auto text = track.toAbc();
+    return text.mid(text.indexOf(QStringLiteral("\nK: ")) + 1).section(u'\n', 1);
+}
+
+} // namespace
+
+class TestAbc : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void readsBody_data()
+    {
+        QTest::addColumn<QString>("header"); // M: and L:, before K:C
+        QTest::addColumn<QString>("body");
+        QTest::addColumn<QString>("events");
+        const auto row = [](const char *name, const char *header, const char *body, const char *events) {
+            QTest::newRow(name) << QString::fromLatin1(header) << QString::fromLatin1(body)
+                                << QString::fromLatin1(events);
+        };
+        const char *const common = "M:4/4\nL:1/4\n";
+        row("bar lines keep to the grid", common, "A B C | D",
+            "69@0+10080 71@10080+10080 60@20160+10080 62@40320+10080");
+        row("no metre, no grid", "L:1/4\n", "A | B", "69@0+10080 71@10080+10080");
+        row("the default unit is a quarter", "", "C", "60@0+10080");
+        row("L in the body has no effect", common, "[L:1/8]C", "60@0+10080");
+        row("octaves and range", common, "C,,,,c''''C,c'", "48@20160+10080 84@30240+10080");
+        row("lengths", common, "C2C/C//C3/4C/3C//3C/0",
+            "60@0+20160 60@20160+5040 60@25200+2520 60@27720+7560 60@35280+3360 "
+            "60@38640+1680 60@40320+10080");
+        row("accidentals hold to the bar", common, "^FF=F|F",
+            "66@0+10080 66@10080+10080 65@20160+10080 65@40320+10080");
+        row("accidentals hold for their octave", common, "^Ff", "66@0+10080 77@10080+10080");
+        row("key change", common, "[K:D]F[K:Bbm]B", "K5/0@0 66@0+10080 K12/1@10080 70@10080+10080");
+        row("triplet", common, "(3ABC D", "69@0+6720 71@6720+6720 60@13440+6720 62@20160+10080");
+        row("tuplet of chord and rest", common, "(3[CE]zC", "60@0+6720 64@0+6720 60@13440+6720");
+        row("compound metre", "M:6/8\nL:1/8\n", "(2AB (5ABCDE",
+            "69@0+7560 71@7560+7560 69@15120+3024 71@18144+3024 60@21168+3024 "
+            "62@24192+3024 64@27216+3024");
+        row("tuplet of any size", common, "(1:2CC (11DE", "60@0+20160 60@20160+10080 62@30240+10080 64@40320+10080");
+        row("tie", common, "c2-c2", "72@0+40320");
+        row("tie over a bar and a chord", common, "C-|[CE]C",
+            "60@0+10080 60@40320+10080 64@40320+10080 60@50400+10080");
+        row("tie to nowhere", common, "C-D", "60@0+10080 62@10080+10080");
+        row("staccato", common, ".c2c", "72@0+10080 72@20160+10080");
+        row("chord advances by its shortest", common, "[C2E]G", "64@0+10080 60@0+20160 67@10080+10080");
+        row("rest in a chord sets the advance", common, "[zC2]D", "60@0+20160 62@10080+10080");
+        row("chord length", common, "[CE]2 C", "60@0+20160 64@0+20160 60@20160+10080");
+        row("chord tie", common, "[CE]-[CE]", "60@0+20160 64@0+20160");
+        row("tied notes of a chord with a length", common, "[C-E]2C", "64@0+20160 60@0+30240");
+        row("chord out of range is no empty chord", common, "[C,,,,]C", "60@10080+10080");
+        row("broken rhythm", common, "C>D E < F", "60@0+15120 62@15120+5040 64@20160+5040 65@25200+15120");
+        row("double and chained", common, "C>>D C>D>E",
+            "60@0+17640 62@17640+2520 60@20160+15120 62@35280+7560 64@42840+5040");
+        row("broken rhythm before the staccato", common, ".C>D", "60@0+7560 62@15120+5040");
+        row("stray broken rhythm", common, ">C>|D>", "60@0+10080 62@40320+10080");
+        row("grace notes take no time", common, "{/cd}C", "60@0+10080");
+        row("rests of measures", common, "Z2|C|Z|X|D", "60@80640+10080 62@201600+10080");
+        row("a new metre restarts the grid", common, "C[M:3/4]D|E[M:none]F|G",
+            "60@0+10080 M3/4@10080 62@10080+10080 64@40320+10080 M0/0@50400 65@50400+10080 67@60480+10080");
+        row("tempo in the body", common, "C[Q:1/4=90]D[Q:100]E[Q:x]F",
+            "60@0+10080 Q907200@10080 62@10080+10080 Q1008000@20160 64@20160+10080 Q0@30240 65@30240+10080");
+        row("what makes no sound", common, "\"Gm\"(C!trill!.D+f+~)E`&%c\nF\\",
+            "60@0+10080 62@10080+5040 64@20160+10080 65@30240+10080");
+        row("huge lengths stay in bounds", common, "C4294967295 C4294967295",
+            "60@0+43293270333600 60@43293270333600+43293270333600");
+    }
+
+    void readsBody()
+    {
+        QFETCH(QString, header);
+        QFETCH(QString, body);
+        QTEST(describe(parseAbc(QStringLiteral("X:1\n") + header + QStringLiteral("K:C\n") + body)), "events");
+    }
+
+    void errors_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("header") << QStringLiteral("X:1\nABC")
+                                << QStringLiteral("Unexpected token found in ABC header: line 2, column 1.");
+        QTest::newRow("body") << QStringLiteral("X:1\nK:C\nab;")
+                              << QStringLiteral("Unknown token found in ABC body at line 3, column 3.");
+        QTest::newRow("in a chord") << QStringLiteral("K:C\n[a;]")
+                                    << QStringLiteral("Unknown token found in ABC body at line 2, column 3.");
+        QTest::newRow("chord") << QStringLiteral("K:C\n[a|]")
+                               << QStringLiteral("Unexpected token found in chord at line 2, column 3.");
+        QTest::newRow("chord at the end")
+            << QStringLiteral("K:C\n[a") << QStringLiteral("Unexpected token found in chord at line 3, column 1.");
+        QTest::newRow("empty chord") << QStringLiteral("K:C\n[ ]") << QStringLiteral("Empty chord");
+        QTest::newRow("number") << QStringLiteral("K:C\nC4294967296")
+                                << QStringLiteral("Unknown token found in ABC body at line 2, column 1.");
+        QTest::newRow("none") << QStringLiteral("%%x y\nX:1\n% c\nT:a\n\nK:C\n") << QString();
+    }
+
+    void errors()
+    {
+        QFETCH(QString, text);
+        QTEST(errorOf(text), "message");
+    }
+
+    void keepsItsTextUntilItChanges()
+    {
+        const auto text = QStringLiteral("X:3\nT: A\nT:B \nK:G\nc2 [eg]\n");
+        auto track = parseAbc(text);
+        QCOMPARE(track.toAbc(), text);
+        QCOMPARE(track.headerFields(QStringLiteral("T")), QStringList({QStringLiteral("A"), QStringLiteral("B")}));
+        QCOMPARE(track.events()[2].textLine(), 4U);
+        QCOMPARE(track.events()[2].textColumn(), 5U);
+        QCOMPARE(track.events()[0].textLength(), 2U);
+    }
+
+    void keys_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("row");
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<int>("writersMode");
+        const auto row = [](const char *text, int keyRow, int mode, int writersMode) {
+            QTest::newRow(text) << QString::fromLatin1(text) << keyRow << mode << writersMode;
+        };
+        row("Bb", 9, 0, 0);
+        row("F#m", 4, 1, 1);
+        row("Dmix", 6, 2, 1);
+        row("cMAJ", 7, 0, 1);
+        row("A min", 7, 1, 1);
+        row("Aaeo", 4, 0, 0);
+        row("Ddor", 7, 3, 3);
+        row("Hm", 7, 0, 0);
+        row("", 7, 0, 0);
+        row("<G>", 6, 0, 0);
+    }
+
+    void keys()
+    {
+        QFETCH(QString, text);
+        const auto key = HeaderFields::parseKey(text, HeaderFields::ModeReading::WholeWord);
+        QTEST(int(key.row), "row");
+        QTEST(int(key.mode), "mode");
+        QTEST(int(HeaderFields::parseKey(text, HeaderFields::ModeReading::LetterM).mode), "writersMode");
+    }
+
+    void headerNumbers_data()
+    {
+        QTest::addColumn<QString>("unit");
+        QTest::addColumn<QString>("metre");
+        QTest::addColumn<QString>("tempo");
+        QTest::addColumn<qint64>("unitTicks");
+        QTest::addColumn<qint64>("measureTicks");
+        QTest::addColumn<qint64>("ticksPerMinute");
+        const auto row = [](const char *unit, const char *metre, const char *tempo, qint64 unitTicks, qint64 measure,
+                            qint64 perMinute) {
+            QTest::addRow("%s %s %s", unit, metre, tempo)
+                << QString::fromLatin1(unit) << QString::fromLatin1(metre) << QString::fromLatin1(tempo) << unitTicks
+                << measure << perMinute;
+        };
+        row("", "", "", 10080, 0, 1209600);
+        row("1/8", "6/8", "1/4=90", 5040, 30240, 907200);
+        row("1/16", "C|", "90", 2520, 20160, 226800);
+        row("2", "C", "Allegro 3/8=60", 80640, 40320, 907200);
+        row("1/0", "4/0", "0/4=60", 10080, 0, 604800);
+        row("0/8", "none", "1/4 = 120", 10080, 0, 10080);
+        row("1/50000", "3", "1/4=", 10080, 0, 10080);
+        row("4294967296", "4294967296/4", "4294967296", 10080, 0, 1209600);
+        row("1/4", "4/4", "1/3=100", 10080, 40320, 1344000);
+    }
+
+    void headerNumbers()
+    {
+        QFETCH(QString, unit);
+        QFETCH(QString, metre);
+        QFETCH(QString, tempo);
+        const auto unitTicks = HeaderFields::parseUnitLength(unit);
+        QTEST(qint64(unitTicks), "unitTicks");
+        QTEST(qint64(HeaderFields::parseMetre(metre).measureTicks()), "measureTicks");
+        QTEST(HeaderFields::headerTempo(tempo, unitTicks), "ticksPerMinute");
+    }
+
+    void spellings_data()
+    {
+        QTest::addColumn<int>("row");
+        QTest::addColumn<QString>("names");
+        QTest::newRow("seven sharps") << 0 << QStringLiteral("B#- C# C## D# D## E# F# F## G# G## A# B");
+        QTest::newRow("none") << 7 << QStringLiteral("C C# D D# E F F# G G# A Bb B");
+        QTest::newRow("one flat") << 8 << QStringLiteral("C C# D Eb E F F# G G# A Bb B");
+        QTest::newRow("seven flats") << 14 << QStringLiteral("C Db D Eb Fb F Gb G Ab Bbb Bb Cb+");
+    }
+
+    void spellings()
+    {
+        QFETCH(int, row);
+        QStringList names;
+        for (quint32 pitchClass = 0; pitchClass < 12; ++pitchClass) {
+            const auto &spelling = KeyTable::spelling(quint32(row), pitchClass);
+            names.append(QString(QLatin1Char("CDEFGAB"[spelling.letter])) +
+                         QString(std::max<int>(0, spelling.accidental), u'#') +
+                         QString(std::max(0, -spelling.accidental), u'b') +
+                         (spelling.octaveCorrection < 0   ? QStringLiteral("-")
+                          : spelling.octaveCorrection > 0 ? QStringLiteral("+")
+                                                          : QString()));
+        }
+        QTEST(names.join(u' '), "names");
+    }
+
+    void writesBody_data()
+    {
+        QTest::addColumn<QVector<TrackEvent>>("events");
+        QTest::addColumn<QString>("body");
+        using Events = QVector<TrackEvent>;
+        const auto note = [](quint32 pitch, Ticks start, Ticks length) {
+            return TrackEvent::note(pitch, start, length);
+        };
+        QTest::newRow("notes") << Events{note(60, 0, 10080), note(62, 10080, 20160)} << QStringLiteral("C D2 \n");
+        QTest::newRow("chord") << Events{note(60, 0, 10080), note(64, 0, 20160), note(60, 10080, 5040)}
+                               << QStringLiteral("[CE2] C/ \n");
+        QTest::newRow("overlap") << Events{note(60, 0, 20160), note(62, 10080, 3360)} << QStringLiteral("[zC2] D/3 \n");
+        QTest::newRow("accidentals hold") << Events{note(66, 0, 10080), note(66, 10080, 10080), note(65, 20160, 10080)}
+                                          << QStringLiteral("^F F =F \n");
+        QTest::newRow("gap, octaves and odd lengths")
+            << Events{note(36, 10080, 15120), note(96, 25200, 13440)} << QStringLiteral("z C,,3/ c''4/3 \n");
+        QTest::newRow("a line a whole note")
+            << Events{note(60, 0, 30240), note(60, 30240, 30240), note(60, 60480, 10080)}
+            << QStringLiteral("C3 C3 \nC \n");
+        QTest::newRow("fields on lines of their own")
+            << Events{note(60, 0, 10080), TrackEvent::tempo(10080, 1, 4, 90), TrackEvent::key(10080, 5, 0),
+                      TrackEvent::metre(10080, 3, 4), note(66, 10080, 10080)}
+            << QStringLiteral("C \nQ: 1/4=90\nK: D\nM: 3/4\nF \n");
+        QTest::newRow("zero length at a change")
+            << Events{note(60, 0, 0), note(60, 0, 10080)} << QStringLiteral("[C0C] \n");
+        QTest::newRow("modes and flats") << Events{TrackEvent::key(0, 9, 4), note(70, 0, 10080)}
+                                         << QStringLiteral("K: Dphr\nB \n");
+    }
+
+    void writesBody()
+    {
+        QFETCH(QVector<TrackEvent>, events);
+        Track track;
+        track.editEvents() = events;
+        track.normalize();
+        QTEST(bodyOf(track), "body");
+    }
+
+    void writesHeader()
+    {
+        Track track;
+        const auto generator = QStringLiteral("Z: ABC Generated by Kelvarion Composer v0.8.7\n");
+        QCOMPARE(track.toAbc(), QStringLiteral("X: 1\nT: Untitled\n") + generator + QStringLiteral("L: 1/4\nK: C\n"));
+        QCOMPARE(track.headerField(QStringLiteral("L")), QStringLiteral("1/4"));
+
+        track.appendHeaderField(QStringLiteral("T"), QStringLiteral("One"));
+        track.appendHeaderField(QStringLiteral("T"), QStringLiteral("Two"));
+        track.setHeaderField(QStringLiteral("Z"), QStringLiteral("by Kelvarion Composer"));
+        track.setHeaderField(QStringLiteral("C"), QStringLiteral("Me"));
+        track.clearAbc();
+        QCOMPARE(track.toAbc(),
+                 QStringLiteral("X: 1\nT: One\nT: Two\nC: Me\nL: 1/4\nZ: by Kelvarion Composer\nK: C\n"));
+    }
+};
+
+QTEST_APPLESS_MAIN(TestAbc)
+#include "test_abc.moc"
