@@ -1,36 +1,14 @@
 #include "core/AbcParser.h"
 #include "core/HeaderFields.h"
 #include "core/KeyTable.h"
+#include "support/DescribeTrack.h"
 
 #include <QtTest>
 
 Q_DECLARE_METATYPE(TrackEvent)
 
-// ABC text in, events out, and back. Events are compared as text: "C60@0+10080" is a note of pitch 60 at tick 0 with a
-// length of 10080 ticks.
+// ABC text in, events out, and back.
 namespace {
-
-QString describe(const TrackEvent &event)
-{
-    switch (event.kind()) {
-    case TrackEvent::Note:
-        return QStringLiteral("%1@%2+%3").arg(event.pitch()).arg(event.start()).arg(event.length());
-    case TrackEvent::Tempo:
-        return QStringLiteral("Q%1@%2").arg(event.ticksPerMinute()).arg(event.start());
-    case TrackEvent::Key:
-        return QStringLiteral("K%1/%2@%3").arg(event.keyIndex()).arg(event.keyMode()).arg(event.start());
-    default:
-        return QStringLiteral("M%1/%2@%3").arg(event.numerator()).arg(event.denominator()).arg(event.start());
-    }
-}
-
-QString describe(const Track &track)
-{
-    QStringList events;
-    for (const auto &event : track.events())
-        events.append(describe(event));
-    return events.join(u' ');
-}
 
 QString errorOf(const QString &text)
 {
