@@ -102,22 +102,19 @@ void Track::normalize()
     sortEvents();
 
     auto runningTempo = ticksPerMinute_;
-    auto *const events = events_.data();
-    const auto count = events_.size();
-    decltype(events_.size()) kept = 0;
-    for (decltype(events_.size()) i = 0; i < count; ++i) {
-        const auto &event = events[i];
+    const auto end = events_.end();
+    auto kept = events_.begin();
+    for (auto event = events_.begin(); event != end; ++event) {
         // Before the test: an event that is dropped still counts towards the length.
-        if (quint64(event.end()) > quint64(length_))
-            length_ = event.end();
-        if (isRedundant(event, i + 1 < count ? events + i + 1 : nullptr, runningTempo))
+        if (quint64(event->end()) > quint64(length_))
+            length_ = event->end();
+        if (isRedundant(*event, event + 1 != end ? &event[1] : nullptr, runningTempo))
             continue;
-        if (event.kind() == TrackEvent::Tempo)
-            runningTempo = event.ticksPerMinute();
-        std::copy_n(&event, kept != i ? 1 : 0, events + kept);
-        ++kept;
+        if (event->kind() == TrackEvent::Tempo)
+            runningTempo = event->ticksPerMinute();
+        *kept++ = *event;
     }
-    events_.resize(kept);
+    events_.erase(kept, end);
 }
 
 const QString &Track::toAbc()

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <string>
+#include <vector>
+
+// One figure that a benchmark program answers for: how many times as many items (or bytes) a second `ours` gets through
+// as `theirs`. Both are names of benchmarks of the same run.
+struct Ratio
+{
+    std::string ours;
+    std::string theirs;
+    double gate; // the least that is good enough
+    double aim;
+};
+
+// The main function of a benchmark program: pins it to one core, runs the benchmarks that the command line asks for and
+// prints the ratios of those that ran. Returns 1 when a ratio misses its gate.
+int runBenchmarks(int argc, char **argv, const std::vector<Ratio> &ratios);
