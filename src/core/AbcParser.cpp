@@ -32,6 +32,9 @@ struct WrittenNote
     quint32 textLength = 0;
 };
 
+// Many times the keys of a piano; a chord is held in memory beside the events until its end.
+constexpr size_t largestChord = 10'000;
+
 // A note, rest or chord: what a tuplet counts and a broken rhythm joins.
 struct Element
 {
@@ -456,6 +459,8 @@ void AbcParser::readChord()
         case AbcTokenType::WhiteSpace:
             break;
         case AbcTokenType::Note:
+            if (element_.notes.size() >= largestChord)
+                fail(unexpected);
             readNote();
             break;
         case AbcTokenType::Rest:

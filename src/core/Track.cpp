@@ -112,7 +112,9 @@ void Track::normalize()
             continue;
         if (event->kind() == TrackEvent::Tempo)
             runningTempo = event->ticksPerMinute();
-        *kept++ = *event;
+        if (kept != event)
+            *kept = *event;
+        ++kept;
     }
     events_.erase(kept, end);
 }

@@ -2,9 +2,9 @@
 
 #include <QString>
 
-// Every track of a song gets its own copy of the song's tempo, metre and key changes, so a small file can ask for a
-// very large song. These limits keep the memory of an import in proportion to its file; no song that anybody plays
-// comes near.
+// Every track of a song gets its own copy of the song's tempo, metre and key changes, and a bend cuts every note that
+// sounds, so a small file can ask for a very large song. These limits keep the memory of an import in proportion to its
+// file; no song that anybody plays comes near.
 class ImportLimits
 {
 public:
@@ -16,13 +16,16 @@ public:
         if (--tracksLeft_ < 0)
             throw QStringLiteral("Too many tracks.");
     }
-    void addCopies(qint64 copies)
-    {
-        if ((copiesLeft_ -= copies) < 0)
-            throw QStringLiteral("Too many tempo, metre and key changes.");
-    }
+    void addCopies(qint64 changes) { spend(changes, "Too many tempo, metre and key changes."); }
+    void addBentNotes(qint64 notes) { spend(notes, "Too many pitch bends."); }
 
 private:
+    void spend(qint64 copies, const char *message)
+    {
+        if ((copiesLeft_ -= copies) < 0)
+            throw QString(QLatin1String(message));
+    }
+
     int tracksLeft_ = 10'000;
     qint64 copiesLeft_;
 };

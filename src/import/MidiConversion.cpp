@@ -148,6 +148,7 @@ void MidiConversion::pitchBend(quint8 channelNumber, int value, quint64 now)
             appendNote(channel, pitch, note, now);
         bent.emplace_back(pitch + change, ActiveNotes::Note{now, note.velocity});
     });
+    limits_.addBentNotes(qint64(bent.size()));
     channel.active.clear();
     for (const auto &[pitch, note] : bent)
         channel.active.set(pitch, note);
@@ -280,7 +281,7 @@ Track MidiConversion::finished(Track track)
         track.setHeaderField(tempoField(), tempoText(120));
     track.normalize();
     if (options_.autoRealign)
-        track = realign(track, SnapGrid::quick(), &result_.report.shifts);
+        track = realign(std::move(track), SnapGrid::quick(), &result_.report.shifts);
     if (!options_.mergeChannels) {
         const auto denominator = options_.autoDetectUnitLength ? detectUnitLength(track) : 4;
         track.setHeaderField(QStringLiteral("L"), unitLengthText(denominator));

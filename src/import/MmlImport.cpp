@@ -40,6 +40,7 @@ private:
     Ticks takeLength();
     void writeNote(quint32 pitch, Ticks length);
     void writePendingTie();
+    void beginTrack();
     void endTrack();
 
     QByteArray text_;
@@ -50,8 +51,8 @@ private:
 
     Track track_;
     bool trackHasNotes_ = false;
-    quint32 octave_ = 4;
-    Ticks defaultLength_ = ticksPerQuarter;
+    quint32 octave_ = 0;
+    Ticks defaultLength_ = 0;
     Ticks time_ = 0;
     Ticks tieLength_ = 0; // of a tied note that is not written yet; 0 = none
     quint32 tiePitch_ = 0;
@@ -176,9 +177,19 @@ void MmlParser::slashCommand()
 void MmlParser::separateTracks()
 {
     endTrack();
+    beginTrack();
+}
+
+void MmlParser::beginTrack()
+{
     octave_ = 4;
     defaultLength_ = ticksPerQuarter;
     time_ = 0;
+    // A list that grows by doubling would need twice the memory for a moment.
+    const auto isTrackEnd = [](char c) { return c == ',' || c == ';'; };
+    const auto isNote = [](char c) { return (c >= 'a' && c <= 'g') || c == 'n'; };
+    const auto begin = text_.cbegin() + at_;
+    track_.editEvents().reserve(int(std::count_if(begin, std::find_if(begin, text_.cend(), isTrackEnd), isNote)));
 }
 
 void MmlParser::endTrack()
@@ -244,6 +255,7 @@ void MmlParser::finish(Track &track)
 
 ImportResult MmlParser::parse()
 {
+    beginTrack();
     while (at_ < text_.size())
         command(text_[int(at_++)]);
     endTrack();

@@ -53,16 +53,15 @@ Ticks SnapGrid::snap(Ticks time) const
     return time - inPeriod + periodPoints_[int(inPeriod)];
 }
 
-Track realign(const Track &track, const SnapGrid &grid, ShiftReport *shifts)
+Track realign(Track track, const SnapGrid &grid, ShiftReport *shifts)
 {
-    auto result = track;
-    result.clearAbc();
+    track.clearAbc();
 
     const auto msPerTick = [](qint64 ticksPerMinute) {
         return ticksPerMinute > 0 ? 60'000.0 / double(ticksPerMinute) : 0;
     };
     auto tempo = msPerTick(track.ticksPerMinute());
-    for (auto &event : result.editEvents()) {
+    for (auto &event : track.editEvents()) {
         const auto start = event.start();
         const auto snappedStart = grid.snap(start);
         event.setStart(snappedStart);
@@ -75,6 +74,6 @@ Track realign(const Track &track, const SnapGrid &grid, ShiftReport *shifts)
         if (shifts != nullptr && snappedStart != start)
             shifts->add(double(std::abs(snappedStart - start)) * tempo);
     }
-    result.normalize();
-    return result;
+    track.normalize();
+    return track;
 }

@@ -27,10 +27,14 @@ QByteArray readBytes(const QString &path)
     const bool isOpen = path == u"-" ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
     if (!isOpen)
         throw QStringLiteral("Could not open file.");
-    auto bytes = file.read(largestFile + 1);
-    if (bytes.size() > largestFile)
-        throw QStringLiteral("The file is larger than 256 MB.");
-    return bytes;
+    QByteArray bytes;
+    while (bytes.size() <= largestFile) {
+        const auto block = file.read(1024 * 1024);
+        if (block.isEmpty())
+            return bytes;
+        bytes += block;
+    }
+    throw QStringLiteral("The file is larger than 256 MB.");
 }
 
 MidiImportOptions midiOptions(const Arguments &arguments)
