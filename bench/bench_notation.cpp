@@ -1,12 +1,11 @@
 // MIDI to ABC and ABC to tracks, against abcmidi's midi2abc and abc2midi on the same files, and against the number of
 // notes. Files: ../shared/corpus beside the source tree when it is there, else the examples.
-#include "support/ChildProcess.h"
-#include "support/Ratios.h"
-
 #include "core/AbcParser.h"
 #include "core/TextDecoding.h"
 #include "import/MidiImport.h"
+#include "support/ChildProcess.h"
 #include "support/MidiBytes.h"
+#include "support/Ratios.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -38,7 +37,8 @@ struct Comparison
     QVector<QByteArray> contents;
     double startSeconds = 0;
 
-    Comparison(const QStringList &files, const QStringList &program, const QStringList &options, const QString &smallFile)
+    Comparison(const QStringList &files, const QStringList &program, const QStringList &options,
+               const QString &smallFile)
     {
         for (const auto &file : files) {
             const auto command = program + QStringList(file) + options;
@@ -91,8 +91,9 @@ public:
 private:
     Songs()
         : midi(midiFiles(), {QStringLiteral("midi2abc")}, {QStringLiteral("-o"), QStringLiteral("/dev/null")},
-               writeFile(folder_.filePath(QStringLiteral("small.mid")),
-                         MidiBytes::file({MidiBytes::noteOn(0, 60) + MidiBytes::noteOff(96, 60) + MidiBytes::endOfTrack()}))),
+               writeFile(
+                   folder_.filePath(QStringLiteral("small.mid")),
+                   MidiBytes::file({MidiBytes::noteOn(0, 60) + MidiBytes::noteOff(96, 60) + MidiBytes::endOfTrack()}))),
           abc(abcFiles(), {QStringLiteral("abc2midi")}, {QStringLiteral("-c")},
               writeFile(folder_.filePath(QStringLiteral("small.abc")), "X:1\nT:Small\nM:4/4\nL:1/8\nK:C\nCDEF|\n"))
     {
@@ -104,8 +105,8 @@ private:
             abcBytes += book.size();
             splitTunes(decodeText(book));
         }
-        std::printf("%lld MIDI files with %lld notes, %lld ABC files with %lld tunes\n", qlonglong(midi.contents.size()),
-                    notes, qlonglong(abc.contents.size()), qlonglong(tunes.size()));
+        std::printf("%lld MIDI files with %lld notes, %lld ABC files with %lld tunes\n",
+                    qlonglong(midi.contents.size()), notes, qlonglong(abc.contents.size()), qlonglong(tunes.size()));
     }
 
     QStringList midiFiles() const
@@ -223,7 +224,11 @@ BENCHMARK(MidiToAbc)->Unit(benchmark::kMillisecond);
 BENCHMARK(Midi2abc)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(AbcToTrack)->Unit(benchmark::kMillisecond);
 BENCHMARK(Abc2midi)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(MidiToAbcBySize)->RangeMultiplier(10)->Range(1000, 10000000)->Unit(benchmark::kMillisecond)->Complexity(benchmark::oN);
+BENCHMARK(MidiToAbcBySize)
+    ->RangeMultiplier(10)
+    ->Range(1000, 10000000)
+    ->Unit(benchmark::kMillisecond)
+    ->Complexity(benchmark::oN);
 
 int main(int argc, char **argv)
 {

@@ -50,8 +50,8 @@ int runBenchmarks(int argc, char **argv, const std::vector<Ratio> &ratios)
         if (!reporter.rates.count(ratio.ours) || !reporter.rates.count(ratio.theirs))
             continue;
         const double figure = reporter.rates[ratio.ours] / reporter.rates[ratio.theirs];
-        std::printf("%s / %s = %.2f (gate %.2f, aim %.2f)\n", ratio.ours.c_str(), ratio.theirs.c_str(), figure, ratio.gate,
-                    ratio.aim);
+        std::printf("%s / %s = %.2f (gate %.2f, aim %.2f)\n", ratio.ours.c_str(), ratio.theirs.c_str(), figure,
+                    ratio.gate, ratio.aim);
         isGood = isGood && figure >= ratio.gate;
     }
     return isGood ? 0 : 1;

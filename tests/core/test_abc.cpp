@@ -111,6 +111,8 @@ private slots:
                                << QStringLiteral("Unexpected token found in chord at line 2, column 3.");
         QTest::newRow("chord at the end")
             << QStringLiteral("K:C\n[a") << QStringLiteral("Unexpected token found in chord at line 3, column 1.");
+        QTest::newRow("giant chord") << QStringLiteral("K:C\n[") + QString(20000, u'c') + u']'
+                                     << QStringLiteral("Unexpected token found in chord at line 2, column 10002.");
         QTest::newRow("empty chord") << QStringLiteral("K:C\n[ ]") << QStringLiteral("Empty chord");
         QTest::newRow("number") << QStringLiteral("K:C\nC4294967296")
                                 << QStringLiteral("Unknown token found in ABC body at line 2, column 1.");

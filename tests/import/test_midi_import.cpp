@@ -205,6 +205,13 @@ private slots:
         QCOMPARE(errorOf(file({changes + notes + endOfTrack()})),
                  QStringLiteral("Too many tempo, metre and key changes."));
         QCOMPARE(errorOf(file({changes + notes.left(8) + endOfTrack()})), QString());
+
+        QByteArray bends;
+        for (int key = 24; key < 100; ++key)
+            bends += noteOn(0, key);
+        for (int i = 0; i < 10000; ++i)
+            bends += bend(1, i % 2 * 0x3FFF);
+        QCOMPARE(errorOf(file({bends + endOfTrack()})), QStringLiteral("Too many pitch bends."));
     }
 
     // What is written is read back to the same events, each note pointing at its own text, and written the same again.

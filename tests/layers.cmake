@@ -1,0 +1,62 @@
+# Fails when a source includes a header of a layer that it may not know. Run as: cmake -DSOURCE_DIR=… -P layers.cmake
+cmake_minimum_required(VERSION 3.21)
+
+# One row a layer: the beginning of its files' paths, a bar, and the layers (or single headers) of src that it may
+# include beside itself. A file belongs to the longest row that fits.
+set(LAYERS
+    "src/core|"
+    "src/import|core"
+    "src/assets|core"
+    "src/audio|core assets"
+    "src/audio/engine|audio/AudioEngine.h audio/Sound.h"
+    "src/app/Settings|core"
+    "src/ui|core import assets app/Settings"
+    "src/ui/editor|core import assets audio ui app/Settings"
+    "src/app|core import assets audio audio/engine ui ui/editor app/Settings"
+    "tools/cli|core import assets audio audio/engine app/Settings"
+    "tools/demogame|")
+set(LAYERS_WITHOUT_QT "src/audio/engine")
+
+# Sets LAYER to the row's name and MAY_INCLUDE to its list.
+function(find_layer PATH)
+    set(LAYER "")
+    foreach(ROW IN LISTS LAYERS)
+        string(REGEX MATCH "^([^|]*)[|](.*)$" ROW "${ROW}")
+        string(FIND "${PATH}" "${CMAKE_MATCH_1}" AT)
+        if(AT EQUAL 0 AND CMAKE_MATCH_1 STRGREATER LAYER)
+            set(LAYER "${CMAKE_MATCH_1}")
+            string(REPLACE " " ";" MAY_INCLUDE "${CMAKE_MATCH_2}")
+        endif()
+    endforeach()
+    set(LAYER "${LAYER}" PARENT_SCOPE)
+    set(MAY_INCLUDE "${MAY_INCLUDE}" PARENT_SCOPE)
+endfunction()
+
+set(CHECKED 0)
+file(GLOB_RECURSE FILES RELATIVE ${SOURCE_DIR} ${SOURCE_DIR}/src/*.h ${SOURCE_DIR}/src/*.cpp
+     ${SOURCE_DIR}/tools/*.h ${SOURCE_DIR}/tools/*.cpp)
+foreach(FILE IN LISTS FILES)
+    find_layer(${FILE})
+    set(OWN ${LAYER})
+    set(ALLOWED ${MAY_INCLUDE})
+    if(NOT OWN)
+        message(SEND_ERROR "${FILE} stands in no layer")
+    endif()
+    file(STRINGS ${SOURCE_DIR}/${FILE} QT_INCLUDES REGEX "^#include <Q")
+    if(QT_INCLUDES AND OWN IN_LIST LAYERS_WITHOUT_QT)
+        message(SEND_ERROR "${FILE} may not include Qt")
+    endif()
+    file(STRINGS ${SOURCE_DIR}/${FILE} INCLUDES REGEX "^#include \"[a-z]+/")
+    foreach(INCLUDE IN LISTS INCLUDES)
+        string(REGEX REPLACE "^#include \"([^\"]*)\".*" "\\1" HEADER "${INCLUDE}")
+        find_layer("src/${HEADER}")
+        string(REPLACE "src/" "" NAME "${LAYER}")
+        if(NOT LAYER STREQUAL OWN AND NOT NAME IN_LIST ALLOWED AND NOT HEADER IN_LIST ALLOWED)
+            message(SEND_ERROR "${FILE} may not include ${HEADER}")
+        endif()
+        math(EXPR CHECKED "${CHECKED} + 1")
+    endforeach()
+endforeach()
+if(CHECKED LESS 50)
+    message(FATAL_ERROR "only ${CHECKED} includes were found below ${SOURCE_DIR}")
+endif()
