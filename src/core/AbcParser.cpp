@@ -1,115 +1,16 @@
 #include "core/AbcParser.h"
 
+#include "core/AbcElement.h"
 #include "core/AbcTokenizer.h"
 #include "core/HeaderFields.h"
 #include "core/KeyTable.h"
 
 #include <algorithm>
-#include <array>
-#include <bitset>
-#include <vector>
 
 namespace {
 
-struct Ratio
-{
-    quint64 numerator = 1;
-    quint64 denominator = 1;
-
-    Ticks of(Ticks length) const { return scaled(length, numerator, denominator); }
-    bool isOne() const { return numerator == denominator; }
-};
-
-// A note as written, before it sounds: lengths can still change while the rhythm around it is read.
-struct WrittenNote
-{
-    quint32 pitch = 0;
-    Ticks length = 0;
-    bool staccato = false;
-    bool tied = false;
-    quint32 textLine = 0;
-    quint32 textColumn = 0;
-    quint32 textLength = 0;
-};
-
 // Many times the keys of a piano; a chord is held in memory beside the events until its end.
 constexpr size_t largestChord = 10'000;
-
-// A note, rest or chord: what a tuplet counts and a broken rhythm joins.
-struct Element
-{
-    bool present = false;
-    bool isChord = false;
-    std::vector<WrittenNote> notes; // those in the playable range
-    Ticks advance = 0;              // the shortest length written in it
-    bool isEmpty = true;            // holds neither note nor rest
-    Ratio chordLength;
-    bool chordTied = false;
-
-    void clear()
-    {
-        present = isChord = chordTied = false;
-        isEmpty = true;
-        notes.clear();
-        advance = 0;
-        chordLength = {};
-    }
-
-    void scale(const Ratio &ratio)
-    {
-        if (ratio.isOne())
-            return;
-        advance = ratio.of(advance);
-        for (auto &note : notes)
-            note.length = ratio.of(note.length);
-    }
-};
-
-// The accidentals written so far in the measure, by diatonic step.
-class MeasureAccidentals
-{
-public:
-    void clear() { accidentals_.fill(none); }
-    void set(int octave, int letter, int accidental) { at(octave, letter) = qint8(accidental); }
-    int value(int octave, int letter, int fromKey) const
-    {
-        const auto accidental = accidentals_[index(octave, letter)];
-        return accidental == none ? fromKey : accidental;
-    }
-
-private:
-    static constexpr qint8 none = -128;
-    // A note's text is at most 20 characters, so octaves stay within -20..20.
-    static size_t index(int octave, int letter) { return size_t((octave + 20) * 7 + letter); }
-    qint8 &at(int octave, int letter) { return accidentals_[index(octave, letter)]; }
-
-    std::array<qint8, 41 * 7> accidentals_;
-};
-
-// Tied notes that wait for their continuation, at most one a pitch.
-class PendingTies
-{
-public:
-    TrackEvent *find(quint32 pitch) { return pending_[pitch] ? &notes_[pitch] : nullptr; }
-
-    void put(const TrackEvent &note)
-    {
-        notes_[note.pitch()] = note;
-        pending_.set(note.pitch());
-    }
-
-    void writeTo(QVector<TrackEvent> &events, quint32 pitch)
-    {
-        if (!pending_[pitch])
-            return;
-        events.append(notes_[pitch]);
-        pending_.reset(pitch);
-    }
-
-private:
-    std::array<TrackEvent, highestPlayablePitch + 1> notes_;
-    std::bitset<highestPlayablePitch + 1> pending_;
-};
 
 class AbcParser
 {
@@ -126,7 +27,7 @@ private:
     void barLine();
     void beginTuplet();
     void readElement();
-    Ratio applyBrokenRhythm();
+    AbcRatio applyBrokenRhythm();
     void readNote();
     void readRest();
     void readChord();
@@ -135,7 +36,7 @@ private:
     void sound(const WrittenNote &note);
     void finishChord(qsizetype firstEvent);
     void tieEventsFrom(qsizetype firstEvent);
-    Ratio tokenLength() const;
+    AbcRatio tokenLength() const;
     quint32 number(QStringView digits) const;
     int accidental(int octave, int letter);
     [[noreturn]] void fail(const QString &message) const;
@@ -157,9 +58,9 @@ private:
     MeasureAccidentals accidentals_;
 
     quint32 tupletNotesLeft_ = 0;
-    Ratio tuplet_;
+    AbcRatio tuplet_;
     bool inGraceNotes_ = false;
-    Element element_;      // read, but not sounded before what follows it is known
+    AbcElement element_;   // read, but not sounded before what follows it is known
     int brokenRhythm_ = 0; // length of the mark behind the element, negative for "<"
     PendingTies ties_;
 };
@@ -341,13 +242,13 @@ void AbcParser::beginTuplet()
 
 // A broken rhythm counts between two elements that no bar line or field parts. Lengthens or shortens the element before
 // it and gives the ratio of the one behind it.
-Ratio AbcParser::applyBrokenRhythm()
+AbcRatio AbcParser::applyBrokenRhythm()
 {
     if (brokenRhythm_ == 0)
         return {};
     const auto whole = quint64(1) << std::abs(brokenRhythm_);
-    Ratio before{2 * whole - 1, whole};
-    Ratio behind{1, whole};
+    AbcRatio before{2 * whole - 1, whole};
+    AbcRatio behind{1, whole};
     if (brokenRhythm_ < 0)
         std::swap(before, behind);
     element_.scale(before);
@@ -385,9 +286,9 @@ quint32 AbcParser::number(QStringView digits) const
 }
 
 // "3/4" as it stands; each "/" without a number halves, and a denominator of 0 counts as 1.
-Ratio AbcParser::tokenLength() const
+AbcRatio AbcParser::tokenLength() const
 {
-    Ratio length;
+    AbcRatio length;
     if (token_.has(AbcPart::LengthNumerator))
         length.numerator = number(token_.part(AbcPart::LengthNumerator));
     const auto slashes = token_.part(AbcPart::LengthSlashes).size();
