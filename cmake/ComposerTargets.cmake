@@ -50,6 +50,10 @@ function(composer_test NAME)
     target_include_directories(${NAME} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
     target_link_libraries(${NAME} PRIVATE ${ARG_LINKS} Qt::Test)
     add_test(NAME ${NAME} COMMAND ${NAME})
+    if(COMPOSER_SANITIZE STREQUAL "thread")
+        set_tests_properties(${NAME} PROPERTIES ENVIRONMENT
+            TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/thread-sanitizer.supp)
+    endif()
 endfunction()
 
 function(composer_fuzzer NAME)

@@ -40,6 +40,11 @@ const std::array<Row, settingCount> &rows()
         {AbcSaveDir, "dirs/abc/save", Type::Text, ""},
         {MidiOpenDir, "dirs/midi/open", Type::Text, ""},
         {WavSaveDir, "dirs/wav/save", Type::Text, ""},
+        {DarkPalette, "window/darkPalette", Type::Boolean, "false"},
+        {RecentFiles, "window/recentFiles", Type::Text, ""}, // one path a line, the last used first
+        {MasterVolume, "window/masterVolume", Type::Integer, "100"},
+        {WindowGeometry, "window/geometry", Type::Text, ""}, // Base64, as is the next
+        {WindowState, "window/state", Type::Text, ""},
     }};
     return table;
 }

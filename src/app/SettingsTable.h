@@ -41,6 +41,11 @@ enum Setting {
     AbcSaveDir,
     MidiOpenDir,
     WavSaveDir,
+    DarkPalette,
+    RecentFiles,
+    MasterVolume,
+    WindowGeometry,
+    WindowState,
     settingCount
 };
 

@@ -6,8 +6,7 @@
 #include <cstring>
 #include <utility>
 
-namespace
-{
+namespace {
 using Size = decltype(QByteArray().size());
 
 constexpr qint64 firstFetch = qint64(1) << 20;

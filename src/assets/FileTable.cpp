@@ -6,8 +6,7 @@
 #include <algorithm>
 #include <cstring>
 
-namespace
-{
+namespace {
 bool isAscii(std::string_view bytes)
 {
     unsigned char all = 0;
@@ -35,8 +34,9 @@ FileTable FileTable::read(ByteCursor &cursor)
 
 std::optional<FileEntry> FileTable::find(const QString &path) const
 {
-    const auto found = std::lower_bound(records_.begin(), records_.end(), path,
-                                        [this](Record record, const QString &sought) { return compare(record, sought) < 0; });
+    const auto found =
+        std::lower_bound(records_.begin(), records_.end(), path,
+                         [this](Record record, const QString &sought) { return compare(record, sought) < 0; });
     if (found == records_.end() || compare(*found, path) != 0)
         return std::nullopt;
     const auto raw = rawPath(*found);

@@ -8,7 +8,8 @@
 #include <vector>
 
 // Where a file's bytes lie in its package, as the index claims: both in bytes, neither checked.
-struct FileEntry {
+struct FileEntry
+{
     qint64 offset = 0;
     qint64 size = 0;
 };
@@ -30,7 +31,8 @@ public:
     QStringList paths() const;
 
 private:
-    struct Record {
+    struct Record
+    {
         quint32 position : 31; // of the entry, in bytes from the start of the index
         quint32 isAscii : 1;   // the path's bytes then sort as its decoded text does
     };

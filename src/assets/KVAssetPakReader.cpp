@@ -7,8 +7,7 @@
 
 #include <limits>
 
-namespace
-{
+namespace {
 // Comparisons that cannot overflow, whatever the two numbers are.
 bool liesWithin(const FileEntry &entry, qint64 packageSize)
 {
@@ -17,8 +16,7 @@ bool liesWithin(const FileEntry &entry, qint64 packageSize)
 }
 } // namespace
 
-KVAssetPakReader::KVAssetPakReader(const QString &packagePath)
-    : KVAssetPakReader(std::make_unique<QFile>(packagePath))
+KVAssetPakReader::KVAssetPakReader(const QString &packagePath) : KVAssetPakReader(std::make_unique<QFile>(packagePath))
 {
 }
 

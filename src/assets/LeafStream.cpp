@@ -1,12 +1,13 @@
 #include "assets/LeafStream.h"
 
+#include "assets/ByteCursor.h"
+
 #include <QtEndian>
 
 #include <algorithm>
 #include <utility>
 
-namespace
-{
+namespace {
 constexpr int continuationSize = 4;
 constexpr qint32 noContinuation = -1;
 } // namespace
@@ -15,7 +16,7 @@ QByteArray BlockWalk::block(qint32 index) const
 {
     const qint64 start = layout_.headerSize + qint64(index) * layout_.blockSize;
     const qint64 present = std::min<qint64>(file_->size() - start, layout_.blockSize);
-    if (start < 0 || present <= 0 || !file_->seek(start))
+    if (index < 0 || present <= 0 || !file_->seek(start))
         return {};
     return file_->read(present);
 }
@@ -43,8 +44,11 @@ qint32 LeafStream::entryCount()
 QByteArray LeafStream::read(quint64 count)
 {
     QByteArray bytes;
-    walk(count, QStringLiteral("Invalid leaf block continuation"),
-         [&bytes](const char *data, int size) { bytes.append(data, size); });
+    walk(count, QStringLiteral("Invalid leaf block continuation"), [&bytes](const char *data, int size) {
+        if (bytes.size() > ByteCursor::maxSize - size)
+            throw QStringLiteral("A value in the package is too long.");
+        bytes.append(data, size);
+    });
     return bytes;
 }
 

@@ -6,7 +6,8 @@
 
 // The blocks of a legacy package: where block 0 begins and how long each is, in bytes. Not negative, and the size at
 // least 10 (a marker, a count and the index of a continuation).
-struct BlockLayout {
+struct BlockLayout
+{
     qint32 headerSize = 0;
     qint32 blockSize = 0;
 };

@@ -6,8 +6,10 @@
 #include <QFile>
 #include <QtEndian>
 
-namespace
-{
+#include <cstring>
+#include <utility>
+
+namespace {
 constexpr int headerLength = 75;
 constexpr int keyLength = 32;
 constexpr qint32 smallestBlock = 10;

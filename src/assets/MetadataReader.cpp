@@ -2,8 +2,7 @@
 
 #include "assets/Logging.h"
 
-namespace
-{
+namespace {
 constexpr int maxNesting = 64;
 
 enum class Type : quint8 { Double = 2, Boolean = 3, Integer = 4, String = 5, List = 6, Map = 7 };

@@ -2,7 +2,7 @@
 
 #include "assets/Logging.h"
 
-bool PakReader::tryGetFile(const QString &path, QByteArray &bytes)
+bool PakReader::getFileOrWarn(const QString &path, QByteArray &bytes)
 {
     try {
         bytes = getFile(path);

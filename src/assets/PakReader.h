@@ -25,14 +25,18 @@ public:
     virtual QByteArray getFile(const QString &path) = 0;
 
     // getFile with a logged warning and false in place of every exception; `bytes` is then left as it was.
-    virtual bool tryGetFile(const QString &path, QByteArray &bytes);
+    virtual bool tryGetFile(const QString &path, QByteArray &bytes) = 0;
 
+    // Whether the package lists the file; getFile may still fail for one whose bytes are damaged.
     virtual bool hasFile(const QString &path) = 0;
 
     // The paths of all files in the package.
     virtual QStringList fileList() = 0;
 
 protected:
+    // tryGetFile, for every format.
+    bool getFileOrWarn(const QString &path, QByteArray &bytes);
+
     // Readers fetch whole blocks themselves, so the device's own read-ahead would only touch bytes nobody wants.
     static void openReadOnly(QIODevice &file);
 };

@@ -2,7 +2,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 
@@ -12,6 +11,9 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#else
+#include <filesystem>
+#include <system_error>
 #endif
 
 namespace {
@@ -61,36 +63,44 @@ private:
     int descriptor_;
 };
 
-void replaceFile(const QString &path, const QByteArray &bytes)
+void writeNew(const QString &path, const QByteArray &bytes)
 {
-    const auto target = QFile::encodeName(path);
-    const auto temporary = target + ".saving";
-    struct stat old = {};
-    const bool exists = stat(target.constData(), &old) == 0;
-    unlink(temporary.constData()); // of a program that was killed while saving
-    try {
-        const Descriptor file(open(temporary.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-        if (exists)
+    constexpr auto flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+    Descriptor(open(QFile::encodeName(path).constData(), flags, 0666)).write(bytes);
+}
+
+void replace(const QString &target, const QString &replacement)
+{
+    const auto oldName = QFile::encodeName(target);
+    const auto newName = QFile::encodeName(replacement);
+    {
+        struct stat old = {};
+        const Descriptor file(open(newName.constData(), O_RDONLY | O_CLOEXEC));
+        if (stat(oldName.constData(), &old) == 0)
             file.setMode(old.st_mode & 07777);
-        file.write(bytes);
         file.sync();
-        if (rename(temporary.constData(), target.constData()) != 0)
-            failWithErrno();
-    } catch (...) {
-        unlink(temporary.constData());
-        throw;
     }
-    const auto directory = QFile::encodeName(QFileInfo(path).absolutePath());
+    if (rename(newName.constData(), oldName.constData()) != 0)
+        failWithErrno();
+    const auto directory = QFile::encodeName(QFileInfo(target).absolutePath());
     Descriptor(open(directory.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)).sync();
 }
 
 #else
 
-void replaceFile(const QString &path, const QByteArray &bytes)
+void writeNew(const QString &path, const QByteArray &bytes)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())
         throw file.errorString();
+}
+
+void replace(const QString &target, const QString &replacement)
+{
+    std::error_code error;
+    std::filesystem::rename(replacement.toStdU16String(), target.toStdU16String(), error);
+    if (error)
+        throw QString::fromLocal8Bit(error.message().c_str());
 }
 
 #endif
@@ -113,12 +123,33 @@ bool isDeviceName(const QString &name)
 
 namespace SafeFile {
 
-void write(const QString &path, const QByteArray &bytes)
+Replacement::Replacement(const QString &target)
 {
-    const QFileInfo info(path);
+    const QFileInfo info(target);
     if (info.exists() && !info.isFile())
         throw QStringLiteral("Not a regular file.");
-    replaceFile(info.exists() ? info.canonicalFilePath() : path, bytes);
+    target_ = info.exists() ? info.canonicalFilePath() : target;
+    path_ = target_ + QStringLiteral(".saving");
+    QFile::remove(path_); // of a program that was killed while saving
+}
+
+Replacement::~Replacement()
+{
+    if (!isCommitted_)
+        QFile::remove(path_);
+}
+
+void Replacement::commit()
+{
+    replace(target_, path_);
+    isCommitted_ = true;
+}
+
+void write(const QString &path, const QByteArray &bytes)
+{
+    Replacement replacement(path);
+    writeNew(replacement.path(), bytes);
+    replacement.commit();
 }
 
 QString cleanName(const QString &title)

@@ -10,6 +10,26 @@ namespace SafeFile {
 
 void write(const QString &path, const QByteArray &bytes);
 
+// The same for a file that somebody writes who needs a name for it. What is not committed is removed.
+class Replacement
+{
+public:
+    // Creates nothing yet.
+    explicit Replacement(const QString &target);
+    Replacement(const Replacement &) = delete;
+    Replacement &operator=(const Replacement &) = delete;
+    ~Replacement();
+
+    // Where to write the new contents; the file must be closed before commit().
+    const QString &path() const { return path_; }
+    void commit();
+
+private:
+    QString target_;
+    QString path_;
+    bool isCommitted_ = false;
+};
+
 // A title as the name of a file: what a file system refuses becomes "_", at most 200 bytes of UTF-8.
 QString cleanName(const QString &title);
 

@@ -11,21 +11,6 @@
 
 #include <algorithm>
 
-const char *const usageText = R"(Usage:
-  kelvarion-composer-cli inspect INPUT [--set KEY=VALUE…] [TRANSFORM…]
-  kelvarion-composer-cli convert INPUT… --output DIR [--set KEY=VALUE…] [TRANSFORM…]
-
-INPUT is a .mid, .midi or .abc file, another text file that begins with "X:" (ABC) or "MML@" (MML), or - for
-standard input.
-
-TRANSFORM, applied to every track in the order given:
-  --realign quick | D1,D2,…   snap notes to the usual grids, or to the grids with these denominators
-  --transpose N               move notes by N semitones, -48 to 48
-  --key TEXT                  the new key, for example Am
-  --unit-length auto | N/D    the new unit note length
-  --merge                     merge all tracks so far into one
-)";
-
 namespace {
 
 Transform forEachTrack(std::function<Track(const Track &)> change)
@@ -117,40 +102,112 @@ void readTransforms(Arguments &arguments, const QCommandLineParser &parser)
     }
 }
 
-void checkInputsAndOutput(const Arguments &arguments)
+const char *const transformHelp = R"(
+INPUT is a .mid, .midi or .abc file, another text file that begins with "X:" (ABC) or "MML@" (MML), or - for
+standard input.
+
+TRANSFORM, applied to every track in the order given:
+  --realign quick | D1,D2,…   snap notes to the usual grids, or to the grids with these denominators
+  --transpose N               move notes by N semitones, -48 to 48
+  --key TEXT                  the new key, for example Am
+  --unit-length auto | N/D    the new unit note length
+  --merge                     merge all tracks so far into one
+)";
+
+const auto transforms = QStringLiteral("transforms");
+
+QStringList namesIn(const char *names)
 {
-    if (arguments.command == u"inspect") {
-        if (arguments.inputs.size() != 1 || !arguments.output.isEmpty())
-            throw WrongUsage{QStringLiteral("inspect takes one INPUT and no --output")};
-    } else if (arguments.command == u"convert") {
-        if (arguments.inputs.isEmpty() || arguments.output.isEmpty())
-            throw WrongUsage{QStringLiteral("convert takes one INPUT or more, and --output DIR")};
-    } else {
-        throw WrongUsage{QStringLiteral("unknown command \"%1\"").arg(arguments.command)};
+    return QString::fromLatin1(names).split(u' ', Qt::SkipEmptyParts);
+}
+
+bool takesTransforms(const Command &command)
+{
+    return namesIn(command.optional).contains(transforms);
+}
+
+QStringList optionsOf(const Command &command)
+{
+    auto names = namesIn(command.required) + namesIn(command.optional);
+    if (names.removeAll(transforms) > 0) {
+        names.append(QStringLiteral("set"));
+        for (const auto &option : transformOptions)
+            names.append(QLatin1String(option.name));
     }
+    return names;
+}
+
+// A command's name may be two of the words.
+const Command &takeCommand(QStringList &words, const std::vector<Command> &commands)
+{
+    for (const auto &command : commands) {
+        const auto name = namesIn(command.name);
+        if (words.mid(0, name.size()) != name)
+            continue;
+        words = words.mid(name.size());
+        return command;
+    }
+    throw WrongUsage{words.isEmpty() ? QStringLiteral("a command is missing")
+                                     : QStringLiteral("unknown command \"%1\"").arg(words.join(u' '))};
+}
+
+void checkUsage(const Command &command, const QStringList &options, int inputCount)
+{
+    const auto name = QLatin1String(command.name);
+    const auto known = optionsOf(command);
+    for (const auto &option : options) {
+        if (!known.contains(option))
+            throw WrongUsage{QStringLiteral("%1 takes no --%2").arg(name, option)};
+    }
+    for (const auto &option : namesIn(command.required)) {
+        if (!options.contains(option))
+            throw WrongUsage{QStringLiteral("%1 needs --%2").arg(name, option)};
+    }
+    if (inputCount < command.fewestInputs || inputCount > command.mostInputs)
+        throw WrongUsage{QStringLiteral("%1 is used as: %1 %2").arg(name, QString::fromUtf8(command.usage))};
+}
+
+void addOptions(QCommandLineParser &parser)
+{
+    for (const char *name : {"output", "game", "instrument", "set"})
+        parser.addOption({QLatin1String(name), QString(), QStringLiteral("value")});
+    for (const char *name : {"mods", "json"})
+        parser.addOption(QCommandLineOption(QLatin1String(name)));
+    for (const auto &option : transformOptions)
+        parser.addOption({QLatin1String(option.name), QString(), QLatin1String(option.valueName)});
 }
 
 } // namespace
 
-Arguments parseArguments(const QStringList &words)
+Invocation parseArguments(const QStringList &words, const std::vector<Command> &commands)
 {
     QCommandLineParser parser;
-    parser.addOption({QStringLiteral("output"), QString(), QStringLiteral("path")});
-    parser.addOption({QStringLiteral("set"), QString(), QStringLiteral("key=value")});
-    for (const auto &option : transformOptions)
-        parser.addOption({QLatin1String(option.name), QString(), QLatin1String(option.valueName)});
+    addOptions(parser);
     if (!parser.parse(words))
         throw WrongUsage{parser.errorText()};
 
     Arguments arguments;
     arguments.inputs = parser.positionalArguments();
-    if (arguments.inputs.isEmpty())
-        throw WrongUsage{QStringLiteral("a command is missing")};
-    arguments.command = arguments.inputs.takeFirst();
+    const auto &command = takeCommand(arguments.inputs, commands);
+    checkUsage(command, parser.optionNames(), int(arguments.inputs.size()));
     arguments.output = parser.value(QStringLiteral("output"));
-    checkInputsAndOutput(arguments);
+    arguments.game = parser.value(QStringLiteral("game"));
+    arguments.instrument = parser.value(QStringLiteral("instrument"));
+    arguments.mods = parser.isSet(QStringLiteral("mods"));
+    arguments.json = parser.isSet(QStringLiteral("json"));
     for (const auto &setting : parser.values(QStringLiteral("set")))
         readSetting(arguments, setting);
     readTransforms(arguments, parser);
-    return arguments;
+    return {&command, arguments};
+}
+
+QString usageText(const std::vector<Command> &commands)
+{
+    auto text = QStringLiteral("Usage:\n");
+    for (const auto &command : commands) {
+        text += QStringLiteral("  kelvarion-composer-cli %1 %2")
+                    .arg(QLatin1String(command.name), QString::fromUtf8(command.usage));
+        text += takesTransforms(command) ? QStringLiteral(" [--set KEY=VALUE…] [TRANSFORM…]\n") : QStringLiteral("\n");
+    }
+    return text + QString::fromUtf8(transformHelp);
 }

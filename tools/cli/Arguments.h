@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 // One step of the TRANSFORM options: the tracks so far in, the new ones out. Throws a QString when it cannot be done.
 using Transform = std::function<QVector<Track>(const QVector<Track> &)>;
@@ -15,9 +16,12 @@ using Transform = std::function<QVector<Track>(const QVector<Track> &)>;
 // What a command line asks for.
 struct Arguments
 {
-    QString command;
-    QStringList inputs;
+    QStringList inputs; // the words after the command
     QString output;
+    QString game;
+    QString instrument;
+    bool mods = false;
+    bool json = false;
     QHash<int, QVariant> settings; // by SettingsTable::Setting; the others have their defaults
     QVector<Transform> transforms; // in the order given
 
@@ -27,11 +31,28 @@ struct Arguments
     }
 };
 
-extern const char *const usageText;
+// One command of the program.
+struct Command
+{
+    const char *name;     // one word or two
+    const char *usage;    // its own words and options, without TRANSFORM…
+    const char *required; // names of options, parted by blanks
+    const char *optional; // likewise; "transforms" stands for --set and the TRANSFORM options
+    int fewestInputs;
+    int mostInputs;
+    int (*run)(const Arguments &arguments); // gives the exit status
+};
 
 // Throws a WrongUsage for a command line that means nothing.
 struct WrongUsage
 {
     QString message;
 };
-Arguments parseArguments(const QStringList &words);
+struct Invocation
+{
+    const Command *command;
+    Arguments arguments;
+};
+Invocation parseArguments(const QStringList &words, const std::vector<Command> &commands);
+
+QString usageText(const std::vector<Command> &commands);

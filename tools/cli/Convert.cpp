@@ -63,7 +63,7 @@ public:
 
     int run()
     {
-        readInputs();
+        collectTracks();
         if (transformTracks() && !tracks_.isEmpty())
             writeTracks();
         printSources();
@@ -71,7 +71,7 @@ public:
     }
 
 private:
-    void readInputs();
+    void collectTracks();
     bool transformTracks();
     void writeTracks();
     void printSources() const;
@@ -88,20 +88,12 @@ private:
     bool failed_ = false;
 };
 
-void Conversion::readInputs()
+void Conversion::collectTracks()
 {
-    int done = 0;
-    for (const auto &path : arguments_.inputs) {
-        printProgress(done++, int(arguments_.inputs.size()));
-        try {
-            const auto input = readInput(path, arguments_);
-            sources_.append({path, input.report, input.tracks.size()});
-            tracks_ += input.tracks;
-        } catch (const QString &message) {
-            fail(path, message);
-        }
+    for (const auto &[path, input] : readInputs(arguments_, failed_)) {
+        sources_.append({path, input.report, input.tracks.size()});
+        tracks_ += input.tracks;
     }
-    printProgress(done, done);
 }
 
 bool Conversion::transformTracks()

@@ -1,5 +1,6 @@
 #include "Input.h"
 
+#include "Messages.h"
 #include "core/AbcParser.h"
 #include "core/TextDecoding.h"
 #include "import/MidiImport.h"
@@ -68,4 +69,22 @@ Input readInput(const QString &path, const Arguments &arguments)
     }
     const auto text = decodeText(std::move(bytes));
     return readText(text, format, arguments);
+}
+
+QVector<NamedInput> readInputs(const Arguments &arguments, bool &failed)
+{
+    QVector<NamedInput> inputs;
+    const auto total = int(arguments.inputs.size());
+    for (int done = 0; done < total; ++done) {
+        const auto &path = arguments.inputs[done];
+        printProgress(done, total);
+        try {
+            inputs.append({path, readInput(path, arguments)});
+        } catch (const QString &message) {
+            printFailure(path, message);
+            failed = true;
+        }
+    }
+    printProgress(total, total);
+    return inputs;
 }

@@ -13,3 +13,12 @@ struct Input
 
 // Reads a MIDI, ABC or MML file, or standard input for "-". Throws a QString when it cannot be read.
 Input readInput(const QString &path, const Arguments &arguments);
+
+struct NamedInput
+{
+    QString path;
+    Input input;
+};
+
+// The inputs that can be read, with a bar meanwhile; prints the failure of each other one and sets `failed`.
+QVector<NamedInput> readInputs(const Arguments &arguments, bool &failed);

@@ -1,5 +1,8 @@
 #include "Inspect.h"
 
+#include "Input.h"
+#include "Messages.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -95,19 +98,37 @@ QJsonObject reportObject(const ImportReport &report)
             {key("meanShiftMs"), report.shifts.meanMs()}};
 }
 
-} // namespace
-
-void inspect(QVector<Track> &tracks, const std::optional<ImportReport> &report, QIODevice &out)
+// An event at a time, so that a long song needs no memory for its text.
+void writeInput(Input &input, QIODevice &out)
 {
     out.write("{\"tracks\":[");
     const char *separator = "\n";
-    for (auto &track : tracks) {
+    for (auto &track : input.tracks) {
         out.write(separator);
         writeTrack(track, out);
         separator = ",\n";
     }
     out.write("]");
-    if (report)
-        out.write(",\n\"report\":" + compact(reportObject(*report)));
+    if (input.report)
+        out.write(",\n\"report\":" + compact(reportObject(*input.report)));
     out.write("}\n");
+}
+
+} // namespace
+
+int inspect(const Arguments &arguments)
+{
+    const auto &path = arguments.inputs.first();
+    try {
+        auto input = readInput(path, arguments);
+        for (const auto &transform : arguments.transforms)
+            input.tracks = transform(input.tracks);
+        StandardOutput out;
+        writeInput(input, out.device());
+        out.finish();
+        return 0;
+    } catch (const QString &message) {
+        printFailure(path, message);
+        return 1;
+    }
 }

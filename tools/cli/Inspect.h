@@ -1,8 +1,6 @@
 #pragma once
 
-#include "Input.h"
+#include "Arguments.h"
 
-#include <QIODevice>
-
-// Writes the tracks and the report as one JSON object, an event at a time, so that a long song needs no memory for it.
-void inspect(QVector<Track> &tracks, const std::optional<ImportReport> &report, QIODevice &out);
+// Prints the tracks of an input and the report of its import as one JSON object. Gives the exit status.
+int inspect(const Arguments &arguments);

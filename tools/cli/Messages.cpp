@@ -1,6 +1,7 @@
 #include "Messages.h"
 
 #include <cstdio>
+#include <utility>
 
 #ifdef Q_OS_WIN
 #include <io.h>
@@ -19,16 +20,37 @@ bool isTerminal()
 #endif
 }
 
+bool isBarOpen = false;
+
+void endBar()
+{
+    if (std::exchange(isBarOpen, false))
+        std::fputc('\n', stderr);
+}
+
 } // namespace
 
 void printFailure(const QString &file, const QString &message)
 {
+    endBar();
     std::fprintf(stderr, "kelvarion-composer-cli: %s: %s\n", qUtf8Printable(file), qUtf8Printable(message));
 }
 
 void printLine(const QString &line)
 {
     std::printf("%s\n", qUtf8Printable(line));
+}
+
+StandardOutput::StandardOutput()
+{
+    if (!file_.open(stdout, QIODevice::WriteOnly))
+        throw QStringLiteral("Could not write to standard output.");
+}
+
+void StandardOutput::finish()
+{
+    if (!file_.flush() || file_.error() != QFileDevice::NoError)
+        throw file_.errorString();
 }
 
 void printProgress(int done, int total)
@@ -38,5 +60,8 @@ void printProgress(int done, int total)
     constexpr int width = 40;
     const int filled = total > 0 ? width * done / total : width;
     const auto bar = QString(filled, u'#').leftJustified(width, u'.');
-    std::fprintf(stderr, "\r[%s] %d/%d%s", qUtf8Printable(bar), done, total, done == total ? "\n" : "");
+    std::fprintf(stderr, "\r[%s] %d/%d", qUtf8Printable(bar), done, total);
+    isBarOpen = true;
+    if (done == total)
+        endBar();
 }

@@ -1,10 +1,24 @@
 #pragma once
 
+#include <QFile>
 #include <QString>
 
 // Programs that read the output expect exactly one line a failure: "kelvarion-composer-cli: FILE: MESSAGE".
 void printFailure(const QString &file, const QString &message);
 void printLine(const QString &line);
+
+// Standard output as a device, for what is bytes or long. The constructor and finish() throw a QString when it cannot
+// be written.
+class StandardOutput
+{
+public:
+    StandardOutput();
+    QIODevice &device() { return file_; }
+    void finish();
+
+private:
+    QFile file_;
+};
 
 // A bar on standard error while long work goes on; silent when that is no terminal.
 void printProgress(int done, int total);

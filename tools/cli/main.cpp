@@ -1,36 +1,33 @@
 #include "Arguments.h"
 #include "Convert.h"
-#include "Input.h"
 #include "Inspect.h"
-#include "Messages.h"
+#include "Instruments.h"
+#include "Pak.h"
+#include "Render.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QLoggingCategory>
 
 #include <cstdio>
+#include <limits>
 #include <new>
 
 namespace {
 
-int inspectInput(const Arguments &arguments)
+constexpr int any = std::numeric_limits<int>::max();
+
+const std::vector<Command> &commands()
 {
-    const auto &path = arguments.inputs.first();
-    try {
-        auto input = readInput(path, arguments);
-        for (const auto &transform : arguments.transforms)
-            input.tracks = transform(input.tracks);
-        QFile out;
-        if (!out.open(stdout, QIODevice::WriteOnly))
-            throw QStringLiteral("Could not write to standard output.");
-        inspect(input.tracks, input.report, out);
-        if (!out.flush())
-            throw out.errorString();
-        return 0;
-    } catch (const QString &message) {
-        printFailure(path, message);
-        return 1;
-    }
+    static const std::vector<Command> table{
+        {"inspect", "INPUT", "", "transforms", 1, 1, inspect},
+        {"convert", "INPUT… --output DIR", "output", "transforms", 1, any, convert},
+        {"render", "INPUT… --game DIR --output OUT.wav [--instrument NAME] [--mods]", "game output",
+         "instrument mods transforms", 1, any, render},
+        {"instruments", "--game DIR [--mods] [--json]", "game", "mods json", 0, 0, listInstruments},
+        {"pak list", "PACKAGE", "", "", 1, 1, listPackage},
+        {"pak extract", "PACKAGE PATH [--output FILE]", "", "output", 2, 2, extractFromPackage},
+    };
+    return table;
 }
 
 } // namespace
@@ -41,10 +38,11 @@ int main(int argc, char **argv)
     // What a song's fields fall back to belongs to the developer's log, not between the lines of the output.
     QLoggingCategory::setFilterRules(QStringLiteral("kelvarion.*=false"));
     try {
-        const auto arguments = parseArguments(QCoreApplication::arguments());
-        return arguments.command == u"inspect" ? inspectInput(arguments) : convert(arguments);
+        const auto invocation = parseArguments(QCoreApplication::arguments(), commands());
+        return invocation.command->run(invocation.arguments);
     } catch (const WrongUsage &usage) {
-        std::fprintf(stderr, "kelvarion-composer-cli: %s\n\n%s", qUtf8Printable(usage.message), usageText);
+        std::fprintf(stderr, "kelvarion-composer-cli: %s\n\n%s", qUtf8Printable(usage.message),
+                     qUtf8Printable(usageText(commands())));
         return 2;
     } catch (const std::bad_alloc &) {
         std::fputs("kelvarion-composer-cli: out of memory\n", stderr);

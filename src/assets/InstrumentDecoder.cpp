@@ -1,0 +1,67 @@
+#include "assets/InstrumentDecoder.h"
+
+#include "assets/CostLimit.h"
+#include "assets/Logging.h"
+
+#include <utility>
+
+namespace {
+void warn(const QString &message)
+{
+    qCWarning(assetsLog).noquote() << message;
+}
+} // namespace
+
+void InstrumentDecoder::take(PlaceFiles files)
+{
+    if (running_.valid())
+        running_.get();
+    running_ = std::async(std::launch::async, [this, files = std::move(files)] { decode(files); });
+}
+
+InstrumentSet InstrumentDecoder::finish()
+{
+    if (running_.valid())
+        running_.get();
+    return std::exchange(found_, {});
+}
+
+void InstrumentDecoder::decode(const PlaceFiles &files)
+{
+    const CostLimit limit(files.size);
+    for (const auto &instrument : files.instruments) {
+        if (limit.isReached()) {
+            warn(QStringLiteral("Failed to load pak file: %1").arg(files.path));
+            return;
+        }
+        try {
+            decode(instrument);
+        } catch (const QString &message) {
+            warn(message);
+        }
+    }
+}
+
+void InstrumentDecoder::decode(const InstrumentFiles &files)
+{
+    const auto &item = files.item;
+    if (found_.contains(item.name))
+        return;
+    if (!files.tuning)
+        throw QStringLiteral("No tuning file found for instrument %1!").arg(item.name);
+    const auto tuning = readTuning(*files.tuning, item.kind, files.sampleBase);
+    found_.add({item.name, icon(files), tuning});
+}
+
+QImage InstrumentDecoder::icon(const InstrumentFiles &files)
+{
+    if (!files.icon) {
+        warn(QStringLiteral("No icon file found for instrument %1!").arg(files.item.name));
+        return {};
+    }
+    auto image = iconMemory_ > 0 ? decodeIcon(*files.icon) : QImage();
+    if (image.isNull())
+        warn(QStringLiteral("Could not read the icon %1 of instrument %2.").arg(files.iconPath, files.item.name));
+    iconMemory_ -= image.sizeInBytes();
+    return image;
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "assets/InstrumentSet.h"
+#include "assets/ItemReader.h"
+#include "assets/TuningReader.h"
+
+#include <future>
+#include <optional>
+#include <vector>
+
+// The files of one instrument as a package or directory has them.
+struct InstrumentFiles
+{
+    InstrumentItem item;
+    SampleBase sampleBase;
+    std::optional<QByteArray> tuning;
+    std::optional<QByteArray> icon;
+    QString iconPath;
+};
+
+// The files of all instruments in one place.
+struct PlaceFiles
+{
+    QString path;
+    qint64 size = 0; // bytes of the package, which bound what decoding it may cost
+    std::vector<InstrumentFiles> instruments;
+};
+
+// Makes instruments of their files on a thread of its own, while the next files are being read. What cannot be decoded
+// is a logged warning.
+class InstrumentDecoder
+{
+public:
+    // Waits until the files that it took before are done.
+    void take(PlaceFiles files);
+
+    // Waits for the end and gives everything that was found; of several instruments with one name the first that could
+    // be decoded.
+    InstrumentSet finish();
+
+private:
+    void decode(const PlaceFiles &files);
+    void decode(const InstrumentFiles &files);
+    QImage icon(const InstrumentFiles &files);
+
+    InstrumentSet found_;                  // belongs to the running thread
+    qint64 iconMemory_ = qint64(64) << 20; // bytes that the icons still to come may take; likewise
+    std::future<void> running_;            // last, so that its end is awaited first
+};

@@ -1,0 +1,3 @@
+#include "audio/Logging.h"
+
+Q_LOGGING_CATEGORY(audioLog, "kelvarion.audio")

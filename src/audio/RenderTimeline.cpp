@@ -1,0 +1,67 @@
+#include "audio/RenderTimeline.h"
+
+#include "audio/SampleCache.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+DspClock endOf(const VoiceSpec &voice)
+{
+    const auto outputFrames = std::ceil(double(voice.sound->frames()) / voice.ratio);
+    const auto longest = double(voice.fadeEnd - voice.start);
+    return outputFrames < longest ? voice.start + DspClock(outputFrames) : voice.fadeEnd;
+}
+
+} // namespace
+
+RenderTimeline::RenderTimeline(const std::vector<RenderTrack> &tracks, SampleCache &samples) : groups_(1)
+{
+    for (const auto &track : tracks) {
+        const GroupId group{std::uint32_t(groups_.size())};
+        groups_.push_back(track.level);
+        end_ = std::max(end_, track.playback.lastEventClock());
+        auto playback = track.playback;
+        while (const auto note = playback.takeNote(maxTicks)) {
+            auto voice = voiceFor(*note, group, samples);
+            if (!voice.sound)
+                continue;
+            end_ = std::max(end_, endOf(voice));
+            voices_.push_back(std::move(voice));
+        }
+    }
+    const auto isEarlier = [](const VoiceSpec &a, const VoiceSpec &b) { return a.start < b.start; };
+    std::stable_sort(voices_.begin(), voices_.end(), isEarlier);
+}
+
+std::shared_ptr<const Mix> RenderTimeline::mix(DspClock from, DspClock to)
+{
+    std::erase_if(sounding_, [from](const VoiceSpec &voice) { return endOf(voice) <= from; });
+    for (; nextVoice_ < voices_.size() && voices_[nextVoice_].start < to; ++nextVoice_)
+        sounding_.push_back(voices_[nextVoice_]);
+    return std::make_shared<const Mix>(Mix{groups_, sounding_});
+}
+
+RenderProgress::RenderProgress(const std::vector<RenderTrack> &tracks, Tell tell) : tell_(std::move(tell))
+{
+    for (const auto &track : tracks) {
+        tracks_.push_back(track.playback);
+        totalTicks_ = std::max(totalTicks_, track.playback.track().length());
+    }
+}
+
+void RenderProgress::passBlock(DspClock clock)
+{
+    auto currentTick = totalTicks_;
+    std::erase_if(tracks_, [&](TrackPlayback &track) {
+        const auto horizon = track.tickAt(clock);
+        currentTick = std::min(currentTick, horizon);
+        const bool isDone = track.isExhausted();
+        while (track.takeNote(horizon)) { // only the position counts
+        }
+        if (++visits_ % 64 == 0)
+            tell_(quint64(currentTick), quint64(totalTicks_));
+        return isDone;
+    });
+}

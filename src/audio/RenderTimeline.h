@@ -1,0 +1,55 @@
+#pragma once
+
+#include "audio/AudioEngine.h"
+#include "audio/TrackPlayback.h"
+
+#include <memory>
+#include <vector>
+
+class SampleCache;
+
+// A track of a render and what its group does to it.
+struct RenderTrack
+{
+    TrackPlayback playback; // starts at clock 0
+    GroupLevel level;
+};
+
+// All voices of a render, cut into spans that can be mixed apart. [render]
+class RenderTimeline
+{
+public:
+    RenderTimeline(const std::vector<RenderTrack> &tracks, SampleCache &samples);
+
+    // Where the last event has begun and the last voice has ended.
+    DspClock end() const { return end_; }
+
+    // The voices that sound in the clocks from … to, to exclusive. Spans must be asked for in rising order.
+    std::shared_ptr<const Mix> mix(DspClock from, DspClock to);
+
+private:
+    std::vector<GroupLevel> groups_;
+    std::vector<VoiceSpec> voices_; // by start; those of one group in the order of their track
+    std::size_t nextVoice_ = 0;
+    std::vector<VoiceSpec> sounding_;
+    DspClock end_ = 0;
+};
+
+// Tells how far a render has come, in ticks: blocks are passed one by one, and every 64th look at a track whose end is
+// still ahead is told. [render]
+class RenderProgress
+{
+public:
+    using Tell = std::function<void(quint64 currentTick, quint64 totalTicks)>;
+
+    RenderProgress(const std::vector<RenderTrack> &tracks, Tell tell);
+
+    // All tracks have sounded up to the clock.
+    void passBlock(DspClock clock);
+
+private:
+    std::vector<TrackPlayback> tracks_;
+    Tell tell_;
+    Ticks totalTicks_ = 0;
+    quint64 visits_ = 0;
+};

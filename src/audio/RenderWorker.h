@@ -1,0 +1,57 @@
+#pragma once
+
+#include "audio/AudioEngine.h"
+#include "audio/ParallelJobs.h"
+#include "audio/RenderTimeline.h"
+#include "audio/ResultChecker.h"
+#include "audio/SampleCache.h"
+
+#include <QObject>
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+// Makes an engine whose output is the wave file of that path: 48 kHz, stereo.
+using FileEngineFactory = std::function<std::unique_ptr<AudioEngine>(const QString &waveFile)>;
+
+// The part of a TrackRenderer that works on its render thread: places all notes on the clock, mixes the timeline span
+// by span on all cores and writes the spans in order. The bytes do not depend on the number of cores. The file appears
+// under its name when it is whole. Stops within milliseconds when its thread is asked to.
+class RenderWorker : public QObject
+{
+    Q_OBJECT
+
+public:
+    RenderWorker(const QString &fileName, FileEngineFactory makeEngine, std::size_t cores); // [ui]
+
+    // Only before the worker is moved to its thread. [ui]
+    void addTrack(const Track &track, const Instrument &instrument, float volume, float pan);
+
+signals: // [render]
+    void renderProgress(quint64 currentTick, quint64 totalTicks);
+    void loadingSample(const QString &samplePath);
+    // Why there is no file; before renderFinished.
+    void renderFailed(const QString &message);
+    void renderCancelled(); // instead of renderFailed
+    void renderFinished();
+
+public slots: // [render]
+    // The whole render; the worker deletes itself afterwards.
+    void __render();
+
+private: // [render]
+    void renderFile();
+    void refuseOverlong(DspClock end) const;
+    void writeTimeline(RenderTimeline &timeline);
+    void require(AudioResult result);
+
+    QString fileName_;
+    FileEngineFactory makeEngine_;
+    std::vector<RenderTrack> tracks_;
+    ResultChecker checker_;
+    std::unique_ptr<AudioEngine> engine_;
+    std::unique_ptr<SampleCache> samples_;
+    ParallelJobs jobs_; // behind what its jobs use
+};

@@ -1,0 +1,122 @@
+#include "audio/TrackPlayer.h"
+
+TrackPlayer::TrackPlayer(EngineFactory makeEngine, QObject *parent)
+    : QObject(parent), worker_(new PlayerWorker(std::move(makeEngine)))
+{
+    worker_->moveToThread(&thread_);
+    // Directly, since the interface thread may be waiting for the thread's end.
+    connect(worker_, &PlayerWorker::finished, &thread_, &QThread::quit, Qt::DirectConnection);
+    connect(&thread_, &QThread::finished, worker_, &QObject::deleteLater);
+    relaySignals();
+    connect(this, &TrackPlayer::__initialize, worker_, &PlayerWorker::initialize, Qt::QueuedConnection);
+    connect(this, &TrackPlayer::__terminate, worker_, &PlayerWorker::terminate, Qt::QueuedConnection);
+    thread_.start(QThread::TimeCriticalPriority);
+    emit __initialize();
+}
+
+TrackPlayer::~TrackPlayer()
+{
+    thread_.requestInterruption();
+    emit __terminate();
+    thread_.wait();
+}
+
+void TrackPlayer::relaySignals()
+{
+    connect(worker_, &PlayerWorker::finished, this, &TrackPlayer::finished);
+    connect(worker_, &PlayerWorker::trackStarted, this, &TrackPlayer::trackStarted);
+    connect(worker_, &PlayerWorker::trackStopped, this, &TrackPlayer::trackStopped);
+    connect(worker_, &PlayerWorker::allTracksStopped, this, &TrackPlayer::allTracksStopped);
+    connect(worker_, &PlayerWorker::trackPositionChanged, this, &TrackPlayer::trackPositionChanged);
+    connect(worker_, &PlayerWorker::masterMeter, this, &TrackPlayer::masterMeter);
+    connect(worker_, &PlayerWorker::trackMeter, this, &TrackPlayer::trackMeter);
+    connect(worker_, &PlayerWorker::notePressed, this, &TrackPlayer::notePressed);
+    connect(worker_, &PlayerWorker::noteReleased, this, &TrackPlayer::noteReleased);
+    connect(worker_, &PlayerWorker::loadingSample, this, &TrackPlayer::loadingSample);
+    connect(worker_, &PlayerWorker::outputChanged, this, &TrackPlayer::outputChanged);
+}
+
+// The arguments travel by value.
+template<typename Slot, typename... Arguments>
+void TrackPlayer::post(Slot slot, const Arguments &...arguments)
+{
+    const auto call = [worker = worker_, slot, arguments...] { (worker->*slot)(arguments...); };
+    QMetaObject::invokeMethod(worker_, call, Qt::QueuedConnection);
+}
+
+void TrackPlayer::playPreviewNote(const Instrument &instrument, quint32 noteId)
+{
+    post(&PlayerWorker::playPreviewNote, instrument, noteId);
+}
+
+void TrackPlayer::stopPreviewNote()
+{
+    post(&PlayerWorker::stopPreviewNote);
+}
+
+void TrackPlayer::playTrack(const QString &trackId, const Instrument &instrument, const Track &track, bool muted,
+                            float volume, float pan)
+{
+    post(&PlayerWorker::playTrack, trackId, instrument, track, muted, volume, pan);
+}
+
+void TrackPlayer::playTrackSynced(const QString &trackId, const QString &syncGroup, const Instrument &instrument,
+                                  const Track &track, bool muted, float volume, float pan)
+{
+    post(&PlayerWorker::playTrackSynced, trackId, syncGroup, instrument, track, muted, volume, pan);
+}
+
+void TrackPlayer::muteTrack(const QString &trackId, bool mute)
+{
+    post(&PlayerWorker::muteTrack, trackId, mute);
+}
+
+void TrackPlayer::changeInstrument(const QString &trackId, const Instrument &instrument)
+{
+    post(&PlayerWorker::changeInstrument, trackId, instrument);
+}
+
+void TrackPlayer::precacheInstrument(const Instrument &instrument, const Track &track)
+{
+    post(&PlayerWorker::precacheInstrument, instrument, track);
+}
+
+void TrackPlayer::setMasterVolume(float volume)
+{
+    post(&PlayerWorker::setMasterVolume, volume);
+}
+
+void TrackPlayer::setVolume(const QString &trackId, float volume)
+{
+    post(&PlayerWorker::setVolume, trackId, volume);
+}
+
+void TrackPlayer::setPan(const QString &trackId, float pan)
+{
+    post(&PlayerWorker::setPan, trackId, pan);
+}
+
+void TrackPlayer::seek(const QString &trackId, quint64 tickPos)
+{
+    post(&PlayerWorker::seek, trackId, tickPos);
+}
+
+void TrackPlayer::seekSynced(quint64 tickPos, const QString &syncGroup)
+{
+    post(&PlayerWorker::seekSynced, tickPos, syncGroup);
+}
+
+void TrackPlayer::seekAll(quint64 tickPos)
+{
+    post(&PlayerWorker::seekAll, tickPos);
+}
+
+void TrackPlayer::stopTrack(const QString &trackId)
+{
+    post(&PlayerWorker::stopTrack, trackId);
+}
+
+void TrackPlayer::stopAll()
+{
+    post(&PlayerWorker::stopAll);
+}

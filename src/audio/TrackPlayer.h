@@ -1,0 +1,62 @@
+#pragma once
+
+#include "audio/PlayerWorker.h"
+
+#include <QThread>
+
+// Sounds tracks and preview notes. Every request goes to a PlayerWorker on an audio thread of the player's own and
+// returns at once; what the worker tells comes back as the signal of the same name, in the player's thread. See
+// PlayerWorker for what they mean. [ui]
+class TrackPlayer : public QObject
+{
+    Q_OBJECT
+
+public:
+    // Playback is ready at once; requests wait until the engine is.
+    explicit TrackPlayer(EngineFactory makeEngine, QObject *parent = nullptr);
+    // Ends all playback and waits for the audio thread.
+    ~TrackPlayer() override;
+
+signals:
+    void finished();
+    void trackStarted(const QString &trackId);
+    void trackStopped(const QString &trackId);
+    void allTracksStopped();
+    void trackPositionChanged(const QString &trackId, quint64 position);
+    void masterMeter(float leftRMS, float rightRMS, float leftPeak, float rightPeak);
+    void trackMeter(const QString &trackId, float leftRMS, float rightRMS, float leftPeak, float rightPeak);
+    void notePressed(const QString &trackId, int eventIndex);
+    void noteReleased(const QString &trackId, int eventIndex);
+    void loadingSample(const QString &samplePath);
+    void outputChanged(const QString &problem);
+
+    void __initialize(); // to the worker
+    void __terminate();  // to the worker
+
+public slots:
+    void playPreviewNote(const Instrument &instrument, quint32 noteId);
+    void stopPreviewNote();
+    void playTrack(const QString &trackId, const Instrument &instrument, const Track &track, bool muted, float volume,
+                   float pan);
+    void playTrackSynced(const QString &trackId, const QString &syncGroup, const Instrument &instrument,
+                         const Track &track, bool muted, float volume, float pan);
+    void muteTrack(const QString &trackId, bool mute);
+    void changeInstrument(const QString &trackId, const Instrument &instrument);
+    void precacheInstrument(const Instrument &instrument, const Track &track);
+    void setMasterVolume(float volume);
+    void setVolume(const QString &trackId, float volume);
+    void setPan(const QString &trackId, float pan);
+    void seek(const QString &trackId, quint64 tickPos);
+    void seekSynced(quint64 tickPos, const QString &syncGroup);
+    void seekAll(quint64 tickPos);
+    void stopTrack(const QString &trackId);
+    void stopAll();
+
+private:
+    void relaySignals();
+    template<typename Slot, typename... Arguments>
+    void post(Slot slot, const Arguments &...arguments);
+
+    QThread thread_;
+    PlayerWorker *worker_; // lives on the thread and is deleted at its end
+};

@@ -1,0 +1,43 @@
+#include "audio/TrackRenderer.h"
+
+TrackRenderer::TrackRenderer(const QString &fileName, FileEngineFactory makeEngine, std::size_t cores, QObject *parent)
+    : QObject(parent), worker_(std::make_unique<RenderWorker>(fileName, std::move(makeEngine), cores))
+{
+}
+
+TrackRenderer::~TrackRenderer()
+{
+    thread_.requestInterruption();
+    thread_.quit();
+    thread_.wait();
+}
+
+void TrackRenderer::addTrack(const Track &track, const Instrument &instrument, float volume, float pan)
+{
+    worker_->addTrack(track, instrument, volume, pan);
+}
+
+void TrackRenderer::render()
+{
+    auto *const worker = worker_.release();
+    worker->moveToThread(&thread_);
+    // Directly, since the interface thread may be waiting for the thread's end.
+    connect(worker, &RenderWorker::renderFinished, &thread_, &QThread::quit, Qt::DirectConnection);
+    connect(&thread_, &QThread::finished, worker, &QObject::deleteLater);
+    connect(worker, &RenderWorker::renderProgress, this, &TrackRenderer::renderProgress);
+    connect(worker, &RenderWorker::loadingSample, this, &TrackRenderer::loadingSample);
+    connect(worker, &RenderWorker::renderFailed, this, &TrackRenderer::renderFailed);
+    connect(worker, &RenderWorker::renderCancelled, this, &TrackRenderer::renderCancelled);
+    connect(worker, &RenderWorker::renderFinished, this, &TrackRenderer::onRenderFinished);
+    connect(this, &TrackRenderer::__renderRequested, worker, &RenderWorker::__render, Qt::QueuedConnection);
+    thread_.start(QThread::TimeCriticalPriority);
+    isRunning_ = true;
+    emit __renderRequested();
+    emit renderStarted();
+}
+
+void TrackRenderer::onRenderFinished()
+{
+    isRunning_ = false;
+    emit renderFinished();
+}

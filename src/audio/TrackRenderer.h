@@ -1,0 +1,51 @@
+#pragma once
+
+#include "audio/RenderWorker.h"
+
+#include <QThread>
+
+#include <memory>
+
+// Writes tracks into one wave file (48 kHz, stereo), on a thread of its own and all cores, while the program goes on.
+// For one file; a finished renderer is thrown away. An existing file is replaced when the new one is whole; a render
+// that fails or is cancelled leaves what was there. [ui]
+class TrackRenderer : public QObject
+{
+    Q_OBJECT
+
+public:
+    TrackRenderer(const QString &fileName, FileEngineFactory makeEngine, std::size_t cores = ParallelJobs::allCores(),
+                  QObject *parent = nullptr);
+    // Cancels a render that is running.
+    ~TrackRenderer() override;
+
+    // Before render(). volume: linear, 1 is unity; pan: -1 left … 1 right.
+    void addTrack(const Track &track, const Instrument &instrument, float volume, float pan);
+
+    // Once.
+    void render();
+    // From render() until renderFinished.
+    bool isRunning() const { return isRunning_; }
+    // renderFinished follows at once; the file stays what it was.
+    void cancel() { thread_.requestInterruption(); }
+
+signals:
+    void renderStarted();
+    void renderProgress(quint64 currentTick, quint64 totalTicks);
+    void renderFinished();
+    // A sample is about to be read and decoded.
+    void loadingSample(const QString &samplePath);
+    // Why there is no file; renderFinished follows.
+    void renderFailed(const QString &message);
+    // There is no file, as cancel() asked for; renderFinished follows.
+    void renderCancelled();
+    void __renderRequested(); // to the worker
+
+private slots:
+    void onRenderFinished();
+
+private:
+    std::unique_ptr<RenderWorker> worker_; // until render(); then it lives on its thread and deletes itself
+    QThread thread_;
+    bool isRunning_ = false;
+};

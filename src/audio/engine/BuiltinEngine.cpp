@@ -1,0 +1,347 @@
+#include "audio/engine/BuiltinEngine.h"
+
+#include "audio/engine/DeviceOutput.h"
+#include "audio/engine/OfflineMix.h"
+#include "audio/engine/PacedOutput.h"
+#include "audio/engine/Resampler.h"
+#include "audio/engine/SampleDecoder.h"
+#include "audio/engine/VoiceTable.h"
+#include "audio/engine/WavWriter.h"
+
+#include <chrono>
+#include <cmath>
+
+namespace {
+
+constexpr int ownSampleRate = WavWriter::sampleRate; // where no device has one
+constexpr std::chrono::seconds deviceSearchInterval{2};
+
+using Time = std::chrono::steady_clock::time_point;
+Time now()
+{
+    return std::chrono::steady_clock::now();
+}
+
+} // namespace
+
+// What exists between initialize() and release(). The outputs come last, so that their threads end first.
+struct BuiltinEngine::Session
+{
+    Mixer mixer;
+    VoiceTable table;
+    int sampleRate = ownSampleRate;
+    std::vector<float> block; // of an output that mixes in update()
+    WavWriter file;
+    Time nextSearch;
+    PacedOutput paced;
+    DeviceOutput device{mixer};
+
+    void reap()
+    {
+        VoiceTable::Slot slot = 0;
+        while (mixer.takeFinished(slot))
+            table.giveBack(slot);
+    }
+
+    AudioResult openDevice();
+    AudioResult watchDevice();
+    void mixBlock()
+    {
+        block.resize(2 * mixerBlockFrames);
+        mixer.mix(block.data(), mixerBlockFrames);
+    }
+};
+
+AudioResult BuiltinEngine::Session::openDevice()
+{
+    if (!device.open(0)) {
+        nextSearch = now() + deviceSearchInterval;
+        paced.start(mixer, sampleRate);
+        return AudioResult::NoDevice;
+    }
+    sampleRate = device.sampleRate();
+    device.start();
+    return AudioResult::Ok;
+}
+
+AudioResult BuiltinEngine::Session::watchDevice()
+{
+    if (device.lost()) {
+        device.close();
+        nextSearch = now() + deviceSearchInterval;
+        paced.start(mixer, sampleRate);
+        return AudioResult::DeviceLost;
+    }
+    if (!device.isOpen() && now() >= nextSearch) {
+        // The new device takes over at the engine's rate, in which all clocks are counted.
+        if (device.open(sampleRate)) {
+            paced.stop();
+            device.start();
+        }
+        nextSearch = now() + deviceSearchInterval;
+    }
+    return AudioResult::Ok;
+}
+
+struct BuiltinEngine::Parts
+{
+    EngineOutput output;
+    std::filesystem::path wavFile;
+    std::unique_ptr<Session> session;
+    mutable Resampler resampler;
+
+    AudioResult openOutput();
+};
+
+AudioResult BuiltinEngine::Parts::openOutput()
+{
+    switch (output) {
+    case EngineOutput::Device:
+        return session->openDevice();
+    case EngineOutput::WavFile:
+        return session->file.open(wavFile) ? AudioResult::Ok : AudioResult::CannotWrite;
+    case EngineOutput::Paced:
+        session->paced.start(session->mixer, session->sampleRate);
+        return AudioResult::Ok;
+    case EngineOutput::Silent:
+        return AudioResult::Ok;
+    }
+    return AudioResult::InvalidArgument;
+}
+
+BuiltinEngine::BuiltinEngine(EngineOutput output, std::filesystem::path wavFile) : parts_(std::make_unique<Parts>())
+{
+    parts_->output = output;
+    parts_->wavFile = std::move(wavFile);
+}
+
+BuiltinEngine::~BuiltinEngine()
+{
+    release();
+}
+
+const char *BuiltinEngine::name() const
+{
+    return "Audio";
+}
+
+const char *BuiltinEngine::errorText(AudioResult result) const
+{
+    switch (result) {
+    case AudioResult::Ok:
+        return "No errors.";
+    case AudioResult::InvalidArgument:
+        return "An invalid parameter was passed.";
+    case AudioResult::NotInitialized:
+        return "The engine is not initialized.";
+    case AudioResult::NoDevice:
+        return "There is no sound device.";
+    case AudioResult::DeviceLost:
+        return "The sound device was lost.";
+    case AudioResult::UnknownGroup:
+        return "There is no such group.";
+    case AudioResult::TooManyGroups:
+        return "There are too many groups.";
+    case AudioResult::TooManyVoices:
+        return "Too many notes sound at once.";
+    case AudioResult::QueueFull:
+        return "The mixer did not keep up with the commands.";
+    case AudioResult::UnreadableSample:
+        return "The sample cannot be decoded.";
+    case AudioResult::SampleTooLong:
+        return "The sample is too long.";
+    case AudioResult::CannotWrite:
+        return "The wave file cannot be written.";
+    }
+    return "Unknown error.";
+}
+
+AudioResult BuiltinEngine::initialize()
+{
+    release();
+    parts_->session = std::make_unique<Session>();
+    const auto result = parts_->openOutput();
+    if (result == AudioResult::CannotWrite)
+        parts_->session.reset();
+    return result;
+}
+
+AudioResult BuiltinEngine::release()
+{
+    if (!parts_->session)
+        return AudioResult::NotInitialized;
+    const bool complete = parts_->session->file.close();
+    parts_->session.reset();
+    return complete ? AudioResult::Ok : AudioResult::CannotWrite;
+}
+
+AudioResult BuiltinEngine::update()
+{
+    if (!parts_->session)
+        return AudioResult::NotInitialized;
+    auto &session = *parts_->session;
+    auto result = AudioResult::Ok;
+    switch (parts_->output) {
+    case EngineOutput::Device:
+        result = session.watchDevice();
+        break;
+    case EngineOutput::WavFile:
+        session.mixBlock();
+        result = session.file.write(session.block) ? AudioResult::Ok : AudioResult::CannotWrite;
+        break;
+    case EngineOutput::Silent:
+        session.mixBlock();
+        break;
+    case EngineOutput::Paced:
+        break;
+    }
+    session.reap();
+    return result;
+}
+
+OutputState BuiltinEngine::outputState() const
+{
+    const bool lacksDevice =
+        parts_->output == EngineOutput::Device && !(parts_->session && parts_->session->device.isOpen());
+    return lacksDevice ? OutputState::NoDevice : OutputState::Running;
+}
+
+int BuiltinEngine::sampleRate() const
+{
+    return parts_->session ? parts_->session->sampleRate : ownSampleRate;
+}
+
+std::size_t BuiltinEngine::blockFrames() const
+{
+    return mixerBlockFrames;
+}
+
+DspClock BuiltinEngine::clock() const
+{
+    return parts_->session ? parts_->session->mixer.clock() : 0;
+}
+
+std::size_t BuiltinEngine::playingVoices() const
+{
+    return parts_->session ? parts_->session->table.taken() : 0;
+}
+
+AudioResult BuiltinEngine::createGroup(GroupId &group)
+{
+    if (!parts_->session)
+        return AudioResult::NotInitialized;
+    const auto opened = parts_->session->table.openGroup();
+    if (!opened)
+        return AudioResult::TooManyGroups;
+    parts_->session->mixer.openGroup(*opened);
+    group = *opened;
+    return AudioResult::Ok;
+}
+
+AudioResult BuiltinEngine::checkGroup(GroupId group) const
+{
+    if (!parts_->session)
+        return AudioResult::NotInitialized;
+    return parts_->session->table.isOpen(group) ? AudioResult::Ok : AudioResult::UnknownGroup;
+}
+
+AudioResult BuiltinEngine::setGroupLevel(GroupId group, GroupLevel level)
+{
+    if (!(level.volume >= 0) || !std::isfinite(level.volume) || !(std::abs(level.pan) <= 1))
+        return AudioResult::InvalidArgument;
+    const auto result = checkGroup(group);
+    if (result == AudioResult::Ok)
+        parts_->session->mixer.setGains(group, sideGains(level));
+    return result;
+}
+
+AudioResult BuiltinEngine::stopGroup(GroupId group)
+{
+    if (const auto result = checkGroup(group); result != AudioResult::Ok)
+        return result;
+    return parts_->session->mixer.stopGroup(group) ? AudioResult::Ok : AudioResult::QueueFull;
+}
+
+AudioResult BuiltinEngine::releaseGroup(GroupId group)
+{
+    if (group == masterGroup)
+        return AudioResult::InvalidArgument;
+    const auto result = checkGroup(group);
+    if (result == AudioResult::Ok)
+        parts_->session->table.closeGroup(group);
+    return result;
+}
+
+MeterReading BuiltinEngine::groupMeter(GroupId group)
+{
+    return checkGroup(group) == AudioResult::Ok ? parts_->session->mixer.meter(group) : MeterReading{};
+}
+
+AudioResult BuiltinEngine::play(const VoiceSpec &spec, VoiceId &voice)
+{
+    if (const auto result = checkGroup(spec.group); result != AudioResult::Ok)
+        return result;
+    VoiceShape shape;
+    if (const auto result = shapeOf(spec, shape); result != AudioResult::Ok)
+        return result;
+    auto &session = *parts_->session;
+    const auto slot = session.table.take(spec.sound, spec.group);
+    if (!slot)
+        return AudioResult::TooManyVoices;
+    if (!session.mixer.play(*slot, spec.group, shape)) {
+        session.table.giveBack(*slot);
+        return AudioResult::QueueFull;
+    }
+    voice = session.table.idOf(*slot);
+    return AudioResult::Ok;
+}
+
+AudioResult BuiltinEngine::fadeOut(VoiceId voice, std::size_t frames)
+{
+    if (!parts_->session)
+        return AudioResult::NotInitialized;
+    const auto slot = parts_->session->table.find(voice);
+    if (!slot)
+        return AudioResult::Ok;
+    return parts_->session->mixer.fadeOut(*slot, frames) ? AudioResult::Ok : AudioResult::QueueFull;
+}
+
+bool BuiltinEngine::isPlaying(VoiceId voice) const
+{
+    return parts_->session && parts_->session->table.find(voice).has_value();
+}
+
+AudioResult BuiltinEngine::decode(std::span<const std::byte> bytes, Sound &sound) const
+{
+    return decodeSample(bytes, sound);
+}
+
+AudioResult BuiltinEngine::resample(const SoundData &source, double ratio, std::size_t maxFrames, Sound &sound) const
+{
+    return parts_->resampler.resample(source, ratio, maxFrames, sound);
+}
+
+AudioResult BuiltinEngine::mixSpan(const Mix &mix, DspClock from, std::span<float> stereo) const
+{
+    return mixOffline(mix, from, stereo);
+}
+
+AudioResult BuiltinEngine::write(std::span<const float> stereo)
+{
+    if (!parts_->session)
+        return AudioResult::NotInitialized;
+    if (parts_->output != EngineOutput::WavFile || stereo.size() % 2 != 0)
+        return AudioResult::InvalidArgument;
+    parts_->session->mixer.skip(stereo.size() / 2);
+    return parts_->session->file.write(stereo) ? AudioResult::Ok : AudioResult::CannotWrite;
+}
+
+std::span<const float> BuiltinEngine::lastBlock() const
+{
+    return parts_->session ? std::span<const float>(parts_->session->block) : std::span<const float>();
+}
+
+std::uint64_t BuiltinEngine::underruns() const
+{
+    return parts_->session ? parts_->session->paced.underruns() : 0;
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "audio/AudioEngine.h"
+#include "audio/engine/SincKernel.h"
+
+#include <map>
+#include <memory>
+#include <mutex>
+
+// Makes sounds that play at ratio 1 what their source plays at another ratio, with a FineKernel. Kernels are kept,
+// since a song uses few of them. [any]
+class Resampler
+{
+public:
+    // As AudioEngine::resample().
+    AudioResult resample(const SoundData &source, double ratio, std::size_t maxFrames, Sound &sound);
+
+private:
+    std::shared_ptr<const FineKernel> kernelFor(double ratio);
+
+    std::mutex mutex_;
+    std::map<std::pair<int, double>, std::shared_ptr<const FineKernel>> kernels_; // by taps and cut-off
+};

@@ -1,0 +1,456 @@
+#include "LoggedLines.h"
+#include "SampleFiles.h"
+#include "VirtualPlayer.h"
+
+#include <QtTest>
+
+namespace {
+
+const auto a = QStringLiteral("a");
+const auto b = QStringLiteral("b");
+const auto noGroup = QString();
+
+constexpr DspClock leadIn = 4800;          // 100 ms
+constexpr Ticks quarter = ticksPerQuarter; // 24000 samples at the default tempo
+
+Track clicks(int count, Ticks distance = quarter)
+{
+    QVector<TrackEvent> events;
+    for (int i = 0; i < count; ++i)
+        events.append(TrackEvent::note(60, i * distance, distance / 2));
+    return trackOf(events);
+}
+
+} // namespace
+
+class TestPlayerWorker : public QObject
+{
+    Q_OBJECT
+
+    const SampleFiles files_;
+    const QString click_ = files_.click();
+
+    static void playTrack(VirtualPlayer &player, const QString &id, const Track &track, const Instrument &instrument)
+    {
+        player.worker.playTrack(id, instrument, track, false, 1, 0);
+    }
+
+private slots:
+    void signalsComeInTheirOrder()
+    {
+        VirtualPlayer player;
+        playTrack(player, a, clicks(2), instrumentOf(click_));
+        player.passes(1);
+        QCOMPARE(player.toldWithMeters, list("started a, loading click.wav"));
+        player.play(leadIn + 60000);
+        QCOMPARE(player.told,
+                 list("started a, loading click.wav, pressed a 0, released a 0, pressed a 1, stopped a, released a 1"));
+
+        // Passes are 10.67 ms apart: the third is the first more than 25 ms after the last meters.
+        const auto meters = list("master, position a, meter a");
+        QCOMPARE(player.toldWithMeters.mid(2, 6), meters + meters);
+        player.toldWithMeters.clear();
+        player.passes(6);
+        QCOMPARE(player.toldWithMeters, list("master, master"));
+    }
+
+    void notesSoundOnTheirSample()
+    {
+        VirtualPlayer player;
+        player.passes(7);
+        const auto start = player.engine->clock() + leadIn;
+        playTrack(player, a, clicks(3), instrumentOf(click_));
+        player.play(leadIn + 80000);
+        QCOMPARE(player.onsets(), std::vector<DspClock>({start, start + 24000, start + 48000}));
+        QCOMPARE(player.left[start], float(0.5 * std::sqrt(0.5)));
+    }
+
+    // An hour of music whose tempo changes all the time; the samples a tick are dyadic, so whole numbers give them.
+    void anHourOnTheSample()
+    {
+        constexpr DspClock hour = DspClock(60) * 60 * 48000;
+        const QVector<std::pair<qint64, DspClock>> tempos{
+            {1'152'000, 20}, {1'280'000, 18}, {960'000, 24}, {1'536'000, 15}};
+        QVector<TrackEvent> events;
+        std::vector<DspClock> expected;
+        Ticks tick = 0;
+        DspClock clock = leadIn;
+        for (int i = 0; clock < hour; ++i) {
+            const auto &[ticksPerMinute, eighthsOfSamples] = tempos[i % 4];
+            events.append(tempoEvent(tick, ticksPerMinute));
+            events.append(TrackEvent::note(60, tick, 100));
+            expected.push_back(clock);
+            const auto distance = Ticks(4000 + 8 * (i % 101));
+            tick += distance;
+            clock += DspClock(distance) * eighthsOfSamples / 8;
+        }
+        VirtualPlayer player;
+        player.keepsAudio = false;
+        playTrack(player, a, trackOf(events), instrumentOf(click_));
+        std::vector<DspClock> found;
+        while (player.engine->clock() < hour + 48000) {
+            const auto blockStart = player.engine->clock();
+            player.passes(1);
+            const auto block = player.engine->lastBlock();
+            for (std::size_t frame = 0; frame < block.size() / 2; ++frame) {
+                if (block[2 * frame] != 0)
+                    found.push_back(blockStart + frame);
+            }
+        }
+        QVERIFY(expected.size() > 15000);
+        QCOMPARE(found.size(), expected.size());
+        QVERIFY(found == expected);
+        QCOMPARE(player.toldOf("released").size(), int(expected.size()));
+        QCOMPARE(player.count("stopped a"), 1);
+    }
+
+    void lateNotesAreDropped()
+    {
+        VirtualPlayer player;
+        playTrack(player, a, clicks(4), instrumentOf(click_));
+        player.passes(1);
+        while (player.engine->clock() < leadIn + 30000)
+            player.engine->update(); // the mixer runs on while the worker is held up
+        player.play(60000);
+        QCOMPARE(player.count("pressed a 0"), 1); // it was scheduled in time
+        QCOMPARE(player.count("pressed a 1"), 0);
+        QCOMPARE(player.count("pressed a 2"), 1);
+        QCOMPARE(player.count("pressed a 3"), 1);
+    }
+
+    void seekMovesTheTrack()
+    {
+        VirtualPlayer player;
+        const auto level = instrumentOf(files_.level(16384, 12000), 0);
+        playTrack(player, a, clicks(40), level);
+        player.play(leadIn + 6000); // within the first note
+        auto now = player.engine->clock();
+        player.worker.seek(a, 10 * quarter);
+        player.play(20000);
+        QVERIFY(player.left[now - 1] > 0.3F && player.left[leadIn + 11999] > 0); // the sounding note was left alone
+        QVERIFY(player.left[now] > 0.6F); // and the new one is there in the very next sample
+        QCOMPARE(player.count("pressed a 10"), 1);
+        QCOMPARE(player.count("pressed a 1"), 0);
+
+        now = player.engine->clock();
+        player.worker.seekAll(2 * quarter + 1); // back; the note at the quarter itself is past
+        player.play(24000 + 6000);
+        QCOMPARE(player.count("pressed a 2"), 0);
+        QCOMPARE(player.count("pressed a 3"), 1);
+        QVERIFY(player.left[now + 23998] > 0.3F);
+        QVERIFY(player.position > quint64(2 * quarter) && player.position < quint64(4 * quarter));
+    }
+
+    void syncGroupsMoveTogether()
+    {
+        VirtualPlayer player;
+        const auto group = QStringLiteral("Main");
+        const auto instrument = instrumentOf(click_);
+        player.worker.playTrackSynced(a, group, instrument, clicks(20), false, 1, 0);
+        player.passes(2); // the mixer goes on between the two requests
+        player.worker.playTrackSynced(b, group, instrument, clicks(20), false, 1, 0);
+        playTrack(player, QStringLiteral("other"), clicks(20, quarter * 3), instrument);
+        player.play(leadIn + 10000);
+        QCOMPARE(player.onsets(), std::vector<DspClock>({leadIn, leadIn + 1024}));
+        QCOMPARE(player.left[leadIn], 2 * player.left[leadIn + 1024]);
+
+        player.worker.seekSynced(15 * quarter, group);
+        player.passes(8);
+        QVERIFY(player.count("pressed a 15") == 1 && player.count("pressed b 15") == 1);
+        QCOMPARE(player.count("pressed other 1"), 0);
+        player.play(3 * 24000);
+        QCOMPARE(player.count("pressed other 1"), 1);
+    }
+
+    void mutedTracksGoOnSilently()
+    {
+        VirtualPlayer player;
+        player.worker.playTrack(a, instrumentOf(click_), clicks(4), true, 1, 0);
+        playTrack(player, b, clicks(4), instrumentOf(click_));
+        player.play(leadIn + 30000);
+        QCOMPARE(player.toldOf("pressed a"), QStringList());
+        QVERIFY(player.position > quint64(quarter)); // b's, or a's: both tell the same
+        player.worker.muteTrack(a, false);
+        player.worker.muteTrack(b, true);
+        player.play(70000);
+        QCOMPARE(player.toldOf("pressed a"), list("pressed a 2, pressed a 3"));
+        QCOMPARE(player.toldOf("pressed b"), list("pressed b 0, pressed b 1"));
+        QCOMPARE(player.toldOf("stopped"), list("stopped a, stopped b"));
+    }
+
+    void aNewInstrumentIsForNotesToCome()
+    {
+        VirtualPlayer player;
+        playTrack(player, a, clicks(2), instrumentOf(files_.level(8192, 1)));
+        player.play(leadIn + 24000 - 3 * 512); // the second note is scheduled already
+        player.worker.changeInstrument(a, instrumentOf(files_.level(16384, 1)));
+        player.play(leadIn);
+        QCOMPARE(player.left[leadIn + 24000], player.left[leadIn]);
+
+        playTrack(player, a, clicks(2), instrumentOf(files_.level(8192, 1)));
+        const auto start = player.engine->clock() + leadIn;
+        player.play(leadIn + 10000);
+        player.worker.changeInstrument(a, instrumentOf(files_.level(16384, 1)));
+        player.play(24000);
+        QCOMPARE(player.left[start + 24000], 2 * player.left[start]);
+    }
+
+    void tracksEndWithTheLongest()
+    {
+        VirtualPlayer player;
+        const auto instrument = instrumentOf(click_);
+        playTrack(player, a, clicks(1), instrument);
+        playTrack(player, b, clicks(4), instrument);
+        player.play(leadIn + 3 * 24000);
+        QCOMPARE(player.toldOf("stopped"), QStringList());
+        player.play(24000);
+        QCOMPARE(player.toldOf("stopped"), list("stopped a, stopped b"));
+
+        // The length stays after an end like that, and goes with the last track that is stopped.
+        playTrack(player, a, clicks(1), instrument);
+        player.play(leadIn + 3 * 24000);
+        QCOMPARE(player.count("stopped a"), 1);
+        player.worker.stopTrack(a);
+        QCOMPARE(player.told.last(), QStringLiteral("stopped a"));
+        playTrack(player, a, clicks(1), instrument);
+        player.play(leadIn + 13000);
+        QCOMPARE(player.count("stopped a"), 3);
+        QCOMPARE(player.count("all stopped"), 0);
+        player.worker.stopAll();
+        QCOMPARE(player.told.last(), QStringLiteral("all stopped"));
+    }
+
+    void stoppingSilences()
+    {
+        VirtualPlayer player;
+        const auto level = instrumentOf(files_.level(16384, 48000));
+        playTrack(player, a, clicks(4), level);
+        playTrack(player, b, clicks(4), level);
+        player.play(leadIn + 24000 - 512); // the second notes are scheduled
+        player.worker.stopAll();
+        QCOMPARE(player.told.mid(player.told.size() - 3), list("stopped a, stopped b, all stopped"));
+        const auto soon = player.engine->clock() + 1024;
+        const auto toldBefore = player.told.size();
+        player.play(48000);
+        QVERIFY(player.onsets().back() < soon);
+        QCOMPARE(player.told.size(), toldBefore);
+        QCOMPARE(player.engine->playingVoices(), std::size_t(0));
+    }
+
+    void unknownTracksAreLeftAlone()
+    {
+        VirtualPlayer player;
+        const LoggedLines logged;
+        player.worker.seek(a, 5);
+        player.worker.setVolume(a, 1);
+        player.worker.setPan(a, 0);
+        player.worker.muteTrack(a, true);
+        player.worker.changeInstrument(a, {});
+        player.worker.stopTrack(a);
+        QCOMPARE(player.told, QStringList());
+        QCOMPARE(logged.count(), 0);
+    }
+
+    void volumeAndPanReachTheGroup()
+    {
+        VirtualPlayer player;
+        player.worker.playTrack(a, instrumentOf(click_), clicks(3), false, 0.5F, 0);
+        player.play(leadIn + 512);
+        player.worker.setPan(a, 0.5F);
+        player.play(24000);
+        player.worker.setVolume(a, 1);
+        player.worker.setMasterVolume(0.25F);
+        player.play(24000);
+        const auto full = float(0.5 * std::sqrt(0.5));
+        QCOMPARE(player.left[leadIn], full * 0.5F);
+        QCOMPARE(player.left[leadIn + 24000], full * 0.25F);
+        QCOMPARE(player.left[leadIn + 48000], full * 0.125F);
+    }
+
+    void precachingLoadsWhatTheNotesNeed()
+    {
+        auto instrument = instrumentOf(click_);
+        instrument.tuning.notes[61].files = QStringList(files_.level(100, 50));
+        instrument.tuning.notes[62].files = QStringList(files_.level(101, 50));
+        instrument.tuning.notes[62].rate = 1.25;
+        const auto track = trackOf({TrackEvent::note(60, 0, 10), TrackEvent::note(62, 10, 10),
+                                    TrackEvent::note(60, 20, 10), TrackEvent::note(62, 20, 4000)});
+        VirtualPlayer player;
+        player.worker.precacheInstrument(instrument, track);
+        auto loaded = player.told;
+        loaded.sort();
+        QCOMPARE(loaded, list("loading click.wav, loading level-101-50.wav"));
+        playTrack(player, a, track, instrument);
+        player.play(leadIn + 5000);
+        QCOMPARE(player.toldOf("loading").size(), 2);
+        QCOMPARE(player.toldOf("pressed").size(), 4);
+    }
+
+    void previewNotes()
+    {
+        VirtualPlayer player;
+        const auto instrument = instrumentOf(files_.level(16384, 48000), 0.01);
+        player.worker.stopPreviewNote();
+        player.worker.playPreviewNote(instrument, 200); // no such pitch
+        player.passes(1);
+        player.worker.playPreviewNote(instrument, 60);
+        player.passes(4);
+        player.worker.stopPreviewNote();
+        player.passes(4);
+        QCOMPARE(player.onsets().front(), DspClock(512));
+        QCOMPARE(player.left[5 * 512 - 1], player.left[512]);
+        QVERIFY(player.left[5 * 512 + 240] < 0.6F * player.left[512]);
+        QVERIFY(player.onsets().back() < 5 * 512 + 481);
+        QCOMPARE(player.told, list("loading level-16384-48000.wav"));
+    }
+
+    void badSamplesAreSilent()
+    {
+        const auto junk = files_.write(QStringLiteral("junk.ogg"), QByteArray(1000, 'x'));
+        auto instrument = instrumentOf(click_);
+        instrument.tuning.notes[50].files = QStringList(junk);
+        instrument.tuning.notes[51].files = QStringList(files_.path(QStringLiteral("missing.wav")));
+        instrument.tuning.notes[52].files = QStringList(QStringLiteral("pak://nowhere"));
+        instrument.tuning.notes[53].files.clear();
+        instrument.tuning.notes[54].rate = -1;
+        instrument.tuning.notes[55].rate = 1e200;
+        instrument.tuning.notes.remove(56);
+        QVector<TrackEvent> events;
+        for (int i = 0; i < 30; ++i)
+            events.append(TrackEvent::note(quint32(50 + i % 8), i * 1000, 500));
+
+        VirtualPlayer player;
+        const LoggedLines logged;
+        player.worker.precacheInstrument(instrument, trackOf(events));
+        playTrack(player, a, trackOf(events), instrument);
+        player.play(leadIn + 80000);
+        QCOMPARE(logged.count("junk.ogg: "), 1);
+        QCOMPARE(logged.count("missing.wav: "), 1);
+        QCOMPARE(logged.count("pak://nowhere: Invalid pak:// filename"), 1);
+        QCOMPARE(logged.count("click.wav at rate 1e+200: "), 1);
+        QCOMPARE(logged.count(), 4);
+        QCOMPARE(player.toldOf("pressed"), list("pressed a 7, pressed a 15, pressed a 23"));
+        QCOMPARE(player.told.last(), QStringLiteral("stopped a"));
+    }
+
+    void strangeTracksDoNotHang_data()
+    {
+        QTest::addColumn<Track>("track");
+        QTest::addColumn<int>("pressed");
+        const auto note = [](Ticks start, Ticks length = 100) { return TrackEvent::note(60, start, length); };
+        QTest::newRow("tempo 0") << trackOf({note(0), tempoEvent(100, 0), note(1000)}, 0) << 2;
+        QTest::newRow("a note at 2^60") << trackOf({note(0), note(maxTicks)}) << 1;
+        QTest::newRow("a note until 2^60") << trackOf({note(0, maxTicks), note(5)}) << 2;
+        QTest::newRow("ten hours' rest") << trackOf({note(0), note(Ticks(600) * defaultTicksPerMinute)}) << 1;
+        QTest::newRow("a tempo of 2^60") << trackOf({note(0), note(maxTicks / 2)}, maxTicks) << 1;
+        QTest::newRow("a tempo of 1") << trackOf({note(0), note(1)}, 1) << 1;
+        QTest::newRow("nothing") << Track() << 0;
+    }
+
+    void strangeTracksDoNotHang()
+    {
+        QFETCH(const Track, track);
+        QFETCH(const int, pressed);
+        VirtualPlayer player;
+        const auto instrument = instrumentOf(click_, 1e300, 1.1);
+        player.worker.precacheInstrument(instrument, track);
+        playTrack(player, a, track, instrument);
+        player.play(leadIn + 48000);
+        player.worker.seekAll(~quint64(0));
+        player.passes(5);
+        player.worker.seekAll(0);
+        player.passes(5);
+        QVERIFY(player.toldOf("pressed").size() >= pressed);
+        player.worker.stopAll();
+        QCOMPARE(player.told.last(), QStringLiteral("all stopped"));
+    }
+
+    // More notes at once than there are voices: the rest is dropped, and the log says so once.
+    void tooManyNotes()
+    {
+        VirtualPlayer player;
+        const LoggedLines logged;
+        playTrack(player, a, trackOf(QVector<TrackEvent>(10000, TrackEvent::note(60, 0, 100))), instrumentOf(click_));
+        player.passes(1);
+        QCOMPARE(logged.count(), 1);
+        QCOMPARE(logged.count("Audio Error: Too many notes sound at once.\n"), 1);
+        player.play(leadIn);
+        QCOMPARE(player.toldOf("pressed").size(), int(maxVoices));
+    }
+
+    void exceptionsEndAtTheSlot()
+    {
+        class FailingEngine : public BuiltinEngine
+        {
+        public:
+            FailingEngine() : BuiltinEngine(EngineOutput::Silent) {}
+            AudioResult decode(std::span<const std::byte>, Sound &) const override { throw std::bad_alloc(); }
+        };
+        const LoggedLines logged;
+        PlayerWorker worker([] { return std::make_unique<FailingEngine>(); });
+        worker.initialize();
+        worker.playPreviewNote(instrumentOf(click_), 60);
+        worker.precacheInstrument(instrumentOf(click_), clicks(1));
+        QCOMPARE(logged.count("std::bad_alloc"), 2);
+        worker.terminate();
+
+        PlayerWorker engineless([]() -> std::unique_ptr<AudioEngine> { throw QStringLiteral("no engine today"); });
+        engineless.initialize();
+        engineless.playTrack(a, instrumentOf(click_), clicks(1), false, 1, 0);
+        engineless.update();
+        QCOMPARE(logged.count("no engine today"), 1);
+        const QSignalSpy finished(&engineless, &PlayerWorker::finished);
+        engineless.terminate();
+        QCOMPARE(finished.size(), 1);
+    }
+
+    void aLostDeviceIsTold()
+    {
+        class UnpluggedEngine : public BuiltinEngine
+        {
+        public:
+            UnpluggedEngine() : BuiltinEngine(EngineOutput::Silent) {}
+            OutputState outputState() const override { return state; }
+            AudioResult update() override
+            {
+                BuiltinEngine::update();
+                return std::exchange(next, AudioResult::Ok);
+            }
+            OutputState state = OutputState::Running;
+            AudioResult next = AudioResult::Ok;
+        };
+        UnpluggedEngine *engine = nullptr;
+        const LoggedLines logged;
+        PlayerWorker worker([&engine] {
+            auto made = std::make_unique<UnpluggedEngine>();
+            engine = made.get();
+            return made;
+        });
+        QStringList problems;
+        connect(&worker, &PlayerWorker::outputChanged, this, [&](const QString &text) { problems.append(text); });
+        worker.initialize();
+        worker.update();
+        engine->state = OutputState::NoDevice;
+        engine->next = AudioResult::DeviceLost;
+        worker.update();
+        worker.update();
+        engine->state = OutputState::Running;
+        worker.update();
+        QCOMPARE(problems, QStringList({QStringLiteral("There is no sound device."), QString()}));
+        QCOMPARE(logged.count("Audio Error: The sound device was lost.\n"), 1);
+        worker.terminate();
+    }
+
+    void terminateMustComeFirst()
+    {
+        const LoggedLines logged;
+        {
+            PlayerWorker worker([] { return std::make_unique<BuiltinEngine>(EngineOutput::Silent); });
+            worker.initialize();
+        }
+        QCOMPARE(logged.count("PlayerWorker::terminate() was not invoked before destruction!"), 1);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestPlayerWorker)
+#include "test_player_worker.moc"

@@ -1,0 +1,81 @@
+#include "RandomRequests.h"
+#include "audio/TrackPlayer.h"
+#include "audio/engine/BuiltinEngine.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+
+namespace {
+
+std::unique_ptr<AudioEngine> pacedEngine()
+{
+    return std::make_unique<BuiltinEngine>(EngineOutput::Paced);
+}
+
+} // namespace
+
+class TestTrackPlayer : public QObject
+{
+    Q_OBJECT
+
+    RandomRequests requests_;
+
+private slots:
+    void requestsGoOutAndSignalsComeBack()
+    {
+        TrackPlayer player(pacedEngine);
+        QStringList told;
+        const auto tell = [&told](const char *what) { told.append(QString::fromLatin1(what)); };
+        connect(&player, &TrackPlayer::loadingSample, this, [&] { tell("loading"); });
+        connect(&player, &TrackPlayer::trackStarted, this, [&] { tell("started"); });
+        connect(&player, &TrackPlayer::notePressed, this, [&] { tell("pressed"); });
+        connect(&player, &TrackPlayer::noteReleased, this, [&] { tell("released"); });
+        connect(&player, &TrackPlayer::trackStopped, this, [&] { tell("stopped"); });
+        connect(&player, &TrackPlayer::allTracksStopped, this, [&] { tell("all stopped"); });
+        QSignalSpy meters(&player, &TrackPlayer::trackMeter);
+        QSignalSpy positions(&player, &TrackPlayer::trackPositionChanged);
+
+        const auto instrument = requests_.anyInstrument();
+        const auto track = trackOf({TrackEvent::note(60, 0, 2000), TrackEvent::note(60, 2 * ticksPerWholeNote, 9)});
+        player.precacheInstrument(instrument, track);
+        player.playTrack(QStringLiteral("a"), instrument, track, false, 1, 0);
+        QVERIFY(told.isEmpty());
+        QTRY_VERIFY(told.contains(QStringLiteral("released")));
+        player.stopAll();
+        QTRY_VERIFY(told.contains(QStringLiteral("all stopped")));
+        QCOMPARE(told.join(u' '), QStringLiteral("loading started pressed released stopped all stopped"));
+        QVERIFY(meters.size() > 2 && positions.size() == meters.size());
+        QVERIFY(meters.last().at(1).toFloat() > 0);
+        QVERIFY(positions.last().at(1).toULongLong() >= 2000);
+    }
+
+    void randomRequests()
+    {
+        TrackPlayer player(pacedEngine);
+        const QSignalSpy pressed(&player, &TrackPlayer::notePressed);
+        const QSignalSpy started(&player, &TrackPlayer::trackStarted);
+        const QSignalSpy stopped(&player, &TrackPlayer::trackStopped);
+        for (int i = 0; i < 300; ++i) {
+            requests_.next<TrackPlayer>()(player);
+            QTest::qWait(int(requests_.pick(8)));
+        }
+        QSignalSpy allStopped(&player, &TrackPlayer::allTracksStopped);
+        player.stopAll();
+        QVERIFY(allStopped.wait());
+        QVERIFY(started.size() > 10 && stopped.size() <= started.size());
+        QVERIFY(pressed.size() > 10);
+    }
+
+    void goneWhilePlaying()
+    {
+        for (int i = 0; i < 5; ++i) {
+            TrackPlayer player(pacedEngine);
+            player.precacheInstrument(requests_.anyInstrument(), requests_.anyMelody());
+            player.playTrack(QStringLiteral("a"), requests_.anyInstrument(), requests_.anyMelody(), false, 1, 0);
+            QTest::qWait(i * 10);
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(TestTrackPlayer)
+#include "test_track_player.moc"

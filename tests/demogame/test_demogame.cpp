@@ -1,0 +1,223 @@
+#include "assets/GameInstallation.h"
+#include "assets/InstrumentScan.h"
+#include "assets/PackageRegistry.h"
+#include "core/AbcParser.h"
+
+#include <QDirIterator>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTemporaryFile>
+#include <QtTest>
+
+#include <algorithm>
+#include <cmath>
+#include <complex>
+#include <numeric>
+#include <sndfile.h>
+
+namespace {
+struct Sound
+{
+    SF_INFO info{};
+    std::vector<double> frames; // interleaved
+
+    double peak() const
+    {
+        return std::accumulate(frames.begin(), frames.end(), 0.0,
+                               [](double most, double value) { return std::max(most, std::abs(value)); });
+    }
+    double mean() const { return std::accumulate(frames.begin(), frames.end(), 0.0) / double(frames.size()); }
+};
+
+Sound decoded(const QByteArray &bytes)
+{
+    QTemporaryFile file;
+    Sound sound;
+    if (!file.open() || file.write(bytes) != bytes.size() || !file.flush())
+        return sound;
+    auto *reader = sf_open(file.fileName().toLocal8Bit().constData(), SFM_READ, &sound.info);
+    if (reader == nullptr)
+        return sound;
+    sound.frames.resize(size_t(sound.info.frames * sound.info.channels));
+    sound.frames.resize(size_t(sf_read_double(reader, sound.frames.data(), sf_count_t(sound.frames.size()))));
+    sf_close(reader);
+    return sound;
+}
+
+// How loud the first channel is at a frequency, up to a factor, after its noisy beginning.
+double loudnessAt(const Sound &sound, double hertz)
+{
+    constexpr double pi = 3.14159265358979323846;
+    const auto begin = sound.info.samplerate / 20;
+    const auto end = std::min<sf_count_t>(sound.info.frames, sound.info.samplerate * 2);
+    const auto turn = std::polar(1.0, -2 * pi * hertz / sound.info.samplerate);
+    std::complex<double> sum = 0, phase = 1;
+    for (auto i = sf_count_t(begin); i < end; ++i, phase *= turn) {
+        const auto window = 0.5 - 0.5 * std::cos(2 * pi * double(i - begin) / double(end - begin));
+        sum += window * phase * sound.frames[size_t(i * sound.info.channels)];
+    }
+    return std::abs(sum);
+}
+
+QMap<QString, QByteArray> filesIn(const QString &root)
+{
+    QMap<QString, QByteArray> files;
+    QDirIterator walk(root, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (walk.hasNext()) {
+        const auto path = walk.next();
+        files.insert(QDir(root).relativeFilePath(path), readGameFile(path));
+    }
+    return files;
+}
+
+int writeGame(const QString &root)
+{
+    return QProcess::execute(QStringLiteral(DEMOGAME_PROGRAM), {root});
+}
+} // namespace
+
+class TestDemoGame : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(directory_.isValid());
+        QCOMPARE(writeGame(root_), 0);
+        QVERIFY(isGameInstallation(root_));
+        instruments_ = scanInstruments(root_, Mods::Load);
+        withoutMods_ = scanInstruments(root_, Mods::Skip);
+    }
+
+    void twoRunsWriteTheSame()
+    {
+        const auto again = directory_.filePath(QStringLiteral("again"));
+        QCOMPARE(writeGame(again), 0);
+        const auto files = filesIn(root_);
+        const auto others = filesIn(again);
+        QCOMPARE(others.keys(), files.keys());
+        for (auto file = files.begin(); file != files.end(); ++file)
+            QVERIFY2(others.value(file.key()) == *file, qPrintable(file.key()));
+        const auto size = std::accumulate(files.begin(), files.end(), qint64(0),
+                                          [](qint64 sum, const QByteArray &bytes) { return sum + bytes.size(); });
+        QVERIFY2(size < 20'000'000, qPrintable(QString::number(size)));
+    }
+
+    void findsWhatEveryPlaceHolds_data()
+    {
+        QTest::addColumn<QString>("place");
+        QTest::addColumn<QString>("names");
+        QTest::newRow("current package") << "assets/packed.pak::/sfx/"
+                                         << "Bass,Bells,Choir,Drums,Flute,Lute,Organ";
+        QTest::newRow("legacy package") << "assets/legacy.pak::/sfx/"
+                                        << "Accordion,Fiddle,Marimba";
+        QTest::newRow("loose files") << "assets/sfx/"
+                                     << "Harp";
+        QTest::newRow("player's files") << "assets/user/sfx/"
+                                        << "Oboe";
+        QTest::newRow("mod") << "mods/reedcutter/content/sfx/"
+                             << "Panpipes";
+        QTest::newRow("packed mod") << "mods/clockwork.modpak::/clockwork/sfx/"
+                                    << "Music Box";
+    }
+    void findsWhatEveryPlaceHolds()
+    {
+        QFETCH(QString, place);
+        QFETCH(QString, names);
+        QStringList found;
+        const auto isMod = place.startsWith(QLatin1String("mods"));
+        for (const auto &name : instruments_.names()) {
+            if (instruments_.instrument(name).tuning.notes.first().files.first().contains(root_ + QLatin1Char('/') +
+                                                                                          place))
+                found.append(name);
+            if (found.contains(name))
+                QCOMPARE(withoutMods_.contains(name), !isMod);
+        }
+        QCOMPARE(found.join(QLatin1Char(',')), names);
+    }
+
+    void everySampleSounds_data() { addInstruments(); }
+    void everySampleSounds()
+    {
+        const auto &instrument = namedInstrument();
+        QCOMPARE(instrument.icon.size(), QSize(32, 32));
+        QStringList paths;
+        for (const auto &note : instrument.tuning.notes)
+            paths.append(note.files);
+        paths.removeDuplicates();
+        for (const auto &path : paths) {
+            const auto sound = decoded(readGameFile(path));
+            QVERIFY2(sound.frames.size() > 4000, qPrintable(path));
+            const auto peak = sound.peak();
+            QVERIFY2(peak > 0.03 && peak < 0.7, qPrintable(path));
+            QVERIFY2(std::abs(sound.mean()) < 0.002, qPrintable(path));
+            QVERIFY2(std::abs(sound.frames.front()) < 0.05 * peak, qPrintable(path));
+            QVERIFY2(std::abs(sound.frames.back()) < 0.01 * peak, qPrintable(path));
+        }
+    }
+
+    void everyNoteIsInTune_data() { addInstruments(); }
+    void everyNoteIsInTune()
+    {
+        const auto &instrument = namedInstrument();
+        if (instrument.name == QLatin1String("Drums"))
+            QSKIP("Drums have a sound of their own on each key.");
+        const auto &notes = instrument.tuning.notes;
+        QCOMPARE(notes.firstKey(), lowestPlayablePitch);
+        QCOMPARE(notes.lastKey(), highestPlayablePitch);
+        for (auto note = notes.begin(); note != notes.end(); ++note) {
+            QVERIFY(std::abs(std::log2(note->frequency / 440) * 12 + 69 - note.key()) < 0.001);
+            if (note->rate != 1.0)
+                continue; // borrowed
+            const auto sound = decoded(readGameFile(note->files.last()));
+            const auto loudness = loudnessAt(sound, note->frequency);
+            for (const auto semitone : {-1, 1})
+                QVERIFY2(loudnessAt(sound, note->frequency * std::exp2(semitone / 12.0)) < 0.5 * loudness,
+                         qPrintable(note->files.last()));
+        }
+    }
+
+    void songsPlayOnIt_data()
+    {
+        QTest::addColumn<QString>("path");
+        QDirIterator walk(QStringLiteral(DEMO_SONGS), {QStringLiteral("*.abc")}, QDir::Files,
+                          QDirIterator::Subdirectories);
+        while (walk.hasNext()) {
+            const auto path = walk.next();
+            QTest::newRow(qPrintable(QDir(QStringLiteral(DEMO_SONGS)).relativeFilePath(path))) << path;
+        }
+    }
+    void songsPlayOnIt()
+    {
+        QFETCH(QString, path);
+        const auto track = parseAbc(QString::fromUtf8(readGameFile(path)));
+        const auto field = track.headerField(QStringLiteral("I"));
+        QVERIFY(field.startsWith(QLatin1String("Instrument:")));
+        const auto &notes = withoutMods_.instrument(field.mid(11)).tuning.notes;
+        QVERIFY(track.length() > 0);
+        for (const auto &event : track.events())
+            QVERIFY(!event.isNote() || notes.contains(event.pitch()));
+    }
+
+private:
+    void addInstruments() const
+    {
+        QTest::addColumn<QString>("name");
+        for (const auto &name : instruments_.names())
+            QTest::newRow(qPrintable(name)) << name;
+    }
+    const Instrument &namedInstrument() const
+    {
+        QFETCH(QString, name);
+        return instruments_.instrument(name);
+    }
+
+    QTemporaryDir directory_;
+    QString root_ = directory_.filePath(QStringLiteral("game"));
+    InstrumentSet instruments_;
+    InstrumentSet withoutMods_;
+};
+
+QTEST_GUILESS_MAIN(TestDemoGame)
+#include "test_demogame.moc"
