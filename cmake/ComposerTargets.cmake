@@ -1,6 +1,7 @@
 # The build settings that every target of the project shares, and the four ways to declare one:
 #   composer_library(NAME [LINKS targets…])      src/…: one folder, one static library
-#   composer_test(NAME [LINKS targets…])         tests/…: NAME.cpp, run by ctest under its name
+#   composer_test(NAME [THREADS] [LINKS …])      tests/…: NAME.cpp, run by ctest under its name; THREADS: worth a run
+#                                                under ThreadSanitizer
 #   composer_fuzzer(NAME CORPUS folder [LINKS …]) fuzz/…: NAME.cpp, its corpus replayed by ctest
 #   composer_benchmark(NAME [LINKS targets…])    bench/…: NAME.cpp
 # Each takes its sources from the current folder, so a new file needs no new line.
@@ -37,15 +38,20 @@ if(COMPOSER_FUZZ)
     target_compile_options(composer_settings INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
+# What ./test --sanitizers builds apart from everything.
+add_custom_target(libraries)
+add_custom_target(thread_tests)
+
 function(composer_library NAME)
     cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
     file(GLOB SOURCES CONFIGURE_DEPENDS *.cpp *.h)
     add_library(${NAME} STATIC ${SOURCES})
     target_link_libraries(${NAME} PUBLIC composer_settings ${ARG_LINKS})
+    add_dependencies(libraries ${NAME})
 endfunction()
 
 function(composer_test NAME)
-    cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
+    cmake_parse_arguments(ARG "THREADS" "" "LINKS" ${ARGN})
     add_executable(${NAME} ${NAME}.cpp)
     target_include_directories(${NAME} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
     target_link_libraries(${NAME} PRIVATE ${ARG_LINKS} Qt::Test)
@@ -53,6 +59,10 @@ function(composer_test NAME)
     if(COMPOSER_SANITIZE STREQUAL "thread")
         set_tests_properties(${NAME} PROPERTIES ENVIRONMENT
             TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/thread-sanitizer.supp)
+    endif()
+    if(ARG_THREADS)
+        set_tests_properties(${NAME} PROPERTIES LABELS threads)
+        add_dependencies(thread_tests ${NAME})
     endif()
 endfunction()
 
