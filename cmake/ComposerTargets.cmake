@@ -1,7 +1,7 @@
 # The build settings that every target of the project shares, and the four ways to declare one:
 #   composer_library(NAME [LINKS targets…])      src/…: one folder, one static library
-#   composer_test(NAME [THREADS] [LINKS …])      tests/…: NAME.cpp, run by ctest under its name; THREADS: worth a run
-#                                                under ThreadSanitizer
+#   composer_test(NAME [THREADS] [WINDOW] [LINKS …]) tests/…: NAME.cpp, run by ctest under its name; THREADS: worth a
+#                                                run under ThreadSanitizer; WINDOW: opens windows, without a display
 #   composer_fuzzer(NAME CORPUS folder [LINKS …]) fuzz/…: NAME.cpp, its corpus replayed by ctest
 #   composer_benchmark(NAME [LINKS targets…])    bench/…: NAME.cpp
 # Each takes its sources from the current folder, so a new file needs no new line.
@@ -51,7 +51,7 @@ function(composer_library NAME)
 endfunction()
 
 function(composer_test NAME)
-    cmake_parse_arguments(ARG "THREADS" "" "LINKS" ${ARGN})
+    cmake_parse_arguments(ARG "THREADS;WINDOW" "" "LINKS" ${ARGN})
     add_executable(${NAME} ${NAME}.cpp)
     target_include_directories(${NAME} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
     target_link_libraries(${NAME} PRIVATE ${ARG_LINKS} Qt::Test)
@@ -60,9 +60,22 @@ function(composer_test NAME)
         set_tests_properties(${NAME} PROPERTIES ENVIRONMENT
             TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/thread-sanitizer.supp)
     endif()
+    if(ARG_WINDOW)
+        composer_without_display(${NAME})
+    endif()
     if(ARG_THREADS)
         set_tests_properties(${NAME} PROPERTIES LABELS threads)
         add_dependencies(thread_tests ${NAME})
+    endif()
+endfunction()
+
+# A test of ctest that opens windows.
+function(composer_without_display TEST)
+    set_property(TEST ${TEST} APPEND PROPERTY ENVIRONMENT QT_QPA_PLATFORM=offscreen)
+    if(COMPOSER_SANITIZE MATCHES address)
+        # Whole stacks, so that the suppression finds the plugin in them.
+        set_property(TEST ${TEST} APPEND PROPERTY ENVIRONMENT ASAN_OPTIONS=fast_unwind_on_malloc=0
+            LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/leak-sanitizer.supp:print_suppressions=0)
     endif()
 endfunction()
 

@@ -21,5 +21,6 @@ using ScanStep = std::function<bool(const ScanProgress &progress)>;
 // Every instrument of a game installation that has a tuning, or the one placeholder "None" when there is none; the
 // first under a name counts. Looks through the game's assets, their packages and its user directory, then through the
 // mod directories and mod packages. What cannot be read is a logged warning and left out, and no QString is thrown.
-// What a stranger's package costs is bounded by its size. From any thread; packages are closed afterwards.
+// What a stranger's package costs is bounded by its size. From any thread, with a second one of its own that decodes
+// what was read; packages are closed afterwards.
 InstrumentSet scanInstruments(const QString &gameRoot, Mods mods, const ScanStep &step = {});

@@ -15,7 +15,7 @@ constexpr qint32 noContinuation = -1;
 QByteArray BlockWalk::block(qint32 index) const
 {
     const qint64 start = layout_.headerSize + qint64(index) * layout_.blockSize;
-    const qint64 present = std::min<qint64>(file_->size() - start, layout_.blockSize);
+    const qint64 present = std::min<qint64>(fileSize_ - start, layout_.blockSize);
     if (index < 0 || present <= 0 || !file_->seek(start))
         return {};
     return file_->read(present);
@@ -23,9 +23,10 @@ QByteArray BlockWalk::block(qint32 index) const
 
 void BlockWalk::visit(qint32 index)
 {
-    if (visited_.contains(index))
-        throw QStringLiteral("Block %1 is reached twice.").arg(index);
+    const auto before = visited_.size();
     visited_.insert(index);
+    if (visited_.size() == before)
+        throw QStringLiteral("Block %1 is reached twice.").arg(index);
 }
 
 LeafStream::LeafStream(BlockWalk &walk, QByteArray block) : walk_(&walk), block_(std::move(block)) {}

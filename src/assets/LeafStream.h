@@ -17,7 +17,7 @@ class BlockWalk
 {
 public:
     // The device must be open and outlive the walk.
-    BlockWalk(QIODevice &file, BlockLayout layout) : file_(&file), layout_(layout) {}
+    BlockWalk(QIODevice &file, BlockLayout layout) : file_(&file), fileSize_(file.size()), layout_(layout) {}
 
     // The bytes of a block: fewer than the block size at the end of the file, none beyond it.
     QByteArray block(qint32 index) const;
@@ -29,6 +29,7 @@ public:
 
 private:
     QIODevice *file_;
+    qint64 fileSize_;
     BlockLayout layout_;
     QSet<qint32> visited_;
 };

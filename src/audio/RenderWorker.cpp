@@ -11,8 +11,13 @@ namespace {
 
 constexpr int sampleRate = 48000;
 constexpr DspClock longestSong = DspClock(6) * 60 * 60 * sampleRate;
-// Long enough that handing a span to another core costs nothing, short enough that a cancelled one is soon over.
-constexpr std::size_t spanBlocks = 64;
+
+// The mixer is fastest with spans of some seconds; every core should still get several, and a cancelled one be soon
+// over.
+DspClock spanBlocks(DspClock songBlocks, std::size_t cores)
+{
+    return std::clamp<DspClock>(songBlocks / (4 * cores), 64, 1024);
+}
 
 } // namespace
 
@@ -78,7 +83,9 @@ void RenderWorker::refuseOverlong(DspClock end) const
 void RenderWorker::writeTimeline(RenderTimeline &timeline)
 {
     const auto blockFrames = engine_->blockFrames();
-    const auto end = (timeline.end() + blockFrames - 1) / blockFrames * blockFrames;
+    const auto blocks = (timeline.end() + blockFrames - 1) / blockFrames;
+    const auto end = blocks * blockFrames;
+    const auto spanFrames = spanBlocks(blocks, jobs_.cores()) * blockFrames;
     RenderProgress progress(tracks_, [this](quint64 current, quint64 total) { emit renderProgress(current, total); });
     using Frames = std::vector<float>;
     DspClock mixed = 0;
@@ -92,7 +99,7 @@ void RenderWorker::writeTimeline(RenderTimeline &timeline)
         if (mixed == end)
             return std::nullopt;
         const auto from = mixed;
-        mixed = std::min(end, from + spanBlocks * blockFrames);
+        mixed = std::min(end, from + spanFrames);
         const auto work = [&engine = *engine_, mix = timeline.mix(from, mixed), from, frames = mixed - from] {
             Frames stereo(2 * frames);
             if (const auto result = engine.mixSpan(*mix, from, stereo); result != AudioResult::Ok)

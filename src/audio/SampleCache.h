@@ -51,7 +51,7 @@ private:
     void reject(const QString &path, const QString &reason);
     double ratioOf(const SoundData &sound, double rate) const { return rate * sound.sampleRate() / sampleRate_; }
 
-    static constexpr std::size_t byteLimit = 256 * 1024 * 1024;
+    static constexpr std::size_t byteLimit = std::size_t(256) * 1024 * 1024;
 
     const AudioEngine &engine_;
     int sampleRate_;

@@ -26,7 +26,7 @@ public:
     void render();
     // From render() until renderFinished.
     bool isRunning() const { return isRunning_; }
-    // renderFinished follows at once; the file stays what it was.
+    // Of a running render: renderFinished follows at once, and the file stays what it was.
     void cancel() { thread_.requestInterruption(); }
 
 signals:

@@ -217,4 +217,14 @@ TrackEvent inlineTempo(Ticks start, QStringView text, quint32 unitLength)
     return TrackEvent::tempo(start, numerator, denominator, tempo.bpm);
 }
 
+QString instrumentName(const QStringList &values)
+{
+    const auto prefix = QStringLiteral("Instrument:");
+    for (const auto &value : values) {
+        if (const auto at = value.indexOf(prefix); at >= 0)
+            return value.mid(at + prefix.size()).trimmed();
+    }
+    return {};
+}
+
 } // namespace HeaderFields

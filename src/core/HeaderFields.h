@@ -58,4 +58,7 @@ qint64 headerTempo(QStringView text, quint32 unitLength);
 // The event of a Q: field inside the tune. A text that cannot be read gives a tempo of 0.
 TrackEvent inlineTempo(Ticks start, QStringView text, quint32 unitLength);
 
+// The instrument of the first I: field that names one, "Instrument:Lute"; empty when there is none.
+QString instrumentName(const QStringList &values);
+
 } // namespace HeaderFields

@@ -5,10 +5,10 @@
 #include "Messages.h"
 #include "audio/TrackRenderer.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "core/HeaderFields.h"
 
 #include <QEventLoop>
 #include <QLoggingCategory>
-#include <QRegularExpression>
 #include <QTimer>
 
 #include <csignal>
@@ -22,16 +22,6 @@ extern "C" void onInterrupt(int signal)
 {
     interrupted = 1;
     std::signal(signal, SIG_DFL);
-}
-
-QString instrumentNameOf(const Track &track)
-{
-    static const QRegularExpression named(QStringLiteral("Instrument:(.*)"));
-    for (const auto &value : track.headerFields(QStringLiteral("I"))) {
-        if (const auto match = named.match(value); match.hasMatch())
-            return match.captured(1).trimmed();
-    }
-    return {};
 }
 
 class Rendering
@@ -94,7 +84,7 @@ QVector<Track> Rendering::readTracks()
 Instrument Rendering::instrumentFor(const Track &track, const InstrumentSet &instruments) const
 {
     const auto fallback = arguments_.instrument.isEmpty() ? instruments.names().value(0) : arguments_.instrument;
-    const auto name = instrumentNameOf(track);
+    const auto name = HeaderFields::instrumentName(track.headerFields(QStringLiteral("I")));
     if (instruments.contains(name))
         return instruments.instrument(name);
     if (!name.isEmpty()) {

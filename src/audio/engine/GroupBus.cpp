@@ -2,10 +2,18 @@
 
 #include <numbers>
 
+#if defined(__GNUC__)
+#define COMPOSER_PREFETCH(address) __builtin_prefetch(address)
+#else
+#define COMPOSER_PREFETCH(address) static_cast<void>(address)
+#endif
+
 namespace {
 
 // What a mono sound gives to each side: equal power.
 constexpr float monoShare = float(1 / std::numbers::sqrt2);
+
+constexpr Position unchanged = Position(1) << 32; // the step of ratio 1
 
 // A voice's frames of the block in which it sounds.
 struct Stretch
@@ -24,17 +32,25 @@ void addPlane(const Kernels &kernels, float *bus, const float *source, const Str
                           voice.slope);
 }
 
-// Brings a plane behind its gain, which goes from one to the other.
-void scale(float *to, const float *from, std::size_t frames, float first, float last)
+// Adds a plane with a gain that goes from one to the other.
+void addGliding(const Kernels &kernels, float *to, const float *from, std::size_t frames, float first, float last)
 {
     if (first == last) {
-        for (std::size_t i = 0; i < frames; ++i)
-            to[i] = from[i] * last;
+        kernels.add(to, from, frames, last);
         return;
     }
     const float change = (last - first) / float(frames);
     for (std::size_t i = 0; i < frames; ++i)
-        to[i] = from[i] * (first + change * float(i));
+        to[i] += from[i] * (first + change * float(i));
+}
+
+// The first lines; the processor notices what follows by itself.
+void prefetchPlane(const float *plane, std::uint64_t begin, std::uint64_t end)
+{
+    constexpr std::uint64_t framesPerLine = 64 / sizeof(float), mostFrames = 256;
+    end = std::min(end, begin + mostFrames);
+    for (auto frame = begin; frame < end; frame += framesPerLine)
+        COMPOSER_PREFETCH(plane + frame);
 }
 
 } // namespace
@@ -51,13 +67,16 @@ void GroupBus::begin(DspClock clock, std::size_t frames)
     mono_ = stereo_ = false;
 }
 
-void GroupBus::prepareStereo()
+void GroupBus::prefetch(const VoiceShape &voice) const
 {
-    if (stereo_)
+    const auto first = std::max(clock_, voice.start);
+    const auto stop = std::min(clock_ + frames_, voice.stop());
+    if (first >= stop)
         return;
-    stereo_ = true;
-    std::fill_n(left_.data(), frames_, 0.0F);
-    std::fill_n(right_.data(), frames_, 0.0F);
+    const auto begin = ((first - voice.start) * voice.step) >> 32, end = ((stop - voice.start) * voice.step) >> 32;
+    prefetchPlane(voice.source.left, begin, end);
+    if (voice.source.right)
+        prefetchPlane(voice.source.right, begin, end);
 }
 
 void GroupBus::add(const VoiceShape &voice)
@@ -71,18 +90,20 @@ void GroupBus::add(const VoiceShape &voice)
     const Stretch stretch{std::size_t(first - clock_), held, frames - held,
                           std::int32_t(held < frames ? voice.fadeEnd - first - held : 0)};
 
-    constexpr Position unchanged = Position(1) << 32;
     const Position played = first - voice.start;
-    Planes<const float> source{voice.source.left + played, voice.source.right ? voice.source.right + played : nullptr};
-    if (voice.step != unchanged) {
-        kernels_.interpolate({scratchLeft_.data(), scratchRight_.data()}, voice.source, frames, played * voice.step,
+    Planes<const float> source = voice.source;
+    if (voice.step == unchanged) {
+        source.left += played;
+        source.right += source.right ? played : 0;
+    } else {
+        kernels_.interpolate({scratchLeft_.data(), scratchRight_.data()}, source, frames, played * voice.step,
                              voice.step);
-        source = {scratchLeft_.data(), voice.source.right ? scratchRight_.data() : nullptr};
+        source = {scratchLeft_.data(), source.right ? scratchRight_.data() : nullptr};
     }
     if (source.right) {
-        prepareStereo();
-        addPlane(kernels_, left_.data(), source.left, stretch, voice);
-        addPlane(kernels_, right_.data(), source.right, stretch, voice);
+        const auto to = sides();
+        addPlane(kernels_, to.left, source.left, stretch, voice);
+        addPlane(kernels_, to.right, source.right, stretch, voice);
         return;
     }
     if (!mono_)
@@ -91,40 +112,73 @@ void GroupBus::add(const VoiceShape &voice)
     addPlane(kernels_, monoPlane_.data(), source.left, stretch, voice);
 }
 
-void GroupBus::applyLevel(SideGains from, SideGains to)
+Planes<float> GroupBus::sides()
 {
-    if (mono_) {
-        scale(monoPlane_.data(), monoPlane_.data(), frames_, monoShare, monoShare);
-        if (stereo_) {
-            kernels_.add(left_.data(), monoPlane_.data(), frames_, 1);
-            kernels_.add(right_.data(), monoPlane_.data(), frames_, 1);
+    if (!stereo_) {
+        stereo_ = true;
+        std::fill_n(left_.data(), frames_, 0.0F);
+        std::fill_n(right_.data(), frames_, 0.0F);
+    }
+    return {left_.data(), right_.data()};
+}
+
+void GroupBus::mixInto(Planes<float> to, SideGains first, SideGains last) const
+{
+    const auto mix = [&](const float *left, const float *right, float share) {
+        addGliding(kernels_, to.left, left, frames_, first.left * share, last.left * share);
+        addGliding(kernels_, to.right, right, frames_, first.right * share, last.right * share);
+    };
+    if (mono_)
+        mix(monoPlane_.data(), monoPlane_.data(), monoShare);
+    if (stereo_)
+        mix(left_.data(), right_.data(), 1);
+}
+
+BlockLevels GroupBus::measure(SideGains gains)
+{
+    BlockLevels levels;
+    if (mono_ && !stereo_) {
+        kernels_.measure(monoPlane_.data(), frames_, levels.leftEnergy, levels.leftPeak);
+        levels.rightEnergy = levels.leftEnergy;
+        levels.rightPeak = levels.leftPeak;
+        gains = {gains.left * monoShare, gains.right * monoShare};
+    } else if (stereo_) {
+        foldMono();
+        kernels_.measure(left_.data(), frames_, levels.leftEnergy, levels.leftPeak);
+        kernels_.measure(right_.data(), frames_, levels.rightEnergy, levels.rightPeak);
+    }
+    levels.leftEnergy *= double(gains.left) * double(gains.left);
+    levels.rightEnergy *= double(gains.right) * double(gains.right);
+    levels.leftPeak *= gains.left;
+    levels.rightPeak *= gains.right;
+    return levels;
+}
+
+void GroupBus::foldMono()
+{
+    if (!mono_)
+        return;
+    const auto to = sides();
+    kernels_.add(to.left, monoPlane_.data(), frames_, monoShare);
+    kernels_.add(to.right, monoPlane_.data(), frames_, monoShare);
+    mono_ = false;
+}
+
+void GroupBus::output(float *stereo, SideGains first, SideGains last)
+{
+    foldMono();
+    const auto from = sides();
+    if (first == last) {
+        for (std::size_t i = 0; i < frames_; ++i) {
+            stereo[2 * i] = from.left[i] * last.left;
+            stereo[2 * i + 1] = from.right[i] * last.right;
         }
-    }
-    const bool monoOnly = mono_ && !stereo_;
-    stereo_ = !silent();
-    if (!stereo_)
-        return;
-    scale(left_.data(), monoOnly ? monoPlane_.data() : left_.data(), frames_, from.left, to.left);
-    scale(right_.data(), monoOnly ? monoPlane_.data() : right_.data(), frames_, from.right, to.right);
-}
-
-void GroupBus::add(const GroupBus &finished)
-{
-    if (finished.silent())
-        return;
-    prepareStereo();
-    kernels_.add(left_.data(), finished.left_.data(), frames_, 1);
-    kernels_.add(right_.data(), finished.right_.data(), frames_, 1);
-}
-
-void GroupBus::interleave(float *stereo) const
-{
-    if (silent()) {
-        std::fill_n(stereo, 2 * frames_, 0.0F);
         return;
     }
+    const float leftChange = (last.left - first.left) / float(frames_);
+    const float rightChange = (last.right - first.right) / float(frames_);
     for (std::size_t i = 0; i < frames_; ++i) {
-        stereo[2 * i] = left_[i];
-        stereo[2 * i + 1] = right_[i];
+        stereo[2 * i] = from.left[i] * (first.left + leftChange * float(i));
+        stereo[2 * i + 1] = from.right[i] * (first.right + rightChange * float(i));
     }
 }

@@ -14,6 +14,14 @@ struct SideGains
 
 SideGains sideGains(GroupLevel level);
 
+struct BlockLevels
+{
+    double leftEnergy = 0; // sum of squares
+    double rightEnergy = 0;
+    float leftPeak = 0;
+    float rightPeak = 0;
+};
+
 // The planes that the voices of one group are added to, a block at a time. Mono sounds share a plane of their own,
 // which reaches both sides in one step at the end, so that a mono voice costs half a stereo one. [any, mixer]
 class GroupBus
@@ -23,22 +31,24 @@ public:
 
     // A silent block at that clock; frames: at most capacity.
     void begin(DspClock clock, std::size_t frames);
+    // Lets the processor fetch what add() will read of the voice, while another one is being added.
+    void prefetch(const VoiceShape &voice) const;
     void add(const VoiceShape &voice);
-    // Brings the block behind the level, gliding from one to the other when they differ.
-    void applyLevel(SideGains from, SideGains to);
-    // Another group's block, behind its level.
-    void add(const GroupBus &finished);
-    bool silent() const { return !mono_ && !stereo_; } // no voice of the group sounds in the block
-
+    bool silent() const { return !mono_ && !stereo_; } // nothing was added to the block
     std::size_t frames() const { return frames_; }
-    // Behind applyLevel().
-    const float *left() const { return left_.data(); }
-    const float *right() const { return right_.data(); }
-    void interleave(float *stereo) const;
+
+    // The stereo planes, for other groups' blocks to be added to.
+    Planes<float> sides();
+    // Adds the block with its level, which glides over the block when both differ.
+    void mixInto(Planes<float> to, SideGains first, SideGains last) const;
+    // The last steps of a block, after mixInto(): its loudness with a level, and its samples, interleaved, with a
+    // level.
+    BlockLevels measure(SideGains gains);
+    void output(float *stereo, SideGains first, SideGains last);
 
 private:
     using Plane = std::array<float, capacity>;
-    void prepareStereo();
+    void foldMono();
 
     const Kernels &kernels_ = bestKernels();
     DspClock clock_ = 0;

@@ -1,7 +1,5 @@
 #include "audio/engine/GroupMeter.h"
 
-#include "audio/engine/Kernels.h"
-
 #include <bit>
 #include <cmath>
 
@@ -23,34 +21,35 @@ float upper(std::uint64_t pair)
 
 } // namespace
 
-void GroupMeter::addBlock(const float *left, const float *right, std::size_t frames)
+void GroupMeter::addBlock(const BlockLevels &levels, std::size_t frames)
 {
     if (read_.load(std::memory_order_acquire)) {
         read_.store(false, std::memory_order_relaxed);
-        left_ = right_ = {};
+        levels_ = {};
         frames_ = 0;
     }
     frames_ += frames;
-    if (left) {
-        bestKernels().measure(left, frames, left_.energy, left_.peak);
-        bestKernels().measure(right, frames, right_.energy, right_.peak);
-    }
-    const auto rms = [this](const Side &side) { return float(std::sqrt(side.energy / double(frames_))); };
-    rms_.store(packed(rms(left_), rms(right_)), std::memory_order_relaxed);
-    peaks_.store(packed(left_.peak, right_.peak), std::memory_order_relaxed);
+    levels_.leftEnergy += levels.leftEnergy;
+    levels_.rightEnergy += levels.rightEnergy;
+    levels_.leftPeak = std::max(levels_.leftPeak, levels.leftPeak);
+    levels_.rightPeak = std::max(levels_.rightPeak, levels.rightPeak);
+    const double share = 1 / double(frames_);
+    powers_.store(packed(float(levels_.leftEnergy * share), float(levels_.rightEnergy * share)),
+                  std::memory_order_relaxed);
+    peaks_.store(packed(levels_.leftPeak, levels_.rightPeak), std::memory_order_relaxed);
 }
 
 void GroupMeter::reset()
 {
-    rms_.store(0, std::memory_order_relaxed);
+    powers_.store(0, std::memory_order_relaxed);
     peaks_.store(0, std::memory_order_relaxed);
     read_.store(true, std::memory_order_release);
 }
 
 MeterReading GroupMeter::read()
 {
-    const auto rms = rms_.load(std::memory_order_relaxed);
+    const auto powers = powers_.load(std::memory_order_relaxed);
     const auto peaks = peaks_.load(std::memory_order_relaxed);
     read_.store(true, std::memory_order_release);
-    return {lower(rms), upper(rms), lower(peaks), upper(peaks)};
+    return {std::sqrt(lower(powers)), std::sqrt(upper(powers)), lower(peaks), upper(peaks)};
 }

@@ -53,15 +53,22 @@ COMPOSER_AVX2 void addFading(float *to, const float *from, std::size_t n, std::i
 COMPOSER_AVX2 void measure(const float *plane, std::size_t n, double &energy, float &peak)
 {
     const __m256 sign = _mm256_set1_ps(-0.0F);
-    __m256 energies = _mm256_setzero_ps(), peaks = _mm256_setzero_ps();
-    for (std::size_t i = 0; i < n; i += lanes) {
-        const __m256 samples = _mm256_maskload_ps(plane + i, firstLanes(std::min(lanes, n - i)));
-        energies = _mm256_fmadd_ps(samples, samples, energies);
-        peaks = _mm256_max_ps(peaks, _mm256_andnot_ps(sign, samples));
-    }
+    // Several sums, since each addition waits for the one before.
+    __m256 energies[4] = {}, peaks[4] = {};
+    const auto take = [&](__m256 samples, std::size_t k) COMPOSER_AVX2 {
+        energies[k] = _mm256_fmadd_ps(samples, samples, energies[k]);
+        peaks[k] = _mm256_max_ps(peaks[k], _mm256_andnot_ps(sign, samples));
+    };
+    std::size_t i = 0;
+    for (; i + 4 * lanes <= n; i += 4 * lanes)
+        for (std::size_t k = 0; k < 4; ++k)
+            take(_mm256_loadu_ps(plane + i + k * lanes), k);
+    for (; i < n; i += lanes)
+        take(_mm256_maskload_ps(plane + i, firstLanes(std::min(lanes, n - i))), 0);
     alignas(32) float energyLanes[lanes], peakLanes[lanes];
-    _mm256_store_ps(energyLanes, energies);
-    _mm256_store_ps(peakLanes, peaks);
+    _mm256_store_ps(energyLanes,
+                    _mm256_add_ps(_mm256_add_ps(energies[0], energies[1]), _mm256_add_ps(energies[2], energies[3])));
+    _mm256_store_ps(peakLanes, _mm256_max_ps(_mm256_max_ps(peaks[0], peaks[1]), _mm256_max_ps(peaks[2], peaks[3])));
     for (std::size_t lane = 0; lane < lanes; ++lane) {
         energy += double(energyLanes[lane]);
         peak = std::max(peak, peakLanes[lane]);
@@ -71,28 +78,69 @@ COMPOSER_AVX2 void measure(const float *plane, std::size_t n, double &energy, fl
 // Lane k of the result is the sum of the lanes of rows[k].
 COMPOSER_AVX2_INLINE __m256 sumsOfRows(const __m256 *rows)
 {
-    __m256 pairs[4];
+    __m256 halves[4]; // the four partial sums of row k below, of row k + 4 above
     for (int k = 0; k < 4; ++k)
-        pairs[k] = _mm256_add_ps(_mm256_permute2f128_ps(rows[k], rows[k + 4], 0x20),
-                                 _mm256_permute2f128_ps(rows[k], rows[k + 4], 0x31));
-    return _mm256_hadd_ps(_mm256_hadd_ps(pairs[0], pairs[1]), _mm256_hadd_ps(pairs[2], pairs[3]));
+        halves[k] = _mm256_add_ps(_mm256_blend_ps(rows[k], rows[k + 4], 0xF0),
+                                  _mm256_permute2f128_ps(rows[k], rows[k + 4], 0x21));
+    const __m256 quarters01 =
+        _mm256_add_ps(_mm256_unpacklo_ps(halves[0], halves[1]), _mm256_unpackhi_ps(halves[0], halves[1]));
+    const __m256 quarters23 =
+        _mm256_add_ps(_mm256_unpacklo_ps(halves[2], halves[3]), _mm256_unpackhi_ps(halves[2], halves[3]));
+    return _mm256_add_ps(_mm256_shuffle_ps(quarters01, quarters23, 0x44),
+                         _mm256_shuffle_ps(quarters01, quarters23, 0xEE));
 }
 
-// Eight outputs of LiveKernel from the rounded positions at, at + step, …, of which the last ones repeat the position
-// `valid - 1`.
+// Where eight outputs of LiveKernel lie: the source frame below each, and the row of the table for its fraction.
+struct EightPlaces
+{
+    alignas(32) std::uint32_t frames[lanes];
+    alignas(32) std::uint32_t rows[lanes];
+};
+
+// LiveKernel::rowOf() of eight fractions.
+COMPOSER_AVX2_INLINE __m256i rowsOf(__m256i fractions)
+{
+    return _mm256_xor_si256(_mm256_srli_epi32(fractions, 20), _mm256_slli_epi32(_mm256_srli_epi32(fractions, 27), 1));
+}
+
+// Walks along the rounded positions at, at + step, … in steps of eight.
+class Walk
+{
+public:
+    COMPOSER_AVX2_INLINE Walk(Position at, Position step)
+    {
+        const auto position = [=](int k) { return static_cast<long long>(at + Position(k) * step); };
+        positions0145_ = _mm256_setr_epi64x(position(0), position(1), position(4), position(5));
+        positions2367_ = _mm256_setr_epi64x(position(2), position(3), position(6), position(7));
+        eightSteps_ = _mm256_set1_epi64x(static_cast<long long>(lanes * step));
+    }
+
+    COMPOSER_AVX2_INLINE void next(EightPlaces &places)
+    {
+        // The halves of the 64-bit positions, which the shuffles bring into order.
+        const __m256 a = _mm256_castsi256_ps(positions0145_), b = _mm256_castsi256_ps(positions2367_);
+        const __m256i fractions = _mm256_castps_si256(_mm256_shuffle_ps(a, b, 0x88));
+        const __m256i frames = _mm256_castps_si256(_mm256_shuffle_ps(a, b, 0xDD));
+        _mm256_store_si256(reinterpret_cast<__m256i *>(places.frames), frames);
+        _mm256_store_si256(reinterpret_cast<__m256i *>(places.rows), rowsOf(fractions));
+        positions0145_ = _mm256_add_epi64(positions0145_, eightSteps_);
+        positions2367_ = _mm256_add_epi64(positions2367_, eightSteps_);
+    }
+
+private:
+    __m256i positions0145_, positions2367_, eightSteps_;
+};
+
 template<bool Stereo>
-COMPOSER_AVX2_INLINE void interpolateEight(__m256 *sums, Planes<const float> from, const float *table, Position at,
-                                           Position step, std::size_t valid)
+COMPOSER_AVX2_INLINE void interpolateEight(__m256 *sums, Planes<const float> from, const Factors *table,
+                                           const EightPlaces &places)
 {
     __m256 left[lanes], right[lanes];
     for (std::size_t k = 0; k < lanes; ++k) {
-        const Position position = at + std::min(k, valid - 1) * step;
-        const auto frame = std::ptrdiff_t(position >> 32);
-        const auto phase = std::size_t(std::uint32_t(position) >> (32 - LiveKernel::phaseBits));
-        const __m256 factors = _mm256_loadu_ps(table + phase * LiveKernel::taps);
-        left[k] = _mm256_mul_ps(factors, _mm256_loadu_ps(from.left + frame));
+        const __m256 factors = _mm256_load_ps(table[places.rows[k]].values);
+        left[k] = _mm256_mul_ps(factors, _mm256_loadu_ps(from.left + places.frames[k]));
         if constexpr (Stereo)
-            right[k] = _mm256_mul_ps(factors, _mm256_loadu_ps(from.right + frame));
+            right[k] = _mm256_mul_ps(factors, _mm256_loadu_ps(from.right + places.frames[k]));
     }
     sums[0] = sumsOfRows(left);
     if constexpr (Stereo)
@@ -103,24 +151,29 @@ template<bool Stereo>
 COMPOSER_AVX2 void interpolatePlanes(Planes<float> to, Planes<const float> from, std::size_t n, Position at,
                                      Position step)
 {
-    const float *table = LiveKernel::table();
+    const Factors *table = LiveKernel::table();
     constexpr int before = LiveKernel::taps / 2 - 1;
     from.left -= before;
     if constexpr (Stereo)
         from.right -= before;
-    at += LiveKernel::halfPhase;
+    Walk walk(at + LiveKernel::halfPhase, step);
+    EightPlaces places;
     __m256 sums[2];
     std::size_t i = 0;
-    for (; i + lanes <= n; i += lanes, at += lanes * step) {
-        interpolateEight<Stereo>(sums, from, table, at, step, lanes);
+    for (; i + lanes <= n; i += lanes) {
+        walk.next(places);
+        interpolateEight<Stereo>(sums, from, table, places);
         _mm256_storeu_ps(to.left + i, sums[0]);
         if constexpr (Stereo)
             _mm256_storeu_ps(to.right + i, sums[1]);
     }
     if (i == n)
         return;
+    walk.next(places);
+    // No frame is read behind the last output's.
+    std::fill(places.frames + (n - i), places.frames + lanes, places.frames[n - i - 1]);
     const __m256i rest = firstLanes(n - i);
-    interpolateEight<Stereo>(sums, from, table, at, step, n - i);
+    interpolateEight<Stereo>(sums, from, table, places);
     _mm256_maskstore_ps(to.left + i, rest, sums[0]);
     if constexpr (Stereo)
         _mm256_maskstore_ps(to.right + i, rest, sums[1]);
@@ -145,8 +198,8 @@ COMPOSER_AVX2_INLINE __m256 fineProducts(const float *from, Position position, c
     const __m256 before = _mm256_set1_ps(1 - rest), behind = _mm256_set1_ps(rest);
     __m256 sum = _mm256_setzero_ps();
     for (int k = 0; k < taps; k += int(lanes)) {
-        const __m256 factor = _mm256_fmadd_ps(behind, _mm256_loadu_ps(factors + taps + k),
-                                              _mm256_mul_ps(before, _mm256_loadu_ps(factors + k)));
+        const __m256 factor = _mm256_fmadd_ps(behind, _mm256_load_ps(factors + taps + k),
+                                              _mm256_mul_ps(before, _mm256_load_ps(factors + k)));
         sum = _mm256_fmadd_ps(factor, _mm256_loadu_ps(source + k), sum);
     }
     return sum;
@@ -160,8 +213,11 @@ COMPOSER_AVX2 void resample(float *to, const float *from, std::size_t n, Positio
     __m256 rows[lanes];
     for (std::size_t i = 0; i < n; i += lanes, at += lanes * step) {
         const std::size_t valid = std::min(lanes, n - i);
-        for (std::size_t k = 0; k < lanes; ++k)
-            rows[k] = fineProducts(from, at + std::min(k, valid - 1) * step, kernel, taps);
+        Position position = at;
+        for (std::size_t k = 0; k < lanes; ++k) {
+            rows[k] = fineProducts(from, position, kernel, taps);
+            position += k + 1 < valid ? step : 0;
+        }
         _mm256_maskstore_ps(to + i, firstLanes(valid), sumsOfRows(rows));
     }
 }

@@ -41,12 +41,11 @@ float weighted(const float *from, const float *factors)
 
 void interpolate(Planes<float> to, Planes<const float> from, std::size_t n, Position at, Position step)
 {
-    const float *table = LiveKernel::table();
+    const Factors *table = LiveKernel::table();
     Position position = at + LiveKernel::halfPhase;
     for (std::size_t i = 0; i < n; ++i, position += step) {
         const auto frame = std::ptrdiff_t(position >> 32) - (LiveKernel::taps / 2 - 1);
-        const auto phase = std::uint32_t(position) >> (32 - LiveKernel::phaseBits);
-        const float *factors = table + phase * LiveKernel::taps;
+        const float *factors = table[LiveKernel::rowOf(std::uint32_t(position))].values;
         to.left[i] = weighted(from.left + frame, factors);
         if (from.right)
             to.right[i] = weighted(from.right + frame, factors);

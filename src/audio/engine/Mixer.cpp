@@ -86,14 +86,18 @@ void Mixer::mixBlock(float *stereo, std::size_t frames)
     while (commands_.pop(command))
         obey(command);
 
-    auto &master = groups_[std::size_t(masterGroup)];
-    masterBus_.begin(now_, frames);
-    addVoices(master, masterBus_);
     const auto groups = groupsInUse_.load(std::memory_order_acquire);
-    for (std::size_t index = 1; index < groups; ++index)
-        mixGroup(groups_[index], groupBus_, frames);
-    finishGroup(master, masterBus_);
-    masterBus_.interleave(stereo);
+    masterBus_.begin(now_, frames);
+    for (std::size_t index = 1; index < groups; ++index) {
+        if (index + 1 < groups && groups_[index + 1].first != none)
+            masterBus_.prefetch(voices_[groups_[index + 1].first].shape);
+        mixGroup(groups_[index], frames);
+    }
+    auto &master = groups_[std::size_t(masterGroup)];
+    addVoices(master, masterBus_);
+    const auto [first, last] = nextGains(master, masterBus_);
+    masterBus_.output(stereo, first, last);
+    master.meter.addBlock(masterBus_.measure(last), frames);
 
     const auto next = now_ + frames;
     dropFinished(master, next);
@@ -105,27 +109,32 @@ void Mixer::mixBlock(float *stereo, std::size_t frames)
     skip(frames);
 }
 
-void Mixer::mixGroup(Group &group, GroupBus &bus, std::size_t frames)
+void Mixer::mixGroup(Group &group, std::size_t frames)
 {
-    bus.begin(now_, frames);
-    addVoices(group, bus);
-    finishGroup(group, bus);
-    masterBus_.add(bus);
+    groupBus_.begin(now_, frames);
+    addVoices(group, groupBus_);
+    const auto [first, last] = nextGains(group, groupBus_);
+    if (!groupBus_.silent())
+        groupBus_.mixInto(masterBus_.sides(), first, last);
+    group.meter.addBlock(groupBus_.measure(last), frames);
 }
 
 void Mixer::addVoices(Group &group, GroupBus &bus)
 {
-    for (Slot slot = group.first; slot != none; slot = voices_[slot].next)
+    for (Slot slot = group.first; slot != none; slot = voices_[slot].next) {
+        if (voices_[slot].next != none)
+            bus.prefetch(voices_[voices_[slot].next].shape);
         bus.add(voices_[slot].shape);
+    }
 }
 
-void Mixer::finishGroup(Group &group, GroupBus &bus)
+std::pair<SideGains, SideGains> Mixer::nextGains(Group &group, const GroupBus &bus)
 {
-    const auto wanted = unpacked(group.wanted.load(std::memory_order_acquire));
-    bus.applyLevel(group.sounded ? group.gains : wanted, wanted);
-    group.gains = wanted;
+    const auto last = unpacked(group.wanted.load(std::memory_order_acquire));
+    const auto first = group.sounded ? group.gains : last;
+    group.gains = last;
     group.sounded = !bus.silent();
-    group.meter.addBlock(bus.silent() ? nullptr : bus.left(), bus.right(), bus.frames());
+    return {first, last};
 }
 
 void Mixer::dropFinished(Group &group, DspClock next)

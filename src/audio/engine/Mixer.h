@@ -68,10 +68,11 @@ private:
     void obey(const Command &command);
     void append(const Command &command);
     void mixBlock(float *stereo, std::size_t frames);
-    void mixGroup(Group &group, GroupBus &bus, std::size_t frames);
+    void mixGroup(Group &group, std::size_t frames);
     void addVoices(Group &group, GroupBus &bus);
     void dropFinished(Group &group, DspClock next);
-    void finishGroup(Group &group, GroupBus &bus);
+    // The gains at the beginning and at the end of the block.
+    std::pair<SideGains, SideGains> nextGains(Group &group, const GroupBus &bus);
 
     std::atomic<DspClock> clock_{0};
     std::atomic<std::size_t> groupsInUse_{1}; // all groups at and above it were never opened

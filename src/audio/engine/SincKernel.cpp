@@ -1,7 +1,6 @@
 #include "audio/engine/SincKernel.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -19,18 +18,17 @@ double bessel0(double x)
     return sum;
 }
 
-// The factors of one row: the taps around a position with that fraction, adding up to 1.
-std::vector<double> rowOf(const SincDesign &design, double fraction)
+// Fills a row: the factors of the taps around a position with that fraction, adding up to 1.
+void fillRow(Factors *row, const SincDesign &design, double fraction)
 {
-    std::vector<double> row(std::size_t(design.taps));
+    std::vector<double> factors(std::size_t(design.taps));
     double sum = 0;
     for (int k = 0; k < design.taps; ++k) {
-        row[std::size_t(k)] = design.at(k - (design.taps / 2 - 1) - fraction);
-        sum += row[std::size_t(k)];
+        factors[std::size_t(k)] = design.at(k - (design.taps / 2 - 1) - fraction);
+        sum += factors[std::size_t(k)];
     }
-    for (double &factor : row)
-        factor /= sum;
-    return row;
+    for (std::size_t k = 0; k < factors.size(); ++k)
+        row[k / 8].values[k % 8] = float(factors[k] / sum);
 }
 
 } // namespace
@@ -56,14 +54,12 @@ SincDesign LiveKernel::design()
     return {taps, 0.95, 7.0};
 }
 
-const float *LiveKernel::table()
+const Factors *LiveKernel::table()
 {
-    static const std::vector<float> rows = [] {
-        std::vector<float> filled;
-        for (int phase = 0; phase < 1 << phaseBits; ++phase) {
-            const auto row = rowOf(design(), double(phase) / (1 << phaseBits));
-            filled.insert(filled.end(), row.begin(), row.end());
-        }
+    static const std::vector<Factors> rows = [] {
+        std::vector<Factors> filled(1 << phaseBits);
+        for (std::uint32_t phase = 0; phase < 1 << phaseBits; ++phase)
+            fillRow(&filled[rowOf(phase << (32 - phaseBits))], design(), double(phase) / (1 << phaseBits));
         return filled;
     }();
     return rows.data();
@@ -88,8 +84,8 @@ FineKernel::FineKernel(double ratio)
 {
     const auto chosen = design(ratio);
     taps_ = chosen.taps;
-    for (int phase = 0; phase <= 1 << phaseBits; ++phase) {
-        const auto row = rowOf(chosen, double(phase) / (1 << phaseBits));
-        rows_.insert(rows_.end(), row.begin(), row.end());
-    }
+    const auto factorsPerRow = std::size_t(taps_) / 8;
+    rows_.resize(((1 << phaseBits) + 1) * factorsPerRow);
+    for (std::size_t phase = 0; phase <= 1 << phaseBits; ++phase)
+        fillRow(&rows_[phase * factorsPerRow], chosen, double(phase) / (1 << phaseBits));
 }
