@@ -1,0 +1,109 @@
+// What it takes from a key to the painted text in the editor window of 1080 × 760, offscreen: typing into 100 kB of
+// lines and into one line of 20 kB, with the piano roll shown and hidden, and reading those texts in between. Ends with
+// 1 when a 99th percentile is above its budget. Times are of the interface's own thread; the clock's time, which other
+// programs disturb, is printed beside it.
+#include "app/Settings.h"
+#include "audio/TrackPlayer.h"
+#include "audio/engine/BuiltinEngine.h"
+#include "core/AbcParser.h"
+#include "ui/Dialogs.h"
+#include "ui/editor/AbcEditorWindow.h"
+#include "ui/editor/AbcTextEdit.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+
+namespace {
+
+constexpr int keys = 300;
+constexpr int keysBeforeRest = 30;
+
+double milliseconds(clockid_t clock)
+{
+    timespec time{};
+    clock_gettime(clock, &time);
+    return double(time.tv_sec) * 1e3 + double(time.tv_nsec) / 1e6;
+}
+
+double percentile(std::vector<double> times, double part)
+{
+    std::sort(times.begin(), times.end());
+    return times[size_t(double(times.size() - 1) * part)];
+}
+
+void rest(int forMilliseconds)
+{
+    const auto end = milliseconds(CLOCK_MONOTONIC) + forMilliseconds;
+    while (milliseconds(CLOCK_MONOTONIC) < end)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+}
+
+// Types notes into the middle; now and then the hands rest, and the text is read.
+bool type(const char *name, AbcEditorWindow &window, const QString &text, double budget)
+{
+    window.setTrack(parseAbc(text));
+    auto *const view = window.findChild<AbcTextEdit *>();
+    auto caret = view->textCursor();
+    caret.setPosition(int(text.size() / 2));
+    view->setTextCursor(caret);
+    rest(300);
+    std::vector<double> own;
+    std::vector<double> passed;
+    for (int i = 0; i < keys; ++i) {
+        if (i % keysBeforeRest == keysBeforeRest - 1)
+            rest(400);
+        const auto letter = QString(QLatin1Char("cdefgab "[i % 8]));
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, letter);
+        const auto ownBegin = milliseconds(CLOCK_THREAD_CPUTIME_ID);
+        const auto begin = milliseconds(CLOCK_MONOTONIC);
+        QCoreApplication::sendEvent(view, &press);
+        QCoreApplication::processEvents();
+        own.push_back(milliseconds(CLOCK_THREAD_CPUTIME_ID) - ownBegin);
+        passed.push_back(milliseconds(CLOCK_MONOTONIC) - begin);
+    }
+    const auto p99 = percentile(own, 0.99);
+    std::printf("%-34s p50 %6.2f ms  p99 %6.2f ms  (clock %6.2f ms)  of %2.0f ms\n", name, percentile(own, 0.5), p99,
+                percentile(passed, 0.99), budget);
+    window.document().text()->setModified(false);
+    return p99 <= budget;
+}
+
+QString tune(int size, int notesPerLine)
+{
+    auto text = QStringLiteral("X: 1\nT: Long\nM: 4/4\nL: 1/8\nK: D\n");
+    for (int note = 0; text.size() < size; ++note) {
+        text += QStringLiteral("%1%2").arg(QLatin1Char("cdefgABG"[note * 5 % 8])).arg(1 + note % 3);
+        text += note % 8 == 7 ? QStringLiteral(" | ") : QStringLiteral(" ");
+        if (note % notesPerLine == notesPerLine - 1)
+            text += u'\n';
+    }
+    return text;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    const QTemporaryDir folder;
+    Settings settings(folder.filePath(QStringLiteral("settings.cfg")));
+    DesktopDialogs dialogs;
+    TrackPlayer player([] { return std::make_unique<BuiltinEngine>(EngineOutput::Paced); });
+    AbcEditorWindow window(settings, dialogs, player);
+    window.show();
+    const auto lines = tune(100'000, 12);
+    const auto longLine = tune(20'000, 100'000);
+    bool isWithin = type("100 kB, text alone", window, lines, 16);
+    isWithin &= type("one line of 20 kB, text alone", window, longLine, 40);
+    window.findChild<QAction *>(QStringLiteral("actionShowRoll"))->trigger();
+    isWithin &= type("100 kB, with the piano roll", window, lines, 16);
+    isWithin &= type("one line of 20 kB, with the roll", window, longLine, 40);
+    return isWithin ? 0 : 1;
+}

@@ -1,0 +1,486 @@
+#include "app/MainWindow.h"
+
+#include "app/About.h"
+#include "app/BusyIndicator.h"
+#include "app/EmptyHint.h"
+#include "app/PreferencesDialog.h"
+#include "app/RecentFiles.h"
+#include "app/Theme.h"
+#include "app/TrackRows.h"
+#include "core/HeaderFields.h"
+#include "ui/Dialogs.h"
+#include "ui/TrackWidget.h"
+#include "ui/VUMeter.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QProgressDialog>
+#include <QScrollArea>
+#include <QSlider>
+#include <QStatusBar>
+#include <QTimer>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
+    : QMainWindow(parent), services_(services), settings_(services.settings), dialogs_(services.dialogs),
+      player_(services.makeEngine, this), playback_(tracks_, instruments_, player_),
+      editors_(tracks_, playback_, settings_, dialogs_, services.makeEngine, this), import_(settings_),
+      updates_(services.updateAddress), rows_(new TrackRows(tracks_, instruments_, settings_, dialogs_))
+{
+    setWindowTitle(QStringLiteral("Kelvarion Composer"));
+    setWindowIcon(QIcon(QStringLiteral(":/icons/appicon.png")));
+    setAcceptDrops(true);
+    resize(1180, 760);
+
+    auto *const area = new QScrollArea;
+    area->setObjectName(QStringLiteral("scrTrackArea"));
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidget(rows_);
+    setCentralWidget(area);
+
+    makeActions();
+    makeMenus();
+    makeToolBars();
+    makeHistoryDock();
+    makeStatusBar();
+    connectPlayer();
+
+    connect(rows_, &TrackRows::rowAdded, this, &MainWindow::connectRow);
+    connect(rows_->hint(), &EmptyHint::importMidi, this, &MainWindow::onImportMidi);
+    connect(rows_->hint(), &EmptyHint::openAbc, this, &MainWindow::onLoadABC);
+    connect(&tracks_, &TrackList::songChanged, this, &MainWindow::updateActions);
+    connect(&tracks_, &TrackList::selectionChanged, this, &MainWindow::updateActions);
+    connect(&playback_, &Playback::playingChanged, this, &MainWindow::updateActions);
+    connect(&editors_, &EditorWindows::applied, this, &MainWindow::onEdited);
+    connect(&import_, &SongImport::imported, this, &MainWindow::onImported);
+    connect(&scan_, &InstrumentScanTask::finished, this, &MainWindow::onScanned);
+    connect(&updates_, &UpdateChecker::updateAvailable, this, &MainWindow::onUpdateAvailable);
+    connect(&updates_, &UpdateChecker::updateCheckFailed, this, &MainWindow::onUpdateFailed);
+    connect(&settings_, &Settings::settingChanged, this, &MainWindow::onSettingChanged);
+
+    masterVolume_->setValue(settings_.value(Settings::MasterVolume).toInt());
+    player_.setMasterVolume(gainOf(masterVolume_->value()));
+    connect(masterVolume_, &QSlider::valueChanged, this, &MainWindow::onMasterVolumeChanged);
+    playback_.setDefaultInstrument(settings_.value(Settings::DefaultInstrument).toString());
+    restoreGeometry(QByteArray::fromBase64(settings_.value(Settings::WindowGeometry).toString().toLatin1()));
+    restoreState(QByteArray::fromBase64(settings_.value(Settings::WindowState).toString().toLatin1()));
+    updateActions();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::showEvent(QShowEvent *event)
+{
+    QMainWindow::showEvent(event);
+    QTimer::singleShot(0, this, &MainWindow::startScan); // after the first paint
+}
+
+void MainWindow::startScan()
+{
+    if (scan_.isRunning() || !instruments_.instruments().isEmpty())
+        return;
+    const bool loadsMods = settings_.value(Settings::LoadMods).toBool();
+    scan_.start(settings_.value(Settings::RootPath).toString(), loadsMods ? Mods::Load : Mods::Skip);
+}
+
+void MainWindow::onScanned(const InstrumentSet &instruments)
+{
+    scanBusy_->finish();
+    const auto wanted = settings_.value(Settings::DefaultInstrument).toString();
+    {
+        const QSignalBlocker blocker(instrumentList_);
+        instruments_.setInstruments(instruments);
+        instrumentList_->setCurrentText(playback_.resolvedName(wanted));
+    }
+    playback_.setDefaultInstrument(instrumentList_->currentText());
+    for (const auto &[request, song] : std::exchange(waitingForScan_, {}))
+        onImported(request, song);
+}
+
+// --- Files ---
+
+QString MainWindow::startFolder(Settings::Setting setting) const
+{
+    return settings_.value(setting).toString();
+}
+
+void MainWindow::rememberFolder(Settings::Setting setting, const QString &file)
+{
+    settings_.setValue(setting, QFileInfo(file).absolutePath());
+}
+
+ExistingTracks MainWindow::askAboutExisting(const QString &title)
+{
+    const auto question = QStringLiteral("Would you like to remove the existing tracks first?");
+    const bool removes = !tracks_.isEmpty() && dialogs_.ask(this, title, question) == Dialogs::Answer::Yes;
+    return removes ? ExistingTracks::Remove : ExistingTracks::Keep;
+}
+
+void MainWindow::load(const ImportRequest &request)
+{
+    if (!request.sources.isEmpty())
+        import_.start(request);
+}
+
+void MainWindow::onImported(const ImportRequest &request, const ReadSong &song)
+{
+    if (instruments_.instruments().isEmpty()) { // none of their names is known yet
+        waitingForScan_.append({request, song});
+        return;
+    }
+    QVector<NewTrack> added;
+    for (const auto &track : song.tracks)
+        added.append({track, instrumentFor(track)});
+    tracks_.add(request.step, added, request.existing);
+    for (const auto &file : song.readFiles)
+        RecentFiles::add(settings_, file);
+    for (const auto &error : song.errors)
+        dialogs_.message(this, Dialogs::Severity::Critical, error.title, error.text);
+}
+
+QString MainWindow::instrumentFor(const Track &track) const
+{
+    const auto named = HeaderFields::instrumentName(track.headerFields(QStringLiteral("I")));
+    const auto resolved = playback_.resolvedName(named);
+    if (!named.isEmpty() && named != resolved)
+        qWarning("%s: there is no instrument '%s'", qUtf8Printable(track.title()), qUtf8Printable(named));
+    return resolved;
+}
+
+void MainWindow::openFiles(const QStringList &paths)
+{
+    QMimeData files;
+    QList<QUrl> urls;
+    for (const auto &path : paths) {
+        urls.append(QUrl::fromLocalFile(path));
+        if (!QFileInfo::exists(path))
+            RecentFiles::forget(settings_, path);
+    }
+    files.setUrls(urls);
+    const auto sources = sourcesOf(files, FileOrigin::Pasted);
+    if (!sources.isEmpty())
+        load({tr("Open Files"), tr("Loading files..."), sources, askAboutExisting(QStringLiteral("Import Files"))});
+}
+
+void MainWindow::onLoadABC()
+{
+    const auto files = dialogs_.openFiles(this, QStringLiteral("Choose ABC file(s) to open"),
+                                          startFolder(Settings::AbcOpenDir), QStringLiteral("ABC files (*.abc)"));
+    if (files.isEmpty())
+        return;
+    rememberFolder(Settings::AbcOpenDir, files.first());
+    QVector<SongSource> sources;
+    for (const auto &file : files)
+        sources.append({SongSource::Kind::AbcFile, file});
+    load({tr("Open Tracks"), tr("Loading ABC files..."), sources});
+}
+
+void MainWindow::onImportMidi()
+{
+    const auto file = dialogs_.openFile(this, QStringLiteral("Choose MIDI file to import..."),
+                                        startFolder(Settings::MidiOpenDir), QStringLiteral("MIDI files (*.mid)"));
+    if (file.isEmpty())
+        return;
+    rememberFolder(Settings::MidiOpenDir, file);
+    const auto existing = askAboutExisting(QStringLiteral("Import MIDI"));
+    load({tr("Import MIDI"), QStringLiteral("Loading MIDI file..."), {{SongSource::Kind::MidiFile, file}}, existing});
+}
+
+void MainWindow::onImportClipboard()
+{
+    const auto title = QStringLiteral("Import from clipboard");
+    const auto *const content = QGuiApplication::clipboard()->mimeData();
+    if (!content || !(content->hasText() || content->hasUrls())) {
+        dialogs_.message(this, Dialogs::Severity::Information, title,
+                         QStringLiteral("The clipboard does not contain anything to import."));
+        return;
+    }
+    const auto step = tr("Paste Tracks");
+    if (content->hasUrls())
+        load({step, tr("Loading files..."), sourcesOf(*content, FileOrigin::Pasted), askAboutExisting(title)});
+    else
+        load({step, tr("Reading the clipboard..."), sourcesOf(content->text())});
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!sourcesOf(*event->mimeData(), FileOrigin::Dropped).isEmpty())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent *event)
+{
+    const auto sources = sourcesOf(*event->mimeData(), FileOrigin::Dropped);
+    if (sources.isEmpty())
+        return;
+    event->acceptProposedAction();
+    load({tr("Drop Files"), tr("Loading files..."), sources, askAboutExisting(QStringLiteral("Import Files"))});
+}
+
+bool MainWindow::save(const QStringList &ids)
+{
+    return std::all_of(ids.cbegin(), ids.cend(), [this](const QString &id) { return rows_->row(id)->save(); });
+}
+
+void MainWindow::onSaveSelected()
+{
+    save(tracks_.selectedIds());
+}
+
+void MainWindow::onSaveAll()
+{
+    save(tracks_.ids());
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    if (!editors_.closeAll()) {
+        event->ignore();
+        return;
+    }
+    const auto unsaved = tracks_.unsavedIds();
+    if (!unsaved.isEmpty()) {
+        const auto text =
+            tr("%n track(s) are not saved yet.\nWould you like to save them?", nullptr, int(unsaved.size()));
+        const auto answer = dialogs_.askToSave(this, windowTitle(), text);
+        const bool mayClose =
+            answer == Dialogs::CloseAnswer::Discard || (answer == Dialogs::CloseAnswer::SaveAll && save(unsaved));
+        if (!mayClose) {
+            event->ignore();
+            return;
+        }
+    }
+    import_.cancel();
+    playback_.stop();
+    settings_.setValue(Settings::WindowGeometry, QString::fromLatin1(saveGeometry().toBase64()));
+    settings_.setValue(Settings::WindowState, QString::fromLatin1(saveState().toBase64()));
+    settings_.save();
+    QMainWindow::closeEvent(event);
+}
+
+// --- Commands on tracks ---
+
+void MainWindow::onNewTrack()
+{
+    Track track;
+    track.normalize();
+    onImported({tr("New Track"), {}, {}}, {{track}, {}, {}});
+}
+
+void MainWindow::onClearTracks()
+{
+    tracks_.remove(tr("Remove All Tracks"), tracks_.ids());
+}
+
+void MainWindow::onRemoveSelectedTracks()
+{
+    tracks_.remove(tr("Remove Tracks"), tracks_.selectedIds());
+}
+
+void MainWindow::onDuplicateTracks()
+{
+    tracks_.duplicate(tracks_.selectedIds());
+}
+
+void MainWindow::onMergeTracks()
+{
+    try {
+        tracks_.merge(tracks_.selectedIds());
+    } catch (const QString &error) {
+        dialogs_.message(this, Dialogs::Severity::Critical, QStringLiteral("Merge Tracks"),
+                         QStringLiteral("Could not merge tracks: %1").arg(error));
+    }
+}
+
+void MainWindow::onApplyInstrument()
+{
+    const auto selected = tracks_.selectedIds();
+    tracks_.setInstrument(selected.isEmpty() ? tracks_.ids() : selected, instrumentList_->currentText());
+}
+
+void MainWindow::onMuteSelected()
+{
+    tracks_.toggleMuted(tracks_.selectedIds());
+}
+
+void MainWindow::onSelectAll()
+{
+    tracks_.selectAll();
+}
+
+void MainWindow::onDeselectAll()
+{
+    tracks_.deselectAll();
+}
+
+void MainWindow::onInvertSelection()
+{
+    tracks_.invertSelection();
+}
+
+void MainWindow::onDefaultInstrumentChanged(const QString &name)
+{
+    playback_.setDefaultInstrument(name);
+    settings_.setValue(Settings::DefaultInstrument, name);
+}
+
+void MainWindow::updateActions()
+{
+    const auto enable = [this](const QStringList &names, bool isEnabled) {
+        for (const auto &name : names)
+            action(name)->setEnabled(isEnabled);
+    };
+    enable({QStringLiteral("actionDuplicate_Selected"), QStringLiteral("actionMerge_Selected"),
+            QStringLiteral("actionRemove_Selected"), QStringLiteral("actionSave_Selected"),
+            QStringLiteral("actionMute_Selected")},
+           !tracks_.selectedIds().isEmpty());
+    enable({QStringLiteral("actionClear_Tracks"), QStringLiteral("actionSave_All"), QStringLiteral("actionPlay"),
+            QStringLiteral("actionApplyInstrument"), QStringLiteral("actionExport_to_Wav"),
+            QStringLiteral("actionSelect_All"), QStringLiteral("actionDeselect_All"),
+            QStringLiteral("actionInvert_Selection")},
+           !tracks_.isEmpty());
+    enable({QStringLiteral("actionStop")}, playback_.isPlaying());
+}
+
+// --- Playback ---
+
+void MainWindow::onPlay()
+{
+    playback_.play();
+}
+
+void MainWindow::onStopAll()
+{
+    playback_.stop();
+}
+
+void MainWindow::onMasterVolumeChanged(int percent)
+{
+    player_.setMasterVolume(gainOf(percent));
+    settings_.setValue(Settings::MasterVolume, percent);
+}
+
+// --- Export ---
+
+void MainWindow::onExportWav()
+{
+    if (renderer_ && renderer_->isRunning()) {
+        dialogs_.message(this, Dialogs::Severity::Warning, QStringLiteral("Renderer in use"),
+                         QStringLiteral("You are already rendering to wav, please wait for it to finish and try "
+                                        "again."));
+        return;
+    }
+    renderer_.reset();
+    const auto file = dialogs_.saveFile(this, QStringLiteral("Export tracks to wav..."),
+                                        startFolder(Settings::WavSaveDir), QStringLiteral("Wave file (*.wav)"));
+    if (file.isEmpty())
+        return;
+    rememberFolder(Settings::WavSaveDir, file);
+    startExport(file);
+}
+
+void MainWindow::startExport(const QString &fileName)
+{
+    renderer_ = std::make_unique<TrackRenderer>(fileName, services_.makeFileEngine);
+    for (const auto &track : tracks_.song()) {
+        if (!track->isMuted)
+            renderer_->addTrack(*track->track, playback_.instrument(track->instrument), gainOf(track->volume),
+                                gainOf(track->pan));
+    }
+    connect(renderer_.get(), &TrackRenderer::renderStarted, this, &MainWindow::onRenderStarted);
+    connect(renderer_.get(), &TrackRenderer::renderProgress, this, &MainWindow::onRenderProgress);
+    connect(renderer_.get(), &TrackRenderer::renderFinished, this, &MainWindow::onRenderFinished);
+    connect(renderer_.get(), &TrackRenderer::loadingSample, this, &MainWindow::onLoadingSample);
+    connect(
+        renderer_.get(), &TrackRenderer::renderFailed, this,
+        [this](const QString &message) {
+            dialogs_.message(this, Dialogs::Severity::Critical, tr("Export to Wav"), message);
+        },
+        Qt::QueuedConnection); // so that the progress is closed first
+    renderer_->render();
+}
+
+void MainWindow::onRenderStarted()
+{
+    exportProgress_ = new QProgressDialog(QStringLiteral("Rendering to wav..."), tr("Cancel"), 0, 1, this);
+    exportProgress_->setObjectName(QStringLiteral("exportProgress"));
+    exportProgress_->setWindowTitle(windowTitle());
+    exportProgress_->setAutoReset(false);
+    connect(exportProgress_, &QProgressDialog::canceled, renderer_.get(), &TrackRenderer::cancel);
+}
+
+void MainWindow::onRenderProgress(quint64 progress, quint64 total)
+{
+    if (!exportProgress_)
+        return;
+    const auto unit = total / quint64(std::numeric_limits<int>::max()) + 1;
+    exportProgress_->setMaximum(int(total / unit));
+    exportProgress_->setValue(int(progress / unit));
+}
+
+void MainWindow::onRenderFinished()
+{
+    if (exportProgress_)
+        std::exchange(exportProgress_, nullptr)->deleteLater();
+}
+
+// --- The rest ---
+
+void MainWindow::onPreferences()
+{
+    PreferencesDialog(settings_, dialogs_, this).exec();
+}
+
+void MainWindow::onSettingChanged(Settings::Setting setting, const QVariant &value)
+{
+    if (setting == Settings::DarkPalette)
+        applyTheme(value.toBool() ? Theme::Dark : Theme::Light);
+}
+
+void MainWindow::onAbout()
+{
+    dialogs_.about(this, QStringLiteral("About Kelvarion Composer"), aboutHtml());
+}
+
+void MainWindow::onDonate()
+{
+    dialogs_.openInBrowser(donationAddress());
+}
+
+void MainWindow::onWebsite()
+{
+    dialogs_.openInBrowser(websiteAddress());
+}
+
+void MainWindow::onCheckUpdates()
+{
+    updates_.check();
+}
+
+void MainWindow::onUpdateAvailable(bool available, const QString &newVer, const QString &address)
+{
+    if (!available) {
+        dialogs_.message(this, Dialogs::Severity::Information, QStringLiteral("No updates"),
+                         QStringLiteral("You are running the latest version of Kelvarion Composer."));
+        return;
+    }
+    const auto question =
+        QStringLiteral("Kelvarion Composer v%1 is available.\nWould you like to download it now?").arg(newVer);
+    if (dialogs_.ask(this, QStringLiteral("Update available"), question) == Dialogs::Answer::Yes)
+        dialogs_.openInBrowser(QUrl(address));
+}
+
+void MainWindow::onUpdateFailed(const QString &error)
+{
+    dialogs_.message(this, Dialogs::Severity::Warning, QStringLiteral("Updates check failed"),
+                     QStringLiteral("Failed to check for updates: %1").arg(error));
+}

@@ -1,0 +1,125 @@
+#include "app/Playback.h"
+
+#include "audio/TrackPlayer.h"
+
+#include <algorithm>
+
+namespace {
+
+const QString syncGroup = QStringLiteral("Main");
+
+QHash<QString, std::shared_ptr<const SongTrack>> byId(const Song &song)
+{
+    QHash<QString, std::shared_ptr<const SongTrack>> tracks;
+    for (const auto &track : song)
+        tracks.insert(track->id, track);
+    return tracks;
+}
+
+} // namespace
+
+Playback::Playback(TrackList &list, const InstrumentSetModel &catalogue, TrackPlayer &player, QObject *parent)
+    : QObject(parent), list_(list), catalogue_(catalogue), player_(player)
+{
+    connect(&list_, &TrackList::songChanged, this, &Playback::follow);
+    connect(&player_, &TrackPlayer::trackStarted, this, &Playback::onTrackStarted);
+    connect(&player_, &TrackPlayer::trackStopped, this, &Playback::onTrackStopped);
+    connect(&player_, &TrackPlayer::trackPositionChanged, this,
+            [this](const QString &, quint64 position) { position_ = Ticks(position); });
+}
+
+QString Playback::resolvedName(const QString &name) const
+{
+    const auto &instruments = catalogue_.instruments();
+    for (const auto &candidate : {name, defaultInstrument_}) {
+        if (instruments.contains(candidate))
+            return candidate;
+    }
+    return instruments.names().value(0);
+}
+
+Instrument Playback::instrument(const QString &name) const
+{
+    const auto resolved = resolvedName(name);
+    return resolved.isEmpty() ? Instrument() : catalogue_.instruments().instrument(resolved);
+}
+
+void Playback::play()
+{
+    player_.stopAll();
+    position_ = 0;
+    for (const auto &track : list_.song())
+        player_.precacheInstrument(instrument(track->instrument), *track->track);
+    for (const auto &track : list_.song())
+        start(*track);
+}
+
+void Playback::stop()
+{
+    player_.stopAll();
+}
+
+void Playback::seek(Ticks position)
+{
+    position_ = position;
+    player_.seekSynced(quint64(position), syncGroup);
+}
+
+void Playback::start(const SongTrack &track)
+{
+    player_.playTrackSynced(track.id, syncGroup, instrument(track.instrument), *track.track, track.isMuted,
+                            gainOf(track.volume), gainOf(track.pan));
+}
+
+void Playback::follow(const Song &before, const Song &after)
+{
+    if (!isPlaying())
+        return;
+    const auto old = byId(before);
+    const auto now = byId(after);
+    for (const auto &track : before) {
+        if (!now.contains(track->id))
+            player_.stopTrack(track->id);
+    }
+    bool isRestarted = false;
+    for (const auto &track : after) {
+        const auto previous = old.value(track->id);
+        if (previous && previous->track == track->track) {
+            followTrack(*previous, *track);
+            continue;
+        }
+        player_.precacheInstrument(instrument(track->instrument), *track->track);
+        player_.stopTrack(track->id);
+        start(*track);
+        isRestarted = true;
+    }
+    if (isRestarted)
+        player_.seekSynced(quint64(position_), syncGroup);
+}
+
+void Playback::followTrack(const SongTrack &before, const SongTrack &after)
+{
+    if (before.instrument != after.instrument) {
+        player_.precacheInstrument(instrument(after.instrument), *after.track);
+        player_.changeInstrument(after.id, instrument(after.instrument));
+    }
+    if (before.isMuted != after.isMuted)
+        player_.muteTrack(after.id, after.isMuted);
+    if (before.volume != after.volume)
+        player_.setVolume(after.id, gainOf(after.volume));
+    if (before.pan != after.pan)
+        player_.setPan(after.id, gainOf(after.pan));
+}
+
+void Playback::onTrackStarted(const QString &id)
+{
+    playing_.insert(id);
+    if (playing_.size() == 1)
+        emit playingChanged(true);
+}
+
+void Playback::onTrackStopped(const QString &id)
+{
+    if (playing_.remove(id) && playing_.isEmpty())
+        emit playingChanged(false);
+}

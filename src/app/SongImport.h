@@ -1,0 +1,42 @@
+#pragma once
+
+#include "app/BackgroundTask.h"
+#include "app/SongReader.h"
+#include "app/TrackList.h"
+
+#include <QObject>
+#include <QQueue>
+
+// What one action of the user is to bring into the song.
+struct ImportRequest
+{
+    QString step;   // its name in the history
+    QString status; // while it runs
+    QVector<SongSource> sources;
+    ExistingTracks existing = ExistingTracks::Keep;
+};
+
+// Reads songs beside the interface thread, one request after another.
+class SongImport : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit SongImport(const Settings &settings, QObject *parent = nullptr);
+
+    void start(const ImportRequest &request);
+    void cancel(); // all requests; nothing of them is delivered
+    bool isRunning() const { return !requests_.isEmpty(); }
+
+signals:
+    void progress(const QString &status, int done, int total); // of the sources of one request
+    void imported(const ImportRequest &request, const ReadSong &song);
+    void idle();
+
+private:
+    void readNext();
+
+    const Settings &settings_;
+    QQueue<ImportRequest> requests_; // the first is being read
+    BackgroundTask task_;
+};

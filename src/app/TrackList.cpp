@@ -1,0 +1,298 @@
+#include "app/TrackList.h"
+
+#include "import/MergeTracks.h"
+
+#include <QElapsedTimer>
+#include <QUndoCommand>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qint64 mergingPauseMs = 1500;
+constexpr int longestHistory = 20000; // steps; each costs a pointer a track beside what it changed
+
+std::shared_ptr<const Track> shared(Track track)
+{
+    track.toAbc(); // so that nothing that only looks at the track has to change it
+    return std::make_shared<const Track>(std::move(track));
+}
+
+} // namespace
+
+class SongChange : public QUndoCommand
+{
+public:
+    SongChange(TrackList &list, const Song &after, const QString &step, int merging, const QString &id)
+        : QUndoCommand(step), list_(list), before_(list.song_), after_(after), merging_(merging), id_(id)
+    {
+        age_.start();
+    }
+
+    void undo() override { list_.show(before_); }
+    void redo() override { list_.show(after_); }
+    int id() const override { return merging_ == int(TrackList::Merging::Never) ? -1 : merging_; }
+
+    bool mergeWith(const QUndoCommand *other) override
+    {
+        const auto *const next = static_cast<const SongChange *>(other); // the same id() is the same class
+        if (next->id_ != id_ || age_.elapsed() > mergingPauseMs)
+            return false;
+        after_ = next->after_;
+        age_.restart();
+        return true;
+    }
+
+private:
+    TrackList &list_;
+    Song before_;
+    Song after_;
+    int merging_;
+    QString id_;
+    QElapsedTimer age_;
+};
+
+TrackList::TrackList(QObject *parent) : QObject(parent)
+{
+    history_.setUndoLimit(longestHistory);
+}
+
+int TrackList::indexOf(const QString &id) const
+{
+    const auto found = std::find_if(song_.cbegin(), song_.cend(), [&](const auto &track) { return track->id == id; });
+    return found != song_.cend() ? int(found - song_.cbegin()) : -1;
+}
+
+const SongTrack *TrackList::find(const QString &id) const
+{
+    const int index = indexOf(id);
+    return index >= 0 ? song_[index].get() : nullptr;
+}
+
+QStringList TrackList::ids() const
+{
+    QStringList ids;
+    for (const auto &track : song_)
+        ids.append(track->id);
+    return ids;
+}
+
+Ticks TrackList::commonLength() const
+{
+    Ticks length = 0;
+    for (const auto &track : song_)
+        length = std::max(length, track->track->length());
+    return length;
+}
+
+Track TrackList::trackWithPath(const QString &id) const
+{
+    const auto *const found = find(id);
+    if (!found)
+        return {};
+    auto track = *found->track;
+    track.setFilePath(saved_.value(id).path);
+    return track;
+}
+
+QStringList TrackList::selectedIds() const
+{
+    auto selected = ids();
+    selected.erase(std::remove_if(selected.begin(), selected.end(), [&](const auto &id) { return !isSelected(id); }),
+                   selected.end());
+    return selected;
+}
+
+void TrackList::setSelected(const QString &id, bool isSelected)
+{
+    if (indexOf(id) < 0 || selected_.contains(id) == isSelected)
+        return;
+    if (isSelected)
+        selected_.insert(id);
+    else
+        selected_.remove(id);
+    emit selectionChanged(id, isSelected);
+}
+
+void TrackList::selectAll()
+{
+    for (const auto &id : ids())
+        setSelected(id, true);
+}
+
+void TrackList::deselectAll()
+{
+    for (const auto &id : ids())
+        setSelected(id, false);
+}
+
+void TrackList::invertSelection()
+{
+    for (const auto &id : ids())
+        setSelected(id, !isSelected(id));
+}
+
+std::shared_ptr<const SongTrack> TrackList::adopt(const NewTrack &added)
+{
+    auto track = std::make_shared<SongTrack>();
+    track->id = nextId();
+    track->track = shared(added.track);
+    track->instrument = added.instrument;
+    if (!added.track.filePath().isEmpty())
+        saved_.insert(track->id, {added.track.filePath(), track->track});
+    return track;
+}
+
+void TrackList::add(const QString &step, const QVector<NewTrack> &tracks, ExistingTracks existing)
+{
+    auto after = existing == ExistingTracks::Keep ? song_ : Song();
+    for (const auto &track : tracks)
+        after.append(adopt(track));
+    change(step, after);
+}
+
+void TrackList::remove(const QString &step, const QStringList &ids)
+{
+    auto after = song_;
+    after.erase(std::remove_if(after.begin(), after.end(), [&](const auto &track) { return ids.contains(track->id); }),
+                after.end());
+    change(step, after);
+}
+
+void TrackList::duplicate(const QStringList &ids)
+{
+    auto after = song_;
+    for (const auto &id : ids) {
+        const auto *const source = find(id);
+        if (!source)
+            continue;
+        auto copy = std::make_shared<SongTrack>(*source);
+        copy->id = nextId();
+        after.append(copy);
+    }
+    change(tr("Duplicate Tracks"), after);
+}
+
+void TrackList::merge(const QStringList &ids)
+{
+    QVector<Track> tracks;
+    for (const auto &id : ids) {
+        if (const auto *const source = find(id))
+            tracks.append(*source->track);
+    }
+    if (tracks.isEmpty())
+        return;
+    auto merged = mergeTracks(tracks);
+    merged.setFilePath({});
+    add(tr("Merge Tracks"), {{merged, find(ids.first())->instrument}});
+}
+
+void TrackList::move(const QString &id, int index)
+{
+    const int from = indexOf(id);
+    if (from < 0)
+        return;
+    auto after = song_;
+    after.move(from, std::clamp(index, 0, int(song_.size()) - 1));
+    change(tr("Move Track"), after);
+}
+
+void TrackList::setTrack(const QString &step, const QString &id, const Track &track)
+{
+    const auto value = shared(track);
+    changeEach(step, {id}, Merging::Text, [&](SongTrack &changed) { changed.track = value; });
+}
+
+void TrackList::setInstrument(const QStringList &ids, const QString &instrument)
+{
+    changeEach(tr("Change Instrument"), ids, Merging::Instrument,
+               [&](SongTrack &track) { track.instrument = instrument; });
+}
+
+void TrackList::setVolume(const QString &id, int percent)
+{
+    changeEach(tr("Change Volume"), {id}, Merging::Volume, [=](SongTrack &track) { track.volume = percent; });
+}
+
+void TrackList::setPan(const QString &id, int pan)
+{
+    changeEach(tr("Change Pan"), {id}, Merging::Pan, [=](SongTrack &track) { track.pan = pan; });
+}
+
+void TrackList::setMuted(const QStringList &ids, bool isMuted)
+{
+    changeEach(isMuted ? tr("Mute") : tr("Unmute"), ids, Merging::Never,
+               [=](SongTrack &track) { track.isMuted = isMuted; });
+}
+
+void TrackList::toggleMuted(const QStringList &ids)
+{
+    setMuted(ids, std::any_of(ids.cbegin(), ids.cend(), [&](const auto &id) {
+                 const auto *const track = find(id);
+                 return track && !track->isMuted;
+             }));
+}
+
+void TrackList::solo(const QString &id)
+{
+    const auto sounds = [&](const auto &track) { return track->isMuted == (track->id != id); };
+    const bool isAlone = std::all_of(song_.cbegin(), song_.cend(), sounds);
+    if (indexOf(id) >= 0)
+        changeEach(tr("Solo"), ids(), Merging::Never,
+                   [&](SongTrack &track) { track.isMuted = !isAlone && track.id != id; });
+}
+
+bool TrackList::isUnsaved(const QString &id) const
+{
+    const auto *const track = find(id);
+    if (!track)
+        return false;
+    const auto saved = saved_.constFind(id);
+    return saved != saved_.constEnd() ? saved->track != track->track : track->track->noteCount() > 0;
+}
+
+QStringList TrackList::unsavedIds() const
+{
+    auto unsaved = ids();
+    unsaved.erase(std::remove_if(unsaved.begin(), unsaved.end(), [&](const auto &id) { return !isUnsaved(id); }),
+                  unsaved.end());
+    return unsaved;
+}
+
+void TrackList::markSaved(const QString &id, const QString &path)
+{
+    if (const auto *const track = find(id)) {
+        saved_.insert(id, {path, track->track});
+        emit savedChanged();
+    }
+}
+
+void TrackList::changeEach(const QString &step, const QStringList &ids, Merging merging,
+                           const std::function<void(SongTrack &)> &edit)
+{
+    auto after = song_;
+    for (const auto &id : ids) {
+        const int index = indexOf(id);
+        if (index < 0)
+            continue;
+        const auto edited = std::make_shared<SongTrack>(*song_[index]);
+        edit(*edited);
+        const auto &old = *song_[index];
+        if (edited->track != old.track || edited->instrument != old.instrument || edited->isMuted != old.isMuted ||
+            edited->volume != old.volume || edited->pan != old.pan)
+            after[index] = edited;
+    }
+    change(step, after, merging, ids.join(u' '));
+}
+
+void TrackList::change(const QString &step, const Song &after, Merging merging, const QString &id)
+{
+    if (after != song_)
+        history_.push(new SongChange(*this, after, step, int(merging), id));
+}
+
+void TrackList::show(const Song &song)
+{
+    const auto before = std::exchange(song_, song);
+    emit songChanged(before, song_);
+}

@@ -1,0 +1,111 @@
+#pragma once
+
+#include "core/Track.h"
+
+#include <QHash>
+#include <QObject>
+#include <QSet>
+#include <QUndoStack>
+
+#include <functional>
+#include <memory>
+
+// One track of the song with everything that undo brings back. Never changed once it is in a song: a change puts a new
+// value in its place, so that the history shares whatever stayed the same.
+struct SongTrack
+{
+    QString id; // "T1", "T2", …; never given twice by one list
+    std::shared_ptr<const Track> track;
+    QString instrument; // a name of the catalogue
+    bool isMuted = false;
+    int volume = 100; // percent
+    int pan = 0;      // -100 left … 100 right
+};
+
+using Song = QVector<std::shared_ptr<const SongTrack>>; // in display order
+
+// A track that is to be added.
+struct NewTrack
+{
+    Track track; // with its file path when that file holds it as it is
+    QString instrument;
+};
+
+enum class ExistingTracks { Keep, Remove };
+
+// The song of the window without its widgets. Every change is one step of the undo stack, and songChanged() tells the
+// views what to follow; the selection, and which tracks are saved, are no part of the history. Names of tracks that are
+// not there are ignored. On the interface thread.
+class TrackList : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit TrackList(QObject *parent = nullptr);
+
+    const Song &song() const { return song_; }
+    bool isEmpty() const { return song_.isEmpty(); }
+    const SongTrack *find(const QString &id) const;
+    QStringList ids() const;
+    QUndoStack &history() { return history_; }
+
+    // Of the longest track; the scale that all overviews share.
+    Ticks commonLength() const;
+
+    // The track with the path of the file that it was read from or saved to.
+    Track trackWithPath(const QString &id) const;
+
+    bool isSelected(const QString &id) const { return selected_.contains(id); }
+    QStringList selectedIds() const; // in display order
+    void setSelected(const QString &id, bool isSelected);
+    void selectAll();
+    void deselectAll();
+    void invertSelection();
+
+    void add(const QString &step, const QVector<NewTrack> &tracks, ExistingTracks existing = ExistingTracks::Keep);
+    void remove(const QString &step, const QStringList &ids);
+    void duplicate(const QStringList &ids);
+    void merge(const QStringList &ids); // throws a QString when the tempos differ; the sources stay
+    void move(const QString &id, int index);
+    void setTrack(const QString &step, const QString &id, const Track &track);
+    void setInstrument(const QStringList &ids, const QString &instrument);
+    void setVolume(const QString &id, int percent);
+    void setPan(const QString &id, int pan);
+    void setMuted(const QStringList &ids, bool isMuted);
+    void toggleMuted(const QStringList &ids); // mutes all when one of them sounds
+    void solo(const QString &id);             // or unmutes all when it alone sounds
+
+    // A track is unsaved when it differs from its file, or has notes and no file.
+    bool isUnsaved(const QString &id) const;
+    QStringList unsavedIds() const;
+    void markSaved(const QString &id, const QString &path);
+
+signals:
+    void songChanged(const Song &before, const Song &after);
+    void selectionChanged(const QString &id, bool isSelected);
+    void savedChanged();
+
+private:
+    friend class SongChange;
+    struct SavedAs
+    {
+        QString path;
+        std::shared_ptr<const Track> track;
+    };
+    // Steps of one kind on one track that follow each other quickly are one step.
+    enum class Merging { Never, Instrument, Volume, Pan, Mute, Text };
+
+    int indexOf(const QString &id) const;
+    QString nextId() { return QStringLiteral("T%1").arg(++lastNumber_); }
+    std::shared_ptr<const SongTrack> adopt(const NewTrack &track);
+    void change(const QString &step, const Song &after, Merging merging = Merging::Never, const QString &id = {});
+    void changeEach(const QString &step, const QStringList &ids, Merging merging,
+                    const std::function<void(SongTrack &)> &edit);
+    void show(const Song &song);
+
+    Song song_;
+    QSet<QString> selected_;
+    QHash<QString, SavedAs> saved_; // by track, also of removed ones: undo may bring them back
+    QUndoStack history_;
+    int lastNumber_ = 0;
+};

@@ -1,0 +1,90 @@
+#include "app/TrackRows.h"
+
+#include "app/EmptyHint.h"
+#include "ui/TrackWidget.h"
+
+#include <QVBoxLayout>
+
+#include <utility>
+
+TrackRows::TrackRows(TrackList &tracks, InstrumentSetModel &instruments, Settings &settings, Dialogs &dialogs,
+                     QWidget *parent)
+    : QWidget(parent), tracks_(tracks), instruments_(instruments), settings_(settings), dialogs_(dialogs),
+      column_(new QVBoxLayout(this)), hint_(new EmptyHint)
+{
+    setObjectName(QStringLiteral("scrollAreaWidgetContents"));
+    column_->setContentsMargins(6, 6, 6, 6);
+    column_->setSpacing(4);
+    column_->addWidget(hint_, 1);
+    column_->addStretch(0);
+    connect(&tracks_, &TrackList::songChanged, this, &TrackRows::follow);
+    connect(&tracks_, &TrackList::selectionChanged, this, [this](const QString &id, bool isSelected) {
+        if (auto *const selected = row(id))
+            selected->setSelected(isSelected);
+    });
+}
+
+void TrackRows::follow(const Song &, const Song &after)
+{
+    setUpdatesEnabled(false);
+    removeAbsent(after);
+    for (const auto &track : after)
+        show(track);
+    arrange(after);
+    const auto length = tracks_.commonLength();
+    for (const auto &each : std::as_const(rows_))
+        each.widget->setCommonLength(length);
+    hint_->setVisible(after.isEmpty());
+    setUpdatesEnabled(true);
+}
+
+void TrackRows::removeAbsent(const Song &song)
+{
+    QSet<QString> present;
+    for (const auto &track : song)
+        present.insert(track->id);
+    for (auto each = rows_.begin(); each != rows_.end();) {
+        if (present.contains(each.key())) {
+            ++each;
+            continue;
+        }
+        column_->removeWidget(each->widget);
+        each->widget->hide();
+        each->widget->deleteLater(); // it may be the sender of what removes it
+        each = rows_.erase(each);
+    }
+}
+
+void TrackRows::show(const std::shared_ptr<const SongTrack> &track)
+{
+    auto &shown = rows_[track->id];
+    if (shown.track == track)
+        return;
+    const auto previous = std::exchange(shown.track, track);
+    const bool isNew = !shown.widget;
+    if (isNew)
+        shown.widget = new TrackWidget(tracks_.trackWithPath(track->id), instruments_, settings_, dialogs_);
+    else if (previous->track != track->track)
+        shown.widget->setTrack(tracks_.trackWithPath(track->id));
+    auto &widget = *shown.widget;
+    widget.setInstrumentName(track->instrument);
+    widget.setMuted(track->isMuted);
+    widget.setVolumePercent(track->volume);
+    widget.setPanPercent(track->pan);
+    if (isNew) {
+        widget.setSelected(tracks_.isSelected(track->id));
+        emit rowAdded(track->id, &widget);
+    }
+}
+
+void TrackRows::arrange(const Song &song)
+{
+    for (int index = 0; index < song.size(); ++index) {
+        auto *const widget = row(song[index]->id);
+        const int place = index + 1; // below the hint
+        if (column_->itemAt(place)->widget() != widget) {
+            column_->removeWidget(widget);
+            column_->insertWidget(place, widget);
+        }
+    }
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "app/TrackList.h"
+
+#include <QHash>
+#include <QWidget>
+
+class Dialogs;
+class EmptyHint;
+class InstrumentSetModel;
+class QVBoxLayout;
+class Settings;
+class TrackWidget;
+
+// The track list as a column of rows, one widget a track. It follows the song; what the rows ask for is the business of
+// whoever connects to them when they are added. On the interface thread.
+class TrackRows : public QWidget
+{
+    Q_OBJECT
+
+public:
+    TrackRows(TrackList &tracks, InstrumentSetModel &instruments, Settings &settings, Dialogs &dialogs,
+              QWidget *parent = nullptr);
+
+    TrackWidget *row(const QString &id) const { return rows_.value(id).widget; }
+    EmptyHint *hint() const { return hint_; }
+
+signals:
+    void rowAdded(const QString &id, TrackWidget *row);
+
+private:
+    struct Row
+    {
+        TrackWidget *widget = nullptr;
+        std::shared_ptr<const SongTrack> track; // as it is shown
+    };
+    void follow(const Song &before, const Song &after);
+    void removeAbsent(const Song &song);
+    void show(const std::shared_ptr<const SongTrack> &track);
+    void arrange(const Song &song);
+
+    TrackList &tracks_;
+    InstrumentSetModel &instruments_;
+    Settings &settings_;
+    Dialogs &dialogs_;
+    QHash<QString, Row> rows_;
+    QVBoxLayout *column_;
+    EmptyHint *hint_;
+};

@@ -1,0 +1,96 @@
+#include "app/GameLocation.h"
+#include "app/MainWindow.h"
+#include "app/Screenshot.h"
+#include "app/Settings.h"
+#include "app/Theme.h"
+#include "assets/Instrument.h"
+#include "audio/engine/BuiltinEngine.h"
+#include "core/Track.h"
+#include "ui/Dialogs.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+
+#include <exception>
+
+namespace {
+
+constexpr int exitCancelled = 1;
+
+void showFatalError(Dialogs &dialogs, const QString &text)
+{
+    dialogs.message(nullptr, Dialogs::Severity::Critical, QStringLiteral("Kelvarion Composer"), text);
+    QCoreApplication::exit();
+}
+
+// Files to open, and for pictures of the window the file that it is saved to.
+struct CommandLine
+{
+    QStringList files;
+    QString screenshot;
+};
+
+CommandLine readCommandLine(const QCoreApplication &application)
+{
+    QCommandLineParser parser;
+    parser.addHelpOption();
+    parser.addVersionOption();
+    QCommandLineOption screenshot(QStringLiteral("screenshot"), {}, QStringLiteral("file"));
+    screenshot.setFlags(QCommandLineOption::HiddenFromHelp);
+    parser.addOption(screenshot);
+    parser.addPositionalArgument(QStringLiteral("files"), QStringLiteral("ABC and MIDI files to open"),
+                                 QStringLiteral("[files...]"));
+    parser.process(application);
+    return {parser.positionalArguments(), parser.value(screenshot)};
+}
+
+int runWindow(Settings &settings, Dialogs &dialogs, const CommandLine &commandLine)
+{
+    const bool isPicture = !commandLine.screenshot.isEmpty();
+    const auto output = isPicture ? EngineOutput::Paced : EngineOutput::Device;
+    const WindowServices services{settings, dialogs, [output] { return std::make_unique<BuiltinEngine>(output); },
+                                  [](const QString &file) {
+                                      return std::make_unique<BuiltinEngine>(EngineOutput::WavFile,
+                                                                             file.toStdU16String());
+                                  }};
+    MainWindow window(services);
+    window.show();
+    window.openFiles(commandLine.files);
+    if (isPicture)
+        saveScreenshot(window, commandLine.screenshot);
+    return QCoreApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    qRegisterMetaType<Track>("Track");
+    qRegisterMetaType<Instrument>("Instrument");
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
+    QApplication application(argc, argv);
+    QCoreApplication::setOrganizationDomain(QStringLiteral("kelvarion-composer.example"));
+    QCoreApplication::setApplicationName(QStringLiteral("Kelvarion Composer"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(COMPOSER_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("kelvarion-composer"));
+    const auto commandLine = readCommandLine(application);
+
+    DesktopDialogs dialogs;
+    try {
+        Settings settings(Settings::defaultFile());
+        QApplication::setStyle(QStringLiteral("Fusion"));
+        if (settings.value(Settings::DarkPalette).toBool())
+            applyTheme(Theme::Dark);
+        if (!locateGame(settings, dialogs, driveRoots()))
+            return exitCancelled;
+        return runWindow(settings, dialogs, commandLine);
+    } catch (const QString &error) {
+        showFatalError(dialogs, QStringLiteral("A fatal error occured:\n%1").arg(error));
+    } catch (...) {
+        showFatalError(dialogs, QStringLiteral("An unknown fatal error ocurred"));
+    }
+    return 0;
+}

@@ -1,0 +1,106 @@
+#include "ui/Dialogs.h"
+
+#include <QColorDialog>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMessageBox>
+
+QStringList DesktopDialogs::openFiles(QWidget *parent, const QString &caption, const QString &start,
+                                      const QString &filter)
+{
+    return QFileDialog::getOpenFileNames(parent, caption, start, filter);
+}
+
+QString DesktopDialogs::openFile(QWidget *parent, const QString &caption, const QString &start, const QString &filter)
+{
+    return QFileDialog::getOpenFileName(parent, caption, start, filter);
+}
+
+QString DesktopDialogs::saveFile(QWidget *parent, const QString &caption, const QString &start, const QString &filter)
+{
+    QFileDialog dialog(parent, caption, QFileInfo(start).path(), filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(filter.section(QStringLiteral("*."), 1).section(u')', 0, 0));
+    if (!QFileInfo(start).isDir())
+        dialog.selectFile(QFileInfo(start).fileName());
+    else
+        dialog.setDirectory(start);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+QString DesktopDialogs::directory(QWidget *parent, const QString &caption, const QString &start)
+{
+    return QFileDialog::getExistingDirectory(parent, caption, start);
+}
+
+std::optional<QString> DesktopDialogs::text(QWidget *parent, const QString &title, const QString &label,
+                                            const QString &value)
+{
+    bool isAccepted = false;
+    const auto text = QInputDialog::getText(parent, title, label, QLineEdit::Normal, value, &isAccepted);
+    return isAccepted ? std::optional(text) : std::nullopt;
+}
+
+QColor DesktopDialogs::colour(QWidget *parent, const QString &title, const QColor &value)
+{
+    return QColorDialog::getColor(value, parent, title);
+}
+
+void DesktopDialogs::message(QWidget *parent, Severity severity, const QString &title, const QString &text)
+{
+    switch (severity) {
+    case Severity::Information:
+        QMessageBox::information(parent, title, text);
+        break;
+    case Severity::Warning:
+        QMessageBox::warning(parent, title, text);
+        break;
+    case Severity::Critical:
+        QMessageBox::critical(parent, title, text);
+        break;
+    }
+}
+
+void DesktopDialogs::about(QWidget *parent, const QString &title, const QString &html)
+{
+    QMessageBox::about(parent, title, html);
+}
+
+Dialogs::Answer DesktopDialogs::ask(QWidget *parent, const QString &title, const QString &text)
+{
+    return QMessageBox::question(parent, title, text) == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+std::optional<Dialogs::Answer> DesktopDialogs::askOrCancel(QWidget *parent, const QString &title, const QString &text)
+{
+    const auto buttons = QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    switch (QMessageBox::question(parent, title, text, buttons, QMessageBox::Yes)) {
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    default:
+        return {};
+    }
+}
+
+Dialogs::CloseAnswer DesktopDialogs::askToSave(QWidget *parent, const QString &title, const QString &text)
+{
+    const auto buttons = QMessageBox::SaveAll | QMessageBox::Discard | QMessageBox::Cancel;
+    switch (QMessageBox::warning(parent, title, text, buttons, QMessageBox::SaveAll)) {
+    case QMessageBox::SaveAll:
+        return CloseAnswer::SaveAll;
+    case QMessageBox::Discard:
+        return CloseAnswer::Discard;
+    default:
+        return CloseAnswer::Cancel;
+    }
+}
+
+void DesktopDialogs::openInBrowser(const QUrl &address)
+{
+    if (address.scheme() == QLatin1String("http") || address.scheme() == QLatin1String("https"))
+        QDesktopServices::openUrl(address);
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+#include <QStringList>
+#include <QUrl>
+
+#include <optional>
+
+class QWidget;
+
+// The one door to whatever asks the user or shows a message and waits: the windows are handed a Dialogs, and tests hand
+// in one that answers by itself. An empty answer means that the user cancelled. On the interface thread.
+class Dialogs
+{
+public:
+    enum class Severity { Information, Warning, Critical };
+    enum class Answer { Yes, No };
+    enum class CloseAnswer { SaveAll, Discard, Cancel };
+
+    virtual ~Dialogs() = default;
+
+    // start: the folder, or the proposed file, that the dialog begins with. filter: as QFileDialog takes it.
+    virtual QStringList openFiles(QWidget *parent, const QString &caption, const QString &start,
+                                  const QString &filter) = 0;
+    virtual QString openFile(QWidget *parent, const QString &caption, const QString &start, const QString &filter) = 0;
+    virtual QString saveFile(QWidget *parent, const QString &caption, const QString &start, const QString &filter) = 0;
+    virtual QString directory(QWidget *parent, const QString &caption, const QString &start) = 0;
+
+    virtual std::optional<QString> text(QWidget *parent, const QString &title, const QString &label,
+                                        const QString &value) = 0;
+    virtual QColor colour(QWidget *parent, const QString &title, const QColor &value) = 0; // invalid when cancelled
+
+    virtual void message(QWidget *parent, Severity severity, const QString &title, const QString &text) = 0;
+    virtual void about(QWidget *parent, const QString &title, const QString &html) = 0;
+    virtual Answer ask(QWidget *parent, const QString &title, const QString &text) = 0;
+    virtual std::optional<Answer> askOrCancel(QWidget *parent, const QString &title, const QString &text) = 0;
+    virtual CloseAnswer askToSave(QWidget *parent, const QString &title, const QString &text) = 0;
+
+    virtual void openInBrowser(const QUrl &address) = 0; // http and https only; others are ignored
+};
+
+// The dialogs of the desktop.
+class DesktopDialogs : public Dialogs
+{
+public:
+    QStringList openFiles(QWidget *parent, const QString &caption, const QString &start,
+                          const QString &filter) override;
+    QString openFile(QWidget *parent, const QString &caption, const QString &start, const QString &filter) override;
+    QString saveFile(QWidget *parent, const QString &caption, const QString &start, const QString &filter) override;
+    QString directory(QWidget *parent, const QString &caption, const QString &start) override;
+    std::optional<QString> text(QWidget *parent, const QString &title, const QString &label,
+                                const QString &value) override;
+    QColor colour(QWidget *parent, const QString &title, const QColor &value) override;
+    void message(QWidget *parent, Severity severity, const QString &title, const QString &text) override;
+    void about(QWidget *parent, const QString &title, const QString &html) override;
+    Answer ask(QWidget *parent, const QString &title, const QString &text) override;
+    std::optional<Answer> askOrCancel(QWidget *parent, const QString &title, const QString &text) override;
+    CloseAnswer askToSave(QWidget *parent, const QString &title, const QString &text) override;
+    void openInBrowser(const QUrl &address) override;
+};

@@ -1,0 +1,35 @@
+#include "ui/InstrumentComboBox.h"
+
+#include "assets/InstrumentSetModel.h"
+
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
+#include <QWheelEvent>
+
+InstrumentComboBox::InstrumentComboBox(InstrumentSetModel &instruments, QWidget *parent) : QComboBox(parent)
+{
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(14);
+    setFocusPolicy(Qt::StrongFocus);
+    setModel(&instruments);
+}
+
+void InstrumentComboBox::paintEvent(QPaintEvent *)
+{
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    // The box by itself draws icons and pixmaps; the catalogue holds images.
+    option.currentIcon = QIcon(QPixmap::fromImage(currentData(Qt::DecorationRole).value<QImage>()));
+    QStylePainter painter(this);
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+void InstrumentComboBox::wheelEvent(QWheelEvent *event)
+{
+    if (hasFocus())
+        QComboBox::wheelEvent(event);
+    else
+        event->ignore();
+}

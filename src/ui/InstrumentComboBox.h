@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QComboBox>
+
+class InstrumentSetModel;
+
+// The choice of an instrument, with its picture. Scrolling with the wheel past it changes nothing until it has the
+// focus. On the interface thread.
+class InstrumentComboBox : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    explicit InstrumentComboBox(InstrumentSetModel &instruments, QWidget *parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+};

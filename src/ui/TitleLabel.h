@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QLabel>
+
+// One line of text that is cut short with an ellipsis, and that can be clicked twice (or entered with F2 or Return).
+class TitleLabel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit TitleLabel(QWidget *parent = nullptr);
+
+    QSize minimumSizeHint() const override;
+
+signals:
+    void doubleClicked();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+};

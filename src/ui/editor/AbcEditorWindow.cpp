@@ -1,0 +1,349 @@
+#include "ui/editor/AbcEditorWindow.h"
+
+#include "app/Settings.h"
+#include "ui/Dialogs.h"
+#include "ui/editor/AbcTextEdit.h"
+#include "ui/editor/EditorActions.h"
+#include "ui/editor/EditorPlayback.h"
+#include "ui/editor/EditorStatus.h"
+#include "ui/editor/EditorTransforms.h"
+#include "ui/editor/FindBar.h"
+#include "ui/editor/PianoRoll.h"
+#include "ui/editor/ProblemList.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QSlider>
+#include <QSplitter>
+#include <QTimer>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+AbcEditorWindow::AbcEditorWindow(Settings &settings, Dialogs &dialogs, TrackPlayer &player, QWidget *parent)
+    : QMainWindow(parent), settings_(settings), dialogs_(dialogs),
+      playback_(new EditorPlayback(document_, player, this)),
+      transforms_(new EditorTransforms(document_, settings, dialogs, *this)), text_(new AbcTextEdit(document_)),
+      actions_(new EditorActions(*this, *text_)), roll_(new PianoRoll(document_, settings)),
+      findBar_(new FindBar(*text_, settings)), problems_(new ProblemList(document_)),
+      status_(new EditorStatus(document_))
+{
+    setWindowIcon(QIcon(QStringLiteral(":/icons/appicon.png")));
+    createViews();
+    createMenus();
+    createToolBar();
+    connectActions();
+    connectDocument();
+    resize(1080, 760);
+    showTitle();
+    showPlaying();
+    showTempo(playback_->tempoPercent());
+    showRoll(settings_.value(Settings::PianoRollVisible).toBool());
+    text_->setFocus();
+}
+
+// The views look at the document until they are gone.
+AbcEditorWindow::~AbcEditorWindow()
+{
+    document_.disconnect();
+    delete takeCentralWidget();
+}
+
+void AbcEditorWindow::setTrack(const Track &track)
+{
+    playback_->stop();
+    document_.setTrack(track);
+    auto caret = text_->textCursor();
+    caret.setPosition(std::min(document_.reading().layout.bodyOffset, document_.text()->characterCount() - 1));
+    text_->setTextCursor(caret);
+    showTitle();
+}
+
+void AbcEditorWindow::createViews()
+{
+    text_->setObjectName(QStringLiteral("abcText"));
+    roll_->setObjectName(QStringLiteral("pianoRoll"));
+    auto *const textSide = new QWidget;
+    auto *const textLayout = new QVBoxLayout(textSide);
+    textLayout->setContentsMargins({});
+    textLayout->setSpacing(0);
+    textLayout->addWidget(text_, 1);
+    textLayout->addWidget(findBar_);
+    auto *const splitter = new QSplitter(Qt::Vertical);
+    splitter->addWidget(roll_);
+    splitter->addWidget(textSide);
+    splitter->addWidget(problems_);
+    for (int i = 0; i < splitter->count(); ++i)
+        splitter->setStretchFactor(i, i < 2 ? 1 : 0);
+    splitter->setSizes({340, 360, 100});
+    splitter->setChildrenCollapsible(false);
+    text_->setMinimumHeight(100);
+    setCentralWidget(splitter);
+    setStatusBar(status_);
+    problems_->hide();
+}
+
+void AbcEditorWindow::createMenus()
+{
+    using Id = EditorActions::Id;
+    const auto add = [this](const QString &title, Id first, Id last) {
+        auto *const menu = menuBar()->addMenu(title);
+        actions_->fill(*menu, first, last);
+        return menu;
+    };
+    add(tr("&Tune"), Id::Apply, Id::Close);
+    add(tr("&Edit"), Id::Undo, Id::PreviousProblem);
+    auto *const notes = menuBar()->addMenu(tr("&Notes"));
+    notes->addActions(QList<QAction *>(roll_->actions().editActions().begin(), roll_->actions().editActions().end()));
+    notes->addSeparator();
+    auto *const snap = notes->addMenu(QIcon(QStringLiteral(":/icons/snap.png")), tr("S&nap"));
+    snap->addActions(QList<QAction *>(roll_->actions().snapActions().begin(), roll_->actions().snapActions().end()));
+    add(tr("T&ransform"), Id::QuickRealign, Id::ChangeKey);
+    add(tr("&Play"), Id::PlayFromCaret, Id::NormalTempo);
+    auto *const view = add(tr("&View"), Id::ShowRoll, Id::ZoomNormal);
+    view->addSeparator();
+    view->addActions(QList<QAction *>(roll_->actions().viewActions().begin(), roll_->actions().viewActions().end()));
+    for (auto *const menu : menuBar()->findChildren<QMenu *>())
+        menu->setToolTipsVisible(true);
+}
+
+void AbcEditorWindow::createToolBar()
+{
+    using Id = EditorActions::Id;
+    auto *const bar = addToolBar(tr("Commands"));
+    bar->setObjectName(QStringLiteral("commands"));
+    bar->setMovable(false);
+    bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    bar->setIconSize({20, 20});
+    const auto add = [&](std::initializer_list<Id> ids) {
+        for (const auto id : ids)
+            bar->addAction((*actions_)[id]);
+        bar->addSeparator();
+    };
+    add({Id::Apply});
+    add({Id::Undo, Id::Redo});
+    add({Id::PlayFromStart, Id::PlayFromCaret, Id::LoopSelection, Id::Stop});
+    addTempoControl(*bar);
+    bar->addSeparator();
+    const auto addTool = [&](PianoRollActions::Id id, const QString &icon) {
+        auto *const tool = roll_->actions().action(id);
+        tool->setIcon(QIcon(icon));
+        bar->addAction(tool);
+    };
+    addTool(PianoRollActions::SelectTool, QStringLiteral(":/icons/select.png"));
+    addTool(PianoRollActions::DrawTool, QStringLiteral(":/icons/draw.png"));
+    bar->addSeparator();
+    add({Id::Find, Id::Replace});
+    bar->addAction((*actions_)[Id::ShowRoll]);
+    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    // Only Apply says its name.
+    for (auto *const action : bar->actions())
+        action->setPriority(action == (*actions_)[Id::Apply] ? QAction::NormalPriority : QAction::LowPriority);
+}
+
+void AbcEditorWindow::addTempoControl(QToolBar &bar)
+{
+    tempo_ = new QSlider(Qt::Horizontal);
+    tempo_->setObjectName(QStringLiteral("sldTempo"));
+    tempo_->setRange(EditorPlayback::slowest, EditorPlayback::fastest);
+    tempo_->setPageStep(25);
+    tempo_->setValue(playback_->tempoPercent());
+    tempo_->setFixedWidth(110);
+    tempo_->setAccessibleName(tr("Playback tempo"));
+    tempo_->setToolTip(tr("How fast the preview plays; the tune keeps its tempo (F9 slower, F11 faster)"));
+    tempoLabel_ = new QLabel;
+    tempoLabel_->setMinimumWidth(tempoLabel_->fontMetrics().horizontalAdvance(QStringLiteral("8888 %")));
+    bar.addWidget(tempo_);
+    bar.addWidget(tempoLabel_);
+    connect(tempo_, &QSlider::valueChanged, this, &AbcEditorWindow::showTempo);
+    // A drag restarts the music once it rests.
+    auto *const rest = new QTimer(this);
+    rest->setSingleShot(true);
+    rest->setInterval(120);
+    connect(tempo_, &QSlider::valueChanged, rest, qOverload<>(&QTimer::start));
+    connect(rest, &QTimer::timeout, this, [this] { playback_->setTempoPercent(tempo_->value()); });
+}
+
+void AbcEditorWindow::connectActions()
+{
+    connectEditing();
+    connectPlaying();
+    connectViews();
+}
+
+void AbcEditorWindow::connectEditing()
+{
+    using Id = EditorActions::Id;
+    const auto on = [this](Id id, auto *receiver, auto slot) {
+        connect((*actions_)[id], &QAction::triggered, receiver, slot);
+    };
+    on(Id::Apply, transforms_, &EditorTransforms::apply);
+    on(Id::Revert, this, &AbcEditorWindow::revert);
+    on(Id::Close, this, &QWidget::close);
+    on(Id::Undo, this, &AbcEditorWindow::stepBack);
+    on(Id::Redo, this, &AbcEditorWindow::stepForward);
+    on(Id::Cut, text_, &QPlainTextEdit::cut);
+    on(Id::Copy, text_, &QPlainTextEdit::copy);
+    on(Id::Paste, text_, &QPlainTextEdit::paste);
+    on(Id::SelectAll, text_, &QPlainTextEdit::selectAll);
+    on(Id::Find, findBar_, [this] { findBar_->open(FindBar::Purpose::Find); });
+    on(Id::Replace, findBar_, [this] { findBar_->open(FindBar::Purpose::Replace); });
+    on(Id::FindNext, findBar_, &FindBar::findNext);
+    on(Id::FindPrevious, findBar_, &FindBar::findPrevious);
+    on(Id::GoToLine, this, &AbcEditorWindow::goToLine);
+    on(Id::NextProblem, problems_, &ProblemList::goToNext);
+    on(Id::PreviousProblem, problems_, &ProblemList::goToPrevious);
+    on(Id::QuickRealign, transforms_, &EditorTransforms::quickRealign);
+    on(Id::RealignNotes, transforms_, &EditorTransforms::realignNotes);
+    on(Id::Transpose, transforms_, &EditorTransforms::transposeNotes);
+    on(Id::ChangeUnitLength, transforms_, &EditorTransforms::changeUnitLength);
+    on(Id::ChangeKey, transforms_, &EditorTransforms::changeKey);
+}
+
+void AbcEditorWindow::connectPlaying()
+{
+    using Id = EditorActions::Id;
+    const auto on = [this](Id id, auto *receiver, auto slot) {
+        connect((*actions_)[id], &QAction::triggered, receiver, slot);
+    };
+    on(Id::PlayFromCaret, playback_, &EditorPlayback::playFromCaret);
+    on(Id::PlayFromStart, playback_, &EditorPlayback::playFromStart);
+    on(Id::LoopSelection, playback_, &EditorPlayback::loopSelection);
+    on(Id::Stop, playback_, &EditorPlayback::stop);
+    on(Id::Slower, this, [this] { tempo_->setValue(tempo_->value() - 5); });
+    on(Id::Faster, this, [this] { tempo_->setValue(tempo_->value() + 5); });
+    on(Id::NormalTempo, this, [this] { tempo_->setValue(100); });
+    connect(playback_, &EditorPlayback::playingChanged, this, &AbcEditorWindow::showPlaying);
+    connect(roll_, &PianoRoll::playRequested, playback_, &EditorPlayback::playFrom);
+}
+
+void AbcEditorWindow::connectViews()
+{
+    using Id = EditorActions::Id;
+    const auto on = [this](Id id, auto *receiver, auto slot) {
+        connect((*actions_)[id], &QAction::toggled, receiver, slot);
+    };
+    on(Id::ShowRoll, this, &AbcEditorWindow::showRoll);
+    on(Id::ShowProblems, problems_, &QWidget::setVisible);
+    on(Id::WrapLines, text_, &AbcTextEdit::setWrapsLines);
+    (*actions_)[Id::Follow]->setChecked(true);
+    on(Id::Follow, text_, &AbcTextEdit::setFollowsPlayback);
+    connect((*actions_)[Id::SwitchView], &QAction::triggered, this, &AbcEditorWindow::switchView);
+    connect((*actions_)[Id::ZoomIn], &QAction::triggered, text_, [this] { text_->zoom(1); });
+    connect((*actions_)[Id::ZoomOut], &QAction::triggered, text_, [this] { text_->zoom(-1); });
+    connect((*actions_)[Id::ZoomNormal], &QAction::triggered, text_, &AbcTextEdit::zoomNormal);
+    connect(problems_, &ProblemList::chosen, text_, [this](TextRange range) {
+        text_->goTo(range);
+        text_->setFocus();
+    });
+    connect(findBar_, &FindBar::said, status_, &EditorStatus::say);
+    connect(roll_, &PianoRoll::statusChanged, status_, &EditorStatus::say);
+    connect(text_, &QPlainTextEdit::copyAvailable, this, [this](bool available) {
+        for (const auto id : {Id::Cut, Id::Copy})
+            (*actions_)[id]->setEnabled(available);
+    });
+}
+
+void AbcEditorWindow::connectDocument()
+{
+    using Id = EditorActions::Id;
+    connect(&document_, &EditorDocument::applied, this, &AbcEditorWindow::applied);
+    connect(&document_, &EditorDocument::applied, status_, [this] { status_->say(tr("The changes are applied.")); });
+    connect(&document_, &EditorDocument::isAppliedChanged, this, &AbcEditorWindow::showTitle);
+    connect(&document_, &EditorDocument::readingChanged, this, [this] {
+        showTitle();
+        if (document_.hasErrors())
+            (*actions_)[Id::ShowProblems]->setChecked(true);
+    });
+    const auto follow = [this](Id id, void (QTextDocument::*signal)(bool)) {
+        (*actions_)[id]->setEnabled(false);
+        connect(document_.text(), signal, (*actions_)[id], &QAction::setEnabled);
+    };
+    follow(Id::Undo, &QTextDocument::undoAvailable);
+    follow(Id::Redo, &QTextDocument::redoAvailable);
+    for (const auto id : {Id::Cut, Id::Copy})
+        (*actions_)[id]->setEnabled(false);
+    auto *const edit = qobject_cast<QMenu *>(menuBar()->actions().at(1)->menu());
+    connect(edit, &QMenu::aboutToShow, this, [this] {
+        (*actions_)[Id::Undo]->setText(document_.canUndo() ? tr("&Undo %1").arg(document_.undoName()) : tr("&Undo"));
+    });
+}
+
+void AbcEditorWindow::showTitle()
+{
+    const bool isApplied = document_.isApplied();
+    setWindowTitle(tr("%1[*] – ABC Editor").arg(document_.track().title()));
+    setWindowModified(!isApplied);
+    for (const auto id : {EditorActions::Apply, EditorActions::Revert})
+        (*actions_)[id]->setEnabled(!isApplied);
+}
+
+void AbcEditorWindow::showPlaying()
+{
+    (*actions_)[EditorActions::Stop]->setEnabled(playback_->isPlaying());
+}
+
+void AbcEditorWindow::showTempo(int percent)
+{
+    tempoLabel_->setText(tr("%1 %").arg(percent));
+}
+
+void AbcEditorWindow::showRoll(bool visible)
+{
+    roll_->setVisible(visible);
+    (*actions_)[EditorActions::ShowRoll]->setChecked(visible);
+    if (settings_.value(Settings::PianoRollVisible).toBool() != visible)
+        settings_.setValue(Settings::PianoRollVisible, visible);
+    if (!visible)
+        text_->setFocus();
+}
+
+void AbcEditorWindow::switchView()
+{
+    if (text_->hasFocus()) {
+        showRoll(true);
+        roll_->setFocus();
+    } else {
+        text_->setFocus();
+    }
+}
+
+void AbcEditorWindow::revert()
+{
+    auto applied = document_.appliedTrack();
+    document_.replaceText(applied.toAbc(), tr("Revert"));
+    transforms_->apply();
+}
+
+void AbcEditorWindow::goToLine()
+{
+    const auto answer = dialogs_.text(this, tr("Go to Line"), tr("Line, 1 to %1:").arg(text_->blockCount()),
+                                      QString::number(text_->textCursor().blockNumber() + 1));
+    bool isNumber = false;
+    const auto line = answer ? answer->toInt(&isNumber) : 0;
+    if (isNumber)
+        text_->goToLine(line);
+}
+
+// The text's own undo also brings its caret back.
+void AbcEditorWindow::stepBack()
+{
+    text_->undo();
+    document_.update();
+}
+
+void AbcEditorWindow::stepForward()
+{
+    text_->redo();
+    document_.update();
+}
+
+void AbcEditorWindow::closeEvent(QCloseEvent *event)
+{
+    if (!transforms_->settlePendingChanges()) {
+        event->ignore();
+        return;
+    }
+    playback_->stop();
+    QMainWindow::closeEvent(event);
+}

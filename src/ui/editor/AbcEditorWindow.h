@@ -1,0 +1,78 @@
+#pragma once
+
+#include "ui/editor/EditorDocument.h"
+
+#include <QMainWindow>
+
+class AbcTextEdit;
+class Dialogs;
+class EditorActions;
+class EditorPlayback;
+class EditorStatus;
+class EditorTransforms;
+class FindBar;
+class PianoRoll;
+class ProblemList;
+class QLabel;
+class QSlider;
+class Settings;
+class TrackPlayer;
+
+// The editor of one track: its ABC text, the same notes as a piano roll, and playback of both. Nothing reaches the song
+// before it is applied.
+class AbcEditorWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    // All must outlive the window.
+    AbcEditorWindow(Settings &settings, Dialogs &dialogs, TrackPlayer &player, QWidget *parent = nullptr);
+    ~AbcEditorWindow() override;
+
+    // Begins with a track. Changes that were not applied are gone.
+    void setTrack(const Track &track);
+    void setInstrument(const Instrument &instrument) { document_.setInstrument(instrument); }
+
+    EditorDocument &document() { return document_; }
+    EditorPlayback &playback() { return *playback_; }
+
+signals:
+    void applied(const Track &track);
+
+protected:
+    void closeEvent(QCloseEvent *event) override; // asks about changes that are not applied
+
+private:
+    void createViews();
+    void createMenus();
+    void createToolBar();
+    void addTempoControl(class QToolBar &bar);
+    void connectActions();
+    void connectEditing();
+    void connectPlaying();
+    void connectViews();
+    void connectDocument();
+    void revert();
+    void goToLine();
+    void stepBack();
+    void stepForward();
+    void showTitle();
+    void showPlaying();
+    void showTempo(int percent);
+    void showRoll(bool visible);
+    void switchView();
+
+    Settings &settings_;
+    Dialogs &dialogs_;
+    EditorDocument document_;
+    EditorPlayback *playback_;
+    EditorTransforms *transforms_;
+    AbcTextEdit *text_;
+    EditorActions *actions_;
+    PianoRoll *roll_;
+    FindBar *findBar_;
+    ProblemList *problems_;
+    EditorStatus *status_;
+    QSlider *tempo_ = nullptr;
+    QLabel *tempoLabel_ = nullptr;
+};

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QAction>
+#include <QMap>
+
+#include <vector>
+
+class QMenu;
+class QWidget;
+
+// The commands of the editor window, apart from those of the piano roll: a table of texts, shortcuts, tool tips and
+// icons. The window connects them and puts them into menus and tool bars.
+class EditorActions : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum Id {
+        Apply,
+        Revert,
+        Close,
+        Undo,
+        Redo,
+        Cut,
+        Copy,
+        Paste,
+        SelectAll,
+        Find,
+        FindNext,
+        FindPrevious,
+        Replace,
+        GoToLine,
+        NextProblem,
+        PreviousProblem,
+        QuickRealign,
+        RealignNotes,
+        Transpose,
+        ChangeUnitLength,
+        ChangeKey,
+        PlayFromCaret,
+        PlayFromStart,
+        LoopSelection,
+        Stop,
+        Slower,
+        Faster,
+        NormalTempo,
+        ShowRoll,
+        SwitchView,
+        ShowProblems,
+        WrapLines,
+        Follow,
+        ZoomIn,
+        ZoomOut,
+        ZoomNormal,
+        idCount
+    };
+
+    // The actions of the text alone are added to it and work while it has the focus; the rest to the window.
+    EditorActions(QWidget &window, QWidget &text);
+
+    QAction *operator[](Id id) const { return actions_[size_t(id)]; }
+    // Adds the actions from first to last with the separators of the table.
+    void fill(QMenu &menu, Id first, Id last) const;
+
+private:
+    std::vector<QAction *> actions_;
+};

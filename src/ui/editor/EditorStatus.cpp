@@ -1,0 +1,81 @@
+#include "ui/editor/EditorStatus.h"
+
+#include "core/HeaderFields.h"
+#include "ui/editor/EditorDocument.h"
+#include "ui/editor/PianoRollText.h"
+
+#include <QLabel>
+#include <QTextBlock>
+
+EditorStatus::EditorStatus(EditorDocument &document, QWidget *parent)
+    : QStatusBar(parent), document_(document), measures_(document.track()),
+      place_(addLabel("lblPlace", tr("Line %1, column %2").arg(888).arg(88), tr("The caret in the text"))),
+      time_(addLabel("lblTime", tr("%1, tick %2").arg(QStringLiteral("Measure 88, beat 8")).arg(888888),
+                     tr("The caret in the music; a whole note has 40320 ticks"))),
+      note_(addLabel("lblNote", QStringLiteral("C♯8, 8/8"), tr("Pitch and length of the note at the caret"))),
+      problems_(addLabel("lblProblems", QString(), tr("Errors of the text"))),
+      state_(addLabel("lblState", tr("Unapplied changes"), tr("Whether the song has what the text says")))
+{
+    setSizeGripEnabled(false);
+    setMinimumHeight(sizeHint().height());
+    connect(&document_, &EditorDocument::readingChanged, this, &EditorStatus::readTrack);
+    connect(&document_, &EditorDocument::caretChanged, this, &EditorStatus::showCaret);
+    connect(&document_, &EditorDocument::isAppliedChanged, this, &EditorStatus::showState);
+    readTrack();
+    showState();
+}
+
+QLabel *EditorStatus::addLabel(const char *objectName, const QString &widest, const QString &tip)
+{
+    auto *const label = new QLabel;
+    label->setObjectName(QLatin1String(objectName));
+    label->setToolTip(tip);
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(widest));
+    addPermanentWidget(label);
+    return label;
+}
+
+void EditorStatus::say(const QString &message)
+{
+    constexpr int shownFor = 6000; // ms
+    showMessage(message, shownFor);
+}
+
+void EditorStatus::readTrack()
+{
+    measures_ = PianoRollMeasures(document_.track());
+    const auto count = int(document_.reading().problems.size());
+    problems_->setText(count == 0 ? QString() : count == 1 ? tr("1 problem") : tr("%1 problems").arg(count));
+    auto font = problems_->font();
+    font.setBold(count > 0);
+    problems_->setFont(font);
+    showCaret();
+}
+
+void EditorStatus::showCaret()
+{
+    const auto block = document_.text()->findBlock(document_.caretOffset());
+    place_->setText(
+        tr("Line %1, column %2").arg(block.blockNumber() + 1).arg(document_.caretOffset() - block.position() + 1));
+    time_->setText(
+        tr("%1, tick %2").arg(PianoRollText::position(document_.caretTick(), measures_)).arg(document_.caretTick()));
+    const auto note = document_.caretNote();
+    if (note < 0) {
+        note_->clear();
+        return;
+    }
+    const auto &event = document_.track().events()[note];
+    const auto key = HeaderFields::parseKey(document_.track().headerField(QStringLiteral("K")),
+                                            HeaderFields::ModeReading::WholeWord);
+    note_->setText(
+        tr("%1, %2").arg(PianoRollText::pitch(int(event.pitch()), key.row), PianoRollText::length(event.length())));
+}
+
+void EditorStatus::showState()
+{
+    const bool isApplied = document_.isApplied();
+    state_->setText(isApplied ? tr("Applied") : tr("Unapplied changes"));
+    state_->setStyleSheet(isApplied ? QString()
+                                    : QStringLiteral("QLabel { background: #E8A317; color: black; border-radius: 3px; "
+                                                     "padding: 1px 6px; }"));
+}

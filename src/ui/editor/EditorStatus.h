@@ -1,0 +1,36 @@
+#pragma once
+
+#include "ui/editor/PianoRollMeasures.h"
+
+#include <QStatusBar>
+
+class EditorDocument;
+class QLabel;
+
+// Says where the caret is in the text and in the music, which note it is on, how many problems there are, and whether
+// the changes are applied.
+class EditorStatus : public QStatusBar
+{
+    Q_OBJECT
+
+public:
+    // The document must outlive the bar.
+    explicit EditorStatus(EditorDocument &document, QWidget *parent = nullptr);
+
+    // A few seconds; an empty text takes the last one away.
+    void say(const QString &message);
+
+private:
+    QLabel *addLabel(const char *objectName, const QString &widest, const QString &tip);
+    void readTrack();
+    void showCaret();
+    void showState();
+
+    EditorDocument &document_;
+    PianoRollMeasures measures_;
+    QLabel *place_;
+    QLabel *time_;
+    QLabel *note_;
+    QLabel *problems_;
+    QLabel *state_;
+};

@@ -1,0 +1,85 @@
+#include "ui/editor/EditorTransforms.h"
+
+#include "import/ChangeKey.h"
+#include "import/Realign.h"
+#include "import/Transpose.h"
+#include "import/UnitLength.h"
+#include "ui/Dialogs.h"
+#include "ui/editor/EditorDocument.h"
+#include "ui/editor/KeyDialog.h"
+#include "ui/editor/RealignNotesDialog.h"
+#include "ui/editor/TransposeDialog.h"
+#include "ui/editor/UnitLengthDialog.h"
+
+EditorTransforms::EditorTransforms(EditorDocument &document, Settings &settings, Dialogs &dialogs, QWidget &window)
+    : QObject(&window), document_(document), settings_(settings), dialogs_(dialogs), window_(window)
+{
+}
+
+bool EditorTransforms::apply()
+{
+    QString error;
+    if (document_.apply(&error))
+        return true;
+    dialogs_.message(&window_, Dialogs::Severity::Warning, tr("The changes cannot be applied"), error);
+    return false;
+}
+
+bool EditorTransforms::settlePendingChanges()
+{
+    if (document_.isApplied())
+        return true;
+    const auto answer = dialogs_.askOrCancel(&window_, tr("ABC Editor"),
+                                             tr("There are unapplied changes. Would you like to apply these first?"));
+    return answer && (*answer == Dialogs::Answer::No || apply());
+}
+
+void EditorTransforms::become(Track track, const QString &name)
+{
+    document_.replaceText(track.toAbc(), name);
+    apply();
+}
+
+void EditorTransforms::quickRealign()
+{
+    if (settlePendingChanges())
+        become(realign(document_.appliedTrack(), SnapGrid::quick()), tr("Quick Realign"));
+}
+
+void EditorTransforms::realignNotes()
+{
+    if (!settlePendingChanges())
+        return;
+    RealignNotesDialog dialog(settings_, &window_);
+    if (dialog.exec() == QDialog::Accepted)
+        become(realign(document_.appliedTrack(), SnapGrid(dialog.grids())), tr("Realign Notes"));
+}
+
+void EditorTransforms::transposeNotes()
+{
+    if (!settlePendingChanges())
+        return;
+    TransposeDialog dialog(&window_);
+    if (dialog.exec() == QDialog::Accepted)
+        become(transpose(document_.appliedTrack(), dialog.semitones()), tr("Transpose"));
+}
+
+void EditorTransforms::changeUnitLength()
+{
+    if (!settlePendingChanges())
+        return;
+    UnitLengthDialog dialog(&window_);
+    dialog.preset(document_.appliedTrack().headerField(QStringLiteral("L")));
+    if (dialog.exec() == QDialog::Accepted)
+        become(::changeUnitLength(document_.appliedTrack(), dialog.result()), tr("Change Unit Length"));
+}
+
+void EditorTransforms::changeKey()
+{
+    if (!settlePendingChanges())
+        return;
+    KeyDialog dialog(dialogs_, &window_);
+    dialog.preset(document_.appliedTrack().headerField(QStringLiteral("K")));
+    if (dialog.exec() == QDialog::Accepted)
+        become(::changeKey(document_.appliedTrack(), dialog.key()), tr("Change Key"));
+}

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QAction>
+#include <QMap>
+#include <QVector>
+
+class PianoRoll;
+
+// The commands of the piano roll as actions. Their shortcuts work while the roll has the focus; the window puts the
+// actions into its menus and tool bars.
+class PianoRollActions : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum Id {
+        SelectTool,
+        DrawTool,
+        InsertNote,
+        Cut,
+        Copy,
+        Paste,
+        Duplicate,
+        Delete,
+        SelectAll,
+        SelectNone,
+        SelectNext,
+        SelectPrevious,
+        ExtendNext,
+        ExtendPrevious,
+        MoveEarlier,
+        MoveLater,
+        MoveUp,
+        MoveDown,
+        MoveOctaveUp,
+        MoveOctaveDown,
+        MoveMeasureEarlier,
+        MoveMeasureLater,
+        Lengthen,
+        Shorten,
+        CursorToStart,
+        CursorToEnd,
+        PlayFromCursor,
+        Finer,
+        Coarser,
+        ZoomIn,
+        ZoomOut,
+        RowsHigher,
+        RowsLower,
+        NormalSize,
+        Follow,
+        idCount
+    };
+
+    // Adds the actions to the roll, which owns this object.
+    explicit PianoRollActions(PianoRoll &roll);
+
+    QAction *action(Id id) const { return actions_[id]; }
+
+    // In the order of a menu, with separators.
+    const QVector<QAction *> &editActions() const { return editMenu_; }
+    const QVector<QAction *> &viewActions() const { return viewMenu_; }
+    const QVector<QAction *> &snapActions() const { return snapMenu_; } // exclusive and checkable
+
+    // What depends on the selection and on the grid.
+    void update();
+
+private:
+    void addExclusive(const QVector<Id> &ids);
+    void addSnapActions();
+
+    PianoRoll &roll_;
+    QVector<QAction *> actions_;
+    QVector<QAction *> editMenu_;
+    QVector<QAction *> viewMenu_;
+    QVector<QAction *> snapMenu_;
+};

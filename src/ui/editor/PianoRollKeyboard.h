@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QWidget>
+
+#include <optional>
+
+struct PianoRollState;
+
+// The keys at the left of the piano roll. A key that is pressed with the mouse asks for its sound until it is let go.
+class PianoRollKeyboard : public QWidget
+{
+    Q_OBJECT
+
+public:
+    // The state must outlive the widget.
+    explicit PianoRollKeyboard(const PianoRollState &state, QWidget *parent = nullptr);
+
+    QSize sizeHint() const override;
+    void updateKey(int pitch);
+
+signals:
+    void pressed(int pitch);
+    void released();
+    void hovered(std::optional<int> pitch);
+
+protected:
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private:
+    void press(int pitch);
+    void release();
+    QString describe(int pitch) const;
+    void paintWhiteKey(QPainter &painter, int pitch) const;
+    void paintBlackKey(QPainter &painter, int pitch) const;
+    void paintLabel(QPainter &painter, int pitch) const;
+    QColor keyColour(int pitch) const;
+
+    const PianoRollState &state_;
+    std::optional<int> pressed_;
+};

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "core/Ticks.h"
+
+#include <QWidget>
+
+struct PianoRollMeasure;
+struct PianoRollState;
+
+// The strip above the piano roll: measure numbers, beats, tempo and metre changes, the edit cursor and the playing
+// position. A click or a drag sets the cursor, a double click asks to play from there.
+class PianoRollRuler : public QWidget
+{
+    Q_OBJECT
+
+public:
+    // The state must outlive the widget.
+    explicit PianoRollRuler(const PianoRollState &state, QWidget *parent = nullptr);
+
+    QSize sizeHint() const override;
+
+    // Repaints what stands at a tick.
+    void updateMark(Ticks tick);
+
+signals:
+    void cursorPicked(Ticks tick); // snapped
+    void playRequested(Ticks tick);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+
+private:
+    void pick(const QMouseEvent &event);
+    int lineHeight() const;
+    void paintTick(QPainter &painter, Ticks tick, qreal length) const;
+    void paintBeats(QPainter &painter, const PianoRollMeasure &measure, Ticks to) const;
+    void paintNumber(QPainter &painter, const PianoRollMeasure &measure) const;
+    void paintMarks(QPainter &painter, int right) const;
+    void paintPointer(QPainter &painter, Ticks tick, const QColor &colour) const;
+
+    const PianoRollState &state_;
+};

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QThread>
+
+#include <algorithm>
+
+// An application that knows how long its thread was kept from handling events: the longest time that one event took,
+// without the time in which the system ran other threads and programs instead.
+class WatchedApplication : public QApplication
+{
+public:
+    using QApplication::QApplication;
+
+    // Measures one piece of work; pieces within another belong to it.
+    class Watch
+    {
+    public:
+        Watch()
+        {
+            if (depth()++ == 0) {
+                waited() = waitedMs();
+                clock().start();
+            }
+        }
+        ~Watch()
+        {
+            if (--depth() > 0)
+                return;
+            const auto wall = double(clock().nsecsElapsed()) / 1e6;
+            longest() = std::max(longest(), wall < 20 ? wall : wall - (waitedMs() - waited()));
+        }
+    };
+
+    bool notify(QObject *receiver, QEvent *event) override
+    {
+        if (QThread::currentThread() != thread()) // events of the audio and render threads pass here too
+            return QApplication::notify(receiver, event);
+        const Watch watch;
+        return QApplication::notify(receiver, event);
+    }
+
+    static double takeLongestMs() { return std::exchange(longest(), 0); }
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    static constexpr double limitMs = 1000; // instrumented code is several times as slow
+#else
+    static constexpr double limitMs = 100;
+#endif
+
+private:
+    static int &depth()
+    {
+        static int value = 0;
+        return value;
+    }
+    static QElapsedTimer &clock()
+    {
+        static QElapsedTimer value;
+        return value;
+    }
+    static double &waited()
+    {
+        static double value = 0;
+        return value;
+    }
+    static double &longest()
+    {
+        static double value = 0;
+        return value;
+    }
+
+    // How long this thread was ready but not running; 0 where the system does not tell.
+    static double waitedMs()
+    {
+        QFile statistics(QStringLiteral("/proc/thread-self/schedstat"));
+        if (!statistics.open(QIODevice::ReadOnly))
+            return 0;
+        return statistics.readAll().split(' ').value(1).toDouble() / 1e6;
+    }
+};

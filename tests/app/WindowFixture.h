@@ -1,0 +1,87 @@
+#pragma once
+
+#include "app/AnsweringDialogs.h"
+#include "app/MainWindow.h"
+#include "app/TrackRows.h"
+#include "app/WatchedApplication.h"
+#include "audio/engine/BuiltinEngine.h"
+#include "ui/TrackWidget.h"
+
+#include <QAction>
+#include <QTemporaryDir>
+#include <QtTest>
+
+// The real window on the demo game, with an engine that nobody hears and dialogs that the test answers.
+class WindowFixture
+{
+public:
+    explicit WindowFixture(const QString &game) : settings_(path("Composer.cfg"))
+    {
+        settings_.setValue(Settings::RootPath, game);
+        makeWindow();
+    }
+
+    void makeWindow(const QUrl &updateAddress = UpdateChecker::releaseAddress())
+    {
+        window_ = std::make_unique<MainWindow>(
+            WindowServices{settings_, dialogs_, [] { return std::make_unique<BuiltinEngine>(EngineOutput::Silent); },
+                           [](const QString &file) {
+                               return std::make_unique<BuiltinEngine>(EngineOutput::WavFile, file.toStdString());
+                           },
+                           updateAddress});
+        window_->show();
+    }
+
+    MainWindow &window() { return *window_; }
+    TrackList &tracks() { return window_->tracks(); }
+    Settings &settings() { return settings_; }
+    AnsweringDialogs &dialogs() { return dialogs_; }
+    QString path(const char *name) const { return directory_.filePath(QString::fromUtf8(name)); }
+
+    template<typename Widget>
+    Widget *child(const char *name) const
+    {
+        return window_->findChild<Widget *>(QLatin1String(name));
+    }
+    QAction *action(const char *name) const { return child<QAction>(name); }
+    void trigger(const char *name) const
+    {
+        const WatchedApplication::Watch watch;
+        action(name)->trigger();
+    }
+
+    TrackWidget *row(int index)
+    {
+        return child<TrackRows>("scrollAreaWidgetContents")->row(tracks().ids().value(index));
+    }
+    template<typename Widget>
+    Widget *inRow(int index, const char *name)
+    {
+        return row(index)->findChild<Widget *>(QLatin1String(name));
+    }
+
+    QStringList titles()
+    {
+        QStringList titles;
+        for (const auto &track : tracks().song())
+            titles.append(track->track->title());
+        return titles;
+    }
+
+    QString write(const char *name, const QByteArray &bytes) const
+    {
+        QFile file(path(name));
+        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() ? file.fileName() : QString();
+    }
+    static QByteArray read(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+private:
+    QTemporaryDir directory_;
+    AnsweringDialogs dialogs_;
+    Settings settings_;
+    std::unique_ptr<MainWindow> window_;
+};
