@@ -86,7 +86,7 @@ void MainWindow::showEvent(QShowEvent *event)
 
 void MainWindow::startScan()
 {
-    if (scan_.isRunning() || !instruments_.instruments().isEmpty())
+    if (scan_.isRunning() || isScanned_)
         return;
     const bool loadsMods = settings_.value(Settings::LoadMods).toBool();
     scan_.start(settings_.value(Settings::RootPath).toString(), loadsMods ? Mods::Load : Mods::Skip);
@@ -95,6 +95,7 @@ void MainWindow::startScan()
 void MainWindow::onScanned(const InstrumentSet &instruments)
 {
     scanBusy_->finish();
+    isScanned_ = true;
     const auto wanted = settings_.value(Settings::DefaultInstrument).toString();
     {
         const QSignalBlocker blocker(instrumentList_);
@@ -133,7 +134,7 @@ void MainWindow::load(const ImportRequest &request)
 
 void MainWindow::onImported(const ImportRequest &request, const ReadSong &song)
 {
-    if (instruments_.instruments().isEmpty()) { // none of their names is known yet
+    if (!isScanned_) { // none of the instruments' names is known yet
         waitingForScan_.append({request, song});
         return;
     }

@@ -149,6 +149,7 @@ private:
     SongImport import_;
     QVector<std::pair<ImportRequest, ReadSong>> waitingForScan_;
     InstrumentScanTask scan_;
+    bool isScanned_ = false;
     UpdateChecker updates_;
     std::unique_ptr<TrackRenderer> renderer_;
 

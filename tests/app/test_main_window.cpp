@@ -44,6 +44,7 @@ private slots:
 
     void startsEmpty();
     void asksForTheGameAtTheFirstStart();
+    void showsTracksOfAGameWithoutInstruments();
     void importsMidi();
     void asksBeforeASecondImport();
     void opensAbcFilesAndGoesOnAfterABadOne();
@@ -125,6 +126,17 @@ void TestMainWindow::asksForTheGameAtTheFirstStart()
     QCOMPARE(settings.value(Settings::RootPath).toString(), QDir(game).canonicalPath());
     fixture_->makeWindow();
     QTRY_VERIFY(fixture_->child<QComboBox>("instrumentList")->count() > 5);
+}
+
+void TestMainWindow::showsTracksOfAGameWithoutInstruments()
+{
+    const QTemporaryDir game;
+    QVERIFY(QDir(game.path()).mkpath(QStringLiteral("assets")));
+    WindowFixture bare(game.path());
+    bare.window().onNewTrack();
+    QTRY_COMPARE(bare.tracks().ids().size(), 1);
+    bare.trigger("actionPlay");
+    QTRY_VERIFY(!bare.window().isLoading());
 }
 
 void TestMainWindow::importsMidi()
