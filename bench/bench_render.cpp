@@ -107,7 +107,7 @@ private:
 
 std::vector<Track> tracksOf(const DenseSong &song)
 {
-    std::vector<QVector<TrackEvent>> events(DenseSong::tracks);
+    std::vector<QVector<TrackEvent>> events(std::size_t(song.tracks));
     for (const auto &note : song.notes)
         events[std::size_t(note.track)].append(TrackEvent::note(quint32(note.key), note.start, note.length, 0.1F));
     std::vector<Track> tracks;

@@ -7,7 +7,8 @@
 #include <numbers>
 #include <random>
 
-DenseSong::DenseSong(int voices, int songSeconds) : seconds(songSeconds)
+DenseSong::DenseSong(int voices, int songSeconds)
+    : seconds(songSeconds), tracks(std::clamp(voices / leastVoicesPerTrack, 1, mostTracks))
 {
     std::minstd_rand random(2);
     const int voicesPerTrack = voices / tracks;

@@ -4,11 +4,12 @@
 
 #include <vector>
 
-// A made-up song of 16 tracks in which a given number of voices sounds at any time. Its times are milliseconds, and a
-// tick of its MIDI file is one too.
+// A made-up song in which a given number of voices sounds at any time, 16 of them or more to a track. Its times are
+// milliseconds, and a tick of its MIDI file is one too.
 struct DenseSong
 {
-    static constexpr int tracks = 16;
+    static constexpr int mostTracks = 16; // a MIDI file has no more channels
+    static constexpr int leastVoicesPerTrack = 16;
     static constexpr int instruments = 8; // track n plays instrument n % 8
     static constexpr int lowestKey = 36, highestKey = 99;
     static constexpr int keysPerSample = 4;
@@ -31,6 +32,7 @@ struct DenseSong
     QByteArray midi() const;
 
     int seconds;
+    int tracks;
     std::vector<Note> notes; // by start
     double voiceSeconds = 0; // fades included
 };

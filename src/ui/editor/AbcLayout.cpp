@@ -224,7 +224,7 @@ void LayoutMaker::readElement()
 
     elementIsOpen_ = elementIsEmpty_ = true;
     advance_ = 0;
-    AbcElement element;
+    AbcTextElement element;
     element.range.offset = offset();
     element.start = position_;
     if (token_.type == AbcTokenType::Note)
@@ -406,7 +406,7 @@ int AbcLayout::tokenAt(int offset) const
 int AbcLayout::elementAt(int offset) const
 {
     const auto behind = std::upper_bound(elements.begin(), elements.end(), offset,
-                                         [](int at, const AbcElement &element) { return at < element.range.offset; });
+                                         [](int at, const AbcTextElement &element) { return at < element.range.offset; });
     return int(behind - elements.begin()) - 1;
 }
 

@@ -7,7 +7,7 @@
 #include <QVector>
 
 // A note, rest or chord with all its characters, and the time it takes.
-struct AbcElement
+struct AbcTextElement
 {
     TextRange range;
     Ticks start = 0;
@@ -52,7 +52,7 @@ struct AbcAccidentalMark
 // Where the music of a text stands and when it sounds: what the events of a track do not tell.
 struct AbcLayout
 {
-    QVector<AbcElement> elements; // in the order of the text, as are all of these
+    QVector<AbcTextElement> elements; // in the order of the text, as are all of these
     QVector<AbcUnit> units;       // the last is the gap at the end
     QVector<AbcNoteToken> tokens;
     QVector<AbcAccidentalMark> marks; // the first is the key of the header, at the beginning of the body
