@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <complex>
 #include <numbers>
 #include <sched.h>
 #include <stdexcept>
@@ -191,16 +190,19 @@ void SineToNoise(benchmark::State &state, double hertz, bool isExport)
         check(engine.mixSpan(mix, 0, stereo));
     }
 
-    // The sine that fits best is what its own frequency correlates to; the beginning is left out, where it starts.
+    // The sine that fits best in the sense of least squares; the beginning is left out, where it starts.
     constexpr std::size_t first = 1000, last = engineRate - 1000;
     const double step = 2 * std::numbers::pi * hertz * upAQuarterTone / engineRate;
-    std::complex<double> correlation;
-    for (auto i = first; i < last; ++i)
-        correlation += double(stereo[2 * i]) * std::polar(1.0, -step * double(i));
-    correlation *= 2.0 / double(last - first);
+    double cc = 0, ss = 0, cs = 0, yc = 0, ys = 0;
+    for (auto i = first; i < last; ++i) {
+        const double y = stereo[2 * i], c = std::cos(step * double(i)), s = std::sin(step * double(i));
+        cc += c * c, ss += s * s, cs += c * s, yc += y * c, ys += y * s;
+    }
+    const double determinant = cc * ss - cs * cs;
+    const double a = (yc * ss - ys * cs) / determinant, b = (ys * cc - yc * cs) / determinant;
     double signal = 0, noise = 0;
     for (auto i = first; i < last; ++i) {
-        const double fitted = (correlation * std::polar(1.0, step * double(i))).real();
+        const double fitted = a * std::cos(step * double(i)) + b * std::sin(step * double(i));
         signal += fitted * fitted;
         noise += std::pow(double(stereo[2 * i]) - fitted, 2);
     }
