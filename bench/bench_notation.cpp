@@ -232,5 +232,7 @@ BENCHMARK(MidiToAbcBySize)
 
 int main(int argc, char **argv)
 {
+    const QTemporaryDir scratch; // abc2midi leaves a file where it runs
+    QDir::setCurrent(scratch.path());
     return runBenchmarks(argc, argv, {{"MidiToAbc", "Midi2abc", 3, 5}, {"AbcToTrack", "Abc2midi", 3, 8}});
 }
