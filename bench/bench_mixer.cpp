@@ -209,22 +209,6 @@ void SineToNoise(benchmark::State &state, double hertz, bool isExport)
     state.counters["dB"] = 10 * std::log10(signal / noise);
 }
 
-void FluidsynthLive(benchmark::State &state, int voices)
-{
-    const DenseSong song(voices, 10);
-    for (auto _ : state) {
-        state.PauseTiming();
-        {
-            Fluidsynth synth(song);
-            state.ResumeTiming();
-            state.counters["voices"] = synth.render();
-            state.PauseTiming();
-        }
-        state.ResumeTiming();
-    }
-    state.SetItemsProcessed(int64_t(double(state.iterations()) * song.voiceSeconds));
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -236,7 +220,7 @@ int main(int argc, char **argv)
     for (const int voices : {16, 64, 256, 1024}) {
         const auto count = std::to_string(voices);
         add("Live" + count, Live, voices);
-        add("Fluidsynth" + count, FluidsynthLive, voices);
+        add("Fluidsynth" + count, playDenseSong, voices);
         ratios.push_back({"Live" + count, "Fluidsynth" + count, 8, 10});
     }
     for (const int hertz : {1000, 5000, 10000}) {

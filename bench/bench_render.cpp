@@ -170,22 +170,6 @@ void Decode(benchmark::State &state)
     }
 }
 
-void FluidsynthRender(benchmark::State &state, int voices)
-{
-    const DenseSong song(voices, 10);
-    for (auto _ : state) {
-        state.PauseTiming();
-        {
-            Fluidsynth synth(song);
-            state.ResumeTiming();
-            state.counters["voices"] = synth.render();
-            state.PauseTiming();
-        }
-        state.ResumeTiming();
-    }
-    state.SetItemsProcessed(int64_t(double(state.iterations()) * song.voiceSeconds));
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -198,7 +182,7 @@ int main(int argc, char **argv)
     for (const int voices : {64, 256}) {
         const auto count = std::to_string(voices);
         add("Export" + count, Export, voices)->MeasureProcessCPUTime();
-        add("Fluidsynth" + count, FluidsynthRender, voices);
+        add("Fluidsynth" + count, playDenseSong, voices);
         add("ExportFilesOneCore" + count, ExportFiles, voices, 1)->UseRealTime();
         add("ExportFilesTwoCores" + count, ExportFiles, voices, 2)->UseRealTime();
         ratios.push_back({"Export" + count, "Fluidsynth" + count, voices == 256 ? 25.0 : 0.0, 40});

@@ -97,3 +97,19 @@ int Fluidsynth::render()
     }
     return most;
 }
+
+void playDenseSong(benchmark::State &state, int voices)
+{
+    const DenseSong song(voices, 10);
+    for (auto _ : state) {
+        state.PauseTiming();
+        {
+            Fluidsynth synth(song);
+            state.ResumeTiming();
+            state.counters["voices"] = synth.render();
+            state.PauseTiming();
+        }
+        state.ResumeTiming();
+    }
+    state.SetItemsProcessed(int64_t(double(state.iterations()) * song.voiceSeconds));
+}

@@ -2,6 +2,8 @@
 
 #include "support/DenseSong.h"
 
+#include <benchmark/benchmark.h>
+
 // fluidsynth with the samples of the dense songs, dry, at 48 kHz: the reference that the mixer is measured against.
 class Fluidsynth
 {
@@ -18,3 +20,6 @@ private:
     struct Parts;
     Parts *parts_;
 };
+
+// The benchmark: ten seconds of a song of so many voices. Items are voice-seconds.
+void playDenseSong(benchmark::State &state, int voices);
