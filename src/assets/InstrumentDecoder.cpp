@@ -12,17 +12,23 @@ void warn(const QString &message)
 }
 } // namespace
 
+InstrumentDecoder::InstrumentDecoder()
+{
+    thread_.setMaxThreadCount(1);
+}
+
 void InstrumentDecoder::take(PlaceFiles files)
 {
-    if (running_.valid())
-        running_.get();
-    running_ = std::async(std::launch::async, [this, files = std::move(files)] { decode(files); });
+    free_.acquire();
+    thread_.start([this, files = std::move(files)] {
+        decode(files);
+        free_.release();
+    });
 }
 
 InstrumentSet InstrumentDecoder::finish()
 {
-    if (running_.valid())
-        running_.get();
+    thread_.waitForDone();
     return std::exchange(found_, {});
 }
 

@@ -4,7 +4,9 @@
 #include "assets/ItemReader.h"
 #include "assets/TuningReader.h"
 
-#include <future>
+#include <QSemaphore>
+#include <QThreadPool>
+
 #include <optional>
 #include <vector>
 
@@ -31,7 +33,9 @@ struct PlaceFiles
 class InstrumentDecoder
 {
 public:
-    // Waits until the files that it took before are done.
+    InstrumentDecoder();
+
+    // Waits while the files of eight places are still to be decoded, so that they cannot pile up.
     void take(PlaceFiles files);
 
     // Waits for the end and gives everything that was found; of several instruments with one name the first that could
@@ -45,5 +49,6 @@ private:
 
     InstrumentSet found_;                  // belongs to the running thread
     qint64 iconMemory_ = qint64(64) << 20; // bytes that the icons still to come may take; likewise
-    std::future<void> running_;            // last, so that its end is awaited first
+    QSemaphore free_{8};
+    QThreadPool thread_; // last, so that its end is awaited first
 };
