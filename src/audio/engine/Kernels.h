@@ -17,6 +17,8 @@ struct Planes
 // in the call, so that cutting a span in two gives the same bits. [any, mixer]
 struct Kernels
 {
+    static constexpr std::size_t interpolateMultiple = 8;
+
     const char *name;
 
     // to[i] += gain * from[i]
@@ -29,7 +31,7 @@ struct Kernels
     void (*measure)(const float *plane, std::size_t n, double &energy, float &peak);
 
     // to[i] = the source at position at + i * step, by LiveKernel. `from` is readable 3 frames before and 4 behind
-    // every position.
+    // every position; what follows the outputs in `to`, up to a multiple of interpolateMultiple, is overwritten.
     void (*interpolate)(Planes<float> to, Planes<const float> from, std::size_t n, Position at, Position step);
 
     // The same by a FineKernel, readable half its taps before and behind.

@@ -90,93 +90,87 @@ COMPOSER_AVX2_INLINE __m256 sumsOfRows(const __m256 *rows)
                          _mm256_shuffle_ps(quarters01, quarters23, 0xEE));
 }
 
-// Where eight outputs of LiveKernel lie: the source frame below each, and the row of the table for its fraction.
-struct EightPlaces
+// Where outputs of LiveKernel lie: of each the source frame below it in the upper half and, in the lower, the offset in
+// bytes of the table's row for its fraction. They take the way through memory since single values come out of a vector
+// slowly, and many at a time since the processor waits when it loads parts of what it has only just stored.
+struct Places
 {
-    alignas(32) std::uint32_t frames[lanes];
-    alignas(32) std::uint32_t rows[lanes];
+    static constexpr std::size_t most = 64;
+    alignas(32) std::uint64_t values[most];
 };
 
-// LiveKernel::rowOf() of eight fractions.
-COMPOSER_AVX2_INLINE __m256i rowsOf(__m256i fractions)
-{
-    return _mm256_xor_si256(_mm256_srli_epi32(fractions, 20), _mm256_slli_epi32(_mm256_srli_epi32(fractions, 27), 1));
-}
-
-// Walks along the rounded positions at, at + step, … in steps of eight.
+// Walks along the rounded positions at, at + step, …
 class Walk
 {
 public:
     COMPOSER_AVX2_INLINE Walk(Position at, Position step)
     {
         const auto position = [=](int k) { return static_cast<long long>(at + Position(k) * step); };
-        positions0145_ = _mm256_setr_epi64x(position(0), position(1), position(4), position(5));
-        positions2367_ = _mm256_setr_epi64x(position(2), position(3), position(6), position(7));
+        positions0123_ = _mm256_setr_epi64x(position(0), position(1), position(2), position(3));
+        positions4567_ = _mm256_setr_epi64x(position(4), position(5), position(6), position(7));
         eightSteps_ = _mm256_set1_epi64x(static_cast<long long>(lanes * step));
     }
 
-    COMPOSER_AVX2_INLINE void next(EightPlaces &places)
+    // The next n places; those behind, up to a multiple of eight, repeat the last, so that no frame is read behind it.
+    COMPOSER_AVX2_INLINE void next(Places &places, std::size_t n)
     {
-        // The halves of the 64-bit positions, which the shuffles bring into order.
-        const __m256 a = _mm256_castsi256_ps(positions0145_), b = _mm256_castsi256_ps(positions2367_);
-        const __m256i fractions = _mm256_castps_si256(_mm256_shuffle_ps(a, b, 0x88));
-        const __m256i frames = _mm256_castps_si256(_mm256_shuffle_ps(a, b, 0xDD));
-        _mm256_store_si256(reinterpret_cast<__m256i *>(places.frames), frames);
-        _mm256_store_si256(reinterpret_cast<__m256i *>(places.rows), rowsOf(fractions));
-        positions0145_ = _mm256_add_epi64(positions0145_, eightSteps_);
-        positions2367_ = _mm256_add_epi64(positions2367_, eightSteps_);
+        for (std::size_t i = 0; i < n; i += lanes) {
+            auto *values = reinterpret_cast<__m256i *>(places.values + i);
+            _mm256_store_si256(values, placesOf(positions0123_));
+            _mm256_store_si256(values + 1, placesOf(positions4567_));
+            positions0123_ = _mm256_add_epi64(positions0123_, eightSteps_);
+            positions4567_ = _mm256_add_epi64(positions4567_, eightSteps_);
+        }
+        std::fill(places.values + n, places.values + (n + lanes - 1) / lanes * lanes, places.values[n - 1]);
     }
 
 private:
-    __m256i positions0145_, positions2367_, eightSteps_;
+    // LiveKernel::rowOf() of the lower halves, times the size of a row.
+    static COMPOSER_AVX2_INLINE __m256i placesOf(__m256i positions)
+    {
+        const __m256i rows = _mm256_xor_si256(_mm256_srli_epi32(positions, 20),
+                                              _mm256_slli_epi32(_mm256_srli_epi32(positions, 27), 1));
+        return _mm256_blend_epi32(_mm256_slli_epi32(rows, 5), positions, 0xAA);
+    }
+
+    __m256i positions0123_, positions4567_, eightSteps_;
 };
 
 template<bool Stereo>
-COMPOSER_AVX2_INLINE void interpolateEight(__m256 *sums, Planes<const float> from, const Factors *table,
-                                           const EightPlaces &places)
+COMPOSER_AVX2_INLINE void interpolateEight(float *left, float *right, Planes<const float> from, const char *table,
+                                           const std::uint64_t *places)
 {
-    __m256 left[lanes], right[lanes];
+    __m256 leftProducts[lanes], rightProducts[lanes];
     for (std::size_t k = 0; k < lanes; ++k) {
-        const __m256 factors = _mm256_load_ps(table[places.rows[k]].values);
-        left[k] = _mm256_mul_ps(factors, _mm256_loadu_ps(from.left + places.frames[k]));
+        const auto frame = places[k] >> 32, row = places[k] & 0xFFFFFFFF;
+        const __m256 factors = _mm256_load_ps(reinterpret_cast<const float *>(table + row));
+        leftProducts[k] = _mm256_mul_ps(factors, _mm256_loadu_ps(from.left + frame));
         if constexpr (Stereo)
-            right[k] = _mm256_mul_ps(factors, _mm256_loadu_ps(from.right + places.frames[k]));
+            rightProducts[k] = _mm256_mul_ps(factors, _mm256_loadu_ps(from.right + frame));
     }
-    sums[0] = sumsOfRows(left);
+    _mm256_storeu_ps(left, sumsOfRows(leftProducts));
     if constexpr (Stereo)
-        sums[1] = sumsOfRows(right);
+        _mm256_storeu_ps(right, sumsOfRows(rightProducts));
 }
 
 template<bool Stereo>
 COMPOSER_AVX2 void interpolatePlanes(Planes<float> to, Planes<const float> from, std::size_t n, Position at,
                                      Position step)
 {
-    const Factors *table = LiveKernel::table();
+    const auto *table = reinterpret_cast<const char *>(LiveKernel::table());
     constexpr int before = LiveKernel::taps / 2 - 1;
     from.left -= before;
     if constexpr (Stereo)
         from.right -= before;
     Walk walk(at + LiveKernel::halfPhase, step);
-    EightPlaces places;
-    __m256 sums[2];
-    std::size_t i = 0;
-    for (; i + lanes <= n; i += lanes) {
-        walk.next(places);
-        interpolateEight<Stereo>(sums, from, table, places);
-        _mm256_storeu_ps(to.left + i, sums[0]);
-        if constexpr (Stereo)
-            _mm256_storeu_ps(to.right + i, sums[1]);
+    Places places;
+    for (std::size_t done = 0; done < n; done += Places::most) {
+        const auto count = std::min(n - done, Places::most);
+        walk.next(places, count);
+        for (std::size_t i = 0; i < count; i += lanes)
+            interpolateEight<Stereo>(to.left + done + i, Stereo ? to.right + done + i : nullptr, from, table,
+                                     places.values + i);
     }
-    if (i == n)
-        return;
-    walk.next(places);
-    // No frame is read behind the last output's.
-    std::fill(places.frames + (n - i), places.frames + lanes, places.frames[n - i - 1]);
-    const __m256i rest = firstLanes(n - i);
-    interpolateEight<Stereo>(sums, from, table, places);
-    _mm256_maskstore_ps(to.left + i, rest, sums[0]);
-    if constexpr (Stereo)
-        _mm256_maskstore_ps(to.right + i, rest, sums[1]);
 }
 
 void interpolate(Planes<float> to, Planes<const float> from, std::size_t n, Position at, Position step)
