@@ -6,6 +6,9 @@
 #include <utility>
 
 namespace {
+// Of one place, in bytes: a thousand icons of 128 x 128.
+constexpr qint64 mostIconMemory = qint64(64) << 20;
+
 void warn(const QString &message)
 {
     qCWarning(assetsLog).noquote() << message;
@@ -35,6 +38,7 @@ InstrumentSet InstrumentDecoder::finish()
 void InstrumentDecoder::decode(const PlaceFiles &files)
 {
     const CostLimit limit(files.size);
+    iconMemory_ = mostIconMemory;
     for (const auto &instrument : files.instruments) {
         if (limit.isReached()) {
             warn(QStringLiteral("Failed to load pak file: %1").arg(files.path));

@@ -47,8 +47,8 @@ private:
     void decode(const InstrumentFiles &files);
     QImage icon(const InstrumentFiles &files);
 
-    InstrumentSet found_;                  // belongs to the running thread
-    qint64 iconMemory_ = qint64(64) << 20; // bytes that the icons still to come may take; likewise
+    InstrumentSet found_;   // belongs to the running thread
+    qint64 iconMemory_ = 0; // bytes that the icons of this place may still take; likewise
     QSemaphore free_{8};
     QThreadPool thread_; // last, so that its end is awaited first
 };

@@ -43,11 +43,19 @@ SharedReader opened(const QString &packagePath, QStringList &refusals)
     }
 }
 
+// Opening a pipe would wait for its other end.
+bool isFile(const QString &path)
+{
+    return QFileInfo(path).isFile();
+}
+
 SharedReader opened(const QString &packagePath)
 {
     QStringList refusals;
-    SharedReader reader = opened<KVAssetPakReader>(packagePath, refusals);
-    if (!reader)
+    SharedReader reader;
+    if (isFile(packagePath))
+        reader = opened<KVAssetPakReader>(packagePath, refusals);
+    if (isFile(packagePath) && !reader)
         reader = opened<LegacyPakReader>(packagePath, refusals);
     if (reader)
         return reader;
@@ -76,8 +84,7 @@ QByteArray readPakFile(const QString &name)
 QByteArray readPlainFile(const QString &path)
 {
     QFile file(path);
-    // Opening a pipe would wait for its other end.
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+    if (!isFile(path) || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         throw QStringLiteral("Could not open file.");
     return file.readAll();
 }

@@ -171,7 +171,7 @@ void addOptions(QCommandLineParser &parser)
 {
     for (const char *name : {"output", "game", "instrument", "set"})
         parser.addOption({QLatin1String(name), QString(), QStringLiteral("value")});
-    for (const char *name : {"mods", "json"})
+    for (const char *name : {"mods", "json", "help"})
         parser.addOption(QCommandLineOption(QLatin1String(name)));
     for (const auto &option : transformOptions)
         parser.addOption({QLatin1String(option.name), QString(), QLatin1String(option.valueName)});
@@ -185,6 +185,8 @@ Invocation parseArguments(const QStringList &words, const std::vector<Command> &
     addOptions(parser);
     if (!parser.parse(words))
         throw WrongUsage{parser.errorText()};
+    if (parser.isSet(QStringLiteral("help")))
+        throw HelpWanted{};
 
     Arguments arguments;
     arguments.inputs = parser.positionalArguments();

@@ -43,10 +43,13 @@ struct Command
     int (*run)(const Arguments &arguments); // gives the exit status
 };
 
-// Throws a WrongUsage for a command line that means nothing.
+// Throws a WrongUsage for a command line that means nothing, a HelpWanted for one that asks what there is.
 struct WrongUsage
 {
     QString message;
+};
+struct HelpWanted
+{
 };
 struct Invocation
 {

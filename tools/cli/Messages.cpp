@@ -41,6 +41,14 @@ void printLine(const QString &line)
     std::printf("%s\n", qUtf8Printable(line));
 }
 
+bool finishLines()
+{
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
+        return true;
+    printFailure(QStringLiteral("standard output"), qt_error_string());
+    return false;
+}
+
 StandardOutput::StandardOutput()
 {
     if (!file_.open(stdout, QIODevice::WriteOnly))

@@ -7,6 +7,9 @@
 void printFailure(const QString &file, const QString &message);
 void printLine(const QString &line);
 
+// Whether all lines have reached standard output; a failure is printed.
+bool finishLines();
+
 // Standard output as a device, for what is bytes or long. The constructor and finish() throw a QString when it cannot
 // be written.
 class StandardOutput

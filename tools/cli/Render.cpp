@@ -8,6 +8,7 @@
 #include "core/HeaderFields.h"
 
 #include <QEventLoop>
+#include <QFileInfo>
 #include <QLoggingCategory>
 #include <QTimer>
 
@@ -32,6 +33,7 @@ public:
 
 private:
     QVector<Track> readTracks();
+    void refuseInputAsOutput() const;
     Instrument instrumentFor(const Track &track, const InstrumentSet &instruments) const;
     void renderTracks(const QVector<Track> &tracks, const InstrumentSet &instruments);
     void showProgress(quint64 tick, quint64 total);
@@ -51,14 +53,15 @@ private:
 int Rendering::run()
 {
     const auto tracks = readTracks();
-    if (tracks.isEmpty())
-        return failed_ ? 1 : 0;
+    if (failed_ && tracks.isEmpty())
+        return 1;
     QString file = arguments_.game;
     try {
         const auto instruments = scanGame(arguments_);
         if (!arguments_.instrument.isEmpty())
             instruments.instrument(arguments_.instrument); // throws for a name that is not there
         file = arguments_.output;
+        refuseInputAsOutput();
         renderTracks(tracks, instruments);
     } catch (const QString &message) {
         fail(file, message);
@@ -78,6 +81,15 @@ QVector<Track> Rendering::readTracks()
     } catch (const QString &message) {
         fail(arguments_.inputs.join(QStringLiteral(", ")), message);
         return {};
+    }
+}
+
+void Rendering::refuseInputAsOutput() const
+{
+    const auto output = QFileInfo(arguments_.output).canonicalFilePath(); // empty for a new file
+    for (const auto &input : arguments_.inputs) {
+        if (!output.isEmpty() && QFileInfo(input).canonicalFilePath() == output)
+            throw QStringLiteral("The wave file would replace the song.");
     }
 }
 
@@ -141,7 +153,6 @@ void Rendering::showProgress(quint64 tick, quint64 total)
 int render(const Arguments &arguments)
 {
     // A sample that cannot sound is worth a line.
-    QLoggingCategory::setFilterRules(QStringLiteral("kelvarion.*=false\nkelvarion.audio.warning=true\n"
-                                                    "kelvarion.audio.critical=true"));
+    QLoggingCategory::setFilterRules(QStringLiteral("kelvarion.*=false\nkelvarion.audio.warning=true"));
     return Rendering(arguments).run();
 }

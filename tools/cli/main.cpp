@@ -2,6 +2,7 @@
 #include "Convert.h"
 #include "Inspect.h"
 #include "Instruments.h"
+#include "Messages.h"
 #include "Pak.h"
 #include "Render.h"
 
@@ -39,7 +40,11 @@ int main(int argc, char **argv)
     QLoggingCategory::setFilterRules(QStringLiteral("kelvarion.*=false"));
     try {
         const auto invocation = parseArguments(QCoreApplication::arguments(), commands());
-        return invocation.command->run(invocation.arguments);
+        const int status = invocation.command->run(invocation.arguments);
+        return finishLines() ? status : 1;
+    } catch (const HelpWanted &) {
+        printLine(usageText(commands()));
+        return 0;
     } catch (const WrongUsage &usage) {
         std::fprintf(stderr, "kelvarion-composer-cli: %s\n\n%s", qUtf8Printable(usage.message),
                      qUtf8Printable(usageText(commands())));

@@ -10,11 +10,12 @@
 
 #include <chrono>
 #include <cmath>
+#include <future>
 
 namespace {
 
 constexpr int ownSampleRate = WavWriter::sampleRate; // where no device has one
-constexpr std::chrono::seconds deviceSearchInterval{2};
+constexpr std::chrono::seconds deviceSearchInterval{4};
 
 using Time = std::chrono::steady_clock::time_point;
 Time now()
@@ -35,7 +36,9 @@ struct BuiltinEngine::Session
     Time nextSearch;
     PacedOutput paced;
     DeviceOutput device{mixer};
+    std::future<bool> search; // for another device, which takes a tenth of a second; `device` is its own meanwhile
 
+    bool hasDevice() const { return !search.valid() && device.isOpen(); }
     void reap()
     {
         VoiceTable::Slot slot = 0;
@@ -66,19 +69,20 @@ AudioResult BuiltinEngine::Session::openDevice()
 
 AudioResult BuiltinEngine::Session::watchDevice()
 {
-    if (device.lost()) {
-        device.close();
-        nextSearch = now() + deviceSearchInterval;
-        paced.start(mixer, sampleRate);
-        return AudioResult::DeviceLost;
-    }
-    if (!device.isOpen() && now() >= nextSearch) {
-        // The new device takes over at the engine's rate, in which all clocks are counted.
-        if (device.open(sampleRate)) {
+    if (search.valid()) {
+        if (search.wait_for(std::chrono::seconds(0)) == std::future_status::ready && search.get()) {
             paced.stop();
             device.start();
         }
         nextSearch = now() + deviceSearchInterval;
+    } else if (device.lost()) {
+        device.close();
+        nextSearch = now() + deviceSearchInterval;
+        paced.start(mixer, sampleRate);
+        return AudioResult::DeviceLost;
+    } else if (!device.isOpen() && now() >= nextSearch) {
+        // The new device takes over at the engine's rate, in which all clocks are counted.
+        search = std::async(std::launch::async, [this] { return device.open(sampleRate); });
     }
     return AudioResult::Ok;
 }
@@ -202,7 +206,7 @@ AudioResult BuiltinEngine::update()
 OutputState BuiltinEngine::outputState() const
 {
     const bool lacksDevice =
-        parts_->output == EngineOutput::Device && !(parts_->session && parts_->session->device.isOpen());
+        parts_->output == EngineOutput::Device && !(parts_->session && parts_->session->hasDevice());
     return lacksDevice ? OutputState::NoDevice : OutputState::Running;
 }
 
