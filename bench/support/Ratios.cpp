@@ -6,13 +6,16 @@
 
 namespace {
 
-// Shows the usual table, and remembers the rates.
+// Shows the usual table, and remembers the rates and counters.
 class RateReporter : public benchmark::ConsoleReporter
 {
 public:
     void ReportRuns(const std::vector<Run> &runs) override
     {
         for (const auto &run : runs) {
+            allRan = allRan && !run.error_occurred;
+            for (const auto &[name, counter] : run.counters)
+                counters[{run.run_name.function_name, name}] = counter.value;
             for (const char *counter : {"items_per_second", "bytes_per_second"}) {
                 const auto rate = run.counters.find(counter);
                 if (rate != run.counters.end())
@@ -23,6 +26,8 @@ public:
     }
 
     std::map<std::string, double> rates;
+    std::map<std::pair<std::string, std::string>, double> counters; // by benchmark and name
+    bool allRan = true;
 };
 
 void pinToOneCore()
@@ -36,7 +41,7 @@ void pinToOneCore()
 
 } // namespace
 
-int runBenchmarks(int argc, char **argv, const std::vector<Ratio> &ratios)
+int runBenchmarks(int argc, char **argv, const std::vector<Ratio> &ratios, const std::vector<Limit> &limits)
 {
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
@@ -45,7 +50,7 @@ int runBenchmarks(int argc, char **argv, const std::vector<Ratio> &ratios)
     RateReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
 
-    bool isGood = true;
+    bool isGood = reporter.allRan;
     for (const auto &ratio : ratios) {
         if (!reporter.rates.count(ratio.ours) || !reporter.rates.count(ratio.theirs))
             continue;
@@ -53,6 +58,14 @@ int runBenchmarks(int argc, char **argv, const std::vector<Ratio> &ratios)
         std::printf("%s / %s = %.2f (gate %.2f, aim %.2f)\n", ratio.ours.c_str(), ratio.theirs.c_str(), figure,
                     ratio.gate, ratio.aim);
         isGood = isGood && figure >= ratio.gate;
+    }
+    for (const auto &limit : limits) {
+        const auto counter = reporter.counters.find({limit.benchmark, limit.counter});
+        if (counter == reporter.counters.end())
+            continue;
+        std::printf("%s: %s = %.3g (gate %.3g to %.3g)\n", limit.benchmark.c_str(), limit.counter.c_str(),
+                    counter->second, limit.least, limit.most);
+        isGood = isGood && counter->second >= limit.least && counter->second <= limit.most;
     }
     return isGood ? 0 : 1;
 }

@@ -14,6 +14,16 @@ struct Ratio
     double aim;
 };
 
+// A counter of one benchmark, and between which figures it is good enough.
+struct Limit
+{
+    std::string benchmark;
+    std::string counter;
+    double least;
+    double most;
+};
+
 // The main function of a benchmark program: pins it to one core, runs the benchmarks that the command line asks for and
-// prints the ratios of those that ran. Returns 1 when a ratio misses its gate.
-int runBenchmarks(int argc, char **argv, const std::vector<Ratio> &ratios);
+// prints the ratios of those that ran. Returns 1 when a ratio misses its gate or a counter its limits, or when a
+// benchmark could not be run.
+int runBenchmarks(int argc, char **argv, const std::vector<Ratio> &ratios, const std::vector<Limit> &limits = {});
