@@ -41,13 +41,18 @@ COMPOSER_AVX2 void addFading(float *to, const float *from, std::size_t n, std::i
 {
     const __m256 slopes = _mm256_set1_ps(slope);
     __m256i left = _mm256_sub_epi32(_mm256_set1_epi32(remaining), _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7));
-    for (std::size_t i = 0; i < n; i += lanes) {
-        const __m256i valid = firstLanes(std::min(lanes, n - i));
+    std::size_t i = 0;
+    for (; i + lanes <= n; i += lanes) {
         const __m256 gains = _mm256_mul_ps(_mm256_cvtepi32_ps(left), slopes);
-        const __m256 source = _mm256_maskload_ps(from + i, valid);
-        _mm256_maskstore_ps(to + i, valid, _mm256_fmadd_ps(gains, source, _mm256_maskload_ps(to + i, valid)));
+        _mm256_storeu_ps(to + i, _mm256_fmadd_ps(gains, _mm256_loadu_ps(from + i), _mm256_loadu_ps(to + i)));
         left = _mm256_sub_epi32(left, _mm256_set1_epi32(int(lanes)));
     }
+    if (i == n)
+        return;
+    const __m256i rest = firstLanes(n - i);
+    const __m256 gains = _mm256_mul_ps(_mm256_cvtepi32_ps(left), slopes);
+    const __m256 sum = _mm256_fmadd_ps(gains, _mm256_maskload_ps(from + i, rest), _mm256_maskload_ps(to + i, rest));
+    _mm256_maskstore_ps(to + i, rest, sum);
 }
 
 COMPOSER_AVX2 void measure(const float *plane, std::size_t n, double &energy, float &peak)
