@@ -5,30 +5,28 @@
 #include <QPointer>
 #include <QThreadPool>
 
-#include <atomic>
-#include <functional>
 #include <memory>
+#include <optional>
+#include <stop_token>
 
-// Work beside the interface thread. The work gets a flag that tells it to stop early; its result is delivered on the
-// interface thread, unless the task was cancelled or destroyed. Work that pays no heed to the flag ends in its own time
-// and nobody waits for it, so it must hold nothing but values.
+// Work beside the interface thread. The work gets a token that tells it to stop early; its result is delivered on the
+// interface thread, unless the task was cancelled or destroyed. Nobody waits for work that was cancelled, so it must
+// hold nothing but values.
 class BackgroundTask
 {
 public:
-    using Cancelled = std::atomic<bool>;
-
     BackgroundTask() = default;
     BackgroundTask(const BackgroundTask &) = delete;
     BackgroundTask &operator=(const BackgroundTask &) = delete;
     ~BackgroundTask() { cancel(); }
 
-    bool isRunning() const { return cancelled_ != nullptr; }
+    bool isRunning() const { return running_.has_value(); }
 
     void cancel()
     {
-        if (cancelled_)
-            *cancelled_ = true;
-        cancelled_.reset();
+        if (running_)
+            running_->request_stop();
+        running_.reset();
     }
 
     // Cancels what runs. receiver: whose thread gets the result; nothing is delivered once it is gone.
@@ -36,17 +34,16 @@ public:
     void start(QObject *receiver, Work work, Deliver deliver)
     {
         cancel();
-        cancelled_ = std::make_shared<Cancelled>(false);
-        const auto flag = cancelled_;
+        const auto stop = running_.emplace().get_token();
         const QPointer<QObject> target(receiver);
         QThreadPool::globalInstance()->start([=, this] {
-            auto result = std::make_shared<decltype(work(*flag))>(work(*flag));
+            auto result = std::make_shared<decltype(work(stop))>(work(stop));
             QMetaObject::invokeMethod(
                 qApp,
                 [=, this] {
-                    if (*flag || !target)
+                    if (stop.stop_requested() || !target)
                         return;
-                    cancelled_.reset();
+                    running_.reset();
                     deliver(*result);
                 },
                 Qt::QueuedConnection);
@@ -54,5 +51,5 @@ public:
     }
 
 private:
-    std::shared_ptr<Cancelled> cancelled_;
+    std::optional<std::stop_source> running_;
 };

@@ -13,11 +13,12 @@ BusyIndicator::BusyIndicator(QWidget *parent) : QWidget(parent), text_(new QLabe
     auto *const cancel = new QToolButton;
     cancel->setObjectName(QStringLiteral("btnCancelWork"));
     cancel->setText(tr("Cancel"));
-    cancel->setToolTip(tr("Stop what is running"));
+    cancel->setToolTip(tr("Stop what is running (Esc)"));
+    cancel->setShortcut(Qt::Key_Escape); // works while the button is shown
     connect(cancel, &QToolButton::clicked, this, &BusyIndicator::cancelled);
 
     auto *const row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
+    row->setContentsMargins(16, 0, 0, 0); // away from the status text
     row->addWidget(text_);
     row->addWidget(bar_);
     row->addWidget(cancel);

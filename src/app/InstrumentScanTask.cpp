@@ -11,10 +11,9 @@ constexpr qint64 reportPauseMs = 50;
 void InstrumentScanTask::start(const QString &gameRoot, Mods mods)
 {
     isRunning_ = true;
-    isStopped_ = std::make_shared<std::atomic<bool>>(false);
+    stop_ = {};
     const QPointer<InstrumentScanTask> self(this);
-    const auto isStopped = isStopped_;
-    const auto work = [=](const BackgroundTask::Cancelled &cancelled) {
+    const auto work = [=, stopped = stop_.get_token()](const std::stop_token &cancelled) {
         QElapsedTimer sinceReport;
         sinceReport.start();
         return scanInstruments(gameRoot, mods, [&](const ScanProgress &progress) {
@@ -26,7 +25,7 @@ void InstrumentScanTask::start(const QString &gameRoot, Mods mods)
                 };
                 QMetaObject::invokeMethod(qApp, report, Qt::QueuedConnection);
             }
-            return !*isStopped && !cancelled;
+            return !stopped.stop_requested() && !cancelled.stop_requested();
         });
     };
     task_.start(this, work, [this](const InstrumentSet &instruments) {
@@ -37,6 +36,5 @@ void InstrumentScanTask::start(const QString &gameRoot, Mods mods)
 
 void InstrumentScanTask::stop()
 {
-    if (isStopped_)
-        *isStopped_ = true;
+    stop_.request_stop();
 }

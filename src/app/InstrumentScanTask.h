@@ -22,6 +22,6 @@ signals:
 
 private:
     bool isRunning_ = false;
-    std::shared_ptr<std::atomic<bool>> isStopped_;
+    std::stop_source stop_;
     BackgroundTask task_;
 };

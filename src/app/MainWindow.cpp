@@ -21,6 +21,7 @@
 #include <QMimeData>
 #include <QProgressDialog>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSlider>
 #include <QStatusBar>
 #include <QTimer>
@@ -55,6 +56,9 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
     connectPlayer();
 
     connect(rows_, &TrackRows::rowAdded, this, &MainWindow::connectRow);
+    connect(rows_, &TrackRows::moveRequested, &tracks_, &TrackList::move);
+    connect(rows_, &TrackRows::draggedTo, area,
+            [area](int y) { area->ensureVisible(area->horizontalScrollBar()->value(), y, 0, 40); });
     connect(rows_->hint(), &EmptyHint::importMidi, this, &MainWindow::onImportMidi);
     connect(rows_->hint(), &EmptyHint::openAbc, this, &MainWindow::onLoadABC);
     connect(&tracks_, &TrackList::songChanged, this, &MainWindow::updateActions);

@@ -159,5 +159,6 @@ private:
     VUMeter *masterMeter_ = nullptr;
     BusyIndicator *importBusy_ = nullptr;
     BusyIndicator *scanBusy_ = nullptr;
+    BusyIndicator *samplesBusy_ = nullptr;
     QProgressDialog *exportProgress_ = nullptr;
 };

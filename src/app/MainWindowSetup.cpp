@@ -243,7 +243,10 @@ void MainWindow::makeStatusBar()
     importBusy_ = new BusyIndicator;
     scanBusy_ = new BusyIndicator;
     scanBusy_->setObjectName(QStringLiteral("scanIndicator"));
+    samplesBusy_ = new BusyIndicator;
+    samplesBusy_->setObjectName(QStringLiteral("samplesIndicator"));
     statusBar()->addPermanentWidget(scanBusy_);
+    statusBar()->addPermanentWidget(samplesBusy_);
     statusBar()->addPermanentWidget(importBusy_);
     connect(importBusy_, &BusyIndicator::cancelled, &import_, &SongImport::cancel);
     connect(&import_, &SongImport::progress, this, [this](const QString &status, int done, int total) {
@@ -257,4 +260,10 @@ void MainWindow::makeStatusBar()
     connect(scanBusy_, &BusyIndicator::cancelled, &scan_, &InstrumentScanTask::stop);
     connect(&scan_, &InstrumentScanTask::progress, scanBusy_,
             [this](int done, int total) { scanBusy_->showProgress(tr("Looking for instruments..."), done, total); });
+    connect(samplesBusy_, &BusyIndicator::cancelled, this, &MainWindow::onStopAll);
+    connect(&playback_, &Playback::loading, samplesBusy_, [this](int track, int tracks, int percent) {
+        const auto text = tr("Loading samples, track %1 of %2...").arg(track).arg(tracks);
+        samplesBusy_->showProgress(text, 100 * (track - 1) + percent, 100 * tracks);
+    });
+    connect(&playback_, &Playback::loaded, samplesBusy_, &BusyIndicator::finish);
 }

@@ -24,6 +24,8 @@ Playback::Playback(TrackList &list, const InstrumentSetModel &catalogue, TrackPl
     connect(&list_, &TrackList::songChanged, this, &Playback::follow);
     connect(&player_, &TrackPlayer::trackStarted, this, &Playback::onTrackStarted);
     connect(&player_, &TrackPlayer::trackStopped, this, &Playback::onTrackStopped);
+    connect(&player_, &TrackPlayer::allTracksStopped, this, [this] { --stopsUnderWay_; });
+    connect(&player_, &TrackPlayer::precacheProgress, this, &Playback::onPrecacheProgress);
     connect(&player_, &TrackPlayer::trackPositionChanged, this,
             [this](const QString &, quint64 position) { position_ = Ticks(position); });
 }
@@ -44,19 +46,55 @@ Instrument Playback::instrument(const QString &name) const
     return resolved.isEmpty() ? Instrument() : catalogue_.instruments().instrument(resolved);
 }
 
+template<typename Change>
+void Playback::tellPlaying(Change change)
+{
+    const bool wasPlaying = isPlaying();
+    change();
+    if (isPlaying() != wasPlaying)
+        emit playingChanged(!wasPlaying);
+}
+
 void Playback::play()
 {
-    player_.stopAll();
+    stop();
     position_ = 0;
     for (const auto &track : list_.song())
-        player_.precacheInstrument(instrument(track->instrument), *track->track);
+        precache(*track);
     for (const auto &track : list_.song())
         start(*track);
+    tellPlaying([this] { isStarting_ = !list_.isEmpty(); });
 }
 
 void Playback::stop()
 {
+    ++stopsUnderWay_;
     player_.stopAll();
+    finishLoading();
+    tellPlaying([this] { isStarting_ = false; });
+}
+
+void Playback::precache(const SongTrack &track)
+{
+    ++toPrecache_;
+    player_.precacheInstrument(instrument(track.instrument), *track.track);
+}
+
+void Playback::finishLoading()
+{
+    precached_ = 0;
+    toPrecache_ = 0;
+    emit loaded();
+}
+
+void Playback::onPrecacheProgress(int done, int total)
+{
+    if (stopsUnderWay_ > 0) // it is about what was stopped
+        return;
+    if (done < total)
+        emit loading(precached_ + 1, toPrecache_, 100 * done / total);
+    else if (++precached_ == toPrecache_)
+        finishLoading();
 }
 
 void Playback::seek(Ticks position)
@@ -88,7 +126,7 @@ void Playback::follow(const Song &before, const Song &after)
             followTrack(*previous, *track);
             continue;
         }
-        player_.precacheInstrument(instrument(track->instrument), *track->track);
+        precache(*track);
         player_.stopTrack(track->id);
         start(*track);
         isRestarted = true;
@@ -100,7 +138,7 @@ void Playback::follow(const Song &before, const Song &after)
 void Playback::followTrack(const SongTrack &before, const SongTrack &after)
 {
     if (before.instrument != after.instrument) {
-        player_.precacheInstrument(instrument(after.instrument), *after.track);
+        precache(after);
         player_.changeInstrument(after.id, instrument(after.instrument));
     }
     if (before.isMuted != after.isMuted)
@@ -113,13 +151,14 @@ void Playback::followTrack(const SongTrack &before, const SongTrack &after)
 
 void Playback::onTrackStarted(const QString &id)
 {
-    playing_.insert(id);
-    if (playing_.size() == 1)
-        emit playingChanged(true);
+    tellPlaying([&] {
+        playing_.insert(id);
+        if (stopsUnderWay_ == 0)
+            isStarting_ = false;
+    });
 }
 
 void Playback::onTrackStopped(const QString &id)
 {
-    if (playing_.remove(id) && playing_.isEmpty())
-        emit playingChanged(false);
+    tellPlaying([&] { playing_.remove(id); });
 }

@@ -24,15 +24,25 @@ public:
     QString resolvedName(const QString &name) const;
     Instrument instrument(const QString &name) const;
 
-    bool isPlaying() const { return !playing_.isEmpty(); }
-    void play(); // from the start
-    void stop();
+    // From play() on: its tracks are heard as soon as their samples are loaded.
+    bool isPlaying() const { return isStarting_ || !playing_.isEmpty(); }
+    void play();               // from the start
+    void stop();               // the loading, too
     void seek(Ticks position); // all tracks together
 
 signals:
     void playingChanged(bool isPlaying);
+    // The samples of this one of so many tracks (from 1) are being loaded, so much per cent of them are; and the end of
+    // it all.
+    void loading(int track, int tracks, int percent);
+    void loaded();
 
 private:
+    template<typename Change>
+    void tellPlaying(Change change);
+    void precache(const SongTrack &track);
+    void finishLoading();
+    void onPrecacheProgress(int done, int total);
     void follow(const Song &before, const Song &after);
     void followTrack(const SongTrack &before, const SongTrack &after);
     void start(const SongTrack &track);
@@ -44,7 +54,11 @@ private:
     TrackPlayer &player_;
     QString defaultInstrument_;
     QSet<QString> playing_;
-    Ticks position_ = 0; // of the track that reported last
+    bool isStarting_ = false;
+    int precached_ = 0; // of the tracks that the player was asked to precache
+    int toPrecache_ = 0;
+    int stopsUnderWay_ = 0; // that the player was asked for and has not told yet
+    Ticks position_ = 0;    // of the track that reported last
 };
 
 // The dials' percents as the player takes them.

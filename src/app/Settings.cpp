@@ -89,6 +89,7 @@ Settings::Settings(const QString &fileName, QObject *parent)
     : QObject(parent), fileName_(fileName), stored_(readStore(fileName))
 {
     qRegisterMetaType<Setting>("Settings::Setting");
+    savers_.setMaxThreadCount(1);
 }
 
 Settings::~Settings()
@@ -127,9 +128,10 @@ void Settings::setValue(Setting setting, const QVariant &value)
     emit settingChanged(setting, value);
 }
 
+// A slow disk must not keep the windows waiting.
 void Settings::saveLater()
 {
-    save();
+    savers_.start([this] { save(); });
 }
 
 bool Settings::save()

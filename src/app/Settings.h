@@ -6,6 +6,7 @@
 #include <QMutex>
 #include <QObject>
 #include <QReadWriteLock>
+#include <QThreadPool>
 
 // The user's preferences, kept in one JSON file whose members are the keys of the settings table. One object is made at
 // start-up and handed to whoever needs it. Every function may be called from any thread unless it says otherwise.
@@ -31,7 +32,7 @@ public:
     bool contains(Setting setting) const; // defaults do not count
 
     // Announces the value on the caller's thread after the lock is released, so that a slot may read and write. The
-    // file follows when the event loop of this object's thread is idle.
+    // file follows on another thread, when the event loop of this object's thread is idle.
     void setValue(Setting setting, const QVariant &value);
 
     // Writes the changes to the file at once; keys that somebody else changed meanwhile stay. False, with a logged
@@ -49,6 +50,7 @@ private:
     mutable QReadWriteLock lock_; // the two below
     QJsonObject stored_;
     QJsonObject unsaved_;
+    QThreadPool savers_; // last: at the end it waits for those that still write
 };
 
 Q_DECLARE_METATYPE(Settings::Setting)

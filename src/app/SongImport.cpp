@@ -23,8 +23,8 @@ void SongImport::readNext()
     const auto request = requests_.head();
     emit progress(request.status, 0, int(request.sources.size()));
     const QPointer<SongImport> self(this);
-    const auto work = [self, request, options = readingOptions(settings_)](const BackgroundTask::Cancelled &cancelled) {
-        return readSong(request.sources, options, [&](int number) {
+    const auto work = [self, request, options = readingOptions(settings_)](const std::stop_token &stop) {
+        return readSong(request.sources, options, stop, [&](int number) {
             QMetaObject::invokeMethod(
                 qApp,
                 [self, request, number] {
@@ -32,7 +32,6 @@ void SongImport::readNext()
                         emit self->progress(request.status, number, int(request.sources.size()));
                 },
                 Qt::QueuedConnection);
-            return !cancelled;
         });
     };
     task_.start(this, work, [this, request](const ReadSong &song) {

@@ -2,6 +2,7 @@
 
 #include "app/Settings.h"
 #include "core/AbcParser.h"
+#include "core/Interrupted.h"
 #include "core/TextDecoding.h"
 
 #include <QFile>
@@ -34,20 +35,20 @@ QVector<Track> tracksWithNotes(const QVector<Track> &tracks)
     return kept;
 }
 
-QVector<Track> readTracks(const SongSource &source, const ReadingOptions &options)
+QVector<Track> readTracks(const SongSource &source, const ReadingOptions &options, const std::stop_token &stop)
 {
     switch (source.kind) {
     case SongSource::Kind::AbcFile: {
-        auto track = parseAbc(decodeText(readFile(source.content)));
+        auto track = parseAbc(decodeText(readFile(source.content)), stop);
         track.setFilePath(source.content);
         return {track};
     }
     case SongSource::Kind::MidiFile:
-        return tracksWithNotes(importMidi(readFile(source.content), options.midi).tracks);
+        return tracksWithNotes(importMidi(readFile(source.content), options.midi, stop).tracks);
     case SongSource::Kind::AbcText:
-        return {parseAbc(source.content)};
+        return {parseAbc(source.content, stop)};
     case SongSource::Kind::MmlText:
-        return tracksWithNotes(importMml(source.content, options.mml).tracks);
+        return tracksWithNotes(importMml(source.content, options.mml, stop).tracks);
     }
     return {};
 }
@@ -82,21 +83,26 @@ ReadingOptions readingOptions(const Settings &settings)
             {detectsUnitLength}};
 }
 
-ReadSong readSong(const QVector<SongSource> &sources, const ReadingOptions &options,
-                  const std::function<bool(int number)> &step)
+ReadSong readSong(const QVector<SongSource> &sources, const ReadingOptions &options, const std::stop_token &stop,
+                  const std::function<void(int number)> &step)
 {
     ReadSong song;
-    for (int number = 0; number < sources.size() && step(number); ++number) {
+    for (int number = 0; number < sources.size(); ++number) {
         const auto &source = sources[number];
+        step(number);
         try {
-            auto tracks = readTracks(source, options);
-            for (auto &track : tracks)
+            auto tracks = readTracks(source, options, stop);
+            for (auto &track : tracks) {
+                throwIfStopped(stop);
                 track.toAbc(); // takes long in a long track
+            }
             song.tracks += tracks;
             if (isFile(source.kind))
                 song.readFiles.append(source.content);
         } catch (const QString &error) {
             song.errors.append({errorTitle(source.kind), error});
+        } catch (const Interrupted &) {
+            break;
         }
     }
     return song;

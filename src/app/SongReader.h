@@ -9,6 +9,7 @@
 #include <QVector>
 
 #include <functional>
+#include <stop_token>
 
 class QMimeData;
 class Settings;
@@ -43,9 +44,10 @@ struct ReadSong
 };
 
 // Reads the sources in their order; one that cannot be read is an error and the next is read. `step` is called with the
-// number of each source before it is read, and false ends the reading. On any thread.
-ReadSong readSong(const QVector<SongSource> &sources, const ReadingOptions &options,
-                  const std::function<bool(int number)> &step);
+// number of each source before it is read. When it is stopped it ends soon, with the sources that were read until then.
+// On any thread.
+ReadSong readSong(const QVector<SongSource> &sources, const ReadingOptions &options, const std::stop_token &stop,
+                  const std::function<void(int number)> &step);
 
 // Which of the files the user may mean: pasted files may end in .abc, .mid and .midi, dropped ones in .abc and .mid.
 enum class FileOrigin { Pasted, Dropped };

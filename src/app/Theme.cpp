@@ -1,8 +1,11 @@
 #include "app/Theme.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QPalette>
-#include <QStyle>
+#include <QProxyStyle>
+#include <QStyleFactory>
+#include <QStyleOption>
 #include <QToolTip>
 
 namespace {
@@ -32,11 +35,42 @@ QPalette darkPalette()
     return palette;
 }
 
+// Fusion draws outlines darker than the window and a light edge below disabled text: on a dark window the one hides
+// check boxes, and the other blurs the text.
+class DarkStyle : public QProxyStyle
+{
+public:
+    DarkStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *result) const override
+    {
+        return hint == SH_EtchDisabledText ? 0 : QProxyStyle::styleHint(hint, option, widget, result);
+    }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override
+    {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        const bool showsFocus =
+            option->state.testFlag(State_HasFocus) && option->state.testFlag(State_KeyboardFocusChange);
+        if (element != PE_IndicatorCheckBox || showsFocus)
+            return;
+        painter->save();
+        painter->setPen(option->palette.color(QPalette::Mid).lighter(130));
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5));
+        painter->restore();
+    }
+};
+
 } // namespace
 
 void applyTheme(Theme theme)
 {
-    const auto palette = theme == Theme::Dark ? darkPalette() : QApplication::style()->standardPalette();
+    const bool isDark = theme == Theme::Dark;
+    QApplication::setStyle(isDark ? new DarkStyle : QStyleFactory::create(QStringLiteral("Fusion")));
+    const auto palette = isDark ? darkPalette() : QApplication::style()->standardPalette();
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
 }

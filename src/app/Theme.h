@@ -1,7 +1,7 @@
 #pragma once
 
-// How the windows look. Light is the palette that the system gives the Fusion style.
+// How the windows look: the Fusion style, whose own palette is Light.
 enum class Theme { Light, Dark };
 
-// Changes the palette of the whole application; open windows follow. Needs the application object.
+// Changes the style and palette of the whole application; open windows follow. Needs the application object.
 void applyTheme(Theme theme);

@@ -27,6 +27,8 @@ public:
 
 signals:
     void rowAdded(const QString &id, TrackWidget *row);
+    void draggedTo(int y);                            // a row is being dragged, the mouse is there
+    void moveRequested(const QString &id, int index); // it was dropped
 
 private:
     struct Row
@@ -38,6 +40,10 @@ private:
     void removeAbsent(const Song &song);
     void show(const std::shared_ptr<const SongTrack> &track);
     void arrange(const Song &song);
+    void chainTabStops(const Song &song);
+    void followDrags(const QString &id, const TrackWidget &row);
+    int gapAt(int y) const;
+    void showDropMark(int gap);
 
     TrackList &tracks_;
     InstrumentSetModel &instruments_;
@@ -46,4 +52,5 @@ private:
     QHash<QString, Row> rows_;
     QVBoxLayout *column_;
     EmptyHint *hint_;
+    QWidget *dropMark_; // where a dragged row would come to lie
 };

@@ -2,7 +2,6 @@
 
 #include "assets/GameJson.h"
 #include "assets/Logging.h"
-#include "assets/PackageRegistry.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -58,10 +57,9 @@ QString samplePath(QString name, const QString &kind, const QString &prefix)
     return prefix + name;
 }
 
-QStringList samplesOf(const QJsonObject &entry, const QString &kind, const SampleBase &base)
+QStringList samplesOf(const QStringList &names, const QString &kind, const SampleBase &base)
 {
     QStringList samples;
-    const auto names = namesIn(entry);
     for (const auto &name : names) {
         const auto path = samplePath(name, kind, base.prefix);
         if (base.directory.isEmpty() || isInside(base.directory, path))
@@ -85,7 +83,10 @@ NoteMap mappedNotes(const QJsonObject &mapping, const QString &kind, const Sampl
         if (number == 0 || !value.isObject())
             continue;
         const auto entry = value.toObject();
-        NoteEntry note{samplesOf(entry, kind, base), 1.0, entry.value(QLatin1String("f")).toDouble()};
+        const auto names = namesIn(entry);
+        NoteEntry note{samplesOf(names, kind, base), 1.0, entry.value(QLatin1String("f")).toDouble()};
+        if (note.files.isEmpty() && !names.isEmpty())
+            continue; // silent, like a note whose sample is missing, not another note's sound
         samples += int(note.files.size());
         if (samples > maxSamples)
             throw unreadable(kind, QStringLiteral("too many samples"));
@@ -120,17 +121,6 @@ Tuning readTuning(const QByteArray &bytes, const QString &kind, const SampleBase
     tuning.notes = mappedNotes(root.value(QLatin1String("mapping")).toObject(), kind, base);
     fillGaps(tuning.notes, kind);
     return tuning;
-}
-
-Tuning readTuningFile(const QString &fileName, const QString &kind, const SampleBase &base)
-{
-    QByteArray bytes;
-    try {
-        bytes = readGameFile(fileName);
-    } catch (const QString &) {
-        throw unreadable(kind, QStringLiteral("Could not open file"));
-    }
-    return readTuning(bytes, kind, base);
 }
 
 bool isInside(const QString &directory, const QString &path)

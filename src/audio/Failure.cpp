@@ -1,6 +1,6 @@
 #include "audio/Failure.h"
 
-#include "audio/ParallelJobs.h"
+#include "core/Interrupted.h"
 
 #include <exception>
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Interrupted.h"
+
 #include <QThread>
 
 #include <algorithm>
@@ -19,18 +21,13 @@ struct Job
     std::function<void(Result)> take; // on the owner's thread
 };
 
-// Thrown out of a wait whose thread was asked to stop.
-struct Interrupted
-{
-};
-
 // Runs jobs on all cores. One run at a time; the owner's thread waits for it. [audio] [render]
 class ParallelJobs
 {
 public:
     static std::size_t allCores() { return std::max(1U, std::thread::hardware_concurrency()); }
 
-    // whileWaiting: called by the waiting owner every few milliseconds.
+    // whileWaiting: called by the waiting owner every few milliseconds; what it throws ends the run like Interrupted.
     explicit ParallelJobs(
         std::size_t cores = allCores(), std::function<void()> whileWaiting = [] {})
         : cores_(cores), whileWaiting_(std::move(whileWaiting))

@@ -39,8 +39,7 @@ void PlayerWorker::guarded(Action action)
         const auto failure = failureOf(action);
         if (!failure.isEmpty())
             qCCritical(audioLog).noquote() << failure;
-    } catch (const Interrupted &) {
-        qCDebug(audioLog) << "interrupted";
+    } catch (const Interrupted &) { // as it was asked to
     }
 }
 
@@ -63,6 +62,15 @@ void PlayerWorker::changeTrack(const QString &trackId, Change change)
     });
 }
 
+void PlayerWorker::runUntil(const std::stop_token &stop, const std::function<void()> &slot)
+{
+    if (stop.stop_requested())
+        return;
+    stop_ = stop;
+    slot();
+    stop_ = {};
+}
+
 void PlayerWorker::initialize()
 {
     guarded([this] {
@@ -75,7 +83,10 @@ void PlayerWorker::initialize()
         }
         const auto tellLoading = [this](const QString &path) { emit loadingSample(path); };
         samples_ = std::make_unique<SampleCache>(*engine_, engine_->sampleRate(), tellLoading);
-        jobs_ = std::make_unique<ParallelJobs>(ParallelJobs::allCores(), [this] { runPass(); });
+        jobs_ = std::make_unique<ParallelJobs>(ParallelJobs::allCores(), [this] {
+            throwIfStopped(stop_);
+            runPass();
+        });
         reportOutput();
         timer_.start();
     });
@@ -242,7 +253,10 @@ void PlayerWorker::changeInstrument(const QString &trackId, const Instrument &in
 
 void PlayerWorker::precacheInstrument(const Instrument &instrument, const Track &track)
 {
-    withEngine([&] { samples_->prepare({{track, instrument, engine_->sampleRate(), 0}}, *jobs_); });
+    withEngine([&] {
+        const auto tellProgress = [this](int done, int total) { emit precacheProgress(done, total); };
+        samples_->prepare({{track, instrument, engine_->sampleRate(), 0}}, *jobs_, tellProgress);
+    });
 }
 
 void PlayerWorker::setMasterVolume(float volume)

@@ -14,6 +14,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stop_token>
 
 // Makes the engine that a player or renderer owns from then on.
 using EngineFactory = std::function<std::unique_ptr<AudioEngine>()>;
@@ -35,6 +36,9 @@ public:
     explicit PlayerWorker(EngineFactory makeEngine, TimeSource now = steadyMilliseconds, QObject *parent = nullptr);
     ~PlayerWorker() override; // after terminate(), on any thread [any]
 
+    // Runs one of the slots unless it is to be stopped already; precaching ends early when it is stopped later. [audio]
+    void runUntil(const std::stop_token &stop, const std::function<void()> &slot);
+
 signals: // [audio]
     void finished();
     void trackStarted(const QString &trackId);
@@ -48,6 +52,9 @@ signals: // [audio]
     void loadingSample(const QString &samplePath);
     // Why nothing can be heard, or an empty text when it can be heard again.
     void outputChanged(const QString &problem);
+    // How far precacheInstrument() is, in pitches of samples: at first with none done and last, once, with all of them.
+    // One that is interrupted ends without the last.
+    void precacheProgress(int done, int total);
 
 public slots: // [audio]
     void initialize();
@@ -107,6 +114,7 @@ private: // [audio]
     EngineFactory makeEngine_;
     TimeSource now_;
     QTimer timer_{this};
+    std::stop_token stop_; // of the slot that runs
     ResultChecker checker_;
     std::unique_ptr<AudioEngine> engine_; // null before initialize() and after terminate()
     OutputState outputState_ = OutputState::Running;

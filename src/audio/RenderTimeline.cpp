@@ -16,7 +16,8 @@ DspClock endOf(const VoiceSpec &voice)
 
 } // namespace
 
-RenderTimeline::RenderTimeline(const std::vector<RenderTrack> &tracks, SampleCache &samples) : groups_(1)
+RenderTimeline::RenderTimeline(const std::vector<RenderTrack> &tracks, SampleCache &samples)
+    : samples_(samples), groups_(1)
 {
     for (const auto &track : tracks) {
         const GroupId group{std::uint32_t(groups_.size())};
@@ -24,22 +25,24 @@ RenderTimeline::RenderTimeline(const std::vector<RenderTrack> &tracks, SampleCac
         end_ = std::max(end_, track.playback.lastEventClock());
         auto playback = track.playback;
         while (const auto note = playback.takeNote(maxTicks)) {
-            auto voice = voiceFor(*note, group, samples);
+            const auto voice = voiceFor(*note, group, samples_);
             if (!voice.sound)
                 continue;
             end_ = std::max(end_, endOf(voice));
-            voices_.push_back(std::move(voice));
+            notes_.push_back({*note, group});
         }
     }
-    const auto isEarlier = [](const VoiceSpec &a, const VoiceSpec &b) { return a.start < b.start; };
-    std::stable_sort(voices_.begin(), voices_.end(), isEarlier);
+    std::ranges::stable_sort(notes_, {}, [](const Note &note) { return note.placed.start; });
 }
 
 std::shared_ptr<const Mix> RenderTimeline::mix(DspClock from, DspClock to)
 {
     std::erase_if(sounding_, [from](const VoiceSpec &voice) { return endOf(voice) <= from; });
-    for (; nextVoice_ < voices_.size() && voices_[nextVoice_].start < to; ++nextVoice_)
-        sounding_.push_back(voices_[nextVoice_]);
+    for (; nextNote_ < notes_.size() && notes_[nextNote_].placed.start < to; ++nextNote_) {
+        auto voice = voiceFor(notes_[nextNote_].placed, notes_[nextNote_].group, samples_);
+        if (voice.sound)
+            sounding_.push_back(std::move(voice));
+    }
     return std::make_shared<const Mix>(Mix{groups_, sounding_});
 }
 

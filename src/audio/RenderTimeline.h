@@ -15,7 +15,7 @@ struct RenderTrack
     GroupLevel level;
 };
 
-// All voices of a render, cut into spans that can be mixed apart. [render]
+// All notes of a render, cut into spans that can be mixed apart. The sample cache must outlive it. [render]
 class RenderTimeline
 {
 public:
@@ -28,10 +28,17 @@ public:
     std::shared_ptr<const Mix> mix(DspClock from, DspClock to);
 
 private:
+    struct Note
+    {
+        PlacedNote placed;
+        GroupId group;
+    };
+
+    SampleCache &samples_;
     std::vector<GroupLevel> groups_;
-    std::vector<VoiceSpec> voices_; // by start; those of one group in the order of their track
-    std::size_t nextVoice_ = 0;
-    std::vector<VoiceSpec> sounding_;
+    std::vector<Note> notes_; // by start; those of one group in the order of their track
+    std::size_t nextNote_ = 0;
+    std::vector<VoiceSpec> sounding_; // only these hold samples
     DspClock end_ = 0;
 };
 

@@ -22,8 +22,9 @@ bool isPlayable(const NoteEntry &entry)
 
 } // namespace
 
-SampleCache::SampleCache(const AudioEngine &engine, int sampleRate, Loading beforeLoading)
-    : engine_(engine), sampleRate_(sampleRate), beforeLoading_(std::move(beforeLoading))
+SampleCache::SampleCache(const AudioEngine &engine, int sampleRate, Loading beforeLoading, std::size_t byteLimit)
+    : engine_(engine), sampleRate_(sampleRate), beforeLoading_(std::move(beforeLoading)),
+      longestResampling_(byteLimit / 8), decoded_(byteLimit), resampled_(byteLimit)
 {
 }
 
@@ -67,7 +68,7 @@ Sound SampleCache::keep(const QString &path, const Decoded &decoded)
     if (!decoded.sound)
         reject(path, decoded.failure);
     else if (!decoded_.insert(path, decoded.sound, never))
-        reject(path, QStringLiteral("The samples in use need too much memory."));
+        warnOnce(path, QStringLiteral("The samples in use need too much memory."));
     else
         return decoded.sound;
     return nullptr;
@@ -75,9 +76,15 @@ Sound SampleCache::keep(const QString &path, const Decoded &decoded)
 
 void SampleCache::reject(const QString &path, const QString &reason)
 {
-    if (rejected_.contains(path))
-        return;
     rejected_.insert(path);
+    warnOnce(path, reason);
+}
+
+void SampleCache::warnOnce(const QString &path, const QString &reason)
+{
+    if (warnedAbout_.contains(path))
+        return;
+    warnedAbout_.insert(path);
     qCWarning(audioLog).noquote() << QStringLiteral("%1: %2").arg(path, reason);
 }
 
@@ -86,12 +93,16 @@ void SampleCache::reject(const QString &path, const QString &reason)
 class SampleCache::Preparation
 {
 public:
-    Preparation(SampleCache &cache, const std::vector<TrackPlayback> &tracks) : cache_(cache)
+    Preparation(SampleCache &cache, const std::vector<TrackPlayback> &tracks, const Progress &progress)
+        : cache_(cache), progress_(progress)
     {
         for (auto track : tracks) {
             while (const auto note = track.takeNote(maxTicks))
                 add(*note);
         }
+        for (const auto &longestNotes : std::as_const(needs_))
+            total_ += int(longestNotes.size());
+        progress_(0, total_);
     }
 
     std::optional<Job<Decoded>> nextJob()
@@ -103,9 +114,12 @@ public:
                 addResampling(path, sound, longestNotes);
             else if (!cache_.rejected_.contains(path) && !isPrepared(path, longestNotes))
                 return decoding(path, longestNotes);
+            else
+                advance(longestNotes.size());
         }
         if (resampling_.empty())
             return std::nullopt;
+        ++underWay_;
         auto job = std::move(resampling_.front());
         resampling_.pop_front();
         return job;
@@ -134,9 +148,16 @@ private:
     Job<Decoded> decoding(const QString &path, const LongestNotes &longestNotes)
     {
         cache_.beforeLoading_(path);
+        ++underWay_;
         const auto take = [this, path, longestNotes](const Decoded &decoded) {
-            if (const auto sound = cache_.keep(path, decoded))
+            --underWay_;
+            const bool othersHoldSamples = underWay_ > 0 || !resampling_.empty();
+            if (decoded.sound && othersHoldSamples && !cache_.decoded_.insert(path, decoded.sound, never))
+                needs_.insert(path, longestNotes); // there is room once they are done
+            else if (const auto sound = cache_.keep(path, decoded))
                 addResampling(path, sound, longestNotes);
+            else
+                advance(longestNotes.size());
         };
         return {[&cache = cache_, path] { return cache.decode(path); }, take};
     }
@@ -147,12 +168,20 @@ private:
             const auto rate = note.key();
             const auto frames = note.value();
             const auto ratio = cache_.ratioOf(*sound, rate);
-            if (ratio != 1 && !cache_.resampled_.find({path, rate}, frames))
+            if (ratio != 1 && isShort(*sound, ratio, frames) && !cache_.resampled_.find({path, rate}, frames))
                 resampling_.push_back(resampling({path, rate}, sound, ratio, frames));
+            else
+                advance(1);
         }
     }
 
-    // What cannot be resampled, or finds no room, is interpolated while it plays.
+    bool isShort(const SoundData &sound, double ratio, DspClock frames) const
+    {
+        const auto resampledFrames = std::min(double(frames), double(sound.frames()) / ratio);
+        return resampledFrames * sound.channels() * sizeof(float) <= double(cache_.longestResampling_);
+    }
+
+    // What is not resampled, or finds no room, is interpolated while it plays.
     Job<Decoded> resampling(const Pitch &pitch, const Sound &source, double ratio, DspClock frames)
     {
         const auto work = [&engine = cache_.engine_, source, ratio, frames] {
@@ -161,19 +190,31 @@ private:
             return made;
         };
         const auto take = [this, pitch, frames](const Decoded &made) {
+            --underWay_;
             if (made.sound)
                 cache_.resampled_.insert(pitch, made.sound, made.sound->frames() < frames ? never : frames);
+            advance(1);
         };
         return {work, take};
     }
 
+    void advance(qsizetype pitches)
+    {
+        done_ += int(pitches);
+        progress_(done_, total_);
+    }
+
     SampleCache &cache_;
+    const Progress &progress_;
     QMap<QString, LongestNotes> needs_; // by path
     std::deque<Job<Decoded>> resampling_;
+    int underWay_ = 0; // jobs
+    int done_ = 0; // pitches
+    int total_ = 0;
 };
 
-void SampleCache::prepare(const std::vector<TrackPlayback> &tracks, ParallelJobs &jobs)
+void SampleCache::prepare(const std::vector<TrackPlayback> &tracks, ParallelJobs &jobs, const Progress &progress)
 {
-    Preparation preparation(*this, tracks);
+    Preparation preparation(*this, tracks, progress);
     jobs.run<Decoded>([&preparation] { return preparation.nextJob(); });
 }

@@ -21,21 +21,25 @@ struct Sample
 };
 
 // The samples of instruments, decoded once; prepared ones are also resampled to the pitches that notes need. Each of
-// the two kinds keeps at most 256 MB. A sample that is missing, damaged or does not fit is one logged warning and
-// silence. [audio] [render]
+// the two kinds keeps at most so many bytes, and nothing is resampled that would take an eighth of them: three minutes in
+// mono. A sample that is missing or damaged, or finds no room among those in use, is one logged warning and silence.
+// [audio] [render]
 class SampleCache
 {
 public:
     using Loading = std::function<void(const QString &path)>;
+    using Progress = std::function<void(int done, int total)>;
 
     // The engine must outlive the cache. beforeLoading is called before each sample is read and decoded.
-    SampleCache(const AudioEngine &engine, int sampleRate, Loading beforeLoading);
+    SampleCache(const AudioEngine &engine, int sampleRate, Loading beforeLoading, std::size_t byteLimit = 256 << 20);
 
     // For a note that sounds for so many output frames. Reads and decodes the sample when it is not there yet.
     Sample find(const NoteEntry &entry, DspClock frames);
 
-    // Decodes and resamples, on all cores, what the track's remaining notes need.
-    void prepare(const std::vector<TrackPlayback> &tracks, ParallelJobs &jobs);
+    // Decodes and resamples, on all cores, what the tracks' remaining notes need. progress: told the pitches of samples
+    // that are done and all of them, at first with none done and last, once, with all of them done.
+    void prepare(
+        const std::vector<TrackPlayback> &tracks, ParallelJobs &jobs, const Progress &progress = [](int, int) {});
 
 private:
     class Preparation;
@@ -49,14 +53,16 @@ private:
     Decoded decode(const QString &path) const; // [any]
     Sound keep(const QString &path, const Decoded &decoded);
     void reject(const QString &path, const QString &reason);
+    void warnOnce(const QString &path, const QString &reason);
     double ratioOf(const SoundData &sound, double rate) const { return rate * sound.sampleRate() / sampleRate_; }
 
-    static constexpr std::size_t byteLimit = std::size_t(256) * 1024 * 1024;
 
     const AudioEngine &engine_;
     int sampleRate_;
     Loading beforeLoading_;
-    SoundStore<QString> decoded_{byteLimit};
-    SoundStore<Pitch> resampled_{byteLimit};
-    QSet<QString> rejected_;
+    std::size_t longestResampling_; // in bytes
+    SoundStore<QString> decoded_;
+    SoundStore<Pitch> resampled_;
+    QSet<QString> rejected_;   // those that never will sound
+    QSet<QString> warnedAbout_; // beside them those that found no room
 };

@@ -28,6 +28,8 @@ public:
     bool insert(const Key &key, const Sound &sound, std::uint64_t serves)
     {
         remove(entries_.find(key));
+        if (sound->bytes() > byteLimit_)
+            return false;
         while (bytes_ + sound->bytes() > byteLimit_) {
             if (!removeLeastUsed())
                 return false;

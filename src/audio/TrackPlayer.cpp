@@ -34,6 +34,7 @@ void TrackPlayer::relaySignals()
     connect(worker_, &PlayerWorker::noteReleased, this, &TrackPlayer::noteReleased);
     connect(worker_, &PlayerWorker::loadingSample, this, &TrackPlayer::loadingSample);
     connect(worker_, &PlayerWorker::outputChanged, this, &TrackPlayer::outputChanged);
+    connect(worker_, &PlayerWorker::precacheProgress, this, &TrackPlayer::precacheProgress);
 }
 
 // The arguments travel by value.
@@ -41,6 +42,15 @@ template<typename Slot, typename... Arguments>
 void TrackPlayer::post(Slot slot, const Arguments &...arguments)
 {
     const auto call = [worker = worker_, slot, arguments...] { (worker->*slot)(arguments...); };
+    QMetaObject::invokeMethod(worker_, call, Qt::QueuedConnection);
+}
+
+template<typename Slot, typename... Arguments>
+void TrackPlayer::postUntilStopped(Slot slot, const Arguments &...arguments)
+{
+    const auto call = [worker = worker_, stop = stop_.get_token(), slot, arguments...] {
+        worker->runUntil(stop, [&] { (worker->*slot)(arguments...); });
+    };
     QMetaObject::invokeMethod(worker_, call, Qt::QueuedConnection);
 }
 
@@ -57,13 +67,13 @@ void TrackPlayer::stopPreviewNote()
 void TrackPlayer::playTrack(const QString &trackId, const Instrument &instrument, const Track &track, bool muted,
                             float volume, float pan)
 {
-    post(&PlayerWorker::playTrack, trackId, instrument, track, muted, volume, pan);
+    postUntilStopped(&PlayerWorker::playTrack, trackId, instrument, track, muted, volume, pan);
 }
 
 void TrackPlayer::playTrackSynced(const QString &trackId, const QString &syncGroup, const Instrument &instrument,
                                   const Track &track, bool muted, float volume, float pan)
 {
-    post(&PlayerWorker::playTrackSynced, trackId, syncGroup, instrument, track, muted, volume, pan);
+    postUntilStopped(&PlayerWorker::playTrackSynced, trackId, syncGroup, instrument, track, muted, volume, pan);
 }
 
 void TrackPlayer::muteTrack(const QString &trackId, bool mute)
@@ -78,7 +88,7 @@ void TrackPlayer::changeInstrument(const QString &trackId, const Instrument &ins
 
 void TrackPlayer::precacheInstrument(const Instrument &instrument, const Track &track)
 {
-    post(&PlayerWorker::precacheInstrument, instrument, track);
+    postUntilStopped(&PlayerWorker::precacheInstrument, instrument, track);
 }
 
 void TrackPlayer::setMasterVolume(float volume)
@@ -118,5 +128,7 @@ void TrackPlayer::stopTrack(const QString &trackId)
 
 void TrackPlayer::stopAll()
 {
+    stop_.request_stop();
+    stop_ = {};
     post(&PlayerWorker::stopAll);
 }

@@ -29,6 +29,7 @@ signals:
     void noteReleased(const QString &trackId, int eventIndex);
     void loadingSample(const QString &samplePath);
     void outputChanged(const QString &problem);
+    void precacheProgress(int done, int total);
 
     void __initialize(); // to the worker
     void __terminate();  // to the worker
@@ -50,13 +51,16 @@ public slots:
     void seekSynced(quint64 tickPos, const QString &syncGroup);
     void seekAll(quint64 tickPos);
     void stopTrack(const QString &trackId);
-    void stopAll();
+    void stopAll(); // ends precaching, too; what waits to be precached or started is dropped
 
 private:
     void relaySignals();
     template<typename Slot, typename... Arguments>
     void post(Slot slot, const Arguments &...arguments);
+    template<typename Slot, typename... Arguments>
+    void postUntilStopped(Slot slot, const Arguments &...arguments);
 
+    std::stop_source stop_; // of what stopAll() makes needless
     QThread thread_;
     PlayerWorker *worker_; // lives on the thread and is deleted at its end
 };

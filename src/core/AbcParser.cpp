@@ -3,6 +3,7 @@
 #include "core/AbcElement.h"
 #include "core/AbcTokenizer.h"
 #include "core/HeaderFields.h"
+#include "core/Interrupted.h"
 #include "core/KeyTable.h"
 
 #include <algorithm>
@@ -15,7 +16,10 @@ constexpr size_t largestChord = 10'000;
 class AbcParser
 {
 public:
-    explicit AbcParser(const QString &text) : text_(text), tokens_(text) { accidentals_.clear(); }
+    AbcParser(const QString &text, const std::stop_token &stop) : text_(text), stop_(stop), tokens_(text)
+    {
+        accidentals_.clear();
+    }
     Track parse();
 
 private:
@@ -43,6 +47,7 @@ private:
     [[noreturn]] void failUnknown() const;
 
     const QString &text_;
+    const std::stop_token &stop_;
     AbcTokenizer tokens_;
     AbcToken token_;
     Track track_;
@@ -144,8 +149,10 @@ void AbcParser::readBody()
         const auto lower = c.unicode() | 0x20;
         return lower >= u'a' && lower <= u'g';
     }));
-    while (tokens_.next(token_))
+    while (tokens_.next(token_)) {
+        throwIfStopped(stop_);
         bodyToken();
+    }
     finishElement();
     for (auto pitch = lowestPlayablePitch; pitch <= highestPlayablePitch; ++pitch)
         ties_.writeTo(events_, pitch);
@@ -447,7 +454,7 @@ void AbcParser::tieEventsFrom(qsizetype firstEvent)
 
 } // namespace
 
-Track parseAbc(const QString &text)
+Track parseAbc(const QString &text, const std::stop_token &stop)
 {
-    return AbcParser(text).parse();
+    return AbcParser(text, stop).parse();
 }

@@ -1,6 +1,7 @@
 #include "import/MidiConversion.h"
 
 #include "core/AbcParser.h"
+#include "core/Interrupted.h"
 #include "core/KeyTable.h"
 #include "core/Logging.h"
 #include "core/TextDecoding.h"
@@ -289,10 +290,12 @@ Track MidiConversion::finished(Track track)
     return track;
 }
 
-ImportResult MidiConversion::finish()
+ImportResult MidiConversion::finish(const std::stop_token &stop)
 {
     // Each track leaves the list before it is worked on, so that its events are not copied more often than needed.
-    for (auto &track : result_.tracks)
+    for (auto &track : result_.tracks) {
+        throwIfStopped(stop);
         track = finished(std::move(track));
+    }
     return std::move(result_);
 }

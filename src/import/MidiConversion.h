@@ -32,7 +32,7 @@ public:
 
     // Collects the tracks of the channels that hold notes.
     void endGroup();
-    ImportResult finish();
+    ImportResult finish(const std::stop_token &stop);
 
 private:
     struct Channel

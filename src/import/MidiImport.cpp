@@ -1,5 +1,6 @@
 #include "import/MidiImport.h"
 
+#include "core/Interrupted.h"
 #include "import/ByteReader.h"
 #include "import/MidiConversion.h"
 
@@ -24,7 +25,8 @@ QString withStatus(const QString &message, quint8 status)
 class MidiReader
 {
 public:
-    MidiReader(const QByteArray &bytes, const MidiImportOptions &options) : bytes_(bytes), in_(bytes), options_(options)
+    MidiReader(const QByteArray &bytes, const MidiImportOptions &options, const std::stop_token &stop)
+        : bytes_(bytes), in_(bytes), options_(options), stop_(stop)
     {
     }
 
@@ -41,6 +43,7 @@ private:
     const QByteArray &bytes_;
     ByteReader in_;
     MidiImportOptions options_;
+    const std::stop_token &stop_;
     std::optional<MidiConversion> conversion_;
     int trackCount_ = 0;
 
@@ -80,7 +83,7 @@ ImportResult MidiReader::read()
     }
     if (options_.mergeChannels)
         conversion_->endGroup();
-    return conversion_->finish();
+    return conversion_->finish(stop_);
 }
 
 // The length of the chunk is not used: it ends with its end-of-track event, or with the file.
@@ -93,8 +96,10 @@ void MidiReader::readTrack()
     status_ = 0;
     channelPrefix_ = 0;
     trackEnded_ = false;
-    while (!trackEnded_ && !in_.atEnd())
+    while (!trackEnded_ && !in_.atEnd()) {
+        throwIfStopped(stop_);
         readEvent();
+    }
     if (!trackEnded_)
         conversion_->dropActiveNotes();
 }
@@ -196,7 +201,7 @@ void MidiReader::readMetaData(quint8 type, quint64 length)
 
 } // namespace
 
-ImportResult importMidi(const QByteArray &bytes, const MidiImportOptions &options)
+ImportResult importMidi(const QByteArray &bytes, const MidiImportOptions &options, const std::stop_token &stop)
 {
-    return MidiReader(bytes, options).read();
+    return MidiReader(bytes, options, stop).read();
 }

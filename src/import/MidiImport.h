@@ -4,6 +4,8 @@
 
 #include <QByteArray>
 
+#include <stop_token>
+
 struct MidiImportOptions
 {
     bool mergeChannels = true;        // one track per channel over all MIDI tracks, not one per MIDI track and channel
@@ -14,5 +16,5 @@ struct MidiImportOptions
 };
 
 // Reads a Standard MIDI File of format 0 or 1 with metrical division (SMF 1.0, big-endian). A file that ends early
-// gives what it holds up to there. Throws a QString when the file cannot be read.
-ImportResult importMidi(const QByteArray &bytes, const MidiImportOptions &options);
+// gives what it holds up to there. Throws a QString when the file cannot be read, and Interrupted soon after a stop.
+ImportResult importMidi(const QByteArray &bytes, const MidiImportOptions &options, const std::stop_token &stop = {});

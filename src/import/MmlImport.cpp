@@ -1,5 +1,6 @@
 #include "import/MmlImport.h"
 
+#include "core/Interrupted.h"
 #include "import/ImportLimits.h"
 #include "import/UnitLength.h"
 
@@ -15,8 +16,8 @@ constexpr quint32 highestNoteNumber = 127;
 class MmlParser
 {
 public:
-    MmlParser(const QString &text, const MmlImportOptions &options)
-        : text_(text.toLatin1().toLower()), options_(options), limits_(text_.size())
+    MmlParser(const QString &text, const MmlImportOptions &options, const std::stop_token &stop)
+        : text_(text.toLatin1().toLower()), options_(options), stop_(stop), limits_(text_.size())
     {
     }
 
@@ -45,6 +46,7 @@ private:
 
     QByteArray text_;
     MmlImportOptions options_;
+    const std::stop_token &stop_;
     ImportLimits limits_;
     ImportResult result_;
     qsizetype at_ = 0;
@@ -256,19 +258,23 @@ void MmlParser::finish(Track &track)
 ImportResult MmlParser::parse()
 {
     beginTrack();
-    while (at_ < text_.size())
+    while (at_ < text_.size()) {
+        throwIfStopped(stop_);
         command(text_[int(at_++)]);
+    }
     endTrack();
     if (tieLength_ != 0)
         ++result_.report.unterminated;
-    for (auto &track : result_.tracks)
+    for (auto &track : result_.tracks) {
+        throwIfStopped(stop_);
         finish(track);
+    }
     return std::move(result_);
 }
 
 } // namespace
 
-ImportResult importMml(const QString &text, const MmlImportOptions &options)
+ImportResult importMml(const QString &text, const MmlImportOptions &options, const std::stop_token &stop)
 {
-    return MmlParser(text, options).parse();
+    return MmlParser(text, options, stop).parse();
 }

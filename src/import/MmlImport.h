@@ -2,11 +2,13 @@
 
 #include "import/ImportResult.h"
 
+#include <stop_token>
+
 struct MmlImportOptions
 {
     bool autoDetectUnitLength = true; // choose the unit length that makes the text shortest
 };
 
 // Reads Music Macro Language text, with or without "MML@". What is no command is skipped. Throws a QString only when
-// the text asks for more tracks or tempo changes than any song has.
-ImportResult importMml(const QString &text, const MmlImportOptions &options);
+// the text asks for more tracks or tempo changes than any song has, and Interrupted soon after a stop.
+ImportResult importMml(const QString &text, const MmlImportOptions &options, const std::stop_token &stop = {});

@@ -19,7 +19,7 @@ QSize TitleLabel::minimumSizeHint() const
 void TitleLabel::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    const auto shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
+    const auto shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
     style()->drawItemText(&painter, rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), shown,
                           foregroundRole());
     if (!hasFocus())

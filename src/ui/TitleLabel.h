@@ -2,7 +2,8 @@
 
 #include <QLabel>
 
-// One line of text that is cut short with an ellipsis, and that can be clicked twice (or entered with F2 or Return).
+// One line of text that is cut short in its middle (the titles of a song's tracks differ at their ends), and that can
+// be clicked twice (or entered with F2 or Return).
 class TitleLabel : public QLabel
 {
     Q_OBJECT

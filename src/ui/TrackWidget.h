@@ -7,6 +7,7 @@
 #include <memory>
 
 class Dialogs;
+class DragHandle;
 class InstrumentComboBox;
 class InstrumentSetModel;
 class QCheckBox;
@@ -67,6 +68,11 @@ public:
 
     std::unique_ptr<QMenu> contextMenu();
 
+    // What the row is moved by in the list.
+    DragHandle *dragHandle() const { return dragHandle_; }
+    // The controls that Tab reaches, in its order.
+    QVector<QWidget *> tabStops() const;
+
 signals:
     void trackRemoved();
     void trackChanged();
@@ -122,7 +128,8 @@ private:
     QString changeName_;
     bool isMuted_ = false;
 
-    QCheckBox *chkSelect_ = nullptr;
+    DragHandle *dragHandle_ = nullptr;
+    QCheckBox *chkSelect_;
     TitleLabel *lblTitle_;
     InstrumentComboBox *cboInstrument_;
     QToolButton *btnEdit_;

@@ -1,4 +1,5 @@
 #include "assets/InstrumentSetModel.h"
+#include "ui/DragHandle.h"
 #include "ui/Icons.h"
 #include "ui/InstrumentComboBox.h"
 #include "ui/TitleLabel.h"
@@ -70,6 +71,9 @@ QVBoxLayout *belowIcon(ValueDial *dial, const char *iconName)
 
 void TrackWidget::createChildren()
 {
+    dragHandle_ = new DragHandle(this);
+    name(dragHandle_, "dragHandle", tr("Drag to move the track"), tr("Drag to move the track up or down the list"));
+
     chkSelect_ = new QCheckBox(this);
     name(chkSelect_, "chkSelect", tr("Select track"), tr("Select track"));
     chkSelect_->setStyleSheet(TrackWidgetStyles::selectionBox());
@@ -102,7 +106,12 @@ void TrackWidget::createChildren()
     name(vuMeter_, "vuMeter", tr("Level of this track"), tr("Level of this track"));
 }
 
-// The children were made in the order in which Tab reaches them.
+QVector<QWidget *> TrackWidget::tabStops() const
+{
+    return {chkSelect_, lblTitle_, cboInstrument_, wVis_,  dlVolume_, dlPan_,
+            btnMute_,   btnEdit_,  btnDelete_,     btnUp_, btnDown_};
+}
+
 void TrackWidget::layOut()
 {
     auto *const caption = new QGridLayout;
@@ -129,6 +138,7 @@ void TrackWidget::layOut()
     auto *const row = new QHBoxLayout(this);
     row->setContentsMargins(6, 4, 4, 4);
     row->setSpacing(4);
+    row->addWidget(dragHandle_);
     row->addLayout(caption, 2);
     row->addWidget(frVisContainer, 7);
     row->addLayout(belowIcon(dlVolume_, "speaker-volume"));

@@ -21,14 +21,15 @@ public:
         makeWindow();
     }
 
+    EngineFactory makeEngine = [] { return std::make_unique<BuiltinEngine>(EngineOutput::Silent); };
     void makeWindow(const QUrl &updateAddress = UpdateChecker::releaseAddress())
     {
-        window_ = std::make_unique<MainWindow>(
-            WindowServices{settings_, dialogs_, [] { return std::make_unique<BuiltinEngine>(EngineOutput::Silent); },
-                           [](const QString &file) {
-                               return std::make_unique<BuiltinEngine>(EngineOutput::WavFile, file.toStdString());
-                           },
-                           updateAddress});
+        window_ = std::make_unique<MainWindow>(WindowServices{settings_, dialogs_, makeEngine,
+                                                              [](const QString &file) {
+                                                                  return std::make_unique<BuiltinEngine>(
+                                                                      EngineOutput::WavFile, file.toStdString());
+                                                              },
+                                                              updateAddress});
         window_->show();
     }
 

@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QThreadPool>
 #include <QToolButton>
 
 namespace {
@@ -93,7 +94,8 @@ void TestInterfaceThread::cancelsAnImport()
     import(song(16, 41'000));
     fixture_->child<QWidget>("busyIndicator")->findChild<QToolButton *>()->click();
     QVERIFY(!fixture_->window().isLoading());
-    QTest::qWait(1000);
+    QVERIFY(QThreadPool::globalInstance()->waitForDone(500)); // it is not read to its end
+    QCoreApplication::processEvents();
     QVERIFY(fixture_->tracks().isEmpty());
     import(song(1, 10)); // the next is not in its way
     QTRY_COMPARE_WITH_TIMEOUT(fixture_->tracks().song().size(), 1, 120'000);

@@ -2,6 +2,7 @@
 #include "app/RecentFiles.h"
 #include "app/WindowFixture.h"
 #include "audio/TempoMap.h"
+#include "support/GatedEngine.h"
 #include "ui/TrackVisualizationWidget.h"
 #include "ui/editor/AbcEditorWindow.h"
 
@@ -11,8 +12,10 @@
 #include <QDial>
 #include <QDialog>
 #include <QDropEvent>
+#include <QLabel>
 #include <QMenu>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -57,12 +60,14 @@ private slots:
     void opensRecentFiles();
 
     void playsAndStops();
+    void showsTheLoadingOfSamplesAndCancelsIt();
     void followsUndoWhilePlaying();
     void mutesAndSolosFromTheRows();
     void appliesInstruments();
     void mergesDuplicatesAndRemoves();
     void refusesToMergeTempos();
     void movesRows();
+    void dragsRows();
     void makesOneStepOfADialDrag();
 
     void editsATrackInItsEditor();
@@ -316,6 +321,36 @@ void TestMainWindow::playsAndStops()
     QTRY_VERIFY_WITH_TIMEOUT(!fixture_->action("actionStop")->isEnabled(), 60'000);
 }
 
+void TestMainWindow::showsTheLoadingOfSamplesAndCancelsIt()
+{
+    const auto gate = GatedEngine::makeGate(false);
+    const auto opener = qScopeGuard([&] { GatedEngine::open(gate); }); // also when the test fails
+    fixture_->makeEngine = [gate] { return std::make_unique<GatedEngine>(EngineOutput::Silent, gate); };
+    fixture_->makeWindow();
+    QTRY_VERIFY(!fixture_->window().isLoading());
+    import(hymn, 4);
+    fixture_->window().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&fixture_->window()));
+    auto *const busy = fixture_->child<QWidget>("samplesIndicator");
+    fixture_->trigger("actionPlay");
+    QVERIFY(!busy->isVisible());
+    QTRY_VERIFY(busy->isVisible());
+    QCOMPARE(busy->findChild<QLabel *>()->text(), QStringLiteral("Loading samples, track 1 of 4..."));
+    QTest::keyClick(&fixture_->window(), Qt::Key_Escape);
+    QTRY_VERIFY(!busy->isVisible());
+    QVERIFY(!fixture_->action("actionStop")->isEnabled());
+
+    fixture_->trigger("actionPlay");
+    fixture_->tracks().setVolume(fixture_->tracks().ids().first(), 50); // a change while it loads
+    QTRY_VERIFY(busy->isVisible());
+    QVERIFY(fixture_->action("actionStop")->isEnabled());
+    GatedEngine::open(gate);
+    QTRY_VERIFY(!busy->isVisible());
+    QTRY_VERIFY(fixture_->inRow<TrackVisualizationWidget>(0, "wVis")->position() > 0);
+    fixture_->trigger("actionStop");
+    QTRY_VERIFY(!fixture_->action("actionStop")->isEnabled());
+}
+
 void TestMainWindow::followsUndoWhilePlaying()
 {
     import(jig, 3);
@@ -424,10 +459,58 @@ void TestMainWindow::movesRows()
     QCOMPARE(fixture_->titles(), (QStringList{names[0], names[2], names[1]}));
     drawEvents();
     QVERIFY(fixture_->row(1)->y() < fixture_->row(2)->y() && fixture_->row(0)->y() < fixture_->row(1)->y());
+    fixture_->window().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&fixture_->window()));
+    fixture_->inRow<QToolButton>(0, "btnDown")->setFocus();
+    QTest::keyClick(&fixture_->window(), Qt::Key_Tab); // goes by what the user sees
+    QCOMPARE(QApplication::focusWidget(), fixture_->inRow<QWidget>(1, "chkSelect"));
     fixture_->inRow<QToolButton>(0, "btnUp")->click();
     QCOMPARE(fixture_->tracks().history().count(), 2);
     fixture_->inRow<QToolButton>(0, "btnDown")->click();
     QCOMPARE(fixture_->titles(), (QStringList{names[2], names[0], names[1]}));
+}
+
+void TestMainWindow::dragsRows()
+{
+    import(jig, 3);
+    drawEvents();
+    const auto names = fixture_->titles();
+    const auto *const mark = fixture_->child<QWidget>("dropMark");
+    // Drags a row until the mouse is so far down another one.
+    QPoint mouse;
+    const auto drag = [&](int from, int to, double share) {
+        auto *const handle = fixture_->inRow<QWidget>(from, "dragHandle");
+        const auto *const target = fixture_->row(to);
+        const auto place = target->mapToGlobal({5, int(target->height() * share)});
+        mouse = handle->mapFromGlobal(place);
+        QTest::mousePress(handle, Qt::LeftButton);
+        QMouseEvent move(QEvent::MouseMove, mouse, place, Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(handle, &move);
+        return handle;
+    };
+    const auto drop = [&](int from, int to, double share) {
+        auto *const handle = drag(from, to, share);
+        const bool isMarked = mark->isVisible();
+        QTest::mouseRelease(handle, Qt::LeftButton, {}, mouse);
+        drawEvents();
+        return isMarked && !mark->isVisible();
+    };
+    QVERIFY(drop(0, 2, 0.8));
+    QCOMPARE(fixture_->titles(), (QStringList{names[1], names[2], names[0]}));
+    QVERIFY(drop(2, 1, 0.2));
+    QCOMPARE(fixture_->titles(), (QStringList{names[1], names[0], names[2]}));
+    QCOMPARE(fixture_->tracks().history().undoText(), QStringLiteral("Move Track"));
+    QVERIFY(drop(1, 0, 0.8)); // where it is
+    QVERIFY(drop(1, 2, 0.2));
+    QTest::keyClick(drag(0, 2, 0.8), Qt::Key_Escape);
+    QVERIFY(!mark->isVisible());
+    QCOMPARE(fixture_->tracks().history().count(), 3);
+    fixture_->trigger("actionUndo");
+    fixture_->trigger("actionUndo");
+    QCOMPARE(fixture_->titles(), names);
+    drag(0, 2, 0.8);
+    fixture_->trigger("actionUndo"); // takes the row away under the mouse
+    QVERIFY(fixture_->tracks().isEmpty() && !mark->isVisible());
 }
 
 void TestMainWindow::makesOneStepOfADialDrag()

@@ -23,6 +23,7 @@ private slots:
     void announcesEveryWriteOutsideTheLock();
     void keepsKeysOfOtherWriters();
     void triesAgainWhenItCannotSave();
+    void savesBesideTheInterfaceThread();
     void standsManyThreads();
 
 private:
@@ -157,6 +158,23 @@ void TestSettings::triesAgainWhenItCannotSave()
     QVERIFY(!settings.save());
     QVERIFY(QDir().rmdir(file()));
     QVERIFY(settings.save());
+    QVERIFY(content().contains("instruments/loadMods"));
+}
+
+// The warning of a save that fails tells which thread it was on.
+void TestSettings::savesBesideTheInterfaceThread()
+{
+    static std::atomic<QThread *> saver;
+    QVERIFY(QDir(directory_->path()).mkpath(QStringLiteral("config/Composer.cfg"))); // a directory is in the way
+    Settings settings(file());
+    const auto previous = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext &, const QString &) { saver = QThread::currentThread(); });
+    settings.setValue(Settings::LoadMods, true);
+    const bool isTried = QTest::qWaitFor([] { return saver != nullptr; });
+    qInstallMessageHandler(previous);
+    QVERIFY(isTried && saver != thread());
+    QVERIFY(QDir().rmdir(file()));
+    QVERIFY(settings.save()); // and nothing is lost
     QVERIFY(content().contains("instruments/loadMods"));
 }
 

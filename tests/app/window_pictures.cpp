@@ -5,11 +5,20 @@
 #include "app/PreferencesDialog.h"
 #include "app/Theme.h"
 #include "app/WindowFixture.h"
+#include "support/GatedEngine.h"
+#include "ui/editor/AbcEditorWindow.h"
+#include "ui/editor/KeyDialog.h"
+#include "ui/editor/RealignNotesDialog.h"
+#include "ui/editor/TransposeDialog.h"
+#include "ui/editor/UnitLengthDialog.h"
 
+#include <QAbstractButton>
 #include <QDockWidget>
 #include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
+#include <QMouseEvent>
+#include <QProgressDialog>
 
 namespace {
 
@@ -23,14 +32,20 @@ void take(QWidget &widget, const char *name)
     widget.grab().save(QStringLiteral("%1/%2%3.png").arg(folder, QLatin1String(name), suffix));
 }
 
-void takeMenus(MainWindow &window)
+void takeMenu(QMenu &menu, const QString &name)
 {
+    menu.popup({0, 0});
+    take(menu, qPrintable(name));
+    menu.close();
+}
+
+void takeMenus(const QWidget &window, const QString &prefix)
+{
+    int number = 0;
     for (auto *const menu : window.findChildren<QMenu *>()) {
-        if (menu->objectName().startsWith(QStringLiteral("menu")) && !menu->actions().isEmpty()) {
-            menu->popup({0, 0});
-            take(*menu, qPrintable(menu->objectName()));
-            menu->close();
-        }
+        const auto name = menu->objectName().isEmpty() ? QString::number(++number) : menu->objectName();
+        if (!menu->actions().isEmpty())
+            takeMenu(*menu, prefix + name);
     }
 }
 
@@ -44,8 +59,72 @@ void takePreferences(WindowFixture &fixture)
     }
 }
 
-void takeMessages()
+// Everything of the window while the samples of the song are being loaded.
+void takeLoading(WindowFixture &fixture, const QStringList &songs)
 {
+    const auto gate = GatedEngine::makeGate(false);
+    fixture.makeEngine = [gate] { return std::make_unique<GatedEngine>(EngineOutput::Silent, gate); };
+    fixture.makeWindow();
+    fixture.window().openFiles(songs);
+    while (fixture.window().isLoading())
+        QTest::qWait(50);
+    fixture.window().onPlay();
+    QTest::qWait(1000);
+    take(fixture.window(), "loading");
+    GatedEngine::open(gate);
+}
+
+void takeDrag(WindowFixture &fixture)
+{
+    auto *const handle = fixture.inRow<QWidget>(0, "dragHandle");
+    QTest::mousePress(handle, Qt::LeftButton);
+    const QPoint place(5, fixture.row(0)->height() * 2);
+    QMouseEvent move(QEvent::MouseMove, place, handle->mapToGlobal(place), Qt::NoButton, Qt::LeftButton, {});
+    QApplication::sendEvent(handle, &move);
+    take(fixture.window(), "dragging");
+    QTest::keyClick(handle, Qt::Key_Escape);
+}
+
+void takeEditorDialogs(WindowFixture &fixture)
+{
+    KeyDialog key(fixture.dialogs());
+    take(key, "editor-key");
+    RealignNotesDialog realign(fixture.settings());
+    take(realign, "editor-realign");
+    TransposeDialog transpose;
+    take(transpose, "editor-transpose");
+    UnitLengthDialog unitLength;
+    take(unitLength, "editor-unit-length");
+}
+
+void takeEditor(WindowFixture &fixture)
+{
+    fixture.inRow<QAbstractButton>(0, "btnEdit")->click();
+    auto &editor = *fixture.window().findChild<AbcEditorWindow *>();
+    const auto trigger = [&](const char *name) { editor.findChild<QAction *>(QLatin1String(name))->trigger(); };
+    take(editor, "editor");
+    takeMenus(editor, QStringLiteral("editor-menu-"));
+    trigger("actionReplace");
+    take(editor, "editor-replace");
+    if (!editor.findChild<QAction *>(QStringLiteral("actionShowRoll"))->isChecked())
+        trigger("actionShowRoll");
+    trigger("actionPlayFromStart");
+    take(editor, "editor-roll");
+    trigger("actionStop");
+    auto broken = editor.document().appliedTrack();
+    editor.document().replaceText(broken.toAbc() + QStringLiteral("\n§ c9 ]\n"), QStringLiteral("Break"));
+    QTest::qWait(500);
+    take(editor, "editor-problems");
+    trigger("actionRevert");
+    takeEditorDialogs(fixture);
+}
+
+void takeMessages(MainWindow &window)
+{
+    QProgressDialog progress(QStringLiteral("Rendering to wav..."), QStringLiteral("Cancel"), 0, 100);
+    progress.setWindowTitle(window.windowTitle());
+    progress.setValue(40);
+    take(progress, "export");
     QMessageBox question(QMessageBox::Question, QStringLiteral("Import MIDI"),
                          QStringLiteral("Would you like to remove the existing tracks first?"),
                          QMessageBox::Yes | QMessageBox::No);
@@ -69,7 +148,8 @@ void takeAll(const QString &game, const QStringList &songs)
     window.openFiles(songs);
     while (window.isLoading())
         QTest::qWait(50);
-    takeMenus(window);
+    takeMenus(window, {});
+    takeMenu(*fixture.row(0)->contextMenu(), QStringLiteral("row-menu"));
     fixture.tracks().setSelected(fixture.tracks().ids().value(1), true);
     fixture.tracks().setMuted({fixture.tracks().ids().value(2)}, true);
     window.onPlay();
@@ -78,14 +158,23 @@ void takeAll(const QString &game, const QStringList &songs)
     fixture.child<QDockWidget>("dockHistory")->show();
     take(window, "history");
     window.onStopAll();
+    window.resize(820, 500);
+    take(window, "small");
+    takeDrag(fixture);
     takePreferences(fixture);
-    takeMessages();
+    takeMessages(window);
+    takeEditor(fixture);
+    takeLoading(fixture, songs);
 }
 
 } // namespace
 
 int main(int argc, char *argv[])
 {
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
     QApplication application(argc, argv);
     QApplication::setStyle(QStringLiteral("Fusion"));
     const auto arguments = QCoreApplication::arguments();

@@ -1,24 +1,11 @@
 #include "assets/PackageWriter.h"
 
 #include <QCryptographicHash>
-#include <QtEndian>
 
 #include <algorithm>
+#include <map>
 
 namespace {
-template<typename Integer>
-QByteArray bigEndian(Integer value)
-{
-    QByteArray bytes(int(sizeof value), '\0');
-    qToBigEndian(value, bytes.data());
-    return bytes;
-}
-
-QByteArray keyOf(const QString &path)
-{
-    return QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha256);
-}
-
 QByteArray fileTable(const LegacyPackage &package)
 {
     QByteArray table = vlq(0) + vlq(package.files.size());
@@ -30,12 +17,8 @@ QByteArray fileTable(const LegacyPackage &package)
     return table;
 }
 
-using Entry = std::pair<QByteArray, QByteArray>; // key and value
-struct Child
-{
-    QByteArray firstKey;
-    qint32 block;
-};
+using Entries = std::map<QByteArray, QByteArray>;            // values by their keys
+using Children = std::vector<std::pair<QByteArray, qint32>>; // first key and block of each
 
 class TreeWriter
 {
@@ -43,29 +26,29 @@ public:
     explicit TreeWriter(const LegacyPackage &package) : package_(package) {}
 
     // The index of the root block.
-    qint32 write(const std::vector<Entry> &entries)
+    qint32 write(const Entries &entries)
     {
         auto level = leaves(entries);
         while (level.size() > 1)
             level = indexesOver(level);
-        return level.front().block;
+        return level.front().second;
     }
 
     QByteArray blocks;
 
 private:
-    std::vector<Child> leaves(const std::vector<Entry> &entries)
+    Children leaves(const Entries &entries)
     {
-        std::vector<Child> written;
-        const auto perLeaf = size_t(package_.entriesPerLeaf);
-        for (size_t first = 0; first < std::max<size_t>(1, entries.size()); first += perLeaf) {
-            const auto end = std::min(entries.size(), first + perLeaf);
-            QByteArray stream = int32(qint32(end - first));
-            for (size_t i = first; i < end; ++i)
-                stream += entries[i].first + prefixed(entries[i].second);
-            const auto block = writeLeaf(stream);
-            written.push_back({entries.empty() ? QByteArray() : entries[first].first, block});
-        }
+        Children written;
+        auto entry = entries.begin();
+        do {
+            const auto firstKey = entry == entries.end() ? QByteArray() : entry->first;
+            QByteArray stream;
+            qint32 entriesHere = 0;
+            for (; entry != entries.end() && entriesHere < package_.entriesPerLeaf; ++entry, ++entriesHere)
+                stream += entry->first + prefixed(entry->second);
+            written.emplace_back(firstKey, writeLeaf(int32(entriesHere) + stream));
+        } while (entry != entries.end());
         return written;
     }
 
@@ -73,24 +56,23 @@ private:
     {
         const int room = package_.blockSize - 6;
         const auto first = count();
-        for (int at = 0; at < stream.size() || at == 0; at += room) {
+        for (int at = 0; at < stream.size(); at += room) {
             const auto next = at + room < stream.size() ? count() + 1 : -1;
             blocks += "LL" + stream.mid(at, room).leftJustified(room, '\x5A') + int32(next);
         }
         return first;
     }
 
-    std::vector<Child> indexesOver(const std::vector<Child> &children)
+    Children indexesOver(const Children &children)
     {
-        std::vector<Child> written;
+        Children written;
         const auto fanOut = size_t(std::min(package_.fanOut, (package_.blockSize - 11) / 36 + 1));
         for (size_t first = 0; first < children.size(); first += fanOut) {
             const auto end = std::min(children.size(), first + fanOut);
-            QByteArray block =
-                "II" + QByteArray(1, '\1') + int32(qint32(end - first - 1)) + int32(children[first].block);
+            auto block = "II" + QByteArray(1, '\1') + int32(qint32(end - first - 1)) + int32(children[first].second);
             for (size_t i = first + 1; i < end; ++i)
-                block += children[i].firstKey + int32(children[i].block);
-            written.push_back({children[first].firstKey, count()});
+                block += children[i].first + int32(children[i].second);
+            written.emplace_back(children[first].first, count());
             blocks += block.leftJustified(package_.blockSize, '\x5A');
         }
         return written;
@@ -126,14 +108,9 @@ QByteArray prefixed(const QByteArray &text)
     return vlq(quint64(text.size())) + text;
 }
 
-QByteArray int32(qint32 value)
+QByteArray keyOf(const Text &path)
 {
-    return bigEndian(value);
-}
-
-QByteArray int64(qint64 value)
-{
-    return bigEndian(value);
+    return QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha256);
 }
 
 CurrentPackage::CurrentPackage(const NamedFiles &files)
@@ -173,12 +150,11 @@ QByteArray CurrentPackage::bytes() const
 
 QByteArray LegacyPackage::bytes() const
 {
-    std::vector<Entry> entries;
+    Entries entries;
     for (const auto &[path, contents] : files)
-        entries.emplace_back(keyOf(path), contents);
+        entries.emplace(keyOf(path), contents);
     if (withTable)
-        entries.emplace_back(keyOf(QStringLiteral("_index")), fileTable(*this));
-    std::sort(entries.begin(), entries.end());
+        entries.emplace(keyOf("_index"), fileTable(*this));
     TreeWriter tree(*this);
     const auto root = tree.write(entries);
     return legacyHeader(*this, root) + tree.blocks;

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QByteArray>
-#include <QString>
+#include "support/Text.h"
+
+#include <QtEndian>
 
 #include <utility>
 #include <vector>
@@ -9,12 +10,21 @@
 // Writers of the two package formats for the tests. They share no code with the readers, so that a mistake in one
 // cannot hide in the other.
 
-using NamedFiles = std::vector<std::pair<QString, QByteArray>>;
+using NamedFiles = std::vector<std::pair<Text, QByteArray>>;
 
 QByteArray vlq(quint64 value);
 QByteArray prefixed(const QByteArray &text); // its length, then the text
-QByteArray int32(qint32 value);              // both big-endian
-QByteArray int64(qint64 value);
+QByteArray keyOf(const Text &path);          // in the legacy format
+
+template<typename Integer>
+QByteArray bigEndian(Integer value)
+{
+    QByteArray bytes(int(sizeof value), '\0');
+    qToBigEndian(value, bytes.data());
+    return bytes;
+}
+constexpr auto int32 = bigEndian<qint32>;
+constexpr auto int64 = bigEndian<qint64>;
 
 // The current format, with each part open to damage.
 struct CurrentPackage

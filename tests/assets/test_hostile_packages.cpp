@@ -1,11 +1,9 @@
 #include "assets/InstrumentScan.h"
 #include "assets/PackageWriter.h"
+#include "support/TestFolder.h"
 
 #include <QBuffer>
-#include <QFile>
 #include <QLoggingCategory>
-#include <QTemporaryDir>
-#include <QtTest>
 
 #include <ctime>
 #include <sys/resource.h>
@@ -141,30 +139,26 @@ private slots:
 
     void costs_data()
     {
-        QTest::addColumn<QByteArray>("package");
-        QTest::newRow("one icon for many instruments") << sharedIcon(600);
-        QTest::newRow("long kind in every sample")
-            << oneInstrument(QByteArray(255, 'k'), tuning(600, QByteArray("$instrument$").repeated(5))).bytes();
-        QTest::newRow("endless kind in every sample")
-            << oneInstrument(QByteArray(15000, 'k'), tuning(60, QByteArray("$instrument$").repeated(60))).bytes();
-        QTest::newRow("long prefix of every sample") << longPrefix();
-        QTest::newRow("unknown metadata") << manyNulls();
-        QTest::newRow("comments") << oneInstrument("k", QByteArray("//\n").repeated(20000)).bytes();
-        QTest::newRow("lists in lists") << oneInstrument("k", QByteArray("[").repeated(60000)).bytes();
-        QTest::newRow("look-ups through every block") << endlessLeaf(1600);
-        QTest::newRow("as many levels as blocks") << deepTree(5000);
+        const Rows<QByteArray> row("package");
+        row("one icon for many instruments", sharedIcon(600));
+        row("long kind in every sample",
+            oneInstrument(QByteArray(255, 'k'), tuning(600, QByteArray("$instrument$").repeated(5))).bytes());
+        row("endless kind in every sample",
+            oneInstrument(QByteArray(15000, 'k'), tuning(60, QByteArray("$instrument$").repeated(60))).bytes());
+        row("long prefix of every sample", longPrefix());
+        row("unknown metadata", manyNulls());
+        row("comments", oneInstrument("k", QByteArray("//\n").repeated(20000)).bytes());
+        row("lists in lists", oneInstrument("k", QByteArray("[").repeated(60000)).bytes());
+        row("look-ups through every block", endlessLeaf(1600));
+        row("as many levels as blocks", deepTree(5000));
         // Last, as the peak of memory never falls.
-        QTest::newRow("one tuning for many kinds") << sharedTuning(400);
+        row("one tuning for many kinds", sharedTuning(400));
     }
     void costs()
     {
         QFETCH(QByteArray, package);
-        const QTemporaryDir game;
-        QDir(game.path()).mkdir(QStringLiteral("mods"));
-        QFile file(game.filePath(QStringLiteral("mods/hostile.pak")));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(package);
-        file.close();
+        const TestFolder game;
+        game.write("mods/hostile.pak", package);
 
         const auto memory = peakMemory();
         const auto start = std::clock();

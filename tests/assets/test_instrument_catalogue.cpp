@@ -3,15 +3,11 @@
 #include "assets/InstrumentSetModel.h"
 #include "assets/ItemReader.h"
 #include "assets/PackageWriter.h"
-#include "assets/Thrown.h"
 #include "assets/TuningReader.h"
+#include "support/TestFolder.h"
+#include "support/Thrown.h"
 
 #include <QBuffer>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
-#include <QtTest>
 
 namespace {
 // JSON with its quotes written as apostrophes.
@@ -38,7 +34,7 @@ QByteArray item(const char *name, const char *kind = "lute")
 const QByteArray tuningBytes = json("{'fadeout': 0.5, 'mapping': {'60': {'file': '/$instrument$ c.ogg', 'f': 261.6}}}");
 
 // An instrument's files below `root`, named as in a package.
-NamedFiles instrumentFiles(const QString &root, const char *name, const char *kind = "lute")
+NamedFiles instrumentFiles(const Text &root, const char *name, const char *kind = "lute")
 {
     return {{root + QStringLiteral("/items/instruments/%1.instrument").arg(QLatin1String(name)), item(name, kind)},
             {root + QStringLiteral("/items/instruments/icon.png"), picture(16, 8)},
@@ -56,29 +52,19 @@ Tuning tuningOf(const QByteArray &mapping)
     return readTuning("{\"mapping\": {" + mapping + "}}", QStringLiteral("lute"), {QStringLiteral("base/"), {}});
 }
 
-class Game
+class Game : public TestFolder
 {
 public:
-    void write(const QString &path, const QByteArray &bytes) const
-    {
-        QFile file(directory_.filePath(path));
-        QDir().mkpath(QFileInfo(file).path());
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("cannot write the test's files");
-    }
+    using TestFolder::write;
     void write(const NamedFiles &files) const
     {
         for (const auto &[path, bytes] : files)
             write(path, bytes);
     }
-    QString path(const QString &inner = {}) const { return directory_.filePath(inner); }
-    InstrumentSet scan(Mods mods = Mods::Load) const { return scanInstruments(directory_.path(), mods); }
-
-private:
-    QTemporaryDir directory_;
+    InstrumentSet scan(Mods mods = Mods::Load) const { return scanInstruments(path(), mods); }
 };
 
-void expectWarning(const QString &text)
+void expectWarning(const Text &text)
 {
     QTest::ignoreMessage(QtWarningMsg, qUtf8Printable(text));
 }
@@ -91,37 +77,33 @@ class TestInstrumentCatalogue : public QObject
 private slots:
     void installations_data()
     {
-        QTest::addColumn<QStringList>("files");
-        QTest::addColumn<bool>("isGame");
-        const auto asset = QStringLiteral("assets/packed.pak");
-        for (const char *program : {"win32/kelvarion.exe", "linux32/kelvarion", "linux64/kelvarion",
-                                    "Kelvarion.app/Contents/MacOS/kelvarion"})
-            QTest::newRow(program) << QStringList{asset, QLatin1String(program)} << true;
-        QTest::newRow("no program") << QStringList{asset} << false;
-        QTest::newRow("no assets") << QStringList{QStringLiteral("win32/kelvarion.exe")} << false;
-        QTest::newRow("program among the assets")
-            << QStringList{asset, QStringLiteral("assets/linux64/kelvarion")} << false;
-        QTest::newRow("assets is a file")
-            << QStringList{QStringLiteral("assets"), QStringLiteral("linux64/kelvarion")} << false;
+        const Rows<QString, bool> row("files", "isGame");
+        row("Windows", "assets/packed.pak win32/kelvarion.exe", true);
+        row("Linux, 32 bit", "assets/packed.pak linux32/kelvarion", true);
+        row("Linux", "assets/packed.pak linux64/kelvarion", true);
+        row("macOS", "assets/packed.pak Kelvarion.app/Contents/MacOS/kelvarion", true);
+        row("no program", "assets/packed.pak", false);
+        row("no assets", "win32/kelvarion.exe", false);
+        row("program among the assets", "assets/packed.pak assets/linux64/kelvarion", false);
+        row("assets is a file", "assets linux64/kelvarion", false);
     }
     void installations()
     {
-        QFETCH(QStringList, files);
+        QFETCH(QString, files);
         const Game game;
-        for (const auto &file : files)
+        for (const auto &file : files.split(u' '))
             game.write(file, "x");
         QTEST(isGameInstallation(game.path()), "isGame");
     }
 
     void fadeouts_data()
     {
-        QTest::addColumn<QByteArray>("json");
-        QTest::addColumn<double>("seconds");
-        QTest::newRow("raised") << json("{'fadeout': 0.001}") << 0.005;
-        QTest::newRow("kept") << json("{'fadeout': 0.5}") << 0.5;
-        QTest::newRow("absent") << QByteArray("{}") << 0.005;
-        QTest::newRow("comment after a value") << QByteArray("{\"fadeout\": 0.25 // slow\r\n}") << 0.25;
-        QTest::newRow("comment in a string") << json("{'a': 'http://x', 'fadeout': 0.75}") << -1.0;
+        const Rows<QByteArray, double> row("json", "seconds");
+        row("raised", json("{'fadeout': 0.001}"), 0.005);
+        row("kept", json("{'fadeout': 0.5}"), 0.5);
+        row("absent", "{}", 0.005);
+        row("comment after a value", "{\"fadeout\": 0.25 // slow\r\n}", 0.25);
+        row("comment in a string", json("{'a': 'http://x', 'fadeout': 0.75}"), -1.0);
     }
     void fadeouts()
     {
@@ -135,16 +117,11 @@ private slots:
 
     void tuningRefusals_data()
     {
-        QTest::addColumn<QByteArray>("json");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("not JSON") << QByteArray("{")
-                                  << QStringLiteral(
-                                         "Could not read tuning file for lute. Reason: unterminated object.");
-        QTest::newRow("no object") << QByteArray("[]")
-                                   << QStringLiteral(
-                                          "Could not read tuning file for lute, root element is not an object.");
-        QTest::newRow("nothing to borrow") << json("{'mapping': {'62': {'f': 2}, '100': {'f': 1}, '9': {}}}")
-                                           << QStringLiteral("Could not map instrument note 9 for lute.");
+        const Rows<QByteArray, QString> row("json", "message");
+        row("not JSON", "{", "Could not read tuning file for lute. Reason: unterminated object.");
+        row("no object", "[]", "Could not read tuning file for lute, root element is not an object.");
+        row("nothing to borrow", json("{'mapping': {'62': {'f': 2}, '100': {'f': 1}, '9': {}}}"),
+            "Could not map instrument note 9 for lute.");
     }
     void tuningRefusals()
     {
@@ -152,32 +129,21 @@ private slots:
         QTEST(thrownBy([&] { readTuning(json, QStringLiteral("lute"), {}); }), "message");
     }
 
-    void unreadableTuningFile()
-    {
-        QCOMPARE(thrownBy([] { readTuningFile(QStringLiteral("/no/file"), QStringLiteral("lute"), {}); }),
-                 QStringLiteral("Could not read tuning file for lute. Reason: Could not open file."));
-    }
-
     void mappedFiles_data()
     {
-        QTest::addColumn<QByteArray>("entry");
-        QTest::addColumn<QStringList>("files");
-        const auto a = QStringLiteral("base/a.ogg");
-        const auto b = QStringLiteral("base/b.ogg");
-        QTest::newRow("file") << json("'file': 'a.ogg'") << QStringList{a};
-        QTest::newRow("files") << json("'files': ['a.ogg', 7, 'b.ogg']") << QStringList{a, b};
-        QTest::newRow("file wins") << json("'files': ['b.ogg'], 'file': 'a.ogg'") << QStringList{a};
-        QTest::newRow("slash") << json("'file': '/a.ogg'") << QStringList{a};
-        QTest::newRow("two slashes") << QByteArray("\"file\": \"\\/\\/a.ogg\"")
-                                     << QStringList{QStringLiteral("base//a.ogg")};
-        QTest::newRow("kind") << json("'file': '$instrument$/$instrument$.ogg'")
-                              << QStringList{QStringLiteral("base/lute/lute.ogg")};
+        const Rows<QByteArray, QString> row("entry", "files");
+        row("file", json("'file': 'a.ogg'"), "base/a.ogg");
+        row("files", json("'files': ['a.ogg', 7, 'b.ogg']"), "base/a.ogg base/b.ogg");
+        row("file wins", json("'files': ['b.ogg'], 'file': 'a.ogg'"), "base/a.ogg");
+        row("slash", json("'file': '/a.ogg'"), "base/a.ogg");
+        row("two slashes", "\"file\": \"\\/\\/a.ogg\"", "base//a.ogg");
+        row("kind", json("'file': '$instrument$/$instrument$.ogg'"), "base/lute/lute.ogg");
     }
     void mappedFiles()
     {
         QFETCH(QByteArray, entry);
         const auto notes = tuningOf("\"60\": {" + entry + json(", 'f': 8}")).notes;
-        QTEST(notes.value(60).files, "files");
+        QTEST(notes.value(60).files.join(u' '), "files");
         QCOMPARE(notes.value(60).rate, 1.0);
         QCOMPARE(notes.value(60).frequency, 8.0);
     }
@@ -196,39 +162,35 @@ private slots:
         const auto notes = tuningOf(json("'50': {'f': 5}, '60': {'file': 'c', 'f': 10}, '62': {'f': 12},"
                                          "'64': {'file': 'e', 'f': 20}, '99': {'f': 5}"))
                                .notes;
-        const QMap<quint32, std::pair<QString, double>> expected{{50, {QStringLiteral("base/c"), 0.5}},
-                                                                 {60, {QStringLiteral("base/c"), 1.0}},
-                                                                 {62, {QStringLiteral("base/c"), 1.2}},
-                                                                 {64, {QStringLiteral("base/e"), 1.0}},
-                                                                 {99, {QStringLiteral("base/e"), 0.25}}};
-        QMap<quint32, std::pair<QString, double>> read;
+        QStringList read;
         for (auto note = notes.begin(); note != notes.end(); ++note)
-            read.insert(note.key(), {note->files.value(0), note->rate});
-        QCOMPARE(read, expected);
+            read += QStringLiteral("%1 %2 %3").arg(note.key()).arg(note->files.value(0)).arg(note->rate);
+        QCOMPARE(read.join(u'|'), QStringLiteral("50 base/c 0.5|60 base/c 1|62 base/c 1.2|64 base/e 1|99 base/e 0.25"));
         QCOMPARE(notes.value(62).frequency, 12.0);
     }
 
     void looseSamplesStayInside()
     {
         const SampleBase base{QStringLiteral("/game/assets/sfx/lute/"), QStringLiteral("/game/assets")};
-        expectWarning(QStringLiteral(
-            "Sample /game/assets/sfx/lute/../../../c.ogg of lute lies outside of its assets directory."));
-        const auto tuning = readTuning(json("{'mapping': {'60': {'files': ['../../c.ogg', '../../../c.ogg']}}}"),
+        expectWarning("Sample /game/assets/sfx/lute/../../../c.ogg of lute lies outside of its assets directory.");
+        expectWarning("Sample /game/assets/sfx/lute/../../../d.ogg of lute lies outside of its assets directory.");
+        const auto tuning = readTuning(json("{'mapping': {'60': {'files': ['../../c.ogg', '../../../c.ogg']},"
+                                            "'61': {'file': '../../../d.ogg'}}}"),
                                        QStringLiteral("lute"), base);
+        QCOMPARE(tuning.notes.keys(), QList<quint32>{60});
         QCOMPARE(tuning.notes.value(60).files, QStringList{QStringLiteral("/game/assets/sfx/lute/../../c.ogg")});
     }
 
     void icons_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QSize>("size");
-        QTest::newRow("small") << picture(16, 8) << QSize(16, 8);
-        QTest::newRow("largest") << picture(1024, 1024) << QSize(1024, 1024);
-        QTest::newRow("too wide") << picture(1025, 1) << QSize(0, 0);
-        QTest::newRow("too high") << picture(1, 1025) << QSize(0, 0);
-        QTest::newRow("cut short") << picture(16, 16).left(40) << QSize(0, 0);
-        QTest::newRow("no picture") << QByteArray("hello") << QSize(0, 0);
-        QTest::newRow("other format") << picture(4, 4, "ppm") << QSize(0, 0);
+        const Rows<QByteArray, QSize> row("bytes", "size");
+        row("small", picture(16, 8), {16, 8});
+        row("largest", picture(1024, 1024), {1024, 1024});
+        row("too wide", picture(1025, 1), {0, 0});
+        row("too high", picture(1, 1025), {0, 0});
+        row("cut short", picture(16, 16).left(40), {0, 0});
+        row("no picture", "hello", {0, 0});
+        row("other format", picture(4, 4, "ppm"), {0, 0});
     }
     void icons()
     {
@@ -239,74 +201,54 @@ private slots:
     void packagedInstrument()
     {
         const Game game;
-        game.write(QStringLiteral("assets/packed.pak"), CurrentPackage(instrumentFiles({}, "Lute")).bytes());
+        game.write("assets/packed.pak", CurrentPackage(instrumentFiles({}, "Lute")).bytes());
         const auto found = game.scan();
         QCOMPARE(found.names(), QStringList{QStringLiteral("Lute")});
         const auto &lute = found.instrument(QStringLiteral("Lute"));
         QCOMPARE(found.icon(QStringLiteral("Lute")).size(), QSize(16, 8));
         QCOMPARE(lute.tuning.fadeout, 0.5);
         QCOMPARE(lute.tuning.notes.value(60).files.value(0),
-                 QStringLiteral("pak://%1::/sfx/instruments/lute/lute c.ogg")
-                     .arg(game.path(QStringLiteral("assets/packed.pak"))));
+                 QStringLiteral("pak://%1::/sfx/instruments/lute/lute c.ogg").arg(game.path("assets/packed.pak")));
         QCOMPARE(thrownBy([&] { found.icon(QStringLiteral("Harp")); }), QStringLiteral("Instrument 'Harp' not found."));
     }
 
     void looseInstrument()
     {
         const Game game;
-        game.write(instrumentFiles(QStringLiteral("assets/user"), "Lute"));
+        game.write(instrumentFiles("assets/user", "Lute"));
         QCOMPARE(game.scan(Mods::Skip).instrument(QStringLiteral("Lute")).tuning.notes.value(60).files.value(0),
-                 game.path(QStringLiteral("assets/user/sfx/instruments/lute/lute c.ogg")));
+                 game.path("assets/user/sfx/instruments/lute/lute c.ogg"));
     }
 
     // Each source names "Shared" with a kind of its own, so the kind in the sample's path tells which one won.
-    void firstFoundWins_data()
-    {
-        QTest::addColumn<int>("absent"); // how many of the sources, first to last, are not there
-        QTest::addColumn<QString>("winner");
-        const char *kinds[] = {"loose", "packA", "packB", "user", "modA", "modB", "pakX", "pakY"};
-        for (int i = 0; i < 8; ++i)
-            QTest::newRow(kinds[i]) << i << QString::fromLatin1(kinds[i]);
-    }
     void firstFoundWins()
     {
-        QFETCH(int, absent);
-        QFETCH(QString, winner);
+        const std::pair<const char *, const char *> sources[] = {
+            {"assets", "loose"}, {"assets/a.pak", "packA"}, {"assets/B.pak", "packB"}, {"assets/user", "user"},
+            {"mods/a", "modA"},  {"mods/B", "modB"},        {"mods/x.pak", "pakX"},    {"mods/Y.modpak", "pakY"}};
         const Game game;
-        const auto loose = [](const char *root, const char *kind) {
-            return instrumentFiles(QLatin1String(root), "Shared", kind);
-        };
-        const auto package = [](const char *kind) {
-            return CurrentPackage(instrumentFiles({}, "Shared", kind)).bytes();
-        };
-        const std::vector<NamedFiles> sources{loose("assets", "loose"),
-                                              {{QStringLiteral("assets/a.pak"), package("packA")}},
-                                              {{QStringLiteral("assets/B.pak"), package("packB")}},
-                                              loose("assets/user", "user"),
-                                              loose("mods/a", "modA"),
-                                              loose("mods/B", "modB"),
-                                              {{QStringLiteral("mods/x.pak"), package("pakX")}},
-                                              {{QStringLiteral("mods/Y.modpak"), package("pakY")}}};
-        for (auto source = sources.rbegin(); source != sources.rend() - absent; ++source)
-            game.write(*source);
-        const auto sample = game.scan().instrument(QStringLiteral("Shared")).tuning.notes.value(60).files.value(0);
-        QVERIFY2(sample.contains(QStringLiteral("/%1/").arg(winner)), qUtf8Printable(sample));
-        QCOMPARE(game.scan(Mods::Skip).contains(QStringLiteral("Shared")), absent < 4);
+        for (auto source = std::size(sources); source-- > 0;) {
+            const auto &[place, kind] = sources[source];
+            if (QByteArray(place).endsWith("pak"))
+                game.write(place, CurrentPackage(instrumentFiles({}, "Shared", kind)).bytes());
+            else
+                game.write(instrumentFiles(place, "Shared", kind));
+            const auto sample = game.scan().instrument(QStringLiteral("Shared")).tuning.notes.value(60).files.value(0);
+            QVERIFY2(sample.contains(QStringLiteral("/%1/").arg(QLatin1String(kind))), qUtf8Printable(sample));
+            QCOMPARE(game.scan(Mods::Skip).contains(QStringLiteral("Shared")), source < 4);
+        }
     }
 
     void modPaths_data()
     {
-        QTest::addColumn<QByteArray>("description");
-        QTest::addColumn<QString>("root"); // of the assets, inside the mod
-        QTest::addColumn<QString>("warning");
-        const auto here = QString();
-        const auto sub = QStringLiteral("/data");
-        QTest::newRow("named") << json("{'path': 'data'} // here") << sub << QString();
-        QTest::newRow("slashes") << json("{'path': '/data/'}") << sub << QString();
-        QTest::newRow("dot") << json("{'path': '.'}") << here << QString();
-        QTest::newRow("empty") << json("{'path': ''}") << here << QString();
-        QTest::newRow("absent") << QByteArray("{}") << here << QString();
-        QTest::newRow("no object") << QByteArray("[]") << here << QStringLiteral("Could not read mod description.");
+        // root: of the assets, inside the mod
+        const Rows<QByteArray, QString, QString> row("description", "root", "warning");
+        row("named", json("{'path': 'data'} // here"), "/data", "");
+        row("slashes", json("{'path': '/data/'}"), "/data", "");
+        row("dot", json("{'path': '.'}"), "", "");
+        row("empty", json("{'path': ''}"), "", "");
+        row("absent", "{}", "", "");
+        row("no object", "[]", "", "Could not read mod description.");
     }
     void modPaths()
     {
@@ -318,11 +260,10 @@ private slots:
         const auto looseDescription = QStringLiteral("mods/m/m.modinfo");
         game.write(looseDescription, description);
         const auto packed = instrumentFiles(root, "Packed") + NamedFiles{{QStringLiteral("pak.modinfo"), description}};
-        game.write(QStringLiteral("mods/p.modpak"), LegacyPackage{packed}.bytes());
+        game.write("mods/p.modpak", LegacyPackage{packed}.bytes());
         if (!warning.isEmpty()) {
             expectWarning(game.path(looseDescription) + QStringLiteral(": ") + warning);
-            expectWarning(QStringLiteral("pak://%1::pak.modinfo: ").arg(game.path(QStringLiteral("mods/p.modpak"))) +
-                          warning);
+            expectWarning(QStringLiteral("pak://%1::pak.modinfo: ").arg(game.path("mods/p.modpak")) + warning);
         }
         QCOMPARE(game.scan().names(), (QStringList{QStringLiteral("Loose"), QStringLiteral("Packed")}));
     }
@@ -330,9 +271,9 @@ private slots:
     void aModStaysInItsDirectory()
     {
         const Game game;
-        game.write(instrumentFiles(QStringLiteral("mods/elsewhere/x"), "Lute"));
-        game.write(QStringLiteral("mods/m/m.modinfo"), json("{'path': '../elsewhere/x'}"));
-        expectWarning(game.path(QStringLiteral("mods/m/m.modinfo: the path leads out of the mod.")));
+        game.write(instrumentFiles("mods/elsewhere/x", "Lute"));
+        game.write("mods/m/m.modinfo", json("{'path': '../elsewhere/x'}"));
+        expectWarning(game.path("mods/m/m.modinfo: the path leads out of the mod."));
         QCOMPARE(game.scan().names(), QStringList{QStringLiteral("None")});
     }
 
@@ -347,27 +288,27 @@ private slots:
         game.write(in + QStringLiteral("5.instrument"), item("Stray", "../../../outside"));
         game.write(in + QStringLiteral("6.instrument"), "{}");
         game.write(in + QStringLiteral(".hidden.instrument"), "nonsense");
-        game.write(QStringLiteral("assets/sfx/instruments/torn/tuning.config"), "{");
-        game.write(QStringLiteral("outside/tuning.config"), tuningBytes);
-        game.write(QStringLiteral("assets/bad.pak"), "KVAsset7");
+        game.write("assets/sfx/instruments/torn/tuning.config", "{");
+        game.write("outside/tuning.config", tuningBytes);
+        game.write("assets/bad.pak", "KVAsset7");
         auto files = instrumentFiles({}, "Lute");
         files[1].second = "not a picture";
-        game.write(QStringLiteral("assets/good.pak"), CurrentPackage(files).bytes());
+        game.write("assets/good.pak", CurrentPackage(files).bytes());
         files.erase(files.begin() + 1);
         files[0].second = item("Bare");
-        game.write(QStringLiteral("assets/plain.pak"), CurrentPackage(files).bytes());
+        game.write("assets/plain.pak", CurrentPackage(files).bytes());
 
         const auto bad = QStringLiteral("Could not read instrument file ") + game.path(in);
         expectWarning(bad + QStringLiteral("1.instrument."));
         expectWarning(bad + QStringLiteral("2.instrument. Root node is not an object."));
-        expectWarning(QStringLiteral("No tuning file found for instrument Lost!"));
-        expectWarning(QStringLiteral("Could not read tuning file for torn. Reason: unterminated object."));
-        expectWarning(QStringLiteral("No tuning file found for instrument Stray!"));
+        expectWarning("No tuning file found for instrument Lost!");
+        expectWarning("Could not read tuning file for torn. Reason: unterminated object.");
+        expectWarning("No tuning file found for instrument Stray!");
         expectWarning(bad + QStringLiteral("6.instrument. It names no instrument."));
-        expectWarning(QStringLiteral("Failed to load pak file: ") + game.path(QStringLiteral("assets/bad.pak")));
-        expectWarning(QStringLiteral("Could not read the icon /items/instruments/icon.png of instrument Lute."));
-        expectWarning(QStringLiteral("tryGetFile failed on /items/instruments/icon.png: File not found"));
-        expectWarning(QStringLiteral("No icon file found for instrument Bare!"));
+        expectWarning(QStringLiteral("Failed to load pak file: ") + game.path("assets/bad.pak"));
+        expectWarning("Could not read the icon /items/instruments/icon.png of instrument Lute.");
+        expectWarning("tryGetFile failed on /items/instruments/icon.png: File not found");
+        expectWarning("No icon file found for instrument Bare!");
         const auto found = game.scan();
         QCOMPARE(found.names(), (QStringList{QStringLiteral("Bare"), QStringLiteral("Lute")}));
         QVERIFY(found.icon(QStringLiteral("Bare")).isNull());
@@ -384,20 +325,20 @@ private slots:
     void aScanCanBeCancelled()
     {
         const Game game;
-        game.write(instrumentFiles(QStringLiteral("assets"), "Lute"));
-        game.write(instrumentFiles(QStringLiteral("assets/user"), "Harp"));
-        game.write(QStringLiteral("mods/m/m.modinfo"), "{}");
-        const auto assets = game.path(QStringLiteral("assets"));
-        const auto user = game.path(QStringLiteral("assets/user"));
-        const auto mod = game.path(QStringLiteral("mods/m"));
-        const QStringList steps{assets + QStringLiteral(" 0/3"), assets + QStringLiteral(" 0/3"),
-                                user + QStringLiteral(" 1/3"), user + QStringLiteral(" 1/3"),
-                                mod + QStringLiteral(" 2/3")};
+        game.write(instrumentFiles("assets", "Lute"));
+        game.write(instrumentFiles("assets/user", "Harp"));
+        game.write("mods/m/m.modinfo", "{}");
+        const QStringList steps{QStringLiteral("assets 0/3"), QStringLiteral("assets 0/3"),
+                                QStringLiteral("assets/user 1/3"), QStringLiteral("assets/user 1/3"),
+                                QStringLiteral("mods/m 2/3")};
         const QVector<int> foundBefore{0, 0, 1, 1, 2, 2};
         for (int allowed = 0; allowed <= 5; ++allowed) {
             QStringList taken;
             const auto found = scanInstruments(game.path(), Mods::Load, [&](const ScanProgress &progress) {
-                taken.append(QStringLiteral("%1 %2/%3").arg(progress.path).arg(progress.done).arg(progress.total));
+                taken.append(QStringLiteral("%1 %2/%3")
+                                 .arg(QDir(game.path()).relativeFilePath(progress.path))
+                                 .arg(progress.done)
+                                 .arg(progress.total));
                 return taken.size() <= allowed;
             });
             QCOMPARE(taken, steps.mid(0, allowed + 1));
@@ -415,12 +356,12 @@ private slots:
         const InstrumentSetModel list(set);
         QCOMPARE(list.rowCount(), 2);
         QCOMPARE(list.rowCount(list.index(0)), 0);
-        QCOMPARE(list.data(list.index(0), Qt::DisplayRole).toString(), QStringLiteral("a"));
-        QCOMPARE(list.data(list.index(1), Qt::DisplayRole).toString(), QStringLiteral("b"));
-        QCOMPARE(list.data(list.index(1), Qt::DecorationRole).value<QImage>().size(), QSize(3, 4));
-        QCOMPARE(list.data(list.index(1), 256).value<Instrument>().tuning.fadeout, 0.25);
-        QVERIFY(!list.data(list.index(1), Qt::ToolTipRole).isValid());
-        QVERIFY(!list.data(list.index(2), Qt::DisplayRole).isValid());
+        const auto data = [&list](int row, int role) { return list.data(list.index(row), role); };
+        QCOMPARE(data(0, Qt::DisplayRole).toString() + data(1, Qt::DisplayRole).toString(), QStringLiteral("ab"));
+        QCOMPARE(data(1, Qt::DecorationRole).value<QImage>().size(), QSize(3, 4));
+        QCOMPARE(data(1, 256).value<Instrument>().tuning.fadeout, 0.25);
+        QVERIFY(!data(1, Qt::ToolTipRole).isValid());
+        QVERIFY(!data(2, Qt::DisplayRole).isValid());
         QVERIFY(!list.data(list.index(0, 1), Qt::DisplayRole).isValid());
         QVERIFY(!list.data({}, Qt::DisplayRole).isValid());
     }

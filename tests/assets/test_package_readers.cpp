@@ -1,10 +1,10 @@
 #include "assets/KVAssetPakReader.h"
 #include "assets/LegacyPakReader.h"
 #include "assets/PackageWriter.h"
-#include "assets/Thrown.h"
+#include "support/Rows.h"
+#include "support/Thrown.h"
 
 #include <QBuffer>
-#include <QCryptographicHash>
 #include <QTemporaryFile>
 #include <QtTest>
 
@@ -49,11 +49,6 @@ QVariantMap metadataOf(const CurrentPackage &package)
     return opened<KVAssetPakReader>(package.bytes())->metadata();
 }
 
-QByteArray keyOf(const char *path)
-{
-    return QCryptographicHash::hash(path, QCryptographicHash::Sha256);
-}
-
 NamedFiles manyFiles(int count)
 {
     NamedFiles files;
@@ -88,13 +83,12 @@ class TestPackageReaders : public QObject
 private slots:
     void metadataIntegers_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<quint64>("value");
-        QTest::newRow("one byte") << QByteArray("\x7F") << quint64(127);
-        QTest::newRow("two bytes") << QByteArray("\x81\x00", 2) << quint64(128);
-        QTest::newRow("three bytes") << QByteArray("\x82\x80\x00", 3) << quint64(32768);
-        QTest::newRow("all bits") << vlq(~quint64(0)) << ~quint64(0);
-        QTest::newRow("bits beyond 64 are lost") << QByteArray(20, '\xFF') + '\x01' << (~quint64(0) << 7 | 1);
+        const Rows<QByteArray, quint64> row("bytes", "value");
+        row("one byte", "\x7F", 127);
+        row("two bytes", QByteArray("\x81\x00", 2), 128);
+        row("three bytes", QByteArray("\x82\x80\x00", 3), 32768);
+        row("all bits", vlq(~quint64(0)), ~quint64(0));
+        row("bits beyond 64 are lost", QByteArray(20, '\xFF') + '\x01', (~quint64(0) << 7 | 1));
     }
     void metadataIntegers()
     {
@@ -137,20 +131,18 @@ private slots:
 
     void currentRefusals_data()
     {
-        QTest::addColumn<QByteArray>("package");
-        QTest::addColumn<QString>("message");
+        const Rows<QByteArray, QString> row("package", "message");
         const auto good = CurrentPackage({{file, "x"}}).bytes();
         const auto with = [&good](int at, const QByteArray &bytes) {
             return QByteArray(good).replace(at, bytes.size(), bytes);
         };
         for (int i = 0; i < 8; ++i)
             QTest::addRow("magic %d", i) << with(i, "?") << QStringLiteral("Invalid Asset File Header.");
-        QTest::newRow("empty") << QByteArray() << QStringLiteral("Invalid Asset File Header.");
-        QTest::newRow("negative index") << with(8, int64(-1)) << QStringLiteral("Could not seek to .pak root");
-        QTest::newRow("index past the end")
-            << with(8, int64(qint64(1) << 40)) << QStringLiteral("Invalid INDEX header.");
-        QTest::newRow("no index there") << with(8, int64(3)) << QStringLiteral("Invalid INDEX header.");
-        QTest::newRow("no index offset") << QByteArray("KVAsset6") << QStringLiteral("Invalid INDEX header.");
+        row("empty", "", "Invalid Asset File Header.");
+        row("negative index", with(8, int64(-1)), "Could not seek to .pak root");
+        row("index past the end", with(8, int64(qint64(1) << 40)), "Invalid INDEX header.");
+        row("no index there", with(8, int64(3)), "Invalid INDEX header.");
+        row("no index offset", "KVAsset6", "Invalid INDEX header.");
     }
     void currentRefusals()
     {
@@ -174,11 +166,7 @@ private slots:
     {
         const auto tilde = QStringLiteral("/\uFF5E");                            // after the next in code points,
         const auto note = QStringLiteral("/") + QString::fromUtf8("\U0001D11E"); // before it in code units
-        CurrentPackage package({{QStringLiteral("/b"), "old"},
-                                {tilde, "t"},
-                                {QStringLiteral("/a"), ""},
-                                {note, "n"},
-                                {QStringLiteral("/b"), "new"}});
+        CurrentPackage package({{"/b", "old"}, {tilde, "t"}, {"/a", ""}, {note, "n"}, {"/b", "new"}});
         package.add("/broken\xFF", "kept");
         const auto reader = opened<KVAssetPakReader>(package.bytes());
         const auto broken = QStringLiteral("/broken\uFFFD");
@@ -204,15 +192,14 @@ private slots:
 
     void entriesOutsideThePackage_data()
     {
-        QTest::addColumn<qint64>("offset");
-        QTest::addColumn<qint64>("size");
+        const Rows<qint64, qint64> row("offset", "size");
         const auto most = std::numeric_limits<qint64>::max();
-        QTest::newRow("negative offset") << qint64(-1) << qint64(4);
-        QTest::newRow("negative size") << qint64(4) << qint64(-4);
-        QTest::newRow("past the end") << qint64(8) << qint64(1000);
-        QTest::newRow("starts past the end") << qint64(1000) << qint64(0);
-        QTest::newRow("a sum that overflows") << qint64(8) << most;
-        QTest::newRow("4 in 32 bits") << qint64(8) << (qint64(1) << 32) + 4;
+        row("negative offset", -1, 4);
+        row("negative size", 4, -4);
+        row("past the end", 8, 1000);
+        row("starts past the end", 1000, 0);
+        row("a sum that overflows", 8, most);
+        row("4 in 32 bits", 8, (qint64(1) << 32) + 4);
     }
     void entriesOutsideThePackage()
     {
@@ -279,23 +266,15 @@ private slots:
 
     void legacyFiles_data()
     {
-        QTest::addColumn<LegacyPackage>("package");
-        const auto row = [](const char *name, auto change) {
-            LegacyPackage package;
-            package.files = manyFiles(40);
-            change(package);
-            QTest::newRow(name) << package;
-        };
-        row("as it comes", [](LegacyPackage &) {});
-        row("older", [](LegacyPackage &package) { package.magic = "KVBF02"; });
-        row("bare table", [](LegacyPackage &package) { package.content = "Assets1"; });
-        row("second root", [](LegacyPackage &package) { package.secondRoot = true; });
-        row("large blocks", [](LegacyPackage &package) { package.blockSize = 2048, package.fanOut = 60; });
-        row("one leaf of the smallest blocks", [](LegacyPackage &package) {
-            package.entriesPerLeaf = 100;
-            package.blockSize = 10;
-        });
-        row("empty", [](LegacyPackage &package) { package.files.clear(); });
+        const Rows<LegacyPackage> row("package");
+        const auto files = manyFiles(40);
+        row("as it comes", {.files = files});
+        row("older", {.files = files, .magic = "KVBF02"});
+        row("bare table", {.files = files, .content = "Assets1"});
+        row("second root", {.files = files, .secondRoot = true});
+        row("large blocks", {.files = files, .blockSize = 2048, .fanOut = 60});
+        row("one leaf of the smallest blocks", {.files = files, .blockSize = 10, .entriesPerLeaf = 100});
+        row("empty", {});
     }
     void legacyFiles()
     {
@@ -325,12 +304,7 @@ private slots:
 
     void legacyRefusals_data()
     {
-        QTest::addColumn<int>("at");
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("message");
-        const auto row = [](const char *name, int at, const QByteArray &bytes, const char *message) {
-            QTest::newRow(name) << at << bytes << QString::fromLatin1(message);
-        };
+        const Rows<int, QByteArray, QString> row("at", "bytes", "message");
         row("magic", 5, "1", "Invalid Block File Header.");
         row("database", 39, "5", "Invalid Database File Identifier.");
         row("longer database", 40, "x", "Invalid Database File Identifier.");
@@ -353,39 +327,36 @@ private slots:
 
     void legacyDamage_data()
     {
-        QTest::addColumn<QByteArray>("package");
-        QTest::addColumn<QString>("outcome");
-        const auto row = [](const char *name, const std::vector<QByteArray> &blocks, const char *outcome) {
-            QTest::newRow(name) << legacyOf(blocks) << QString::fromLatin1(outcome);
-        };
+        const Rows<QByteArray, QString> row("package", "outcome");
         const auto key = keyOf("/a");
         const auto other = keyOf("/b");
         const auto value = leaf(1, key + prefixed("value"));
-        row("no keys", {index(0, 1), value}, "nothing");
-        row("equal to a separator", {index(1, 2, key + int32(1)), value, leaf(0)}, "nothing");
-        row("no blocks", {}, "Unknown block type found.");
-        row("unknown root", {"XX"}, "Unknown block type found.");
-        row("child past the end", {index(0, 7)}, "Unknown block type found.");
-        row("negative child", {index(0, -1)}, "Invalid block referred to by index");
-        row("negative key count", {index(-1, 1), value}, "Invalid index block key count.");
-        row("too many keys", {index(2, 1), value}, "Invalid index block key count.");
-        row("a root that is its child", {index(0, 0)}, "Block 0 is reached twice.");
-        row("parents in a circle", {index(0, 1), index(0, 2), index(0, 1)}, "Block 1 is reached twice.");
-        row("negative entry count", {leaf(-1)}, "Invalid leaf block entry count.");
-        row("entries that are not there", {continued(leaf(1 << 30), -1)}, "Premature end of leaf block");
+        row("no keys", legacyOf({index(0, 1), value}), "nothing");
+        row("equal to a separator", legacyOf({index(1, 2, key + int32(1)), value, leaf(0)}), "nothing");
+        row("no blocks", legacyOf({}), "Unknown block type found.");
+        row("unknown root", legacyOf({"XX"}), "Unknown block type found.");
+        row("child past the end", legacyOf({index(0, 7)}), "Unknown block type found.");
+        row("negative child", legacyOf({index(0, -1)}), "Invalid block referred to by index");
+        row("negative key count", legacyOf({index(-1, 1), value}), "Invalid index block key count.");
+        row("too many keys", legacyOf({index(2, 1), value}), "Invalid index block key count.");
+        row("a root that is its child", legacyOf({index(0, 0)}), "Block 0 is reached twice.");
+        row("parents in a circle", legacyOf({index(0, 1), index(0, 2), index(0, 1)}), "Block 1 is reached twice.");
+        row("negative entry count", legacyOf({leaf(-1)}), "Invalid leaf block entry count.");
+        row("entries that are not there", legacyOf({continued(leaf(1 << 30), -1)}), "Premature end of leaf block");
         const auto whole = leaf(1, key + vlq(60));
-        row("value without an end", {continued(whole, -1)}, "Premature end of leaf block");
-        row("negative continuation", {continued(whole, -7)}, "Invalid leaf block continuation index '-7'");
-        row("value goes on in an index", {continued(whole, 1), "II"}, "Invalid leaf block continuation");
-        row("value goes on past the end", {continued(whole, 9)}, "Invalid leaf block continuation");
-        row("value that bites its tail", {continued(whole, 0)}, "Block 0 is reached twice.");
+        row("value without an end", legacyOf({continued(whole, -1)}), "Premature end of leaf block");
+        row("negative continuation", legacyOf({continued(whole, -7)}), "Invalid leaf block continuation index '-7'");
+        row("value goes on in an index", legacyOf({continued(whole, 1), "II"}), "Invalid leaf block continuation");
+        row("value goes on past the end", legacyOf({continued(whole, 9)}), "Invalid leaf block continuation");
+        row("value that bites its tail", legacyOf({continued(whole, 0)}), "Block 0 is reached twice.");
         const auto before = leaf(2, other + vlq(60));
-        row("skipped value goes on in an index", {continued(before, 1), "II"}, "Invalid Leaf block continuation block");
-        row("endless value", {continued(leaf(1, key + vlq(~quint64(0))), -1)}, "Premature end of leaf block");
-        QTest::newRow("length goes on in an index")
-            << legacyOf({leaf(1, key) + int32(1), "II"}, 42) << QStringLiteral("Invlaid Leaf block continuation block");
-        QTest::newRow("count beyond a tiny first block")
-            << legacyOf({"LL" + int32(1) + int32(-1)}, 10) << QStringLiteral("Premature end of leaf block");
+        row("skipped value goes on in an index", legacyOf({continued(before, 1), "II"}),
+            "Invalid Leaf block continuation block");
+        row("endless value", legacyOf({continued(leaf(1, key + vlq(~quint64(0))), -1)}), "Premature end of leaf block");
+        row("length goes on in an index", legacyOf({leaf(1, key) + int32(1), "II"}, 42),
+            "Invlaid Leaf block continuation block");
+        row("count beyond a tiny first block", legacyOf({"LL" + int32(1) + int32(-1)}, 10),
+            "Premature end of leaf block");
     }
     void legacyDamage()
     {

@@ -1,13 +1,8 @@
 #include "assets/PackageRegistry.h"
 #include "assets/PackageWriter.h"
 #include "assets/PakReader.h"
-#include "assets/Thrown.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
-#include <QtTest>
+#include "support/TestFolder.h"
+#include "support/Thrown.h"
 
 namespace {
 const auto incompatible = QStringLiteral("Could not find compatible pak reader.");
@@ -23,30 +18,20 @@ class TestPackageRegistry : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir directory_;
-
-    QString written(const QString &name, const QByteArray &bytes)
-    {
-        QFile file(directory_.filePath(name));
-        QDir(directory_.path()).mkpath(QFileInfo(file).path());
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("cannot write the test's files");
-        return file.fileName();
-    }
+    const TestFolder folder_;
+    const QByteArray package_ = CurrentPackage(NamedFiles{{"/a", "x"}}).bytes();
 
 private slots:
     void names_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QByteArray>("contents");
-        const NamedFiles files{{QStringLiteral("/a.ogg"), "sound"}, {QStringLiteral("a::b"), "odd"}};
-        const auto current = written(QStringLiteral("C:/current.pak"), CurrentPackage(files).bytes());
-        const auto legacy = written(QStringLiteral("legacy.pak"), LegacyPackage{files}.bytes());
-        QTest::newRow("plain") << written(QStringLiteral("plain.ogg"), "loose") << QByteArray("loose");
-        QTest::newRow("current") << pakFileName(current, QStringLiteral("/a.ogg")) << QByteArray("sound");
-        QTest::newRow("legacy") << pakFileName(legacy, QStringLiteral("/a.ogg")) << QByteArray("sound");
-        QTest::newRow("only the first colons part")
-            << pakFileName(current, QStringLiteral("a::b")) << QByteArray("odd");
+        const Rows<QString, QByteArray> row("name", "contents");
+        const NamedFiles files{{"/a.ogg", "sound"}, {"a::b", "odd"}};
+        const auto current = folder_.write("C:/current.pak", CurrentPackage(files).bytes());
+        const auto legacy = folder_.write("legacy.pak", LegacyPackage{files}.bytes());
+        row("plain", folder_.write("plain.ogg", "loose"), "loose");
+        row("current", pakFileName(current, QStringLiteral("/a.ogg")), "sound");
+        row("legacy", pakFileName(legacy, QStringLiteral("/a.ogg")), "sound");
+        row("only the first colons part", pakFileName(current, QStringLiteral("a::b")), "odd");
     }
     void names()
     {
@@ -57,17 +42,14 @@ private slots:
 
     void refusals_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("message");
-        const auto package = written(QStringLiteral("some.pak"), CurrentPackage({{QStringLiteral("/a"), "x"}}).bytes());
-        QTest::newRow("no colons") << QStringLiteral("pak://") + package << QStringLiteral("Invalid pak:// filename");
-        QTest::newRow("absent inside") << pakFileName(package, QStringLiteral("/b"))
-                                       << QStringLiteral("File not found");
-        QTest::newRow("absent package") << pakFileName(QStringLiteral("/no.pak"), QStringLiteral("/b")) << incompatible;
-        QTest::newRow("absent file") << QStringLiteral("/no/file") << QStringLiteral("Could not open file.");
-        QTest::newRow("directory") << directory_.path() << QStringLiteral("Could not open file.");
-        QTest::newRow("the scheme minds case")
-            << QStringLiteral("PAK://x::y") << QStringLiteral("Could not open file.");
+        const Rows<QString, QString> row("name", "message");
+        const auto package = folder_.write("some.pak", package_);
+        row("no colons", QStringLiteral("pak://") + package, "Invalid pak:// filename");
+        row("absent inside", pakFileName(package, QStringLiteral("/b")), "File not found");
+        row("absent package", pakFileName(QStringLiteral("/no.pak"), QStringLiteral("/b")), incompatible);
+        row("absent file", "/no/file", "Could not open file.");
+        row("directory", folder_.path(), "Could not open file.");
+        row("the scheme minds case", "PAK://x::y", "Could not open file.");
     }
     void refusals()
     {
@@ -77,23 +59,23 @@ private slots:
 
     void aRefusedPackageIsNotRemembered()
     {
-        const auto path = written(QStringLiteral("late.pak"), "neither format");
+        const auto path = folder_.write("late.pak", "neither format");
         QCOMPARE(thrownBy([&] { OpenPackage{path}; }), incompatible);
         QCOMPARE(thrownBy([&] { OpenPackage{path}; }), incompatible);
-        written(QStringLiteral("late.pak"), CurrentPackage({{QStringLiteral("/a"), "x"}}).bytes());
+        folder_.write("late.pak", package_);
         QVERIFY(OpenPackage(path)->hasFile(QStringLiteral("/a")));
     }
 
     void oneReaderAPackage()
     {
-        const auto path = written(QStringLiteral("cached.pak"), CurrentPackage({{QStringLiteral("/a"), "x"}}).bytes());
+        const auto path = folder_.write("cached.pak", package_);
         const auto *first = OpenPackage(path).operator->();
         QCOMPARE(OpenPackage(path).operator->(), first);
     }
 
     void packagesAreClosedBetweenReads()
     {
-        const auto path = written(QStringLiteral("closed.pak"), LegacyPackage{{{QStringLiteral("/a"), "x"}}}.bytes());
+        const auto path = folder_.write("closed.pak", LegacyPackage{{{"/a", "x"}}}.bytes());
         {
             const OpenPackage package(path);
             if (!isOpenInThisProcess(path))

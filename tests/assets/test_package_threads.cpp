@@ -1,12 +1,9 @@
 #include "assets/InstrumentScan.h"
 #include "assets/PackageRegistry.h"
 #include "assets/PackageWriter.h"
+#include "support/TestFolder.h"
 
 #include <QBuffer>
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QtTest>
 
 #include <atomic>
 #include <thread>
@@ -21,36 +18,25 @@ class TestPackageThreads : public QObject
     static QByteArray sample(int number) { return QByteArray(5000 + number, char('a' + number % 26)); }
     static QString samplePath(int number) { return QStringLiteral("/sfx/%1.ogg").arg(number); }
 
-    static void write(const QString &path, const QByteArray &bytes)
-    {
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("cannot write the test's files");
-    }
-
     static NamedFiles instrumentFiles()
     {
         QBuffer icon;
         QImage(16, 16, QImage::Format_RGB32).save(&icon, "png");
-        return {
-            {QStringLiteral("/items/instruments/lute.instrument"),
-             R"({"shortdescription": "Lute", "kind": "lute", "inventoryIcon": "icon.png"})"},
-            {QStringLiteral("/items/instruments/icon.png"), icon.data()},
-            {QStringLiteral("/sfx/instruments/lute/tuning.config"), "{\"mapping\": {\"60\": {\"file\": \"c\"}}} // c"}};
+        return {{"/items/instruments/lute.instrument",
+                 R"({"shortdescription": "Lute", "kind": "lute", "inventoryIcon": "icon.png"})"},
+                {"/items/instruments/icon.png", icon.data()},
+                {"/sfx/instruments/lute/tuning.config", "{\"mapping\": {\"60\": {\"file\": \"c\"}}} // c"}};
     }
 
 private slots:
     void manyReaders()
     {
-        const QTemporaryDir directory;
+        const TestFolder folder;
         auto files = instrumentFiles();
         for (int i = 0; i < samples; ++i)
             files.emplace_back(samplePath(i), sample(i));
-        QDir(directory.path()).mkdir(QStringLiteral("assets"));
-        const QStringList packages{directory.filePath(QStringLiteral("assets/a.pak")),
-                                   directory.filePath(QStringLiteral("assets/b.pak"))};
-        write(packages[0], CurrentPackage(files).bytes());
-        write(packages[1], LegacyPackage{files}.bytes());
+        const QStringList packages{folder.write("assets/a.pak", CurrentPackage(files).bytes()),
+                                   folder.write("assets/b.pak", LegacyPackage{files}.bytes())};
 
         std::atomic<int> right = 0;
         const auto player = [&right, packages](int shift) {
@@ -60,8 +46,8 @@ private slots:
                     right += readGameFile(pakFileName(package, samplePath(number))) == sample(number);
             }
         };
-        const auto scan = [&right, &directory] {
-            const auto found = scanInstruments(directory.path(), Mods::Skip);
+        const auto scan = [&right, &folder] {
+            const auto found = scanInstruments(folder.path(), Mods::Skip);
             right += found.icon(QStringLiteral("Lute")).width() == 16;
         };
         std::vector<std::thread> threads;

@@ -85,8 +85,15 @@ private slots:
         });
         {
             AudioThread audio;
+            std::stop_source stop;
             for (int i = 0; i < 500; ++i) {
-                audio.post(requests.next<PlayerWorker>());
+                audio.post([token = stop.get_token(), request = requests.next<PlayerWorker>()](PlayerWorker &worker) {
+                    worker.runUntil(token, [&] { request(worker); });
+                });
+                if (i % 16 == 0) {
+                    stop.request_stop();
+                    stop = {};
+                }
                 if (i % 3 == 0)
                     std::this_thread::sleep_for(std::chrono::milliseconds(requests.pick(15)));
             }

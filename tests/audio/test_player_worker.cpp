@@ -276,7 +276,14 @@ private slots:
         const auto track = trackOf({TrackEvent::note(60, 0, 10), TrackEvent::note(62, 10, 10),
                                     TrackEvent::note(60, 20, 10), TrackEvent::note(62, 20, 4000)});
         VirtualPlayer player;
+        QStringList progress;
+        connect(&player.worker, &PlayerWorker::precacheProgress, this,
+                [&](int done, int total) { progress.append(QStringLiteral("%1/%2").arg(done).arg(total)); });
         player.worker.precacheInstrument(instrument, track);
+        QCOMPARE(progress, list("0/2, 1/2, 2/2"));
+        player.worker.precacheInstrument(instrument, track); // all is there
+        player.worker.precacheInstrument(instrument, Track());
+        QCOMPARE(progress.mid(3), list("0/2, 1/2, 2/2, 0/0"));
         auto loaded = player.told;
         loaded.sort();
         QCOMPARE(loaded, list("loading click.wav, loading level-101-50.wav"));

@@ -1,6 +1,6 @@
 #include "RandomRequests.h"
 #include "audio/TrackPlayer.h"
-#include "audio/engine/BuiltinEngine.h"
+#include "support/GatedEngine.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -47,6 +47,35 @@ private slots:
         QVERIFY(meters.size() > 2 && positions.size() == meters.size());
         QVERIFY(meters.last().at(1).toFloat() > 0);
         QVERIFY(positions.last().at(1).toULongLong() >= 2000);
+    }
+
+    void stopAllEndsTheLoadingAndDropsWhatWaits()
+    {
+        const auto gate = GatedEngine::makeGate(false);
+        TrackPlayer player([gate] { return std::make_unique<GatedEngine>(EngineOutput::Paced, gate); });
+        const auto opener = qScopeGuard([&] { GatedEngine::open(gate); }); // also when the test fails
+        QSignalSpy loading(&player, &TrackPlayer::loadingSample);
+        QSignalSpy started(&player, &TrackPlayer::trackStarted);
+        QSignalSpy stopped(&player, &TrackPlayer::allTracksStopped);
+        QSignalSpy progress(&player, &TrackPlayer::precacheProgress);
+        const auto instrument = requests_.anyInstrument();
+        const auto track = trackOf({TrackEvent::note(60, 0, 2000)});
+        const auto play = [&] {
+            player.precacheInstrument(instrument, track);
+            player.playTrack(QStringLiteral("a"), instrument, track, false, 1, 0);
+        };
+        play();
+        play();
+        QVERIFY(loading.wait());
+        player.stopAll();
+        QVERIFY(stopped.wait()); // while the sample is still being decoded
+        QVERIFY(started.isEmpty());
+        QCOMPARE(progress.size(), 1);
+
+        GatedEngine::open(gate);
+        play();
+        QVERIFY(started.wait());
+        QCOMPARE(progress.last().at(0), progress.last().at(1));
     }
 
     void randomRequests()

@@ -4,6 +4,7 @@
 #include "WaveFile.h"
 #include "audio/TrackRenderer.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "support/Rows.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -208,18 +209,17 @@ private slots:
 
     void refusals_data()
     {
-        QTest::addColumn<Track>("track");
-        QTest::addColumn<QString>("told");
+        const Rows<Track, QString> row("track", "told");
         const auto tooLong = QStringLiteral("failed: The song is longer than 6 hours.");
         const auto at = [](Ticks minutes) {
             return trackOf({TrackEvent::note(60, minutes * defaultTicksPerMinute, 100)});
         };
-        QTest::newRow("ten hours' rest") << at(600) << tooLong;
-        QTest::newRow("2^60") << trackOf({TrackEvent::note(60, maxTicks, 100)}) << tooLong;
-        QTest::newRow("a note of ten hours of a short sample")
-            << trackOf({TrackEvent::note(60, 0, 600 * defaultTicksPerMinute)}) << QString();
-        QTest::newRow("tempo 0") << trackOf({tempoEvent(5, 0), TrackEvent::note(60, 10, 100)}, 0) << QString();
-        QTest::newRow("no such pitch") << trackOf({TrackEvent::note(5, 0, 100)}) << QString();
+        row("ten hours' rest", at(600), tooLong);
+        row("2^60", trackOf({TrackEvent::note(60, maxTicks, 100)}), tooLong);
+        row("a note of ten hours of a short sample", trackOf({TrackEvent::note(60, 0, 600 * defaultTicksPerMinute)}),
+            "");
+        row("tempo 0", trackOf({tempoEvent(5, 0), TrackEvent::note(60, 10, 100)}, 0), "");
+        row("no such pitch", trackOf({TrackEvent::note(5, 0, 100)}), "");
     }
 
     void refusals()

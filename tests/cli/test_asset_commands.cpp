@@ -1,80 +1,40 @@
+#include "Program.h"
 #include "assets/PackageWriter.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
-#include <QTemporaryDir>
-#include <QtTest>
 
-namespace {
-struct Outcome
-{
-    int status;
-    QByteArray out;
-    QByteArray error;
-};
-
-Outcome run(const QStringList &arguments)
-{
-    QProcess program;
-    program.start(QStringLiteral(COMPOSER_CLI), arguments);
-    if (!program.waitForFinished() || program.exitStatus() != QProcess::NormalExit)
-        qFatal("the program did not end by itself");
-    return {program.exitCode(), program.readAllStandardOutput(), program.readAllStandardError()};
-}
-
-const auto instruments = QStringLiteral("instruments");
-const auto game = QStringLiteral("--game");
-} // namespace
-
-// The commands of kelvarion-composer-cli that read game assets, run as a user runs them.
+// The commands of kelvarion-composer-cli that read game assets.
 class TestAssetCommands : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir directory_;
-
-    QString path(const QString &name) const { return directory_.filePath(name); }
-
-    void write(const QString &name, const QByteArray &bytes) const
-    {
-        QFile file(path(name));
-        QDir().mkpath(QFileInfo(file).path());
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("cannot write the test's files");
-    }
+    const TestFolder folder_;
+    const QByteArray bytes_ = QByteArray("\0\xFF\n", 3);
 
 private slots:
     void initTestCase()
     {
-        const auto item = QStringLiteral("/items/instruments/lute.instrument");
-        const auto tuning = QStringLiteral("/sfx/instruments/lute/tuning.config");
         const NamedFiles files{
-            {item, R"({"shortdescription": "Lute é", "kind": "lute"})"},
-            {tuning, R"({"fadeout": 0.25, "mapping": {"60": {"file": "c", "f": 200}, "100": {"f": 300}}})"}};
-        write(QStringLiteral("game/assets/packed.pak"), CurrentPackage(files).bytes());
-        write(QStringLiteral("game/linux64/kelvarion"), "x");
-        write(QStringLiteral("game/mods/m/items/instruments/b.instrument"),
-              R"({"shortdescription": "Bell", "kind": "bell"})");
-        write(QStringLiteral("game/mods/m/sfx/instruments/bell/tuning.config"), "{}");
-        write(QStringLiteral("none/assets/empty"), "");
-        write(QStringLiteral("legacy.pak"),
-              LegacyPackage{{{QStringLiteral("/ü"), QByteArray("\0\xFF\n", 3)}, {QStringLiteral("/b"), ""}}}.bytes());
+            {"/items/instruments/lute.instrument", R"({"shortdescription": "Lute é", "kind": "lute"})"},
+            {"/sfx/instruments/lute/tuning.config",
+             R"({"fadeout": 0.25, "mapping": {"60": {"file": "c", "f": 200}, "100": {"f": 300}}})"}};
+        folder_.write("game/assets/packed.pak", CurrentPackage(files).bytes());
+        folder_.write("game/linux64/kelvarion", "x");
+        folder_.write("game/mods/m/items/instruments/b.instrument", R"({"shortdescription": "Bell", "kind": "bell"})");
+        folder_.write("game/mods/m/sfx/instruments/bell/tuning.config", "{}");
+        folder_.write("none/assets/empty", "");
+        folder_.write("legacy.pak", LegacyPackage{{{"/ü", bytes_}, {"/b", ""}}}.bytes());
     }
 
     void instrumentsAsJson()
     {
         const auto [status, out, error] =
-            run({instruments, game, path(QStringLiteral("game")), QStringLiteral("--json")});
+            run(folder_, QStringLiteral("instruments --json --game ") + folder_.path("game"));
         QCOMPARE(status, 0);
         QCOMPARE(error, QByteArray());
         QVERIFY(out.indexOf("\"60\"") < out.indexOf("\"100\""));
         const auto file =
-            QStringLiteral("pak://%1::/sfx/instruments/lute/c").arg(path(QStringLiteral("game/assets/packed.pak")));
+            QStringLiteral("pak://%1::/sfx/instruments/lute/c").arg(folder_.path("game/assets/packed.pak"));
         const QByteArray expected = R"({"instruments": [{"name": "Lute é", "iconWidth": 0, "iconHeight": 0,
             "fadeout": 0.25, "notes": {"60": {"files": ["FILE"], "rate": 1, "frequency": 200},
                                        "100": {"files": ["FILE"], "rate": 1.5, "frequency": 300}}}]})";
@@ -82,85 +42,43 @@ private slots:
                  QJsonDocument::fromJson(QByteArray(expected).replace("FILE", file.toUtf8())));
     }
 
-    void instrumentsWithMods()
+    void output_data()
     {
-        const auto [status, out, error] =
-            run({instruments, game, path(QStringLiteral("game")), QStringLiteral("--mods")});
-        QCOMPARE(status, 0);
-        QCOMPARE(out, QByteArray("Bell: no notes\nLute é: notes 60 to 100, 1 samples\n"));
+        const Rows<QString, QByteArray> row("words", "expected");
+        row("with mods", "instruments --game game --mods", "Bell: no notes\nLute é: notes 60 to 100, 1 samples\n");
+        row("paths", "pak list legacy.pak", "/ü\n/b\n");
+        row("file", "pak extract legacy.pak /ü", bytes_);
+        row("file to a file", "pak extract legacy.pak /ü --output target", "");
     }
-
-    void packagePaths()
+    void output()
     {
-        const auto [status, out, error] =
-            run({QStringLiteral("pak"), QStringLiteral("list"), path(QStringLiteral("legacy.pak"))});
+        QFETCH(QString, words);
+        const auto [status, out, error] = run(folder_, words);
         QCOMPARE(status, 0);
-        QCOMPARE(out, QByteArray("/ü\n/b\n"));
-    }
-
-    void packageFiles()
-    {
-        const QStringList extract{QStringLiteral("pak"), QStringLiteral("extract"), path(QStringLiteral("legacy.pak"))};
-        const QByteArray bytes("\0\xFF\n", 3);
-        QCOMPARE(run(extract + QStringList{QStringLiteral("/ü")}).out, bytes);
-        const auto target = path(QStringLiteral("target"));
-        const auto [status, out, error] =
-            run(extract + QStringList{QStringLiteral("/ü"), QStringLiteral("--output"), target});
-        QCOMPARE(status, 0);
-        QCOMPARE(out + error, QByteArray());
-        QFile written(target);
-        QVERIFY(written.open(QIODevice::ReadOnly));
-        QCOMPARE(written.readAll(), bytes);
+        QTEST(out, "expected");
+        QCOMPARE(error, QByteArray());
+        QCOMPARE(folder_.read("target"), words.contains(u"target") ? bytes_ : QByteArray());
     }
 
     void failures_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QString>("blamed");
-        QTest::addColumn<QString>("message");
-        const auto pak = QStringLiteral("pak");
-        const auto list = QStringLiteral("list");
-        const auto extract = QStringLiteral("extract");
-        const auto legacy = path(QStringLiteral("legacy.pak"));
-        const auto noGame = path(QStringLiteral("none"));
-        const auto incompatible = QStringLiteral("Could not find compatible pak reader.");
-        QTest::newRow("no game") << QStringList{instruments, game, noGame} << noGame
-                                 << QStringLiteral("No Kelvarion installation was found at the specified directory.");
-        QTest::newRow("no package") << QStringList{pak, list, noGame} << noGame << incompatible;
-        QTest::newRow("no such file") << QStringList{pak, extract, legacy, QStringLiteral("/none")} << legacy
-                                      << QStringLiteral("File not found");
-        QTest::newRow("unwritable")
-            << QStringList{pak, extract, legacy, QStringLiteral("/b"), QStringLiteral("--output"), noGame} << noGame
-            << QString();
+        const Rows<QString, QByteArray> row("words", "error");
+        row("no game", "instruments --game none",
+            "none: No Kelvarion installation was found at the specified directory.");
+        row("no package", "pak list none", "none: Could not find compatible pak reader.");
+        row("endless", "pak list /dev/zero", "/dev/zero: Could not find compatible pak reader.");
+        row("no such file", "pak extract legacy.pak /none", "legacy.pak: File not found");
+        row("unwritable", "pak extract legacy.pak /b --output none", "none: ");
     }
     void failures()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(QString, blamed);
-        QFETCH(QString, message);
-        const auto [status, out, error] = run(arguments);
-        QCOMPARE(status, 1);
-        QCOMPARE(out, QByteArray());
-        const auto line = QStringLiteral("kelvarion-composer-cli: %1: %2").arg(blamed, message).toUtf8();
-        QVERIFY2(error.startsWith(line) && error.count('\n') == 1, error);
-    }
-
-    void wrongUsage_data()
-    {
-        QTest::addColumn<QString>("words");
-        for (const char *words :
-             {"", "pak", "pak list", "pak list a b", "pak extract a", "pak list a --game b", "instruments",
-              "instruments --game a b", "instruments --game a --output b", "instruments --game a --merge",
-              "inspect a --game b", "inspect a --output b", "convert a"})
-            QTest::newRow(words) << QString::fromLatin1(words);
-    }
-    void wrongUsage()
-    {
         QFETCH(QString, words);
-        const auto [status, out, error] = run(words.split(QLatin1Char(' '), Qt::SkipEmptyParts));
-        QCOMPARE(status, 2);
-        QCOMPARE(out, QByteArray());
-        QVERIFY(error.contains("Usage:"));
+        QFETCH(QByteArray, error);
+        const auto result = run(folder_, words);
+        QCOMPARE(result.status, 1);
+        QCOMPARE(result.out, QByteArray());
+        QVERIFY2(result.error.startsWith("kelvarion-composer-cli: " + error) && result.error.count('\n') == 1,
+                 result.error);
     }
 };
 

@@ -1,72 +1,23 @@
+#include "Program.h"
 #include "audio/SampleFiles.h"
 #include "audio/WaveFile.h"
 
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFileInfo>
-#include <QProcess>
-#include <QtTest>
 
 #include <csignal>
 
-namespace {
-
-struct Outcome
-{
-    int status;
-    QByteArray out;
-    QByteArray error;
-};
-
-Outcome outcomeOf(QProcess &program)
-{
-    if (!program.waitForFinished() || program.exitStatus() != QProcess::NormalExit)
-        qFatal("the program did not end by itself");
-    return {program.exitCode(), program.readAllStandardOutput(), program.readAllStandardError()};
-}
-
-void start(QProcess &program, const QStringList &arguments)
-{
-    program.start(QStringLiteral(COMPOSER_CLI), QStringList(QStringLiteral("render")) + arguments);
-}
-
-Outcome render(const QStringList &arguments)
-{
-    QProcess program;
-    start(program, arguments);
-    return outcomeOf(program);
-}
-
-} // namespace
-
-// kelvarion-composer-cli render, run as a user runs it.
+// kelvarion-composer-cli render. Each instrument has one sample, a click of a level of its own.
 class TestRender : public QObject
 {
     Q_OBJECT
 
-    SampleFiles files_;
-    const QString wav_ = files_.path(QStringLiteral("out.wav"));
+    const TestFolder folder_;
+    const QString wav_ = folder_.path("out.wav");
 
-    QString write(const QString &name, const QByteArray &bytes) const
+    Outcome render(const QByteArray &abc, const QString &words = {}) const
     {
-        QDir().mkpath(QFileInfo(files_.path(name)).path());
-        return files_.write(name, bytes);
-    }
-
-    void addInstrument(const QByteArray &name, qint16 level) const
-    {
-        const auto item = QStringLiteral("game/assets/items/instruments/%1.instrument").arg(QString::fromUtf8(name));
-        const auto directory = QStringLiteral("game/assets/sfx/instruments/%1/").arg(QString::fromUtf8(name));
-        write(item, QByteArray(R"({"shortdescription": "NAME", "kind": "NAME"})").replace("NAME", name));
-        write(directory + QStringLiteral("tuning.config"),
-              R"({"fadeout": 0, "mapping": {"60": {"file": "click.wav", "f": 261.6}}})");
-        write(directory + QStringLiteral("click.wav"), waveBytes({level}));
-    }
-
-    QStringList with(const QStringList &inputs) const
-    {
-        return inputs + QStringList{QStringLiteral("--game"), files_.path(QStringLiteral("game")),
-                                    QStringLiteral("--output"), wav_};
+        folder_.write("tune.abc", abc);
+        return run(folder_, QStringLiteral("render tune.abc --game game --output out.wav ") + words);
     }
 
     // The level of the only click, and the frame where it is.
@@ -83,79 +34,69 @@ class TestRender : public QObject
 private slots:
     void initTestCase()
     {
-        addInstrument("bell", 10000);
-        addInstrument("lute", 20000);
-        write(QStringLiteral("game/linux64/kelvarion"), "x");
+        for (const auto &[name, level] : {std::pair("bell", 10000), {"lute", 20000}}) {
+            const auto directory = QStringLiteral("game/assets/sfx/instruments/%1/").arg(QLatin1String(name));
+            folder_.write(QStringLiteral("game/assets/items/instruments/%1.instrument").arg(QLatin1String(name)),
+                          QByteArray(R"({"shortdescription": "NAME", "kind": "NAME"})").replace("NAME", name));
+            folder_.write(directory + QStringLiteral("tuning.config"),
+                          R"({"fadeout": 0, "mapping": {"60": {"file": "click.wav", "f": 261.6}}})");
+            folder_.write(directory + QStringLiteral("click.wav"), waveBytes({qint16(level)}));
+        }
+        folder_.write("game/linux64/kelvarion", "x");
     }
 
     void init() { QFile::remove(wav_); }
 
     void instruments_data()
     {
-        QTest::addColumn<QString>("field");
-        QTest::addColumn<QStringList>("options");
-        QTest::addColumn<int>("level");
-        QTest::addColumn<QByteArray>("warning");
-        const QStringList none, lute{QStringLiteral("--instrument"), QStringLiteral("lute")};
-        const auto named = [](const char *name) {
-            return QStringLiteral("I:Instrument:%1\n").arg(QLatin1String(name));
-        };
-        QTest::newRow("the first") << QString() << none << 10000 << QByteArray();
-        QTest::newRow("the default one") << QString() << lute << 20000 << QByteArray();
-        QTest::newRow("the track's own") << named("lute") << none << 20000 << QByteArray();
-        QTest::newRow("the track's own first") << named("bell") << lute << 10000 << QByteArray();
-        QTest::newRow("unknown") << named("kazoo") << lute << 20000
-                                 << QByteArray(
-                                        "kelvarion-composer-cli: Tune: Instrument 'kazoo' not found; playing lute.\n");
+        const Rows<QByteArray, QString, int, QByteArray> row("name", "options", "level", "warning");
+        const auto lute = QStringLiteral("--instrument lute");
+        row("the first", "", "", 10000, "");
+        row("the default one", "", lute, 20000, "");
+        row("the track's own", "lute", "", 20000, "");
+        row("the track's own first", "bell", lute, 10000, "");
+        row("unknown", "kazoo", lute, 20000,
+            "kelvarion-composer-cli: Tune: Instrument 'kazoo' not found; playing lute.\n");
     }
-
     void instruments()
     {
-        QFETCH(const QString, field);
-        QFETCH(const QStringList, options);
+        QFETCH(const QByteArray, name);
+        QFETCH(const QString, options);
         QFETCH(const int, level);
         QFETCH(const QByteArray, warning);
-        const auto abc = QStringLiteral("X:1\nT:Tune\n%1L:1/4\nQ:1/4=60\nK:C\nzC\n").arg(field);
-        const auto [status, out, error] = render(with({write(QStringLiteral("tune.abc"), abc.toUtf8())}) + options);
+        const auto field = name.isEmpty() ? "" : "I:Instrument:" + name + "\n";
+        const auto [status, out, error] = render("X:1\nT:Tune\n" + field + "L:1/4\nQ:1/4=60\nK:C\nzC\n", options);
         QCOMPARE(status, 0);
         QCOMPARE(error, warning);
-        QCOMPARE(out, "wrote " + wav_.toUtf8() + "\n");
-        QCOMPARE(click().second, 48000);
-        QCOMPARE(click().first, int(std::lround(level * std::sqrt(0.5))));
+        QCOMPARE(out, QByteArray("wrote out.wav\n"));
+        QCOMPARE(click(), std::pair(int(std::lround(level * std::sqrt(0.5))), 48000));
     }
 
     void inputsThatFailAreLeftOut()
     {
-        const auto tune = write(QStringLiteral("tune.abc"), "X:1\nL:1/4\nQ:1/4=60\nK:C\nzzC\n");
-        const auto missing = files_.path(QStringLiteral("missing.abc"));
-        const auto [status, out, error] = render(with({missing, tune}));
+        const auto [status, out, error] = render("X:1\nL:1/4\nQ:1/4=60\nK:C\nzzC\n", QStringLiteral("missing.abc"));
         QCOMPARE(status, 1);
-        QCOMPARE(error, "kelvarion-composer-cli: " + missing.toUtf8() + ": Could not open file.\n");
+        QCOMPARE(error, QByteArray("kelvarion-composer-cli: missing.abc: Could not open file.\n"));
         QCOMPARE(click().second, 96000);
     }
 
     void refusals_data()
     {
-        QTest::addColumn<QByteArray>("abc");
-        QTest::addColumn<QStringList>("options");
-        QTest::addColumn<QByteArray>("message");
+        const Rows<QByteArray, QString, QByteArray> row("abc", "options", "message");
         const QByteArray tune = "X:1\nK:C\nC\n";
-        QTest::newRow("too long") << QByteArray("X:1\nL:1/1\nQ:1/4=1\nK:C\nz100C\n") << QStringList()
-                                  << QByteArray("out.wav: The song is longer than 6 hours.");
-        QTest::newRow("no game") << tune << QStringList{QStringLiteral("--game"), files_.path(QStringLiteral("."))}
-                                 << QByteArray("No Kelvarion installation was found at the specified directory.");
-        QTest::newRow("instrument") << tune << QStringList{QStringLiteral("--instrument"), QStringLiteral("kazoo")}
-                                    << QByteArray("Instrument 'kazoo' not found.");
-        QTest::newRow("target") << tune << QStringList{QStringLiteral("--output"), files_.path(QStringLiteral("."))}
-                                << QByteArray("Not a regular file.");
+        row("too long", "X:1\nL:1/1\nQ:1/4=1\nK:C\nz100C\n", "", "out.wav: The song is longer than 6 hours.");
+        row("no game", tune, "--game .", "No Kelvarion installation was found at the specified directory.");
+        row("instrument", tune, "--instrument kazoo", "Instrument 'kazoo' not found.");
+        row("target", tune, "--output .", "Not a regular file.");
+        row("no folder", tune, "--output nowhere/out.wav", "nowhere/out.wav: The wave file cannot be written.");
+        row("the song", tune, "--output tune.abc", "tune.abc: The wave file would replace the song.");
     }
-
     void refusals()
     {
         QFETCH(const QByteArray, abc);
-        QFETCH(const QStringList, options);
+        QFETCH(const QString, options);
         QFETCH(const QByteArray, message);
-        const auto [status, out, error] = render(with({write(QStringLiteral("tune.abc"), abc)}) + options);
+        const auto [status, out, error] = render(abc, options);
         QCOMPARE(status, 1);
         QVERIFY2(error.endsWith(message + "\n") && error.count('\n') == 1, error.constData());
         QVERIFY(!QFile::exists(wav_));
@@ -164,11 +105,9 @@ private slots:
 #ifdef Q_OS_UNIX
     void controlC()
     {
-        QByteArray abc = "X:1\nL:1/4\nQ:1/4=60\nK:C\n";
-        for (int i = 0; i < 1000; ++i)
-            abc += "CDEFGABc CDEFGABc\n";
+        folder_.write("long.abc", "X:1\nL:1/4\nQ:1/4=60\nK:C\n" + QByteArray("CDEFGABc CDEFGABc\n").repeated(1000));
         QProcess program;
-        start(program, with({write(QStringLiteral("long.abc"), abc)}));
+        start(program, folder_, "render long.abc --game game --output out.wav");
         const QFileInfo unfinished(wav_ + QStringLiteral(".saving"));
         QTRY_VERIFY(QFile::exists(unfinished.filePath()) || program.state() == QProcess::NotRunning);
         QElapsedTimer timer;
@@ -177,7 +116,7 @@ private slots:
         const auto [status, out, error] = outcomeOf(program);
         QVERIFY2(timer.elapsed() < 200, qPrintable(QString::number(timer.elapsed())));
         QCOMPARE(status, 1);
-        QCOMPARE(error, "kelvarion-composer-cli: " + wav_.toUtf8() + ": Cancelled.\n");
+        QCOMPARE(error, QByteArray("kelvarion-composer-cli: out.wav: Cancelled.\n"));
         QVERIFY(!QFile::exists(wav_) && !unfinished.exists());
     }
 #endif

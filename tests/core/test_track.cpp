@@ -1,4 +1,6 @@
 #include "core/Track.h"
+#include "support/DescribeTrack.h"
+#include "support/Rows.h"
 
 #include <QtTest>
 
@@ -14,12 +16,6 @@ Track trackOf(const QVector<TrackEvent> &events)
     Track track;
     track.editEvents() = events;
     return track;
-}
-
-bool sameEvent(const TrackEvent &a, const TrackEvent &b)
-{
-    return a.kind() == b.kind() && a.start() == b.start() && a.length() == b.length() && a.pitch() == b.pitch() &&
-           a.ticksPerMinute() == b.ticksPerMinute() && a.keyIndex() == b.keyIndex() && a.numerator() == b.numerator();
 }
 
 } // namespace
@@ -51,50 +47,37 @@ private slots:
 
     void normalize_data()
     {
-        QTest::addColumn<QVector<TrackEvent>>("events");
-        QTest::addColumn<QVector<TrackEvent>>("expected");
-        QTest::addColumn<qint64>("length");
-
+        const Rows<QVector<TrackEvent>, QString, qint64> row("events", "expected", "length");
         const auto tempo = [](Ticks start, quint32 bpm) { return TrackEvent::tempo(start, 1, 4, bpm); };
         const auto note = [](Ticks start, Ticks length, quint32 pitch) {
             return TrackEvent::note(pitch, start, length);
         };
-        using Events = QVector<TrackEvent>;
-
-        QTest::newRow("empty") << Events() << Events() << qint64(0);
-        QTest::newRow("tempo that is in force") << Events{tempo(0, 120)} << Events() << qint64(0);
-        QTest::newRow("the later of two tempos")
-            << Events{tempo(5, 90), tempo(5, 100), tempo(9, 100)} << Events{tempo(5, 100)} << qint64(9);
-        QTest::newRow("the later of two keys, but both of key and metre")
-            << Events{TrackEvent::key(5, 3, 0), TrackEvent::key(5, 4, 0), TrackEvent::metre(5, 3, 4)}
-            << Events{TrackEvent::key(5, 4, 0), TrackEvent::metre(5, 3, 4)} << qint64(5);
-        QTest::newRow("chord by length, equals in order")
-            << Events{note(0, 20, 64), note(0, 10, 67), note(0, 10, 60)}
-            << Events{note(0, 10, 67), note(0, 10, 60), note(0, 20, 64)} << qint64(20);
-        QTest::newRow("other kinds before notes") << Events{note(7, 1, 60), TrackEvent::key(7, 3, 0)}
-                                                  << Events{TrackEvent::key(7, 3, 0), note(7, 1, 60)} << qint64(8);
-        QTest::newRow("a last tempo lengthens") << Events{note(0, 80640, 60), tempo(100000, 90)}
-                                                << Events{note(0, 80640, 60), tempo(100000, 90)} << qint64(100000);
-        QTest::newRow("a dropped tempo lengthens too")
-            << Events{note(0, 10, 60), tempo(100, 120)} << Events{note(0, 10, 60)} << qint64(100);
+        row("empty", {}, "", 0);
+        row("tempo that is in force", {tempo(0, 120)}, "", 0);
+        row("the later of two tempos", {tempo(5, 90), tempo(5, 100), tempo(9, 100)}, "Q1008000@5", 9);
+        row("the later of two keys, but both of key and metre",
+            {TrackEvent::key(5, 3, 0), TrackEvent::key(5, 4, 0), TrackEvent::metre(5, 3, 4)}, "K4/0@5 M3/4@5", 5);
+        row("chord by length, equals in order", {note(0, 20, 64), note(0, 10, 67), note(0, 10, 60)},
+            "67@0+10 60@0+10 64@0+20", 20);
+        row("other kinds before notes", {note(7, 1, 60), TrackEvent::key(7, 3, 0)}, "K3/0@7 60@7+1", 8);
+        row("a last tempo lengthens", {note(0, 80640, 60), tempo(100000, 90)}, "60@0+80640 Q907200@100000", 100000);
+        row("a dropped tempo lengthens too", {note(0, 10, 60), tempo(100, 120)}, "60@0+10", 100);
     }
 
     void normalize()
     {
         QFETCH(QVector<TrackEvent>, events);
-        QFETCH(QVector<TrackEvent>, expected);
         auto track = trackOf(events);
         track.normalize();
         QTEST(track.length(), "length");
-        QCOMPARE(track.events().size(), expected.size());
-        QVERIFY(std::equal(expected.begin(), expected.end(), track.events().begin(), sameEvent));
+        QTEST(describe(track), "expected");
     }
 
     void sortsAnyOrderStably_data()
     {
-        QTest::addColumn<int>("disorder");
-        QTest::newRow("nearly sorted") << 3;
-        QTest::newRow("shuffled") << 100000;
+        const Rows<int> row("disorder");
+        row("nearly sorted", 3);
+        row("shuffled", 100000);
     }
 
     void sortsAnyOrderStably()
@@ -110,7 +93,7 @@ private slots:
         });
         auto track = trackOf(events);
         track.normalize();
-        QVERIFY(std::equal(expected.begin(), expected.end(), track.events().begin(), sameEvent));
+        QCOMPARE(describe(track), describe(trackOf(expected)));
     }
 
     void seeks()

@@ -1,60 +1,40 @@
 #include "assets/GameInstallation.h"
 #include "assets/InstrumentScan.h"
 #include "assets/PackageRegistry.h"
+#include "audio/engine/SampleDecoder.h"
 #include "core/AbcParser.h"
+#include "support/Rows.h"
 
 #include <QDirIterator>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QTemporaryFile>
 #include <QtTest>
 
 #include <algorithm>
-#include <cmath>
 #include <complex>
+#include <numbers>
 #include <numeric>
-#include <sndfile.h>
+#include <span>
 
 namespace {
-struct Sound
-{
-    SF_INFO info{};
-    std::vector<double> frames; // interleaved
-
-    double peak() const
-    {
-        return std::accumulate(frames.begin(), frames.end(), 0.0,
-                               [](double most, double value) { return std::max(most, std::abs(value)); });
-    }
-    double mean() const { return std::accumulate(frames.begin(), frames.end(), 0.0) / double(frames.size()); }
-};
-
 Sound decoded(const QByteArray &bytes)
 {
-    QTemporaryFile file;
     Sound sound;
-    if (!file.open() || file.write(bytes) != bytes.size() || !file.flush())
-        return sound;
-    auto *reader = sf_open(file.fileName().toLocal8Bit().constData(), SFM_READ, &sound.info);
-    if (reader == nullptr)
-        return sound;
-    sound.frames.resize(size_t(sound.info.frames * sound.info.channels));
-    sound.frames.resize(size_t(sf_read_double(reader, sound.frames.data(), sf_count_t(sound.frames.size()))));
-    sf_close(reader);
+    if (decodeSample(std::as_bytes(std::span(bytes.constData(), std::size_t(bytes.size()))), sound) != AudioResult::Ok)
+        qFatal("a sample cannot be read");
     return sound;
 }
 
 // How loud the first channel is at a frequency, up to a factor, after its noisy beginning.
-double loudnessAt(const Sound &sound, double hertz)
+double loudnessAt(const SoundData &sound, double hertz)
 {
-    constexpr double pi = 3.14159265358979323846;
-    const auto begin = sound.info.samplerate / 20;
-    const auto end = std::min<sf_count_t>(sound.info.frames, sound.info.samplerate * 2);
-    const auto turn = std::polar(1.0, -2 * pi * hertz / sound.info.samplerate);
+    const auto begin = std::size_t(sound.sampleRate() / 20);
+    const auto end = std::min(sound.frames(), std::size_t(sound.sampleRate() * 2));
+    const auto turn = std::polar(1.0, -2 * std::numbers::pi * hertz / sound.sampleRate());
     std::complex<double> sum = 0, phase = 1;
-    for (auto i = sf_count_t(begin); i < end; ++i, phase *= turn) {
-        const auto window = 0.5 - 0.5 * std::cos(2 * pi * double(i - begin) / double(end - begin));
-        sum += window * phase * sound.frames[size_t(i * sound.info.channels)];
+    for (auto i = begin; i < end; ++i, phase *= turn) {
+        const auto window = 0.5 - 0.5 * std::cos(2 * std::numbers::pi * double(i - begin) / double(end - begin));
+        sum += window * phase * double(sound.plane(0)[i]);
     }
     return std::abs(sum);
 }
@@ -106,20 +86,13 @@ private slots:
 
     void findsWhatEveryPlaceHolds_data()
     {
-        QTest::addColumn<QString>("place");
-        QTest::addColumn<QString>("names");
-        QTest::newRow("current package") << "assets/packed.pak::/sfx/"
-                                         << "Bass,Bells,Choir,Drums,Flute,Lute,Organ";
-        QTest::newRow("legacy package") << "assets/legacy.pak::/sfx/"
-                                        << "Accordion,Fiddle,Marimba";
-        QTest::newRow("loose files") << "assets/sfx/"
-                                     << "Harp";
-        QTest::newRow("player's files") << "assets/user/sfx/"
-                                        << "Oboe";
-        QTest::newRow("mod") << "mods/reedcutter/content/sfx/"
-                             << "Panpipes";
-        QTest::newRow("packed mod") << "mods/clockwork.modpak::/clockwork/sfx/"
-                                    << "Music Box";
+        const Rows<QString, QString> row("place", "names");
+        row("current package", "assets/packed.pak::/sfx/", "Bass,Bells,Choir,Drums,Flute,Lute,Organ");
+        row("legacy package", "assets/legacy.pak::/sfx/", "Accordion,Fiddle,Marimba");
+        row("loose files", "assets/sfx/", "Harp");
+        row("player's files", "assets/user/sfx/", "Oboe");
+        row("mod", "mods/reedcutter/content/sfx/", "Panpipes");
+        row("packed mod", "mods/clockwork.modpak::/clockwork/sfx/", "Music Box");
     }
     void findsWhatEveryPlaceHolds()
     {
@@ -128,13 +101,12 @@ private slots:
         QStringList found;
         const auto isMod = place.startsWith(QLatin1String("mods"));
         for (const auto &name : instruments_.names()) {
-            if (instruments_.instrument(name).tuning.notes.first().files.first().contains(root_ + QLatin1Char('/') +
-                                                                                          place))
+            if (instruments_.instrument(name).tuning.notes.first().files.first().contains(root_ + u'/' + place))
                 found.append(name);
             if (found.contains(name))
                 QCOMPARE(withoutMods_.contains(name), !isMod);
         }
-        QCOMPARE(found.join(QLatin1Char(',')), names);
+        QCOMPARE(found.join(u','), names);
     }
 
     void everySampleSounds_data() { addInstruments(); }
@@ -148,12 +120,17 @@ private slots:
         paths.removeDuplicates();
         for (const auto &path : paths) {
             const auto sound = decoded(readGameFile(path));
-            QVERIFY2(sound.frames.size() > 4000, qPrintable(path));
-            const auto peak = sound.peak();
-            QVERIFY2(peak > 0.03 && peak < 0.7, qPrintable(path));
-            QVERIFY2(std::abs(sound.mean()) < 0.002, qPrintable(path));
-            QVERIFY2(std::abs(sound.frames.front()) < 0.05 * peak, qPrintable(path));
-            QVERIFY2(std::abs(sound.frames.back()) < 0.01 * peak, qPrintable(path));
+            QVERIFY2(sound->frames() > 4000, qPrintable(path));
+            for (int channel = 0; channel < sound->channels(); ++channel) {
+                const std::span frames(sound->plane(channel), sound->frames());
+                const auto [lowest, highest] = std::minmax_element(frames.begin(), frames.end());
+                const auto peak = std::max(*highest, -*lowest);
+                const auto mean = std::accumulate(frames.begin(), frames.end(), 0.0) / double(frames.size());
+                QVERIFY2(peak > 0.03F && peak < 0.7F, qPrintable(path));
+                QVERIFY2(std::abs(mean) < 0.002, qPrintable(path));
+                QVERIFY2(std::abs(frames.front()) < 0.05F * peak, qPrintable(path));
+                QVERIFY2(std::abs(frames.back()) < 0.01F * peak, qPrintable(path));
+            }
         }
     }
 
@@ -171,21 +148,21 @@ private slots:
             if (note->rate != 1.0)
                 continue; // borrowed
             const auto sound = decoded(readGameFile(note->files.last()));
-            const auto loudness = loudnessAt(sound, note->frequency);
+            const auto loudness = loudnessAt(*sound, note->frequency);
             for (const auto semitone : {-1, 1})
-                QVERIFY2(loudnessAt(sound, note->frequency * std::exp2(semitone / 12.0)) < 0.5 * loudness,
+                QVERIFY2(loudnessAt(*sound, note->frequency * std::exp2(semitone / 12.0)) < 0.5 * loudness,
                          qPrintable(note->files.last()));
         }
     }
 
     void songsPlayOnIt_data()
     {
-        QTest::addColumn<QString>("path");
+        const Rows<QString> row("path");
         QDirIterator walk(QStringLiteral(DEMO_SONGS), {QStringLiteral("*.abc")}, QDir::Files,
                           QDirIterator::Subdirectories);
         while (walk.hasNext()) {
             const auto path = walk.next();
-            QTest::newRow(qPrintable(QDir(QStringLiteral(DEMO_SONGS)).relativeFilePath(path))) << path;
+            row(qPrintable(QDir(QStringLiteral(DEMO_SONGS)).relativeFilePath(path)), path);
         }
     }
     void songsPlayOnIt()
@@ -203,9 +180,9 @@ private slots:
 private:
     void addInstruments() const
     {
-        QTest::addColumn<QString>("name");
+        const Rows<QString> row("name");
         for (const auto &name : instruments_.names())
-            QTest::newRow(qPrintable(name)) << name;
+            row(qPrintable(name), name);
     }
     const Instrument &namedInstrument() const
     {

@@ -6,6 +6,8 @@
 #include "import/Transpose.h"
 #include "import/UnitLength.h"
 #include "support/DescribeTrack.h"
+#include "support/Rows.h"
+#include "support/Thrown.h"
 
 #include <QtTest>
 
@@ -45,11 +47,11 @@ class TestTransformations : public QObject
 private slots:
     void snaps_data()
     {
-        QTest::addColumn<QVector<quint32>>("grids");
-        QTest::newRow("quick") << QVector<quint32>{128, 96, 80, 112, 72};
-        QTest::newRow("one") << QVector<quint32>{96};
-        QTest::newRow("triplets first") << QVector<quint32>{3, 1};
-        QTest::newRow("no divisors") << QVector<quint32>{11, 40320};
+        const Rows<QVector<quint32>> row("grids");
+        row("quick", {128, 96, 80, 112, 72});
+        row("one", {96});
+        row("triplets first", {3, 1});
+        row("no divisors", {11, 40320});
     }
 
     void snaps()
@@ -95,16 +97,15 @@ private slots:
     {
         auto track = changeKey(tune("^FB"), QStringLiteral("G"));
         QVERIFY(track.toAbc().endsWith(QStringLiteral("K: G\nF B \n")));
-        QCOMPARE(keyText(10, 1, MajorQualifier::Omit), QStringLiteral("Cm"));
-        QCOMPARE(keyText(7, 0, MajorQualifier::Omit), QStringLiteral("C"));
+        QStringList keys;
+        for (const auto &[row, mode] : {std::pair(10U, 1U), {7, 0}, {0, 5}})
+            keys += keyText(row, mode, MajorQualifier::Omit);
+        QCOMPARE(keys.join(u' '), QStringLiteral("Cm C F#lyd"));
         QCOMPARE(keyText(7, 0, MajorQualifier::Include), QStringLiteral("Cmaj"));
-        QCOMPARE(keyText(0, 5, MajorQualifier::Omit), QStringLiteral("F#lyd"));
         for (quint32 row = 0; row < 15; ++row) {
             for (quint32 mode = 0; mode < 7; ++mode) {
                 const auto position = keyPosition(keyText(row, mode, MajorQualifier::Include));
-                QVERIFY(position.has_value());
-                QCOMPARE(position->row, row);
-                QCOMPARE(position->mode, mode);
+                QVERIFY(position && position->row == row && position->mode == mode);
             }
         }
         QVERIFY(!keyPosition(QStringLiteral("12")).has_value());
@@ -112,13 +113,13 @@ private slots:
 
     void detectsUnitLength_data()
     {
-        QTest::addColumn<QString>("body"); // with the default unit of a quarter
-        QTest::addColumn<int>("denominator");
-        QTest::newRow("no notes") << QString() << 4;
-        QTest::newRow("eighths") << QStringLiteral("C/C/C/C/") << 8;
-        QTest::newRow("equal costs take the longer") << QStringLiteral("CC/") << 4;
-        QTest::newRow("triplets") << QStringLiteral("C/3D/3E/3F") << 12;
-        QTest::newRow("zero lengths") << QStringLiteral("C0D0") << 1;
+        // body: with the default unit of a quarter
+        const Rows<QString, int> row("body", "denominator");
+        row("no notes", "", 4);
+        row("eighths", "C/C/C/C/", 8);
+        row("equal costs take the longer", "CC/", 4);
+        row("triplets", "C/3D/3E/3F", 12);
+        row("zero lengths", "C0D0", 1);
     }
 
     void detectsUnitLength()
@@ -143,12 +144,11 @@ private slots:
 
     void keepsTheTempoWhenTheUnitChanges_data()
     {
-        QTest::addColumn<QString>("fields");
-        QTest::addColumn<QString>("tempo");
-        QTest::newRow("missing") << QStringLiteral("L:1/8\n") << QStringLiteral("1/8=120");
-        QTest::newRow("counted in units") << QStringLiteral("L:6/32\nQ:90\n") << QStringLiteral("3/16=90");
-        QTest::newRow("with its beat") << QStringLiteral("Q:3/8=60\n") << QStringLiteral("3/8=60");
-        QTest::newRow("words") << QStringLiteral("Q:Allegro\n") << QStringLiteral("1/4=120");
+        const Rows<QString, QString> row("fields", "tempo");
+        row("missing", "L:1/8\n", "1/8=120");
+        row("counted in units", "L:6/32\nQ:90\n", "3/16=90");
+        row("with its beat", "Q:3/8=60\n", "3/8=60");
+        row("words", "Q:Allegro\n", "1/4=120");
     }
 
     void keepsTheTempoWhenTheUnitChanges()
@@ -179,32 +179,25 @@ private slots:
 
     void refusesToMergeOtherTempos_data()
     {
-        QTest::addColumn<QString>("other");
-        QTest::newRow("at the start") << QStringLiteral("Q:1/4=101\nK:C\nC");
-        QTest::newRow("later") << QStringLiteral("Q:1/4=100\nK:C\nC2[Q:1/4=91]D");
-        QTest::newRow("where the first has none") << QStringLiteral("Q:1/4=100\nK:C\nC[Q:1/4=90]D");
+        const Rows<QString> row("other");
+        row("at the start", "Q:1/4=101\nK:C\nC");
+        row("later", "Q:1/4=100\nK:C\nC2[Q:1/4=91]D");
+        row("where the first has none", "Q:1/4=100\nK:C\nC[Q:1/4=90]D");
     }
 
     void refusesToMergeOtherTempos()
     {
         QFETCH(QString, other);
         const auto first = tune("C2[Q:1/4=90]D", "Q:1/4=100\n");
-        QString message;
-        try {
-            mergeTracks({first, parseAbc(other)});
-        } catch (const QString &thrown) {
-            message = thrown;
-        }
-        QCOMPARE(message, QStringLiteral("Cannot merge tracks with different tempos"));
+        QCOMPARE(thrownBy([&] {
+                     mergeTracks({first, parseAbc(other)});
+                 }),
+                 QStringLiteral("Cannot merge tracks with different tempos"));
     }
 
     void readsMml_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("tracks");
-        const auto row = [](const char *name, const char *text, const char *tracks) {
-            QTest::newRow(name) << QString::fromLatin1(text) << QString::fromLatin1(tracks);
-        };
+        const Rows<QString, QString> row("text", "tracks");
         row("two tracks", "MML@t120l8cdef,l4g;", "60@0+5040 62@5040+5040 64@10080+5040 65@15120+5040 | 67@0+10080");
         row("ties", "c4&c4 c4&d4", "60@0+20160 60@20160+10080 62@30240+10080");
         row("a tie over the separator", "c&,cd", "60@0+20160 62@20160+10080");

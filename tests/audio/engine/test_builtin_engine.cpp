@@ -2,14 +2,13 @@
 #include "ReferenceMix.h"
 #include "Signals.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "support/Rows.h"
 
 #include <QtTest>
 
 #include <cstring>
 
 namespace {
-
-constexpr float monoShare = float(0.70710678118654752);
 
 // Everything that is mixed, left and right apart.
 struct Recording
@@ -26,6 +25,17 @@ struct Recording
     }
     float left(std::size_t clock) const { return stereo[2 * clock]; }
     float right(std::size_t clock) const { return stereo[2 * clock + 1]; }
+    // The levels at these clocks; where the sides differ, as "left/right".
+    QString at(std::initializer_list<std::size_t> clocks) const
+    {
+        QStringList levels;
+        for (const auto clock : clocks) {
+            levels += QString::number(double(left(clock)));
+            if (left(clock) != right(clock))
+                levels.last() += u'/' + QString::number(double(right(clock)));
+        }
+        return levels.join(u' ');
+    }
 
     std::vector<float> stereo;
 
@@ -63,23 +73,270 @@ private slots:
         QCOMPARE(engine->initialize(), AudioResult::Ok);
     }
 
-    void clocksAreExact_data();
-    void clocksAreExact();
-    void monoAndStereo();
-    void fadeIsLinear();
-    void levels();
-    void levelGlides();
-    void meters();
-    void lateStartPlaysFromTheBeginning();
-    void fadeOut();
-    void stopGroup();
-    void voiceLimit();
-    void groupLimitAndReuse();
-    void soundsAreLetGo();
-    void agreesWithReference();
-    void spansAgreeBitForBit();
-    void refusals_data();
-    void refusals();
+    void clocksAreExact_data()
+    {
+        const Rows<quint64, quint64> row("start", "end");
+        row("inside a block", 3, 10);
+        row("whole block", 512, 1024);
+        row("across blocks", 511, 1025);
+        row("one sample", 777, 778);
+        row("from the first", 0, 1);
+        row("nothing", 600, 600);
+    }
+
+    void clocksAreExact()
+    {
+        QFETCH(quint64, start);
+        QFETCH(quint64, end);
+        const auto sound = noiseSound(2, 4000, 5);
+        const auto voice = play({sound, masterGroup, start, end, end});
+        QVERIFY(engine->isPlaying(voice));
+        Recording recording(*engine);
+        recording.update(4);
+        for (std::size_t clock = 0; clock < 2048; ++clock) {
+            const bool sounds = clock >= start && clock < end;
+            QCOMPARE(recording.left(clock), sounds ? sound->plane(0)[clock - start] : 0.0F);
+            QCOMPARE(recording.right(clock), sounds ? sound->plane(1)[clock - start] : 0.0F);
+        }
+        QVERIFY(!engine->isPlaying(voice));
+        QCOMPARE(engine->playingVoices(), std::size_t(0));
+        QCOMPARE(engine->clock(), DspClock(2048));
+    }
+
+    void monoAndStereo()
+    {
+        play({constantSound(1, 100, 0.5F)});
+        play({constantSound(2, 50, 0.25F)});
+        Recording recording(*engine);
+        recording.update();
+        QCOMPARE(recording.at({10, 60, 100}), QStringLiteral("0.603553 0.353553 0"));
+    }
+
+    void fadeIsLinear()
+    {
+        play({constantSound(2, 5000, 1), masterGroup, 100, 400, 1400, 0.5F});
+        Recording recording(*engine);
+        recording.update(3);
+        QCOMPARE(recording.at({399, 400, 900, 1399, 1400}), QStringLiteral("0.5 0.5 0.25 0.0005 0"));
+    }
+
+    void levels()
+    {
+        const auto quiet = group({0.5F, 0}), left = group({1, -1}), halfRight = group({1, 0.5F});
+        QCOMPARE(engine->setGroupLevel(masterGroup, {2, 0}), AudioResult::Ok);
+        const auto sound = constantSound(2, 100, 0.125F);
+        play({sound, quiet, 0});
+        play({sound, left, 100});
+        play({sound, halfRight, 200});
+        Recording recording(*engine);
+        recording.update();
+        QCOMPARE(recording.at({50, 150, 250}), QStringLiteral("0.125 0.25/0 0.125/0.25"));
+    }
+
+    void levelGlides()
+    {
+        const auto track = group();
+        play({constantSound(2, 5000, 1), track});
+        Recording recording(*engine);
+        recording.update();
+        QCOMPARE(engine->setGroupLevel(track, {0, 0}), AudioResult::Ok);
+        recording.update(2);
+        for (std::size_t clock = 512; clock < 1023; ++clock)
+            QVERIFY(recording.left(clock) > recording.left(clock + 1) &&
+                    recording.left(clock) - recording.left(clock + 1) < 0.01F);
+        QCOMPARE(recording.left(1024), 0.0F);
+    }
+
+    void meters()
+    {
+        const auto track = group({0.5F, 0}), other = group();
+        auto sound = std::make_shared<SoundData>(2, 1024, 48000);
+        std::fill_n(sound->plane(0), 1024, 0.5F);
+        sound->plane(1)[3] = -0.75F;
+        play({sound, track});
+        Recording recording(*engine);
+        recording.update();
+        // One reading covers all blocks since the one before: the peak of the first is not lost in the second.
+        recording.update();
+        const auto read = [this](GroupId id) {
+            const auto [leftRms, rightRms, leftPeak, rightPeak] = engine->groupMeter(id);
+            return QStringLiteral("%1 %2 %3 %4").arg(leftRms).arg(rightRms).arg(leftPeak).arg(rightPeak);
+        };
+        QCOMPARE(read(track), QStringLiteral("0.25 0.0117188 0.25 0.375"));
+        QCOMPARE(engine->groupMeter(masterGroup).rightPeak, 0.375F);
+        QCOMPARE(read(other), QStringLiteral("0 0 0 0"));
+        recording.update();
+        QCOMPARE(engine->groupMeter(track).rightPeak, 0.0F);
+        QCOMPARE(read(GroupId{500}), QStringLiteral("0 0 0 0"));
+    }
+
+    void lateStartPlaysFromTheBeginning()
+    {
+        Recording recording(*engine);
+        recording.update();
+        const auto sound = noiseSound(2, 100, 6);
+        play({sound, masterGroup, 0});
+        recording.update();
+        QCOMPARE(recording.left(512), sound->plane(0)[0]);
+        QCOMPARE(recording.left(611), sound->plane(0)[99]);
+        QCOMPARE(recording.left(612), 0.0F);
+    }
+
+    void fadeOut()
+    {
+        const auto voice = play({constantSound(2, 5000, 1), masterGroup, 0, never, never, 0.5F});
+        const auto waiting = play({constantSound(2, 5000, 1), masterGroup, 1000});
+        Recording recording(*engine);
+        recording.update();
+        QCOMPARE(engine->fadeOut(voice, 100), AudioResult::Ok);
+        QCOMPARE(engine->fadeOut(waiting, 100), AudioResult::Ok);
+        recording.update(2);
+        QCOMPARE(recording.at({511, 512, 562, 612, 1200}), QStringLiteral("0.5 0.5 0.25 0 0"));
+        QVERIFY(!engine->isPlaying(voice) && !engine->isPlaying(waiting));
+        QCOMPARE(engine->fadeOut(voice, 100), AudioResult::Ok);
+    }
+
+    void stopGroup()
+    {
+        const auto track = group(), other = group();
+        const auto sound = constantSound(2, 5000, 0.25F);
+        play({sound, track});
+        play({sound, track, 700});
+        play({sound, other, 900});
+        Recording recording(*engine);
+        recording.update();
+        QCOMPARE(engine->stopGroup(track), AudioResult::Ok);
+        recording.update(2);
+        QCOMPARE(recording.at({512, 632, 752, 900}), QStringLiteral("0.25 0.125 0 0.25"));
+        QCOMPARE(engine->playingVoices(), std::size_t(1));
+    }
+
+    void voiceLimit()
+    {
+        const auto sound = constantSound(2, 10, 1.0F / 4096);
+        VoiceId voice{};
+        for (std::size_t i = 0; i < maxVoices; ++i)
+            QCOMPARE(engine->play({sound, masterGroup, 5}, voice), AudioResult::Ok);
+        QCOMPARE(engine->play({sound, masterGroup, 5}, voice), AudioResult::TooManyVoices);
+        QCOMPARE(engine->playingVoices(), maxVoices);
+        Recording recording(*engine);
+        recording.update();
+        QCOMPARE(recording.left(5), 0.5F);
+        QCOMPARE(engine->playingVoices(), std::size_t(0));
+        QCOMPARE(engine->play({sound, masterGroup, 5}, voice), AudioResult::Ok);
+    }
+
+    void groupLimitAndReuse()
+    {
+        GroupId last{};
+        for (std::size_t i = 1; i < maxGroups; ++i)
+            last = group();
+        GroupId created{};
+        QCOMPARE(engine->createGroup(created), AudioResult::TooManyGroups);
+        // A released group's number comes back when its voices have played to their ends.
+        play({constantSound(2, 600, 0.5F), last});
+        QCOMPARE(engine->releaseGroup(last), AudioResult::Ok);
+        QCOMPARE(engine->createGroup(created), AudioResult::TooManyGroups);
+        Recording recording(*engine);
+        recording.update(2);
+        QCOMPARE(recording.left(599), 0.5F);
+        QCOMPARE(engine->createGroup(created), AudioResult::Ok);
+        QCOMPARE(created, last);
+        QCOMPARE(engine->groupMeter(created).leftPeak, 0.0F);
+    }
+
+    void soundsAreLetGo()
+    {
+        auto sound = constantSound(1, 600, 1);
+        std::weak_ptr<const SoundData> watched = sound;
+        play({sound});
+        sound.reset();
+        Recording recording(*engine);
+        recording.update();
+        QVERIFY(!watched.expired());
+        recording.update();
+        QVERIFY(watched.expired());
+
+        sound = constantSound(1, 600, 1);
+        watched = sound;
+        play({std::move(sound)});
+        QCOMPARE(engine->release(), AudioResult::Ok);
+        QVERIFY(watched.expired());
+        QCOMPARE(engine->update(), AudioResult::NotInitialized);
+    }
+
+    void agreesWithReference()
+    {
+        const auto mix = randomMix(5, 60, 7);
+        std::vector<float> stereo(2 * 12000);
+        QCOMPARE(engine->mixSpan(mix, 0, stereo), AudioResult::Ok);
+        const ReferenceMix reference(mix);
+        double largest = 0;
+        for (std::size_t clock = 0; clock < stereo.size() / 2; ++clock) {
+            const auto [left, right] = reference.at(clock);
+            largest = std::max(
+                {largest, std::abs(left - double(stereo[2 * clock])), std::abs(right - double(stereo[2 * clock + 1]))});
+        }
+        QVERIFY2(largest < 1e-5, qPrintable(QString::number(20 * std::log10(largest))));
+    }
+
+    void spansAgreeBitForBit()
+    {
+        const auto mix = randomMix(9, 400, 8);
+        std::vector<float> whole(2 * 24 * 512), pieces(whole.size());
+        QCOMPARE(engine->mixSpan(mix, 0, whole), AudioResult::Ok);
+        std::minstd_rand random(9);
+        for (std::size_t at = 0; at < pieces.size();) {
+            const auto size = std::min<std::size_t>(2 * (1 + random() % 3000), pieces.size() - at);
+            QCOMPARE(engine->mixSpan(mix, at / 2, {pieces.data() + at, size}), AudioResult::Ok);
+            at += size;
+        }
+        QVERIFY(std::memcmp(whole.data(), pieces.data(), whole.size() * sizeof(float)) == 0);
+
+        // The same voices, played: every voice is given in the update before its block.
+        QCOMPARE(engine->initialize(), AudioResult::Ok);
+        for (std::size_t i = 1; i < mix.groups.size(); ++i)
+            group(mix.groups[i]);
+        QCOMPARE(engine->setGroupLevel(masterGroup, mix.groups[0]), AudioResult::Ok);
+        for (const auto &spec : mix.voices)
+            play(spec);
+        Recording recording(*engine);
+        recording.update(24);
+        QVERIFY(std::memcmp(whole.data(), recording.stereo.data(), whole.size() * sizeof(float)) == 0);
+    }
+
+    void refusals_data()
+    {
+        const Rows<double, float, quint64, quint64, int, bool> row("ratio", "gain", "start", "fadeEnd", "group",
+                                                                   "known");
+        const auto nan = std::nan("");
+        row("ratio 0", 0.0, 1.0F, 0, 200, 0, true);
+        row("negative ratio", -1.0, 1.0F, 0, 200, 0, true);
+        row("ratio not a number", nan, 1.0F, 0, 200, 0, true);
+        row("endless ratio", HUGE_VAL, 1.0F, 0, 200, 0, true);
+        row("gain not a number", 1.0, float(nan), 0, 200, 0, true);
+        row("fade before its beginning", 1.0, 1.0F, 0, 99, 0, true);
+        row("start out of all time", 1.0, 1.0F, quint64(never), quint64(never), 0, true);
+        row("no such group", 1.0, 1.0F, 0, 200, 3, false);
+        row("no such group number", 1.0, 1.0F, 0, 200, 1, false);
+    }
+
+    void refusals()
+    {
+        QFETCH(double, ratio);
+        QFETCH(float, gain);
+        QFETCH(quint64, start);
+        QFETCH(quint64, fadeEnd);
+        QFETCH(int, group);
+        QFETCH(bool, known);
+        const VoiceSpec spec{constantSound(1, 10, 1), GroupId(group), start, 100, fadeEnd, gain, ratio};
+        VoiceId voice{};
+        QCOMPARE(engine->play(spec, voice), known ? AudioResult::InvalidArgument : AudioResult::UnknownGroup);
+        QCOMPARE(engine->playingVoices(), std::size_t(0));
+        std::vector<float> stereo(64);
+        if (start == 0)
+            QCOMPARE(engine->mixSpan({{{}}, {spec}}, 0, stereo), AudioResult::InvalidArgument);
+    }
 
 private:
     VoiceId play(const VoiceSpec &spec)
@@ -99,295 +356,6 @@ private:
 
     std::unique_ptr<BuiltinEngine> engine;
 };
-
-void TestBuiltinEngine::clocksAreExact_data()
-{
-    QTest::addColumn<quint64>("start");
-    QTest::addColumn<quint64>("end");
-    QTest::newRow("inside a block") << quint64(3) << quint64(10);
-    QTest::newRow("whole block") << quint64(512) << quint64(1024);
-    QTest::newRow("across blocks") << quint64(511) << quint64(1025);
-    QTest::newRow("one sample") << quint64(777) << quint64(778);
-    QTest::newRow("from the first") << quint64(0) << quint64(1);
-    QTest::newRow("nothing") << quint64(600) << quint64(600);
-}
-
-void TestBuiltinEngine::clocksAreExact()
-{
-    QFETCH(quint64, start);
-    QFETCH(quint64, end);
-    const auto sound = noiseSound(2, 4000, 5);
-    const auto voice = play({sound, masterGroup, start, end, end});
-    QVERIFY(engine->isPlaying(voice));
-    Recording recording(*engine);
-    recording.update(4);
-    for (std::size_t clock = 0; clock < 2048; ++clock) {
-        const bool sounds = clock >= start && clock < end;
-        QCOMPARE(recording.left(clock), sounds ? sound->plane(0)[clock - start] : 0.0F);
-        QCOMPARE(recording.right(clock), sounds ? sound->plane(1)[clock - start] : 0.0F);
-    }
-    QVERIFY(!engine->isPlaying(voice));
-    QCOMPARE(engine->playingVoices(), std::size_t(0));
-    QCOMPARE(engine->clock(), DspClock(2048));
-}
-
-void TestBuiltinEngine::monoAndStereo()
-{
-    play({constantSound(1, 100, 0.5F)});
-    play({constantSound(2, 50, 0.25F)});
-    Recording recording(*engine);
-    recording.update();
-    QCOMPARE(recording.left(10), 0.5F * monoShare + 0.25F);
-    QCOMPARE(recording.right(10), 0.5F * monoShare + 0.25F);
-    QCOMPARE(recording.left(60), 0.5F * monoShare);
-    QCOMPARE(recording.left(100), 0.0F);
-}
-
-void TestBuiltinEngine::fadeIsLinear()
-{
-    play({constantSound(2, 5000, 1), masterGroup, 100, 400, 1400, 0.5F});
-    Recording recording(*engine);
-    recording.update(3);
-    QCOMPARE(recording.left(399), 0.5F);
-    QCOMPARE(recording.left(400), 0.5F);
-    QCOMPARE(recording.left(900), 0.25F);
-    QVERIFY(std::abs(recording.left(1399) - 0.0005F) < 1e-7F);
-    QCOMPARE(recording.left(1400), 0.0F);
-}
-
-void TestBuiltinEngine::levels()
-{
-    const auto quiet = group({0.5F, 0}), left = group({1, -1}), halfRight = group({1, 0.5F});
-    QCOMPARE(engine->setGroupLevel(masterGroup, {2, 0}), AudioResult::Ok);
-    const auto sound = constantSound(2, 100, 0.125F);
-    play({sound, quiet, 0});
-    play({sound, left, 100});
-    play({sound, halfRight, 200});
-    Recording recording(*engine);
-    recording.update();
-    QCOMPARE(recording.left(50), 0.125F);
-    QCOMPARE(recording.right(50), 0.125F);
-    QCOMPARE(recording.left(150), 0.25F);
-    QCOMPARE(recording.right(150), 0.0F);
-    QCOMPARE(recording.left(250), 0.125F);
-    QCOMPARE(recording.right(250), 0.25F);
-}
-
-void TestBuiltinEngine::levelGlides()
-{
-    const auto track = group();
-    play({constantSound(2, 5000, 1), track});
-    Recording recording(*engine);
-    recording.update();
-    QCOMPARE(engine->setGroupLevel(track, {0, 0}), AudioResult::Ok);
-    recording.update(2);
-    for (std::size_t clock = 512; clock < 1023; ++clock)
-        QVERIFY(recording.left(clock) > recording.left(clock + 1) &&
-                recording.left(clock) - recording.left(clock + 1) < 0.01F);
-    QCOMPARE(recording.left(1024), 0.0F);
-}
-
-void TestBuiltinEngine::meters()
-{
-    const auto track = group({0.5F, 0}), other = group();
-    auto sound = std::make_shared<SoundData>(2, 1024, 48000);
-    std::fill_n(sound->plane(0), 1024, 0.5F);
-    sound->plane(1)[3] = -0.75F;
-    play({sound, track});
-    Recording recording(*engine);
-    recording.update();
-    // One reading covers all blocks since the one before: the peak of the first is not lost in the second.
-    recording.update();
-    const auto reading = engine->groupMeter(track);
-    QCOMPARE(reading.leftRms, 0.25F);
-    QCOMPARE(reading.leftPeak, 0.25F);
-    QCOMPARE(reading.rightPeak, 0.375F);
-    QVERIFY(std::abs(reading.rightRms - 0.375F / 32) < 1e-6F);
-    QCOMPARE(engine->groupMeter(masterGroup).rightPeak, 0.375F);
-    QCOMPARE(engine->groupMeter(other).leftPeak, 0.0F);
-    recording.update();
-    QCOMPARE(engine->groupMeter(track).rightPeak, 0.0F);
-    QCOMPARE(engine->groupMeter(GroupId{500}).leftPeak, 0.0F);
-}
-
-void TestBuiltinEngine::lateStartPlaysFromTheBeginning()
-{
-    Recording recording(*engine);
-    recording.update();
-    const auto sound = noiseSound(2, 100, 6);
-    play({sound, masterGroup, 0});
-    recording.update();
-    QCOMPARE(recording.left(512), sound->plane(0)[0]);
-    QCOMPARE(recording.left(611), sound->plane(0)[99]);
-    QCOMPARE(recording.left(612), 0.0F);
-}
-
-void TestBuiltinEngine::fadeOut()
-{
-    const auto voice = play({constantSound(2, 5000, 1), masterGroup, 0, never, never, 0.5F});
-    const auto waiting = play({constantSound(2, 5000, 1), masterGroup, 1000});
-    Recording recording(*engine);
-    recording.update();
-    QCOMPARE(engine->fadeOut(voice, 100), AudioResult::Ok);
-    QCOMPARE(engine->fadeOut(waiting, 100), AudioResult::Ok);
-    recording.update(2);
-    QCOMPARE(recording.left(511), 0.5F);
-    QCOMPARE(recording.left(512), 0.5F);
-    QCOMPARE(recording.left(562), 0.25F);
-    QCOMPARE(recording.left(612), 0.0F);
-    QCOMPARE(recording.left(1200), 0.0F);
-    QVERIFY(!engine->isPlaying(voice) && !engine->isPlaying(waiting));
-    QCOMPARE(engine->fadeOut(voice, 100), AudioResult::Ok);
-}
-
-void TestBuiltinEngine::stopGroup()
-{
-    const auto track = group(), other = group();
-    const auto sound = constantSound(2, 5000, 0.25F);
-    play({sound, track});
-    play({sound, track, 700});
-    play({sound, other, 900});
-    Recording recording(*engine);
-    recording.update();
-    QCOMPARE(engine->stopGroup(track), AudioResult::Ok);
-    recording.update(2);
-    QCOMPARE(recording.left(512), 0.25F);
-    QCOMPARE(recording.left(632), 0.125F);
-    QCOMPARE(recording.left(752), 0.0F);
-    QCOMPARE(recording.left(900), 0.25F);
-    QCOMPARE(engine->playingVoices(), std::size_t(1));
-}
-
-void TestBuiltinEngine::voiceLimit()
-{
-    const auto sound = constantSound(2, 10, 1.0F / 4096);
-    VoiceId voice{};
-    for (std::size_t i = 0; i < maxVoices; ++i)
-        QCOMPARE(engine->play({sound, masterGroup, 5}, voice), AudioResult::Ok);
-    QCOMPARE(engine->play({sound, masterGroup, 5}, voice), AudioResult::TooManyVoices);
-    QCOMPARE(engine->playingVoices(), maxVoices);
-    Recording recording(*engine);
-    recording.update();
-    QCOMPARE(recording.left(5), 0.5F);
-    QCOMPARE(engine->playingVoices(), std::size_t(0));
-    QCOMPARE(engine->play({sound, masterGroup, 5}, voice), AudioResult::Ok);
-}
-
-void TestBuiltinEngine::groupLimitAndReuse()
-{
-    GroupId last{};
-    for (std::size_t i = 1; i < maxGroups; ++i)
-        last = group();
-    GroupId created{};
-    QCOMPARE(engine->createGroup(created), AudioResult::TooManyGroups);
-    // A released group's number comes back when its voices have played to their ends.
-    play({constantSound(2, 600, 0.5F), last});
-    QCOMPARE(engine->releaseGroup(last), AudioResult::Ok);
-    QCOMPARE(engine->createGroup(created), AudioResult::TooManyGroups);
-    Recording recording(*engine);
-    recording.update(2);
-    QCOMPARE(recording.left(599), 0.5F);
-    QCOMPARE(engine->createGroup(created), AudioResult::Ok);
-    QCOMPARE(created, last);
-    QCOMPARE(engine->groupMeter(created).leftPeak, 0.0F);
-}
-
-void TestBuiltinEngine::soundsAreLetGo()
-{
-    auto sound = constantSound(1, 600, 1);
-    std::weak_ptr<const SoundData> watched = sound;
-    play({sound});
-    sound.reset();
-    Recording recording(*engine);
-    recording.update();
-    QVERIFY(!watched.expired());
-    recording.update();
-    QVERIFY(watched.expired());
-
-    sound = constantSound(1, 600, 1);
-    watched = sound;
-    play({std::move(sound)});
-    QCOMPARE(engine->release(), AudioResult::Ok);
-    QVERIFY(watched.expired());
-    QCOMPARE(engine->update(), AudioResult::NotInitialized);
-}
-
-void TestBuiltinEngine::agreesWithReference()
-{
-    const auto mix = randomMix(5, 60, 7);
-    std::vector<float> stereo(2 * 12000);
-    QCOMPARE(engine->mixSpan(mix, 0, stereo), AudioResult::Ok);
-    const ReferenceMix reference(mix);
-    double largest = 0;
-    for (std::size_t clock = 0; clock < stereo.size() / 2; ++clock) {
-        const auto [left, right] = reference.at(clock);
-        largest = std::max(
-            {largest, std::abs(left - double(stereo[2 * clock])), std::abs(right - double(stereo[2 * clock + 1]))});
-    }
-    QVERIFY2(largest < 1e-5, qPrintable(QString::number(20 * std::log10(largest))));
-}
-
-void TestBuiltinEngine::spansAgreeBitForBit()
-{
-    const auto mix = randomMix(9, 400, 8);
-    std::vector<float> whole(2 * 24 * 512), pieces(whole.size());
-    QCOMPARE(engine->mixSpan(mix, 0, whole), AudioResult::Ok);
-    std::minstd_rand random(9);
-    for (std::size_t at = 0; at < pieces.size();) {
-        const auto size = std::min<std::size_t>(2 * (1 + random() % 3000), pieces.size() - at);
-        QCOMPARE(engine->mixSpan(mix, at / 2, {pieces.data() + at, size}), AudioResult::Ok);
-        at += size;
-    }
-    QVERIFY(std::memcmp(whole.data(), pieces.data(), whole.size() * sizeof(float)) == 0);
-
-    // The same voices, played: every voice is given in the update before its block.
-    QCOMPARE(engine->initialize(), AudioResult::Ok);
-    for (std::size_t i = 1; i < mix.groups.size(); ++i)
-        group(mix.groups[i]);
-    QCOMPARE(engine->setGroupLevel(masterGroup, mix.groups[0]), AudioResult::Ok);
-    for (const auto &spec : mix.voices)
-        play(spec);
-    Recording recording(*engine);
-    recording.update(24);
-    QVERIFY(std::memcmp(whole.data(), recording.stereo.data(), whole.size() * sizeof(float)) == 0);
-}
-
-void TestBuiltinEngine::refusals_data()
-{
-    QTest::addColumn<double>("ratio");
-    QTest::addColumn<float>("gain");
-    QTest::addColumn<quint64>("start");
-    QTest::addColumn<quint64>("fadeEnd");
-    QTest::addColumn<int>("group");
-    QTest::addColumn<bool>("known");
-    const auto nan = std::nan("");
-    QTest::newRow("ratio 0") << 0.0 << 1.0F << quint64(0) << quint64(200) << 0 << true;
-    QTest::newRow("negative ratio") << -1.0 << 1.0F << quint64(0) << quint64(200) << 0 << true;
-    QTest::newRow("ratio not a number") << nan << 1.0F << quint64(0) << quint64(200) << 0 << true;
-    QTest::newRow("endless ratio") << HUGE_VAL << 1.0F << quint64(0) << quint64(200) << 0 << true;
-    QTest::newRow("gain not a number") << 1.0 << float(nan) << quint64(0) << quint64(200) << 0 << true;
-    QTest::newRow("fade before its beginning") << 1.0 << 1.0F << quint64(0) << quint64(99) << 0 << true;
-    QTest::newRow("start out of all time") << 1.0 << 1.0F << quint64(never) << quint64(never) << 0 << true;
-    QTest::newRow("no such group") << 1.0 << 1.0F << quint64(0) << quint64(200) << 3 << false;
-    QTest::newRow("no such group number") << 1.0 << 1.0F << quint64(0) << quint64(200) << 1 << false;
-}
-
-void TestBuiltinEngine::refusals()
-{
-    QFETCH(double, ratio);
-    QFETCH(float, gain);
-    QFETCH(quint64, start);
-    QFETCH(quint64, fadeEnd);
-    QFETCH(int, group);
-    QFETCH(bool, known);
-    const VoiceSpec spec{constantSound(1, 10, 1), GroupId(group), start, 100, fadeEnd, gain, ratio};
-    VoiceId voice{};
-    QCOMPARE(engine->play(spec, voice), known ? AudioResult::InvalidArgument : AudioResult::UnknownGroup);
-    QCOMPARE(engine->playingVoices(), std::size_t(0));
-    std::vector<float> stereo(64);
-    if (start == 0)
-        QCOMPARE(engine->mixSpan({{{}}, {spec}}, 0, stereo), AudioResult::InvalidArgument);
-}
 
 QTEST_APPLESS_MAIN(TestBuiltinEngine)
 #include "test_builtin_engine.moc"

@@ -75,57 +75,54 @@ class TestMixerRealtime : public QObject
     Q_OBJECT
 
 private slots:
-    void countersCount();
-    void mixingIsFree();
-};
-
-void TestMixerRealtime::countersCount()
-{
-    calls = 0;
-    armed = true;
-    operator delete(operator new(10));
-    pthread_mutex_t mutex = PTHREAD_MUTEX_INITIALIZER;
-    pthread_mutex_lock(&mutex);
-    armed = false;
-    pthread_mutex_unlock(&mutex);
-    QVERIFY(calls >= 2);
-}
-
-// Voices of every kind come, fade, are stopped and end; groups change their levels.
-void TestMixerRealtime::mixingIsFree()
-{
-    const auto mixer = std::make_unique<Mixer>();
-    const Sound sounds[] = {noiseSound(1, 3000, 1), noiseSound(2, 2000, 2)};
-    std::vector<float> stereo(2 * 1024);
-    for (std::uint32_t group = 1; group < 20; ++group)
-        mixer->openGroup(GroupId{group});
-    std::size_t finished = 0;
-    calls = 0;
-    for (std::uint32_t round = 0; round < 200; ++round) {
-        for (std::uint32_t voice = 0; voice < 10; ++voice) {
-            VoiceShape shape;
-            const auto start = mixer->clock() + 37 * voice;
-            const auto group = GroupId{voice % 20};
-            QCOMPARE(
-                shapeOf({sounds[voice % 2], group, start, start + 700, start + 900, 1, voice % 3 ? 1.0 : 1.5}, shape),
-                AudioResult::Ok);
-            QVERIFY(mixer->play((10 * round + voice) % maxVoices, group, shape));
-        }
-        mixer->fadeOut(10 * round % maxVoices, 100);
-        mixer->setGains(GroupId{round % 20}, {float(round) / 200, 1});
-        if (round % 5 == 0)
-            mixer->stopGroup(GroupId{3});
+    void countersCount()
+    {
+        calls = 0;
         armed = true;
-        mixer->mix(stereo.data(), 1024);
+        operator delete(operator new(10));
+        pthread_mutex_t mutex = PTHREAD_MUTEX_INITIALIZER;
+        pthread_mutex_lock(&mutex);
         armed = false;
-        mixer->meter(GroupId{1});
-        std::uint32_t slot = 0;
-        while (mixer->takeFinished(slot))
-            ++finished;
+        pthread_mutex_unlock(&mutex);
+        QVERIFY(calls >= 2);
     }
-    QCOMPARE(calls, 0);
-    QVERIFY(finished > 1900);
-}
+
+    // Voices of every kind come, fade, are stopped and end; groups change their levels.
+    void mixingIsFree()
+    {
+        const auto mixer = std::make_unique<Mixer>();
+        const Sound sounds[] = {noiseSound(1, 3000, 1), noiseSound(2, 2000, 2)};
+        std::vector<float> stereo(2 * 1024);
+        for (std::uint32_t group = 1; group < 20; ++group)
+            mixer->openGroup(GroupId{group});
+        std::size_t finished = 0;
+        calls = 0;
+        for (std::uint32_t round = 0; round < 200; ++round) {
+            for (std::uint32_t voice = 0; voice < 10; ++voice) {
+                VoiceShape shape;
+                const auto start = mixer->clock() + 37 * voice;
+                const auto group = GroupId{voice % 20};
+                QCOMPARE(shapeOf({sounds[voice % 2], group, start, start + 700, start + 900, 1, voice % 3 ? 1.0 : 1.5},
+                                 shape),
+                         AudioResult::Ok);
+                QVERIFY(mixer->play((10 * round + voice) % maxVoices, group, shape));
+            }
+            mixer->fadeOut(10 * round % maxVoices, 100);
+            mixer->setGains(GroupId{round % 20}, {float(round) / 200, 1});
+            if (round % 5 == 0)
+                mixer->stopGroup(GroupId{3});
+            armed = true;
+            mixer->mix(stereo.data(), 1024);
+            armed = false;
+            mixer->meter(GroupId{1});
+            std::uint32_t slot = 0;
+            while (mixer->takeFinished(slot))
+                ++finished;
+        }
+        QCOMPARE(calls, 0);
+        QVERIFY(finished > 1900);
+    }
+};
 
 QTEST_APPLESS_MAIN(TestMixerRealtime)
 #include "test_mixer_realtime.moc"

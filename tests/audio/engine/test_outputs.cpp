@@ -1,11 +1,10 @@
 // The outputs: a wave file, a device that is missing, fails and comes back, and the clock that stands in for it.
 #include "Signals.h"
+#include "audio/WaveFile.h"
 #include "audio/engine/BuiltinEngine.h"
-
-#include <QtTest>
+#include "support/TestFolder.h"
 
 #include <csignal>
-#include <sndfile.h>
 #include <sys/resource.h>
 
 class TestOutputs : public QObject
@@ -13,152 +12,138 @@ class TestOutputs : public QObject
     Q_OBJECT
 
 private slots:
-    void waveFile();
-    void mixedSpansAreAppended();
-    void waveFileThatCannotBeWritten();
-    void pacedClockKeepsTime();
-    void deviceMissingAndFound();
-    void deviceLostAndFound();
+    void waveFile()
+    {
+        BuiltinEngine engine(EngineOutput::WavFile, path("song.wav"));
+        QCOMPARE(engine.initialize(), AudioResult::Ok);
+        QVERIFY(waveAt("song.wav").left.empty());
+        auto sound = std::make_shared<SoundData>(2, 700, 48000);
+        const float levels[] = {0.5F, -0.5F, 1.0F, -1.0F, 3.0F, -3.0F, 0.25F / 32768, 0.75F / 32768, 1.0F / 32768};
+        std::copy(std::begin(levels), std::end(levels), sound->plane(0) + 510);
+        VoiceId voice{};
+        QCOMPARE(engine.play({sound}, voice), AudioResult::Ok);
+        while (engine.playingVoices() > 0)
+            QCOMPARE(engine.update(), AudioResult::Ok);
+        QCOMPARE(engine.release(), AudioResult::Ok);
+        const auto samples = waveAt("song.wav").left;
+        QCOMPARE(samples.size(), std::size_t(1024));
+        const short expected[] = {16384, -16384, 32767, -32768, 32767, -32768, 0, 1, 1, 0};
+        for (std::size_t i = 0; i < std::size(expected); ++i)
+            QCOMPARE(samples[510 + i], expected[i]);
+    }
+
+    void mixedSpansAreAppended()
+    {
+        BuiltinEngine engine(EngineOutput::WavFile, path("spans.wav"));
+        const std::vector<float> stereo(2 * 20001, 0.5F);
+        QCOMPARE(engine.write(stereo), AudioResult::NotInitialized);
+        QCOMPARE(engine.initialize(), AudioResult::Ok);
+        QCOMPARE(engine.write(stereo), AudioResult::Ok);
+        QCOMPARE(engine.clock(), DspClock(20001));
+        QCOMPARE(engine.write({}), AudioResult::Ok);
+        QCOMPARE(engine.update(), AudioResult::Ok);
+        QCOMPARE(engine.release(), AudioResult::Ok);
+        const auto wave = waveAt("spans.wav");
+        QCOMPARE(wave.left.size(), std::size_t(20001 + 512));
+        QCOMPARE(std::count(wave.left.begin(), wave.left.end(), 16384), 20001);
+        QVERIFY(wave.right == wave.left);
+    }
+
+    void waveFileThatCannotBeWritten()
+    {
+        BuiltinEngine nowhere(EngineOutput::WavFile, path("no such directory/song.wav"));
+        QCOMPARE(nowhere.initialize(), AudioResult::CannotWrite);
+        QCOMPARE(nowhere.update(), AudioResult::NotInitialized);
+
+        BuiltinEngine full(EngineOutput::WavFile, "/dev/full");
+        QCOMPARE(full.initialize(), AudioResult::CannotWrite);
+
+        // A disk that fills up on the way: no file may grow beyond some bytes.
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit{};
+        getrlimit(RLIMIT_FSIZE, &limit);
+        const rlimit small{20000, limit.rlim_max};
+        BuiltinEngine filling(EngineOutput::WavFile, path("filling.wav"));
+        QCOMPARE(filling.initialize(), AudioResult::Ok);
+        setrlimit(RLIMIT_FSIZE, &small);
+        auto result = AudioResult::Ok;
+        for (int i = 0; i < 100 && result == AudioResult::Ok; ++i)
+            result = filling.update();
+        QCOMPARE(result, AudioResult::CannotWrite);
+        QCOMPARE(filling.release(), AudioResult::CannotWrite);
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+
+    void pacedClockKeepsTime()
+    {
+        BuiltinEngine engine(EngineOutput::Paced);
+        QCOMPARE(engine.initialize(), AudioResult::Ok);
+        const auto before = engine.clock();
+        QElapsedTimer timer;
+        timer.start();
+        QTest::qSleep(500);
+        const auto seconds = double(timer.nsecsElapsed()) * 1e-9;
+        const auto mixed = double(engine.clock() - before);
+        // Four blocks are mixed ahead, and a busy machine may be late.
+        QVERIFY2(mixed <= 48000 * seconds + 5 * 512 && mixed >= 0.5 * 48000 * seconds,
+                 qPrintable(QString::number(mixed)));
+    }
+
+    void deviceMissingAndFound()
+    {
+        qputenv("SDL_AUDIODRIVER", "none of them");
+        BuiltinEngine engine(EngineOutput::Device);
+        QCOMPARE(engine.initialize(), AudioResult::NoDevice);
+        QCOMPARE(engine.outputState(), OutputState::NoDevice);
+        QTRY_VERIFY(engine.clock() > 5000); // playback runs on
+        qputenv("SDL_AUDIODRIVER", "dummy");
+        QTRY_VERIFY_WITH_TIMEOUT(engine.update() == AudioResult::Ok && engine.outputState() == OutputState::Running,
+                                 10000);
+        const auto clock = engine.clock();
+        QTRY_VERIFY(engine.clock() > clock + 5000);
+    }
+
+    // A device that writes to a full disk fails at its first block.
+    void deviceLostAndFound()
+    {
+        qputenv("SDL_AUDIODRIVER", "disk");
+        qputenv("SDL_DISKAUDIOFILE", "/dev/full");
+        BuiltinEngine engine(EngineOutput::Device);
+        QCOMPARE(engine.initialize(), AudioResult::Ok);
+        QCOMPARE(engine.outputState(), OutputState::Running);
+        VoiceId voice{};
+        QCOMPARE(engine.play({constantSound(2, 480000, 0.5F)}, voice), AudioResult::Ok);
+        const auto rate = engine.sampleRate();
+        bool lost = false;
+        QTRY_VERIFY(lost = lost || engine.update() == AudioResult::DeviceLost);
+        QCOMPARE(engine.outputState(), OutputState::NoDevice);
+        QCOMPARE(engine.update(), AudioResult::Ok);
+
+        const auto heard = path("heard.raw");
+        qputenv("SDL_DISKAUDIOFILE", heard.c_str());
+        QTRY_VERIFY_WITH_TIMEOUT(engine.update() == AudioResult::Ok && engine.outputState() == OutputState::Running,
+                                 10000);
+        const auto clock = engine.clock();
+        QTRY_VERIFY(engine.clock() > clock + 20000);
+        QCOMPARE(engine.sampleRate(), rate);
+        QCOMPARE(engine.release(), AudioResult::Ok);
+        const auto half = QByteArray::fromRawData("\0\0\0\x3f\0\0\0\x3f", 8);
+        QVERIFY(folder_.read("heard.raw").contains(half)); // the voice plays on
+    }
 
 private:
-    QTemporaryDir directory;
+    std::string path(const char *name) const { return folder_.path(name).toStdString(); }
 
-    std::string path(const char *name) const { return directory.filePath(QString::fromLatin1(name)).toStdString(); }
-    // All samples of a file, which must be what the engine promises.
-    static std::vector<short> read(const std::string &name);
+    WaveFile waveAt(const char *name) const
+    {
+        const WaveFile wave(folder_.path(name));
+        if (!wave.isValid)
+            qFatal("not the wave file that was promised");
+        return wave;
+    }
+
+    const TestFolder folder_;
 };
-
-std::vector<short> TestOutputs::read(const std::string &name)
-{
-    SF_INFO info{};
-    SNDFILE *file = sf_open(name.c_str(), SFM_READ, &info);
-    if (!file || info.samplerate != 48000 || info.channels != 2 || info.format != (SF_FORMAT_WAV | SF_FORMAT_PCM_16))
-        qFatal("not the wave file that was promised");
-    std::vector<short> samples(std::size_t(info.frames) * 2);
-    sf_readf_short(file, samples.data(), info.frames);
-    sf_close(file);
-    return samples;
-}
-
-void TestOutputs::waveFile()
-{
-    const auto name = path("song.wav");
-    BuiltinEngine engine(EngineOutput::WavFile, name);
-    QCOMPARE(engine.initialize(), AudioResult::Ok);
-    QVERIFY(read(name).empty());
-    auto sound = std::make_shared<SoundData>(2, 700, 48000);
-    const float levels[] = {0.5F, -0.5F, 1.0F, -1.0F, 3.0F, -3.0F, 0.25F / 32768, 0.75F / 32768, 1.0F / 32768};
-    std::copy(std::begin(levels), std::end(levels), sound->plane(0) + 510);
-    VoiceId voice{};
-    QCOMPARE(engine.play({sound}, voice), AudioResult::Ok);
-    while (engine.playingVoices() > 0)
-        QCOMPARE(engine.update(), AudioResult::Ok);
-    QCOMPARE(engine.release(), AudioResult::Ok);
-    const auto samples = read(name);
-    QCOMPARE(samples.size(), std::size_t(2 * 1024));
-    const short expected[] = {16384, -16384, 32767, -32768, 32767, -32768, 0, 1, 1, 0};
-    for (std::size_t i = 0; i < std::size(expected); ++i)
-        QCOMPARE(samples[2 * (510 + i)], expected[i]);
-}
-
-void TestOutputs::mixedSpansAreAppended()
-{
-    const auto name = path("spans.wav");
-    BuiltinEngine engine(EngineOutput::WavFile, name);
-    const std::vector<float> stereo(2 * 20001, 0.5F);
-    QCOMPARE(engine.write(stereo), AudioResult::NotInitialized);
-    QCOMPARE(engine.initialize(), AudioResult::Ok);
-    QCOMPARE(engine.write(stereo), AudioResult::Ok);
-    QCOMPARE(engine.clock(), DspClock(20001));
-    QCOMPARE(engine.write({}), AudioResult::Ok);
-    QCOMPARE(engine.update(), AudioResult::Ok);
-    QCOMPARE(engine.release(), AudioResult::Ok);
-    const auto samples = read(name);
-    QCOMPARE(samples.size(), std::size_t(2 * (20001 + 512)));
-    QVERIFY(std::count(samples.begin(), samples.end(), short(16384)) == 2 * 20001);
-}
-
-void TestOutputs::waveFileThatCannotBeWritten()
-{
-    BuiltinEngine nowhere(EngineOutput::WavFile, path("no such directory/song.wav"));
-    QCOMPARE(nowhere.initialize(), AudioResult::CannotWrite);
-    QCOMPARE(nowhere.update(), AudioResult::NotInitialized);
-
-    BuiltinEngine full(EngineOutput::WavFile, "/dev/full");
-    QCOMPARE(full.initialize(), AudioResult::CannotWrite);
-
-    // A disk that fills up on the way: no file may grow beyond some bytes.
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit limit{};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    const rlimit small{20000, limit.rlim_max};
-    BuiltinEngine filling(EngineOutput::WavFile, path("filling.wav"));
-    QCOMPARE(filling.initialize(), AudioResult::Ok);
-    setrlimit(RLIMIT_FSIZE, &small);
-    auto result = AudioResult::Ok;
-    for (int i = 0; i < 100 && result == AudioResult::Ok; ++i)
-        result = filling.update();
-    QCOMPARE(result, AudioResult::CannotWrite);
-    QCOMPARE(filling.release(), AudioResult::CannotWrite);
-    setrlimit(RLIMIT_FSIZE, &limit);
-}
-
-void TestOutputs::pacedClockKeepsTime()
-{
-    BuiltinEngine engine(EngineOutput::Paced);
-    QCOMPARE(engine.initialize(), AudioResult::Ok);
-    const auto before = engine.clock();
-    QElapsedTimer timer;
-    timer.start();
-    QTest::qSleep(500);
-    const auto seconds = double(timer.nsecsElapsed()) * 1e-9;
-    const auto mixed = double(engine.clock() - before);
-    // Four blocks are mixed ahead, and a busy machine may be late.
-    QVERIFY2(mixed <= 48000 * seconds + 5 * 512 && mixed >= 0.5 * 48000 * seconds, qPrintable(QString::number(mixed)));
-}
-
-void TestOutputs::deviceMissingAndFound()
-{
-    qputenv("SDL_AUDIODRIVER", "none of them");
-    BuiltinEngine engine(EngineOutput::Device);
-    QCOMPARE(engine.initialize(), AudioResult::NoDevice);
-    QCOMPARE(engine.outputState(), OutputState::NoDevice);
-    QTRY_VERIFY(engine.clock() > 5000); // playback runs on
-    qputenv("SDL_AUDIODRIVER", "dummy");
-    QTRY_VERIFY_WITH_TIMEOUT(engine.update() == AudioResult::Ok && engine.outputState() == OutputState::Running, 10000);
-    const auto clock = engine.clock();
-    QTRY_VERIFY(engine.clock() > clock + 5000);
-}
-
-// A device that writes to a full disk fails at its first block.
-void TestOutputs::deviceLostAndFound()
-{
-    qputenv("SDL_AUDIODRIVER", "disk");
-    qputenv("SDL_DISKAUDIOFILE", "/dev/full");
-    BuiltinEngine engine(EngineOutput::Device);
-    QCOMPARE(engine.initialize(), AudioResult::Ok);
-    QCOMPARE(engine.outputState(), OutputState::Running);
-    VoiceId voice{};
-    QCOMPARE(engine.play({constantSound(2, 480000, 0.5F)}, voice), AudioResult::Ok);
-    const auto rate = engine.sampleRate();
-    bool lost = false;
-    QTRY_VERIFY(lost = lost || engine.update() == AudioResult::DeviceLost);
-    QCOMPARE(engine.outputState(), OutputState::NoDevice);
-    QCOMPARE(engine.update(), AudioResult::Ok);
-
-    const auto heard = path("heard.raw");
-    qputenv("SDL_DISKAUDIOFILE", heard.c_str());
-    QTRY_VERIFY_WITH_TIMEOUT(engine.update() == AudioResult::Ok && engine.outputState() == OutputState::Running, 10000);
-    const auto clock = engine.clock();
-    QTRY_VERIFY(engine.clock() > clock + 20000);
-    QCOMPARE(engine.sampleRate(), rate);
-    QCOMPARE(engine.release(), AudioResult::Ok);
-    QFile file(QString::fromStdString(heard));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const auto bytes = file.readAll();
-    const auto half = QByteArray::fromRawData("\0\0\0\x3f\0\0\0\x3f", 8);
-    QVERIFY(bytes.contains(half)); // the voice plays on
-}
 
 QTEST_GUILESS_MAIN(TestOutputs)
 #include "test_outputs.moc"

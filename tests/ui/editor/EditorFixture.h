@@ -6,10 +6,12 @@
 #include "audio/TrackPlayer.h"
 #include "audio/engine/BuiltinEngine.h"
 #include "core/AbcParser.h"
+#include "support/Rows.h"
 #include "ui/editor/AbcEditorWindow.h"
 #include "ui/editor/AbcTextEdit.h"
 
 #include <QAction>
+#include <QLabel>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -17,11 +19,20 @@
 // as fast as it is asked to.
 struct EditorFixture
 {
-    EditorFixture() { window.setInstrument(instrumentOf(samples.click())); }
+    explicit EditorFixture(const Text &body = {})
+    {
+        window.setInstrument(instrumentOf(samples.click()));
+        open(body);
+    }
     // A window whose text was changed would ask.
     ~EditorFixture() { window.document().text()->setModified(false); }
 
-    void open(const QString &abc) { window.setTrack(parseAbc(abc)); }
+    // A tune of these notes in quarters.
+    void open(const Text &body)
+    {
+        const auto header = QStringLiteral("X: 1\nT: Test\nM: 4/4\nL: 1/4\nQ: 1/4=120\nK: C\n");
+        window.setTrack(parseAbc(header + body));
+    }
     void show()
     {
         window.show();
@@ -34,15 +45,20 @@ struct EditorFixture
         return window.findChild<Widget *>(QLatin1String(name));
     }
     void trigger(const char *name) { child<QAction>(name)->trigger(); }
+    QString label(const char *name) { return child<QLabel>(name)->text(); }
     QString plainText() { return window.document().text()->toPlainText(); }
     QString body() { return plainText().mid(window.document().reading().layout.bodyOffset); }
+    // In columns of the notes.
     void select(int begin, int end)
     {
+        const auto offset = window.document().reading().layout.bodyOffset;
         auto cursor = text->textCursor();
-        cursor.setPosition(begin);
-        cursor.setPosition(end, QTextCursor::KeepAnchor);
+        cursor.setPosition(offset + begin);
+        cursor.setPosition(offset + end, QTextCursor::KeepAnchor);
         text->setTextCursor(cursor);
     }
+    void insert(const Text &typed) { text->insertPlainText(typed); }
+    QString selected() { return text->textCursor().selectedText(); }
 
     QTemporaryDir folder;
     SampleFiles samples;

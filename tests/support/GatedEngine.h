@@ -1,0 +1,32 @@
+#pragma once
+
+#include "audio/engine/BuiltinEngine.h"
+
+#include <atomic>
+#include <memory>
+
+// An engine whose samples take as long to decode as the test likes.
+class GatedEngine : public BuiltinEngine
+{
+public:
+    using Gate = std::shared_ptr<std::atomic<bool>>; // open: samples are decoded; shut: they wait
+
+    static Gate makeGate(bool isOpen) { return std::make_shared<std::atomic<bool>>(isOpen); }
+
+    GatedEngine(EngineOutput output, Gate gate) : BuiltinEngine(output), gate_(std::move(gate)) {}
+
+    AudioResult decode(std::span<const std::byte> bytes, Sound &sound) const override
+    {
+        gate_->wait(false);
+        return BuiltinEngine::decode(bytes, sound);
+    }
+
+    static void open(const Gate &gate)
+    {
+        *gate = true;
+        gate->notify_all();
+    }
+
+private:
+    Gate gate_;
+};

@@ -1,0 +1,121 @@
+#include "core/AbcParser.h"
+#include "support/DescribeTrack.h"
+#include "ui/editor/EditorFixture.h"
+#include "ui/editor/PianoRoll.h"
+
+#include <QClipboard>
+#include <QDialog>
+#include <QMenu>
+#include <QRandomGenerator>
+#include <QTimer>
+
+namespace {
+
+// Keys, commands, clicks, drags that may never end, playing and pastes, as a person in a hurry does them. Whatever
+// opens is closed again.
+class RandomUser
+{
+public:
+    explicit RandomUser(EditorFixture &editor, quint32 seed) : editor_(editor), random_(seed)
+    {
+        for (auto *const action : editor_.window.findChildren<QAction *>()) {
+            if (!action->objectName().contains(QStringLiteral("Close")) && action->menu() == nullptr)
+                actions_.append(action);
+        }
+        editor_.dialogs.answerOrCancel = Dialogs::Answer::Yes;
+        editor_.dialogs.enteredText = QStringLiteral("3");
+    }
+
+    void act()
+    {
+        auto *const roll = editor_.window.findChild<PianoRoll *>();
+        auto *const view = below(2) == 0 ? static_cast<QAbstractScrollArea *>(editor_.text) : roll;
+        auto *const canvas = view->viewport();
+        const QPoint place(below(canvas->width()), below(canvas->height()));
+        const auto keys = std::array{Qt::NoModifier, Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier,
+                                     Qt::AltModifier}[size_t(below(5))];
+        const std::function<void()> acts[] = {
+            [&] { QTest::keyClick(editor_.text, letters_[below(letters_.size())].toLatin1()); },
+            [&] { QTest::keyClick(editor_.text, letters_[below(letters_.size())].toLatin1()); },
+            [&] { QTest::keyClick(view, keys_[below(keys_.size())], keys); },
+            [&] { runAction(); },
+            [&] { runAction(); },
+            [&] { QTest::mouseClick(canvas, Qt::LeftButton, keys, place); },
+            [&] { QTest::mousePress(canvas, Qt::LeftButton, keys, place); },
+            [&] {
+                QMouseEvent move(QEvent::MouseMove, place, canvas->mapToGlobal(place), Qt::NoButton, Qt::LeftButton,
+                                 keys);
+                QApplication::sendEvent(canvas, &move);
+            },
+            [&] { QTest::mouseRelease(canvas, Qt::LeftButton, keys, place); },
+            [&] { QGuiApplication::clipboard()->setText(letters_.mid(below(20), below(30))); },
+            [&] { editor_.window.document().setPlayPosition(below(200'000) - 1); },
+            [&] { editor_.window.resize(300 + below(900), 200 + below(700)); }};
+        acts[below(int(std::size(acts)))]();
+    }
+
+private:
+    int below(int limit) { return random_.bounded(std::max(1, limit)); }
+    void runAction()
+    {
+        QTimer closer;
+        QObject::connect(&closer, &QTimer::timeout, [] {
+            if (auto *const dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget()))
+                dialog->done(QDialog::Accepted);
+            else if (auto *const popup = QApplication::activePopupWidget())
+                popup->close();
+        });
+        closer.start(5);
+        actions_[below(actions_.size())]->trigger();
+    }
+
+    EditorFixture &editor_;
+    QRandomGenerator random_;
+    QVector<QAction *> actions_;
+    const QString letters_ = QStringLiteral("CDEFGABcdefgabzxZ|[](){}<>-/0123456789^_=,'!+.\"~%:KQML #?\\$");
+    const QVector<Qt::Key> keys_{Qt::Key_Return, Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Left,  Qt::Key_Right,
+                                 Qt::Key_Up,     Qt::Key_Down,      Qt::Key_Home,   Qt::Key_End,   Qt::Key_PageDown,
+                                 Qt::Key_Insert, Qt::Key_D,         Qt::Key_S,      Qt::Key_Z,     Qt::Key_A,
+                                 Qt::Key_X,      Qt::Key_V,         Qt::Key_C,      Qt::Key_Escape};
+};
+
+} // namespace
+
+class TestEditorRandom : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    // COMPOSER_RANDOM_EVENTS sets their number. What both views show stays what the text means.
+    void survivesRandomEvents()
+    {
+        bool isSet = false;
+        const auto wanted = qEnvironmentVariableIntValue("COMPOSER_RANDOM_EVENTS", &isSet);
+        EditorFixture editor;
+        editor.show();
+        editor.trigger("actionShowRoll");
+        RandomUser user(editor, 11);
+        for (int i = 0; i < (isSet ? wanted : 2000); ++i) {
+            if (i % 100 == 0)
+                editor.open(QStringLiteral("C D [EG]2 | (3abc d>e | z4 | F4- | F4 |\n").repeated(4));
+            user.act();
+            if (i % 100 == 99)
+                checkViews(editor);
+        }
+    }
+
+private:
+    static void checkViews(EditorFixture &editor)
+    {
+        QCoreApplication::processEvents();
+        QVERIFY(QApplication::activeModalWidget() == nullptr);
+        auto &document = editor.window.document();
+        document.update();
+        if (!document.hasErrors())
+            QCOMPARE(describe(document.track()), describe(parseAbc(editor.plainText())));
+        QCOMPARE(editor.child<PianoRoll>("pianoRoll")->state().notes.count(), document.track().noteCount());
+    }
+};
+
+QTEST_MAIN(TestEditorRandom)
+#include "test_editor_random.moc"
