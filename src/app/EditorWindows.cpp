@@ -31,11 +31,16 @@ void EditorWindows::open(const QString &trackId)
         window->setTrack(tracks_.trackWithPath(trackId));
         window->setInstrument(playback_.instrument(track->instrument));
         connect(window, &AbcEditorWindow::applied, this,
-                [=, this](const Track &edited) { emit applied(trackId, edited); });
+                [this, applying = window](const Track &edited) { emit applied(windows_.key(applying), edited); });
     }
     window->show();
     window->raise();
     window->activateWindow();
+}
+
+void EditorWindows::reassign(const QString &fromTrackId, const QString &toTrackId)
+{
+    windows_.insert(toTrackId, windows_.take(fromTrackId));
 }
 
 bool EditorWindows::closeAll()

@@ -23,6 +23,8 @@ public:
     ~EditorWindows() override;
 
     void open(const QString &trackId);
+    // The editor of one track becomes that of another.
+    void reassign(const QString &fromTrackId, const QString &toTrackId);
     // Each may ask about its changes; false when one stays open.
     bool closeAll();
 

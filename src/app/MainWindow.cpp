@@ -9,15 +9,15 @@
 #include "app/TrackRows.h"
 #include "core/HeaderFields.h"
 #include "ui/Dialogs.h"
+#include "ui/InstrumentComboBox.h"
 #include "ui/TrackWidget.h"
 #include "ui/VUMeter.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
-#include <QComboBox>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QMimeData>
 #include <QProgressDialog>
 #include <QScrollArea>
@@ -107,8 +107,7 @@ void MainWindow::onScanned(const InstrumentSet &instruments)
         instrumentList_->setCurrentText(playback_.resolvedName(wanted));
     }
     playback_.setDefaultInstrument(instrumentList_->currentText());
-    for (const auto &[request, song] : std::exchange(waitingForScan_, {}))
-        onImported(request, song);
+    takeImported();
 }
 
 // --- Files ---
@@ -138,10 +137,19 @@ void MainWindow::load(const ImportRequest &request)
 
 void MainWindow::onImported(const ImportRequest &request, const ReadSong &song)
 {
-    if (!isScanned_) { // none of the instruments' names is known yet
-        waitingForScan_.append({request, song});
+    imported_.append({request, song});
+    takeImported();
+}
+
+void MainWindow::takeImported()
+{
+    if (!isScanned_ || imported_.isEmpty()) // the instruments' names must be known
+        return;
+    if (QApplication::activeModalWidget()) { // a dialog may belong to a row that would go
+        QTimer::singleShot(50, this, &MainWindow::takeImported);
         return;
     }
+    const auto [request, song] = imported_.takeFirst();
     QVector<NewTrack> added;
     for (const auto &track : song.tracks)
         added.append({track, instrumentFor(track)});
@@ -150,6 +158,7 @@ void MainWindow::onImported(const ImportRequest &request, const ReadSong &song)
         RecentFiles::add(settings_, file);
     for (const auto &error : song.errors)
         dialogs_.message(this, Dialogs::Severity::Critical, error.title, error.text);
+    takeImported();
 }
 
 QString MainWindow::instrumentFor(const Track &track) const
@@ -163,6 +172,8 @@ QString MainWindow::instrumentFor(const Track &track) const
 
 void MainWindow::openFiles(const QStringList &paths)
 {
+    if (paths.isEmpty())
+        return;
     QMimeData files;
     QList<QUrl> urls;
     for (const auto &path : paths) {
@@ -172,7 +183,9 @@ void MainWindow::openFiles(const QStringList &paths)
     }
     files.setUrls(urls);
     const auto sources = sourcesOf(files, FileOrigin::Pasted);
-    if (!sources.isEmpty())
+    if (sources.isEmpty())
+        dialogs_.message(this, Dialogs::Severity::Warning, tr("Open Files"), tr("These are no ABC or MIDI files."));
+    else
         load({tr("Open Files"), tr("Loading files..."), sources, askAboutExisting(QStringLiteral("Import Files"))});
 }
 
@@ -203,7 +216,7 @@ void MainWindow::onImportMidi()
 void MainWindow::onImportClipboard()
 {
     const auto title = QStringLiteral("Import from clipboard");
-    const auto *const content = QGuiApplication::clipboard()->mimeData();
+    const auto *const content = QApplication::clipboard()->mimeData();
     if (!content || !(content->hasText() || content->hasUrls())) {
         dialogs_.message(this, Dialogs::Severity::Information, title,
                          QStringLiteral("The clipboard does not contain anything to import."));
@@ -228,12 +241,19 @@ void MainWindow::dropEvent(QDropEvent *event)
     if (sources.isEmpty())
         return;
     event->acceptProposedAction();
-    load({tr("Drop Files"), tr("Loading files..."), sources, askAboutExisting(QStringLiteral("Import Files"))});
+    // Where the files come from waits for the end of the drop, not for an answer.
+    const auto loadDropped = [=, this] {
+        load({tr("Drop Files"), tr("Loading files..."), sources, askAboutExisting(QStringLiteral("Import Files"))});
+    };
+    QMetaObject::invokeMethod(this, loadDropped, Qt::QueuedConnection);
 }
 
 bool MainWindow::save(const QStringList &ids)
 {
-    return std::all_of(ids.cbegin(), ids.cend(), [this](const QString &id) { return rows_->row(id)->save(); });
+    return std::all_of(ids.cbegin(), ids.cend(), [this](const QString &id) {
+        auto *const row = rows_->row(id);
+        return row && row->save();
+    });
 }
 
 void MainWindow::onSaveSelected()
@@ -260,6 +280,13 @@ void MainWindow::closeEvent(QCloseEvent *event)
         const bool mayClose =
             answer == Dialogs::CloseAnswer::Discard || (answer == Dialogs::CloseAnswer::SaveAll && save(unsaved));
         if (!mayClose) {
+            event->ignore();
+            return;
+        }
+    }
+    if (isExporting()) {
+        const auto question = tr("The export to wav is still running.\nWould you like to stop it?");
+        if (dialogs_.ask(this, windowTitle(), question) == Dialogs::Answer::No) {
             event->ignore();
             return;
         }
@@ -378,7 +405,7 @@ void MainWindow::onMasterVolumeChanged(int percent)
 
 void MainWindow::onExportWav()
 {
-    if (renderer_ && renderer_->isRunning()) {
+    if (isExporting()) {
         dialogs_.message(this, Dialogs::Severity::Warning, QStringLiteral("Renderer in use"),
                          QStringLiteral("You are already rendering to wav, please wait for it to finish and try "
                                         "again."));
@@ -420,6 +447,7 @@ void MainWindow::onRenderStarted()
     exportProgress_->setObjectName(QStringLiteral("exportProgress"));
     exportProgress_->setWindowTitle(windowTitle());
     exportProgress_->setAutoReset(false);
+    exportProgress_->setMinimumDuration(500);
     connect(exportProgress_, &QProgressDialog::canceled, renderer_.get(), &TrackRenderer::cancel);
 }
 

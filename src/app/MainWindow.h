@@ -13,7 +13,8 @@
 
 class BusyIndicator;
 class Dialogs;
-class QComboBox;
+class InstrumentComboBox;
+class QLabel;
 class QProgressDialog;
 class QSlider;
 class TrackRows;
@@ -46,7 +47,7 @@ public:
     void openFiles(const QStringList &paths);
 
     // Whether files are still being read, or the game is still to be looked through for instruments.
-    bool isLoading() const { return instruments_.instruments().isEmpty() || import_.isRunning(); }
+    bool isLoading() const { return instruments_.instruments().isEmpty() || import_.isRunning() || !imported_.isEmpty(); }
 
 public slots:
     void onLoadABC();
@@ -126,6 +127,7 @@ private:
 
     void load(const ImportRequest &request);
     void onImported(const ImportRequest &request, const ReadSong &song);
+    void takeImported();
     void startScan();
     void onScanned(const InstrumentSet &instruments);
     QString instrumentFor(const Track &track) const;
@@ -135,6 +137,7 @@ private:
     void rememberFolder(Settings::Setting setting, const QString &file);
     bool save(const QStringList &ids);
     void startExport(const QString &fileName);
+    bool isExporting() const { return renderer_ && renderer_->isRunning(); }
     void updateActions();
     void onSettingChanged(Settings::Setting setting, const QVariant &value);
 
@@ -147,16 +150,17 @@ private:
     Playback playback_;
     EditorWindows editors_;
     SongImport import_;
-    QVector<std::pair<ImportRequest, ReadSong>> waitingForScan_;
+    QVector<std::pair<ImportRequest, ReadSong>> imported_; // that is still to become tracks
     InstrumentScanTask scan_;
     bool isScanned_ = false;
     UpdateChecker updates_;
     std::unique_ptr<TrackRenderer> renderer_;
 
     TrackRows *rows_;
-    QComboBox *instrumentList_ = nullptr;
+    InstrumentComboBox *instrumentList_ = nullptr;
     QSlider *masterVolume_ = nullptr;
     VUMeter *masterMeter_ = nullptr;
+    QLabel *outputProblem_ = nullptr; // why nothing is heard
     BusyIndicator *importBusy_ = nullptr;
     BusyIndicator *scanBusy_ = nullptr;
     BusyIndicator *samplesBusy_ = nullptr;

@@ -1,10 +1,11 @@
 #include "app/BusyIndicator.h"
 #include "app/MainWindow.h"
 #include "app/RecentFiles.h"
+#include "ui/Icons.h"
+#include "ui/InstrumentComboBox.h"
 #include "ui/VUMeter.h"
 
 #include <QAction>
-#include <QComboBox>
 #include <QDockWidget>
 #include <QFileInfo>
 #include <QLabel>
@@ -72,11 +73,6 @@ namespace {
 
 const auto separator = QStringLiteral("-");
 
-QIcon icon(const QString &name)
-{
-    return name.isEmpty() ? QIcon() : QIcon(QStringLiteral(":/icons/%1.png").arg(name));
-}
-
 QStringList words(const char *text)
 {
     return QString::fromLatin1(text).split(u' ', Qt::SkipEmptyParts);
@@ -92,7 +88,7 @@ QAction *MainWindow::action(const QString &name) const
 void MainWindow::makeActions()
 {
     for (const auto &row : actionTable()) {
-        auto *const made = new QAction(icon(QLatin1String(row.icon)), QLatin1String(row.text), this);
+        auto *const made = new QAction(*row.icon != '\0' ? icon(row.icon) : QIcon(), QLatin1String(row.text), this);
         made->setObjectName(QLatin1String(row.name));
         made->setShortcut(QKeySequence(QLatin1String(row.shortcut)));
         if (*row.tip != '\0') {
@@ -139,10 +135,10 @@ void MainWindow::makeMenus()
     connect(file, &QMenu::aboutToShow, this,
             [=, this] { recent->setEnabled(!RecentFiles::list(settings_).isEmpty()); });
     auto *const import = addMenu(file, "menuImport", "Import");
-    import->setIcon(icon(QStringLiteral("import")));
+    import->setIcon(icon("import"));
     addToMenu(import, words("actionImport_MIDI actionImport_from_Clipboard"));
     auto *const exports = addMenu(file, "menuExport", "Export");
-    exports->setIcon(icon(QStringLiteral("export")));
+    exports->setIcon(icon("export"));
     addToMenu(exports, words("actionExport_to_Wav"));
     addToMenu(file, words("- actionSave_Selected actionSave_All - actionExit"));
 
@@ -187,13 +183,11 @@ void MainWindow::makeToolBars()
     addBar("tbPlayback", "Playback Controls", words("actionPlay actionStop"));
 
     auto *const instrument = addBar("tbInstrument", "Instrument Toolbar", {});
-    instrumentList_ = new QComboBox;
+    instrumentList_ = new InstrumentComboBox(instruments_);
     instrumentList_->setObjectName(QStringLiteral("instrumentList"));
     instrumentList_->setAccessibleName(tr("Default instrument"));
     instrumentList_->setToolTip(QStringLiteral("This is the default instrument that will be assigned to new tracks"));
     instrumentList_->setStatusTip(QStringLiteral("Default instrument for new tracks"));
-    instrumentList_->setModel(&instruments_);
-    instrumentList_->setIconSize({24, 24});
     instrumentList_->setMinimumContentsLength(18);
     instrumentList_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     connect(instrumentList_, &QComboBox::currentTextChanged, this, &MainWindow::onDefaultInstrumentChanged);
@@ -208,7 +202,7 @@ void MainWindow::makeToolBars()
     masterMeter_->setMinimumWidth(200);
     meters->addWidget(masterMeter_);
     auto *const speaker = new QLabel;
-    speaker->setPixmap(icon(QStringLiteral("speaker-volume")).pixmap(24, 24));
+    speaker->setPixmap(icon("speaker-volume").pixmap(24, 24));
     speaker->setContentsMargins(8, 0, 4, 0);
     meters->addWidget(speaker);
     masterVolume_ = new QSlider(Qt::Horizontal);
@@ -226,6 +220,7 @@ void MainWindow::makeHistoryDock()
     dock->setObjectName(QStringLiteral("dockHistory"));
     auto *const view = new QUndoView(&tracks_.history());
     view->setObjectName(QStringLiteral("historyView"));
+    view->setAccessibleName(tr("History"));
     view->setEmptyLabel(tr("Start"));
     view->setToolTip(tr("Every change; click on one to go back to it"));
     dock->setWidget(view);
@@ -240,6 +235,10 @@ void MainWindow::makeHistoryDock()
 
 void MainWindow::makeStatusBar()
 {
+    outputProblem_ = new QLabel;
+    outputProblem_->setObjectName(QStringLiteral("outputProblem"));
+    outputProblem_->hide();
+    statusBar()->addPermanentWidget(outputProblem_);
     importBusy_ = new BusyIndicator;
     scanBusy_ = new BusyIndicator;
     scanBusy_->setObjectName(QStringLiteral("scanIndicator"));

@@ -6,6 +6,7 @@
 #include "ui/TrackWidget.h"
 #include "ui/VUMeter.h"
 
+#include <QLabel>
 #include <QStatusBar>
 
 void MainWindow::connectRow(const QString &id, TrackWidget *row)
@@ -67,13 +68,13 @@ void MainWindow::onTrackChanged(const QString &trackId)
     tracks_.setTrack(row->changeName(), trackId, row->track());
 }
 
-// A track that was removed meanwhile comes back as a new one, so that no work is lost.
+// A track that was removed meanwhile comes back as a new one, which its editor belongs to from then on.
 void MainWindow::onEdited(const QString &trackId, const Track &track)
 {
     if (auto *const row = rows_->row(trackId))
         row->onTrackChanged(track);
     else
-        tracks_.add(tr("Edit Track"), {{track, instrumentFor(track)}});
+        editors_.reassign(trackId, tracks_.add(tr("Edit Track"), {{track, instrumentFor(track)}}).first());
 }
 
 void MainWindow::onTrackSeek(qint64 ticks)
@@ -118,8 +119,10 @@ void MainWindow::connectPlayer()
     connect(&player_, &TrackPlayer::notePressed, this, &MainWindow::onNotePressed);
     connect(&player_, &TrackPlayer::noteReleased, this, &MainWindow::onNoteReleased);
     connect(&player_, &TrackPlayer::loadingSample, this, &MainWindow::onLoadingSample);
-    connect(&player_, &TrackPlayer::outputChanged, this,
-            [this](const QString &problem) { statusBar()->showMessage(problem, problem.isEmpty() ? 1 : 0); });
+    connect(&player_, &TrackPlayer::outputChanged, outputProblem_, [this](const QString &problem) {
+        outputProblem_->setText(problem);
+        outputProblem_->setVisible(!problem.isEmpty());
+    });
 }
 
 void MainWindow::onTrackStarted(const QString &trackId)

@@ -19,10 +19,11 @@
 
 namespace {
 
-QPushButton *namedButton(const QString &name, const QString &text, const QString &icon = {})
+QPushButton *namedButton(const QString &name, const QString &text, const QString &tip, const QString &icon = {})
 {
     auto *const button = new QPushButton(QIcon(icon), text);
     button->setObjectName(name);
+    button->setToolTip(tip);
     return button;
 }
 
@@ -55,6 +56,7 @@ PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, QWidg
     setWindowTitle(QStringLiteral("Preferences"));
     selector_->setObjectName(QStringLiteral("propertySelector"));
     selector_->setAccessibleName(tr("Pages"));
+    selector_->setToolTip(tr("What the preferences are about"));
     selector_->setIconSize({24, 24});
     selector_->setFixedWidth(160);
     pages_->setObjectName(QStringLiteral("propertyPages"));
@@ -95,8 +97,8 @@ QWidget *PreferencesDialog::instrumentsPage()
     path->setObjectName(QStringLiteral("txtKelvarionPath"));
     path->setReadOnly(true);
     path->setToolTip(tr("The folder that Kelvarion is installed in"));
-    auto *const browseButton = namedButton(QStringLiteral("btnBrowseKVPath"), tr("Browse..."));
-    browseButton->setToolTip(tr("Choose the folder that Kelvarion is installed in"));
+    auto *const browseButton = namedButton(QStringLiteral("btnBrowseKVPath"), tr("Browse..."),
+                                           tr("Choose the folder that Kelvarion is installed in"));
     const Binding binding{Settings::RootPath, Restart::Needed, Kind::Path, path};
     bind(binding);
     connect(browseButton, &QPushButton::clicked, this, [this, binding] { browse(binding); });
@@ -110,7 +112,8 @@ QWidget *PreferencesDialog::instrumentsPage()
     auto *const rows = new QVBoxLayout;
     rows->addLayout(location);
     rows->addWidget(addCheckBox(Settings::LoadMods, QStringLiteral("chkLoadMods"),
-                                QStringLiteral("Load instruments from mods directory"), Restart::Needed));
+                                QStringLiteral("Load instruments from mods directory"),
+                                tr("Also offer the instruments of mods"), Restart::Needed));
     return pageOf(QStringLiteral("Kelvarion"), rows);
 }
 
@@ -118,16 +121,19 @@ QWidget *PreferencesDialog::previewPage()
 {
     auto *const rows = new QVBoxLayout;
     rows->addWidget(addCheckBox(Settings::DrawOctaveLines, QStringLiteral("chkPreviewDrawOctave"),
-                                QStringLiteral("Draw octave lines")));
+                                QStringLiteral("Draw octave lines"), tr("Show a line below every C")));
     rows->addWidget(addCheckBox(Settings::DrawMeasureLines, QStringLiteral("chkPreviewDrawMeasure"),
-                                QStringLiteral("Draw measure lines")));
+                                QStringLiteral("Draw measure lines"), tr("Show where each measure begins")));
 
     auto *const swatch = new ColourSwatch;
     swatch->setObjectName(QStringLiteral("clNoteColor"));
-    swatch->setToolTip(tr("The colour that notes are drawn in"));
+    swatch->setAccessibleName(tr("Note color"));
+    swatch->setToolTip(tr("The color that notes are drawn in"));
     auto *const pick = namedButton(QStringLiteral("btnPickNoteColor"), QStringLiteral("Change color"),
+                                   tr("Choose the color that notes are drawn in"),
                                    QStringLiteral(":/icons/color-swatch.png"));
     auto *const reset = namedButton(QStringLiteral("btnResetNoteColor"), QStringLiteral("Revert to default"),
+                                    tr("Draw notes in the usual color again"),
                                     QStringLiteral(":/icons/revert.png"));
     const Binding binding{Settings::NoteColor, Restart::NotNeeded, Kind::Colour, nullptr, nullptr, swatch};
     bind(binding);
@@ -174,9 +180,8 @@ QWidget *PreferencesDialog::midiPage()
     };
     auto *const rows = new QVBoxLayout;
     for (const auto &row : table) {
-        auto *const box = addCheckBox(row.setting, QLatin1String(row.name), QLatin1String(row.text));
-        box->setToolTip(QLatin1String(row.tip));
-        rows->addWidget(box);
+        rows->addWidget(
+            addCheckBox(row.setting, QLatin1String(row.name), QLatin1String(row.text), QLatin1String(row.tip)));
     }
     return pageOf(QStringLiteral("Import Settings"), rows);
 }
@@ -184,17 +189,17 @@ QWidget *PreferencesDialog::midiPage()
 QWidget *PreferencesDialog::appearancePage()
 {
     auto *const rows = new QVBoxLayout;
-    auto *const box = addCheckBox(Settings::DarkPalette, QStringLiteral("chkDarkPalette"), tr("Dark colors"));
-    box->setToolTip(tr("Draw the windows in dark colors"));
-    rows->addWidget(box);
+    rows->addWidget(addCheckBox(Settings::DarkPalette, QStringLiteral("chkDarkPalette"), tr("Dark colors"),
+                                tr("Draw the windows in dark colors")));
     return pageOf(tr("Windows"), rows);
 }
 
 QCheckBox *PreferencesDialog::addCheckBox(Settings::Setting setting, const QString &name, const QString &text,
-                                          Restart restart)
+                                          const QString &tip, Restart restart)
 {
     auto *const box = new QCheckBox(text);
     box->setObjectName(name);
+    box->setToolTip(tip);
     const Binding binding{setting, restart, Kind::CheckBox, nullptr, box};
     bind(binding);
     connect(box, &QCheckBox::toggled, this, [this, binding](bool isChecked) { change(binding, isChecked); });

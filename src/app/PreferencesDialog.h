@@ -44,7 +44,7 @@ private:
     QWidget *midiPage();
     QWidget *appearancePage();
     QCheckBox *addCheckBox(Settings::Setting setting, const QString &name, const QString &text,
-                           Restart restart = Restart::NotNeeded);
+                           const QString &tip, Restart restart = Restart::NotNeeded);
     void bind(const Binding &binding);
     void change(const Binding &binding, const QVariant &value);
     void browse(const Binding &binding);

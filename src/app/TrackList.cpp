@@ -138,17 +138,26 @@ std::shared_ptr<const SongTrack> TrackList::adopt(const NewTrack &added)
     track->id = nextId();
     track->track = shared(added.track);
     track->instrument = added.instrument;
-    if (!added.track.filePath().isEmpty())
-        saved_.insert(track->id, {added.track.filePath(), track->track});
+    rememberSaved(*track, added.track.filePath());
     return track;
 }
 
-void TrackList::add(const QString &step, const QVector<NewTrack> &tracks, ExistingTracks existing)
+void TrackList::rememberSaved(const SongTrack &track, const QString &path)
+{
+    if (!path.isEmpty() || track.track->noteCount() == 0)
+        saved_.insert(track.id, {path, track.track});
+}
+
+QStringList TrackList::add(const QString &step, const QVector<NewTrack> &tracks, ExistingTracks existing)
 {
     auto after = existing == ExistingTracks::Keep ? song_ : Song();
-    for (const auto &track : tracks)
+    QStringList ids;
+    for (const auto &track : tracks) {
         after.append(adopt(track));
+        ids.append(after.last()->id);
+    }
     change(step, after);
+    return ids;
 }
 
 void TrackList::remove(const QString &step, const QStringList &ids)
@@ -168,6 +177,7 @@ void TrackList::duplicate(const QStringList &ids)
             continue;
         auto copy = std::make_shared<SongTrack>(*source);
         copy->id = nextId();
+        rememberSaved(*copy, {});
         after.append(copy);
     }
     change(tr("Duplicate Tracks"), after);
@@ -200,7 +210,7 @@ void TrackList::move(const QString &id, int index)
 void TrackList::setTrack(const QString &step, const QString &id, const Track &track)
 {
     const auto value = shared(track);
-    changeEach(step, {id}, Merging::Text, [&](SongTrack &changed) { changed.track = value; });
+    changeEach(step, {id}, Merging::Never, [&](SongTrack &changed) { changed.track = value; });
 }
 
 void TrackList::setInstrument(const QStringList &ids, const QString &instrument)
@@ -245,10 +255,7 @@ void TrackList::solo(const QString &id)
 bool TrackList::isUnsaved(const QString &id) const
 {
     const auto *const track = find(id);
-    if (!track)
-        return false;
-    const auto saved = saved_.constFind(id);
-    return saved != saved_.constEnd() ? saved->track != track->track : track->track->noteCount() > 0;
+    return track && saved_.value(id).track != track->track;
 }
 
 QStringList TrackList::unsavedIds() const
@@ -261,10 +268,8 @@ QStringList TrackList::unsavedIds() const
 
 void TrackList::markSaved(const QString &id, const QString &path)
 {
-    if (const auto *const track = find(id)) {
+    if (const auto *const track = find(id))
         saved_.insert(id, {path, track->track});
-        emit savedChanged();
-    }
 }
 
 void TrackList::changeEach(const QString &step, const QStringList &ids, Merging merging,

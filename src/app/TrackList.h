@@ -62,7 +62,9 @@ public:
     void deselectAll();
     void invertSelection();
 
-    void add(const QString &step, const QVector<NewTrack> &tracks, ExistingTracks existing = ExistingTracks::Keep);
+    // Gives the identifiers of the new tracks.
+    QStringList add(const QString &step, const QVector<NewTrack> &tracks,
+                    ExistingTracks existing = ExistingTracks::Keep);
     void remove(const QString &step, const QStringList &ids);
     void duplicate(const QStringList &ids);
     void merge(const QStringList &ids); // throws a QString when the tempos differ; the sources stay
@@ -75,7 +77,8 @@ public:
     void toggleMuted(const QStringList &ids); // mutes all when one of them sounds
     void solo(const QString &id);             // or unmutes all when it alone sounds
 
-    // A track is unsaved when it differs from its file, or has notes and no file.
+    // A track is unsaved when it differs from its file, or has none. One without notes counts as saved as long as it
+    // stays as it was added.
     bool isUnsaved(const QString &id) const;
     QStringList unsavedIds() const;
     void markSaved(const QString &id, const QString &path);
@@ -83,21 +86,21 @@ public:
 signals:
     void songChanged(const Song &before, const Song &after);
     void selectionChanged(const QString &id, bool isSelected);
-    void savedChanged();
 
 private:
     friend class SongChange;
     struct SavedAs
     {
-        QString path;
+        QString path; // empty where there was nothing to save
         std::shared_ptr<const Track> track;
     };
     // Steps of one kind on one track that follow each other quickly are one step.
-    enum class Merging { Never, Instrument, Volume, Pan, Mute, Text };
+    enum class Merging { Never, Instrument, Volume, Pan };
 
     int indexOf(const QString &id) const;
     QString nextId() { return QStringLiteral("T%1").arg(++lastNumber_); }
     std::shared_ptr<const SongTrack> adopt(const NewTrack &track);
+    void rememberSaved(const SongTrack &track, const QString &path);
     void change(const QString &step, const Song &after, Merging merging = Merging::Never, const QString &id = {});
     void changeEach(const QString &step, const QStringList &ids, Merging merging,
                     const std::function<void(SongTrack &)> &edit);

@@ -7,6 +7,21 @@
 #include <QInputDialog>
 #include <QMessageBox>
 
+namespace {
+
+// Texts from files and servers are shown as they are, not as HTML.
+QMessageBox::StandardButton show(QWidget *parent, QMessageBox::Icon icon, const QString &title, const QString &text,
+                                 QMessageBox::StandardButtons buttons = QMessageBox::Ok,
+                                 QMessageBox::StandardButton preset = QMessageBox::NoButton)
+{
+    QMessageBox box(icon, title, text, buttons, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(preset);
+    return QMessageBox::StandardButton(box.exec());
+}
+
+} // namespace
+
 QStringList DesktopDialogs::openFiles(QWidget *parent, const QString &caption, const QString &start,
                                       const QString &filter)
 {
@@ -52,13 +67,13 @@ void DesktopDialogs::message(QWidget *parent, Severity severity, const QString &
 {
     switch (severity) {
     case Severity::Information:
-        QMessageBox::information(parent, title, text);
+        show(parent, QMessageBox::Information, title, text);
         break;
     case Severity::Warning:
-        QMessageBox::warning(parent, title, text);
+        show(parent, QMessageBox::Warning, title, text);
         break;
     case Severity::Critical:
-        QMessageBox::critical(parent, title, text);
+        show(parent, QMessageBox::Critical, title, text);
         break;
     }
 }
@@ -70,13 +85,14 @@ void DesktopDialogs::about(QWidget *parent, const QString &title, const QString 
 
 Dialogs::Answer DesktopDialogs::ask(QWidget *parent, const QString &title, const QString &text)
 {
-    return QMessageBox::question(parent, title, text) == QMessageBox::Yes ? Answer::Yes : Answer::No;
+    const auto answer = show(parent, QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No);
+    return answer == QMessageBox::Yes ? Answer::Yes : Answer::No;
 }
 
 std::optional<Dialogs::Answer> DesktopDialogs::askOrCancel(QWidget *parent, const QString &title, const QString &text)
 {
     const auto buttons = QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
-    switch (QMessageBox::question(parent, title, text, buttons, QMessageBox::Yes)) {
+    switch (show(parent, QMessageBox::Question, title, text, buttons, QMessageBox::Yes)) {
     case QMessageBox::Yes:
         return Answer::Yes;
     case QMessageBox::No:
@@ -89,7 +105,7 @@ std::optional<Dialogs::Answer> DesktopDialogs::askOrCancel(QWidget *parent, cons
 Dialogs::CloseAnswer DesktopDialogs::askToSave(QWidget *parent, const QString &title, const QString &text)
 {
     const auto buttons = QMessageBox::SaveAll | QMessageBox::Discard | QMessageBox::Cancel;
-    switch (QMessageBox::warning(parent, title, text, buttons, QMessageBox::SaveAll)) {
+    switch (show(parent, QMessageBox::Warning, title, text, buttons, QMessageBox::SaveAll)) {
     case QMessageBox::SaveAll:
         return CloseAnswer::SaveAll;
     case QMessageBox::Discard:

@@ -15,9 +15,9 @@
 class WindowFixture
 {
 public:
-    explicit WindowFixture(const QString &game) : settings_(path("Composer.cfg"))
+    explicit WindowFixture(const QString &gameRoot) : settings_(path("Composer.cfg"))
     {
-        settings_.setValue(Settings::RootPath, game);
+        settings_.setValue(Settings::RootPath, gameRoot);
         makeWindow();
     }
 
@@ -49,6 +49,16 @@ public:
     {
         const WatchedApplication::Watch watch;
         action(name)->trigger();
+    }
+
+    // False when there are not so many tracks in the end.
+    bool import(const QString &file, int tracks)
+    {
+        dialogs_.files = QStringList(file);
+        trigger("actionImport_MIDI");
+        const bool isDone = QTest::qWaitFor([&] { return this->tracks().song().size() == tracks; });
+        dialogs_.files.clear();
+        return isDone;
     }
 
     TrackWidget *row(int index)

@@ -1,3 +1,4 @@
+#include "app/ExampleSongs.h"
 #include "app/WindowFixture.h"
 #include "support/MidiBytes.h"
 
@@ -9,7 +10,6 @@
 
 namespace {
 
-const QString game = QStringLiteral(DEMO_GAME);
 // A part with so many notes, by twos, over four octaves; 8 bytes a note.
 QByteArray part(int notes, int channel)
 {
@@ -53,7 +53,7 @@ private:
 
 void TestInterfaceThread::init()
 {
-    fixture_ = std::make_unique<WindowFixture>(game);
+    fixture_ = std::make_unique<WindowFixture>(demoGame);
     QTRY_VERIFY(!fixture_->window().isLoading());
     fixture_->settings().setValue(Settings::MidiMergeChannels, false);
     QCoreApplication::processEvents();

@@ -22,6 +22,7 @@ private slots:
     void bindsEveryCheckBox_data();
     void bindsEveryCheckBox();
     void showsThePageOfTheSelectedRow();
+    void explainsEveryControl();
     void tellsAboutARestartOnce();
     void choosesOnlyAGame();
     void changesTheNoteColour();
@@ -106,6 +107,14 @@ void TestPreferences::showsThePageOfTheSelectedRow()
     for (int row = 0; row < selector->count(); ++row) {
         selector->setCurrentRow(row);
         QCOMPARE(pages->currentIndex(), row);
+    }
+}
+
+void TestPreferences::explainsEveryControl()
+{
+    for (const auto *const control : child<QStackedWidget>("propertyPages")->findChildren<QWidget *>()) {
+        if (control->focusPolicy() != Qt::NoFocus)
+            QVERIFY2(!control->toolTip().isEmpty(), qPrintable(control->objectName()));
     }
 }
 

@@ -206,6 +206,10 @@ void TestTrackList::mergesQuickDialDragsIntoOneStep()
     QCOMPARE(list.history().count(), 4);
     list.history().setIndex(1);
     QCOMPARE(list.find(t1)->volume, 100);
+    const auto up = [&] { list.setTrack(QStringLiteral("Transpose"), t1, transpose(*list.find(t1)->track, 12)); };
+    up();
+    up(); // a command is a step, however quick
+    QCOMPARE(list.history().count(), 3);
 }
 
 void TestTrackList::keepsIdsUnique()
@@ -293,6 +297,10 @@ void TestTrackList::knowsWhatIsUnsaved()
     QVERIFY(list.unsavedIds().isEmpty());
     list.setVolume(t2, 10); // is not in the file
     QVERIFY(list.unsavedIds().isEmpty());
+    Track titled;
+    titled.setHeaderField(QStringLiteral("T"), QStringLiteral("The beginning of a song"));
+    list.setTrack(QStringLiteral("Rename"), t3, titled);
+    QCOMPARE(list.unsavedIds(), QStringList(t3));
 }
 
 void TestTrackList::sharesUnchangedTracks()

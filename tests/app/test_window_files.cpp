@@ -1,0 +1,305 @@
+// How songs get into the window and out of it.
+#include "app/ExampleSongs.h"
+#include "app/GameLocation.h"
+#include "app/RecentFiles.h"
+#include "app/WindowFixture.h"
+#include "audio/TempoMap.h"
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDialog>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMimeData>
+
+class TestWindowFiles : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<WindowFixture> fixture_;
+
+    void dropFiles(const QStringList &paths)
+    {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const auto &path : paths)
+            urls.append(QUrl::fromLocalFile(path));
+        data.setUrls(urls);
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        enter.ignore();
+        QCoreApplication::sendEvent(&fixture_->window(), &enter);
+        QDropEvent drop(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        if (enter.isAccepted())
+            QCoreApplication::sendEvent(&fixture_->window(), &drop);
+        QCoreApplication::processEvents(); // the files are taken when the drop is over
+    }
+
+private slots:
+    void init()
+    {
+        fixture_ = std::make_unique<WindowFixture>(demoGame);
+        QTRY_VERIFY(!fixture_->window().isLoading());
+        QCoreApplication::processEvents();
+        WatchedApplication::takeLongestMs(); // the first show of a process loads fonts and plug-ins
+    }
+
+    void cleanup()
+    {
+        QCoreApplication::processEvents();
+        const auto longest = WatchedApplication::takeLongestMs();
+        fixture_.reset();
+        QVERIFY2(longest < WatchedApplication::limitMs, qPrintable(QStringLiteral("blocked for %1 ms").arg(longest)));
+    }
+
+    void asksForTheGameAtTheFirstStart()
+    {
+        auto &settings = fixture_->settings();
+        settings.setValue(Settings::RootPath, QString());
+        fixture_->dialogs().directories = QStringList{fixture_->path("."), demoGame};
+        QVERIFY(locateGame(settings, fixture_->dialogs(), {}));
+        QCOMPARE(settings.value(Settings::RootPath).toString(), QDir(demoGame).canonicalPath());
+        fixture_->makeWindow();
+        QTRY_VERIFY(fixture_->child<QComboBox>("instrumentList")->count() > 5);
+    }
+
+    void importsMidi()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        QCOMPARE(fixture_->dialogs().takeAsked(),
+                 QStringList(QStringLiteral("Choose MIDI file to import...|MIDI files (*.mid)")));
+        QCOMPARE(fixture_->settings().value(Settings::MidiOpenDir).toString(), songs);
+        QCOMPARE(fixture_->tracks().history().undoText(), QStringLiteral("Import MIDI"));
+        QCOMPARE(fixture_->row(0)->instrumentName(), fixture_->child<QComboBox>("instrumentList")->currentText());
+        fixture_->trigger("actionUndo");
+        QVERIFY(fixture_->tracks().isEmpty());
+        fixture_->trigger("actionRedo");
+        QCOMPARE(fixture_->tracks().song().size(), 3);
+
+        fixture_->dialogs().files = QStringList(fixture_->write("broken.mid", "MThd"));
+        fixture_->trigger("actionImport_MIDI");
+        QTRY_COMPARE(fixture_->dialogs().messages.size(), 1);
+        QVERIFY(fixture_->dialogs().messages.first().startsWith(QStringLiteral("Error while reading MIDI file|")));
+    }
+
+    void asksBeforeASecondImport()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        const int hymnTracks = int(importMidi(WindowFixture::read(hymn), {}).tracks.size());
+        fixture_->dialogs().takeAsked();
+        QVERIFY(fixture_->import(hymn, 3 + hymnTracks)); // No
+        QCOMPARE(fixture_->dialogs().takeAsked().value(1),
+                 QStringLiteral("Import MIDI|Would you like to remove the existing tracks first?"));
+        fixture_->dialogs().answer = Dialogs::Answer::Yes;
+        QVERIFY(fixture_->import(hymn, hymnTracks));
+    }
+
+    void opensAbcFilesAndGoesOnAfterABadOne()
+    {
+        fixture_->dialogs().files = QStringList{fixture_->write("one.abc", abc("One")), fixture_->path("missing.abc"),
+                                                fixture_->write("two.abc", abc("Two"))};
+        fixture_->trigger("actionOpen");
+        QTRY_COMPARE(fixture_->titles(), (QStringList{QStringLiteral("One"), QStringLiteral("Two")}));
+        QCOMPARE(fixture_->dialogs().messages,
+                 QStringList(QStringLiteral("Error while reading ABC file|Could not open file.")));
+        QCOMPARE(fixture_->dialogs().asked,
+                 QStringList(QStringLiteral("Choose ABC file(s) to open|ABC files (*.abc)")));
+        QCOMPARE(fixture_->row(0)->track().filePath(), fixture_->path("one.abc"));
+        QVERIFY(fixture_->tracks().unsavedIds().isEmpty());
+    }
+
+    void givesTracksTheInstrumentOfTheirHeader()
+    {
+        const auto last = fixture_->child<QComboBox>("instrumentList")->itemText(3);
+        QGuiApplication::clipboard()->setText(
+            QString::fromUtf8(abc("Named", "1/4=120", qPrintable(QStringLiteral("I:Instrument:%1\n").arg(last)))));
+        fixture_->trigger("actionImport_from_Clipboard");
+        QTRY_COMPARE(fixture_->tracks().song().size(), 1);
+        QCOMPARE(fixture_->row(0)->instrumentName(), last);
+
+        QTest::ignoreMessage(QtWarningMsg, "Unknown: there is no instrument 'Kazoo'");
+        QGuiApplication::clipboard()->setText(QString::fromUtf8(abc("Unknown", "1/4=120", "I:Instrument:Kazoo\n")));
+        fixture_->trigger("actionImport_from_Clipboard");
+        QTRY_COMPARE(fixture_->tracks().song().size(), 2);
+        QCOMPARE(fixture_->row(1)->instrumentName(), fixture_->child<QComboBox>("instrumentList")->currentText());
+    }
+
+    void pastes_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("tracks");
+        QTest::newRow("abc") << QString::fromUtf8(abc("Pasted")) << 1;
+        QTest::newRow("two tunes") << QString::fromUtf8(abc("A") + "\n" + abc("B")) << 2;
+        QTest::newRow("lower case") << QStringLiteral("x:1\nK:C\nCDE\n") << 0;
+        QTest::newRow("mml") << QStringLiteral("MML@cdefg,c2e2;") << 2;
+        QTest::newRow("lower-case mml") << QStringLiteral("mml@cdefg;") << 0;
+        QTest::newRow("prose") << QStringLiteral("Dear diary") << 0;
+    }
+    void pastes()
+    {
+        QFETCH(QString, text);
+        QGuiApplication::clipboard()->setText(text);
+        fixture_->trigger("actionImport_from_Clipboard");
+        QTRY_VERIFY(!fixture_->window().isLoading());
+        QTEST(int(fixture_->tracks().song().size()), "tracks");
+        QVERIFY(fixture_->dialogs().asked.isEmpty() && fixture_->dialogs().messages.isEmpty());
+    }
+
+    void pastesFiles()
+    {
+        const auto midi = fixture_->path("song.MIDI");
+        QVERIFY(QFile::copy(jig, midi));
+        auto *const urls = new QMimeData;
+        urls->setUrls({QUrl::fromLocalFile(midi), QUrl(QStringLiteral("https://example.org/a.mid"))});
+        QGuiApplication::clipboard()->setMimeData(urls);
+        fixture_->trigger("actionImport_from_Clipboard");
+        QTRY_COMPARE(fixture_->tracks().song().size(), 3);
+        fixture_->trigger("actionImport_from_Clipboard");
+        QTRY_COMPARE(fixture_->tracks().song().size(), 6);
+        QCOMPARE(
+            fixture_->dialogs().takeAsked(),
+            QStringList(QStringLiteral("Import from clipboard|Would you like to remove the existing tracks first?")));
+        QGuiApplication::clipboard()->setMimeData(new QMimeData);
+        fixture_->trigger("actionImport_from_Clipboard");
+        QCOMPARE(
+            fixture_->dialogs().messages,
+            QStringList(QStringLiteral("Import from clipboard|The clipboard does not contain anything to import.")));
+    }
+
+    void takesDrops_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("tracks");
+        QTest::newRow("midi") << QStringLiteral("song.mid") << 3;
+        QTest::newRow("upper case") << QStringLiteral("SONG.MID") << 3;
+        QTest::newRow("long suffix") << QStringLiteral("song.midi") << 0;
+        QTest::newRow("other") << QStringLiteral("song.txt") << 0;
+    }
+    void takesDrops()
+    {
+        QFETCH(QString, name);
+        const auto copy = fixture_->path(qPrintable(name));
+        QVERIFY(QFile::copy(jig, copy));
+        dropFiles({copy});
+        QTRY_VERIFY(!fixture_->window().isLoading());
+        QTEST(int(fixture_->tracks().song().size()), "tracks");
+        if (fixture_->tracks().isEmpty())
+            return;
+        fixture_->dialogs().answer = Dialogs::Answer::Yes;
+        dropFiles({fixture_->write("one.abc", abc("One")), copy});
+        QTRY_COMPARE(fixture_->tracks().song().size(), 4);
+        QCOMPARE(fixture_->dialogs().asked,
+                 QStringList(QStringLiteral("Import Files|Would you like to remove the existing tracks first?")));
+    }
+
+    void opensRecentFiles()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        fixture_->trigger("actionClear_Tracks");
+        auto *const menu = fixture_->child<QMenu>("menuRecent");
+        emit menu->aboutToShow();
+        QCOMPARE(menu->actions().size(), 1);
+        QCOMPARE(menu->actions().first()->text(), QStringLiteral("harbour-jig.mid"));
+        menu->actions().first()->trigger();
+        QTRY_COMPARE(fixture_->tracks().song().size(), 3);
+        RecentFiles::add(fixture_->settings(), fixture_->path("gone.abc"));
+        fixture_->window().openFiles({fixture_->path("gone.abc")});
+        QTRY_COMPARE(fixture_->dialogs().messages.size(), 1);
+        QCOMPARE(RecentFiles::list(fixture_->settings()), QStringList(jig));
+    }
+
+    void savesAndKnowsWhatIsSaved()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        QCOMPARE(fixture_->tracks().unsavedIds().size(), 3);
+        fixture_->dialogs().files =
+            QStringList{fixture_->path("1.abc"), fixture_->path("2.abc"), fixture_->path("3.abc")};
+        fixture_->trigger("actionSave_All");
+        QVERIFY(fixture_->tracks().unsavedIds().isEmpty());
+        auto second = *fixture_->tracks().song()[1]->track;
+        QCOMPARE(QString::fromUtf8(WindowFixture::read(fixture_->path("2.abc"))), second.toAbc());
+
+        fixture_->row(1)->onTransposeDown();
+        QCOMPARE(fixture_->tracks().unsavedIds(), QStringList(QStringLiteral("T2")));
+        fixture_->dialogs().takeAsked();
+        fixture_->inRow<QCheckBox>(1, "chkSelect")->click();
+        fixture_->trigger("actionSave_Selected"); // without a dialog
+        QVERIFY(fixture_->dialogs().takeAsked().isEmpty());
+        QVERIFY(fixture_->tracks().unsavedIds().isEmpty());
+        second = *fixture_->tracks().song()[1]->track;
+        QCOMPARE(QString::fromUtf8(WindowFixture::read(fixture_->path("2.abc"))), second.toAbc());
+    }
+
+    void stopsSavingWhenCancelled()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        fixture_->dialogs().takeAsked();
+        fixture_->dialogs().files = QStringList{fixture_->path("1.abc")};
+        fixture_->trigger("actionSave_All");
+        QCOMPARE(fixture_->dialogs().asked.size(), 2); // the second was cancelled
+        QCOMPARE(fixture_->tracks().unsavedIds().size(), 2);
+    }
+
+    void asksBeforeClosing_data()
+    {
+        QTest::addColumn<int>("answer");
+        QTest::addColumn<bool>("canSave");
+        QTest::addColumn<bool>("closes");
+        QTest::newRow("cancel") << int(Dialogs::CloseAnswer::Cancel) << true << false;
+        QTest::newRow("discard") << int(Dialogs::CloseAnswer::Discard) << true << true;
+        QTest::newRow("save") << int(Dialogs::CloseAnswer::SaveAll) << true << true;
+        QTest::newRow("save, then cancel") << int(Dialogs::CloseAnswer::SaveAll) << false << false;
+    }
+    void asksBeforeClosing()
+    {
+        QFETCH(int, answer);
+        QFETCH(bool, canSave);
+        QVERIFY(fixture_->window().close()); // nothing is unsaved
+        fixture_->window().show();
+        QGuiApplication::clipboard()->setText(QString::fromUtf8(abc("Pasted")));
+        fixture_->trigger("actionImport_from_Clipboard");
+        QTRY_COMPARE(fixture_->tracks().song().size(), 1);
+        fixture_->dialogs().closeAnswer = Dialogs::CloseAnswer(answer);
+        if (canSave)
+            fixture_->dialogs().files = QStringList(fixture_->path("pasted.abc"));
+        fixture_->trigger("actionExit");
+        QTEST(!fixture_->window().isVisible(), "closes");
+        QVERIFY(fixture_->dialogs().asked.first().startsWith(QStringLiteral("Kelvarion Composer|")));
+        const bool isSaved = canSave && Dialogs::CloseAnswer(answer) == Dialogs::CloseAnswer::SaveAll;
+        QCOMPARE(QFile::exists(fixture_->path("pasted.abc")), isSaved);
+    }
+
+    void exportsWaves()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        fixture_->dialogs().takeAsked();
+        fixture_->inRow<QCheckBox>(1, "btnMute")->click();
+        const auto wave = fixture_->path("jig.wav");
+        fixture_->dialogs().files = QStringList(wave);
+        fixture_->trigger("actionExport_to_Wav");
+        fixture_->trigger("actionExport_to_Wav"); // while it runs
+        QCOMPARE(fixture_->dialogs().takeMessages(),
+                 QStringList(QStringLiteral("Renderer in use|You are already rendering to wav, please wait for it to "
+                                            "finish and try again.")));
+        QCOMPARE(fixture_->dialogs().asked, QStringList(QStringLiteral("Export tracks to wav...|Wave file (*.wav)")));
+        fixture_->dialogs().closeAnswer = Dialogs::CloseAnswer::Discard;
+        QVERIFY(!fixture_->window().close()); // the export would be lost
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(wave), 30'000);
+        QTRY_VERIFY(!fixture_->child<QDialog>("exportProgress"));
+        QVERIFY(WindowFixture::read(wave).startsWith("RIFF"));
+        const auto frames = (QFileInfo(wave).size() - 44) / 4;
+        const auto &track = *fixture_->tracks().song()[0]->track;
+        const auto written = qint64(TempoMap(track, 48000).samplesAt(track.length()));
+        QVERIFY(frames >= written && frames < written + 3 * 48000); // the last notes fade out
+        QVERIFY(fixture_->dialogs().messages.isEmpty());
+    }
+};
+
+int main(int argc, char *argv[])
+{
+    WatchedApplication application(argc, argv);
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    TestWindowFiles test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "test_window_files.moc"
