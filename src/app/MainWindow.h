@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/BackgroundTask.h"
 #include "app/EditorWindows.h"
 #include "app/InstrumentScanTask.h"
 #include "app/Playback.h"
@@ -47,7 +48,10 @@ public:
     void openFiles(const QStringList &paths);
 
     // Whether files are still being read, or the game is still to be looked through for instruments.
-    bool isLoading() const { return instruments_.instruments().isEmpty() || import_.isRunning() || !imported_.isEmpty(); }
+    bool isLoading() const
+    {
+        return instruments_.instruments().isEmpty() || import_.isRunning() || !imported_.isEmpty();
+    }
 
 public slots:
     void onLoadABC();
@@ -150,6 +154,7 @@ private:
     Playback playback_;
     EditorWindows editors_;
     SongImport import_;
+    BackgroundTask merging_;
     QVector<std::pair<ImportRequest, ReadSong>> imported_; // that is still to become tracks
     InstrumentScanTask scan_;
     bool isScanned_ = false;

@@ -129,12 +129,11 @@ QWidget *PreferencesDialog::previewPage()
     swatch->setObjectName(QStringLiteral("clNoteColor"));
     swatch->setAccessibleName(tr("Note color"));
     swatch->setToolTip(tr("The color that notes are drawn in"));
-    auto *const pick = namedButton(QStringLiteral("btnPickNoteColor"), QStringLiteral("Change color"),
-                                   tr("Choose the color that notes are drawn in"),
-                                   QStringLiteral(":/icons/color-swatch.png"));
+    auto *const pick =
+        namedButton(QStringLiteral("btnPickNoteColor"), QStringLiteral("Change color"),
+                    tr("Choose the color that notes are drawn in"), QStringLiteral(":/icons/color-swatch.png"));
     auto *const reset = namedButton(QStringLiteral("btnResetNoteColor"), QStringLiteral("Revert to default"),
-                                    tr("Draw notes in the usual color again"),
-                                    QStringLiteral(":/icons/revert.png"));
+                                    tr("Draw notes in the usual color again"), QStringLiteral(":/icons/revert.png"));
     const Binding binding{Settings::NoteColor, Restart::NotNeeded, Kind::Colour, nullptr, nullptr, swatch};
     bind(binding);
     connect(pick, &QPushButton::clicked, this, [this, binding] {

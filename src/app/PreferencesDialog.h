@@ -43,8 +43,8 @@ private:
     QWidget *previewPage();
     QWidget *midiPage();
     QWidget *appearancePage();
-    QCheckBox *addCheckBox(Settings::Setting setting, const QString &name, const QString &text,
-                           const QString &tip, Restart restart = Restart::NotNeeded);
+    QCheckBox *addCheckBox(Settings::Setting setting, const QString &name, const QString &text, const QString &tip,
+                           Restart restart = Restart::NotNeeded);
     void bind(const Binding &binding);
     void change(const Binding &binding, const QVariant &value);
     void browse(const Binding &binding);

@@ -1,7 +1,5 @@
 #include "app/TrackList.h"
 
-#include "import/MergeTracks.h"
-
 #include <QElapsedTimer>
 #include <QUndoCommand>
 
@@ -181,20 +179,6 @@ void TrackList::duplicate(const QStringList &ids)
         after.append(copy);
     }
     change(tr("Duplicate Tracks"), after);
-}
-
-void TrackList::merge(const QStringList &ids)
-{
-    QVector<Track> tracks;
-    for (const auto &id : ids) {
-        if (const auto *const source = find(id))
-            tracks.append(*source->track);
-    }
-    if (tracks.isEmpty())
-        return;
-    auto merged = mergeTracks(tracks);
-    merged.setFilePath({});
-    add(tr("Merge Tracks"), {{merged, find(ids.first())->instrument}});
 }
 
 void TrackList::move(const QString &id, int index)

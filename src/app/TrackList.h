@@ -67,7 +67,6 @@ public:
                     ExistingTracks existing = ExistingTracks::Keep);
     void remove(const QString &step, const QStringList &ids);
     void duplicate(const QStringList &ids);
-    void merge(const QStringList &ids); // throws a QString when the tempos differ; the sources stay
     void move(const QString &id, int index);
     void setTrack(const QString &step, const QString &id, const Track &track);
     void setInstrument(const QStringList &ids, const QString &instrument);

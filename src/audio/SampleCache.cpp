@@ -209,7 +209,7 @@ private:
     QMap<QString, LongestNotes> needs_; // by path
     std::deque<Job<Decoded>> resampling_;
     int underWay_ = 0; // jobs
-    int done_ = 0; // pitches
+    int done_ = 0;     // pitches
     int total_ = 0;
 };
 

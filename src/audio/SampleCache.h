@@ -21,8 +21,8 @@ struct Sample
 };
 
 // The samples of instruments, decoded once; prepared ones are also resampled to the pitches that notes need. Each of
-// the two kinds keeps at most so many bytes, and nothing is resampled that would take an eighth of them: three minutes in
-// mono. A sample that is missing or damaged, or finds no room among those in use, is one logged warning and silence.
+// the two kinds keeps at most so many bytes, and nothing is resampled that would take an eighth of them: three minutes
+// in mono. A sample that is missing or damaged, or finds no room among those in use, is one logged warning and silence.
 // [audio] [render]
 class SampleCache
 {
@@ -56,13 +56,12 @@ private:
     void warnOnce(const QString &path, const QString &reason);
     double ratioOf(const SoundData &sound, double rate) const { return rate * sound.sampleRate() / sampleRate_; }
 
-
     const AudioEngine &engine_;
     int sampleRate_;
     Loading beforeLoading_;
     std::size_t longestResampling_; // in bytes
     SoundStore<QString> decoded_;
     SoundStore<Pitch> resampled_;
-    QSet<QString> rejected_;   // those that never will sound
+    QSet<QString> rejected_;    // those that never will sound
     QSet<QString> warnedAbout_; // beside them those that found no room
 };

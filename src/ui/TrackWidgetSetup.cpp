@@ -86,7 +86,8 @@ void TrackWidget::createChildren()
     name(cboInstrument_, "cboInstrument", tr("Instrument for this track"), tr("Instrument for this track"));
 
     wVis_ = new TrackVisualizationWidget(settings_, this);
-    name(wVis_, "wVis", tr("While playing, click to go on from here"), tr("Notes of this track and the playing position"));
+    name(wVis_, "wVis", tr("While playing, click to go on from here"),
+         tr("Notes of this track and the playing position"));
 
     dlVolume_ = new ValueDial(0, 100, 100, ValueDial::Detent::None, volumeText, this);
     name(dlVolume_, "dlVolume", tr("Playback Volume"), tr("The playback volume for this track"));

@@ -72,6 +72,7 @@ void TestInterfaceThread::import(const QByteArray &bytes)
 {
     fixture_->dialogs().files = QStringList(fixture_->write("song.mid", bytes));
     fixture_->trigger("actionImport_MIDI");
+    fixture_->dialogs().files.clear();
 }
 
 void TestInterfaceThread::importsFiveMegabytes()
@@ -121,6 +122,14 @@ void TestInterfaceThread::worksOnSixtyFourLongTracks()
     fixture_->trigger("actionUndo");
     QTest::qWait(200);
     fixture_->trigger("actionStop");
+    for (int number = 1; number <= 65; ++number)
+        fixture_->dialogs().files.append(fixture_->path("%1.abc").arg(number));
+    fixture_->trigger("actionMerge_Selected");
+    QTRY_COMPARE(fixture_->tracks().song().size(), 65);
+    fixture_->trigger("actionSave_All");
+    QVERIFY(fixture_->tracks().unsavedIds().isEmpty());
+    fixture_->trigger("actionDuplicate_Selected");
+    QCoreApplication::processEvents();
 }
 
 int main(int argc, char *argv[])

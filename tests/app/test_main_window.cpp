@@ -179,7 +179,7 @@ private slots:
         fixture_->inRow<QCheckBox>(0, "chkSelect")->click();
         fixture_->inRow<QCheckBox>(1, "chkSelect")->click();
         fixture_->trigger("actionMerge_Selected");
-        QCOMPARE(fixture_->tracks().song().size(), 4);
+        QTRY_COMPARE(fixture_->tracks().song().size(), 4);
         QCOMPARE(fixture_->row(3)->track().noteCount(),
                  fixture_->row(0)->track().noteCount() + fixture_->row(1)->track().noteCount());
         QCOMPARE(fixture_->action("actionUndo")->text(), QStringLiteral("Undo Merge Tracks"));
@@ -203,9 +203,9 @@ private slots:
         QTRY_COMPARE(fixture_->tracks().song().size(), 2);
         fixture_->trigger("actionSelect_All");
         fixture_->trigger("actionMerge_Selected");
-        QCOMPARE(fixture_->dialogs().messages,
-                 QStringList(
-                     QStringLiteral("Merge Tracks|Could not merge tracks: Cannot merge tracks with different tempos")));
+        QTRY_COMPARE(fixture_->dialogs().messages,
+                     QStringList(QStringLiteral(
+                         "Merge Tracks|Could not merge tracks: Cannot merge tracks with different tempos")));
         QCOMPARE(fixture_->tracks().song().size(), 2);
     }
 

@@ -63,7 +63,6 @@ private slots:
     void undoesTenThousandRandomCommands();
     void mergesQuickDialDragsIntoOneStep();
     void keepsIdsUnique();
-    void mergesOnlyEqualTempos();
     void solosAndBack();
     void mutesSelectedTogether();
     void keepsSelectionBesideTheHistory();
@@ -84,7 +83,6 @@ void TestTrackList::undoesAndRedoesEveryCommand_data()
     row("Remove All Tracks", "", [](auto &list) { list.remove(QStringLiteral("Remove All Tracks"), list.ids()); });
     row("Remove Track", "a c", [](auto &list) { list.remove(QStringLiteral("Remove Track"), {t2}); });
     row("Duplicate Tracks", "a b c c a", [](auto &list) { list.duplicate({t3, t1}); });
-    row("Merge Tracks", "a b c b", [](auto &list) { list.merge({t2, t3}); });
     row("Move Track", "c a b", [](auto &list) { list.move(t3, 0); });
     row("Rename Track", "a x c", [](auto &list) {
         list.setTrack(QStringLiteral("Rename Track"), t2, track(QStringLiteral("x"), QStringLiteral("c4|")));
@@ -135,7 +133,7 @@ void TestTrackList::undoesTenThousandRandomCommands()
         const auto id = someId();
         const QStringList two{id, someId()};
         const auto *const found = list.find(id);
-        switch (list.song().size() > 40 ? 0 : below(14)) {
+        switch (list.song().size() > 40 ? 0 : below(13)) {
         case 0:
             list.remove(QStringLiteral("Remove Tracks"), list.ids().mid(0, 1 + below(3)));
             break;
@@ -146,38 +144,35 @@ void TestTrackList::undoesTenThousandRandomCommands()
             list.add(QStringLiteral("New Track"), {{track(QString::number(command)), {}}});
             break;
         case 3:
-            list.merge({id});
-            break;
-        case 4:
             list.move(id, below(20) - 5);
             break;
-        case 5:
+        case 4:
             list.setInstrument(two, QString::number(below(4)));
             break;
-        case 6:
+        case 5:
             list.setVolume(id, below(101));
             break;
-        case 7:
+        case 6:
             list.setPan(id, below(201) - 100);
             break;
-        case 8:
+        case 7:
             list.toggleMuted(two);
             break;
-        case 9:
+        case 8:
             list.solo(id);
             break;
-        case 10:
+        case 9:
             list.setTrack(QStringLiteral("Rename"), id, track(QString::number(command)));
             break;
-        case 11:
+        case 10:
             if (found)
                 list.setTrack(QStringLiteral("Transpose"), id, transpose(*found->track, below(25) - 12));
             break;
-        case 12:
+        case 11:
             if (list.history().canUndo())
                 list.history().undo();
             break;
-        case 13:
+        case 12:
             list.invertSelection();
             break;
         }
@@ -219,26 +214,6 @@ void TestTrackList::keepsIdsUnique()
     list.history().undo();
     fill(list);
     QCOMPARE(list.ids(), (QStringList{QStringLiteral("T4"), QStringLiteral("T5"), QStringLiteral("T6")}));
-}
-
-void TestTrackList::mergesOnlyEqualTempos()
-{
-    TrackList list;
-    fill(list);
-    list.merge({t1});
-    QCOMPARE(list.song().last()->track->headerField(QStringLiteral("X")), QStringLiteral("1"));
-    QCOMPARE(list.song().last()->track->noteCount(), 8);
-    const auto faster = parseAbc(QStringLiteral("X:2\nT:fast\nL:1/4\nQ:1/4=121\nK:C\nC\n"));
-    list.add(QStringLiteral("Import"), {{faster, {}}});
-    const int steps = list.history().count();
-    QString message;
-    try {
-        list.merge({t1, list.ids().last()});
-    } catch (const QString &error) {
-        message = error;
-    }
-    QCOMPARE(message, QStringLiteral("Cannot merge tracks with different tempos"));
-    QCOMPARE(list.history().count(), steps);
 }
 
 void TestTrackList::solosAndBack()

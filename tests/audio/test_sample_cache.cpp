@@ -25,7 +25,8 @@ class TestSampleCache : public QObject
     SampleCache cacheOf(std::size_t bytes)
     {
         loaded_.clear();
-        return SampleCache(engine_, rate, [this](const QString &path) { loaded_.append(path); }, bytes);
+        return SampleCache(
+            engine_, rate, [this](const QString &path) { loaded_.append(path); }, bytes);
     }
 
     // A track for each file, one note after the other.
@@ -92,8 +93,8 @@ private slots:
         const NoteEntry first{{file(0)}, 1, 440}, second{{file(1)}, 1, 440};
         {
             const auto inUse = cache.find(first, noteFrames);
-            QTest::ignoreMessage(QtWarningMsg,
-                                 qUtf8Printable(file(1) + QStringLiteral(": The samples in use need too much memory.")));
+            QTest::ignoreMessage(
+                QtWarningMsg, qUtf8Printable(file(1) + QStringLiteral(": The samples in use need too much memory.")));
             QVERIFY(!cache.find(second, noteFrames).sound && !cache.find(second, noteFrames).sound);
         }
         QVERIFY(cache.find(second, noteFrames).sound);

@@ -27,7 +27,8 @@ struct BlockLevels
 class GroupBus
 {
 public:
-    static constexpr std::size_t capacity = 2048; // frames; what mono sounds need of the planes still fits a usual L1 cache
+    static constexpr std::size_t capacity =
+        2048; // frames; what mono sounds need of the planes still fits a usual L1 cache
 
     // A silent block at that clock; frames: at most capacity.
     void begin(DspClock clock, std::size_t frames);

@@ -133,8 +133,8 @@ private:
     // LiveKernel::rowOf() of the lower halves, times the size of a row.
     static COMPOSER_AVX2_INLINE __m256i placesOf(__m256i positions)
     {
-        const __m256i rows = _mm256_xor_si256(_mm256_srli_epi32(positions, 20),
-                                              _mm256_slli_epi32(_mm256_srli_epi32(positions, 27), 1));
+        const __m256i rows =
+            _mm256_xor_si256(_mm256_srli_epi32(positions, 20), _mm256_slli_epi32(_mm256_srli_epi32(positions, 27), 1));
         return _mm256_blend_epi32(_mm256_slli_epi32(rows, 5), positions, 0xAA);
     }
 

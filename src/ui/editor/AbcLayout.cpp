@@ -405,8 +405,9 @@ int AbcLayout::tokenAt(int offset) const
 
 int AbcLayout::elementAt(int offset) const
 {
-    const auto behind = std::upper_bound(elements.begin(), elements.end(), offset,
-                                         [](int at, const AbcTextElement &element) { return at < element.range.offset; });
+    const auto behind =
+        std::upper_bound(elements.begin(), elements.end(), offset,
+                         [](int at, const AbcTextElement &element) { return at < element.range.offset; });
     return int(behind - elements.begin()) - 1;
 }
 

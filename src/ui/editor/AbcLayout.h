@@ -53,7 +53,7 @@ struct AbcAccidentalMark
 struct AbcLayout
 {
     QVector<AbcTextElement> elements; // in the order of the text, as are all of these
-    QVector<AbcUnit> units;       // the last is the gap at the end
+    QVector<AbcUnit> units;           // the last is the gap at the end
     QVector<AbcNoteToken> tokens;
     QVector<AbcAccidentalMark> marks; // the first is the key of the header, at the beginning of the body
     int bodyOffset = 0;               // behind the line of the header's K field
