@@ -28,7 +28,6 @@ EmptyHint::EmptyHint(QWidget *parent) : QWidget(parent)
     auto *const explanation = new QLabel(tr("Every part of the song becomes a track that you can hear with the game's "
                                             "instruments and save as ABC."));
     auto *const pasteHint = new QLabel(tr("Text in ABC or MML can be pasted with Ctrl+V."));
-    pasteHint->setForegroundRole(QPalette::PlaceholderText);
 
     auto *const midi = largeButton(QStringLiteral("btnHintImport"), QStringLiteral(":/icons/midiimport.png"),
                                    tr("Import MIDI..."), tr("Choose a MIDI file (Ctrl+Shift+M)"));

@@ -176,6 +176,10 @@ void PianoRoll::resizeEvent(QResizeEvent *event)
     keyboard_->setGeometry(view.left() - margins.left(), view.top(), margins.left(), view.height());
     ruler_->setGeometry(view.left(), view.top() - margins.top(), view.width(), margins.top());
     updateScrollBars();
+    // What was in the middle stays there.
+    if (event->oldSize().isValid())
+        verticalScrollBar()->setValue(verticalScrollBar()->value() +
+                                      (event->oldSize().height() - event->size().height()) / 2);
 }
 
 void PianoRoll::showEvent(QShowEvent *event)
