@@ -10,8 +10,8 @@
 #include <stop_token>
 
 // Work beside the interface thread. The work gets a token that tells it to stop early; its result is delivered on the
-// interface thread, unless the task was cancelled or destroyed. Nobody waits for work that was cancelled, so it must
-// hold nothing but values.
+// interface thread, unless the task was cancelled or destroyed. Nobody but the end of the process waits for work that
+// was cancelled, so it must hold nothing but values.
 class BackgroundTask
 {
 public:

@@ -14,7 +14,6 @@ BusyIndicator::BusyIndicator(QWidget *parent) : QWidget(parent), text_(new QLabe
     cancel->setObjectName(QStringLiteral("btnCancelWork"));
     cancel->setText(tr("Cancel"));
     cancel->setToolTip(tr("Stop what is running (Esc)"));
-    cancel->setShortcut(Qt::Key_Escape); // works while the button is shown
     connect(cancel, &QToolButton::clicked, this, &BusyIndicator::cancelled);
 
     auto *const row = new QHBoxLayout(this);

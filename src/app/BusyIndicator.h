@@ -7,7 +7,7 @@ class QLabel;
 class QProgressBar;
 
 // What takes time, at the right of the status bar: a text, how far it is and a cancel button. It appears only when the
-// work lasts longer than half a second.
+// work lasts longer than half a second. The window emits cancelled() of all that it shows for Esc.
 class BusyIndicator : public QWidget
 {
     Q_OBJECT

@@ -40,12 +40,16 @@ void EditorWindows::open(const QString &trackId)
 
 void EditorWindows::reassign(const QString &fromTrackId, const QString &toTrackId)
 {
-    windows_.insert(toTrackId, windows_.take(fromTrackId));
+    const auto window = windows_.take(fromTrackId);
+    windows_.insert(toTrackId, window);
+    if (const auto *const track = tracks_.find(toTrackId); window && track)
+        window->setInstrument(playback_.instrument(track->instrument));
 }
 
 bool EditorWindows::closeAll()
 {
-    for (const auto &window : std::as_const(windows_)) {
+    const auto windows = windows_; // an applied change may reassign one
+    for (const auto &window : windows) {
         if (window && !window->close())
             return false;
     }

@@ -145,12 +145,14 @@ void MainWindow::onMergeTracks()
         }
     };
     merging_.start(this, work, [this, instrument = tracks_.find(ids.first())->instrument](const Merged &merged) {
+        updateActions();
         if (merged.error.isEmpty())
             tracks_.add(tr("Merge Tracks"), {{merged.track, instrument}});
         else
             dialogs_.message(this, Dialogs::Severity::Critical, QStringLiteral("Merge Tracks"),
                              QStringLiteral("Could not merge tracks: %1").arg(merged.error));
     });
+    updateActions();
 }
 
 void MainWindow::onApplyInstrument()
@@ -191,10 +193,11 @@ void MainWindow::updateActions()
         for (const auto &name : names)
             action(name)->setEnabled(isEnabled);
     };
-    enable({QStringLiteral("actionDuplicate_Selected"), QStringLiteral("actionMerge_Selected"),
-            QStringLiteral("actionRemove_Selected"), QStringLiteral("actionSave_Selected"),
-            QStringLiteral("actionMute_Selected")},
-           !tracks_.selectedIds().isEmpty());
+    const bool isSelected = !tracks_.selectedIds().isEmpty();
+    enable({QStringLiteral("actionDuplicate_Selected"), QStringLiteral("actionRemove_Selected"),
+            QStringLiteral("actionSave_Selected"), QStringLiteral("actionMute_Selected")},
+           isSelected);
+    enable({QStringLiteral("actionMerge_Selected")}, isSelected && !merging_.isRunning());
     enable({QStringLiteral("actionClear_Tracks"), QStringLiteral("actionSave_All"), QStringLiteral("actionPlay"),
             QStringLiteral("actionApplyInstrument"), QStringLiteral("actionExport_to_Wav"),
             QStringLiteral("actionSelect_All"), QStringLiteral("actionDeselect_All"),

@@ -175,6 +175,8 @@ void MainWindow::onSaveAll()
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
+    merging_.cancel(); // its sources are there
+    updateActions();
     if (!editors_.closeAll()) {
         event->ignore();
         return;

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QSlider>
 #include <QStatusBar>
 #include <QToolBar>
@@ -235,6 +236,14 @@ void MainWindow::makeHistoryDock()
 
 void MainWindow::makeStatusBar()
 {
+    // Here, since a key belongs to one thing only and several indicators may be shown.
+    auto *const escape = new QShortcut(Qt::Key_Escape, this);
+    connect(escape, &QShortcut::activated, this, [this] {
+        for (auto *const busy : {importBusy_, scanBusy_, samplesBusy_}) {
+            if (busy->isVisible())
+                emit busy->cancelled();
+        }
+    });
     outputProblem_ = new QLabel;
     outputProblem_->setObjectName(QStringLiteral("outputProblem"));
     outputProblem_->hide();

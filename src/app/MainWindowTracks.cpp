@@ -71,10 +71,14 @@ void MainWindow::onTrackChanged(const QString &trackId)
 // A track that was removed meanwhile comes back as a new one, which its editor belongs to from then on.
 void MainWindow::onEdited(const QString &trackId, const Track &track)
 {
-    if (auto *const row = rows_->row(trackId))
+    if (auto *const row = rows_->row(trackId)) {
         row->onTrackChanged(track);
-    else
-        editors_.reassign(trackId, tracks_.add(tr("Edit Track"), {{track, instrumentFor(track)}}).first());
+        return;
+    }
+    auto unsaved = track;
+    unsaved.setFilePath({}); // which holds the track as it was
+    const auto ids = tracks_.add(tr("Edit Track"), {{unsaved, instrumentFor(track)}});
+    editors_.reassign(trackId, ids.first());
 }
 
 void MainWindow::onTrackSeek(qint64 ticks)

@@ -26,8 +26,10 @@ Playback::Playback(TrackList &list, const InstrumentSetModel &catalogue, TrackPl
     connect(&player_, &TrackPlayer::trackStopped, this, &Playback::onTrackStopped);
     connect(&player_, &TrackPlayer::allTracksStopped, this, [this] { --stopsUnderWay_; });
     connect(&player_, &TrackPlayer::precacheProgress, this, &Playback::onPrecacheProgress);
-    connect(&player_, &TrackPlayer::trackPositionChanged, this,
-            [this](const QString &, quint64 position) { position_ = Ticks(position); });
+    connect(&player_, &TrackPlayer::trackPositionChanged, this, [this](const QString &, quint64 position) {
+        if (stopsUnderWay_ == 0) // of what plays now
+            position_ = Ticks(position);
+    });
 }
 
 QString Playback::resolvedName(const QString &name) const

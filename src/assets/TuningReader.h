@@ -11,8 +11,8 @@ struct SampleBase
 
 // Reads the tuning of an instrument kind from the bytes of its tuning.config. A note without samples borrows those of
 // the next lower note that has some (of the lowest when there is none) at the rate of their frequencies; one all of
-// whose names were left out is left out too. Throws a QString when the bytes are no tuning, hold notes but no sample
-// for them, or name more than 2048 samples.
+// whose names were left out is left out too. Throws a QString when the bytes are no tuning, hold a note that can borrow
+// none, or name more than 2048 samples.
 Tuning readTuning(const QByteArray &bytes, const QString &kind, const SampleBase &base);
 
 // Whether a path, which need not exist, is within a directory when "." and ".." are followed.

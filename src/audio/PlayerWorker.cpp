@@ -324,8 +324,8 @@ void PlayerWorker::stopAll()
     withEngine([this] {
         for (const auto &trackId : tracks_.keys())
             stop(trackId);
-        emit allTracksStopped();
     });
+    emit allTracksStopped();
 }
 
 void PlayerWorker::stop(const QString &trackId)

@@ -1,6 +1,9 @@
 #include "audio/RenderTimeline.h"
 
 #include "audio/SampleCache.h"
+#include "core/Interrupted.h"
+
+#include <QThread>
 
 #include <algorithm>
 #include <cmath>
@@ -25,6 +28,8 @@ RenderTimeline::RenderTimeline(const std::vector<RenderTrack> &tracks, SampleCac
         end_ = std::max(end_, track.playback.lastEventClock());
         auto playback = track.playback;
         while (const auto note = playback.takeNote(maxTicks)) {
+            if (QThread::currentThread()->isInterruptionRequested())
+                throw Interrupted();
             const auto voice = voiceFor(*note, group, samples_);
             if (!voice.sound)
                 continue;

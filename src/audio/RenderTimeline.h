@@ -19,6 +19,7 @@ struct RenderTrack
 class RenderTimeline
 {
 public:
+    // Throws Interrupted when the thread is asked to stop.
     RenderTimeline(const std::vector<RenderTrack> &tracks, SampleCache &samples);
 
     // Where the last event has begun and the last voice has ended.

@@ -36,7 +36,7 @@ Sample SampleCache::find(const NoteEntry &entry, DspClock frames)
     if (auto sound = resampled_.find({path, entry.rate}, frames))
         return {std::move(sound), 1};
     auto sound = decoded_.find(path, frames);
-    if (!sound && !rejected_.contains(path)) {
+    if (!sound && !rejected_.contains(path) && decoded_.hasRoomFor(withoutRoom_.value(path))) {
         beforeLoading_(path);
         sound = keep(path, decode(path));
     }
@@ -67,10 +67,12 @@ Sound SampleCache::keep(const QString &path, const Decoded &decoded)
 {
     if (!decoded.sound)
         reject(path, decoded.failure);
-    else if (!decoded_.insert(path, decoded.sound, never))
-        warnOnce(path, QStringLiteral("The samples in use need too much memory."));
-    else
+    else if (decoded_.insert(path, decoded.sound, never))
         return decoded.sound;
+    else {
+        withoutRoom_.insert(path, decoded.sound->bytes());
+        warnOnce(path, QStringLiteral("The samples in use need too much memory."));
+    }
     return nullptr;
 }
 
@@ -119,7 +121,7 @@ public:
         }
         if (resampling_.empty())
             return std::nullopt;
-        ++underWay_;
+        ++resamplingUnderWay_;
         auto job = std::move(resampling_.front());
         resampling_.pop_front();
         return job;
@@ -148,10 +150,8 @@ private:
     Job<Decoded> decoding(const QString &path, const LongestNotes &longestNotes)
     {
         cache_.beforeLoading_(path);
-        ++underWay_;
         const auto take = [this, path, longestNotes](const Decoded &decoded) {
-            --underWay_;
-            const bool othersHoldSamples = underWay_ > 0 || !resampling_.empty();
+            const bool othersHoldSamples = resamplingUnderWay_ > 0 || !resampling_.empty();
             if (decoded.sound && othersHoldSamples && !cache_.decoded_.insert(path, decoded.sound, never))
                 needs_.insert(path, longestNotes); // there is room once they are done
             else if (const auto sound = cache_.keep(path, decoded))
@@ -190,7 +190,7 @@ private:
             return made;
         };
         const auto take = [this, pitch, frames](const Decoded &made) {
-            --underWay_;
+            --resamplingUnderWay_;
             if (made.sound)
                 cache_.resampled_.insert(pitch, made.sound, made.sound->frames() < frames ? never : frames);
             advance(1);
@@ -208,8 +208,8 @@ private:
     const Progress &progress_;
     QMap<QString, LongestNotes> needs_; // by path
     std::deque<Job<Decoded>> resampling_;
-    int underWay_ = 0; // jobs
-    int done_ = 0;     // pitches
+    int resamplingUnderWay_ = 0; // jobs that were given away
+    int done_ = 0;               // pitches
     int total_ = 0;
 };
 

@@ -4,6 +4,7 @@
 #include "audio/AudioEngine.h"
 #include "audio/SoundStore.h"
 
+#include <QHash>
 #include <QPair>
 #include <QSet>
 
@@ -21,9 +22,9 @@ struct Sample
 };
 
 // The samples of instruments, decoded once; prepared ones are also resampled to the pitches that notes need. Each of
-// the two kinds keeps at most so many bytes, and nothing is resampled that would take an eighth of them: three minutes
-// in mono. A sample that is missing or damaged, or finds no room among those in use, is one logged warning and silence.
-// [audio] [render]
+// the two kinds keeps at most so many bytes, and nothing is resampled that would take more than an eighth of them:
+// three minutes in mono. A sample that is missing or damaged, or finds no room among those in use, is one logged
+// warning and silence. [audio] [render]
 class SampleCache
 {
 public:
@@ -62,6 +63,7 @@ private:
     std::size_t longestResampling_; // in bytes
     SoundStore<QString> decoded_;
     SoundStore<Pitch> resampled_;
-    QSet<QString> rejected_;    // those that never will sound
-    QSet<QString> warnedAbout_; // beside them those that found no room
+    QSet<QString> rejected_;                  // those that never will sound
+    QHash<QString, std::size_t> withoutRoom_; // and those that once found no room, with the bytes that they need
+    QSet<QString> warnedAbout_;
 };

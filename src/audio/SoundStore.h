@@ -41,6 +41,15 @@ public:
 
     std::size_t bytes() const { return bytes_; }
 
+    // Whether insert() of a sound of so many bytes would succeed.
+    bool hasRoomFor(std::size_t bytes) const
+    {
+        std::size_t inUse = 0;
+        for (const auto &entry : entries_)
+            inUse += entry.sound.use_count() > 1 ? entry.sound->bytes() : 0;
+        return inUse + bytes <= byteLimit_;
+    }
+
 private:
     struct Entry
     {

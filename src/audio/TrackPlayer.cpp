@@ -16,6 +16,7 @@ TrackPlayer::TrackPlayer(EngineFactory makeEngine, QObject *parent)
 
 TrackPlayer::~TrackPlayer()
 {
+    stop_.request_stop(); // whatever is still to be precached
     thread_.requestInterruption();
     emit __terminate();
     thread_.wait();

@@ -38,6 +38,9 @@ bool DragHandle::event(QEvent *event)
 {
     if (event->type() == QEvent::Enter || event->type() == QEvent::Leave)
         update();
+    // A dialog gets the mouse from here on.
+    if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowDeactivate)
+        giveUp();
     // While it drags, Esc is no shortcut of the window's.
     if (event->type() == QEvent::ShortcutOverride && isDragging() &&
         static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
@@ -68,6 +71,8 @@ void DragHandle::mouseMoveEvent(QMouseEvent *event)
 
 void DragHandle::mouseReleaseEvent(QMouseEvent *event)
 {
+    if (event->button() != Qt::LeftButton)
+        return;
     const bool isDrop = isDragging();
     position_ = mapToGlobal(event->pos());
     end();
@@ -78,15 +83,14 @@ void DragHandle::mouseReleaseEvent(QMouseEvent *event)
 void DragHandle::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape && isDragging())
-        cancel();
+        giveUp();
     else
         QWidget::keyPressEvent(event);
 }
 
 void DragHandle::hideEvent(QHideEvent *)
 {
-    if (isDragging())
-        cancel();
+    giveUp();
 }
 
 void DragHandle::timerEvent(QTimerEvent *)
@@ -112,8 +116,10 @@ void DragHandle::end()
     update();
 }
 
-void DragHandle::cancel()
+void DragHandle::giveUp()
 {
+    if (!isDragging())
+        return;
     end();
     emit dragCancelled();
 }

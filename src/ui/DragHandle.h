@@ -35,7 +35,7 @@ private:
     bool isDragging() const { return repeating_.isActive(); }
     void begin();
     void end();
-    void cancel();
+    void giveUp();
 
     std::optional<QPoint> pressedAt_;
     QPoint position_;

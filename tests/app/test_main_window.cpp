@@ -314,6 +314,25 @@ private slots:
         QVERIFY(editors.first()->close());
     }
 
+    // Their files hold what was there before the edits.
+    void closesWithEditsOfRemovedTracks()
+    {
+        fixture_->dialogs().files =
+            QStringList{fixture_->write("one.abc", abc("One")), fixture_->write("two.abc", abc("Two"))};
+        fixture_->trigger("actionOpen");
+        QTRY_COMPARE(fixture_->tracks().song().size(), 2);
+        for (int row = 0; row < 2; ++row)
+            fixture_->inRow<QToolButton>(row, "btnEdit")->click();
+        for (auto *const editor : fixture_->window().findChildren<AbcEditorWindow *>())
+            editor->document().replaceText(QString::fromUtf8(abc("Edited")), QStringLiteral("Type"));
+        fixture_->trigger("actionClear_Tracks");
+        fixture_->dialogs().answerOrCancel = Dialogs::Answer::Yes;
+        fixture_->dialogs().closeAnswer = Dialogs::CloseAnswer::Cancel;
+        QVERIFY(!fixture_->window().close());
+        QCOMPARE(fixture_->titles(), QStringList({QStringLiteral("Edited"), QStringLiteral("Edited")}));
+        QCOMPARE(fixture_->tracks().unsavedIds().size(), 2);
+    }
+
     void editsPreferences()
     {
         const auto light = QApplication::palette().color(QPalette::Window);

@@ -45,7 +45,7 @@ bool finishLines()
 {
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
         return true;
-    printFailure(QStringLiteral("standard output"), qt_error_string());
+    printFailure(QStringLiteral("standard output"), QStringLiteral("Could not write everything."));
     return false;
 }
 

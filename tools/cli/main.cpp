@@ -44,7 +44,7 @@ int main(int argc, char **argv)
         return finishLines() ? status : 1;
     } catch (const HelpWanted &) {
         printLine(usageText(commands()));
-        return 0;
+        return finishLines() ? 0 : 1;
     } catch (const WrongUsage &usage) {
         std::fprintf(stderr, "kelvarion-composer-cli: %s\n\n%s", qUtf8Printable(usage.message),
                      qUtf8Printable(usageText(commands())));

@@ -2,7 +2,8 @@
 
 #include "audio/engine/Mixer.h"
 
-// The default sound device, through SDL. Its callback asks the mixer for frames on a thread of SDL's. [audio]
+// The default sound device, through SDL. Its callback asks the mixer for frames on a thread of SDL's. [audio,
+// or another thread that it waits for]
 class DeviceOutput
 {
 public:
