@@ -1,6 +1,7 @@
 #include "core/AbcParser.h"
 
 #include "core/AbcElement.h"
+#include "core/AbcListener.h"
 #include "core/AbcTokenizer.h"
 #include "core/HeaderFields.h"
 #include "core/Interrupted.h"
@@ -16,16 +17,18 @@ constexpr size_t largestChord = 10'000;
 class AbcParser
 {
 public:
-    AbcParser(const QString &text, const std::stop_token &stop) : text_(text), stop_(stop), tokens_(text)
+    AbcParser(const QString &text, const std::stop_token &stop, AbcListener *listener)
+        : text_(text), stop_(stop), listener_(listener), tokens_(text)
     {
         accidentals_.clear();
     }
     Track parse();
 
 private:
-    void readHeader();
+    int readHeader();
     void applyHeader();
     void readBody();
+    bool nextBodyToken();
     void bodyToken();
     void bodyField();
     void barLine();
@@ -48,6 +51,7 @@ private:
 
     const QString &text_;
     const std::stop_token &stop_;
+    AbcListener *const listener_; // may be null
     AbcTokenizer tokens_;
     AbcToken token_;
     Track track_;
@@ -87,8 +91,10 @@ void AbcParser::failUnknown() const
 
 Track AbcParser::parse()
 {
-    readHeader();
+    const auto bodyLine = readHeader();
     applyHeader();
+    if (listener_ != nullptr)
+        listener_->bodyBegins(bodyLine, keyRow_);
     readBody();
     track_.editEvents() = std::move(events_);
     track_.setAbc(text_);
@@ -108,7 +114,8 @@ QString fieldName(QStringView letter)
     return names[letter[0].unicode() & 0x7F];
 }
 
-void AbcParser::readHeader()
+// Gives the line behind the header.
+int AbcParser::readHeader()
 {
     while (tokens_.next(token_)) {
         switch (token_.type) {
@@ -116,7 +123,7 @@ void AbcParser::readHeader()
             const auto name = fieldName(token_.part(AbcPart::Name));
             track_.appendHeaderField(name, token_.part(AbcPart::Value).trimmed().toString());
             if (name == u"K")
-                return;
+                return token_.line + 1;
             break;
         }
         case AbcTokenType::Instruction:
@@ -127,6 +134,7 @@ void AbcParser::readHeader()
             fail(QStringLiteral("Unexpected token found in ABC header: line %1, column %2."));
         }
     }
+    return tokens_.line();
 }
 
 void AbcParser::applyHeader()
@@ -149,13 +157,22 @@ void AbcParser::readBody()
         const auto lower = c.unicode() | 0x20;
         return lower >= u'a' && lower <= u'g';
     }));
-    while (tokens_.next(token_)) {
+    while (nextBodyToken()) {
         throwIfStopped(stop_);
         bodyToken();
     }
     finishElement();
     for (auto pitch = lowestPlayablePitch; pitch <= highestPlayablePitch; ++pitch)
         ties_.writeTo(events_, pitch);
+}
+
+bool AbcParser::nextBodyToken()
+{
+    if (!tokens_.next(token_))
+        return false;
+    if (listener_ != nullptr)
+        listener_->token(token_);
+    return true;
 }
 
 void AbcParser::bodyToken()
@@ -203,6 +220,8 @@ void AbcParser::bodyField()
         const auto key = HeaderFields::parseKey(value.toString(), HeaderFields::ModeReading::WholeWord);
         keyRow_ = key.row;
         events_.append(TrackEvent::key(position_, key.row, key.mode));
+        if (listener_ != nullptr)
+            listener_->keyChange(token_, keyRow_);
         break;
     }
     case u'Q':
@@ -227,10 +246,12 @@ void AbcParser::barLine()
 {
     finishElement();
     accidentals_.clear();
-    if (measureLength_ == 0)
-        return;
-    ++barCount_;
-    position_ = std::min(maxTicks, measureBase_ + scaled(measureLength_, barCount_, 1));
+    if (measureLength_ != 0) {
+        ++barCount_;
+        position_ = std::min(maxTicks, measureBase_ + scaled(measureLength_, barCount_, 1));
+    }
+    if (listener_ != nullptr)
+        listener_->barLine(token_, keyRow_, position_);
 }
 
 void AbcParser::beginTuplet()
@@ -264,8 +285,11 @@ AbcRatio AbcParser::applyBrokenRhythm()
 
 void AbcParser::readElement()
 {
+    const bool isBroken = brokenRhythm_ != 0;
     const auto rhythm = applyBrokenRhythm();
     finishElement();
+    if (listener_ != nullptr)
+        listener_->elementBegins(token_, isBroken, tupletNotesLeft_ > 0);
     element_.present = true;
     if (token_.type == AbcTokenType::Note)
         readNote();
@@ -273,6 +297,8 @@ void AbcParser::readElement()
         readRest();
     else
         readChord();
+    if (listener_ != nullptr)
+        listener_->elementEnds(token_);
 
     if (tupletNotesLeft_ > 0) {
         --tupletNotesLeft_;
@@ -332,7 +358,10 @@ void AbcParser::readNote()
     const auto marks = token_.part(AbcPart::Octave);
     const int octaves = int(marks.size());
     const int octave = (name >= u'a' ? 1 : 0) + (octaves > 0 && marks[0] == u',' ? -octaves : octaves);
-    const int pitch = 60 + 12 * octave + semitones[size_t(letter)] + accidental(octave, letter);
+    const int inForce = accidental(octave, letter);
+    const int pitch = 60 + 12 * octave + semitones[size_t(letter)] + inForce;
+    if (listener_ != nullptr)
+        listener_->note(token_, {octave * 7 + letter, inForce, pitch});
 
     const auto length = tokenLength().of(unitLength_);
     addToElement(length);
@@ -361,7 +390,7 @@ void AbcParser::readChord()
     const auto unexpected = QStringLiteral("Unexpected token found in chord at line %1, column %2.");
     element_.isChord = true;
     for (;;) {
-        if (!tokens_.next(token_))
+        if (!nextBodyToken())
             throw at(unexpected, tokens_.line(), tokens_.column());
         switch (token_.type) {
         case AbcTokenType::WhiteSpace:
@@ -406,6 +435,8 @@ void AbcParser::finishElement()
         finishChord(firstEvent);
     position_ = std::min(maxTicks, position_ + element_.chordLength.of(element_.advance));
     element_.clear();
+    if (listener_ != nullptr)
+        listener_->elementSounds(position_);
 }
 
 void AbcParser::sound(const WrittenNote &note)
@@ -454,7 +485,7 @@ void AbcParser::tieEventsFrom(qsizetype firstEvent)
 
 } // namespace
 
-Track parseAbc(const QString &text, const std::stop_token &stop)
+Track parseAbc(const QString &text, const std::stop_token &stop, AbcListener *listener)
 {
-    return AbcParser(text, stop).parse();
+    return AbcParser(text, stop, listener).parse();
 }

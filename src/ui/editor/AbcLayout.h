@@ -6,6 +6,8 @@
 #include <QString>
 #include <QVector>
 
+#include <utility>
+
 // A note, rest or chord with all its characters, and the time it takes.
 struct AbcTextElement
 {
@@ -67,5 +69,5 @@ struct AbcLayout
     int elementAtTick(Ticks tick) const;
 };
 
-// The layout of a text that parseAbc() read without an error into this track.
-AbcLayout layOutAbc(const QString &text, const Track &track);
+// Reads the text as parseAbc() does, and throws what it throws.
+std::pair<Track, AbcLayout> parseWithLayout(const QString &text);

@@ -1,10 +1,10 @@
 #include "ui/editor/AbcReading.h"
 
-#include "core/AbcParser.h"
 #include "core/AbcTokenizer.h"
 #include "core/HeaderFields.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace {
 
@@ -199,12 +199,12 @@ AbcReading readAbc(const QString &text)
     reading.problems = finder.takeProblems();
     auto readable = finder.readableText();
     try {
-        reading.track = parseAbc(readable);
+        std::tie(reading.track, reading.layout) = parseWithLayout(readable);
     } catch (const QString &message) {
         // Only what no person writes comes here, such as a chord of ten thousand notes.
         reading.problems.append({{0, int(text.size())}, 0, 0, message});
         readable = QString(text.size(), QLatin1Char(' '));
-        reading.track = parseAbc(readable);
+        std::tie(reading.track, reading.layout) = parseWithLayout(readable);
     }
 
     reading.track.setAbc(text);
@@ -216,6 +216,5 @@ AbcReading readAbc(const QString &text)
             event.isNote() ? TextRange{lines[int(event.textLine())] + int(event.textColumn()), int(event.textLength())}
                            : TextRange{});
     }
-    reading.layout = layOutAbc(readable, reading.track);
     return reading;
 }

@@ -134,8 +134,8 @@ private slots:
     // The layout's times are the reader's: every note's own element starts with it.
     void laysOutTime()
     {
-        const auto text = tune(QStringLiteral(
-            "c>d e<<f (3abc | [ceg]2 .c2 | C | Z2 | (3:2:3 c[ce]d [M:3/4] C2- | C {ab} c ^F ~F\nF4-|F|\n"));
+        const auto text = tune(QStringLiteral("c>d e<<f (3abc | [ceg]2 .c2 | C | Z2 | (3:2:3 c[ce]d [M:3/4] C2- | C "
+                                              "{ab} c ^F ~F\nF4-|F (11:2:11 [ce]3 d|\n"));
         const auto reading = readAbc(text);
         QVERIFY(reading.problems.isEmpty());
         int checked = 0;
@@ -146,7 +146,7 @@ private slots:
             QCOMPARE(reading.layout.elements[element].start, reading.track.events()[i].start());
             ++checked;
         }
-        QCOMPARE(checked, 23);
+        QCOMPARE(checked, 26);
     }
 
     void editsNotesInTheText_data()

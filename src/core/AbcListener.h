@@ -1,0 +1,39 @@
+#pragma once
+
+#include "core/AbcTokenizer.h"
+#include "core/Ticks.h"
+
+// A note as it is written and as it sounds.
+struct AbcPitch
+{
+    int step = 0;       // diatonic, 7 to an octave; 0 is middle C
+    int accidental = 0; // that it sounds with, written here or not
+    int pitch = 0;      // as MIDI counts; may be outside the playable range
+};
+
+// Is told by parseAbc(), on its thread and in the order of the text, what of the body has been read and when it sounds.
+// Lines count from 0. Tokens refer to the text. What grace notes hold is told as tokens alone: they take no time.
+class AbcListener
+{
+public:
+    virtual ~AbcListener() = default;
+
+    // The header is read; its key holds. The line is one behind the last when there is no body.
+    virtual void bodyBegins(int line, quint32 keyRow) = 0;
+
+    // Each token of the body, before the calls that say what it means.
+    virtual void token(const AbcToken &token) = 0;
+
+    // A note, rest or chord begins, at the time where the one before it ended or where a bar line put it. isBroken: a
+    // broken rhythm joins it to the one before.
+    virtual void elementBegins(const AbcToken &first, bool isBroken, bool inTuplet) = 0;
+    // A note of the element, alone or in a chord.
+    virtual void note(const AbcToken &token, const AbcPitch &pitch) = 0;
+    virtual void elementEnds(const AbcToken &last) = 0;
+    // Told for each element, but only when what follows it is known, which can still change its length.
+    virtual void elementSounds(Ticks end) = 0;
+
+    // The bar line, or the place of a new key, from where on the key holds. A bar line can move the position.
+    virtual void barLine(const AbcToken &token, quint32 keyRow, Ticks position) = 0;
+    virtual void keyChange(const AbcToken &token, quint32 keyRow) = 0;
+};
