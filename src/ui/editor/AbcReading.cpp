@@ -122,13 +122,13 @@ void ProblemFinder::bodyToken()
     }
 }
 
-// A chord that meets a bar line, a field, another chord or the end of its line was never closed: its bracket is wrong,
+// A chord that meets a bar line, a field, another chord or the end of the text was never closed: its bracket is wrong,
 // and what follows is read as if it were not there. In a closed chord, whatever does not belong is refused by itself.
 void ProblemFinder::readChord()
 {
     const auto start = token_;
     QVector<AbcToken> inside;
-    while ((tokenIsPending_ = tokens_.next(token_)) && token_.line == start.line && !endsOpenChord(token_.type)) {
+    while ((tokenIsPending_ = tokens_.next(token_)) && !endsOpenChord(token_.type)) {
         if (token_.type == AbcTokenType::ChordEnd) {
             tokenIsPending_ = false;
             checkChord(start, inside);

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr QLatin1String abcMimeType("text/vnd.abc");
+const QLatin1String abcMimeType("text/vnd.abc");
 
 NoteSpec specOf(const TrackEvent &event)
 {
