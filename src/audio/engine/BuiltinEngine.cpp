@@ -82,7 +82,11 @@ AudioResult BuiltinEngine::Session::watchDevice()
         return AudioResult::DeviceLost;
     } else if (!device.isOpen() && now() >= nextSearch) {
         // The new device takes over at the engine's rate, in which all clocks are counted.
-        search = std::async(std::launch::async, [this] { return device.open(sampleRate); });
+        search = std::async(std::launch::async, [this] {
+            const bool isFound = device.open(sampleRate);
+            DeviceOutput::leaveThread();
+            return isFound;
+        });
     }
     return AudioResult::Ok;
 }

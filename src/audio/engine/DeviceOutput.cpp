@@ -38,6 +38,11 @@ bool DeviceOutput::open(int sampleRate)
     return device_ != 0;
 }
 
+void DeviceOutput::leaveThread()
+{
+    SDL_TLSCleanup();
+}
+
 void DeviceOutput::start()
 {
     SDL_PauseAudioDevice(device_, 0);

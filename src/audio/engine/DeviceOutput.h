@@ -15,6 +15,8 @@ public:
     // Opens the device without starting it; false when there is none. sampleRate: Hz, or 0 for the device's own, which
     // sampleRate() tells then.
     bool open(int sampleRate);
+    // Frees what SDL keeps for the calling thread, which opened a device and is about to end.
+    static void leaveThread();
     void start();
     // Waits for the callback to end.
     void close();
