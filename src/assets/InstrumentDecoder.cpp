@@ -6,6 +6,8 @@
 #include <utility>
 
 namespace {
+constexpr std::size_t mostWaiting = 8;
+
 // Of one place, in bytes: a thousand icons of 128 x 128.
 constexpr qint64 mostIconMemory = qint64(64) << 20;
 
@@ -15,24 +17,46 @@ void warn(const QString &message)
 }
 } // namespace
 
-InstrumentDecoder::InstrumentDecoder()
+InstrumentDecoder::~InstrumentDecoder()
 {
-    thread_.setMaxThreadCount(1);
+    finish();
 }
 
 void InstrumentDecoder::take(PlaceFiles files)
 {
-    free_.acquire();
-    thread_.start([this, files = std::move(files)] {
-        decode(files);
-        free_.release();
-    });
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [this] { return waiting_.size() < mostWaiting; });
+    waiting_.push_back(std::move(files));
+    if (!thread_.joinable())
+        thread_ = std::thread([this] { run(); });
+    changed_.notify_all();
 }
 
 InstrumentSet InstrumentDecoder::finish()
 {
-    thread_.waitForDone();
+    {
+        const std::lock_guard lock(mutex_);
+        isComplete_ = true;
+        changed_.notify_all();
+    }
+    if (thread_.joinable())
+        thread_.join();
     return std::exchange(found_, {});
+}
+
+void InstrumentDecoder::run()
+{
+    for (;;) {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [this] { return isComplete_ || !waiting_.empty(); });
+        if (waiting_.empty())
+            return;
+        const auto files = std::move(waiting_.front());
+        waiting_.pop_front();
+        changed_.notify_all();
+        lock.unlock();
+        decode(files);
+    }
 }
 
 void InstrumentDecoder::decode(const PlaceFiles &files)

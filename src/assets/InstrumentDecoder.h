@@ -4,10 +4,11 @@
 #include "assets/ItemReader.h"
 #include "assets/TuningReader.h"
 
-#include <QSemaphore>
-#include <QThreadPool>
-
+#include <condition_variable>
+#include <deque>
+#include <mutex>
 #include <optional>
+#include <thread>
 #include <vector>
 
 // The files of one instrument as a package or directory has them.
@@ -33,22 +34,30 @@ struct PlaceFiles
 class InstrumentDecoder
 {
 public:
-    InstrumentDecoder();
+    InstrumentDecoder() = default;
+    InstrumentDecoder(const InstrumentDecoder &) = delete;
+    InstrumentDecoder &operator=(const InstrumentDecoder &) = delete;
+    ~InstrumentDecoder();
 
     // Waits while the files of eight places are still to be decoded, so that they cannot pile up.
     void take(PlaceFiles files);
 
-    // Waits for the end and gives everything that was found; of several instruments with one name the first that could
-    // be decoded.
+    // Takes no more, waits for the end and gives everything that was found; of several instruments with one name the
+    // first that could be decoded.
     InstrumentSet finish();
 
 private:
+    void run();
     void decode(const PlaceFiles &files);
     void decode(const InstrumentFiles &files);
     QImage icon(const InstrumentFiles &files);
 
     InstrumentSet found_;   // belongs to the running thread
     qint64 iconMemory_ = 0; // bytes that the icons of this place may still take; likewise
-    QSemaphore free_{8};
-    QThreadPool thread_; // last, so that its end is awaited first
+
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::deque<PlaceFiles> waiting_; // guarded, like isComplete_
+    bool isComplete_ = false;
+    std::thread thread_; // from the first files on
 };
