@@ -33,6 +33,22 @@ public:
         window_->show();
     }
 
+    // From here on the window may not be blocked; its first show in a process loads fonts and plug-ins.
+    bool waitUntilLoaded()
+    {
+        const bool isLoaded = QTest::qWaitFor([this] { return !window_->isLoading(); });
+        QCoreApplication::processEvents();
+        WatchedApplication::takeLongestMs();
+        return isLoaded;
+    }
+    // For how long an event kept the interface thread; empty when that was short enough.
+    static QString blocked()
+    {
+        QCoreApplication::processEvents();
+        const auto longest = WatchedApplication::takeLongestMs();
+        return longest < WatchedApplication::limitMs ? QString() : QStringLiteral("blocked for %1 ms").arg(longest);
+    }
+
     MainWindow &window() { return *window_; }
     TrackList &tracks() { return window_->tracks(); }
     Settings &settings() { return settings_; }

@@ -54,10 +54,8 @@ private:
 void TestInterfaceThread::init()
 {
     fixture_ = std::make_unique<WindowFixture>(demoGame);
-    QTRY_VERIFY(!fixture_->window().isLoading());
     fixture_->settings().setValue(Settings::MidiMergeChannels, false);
-    QCoreApplication::processEvents();
-    WatchedApplication::takeLongestMs();
+    QVERIFY(fixture_->waitUntilLoaded());
 }
 
 void TestInterfaceThread::cleanup()

@@ -39,17 +39,13 @@ private slots:
     void init()
     {
         fixture_ = std::make_unique<WindowFixture>(demoGame);
-        QTRY_VERIFY(!fixture_->window().isLoading());
-        QCoreApplication::processEvents();
-        WatchedApplication::takeLongestMs(); // the first show of a process loads fonts and plug-ins
+        QVERIFY(fixture_->waitUntilLoaded());
     }
 
     void cleanup()
     {
-        QCoreApplication::processEvents();
-        const auto longest = WatchedApplication::takeLongestMs();
+        QCOMPARE(fixture_->blocked(), QString());
         fixture_.reset();
-        QVERIFY2(longest < WatchedApplication::limitMs, qPrintable(QStringLiteral("blocked for %1 ms").arg(longest)));
     }
 
     void asksForTheGameAtTheFirstStart()
