@@ -1,8 +1,8 @@
 // Packages and the scan, against plain reads of the same bytes. The packages are written for the run.
 #include "assets/InstrumentScan.h"
-#include "assets/KVAssetPakReader.h"
-#include "assets/LegacyPakReader.h"
 #include "assets/PackageWriter.h"
+#include "assets/package/KVAssetPakReader.h"
+#include "assets/package/LegacyPakReader.h"
 #include "support/Ratios.h"
 
 #include <QBuffer>

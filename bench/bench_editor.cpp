@@ -2,13 +2,13 @@
 // lines and into one line of 20 kB, with the piano roll shown and hidden, and reading those texts in between. Ends with
 // 1 when a 99th percentile is above its budget. Times are of the interface's own thread; the clock's time, which other
 // programs disturb, is printed beside it.
-#include "app/Settings.h"
 #include "audio/TrackPlayer.h"
 #include "audio/engine/BuiltinEngine.h"
 #include "core/AbcParser.h"
+#include "settings/Settings.h"
 #include "ui/Dialogs.h"
 #include "ui/editor/AbcEditorWindow.h"
-#include "ui/editor/AbcTextEdit.h"
+#include "ui/text/AbcTextEdit.h"
 
 #include <QAction>
 #include <QApplication>

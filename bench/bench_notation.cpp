@@ -1,7 +1,7 @@
 // MIDI to ABC and ABC to tracks, against abcmidi's midi2abc and abc2midi on the same files, and against the number of
 // notes. Files: ../shared/corpus beside the source tree when it is there, else the examples.
+#include "base/TextDecoding.h"
 #include "core/AbcParser.h"
-#include "core/TextDecoding.h"
 #include "import/MidiImport.h"
 #include "support/ChildProcess.h"
 #include "support/MidiBytes.h"

@@ -2,11 +2,11 @@
 // share of one core; and how long pictures and scrolling take. Every update moves every line by a whole pixel, which is
 // far more than a real song does. QT_QPA_PLATFORM chooses the platform, offscreen when there is none; QT_SCALE_FACTOR
 // the scale.
-#include "app/Settings.h"
 #include "assets/InstrumentSetModel.h"
+#include "settings/Settings.h"
 #include "ui/Dialogs.h"
-#include "ui/NotePicture.h"
-#include "ui/TrackWidget.h"
+#include "ui/song/NotePicture.h"
+#include "ui/song/TrackWidget.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -1,8 +1,8 @@
 // What it takes the piano roll to paint a track of 100,000 notes into an offscreen window of 1920 × 1080: whole frames
 // at every zoom, scrolling and a moving position. Ends with 1 when the 99th percentile of one of them is above 16 ms of
 // the thread's own time; the clock's time, which other programs disturb, is printed beside it.
-#include "app/Settings.h"
-#include "ui/editor/PianoRoll.h"
+#include "settings/Settings.h"
+#include "ui/roll/PianoRoll.h"
 
 #include <QApplication>
 #include <QScrollBar>

@@ -1,6 +1,6 @@
 // ABC text of any bytes is read or refused, and what was read can be transformed and written anew.
+#include "base/TextDecoding.h"
 #include "core/AbcParser.h"
-#include "core/TextDecoding.h"
 #include "import/Realign.h"
 #include "import/Transpose.h"
 #include "import/UnitLength.h"

@@ -1,5 +1,5 @@
 // A current package of any bytes opens or is refused, and every file that it lists is found and read or refused.
-#include "assets/KVAssetPakReader.h"
+#include "assets/package/KVAssetPakReader.h"
 
 #include <QBuffer>
 #include <QLoggingCategory>

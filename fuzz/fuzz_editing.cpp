@@ -1,8 +1,8 @@
 // Any text: the editor's reader finds problems exactly where the strict one refuses the text, and an edit in notes
 // gives a text that reads as the edited notes.
 #include "core/AbcParser.h"
-#include "ui/editor/AbcReading.h"
-#include "ui/editor/NoteEditPlan.h"
+#include "edit/AbcReading.h"
+#include "edit/NoteEditPlan.h"
 
 #include <cstdlib>
 

@@ -1,5 +1,5 @@
 // A legacy package of any bytes opens or is refused, and so does every lookup in it; what is read comes from its bytes.
-#include "assets/LegacyPakReader.h"
+#include "assets/package/LegacyPakReader.h"
 
 #include <QBuffer>
 #include <QLoggingCategory>

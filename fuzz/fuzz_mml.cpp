@@ -1,5 +1,5 @@
 // MML text of any bytes becomes tracks that can be written.
-#include "core/TextDecoding.h"
+#include "base/TextDecoding.h"
 #include "import/MmlImport.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)

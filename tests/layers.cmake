@@ -4,16 +4,25 @@ cmake_minimum_required(VERSION 3.21)
 # One row a layer: the beginning of its files' paths, a bar, and the layers (or single headers) of src that it may
 # include beside itself. A file belongs to the longest row that fits.
 set(LAYERS
-    "src/core|"
-    "src/import|core"
-    "src/assets|core"
-    "src/audio|core assets"
+    "src/base|"
+    "src/settings|base"
+    "src/core|base"
+    "src/import|base core"
+    "src/edit|base core"
+    "src/assets/package|base"
+    "src/assets|base assets/package"
+    "src/audio|base core assets assets/package"
     "src/audio/engine|audio/AudioEngine.h audio/Sound.h"
-    "src/app/Settings|core"
-    "src/ui|core import assets app/Settings"
-    "src/ui/editor|core import assets audio ui app/Settings"
-    "src/app|core import assets audio audio/engine ui ui/editor app/Settings"
-    "tools/cli|core import assets audio audio/engine app/Settings"
+    "src/ui|base settings assets"
+    "src/ui/song|base settings core import assets ui"
+    "src/ui/preferences|base settings assets ui"
+    "src/ui/document|base core edit assets"
+    "src/ui/text|base settings core edit ui ui/document"
+    "src/ui/roll|base settings core edit ui ui/document"
+    "src/ui/transform|base settings core import ui"
+    "src/ui/editor|base settings core import edit assets audio ui ui/document ui/text ui/roll ui/transform"
+    "src/app|base settings core import assets audio audio/engine ui ui/song ui/preferences ui/editor"
+    "tools/cli|base settings core import assets assets/package audio audio/engine"
     "tools/demogame|")
 set(LAYERS_WITHOUT_QT "src/audio/engine")
 
@@ -46,9 +55,16 @@ foreach(FILE IN LISTS FILES)
     if(QT_INCLUDES AND OWN IN_LIST LAYERS_WITHOUT_QT)
         message(SEND_ERROR "${FILE} may not include Qt")
     endif()
-    file(STRINGS ${SOURCE_DIR}/${FILE} INCLUDES REGEX "^#include \"[a-z]+/")
+    file(STRINGS ${SOURCE_DIR}/${FILE} INCLUDES REGEX "^ *# *include *[<\"][^>\"]*/")
     foreach(INCLUDE IN LISTS INCLUDES)
-        string(REGEX REPLACE "^#include \"([^\"]*)\".*" "\\1" HEADER "${INCLUDE}")
+        string(REGEX REPLACE "^ *# *include *[<\"]([^>\"]*)[>\"].*" "\\1" HEADER "${INCLUDE}")
+        if(HEADER MATCHES "(^|/)[.][.]?/")
+            message(SEND_ERROR "${FILE} includes ${HEADER} by a relative path, which hides its layer")
+            continue()
+        endif()
+        if(NOT EXISTS ${SOURCE_DIR}/src/${HEADER})
+            continue() # of a library
+        endif()
         find_layer("src/${HEADER}")
         string(REPLACE "src/" "" NAME "${LAYER}")
         if(NOT LAYER STREQUAL OWN AND NOT NAME IN_LIST ALLOWED AND NOT HEADER IN_LIST ALLOWED)

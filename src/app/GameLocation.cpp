@@ -1,7 +1,7 @@
 #include "app/GameLocation.h"
 
-#include "app/Settings.h"
 #include "assets/GameInstallation.h"
+#include "settings/Settings.h"
 #include "ui/Dialogs.h"
 
 #include <QCoreApplication>

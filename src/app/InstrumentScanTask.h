@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/BackgroundTask.h"
 #include "assets/InstrumentScan.h"
+#include "base/BackgroundTask.h"
 
 // The scan of a game installation, beside the interface thread.
 class InstrumentScanTask : public QObject

@@ -1,15 +1,15 @@
 #include "app/MainWindow.h"
 
 #include "app/About.h"
-#include "app/BusyIndicator.h"
 #include "app/EmptyHint.h"
-#include "app/PreferencesDialog.h"
-#include "app/Theme.h"
 #include "app/TrackRows.h"
 #include "import/MergeTracks.h"
+#include "ui/BusyIndicator.h"
 #include "ui/Dialogs.h"
 #include "ui/InstrumentComboBox.h"
-#include "ui/TrackWidget.h"
+#include "ui/Theme.h"
+#include "ui/preferences/PreferencesDialog.h"
+#include "ui/song/TrackWidget.h"
 
 #include <QAction>
 #include <QScrollArea>

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "app/BackgroundTask.h"
 #include "app/EditorWindows.h"
 #include "app/InstrumentScanTask.h"
 #include "app/Playback.h"
-#include "app/Settings.h"
 #include "app/SongImport.h"
 #include "app/UpdateChecker.h"
 #include "audio/TrackPlayer.h"
 #include "audio/TrackRenderer.h"
+#include "base/BackgroundTask.h"
+#include "settings/Settings.h"
 
 #include <QMainWindow>
 

@@ -5,7 +5,7 @@
 #include "app/TrackRows.h"
 #include "core/HeaderFields.h"
 #include "ui/Dialogs.h"
-#include "ui/TrackWidget.h"
+#include "ui/song/TrackWidget.h"
 
 #include <QApplication>
 #include <QClipboard>

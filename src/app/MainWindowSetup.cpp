@@ -1,9 +1,9 @@
-#include "app/BusyIndicator.h"
 #include "app/MainWindow.h"
 #include "app/RecentFiles.h"
+#include "ui/BusyIndicator.h"
 #include "ui/Icons.h"
 #include "ui/InstrumentComboBox.h"
-#include "ui/VUMeter.h"
+#include "ui/song/VUMeter.h"
 
 #include <QAction>
 #include <QDockWidget>

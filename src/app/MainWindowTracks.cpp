@@ -3,8 +3,8 @@
 #include "app/MainWindow.h"
 #include "app/RecentFiles.h"
 #include "app/TrackRows.h"
-#include "ui/TrackWidget.h"
-#include "ui/VUMeter.h"
+#include "ui/song/TrackWidget.h"
+#include "ui/song/VUMeter.h"
 
 #include <QLabel>
 #include <QStatusBar>

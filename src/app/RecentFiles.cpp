@@ -1,6 +1,6 @@
 #include "app/RecentFiles.h"
 
-#include "app/Settings.h"
+#include "settings/Settings.h"
 
 #include <QFileInfo>
 

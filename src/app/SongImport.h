@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/BackgroundTask.h"
 #include "app/SongReader.h"
 #include "app/TrackList.h"
+#include "base/BackgroundTask.h"
 
 #include <QObject>
 #include <QQueue>

@@ -1,9 +1,9 @@
 #include "app/SongReader.h"
 
-#include "app/Settings.h"
+#include "base/Interrupted.h"
+#include "base/TextDecoding.h"
 #include "core/AbcParser.h"
-#include "core/Interrupted.h"
-#include "core/TextDecoding.h"
+#include "settings/Settings.h"
 
 #include <QFile>
 #include <QFileInfo>

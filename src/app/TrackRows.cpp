@@ -1,8 +1,8 @@
 #include "app/TrackRows.h"
 
 #include "app/EmptyHint.h"
-#include "ui/DragHandle.h"
-#include "ui/TrackWidget.h"
+#include "ui/song/DragHandle.h"
+#include "ui/song/TrackWidget.h"
 
 #include <QVBoxLayout>
 

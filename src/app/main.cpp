@@ -1,12 +1,12 @@
 #include "app/GameLocation.h"
 #include "app/MainWindow.h"
 #include "app/Screenshot.h"
-#include "app/Settings.h"
-#include "app/Theme.h"
 #include "assets/Instrument.h"
 #include "audio/engine/BuiltinEngine.h"
 #include "core/Track.h"
+#include "settings/Settings.h"
 #include "ui/Dialogs.h"
+#include "ui/Theme.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

@@ -1,7 +1,7 @@
 #include "assets/InstrumentDecoder.h"
 
 #include "assets/CostLimit.h"
-#include "assets/Logging.h"
+#include "assets/package/Logging.h"
 
 #include <utility>
 

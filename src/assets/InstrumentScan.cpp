@@ -2,9 +2,9 @@
 
 #include "assets/CostLimit.h"
 #include "assets/InstrumentDecoder.h"
-#include "assets/Logging.h"
-#include "assets/PackageRegistry.h"
-#include "assets/PakReader.h"
+#include "assets/package/Logging.h"
+#include "assets/package/PackageRegistry.h"
+#include "assets/package/PakReader.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #include "assets/TuningReader.h"
 
 #include "assets/GameJson.h"
-#include "assets/Logging.h"
+#include "assets/package/Logging.h"
 
 #include <QDir>
 #include <QJsonArray>

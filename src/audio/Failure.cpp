@@ -1,6 +1,6 @@
 #include "audio/Failure.h"
 
-#include "core/Interrupted.h"
+#include "base/Interrupted.h"
 
 #include <exception>
 

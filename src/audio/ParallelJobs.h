@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/Interrupted.h"
+#include "base/Interrupted.h"
 
 #include <QThread>
 

@@ -1,7 +1,7 @@
 #include "audio/RenderTimeline.h"
 
 #include "audio/SampleCache.h"
-#include "core/Interrupted.h"
+#include "base/Interrupted.h"
 
 #include <QThread>
 

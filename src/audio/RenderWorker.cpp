@@ -1,7 +1,7 @@
 #include "audio/RenderWorker.h"
 
 #include "audio/Failure.h"
-#include "core/SafeFile.h"
+#include "base/SafeFile.h"
 
 #include <QThread>
 

@@ -1,6 +1,6 @@
 #include "audio/SampleCache.h"
 
-#include "assets/PackageRegistry.h"
+#include "assets/package/PackageRegistry.h"
 #include "audio/Logging.h"
 #include "audio/ParallelJobs.h"
 #include "audio/TrackPlayback.h"

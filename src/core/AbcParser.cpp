@@ -1,10 +1,10 @@
 #include "core/AbcParser.h"
 
+#include "base/Interrupted.h"
 #include "core/AbcElement.h"
 #include "core/AbcListener.h"
 #include "core/AbcTokenizer.h"
 #include "core/HeaderFields.h"
-#include "core/Interrupted.h"
 #include "core/KeyTable.h"
 
 #include <algorithm>

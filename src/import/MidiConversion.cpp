@@ -1,10 +1,10 @@
 #include "import/MidiConversion.h"
 
+#include "base/Interrupted.h"
+#include "base/TextDecoding.h"
 #include "core/AbcParser.h"
-#include "core/Interrupted.h"
 #include "core/KeyTable.h"
 #include "core/Logging.h"
-#include "core/TextDecoding.h"
 #include "import/ProgramNames.h"
 #include "import/Realign.h"
 #include "import/UnitLength.h"

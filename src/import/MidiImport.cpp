@@ -1,6 +1,6 @@
 #include "import/MidiImport.h"
 
-#include "core/Interrupted.h"
+#include "base/Interrupted.h"
 #include "import/ByteReader.h"
 #include "import/MidiConversion.h"
 

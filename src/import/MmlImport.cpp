@@ -1,6 +1,6 @@
 #include "import/MmlImport.h"
 
-#include "core/Interrupted.h"
+#include "base/Interrupted.h"
 #include "import/ImportLimits.h"
 #include "import/UnitLength.h"
 

@@ -5,7 +5,7 @@
 #include "app/TrackRows.h"
 #include "app/WatchedApplication.h"
 #include "audio/engine/BuiltinEngine.h"
-#include "ui/TrackWidget.h"
+#include "ui/song/TrackWidget.h"
 
 #include <QAction>
 #include <QTemporaryDir>

@@ -1,6 +1,6 @@
 #include "app/AnsweringDialogs.h"
 #include "app/GameLocation.h"
-#include "app/Settings.h"
+#include "settings/Settings.h"
 
 #include <QTemporaryDir>
 #include <QtTest>

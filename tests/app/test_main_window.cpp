@@ -2,8 +2,8 @@
 #include "app/ExampleSongs.h"
 #include "app/WindowFixture.h"
 #include "support/GatedEngine.h"
-#include "ui/TrackVisualizationWidget.h"
 #include "ui/editor/AbcEditorWindow.h"
+#include "ui/song/TrackVisualizationWidget.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -2,15 +2,15 @@
 // QT_SCALE_FACTOR=2 makes them twice as large.
 
 #include "app/About.h"
-#include "app/PreferencesDialog.h"
-#include "app/Theme.h"
 #include "app/WindowFixture.h"
 #include "support/GatedEngine.h"
+#include "ui/Theme.h"
 #include "ui/editor/AbcEditorWindow.h"
-#include "ui/editor/KeyDialog.h"
-#include "ui/editor/RealignNotesDialog.h"
-#include "ui/editor/TransposeDialog.h"
-#include "ui/editor/UnitLengthDialog.h"
+#include "ui/preferences/PreferencesDialog.h"
+#include "ui/transform/KeyDialog.h"
+#include "ui/transform/RealignNotesDialog.h"
+#include "ui/transform/TransposeDialog.h"
+#include "ui/transform/UnitLengthDialog.h"
 
 #include <QAbstractButton>
 #include <QDockWidget>

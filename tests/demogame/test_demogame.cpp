@@ -1,6 +1,6 @@
 #include "assets/GameInstallation.h"
 #include "assets/InstrumentScan.h"
-#include "assets/PackageRegistry.h"
+#include "assets/package/PackageRegistry.h"
 #include "audio/engine/SampleDecoder.h"
 #include "core/AbcParser.h"
 #include "support/Rows.h"

@@ -1,5 +1,5 @@
+#include "base/Interrupted.h"
 #include "core/AbcParser.h"
-#include "core/Interrupted.h"
 #include "import/MidiImport.h"
 #include "import/MmlImport.h"
 #include "support/MidiBytes.h"

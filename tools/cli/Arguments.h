@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/SettingsTable.h"
 #include "core/Track.h"
+#include "settings/SettingsTable.h"
 
 #include <QHash>
 #include <QStringList>

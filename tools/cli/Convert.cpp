@@ -2,7 +2,7 @@
 
 #include "Input.h"
 #include "Messages.h"
-#include "core/SafeFile.h"
+#include "base/SafeFile.h"
 
 #include <QDir>
 #include <QSet>

@@ -1,8 +1,8 @@
 #include "Input.h"
 
 #include "Messages.h"
+#include "base/TextDecoding.h"
 #include "core/AbcParser.h"
-#include "core/TextDecoding.h"
 #include "import/MidiImport.h"
 #include "import/MmlImport.h"
 

@@ -1,15 +1,15 @@
 #include "ui/editor/AbcEditorWindow.h"
 
-#include "app/Settings.h"
+#include "settings/Settings.h"
 #include "ui/Dialogs.h"
-#include "ui/editor/AbcTextEdit.h"
 #include "ui/editor/EditorActions.h"
 #include "ui/editor/EditorPlayback.h"
 #include "ui/editor/EditorStatus.h"
 #include "ui/editor/EditorTransforms.h"
-#include "ui/editor/FindBar.h"
-#include "ui/editor/PianoRoll.h"
-#include "ui/editor/ProblemList.h"
+#include "ui/roll/PianoRoll.h"
+#include "ui/text/AbcTextEdit.h"
+#include "ui/text/FindBar.h"
+#include "ui/text/ProblemList.h"
 
 #include <QCloseEvent>
 #include <QLabel>

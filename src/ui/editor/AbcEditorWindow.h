@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/editor/EditorDocument.h"
+#include "ui/document/EditorDocument.h"
 
 #include <QMainWindow>
 

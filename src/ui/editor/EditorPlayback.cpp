@@ -1,7 +1,7 @@
 #include "ui/editor/EditorPlayback.h"
 
 #include "audio/TrackPlayer.h"
-#include "ui/editor/EditorDocument.h"
+#include "ui/document/EditorDocument.h"
 
 #include <QUuid>
 

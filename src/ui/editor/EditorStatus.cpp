@@ -1,8 +1,8 @@
 #include "ui/editor/EditorStatus.h"
 
 #include "core/HeaderFields.h"
-#include "ui/editor/EditorDocument.h"
-#include "ui/editor/PianoRollText.h"
+#include "ui/document/EditorDocument.h"
+#include "ui/roll/PianoRollText.h"
 
 #include <QLabel>
 #include <QTextBlock>

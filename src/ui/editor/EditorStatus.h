@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/editor/PianoRollMeasures.h"
+#include "ui/roll/PianoRollMeasures.h"
 
 #include <QStatusBar>
 

@@ -5,11 +5,11 @@
 #include "import/Transpose.h"
 #include "import/UnitLength.h"
 #include "ui/Dialogs.h"
-#include "ui/editor/EditorDocument.h"
-#include "ui/editor/KeyDialog.h"
-#include "ui/editor/RealignNotesDialog.h"
-#include "ui/editor/TransposeDialog.h"
-#include "ui/editor/UnitLengthDialog.h"
+#include "ui/document/EditorDocument.h"
+#include "ui/transform/KeyDialog.h"
+#include "ui/transform/RealignNotesDialog.h"
+#include "ui/transform/TransposeDialog.h"
+#include "ui/transform/UnitLengthDialog.h"
 
 EditorTransforms::EditorTransforms(EditorDocument &document, Settings &settings, Dialogs &dialogs, QWidget &window)
     : QObject(&window), document_(document), settings_(settings), dialogs_(dialogs), window_(window)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Track.h"
-#include "ui/editor/NoteEdit.h"
+#include "edit/NoteEdit.h"
 
 // A stretch of a track made to be heard by itself: it begins at tick 0 with the tempo that holds there, sounds so many
 // times in a row without a seam, and as slow or fast as wanted. Knows where its ticks and notes come from.

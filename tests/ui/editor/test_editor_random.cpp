@@ -1,7 +1,7 @@
 #include "core/AbcParser.h"
 #include "support/DescribeTrack.h"
-#include "ui/editor/EditorFixture.h"
-#include "ui/editor/PianoRoll.h"
+#include "ui/EditorFixture.h"
+#include "ui/roll/PianoRoll.h"
 
 #include <QClipboard>
 #include <QDialog>

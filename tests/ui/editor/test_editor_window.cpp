@@ -1,7 +1,7 @@
 #include "support/DescribeTrack.h"
-#include "ui/editor/EditorFixture.h"
+#include "ui/EditorFixture.h"
 #include "ui/editor/EditorPlayback.h"
-#include "ui/editor/PianoRoll.h"
+#include "ui/roll/PianoRoll.h"
 
 #include <QDialogButtonBox>
 #include <QMenu>

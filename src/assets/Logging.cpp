@@ -1,3 +1,0 @@
-#include "assets/Logging.h"
-
-Q_LOGGING_CATEGORY(assetsLog, "kelvarion.assets")

@@ -1,0 +1,169 @@
+#include "base/SafeFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+#ifdef Q_OS_UNIX
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#else
+#include <filesystem>
+#include <system_error>
+#endif
+
+namespace {
+
+#ifdef Q_OS_UNIX
+
+[[noreturn]] void failWithErrno()
+{
+    throw QString::fromLocal8Bit(std::strerror(errno));
+}
+
+class Descriptor
+{
+public:
+    explicit Descriptor(int descriptor) : descriptor_(descriptor)
+    {
+        if (descriptor_ < 0)
+            failWithErrno();
+    }
+    Descriptor(const Descriptor &) = delete;
+    Descriptor &operator=(const Descriptor &) = delete;
+    ~Descriptor() { close(descriptor_); }
+
+    void write(const QByteArray &bytes) const
+    {
+        for (qint64 written = 0; written < bytes.size();) {
+            const auto count = ::write(descriptor_, bytes.constData() + written, size_t(bytes.size() - written));
+            if (count < 0 && errno != EINTR)
+                failWithErrno();
+            written += std::max<qint64>(count, 0);
+        }
+    }
+
+    void sync() const
+    {
+        if (fsync(descriptor_) != 0)
+            failWithErrno();
+    }
+
+    void setMode(mode_t mode) const
+    {
+        if (fchmod(descriptor_, mode) != 0)
+            failWithErrno();
+    }
+
+private:
+    int descriptor_;
+};
+
+void writeNew(const QString &path, const QByteArray &bytes)
+{
+    constexpr auto flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+    Descriptor(open(QFile::encodeName(path).constData(), flags, 0666)).write(bytes);
+}
+
+void replace(const QString &target, const QString &replacement)
+{
+    const auto oldName = QFile::encodeName(target);
+    const auto newName = QFile::encodeName(replacement);
+    {
+        struct stat old = {};
+        const Descriptor file(open(newName.constData(), O_RDONLY | O_CLOEXEC));
+        if (stat(oldName.constData(), &old) == 0)
+            file.setMode(old.st_mode & 07777);
+        file.sync();
+    }
+    if (rename(newName.constData(), oldName.constData()) != 0)
+        failWithErrno();
+    const auto directory = QFile::encodeName(QFileInfo(target).absolutePath());
+    Descriptor(open(directory.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)).sync();
+}
+
+#else
+
+void writeNew(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())
+        throw file.errorString();
+}
+
+void replace(const QString &target, const QString &replacement)
+{
+    std::error_code error;
+    std::filesystem::rename(replacement.toStdU16String(), target.toStdU16String(), error);
+    if (error)
+        throw QString::fromLocal8Bit(error.message().c_str());
+}
+
+#endif
+
+bool isRefused(QChar c)
+{
+    return c.unicode() < 0x20 || c.unicode() == 0x7F || QStringLiteral("/\\:*?\"<>|").contains(c);
+}
+
+// Names that Windows keeps for devices, whatever their ending.
+bool isDeviceName(const QString &name)
+{
+    const auto upper = name.section(u'.', 0, 0).trimmed().toUpper();
+    const bool isPort =
+        upper.size() == 4 && (upper.startsWith(u"COM") || upper.startsWith(u"LPT")) && upper[3].isDigit();
+    return isPort || upper == u"CON" || upper == u"PRN" || upper == u"AUX" || upper == u"NUL";
+}
+
+} // namespace
+
+namespace SafeFile {
+
+Replacement::Replacement(const QString &target)
+{
+    const QFileInfo info(target);
+    if (info.exists() && !info.isFile())
+        throw QStringLiteral("Not a regular file.");
+    target_ = info.exists() ? info.canonicalFilePath() : target;
+    path_ = target_ + QStringLiteral(".saving");
+    QFile::remove(path_); // of a program that was killed while saving
+}
+
+Replacement::~Replacement()
+{
+    if (!isCommitted_)
+        QFile::remove(path_);
+}
+
+void Replacement::commit()
+{
+    replace(target_, path_);
+    isCommitted_ = true;
+}
+
+void write(const QString &path, const QByteArray &bytes)
+{
+    Replacement replacement(path);
+    writeNew(replacement.path(), bytes);
+    replacement.commit();
+}
+
+QString cleanName(const QString &title)
+{
+    constexpr int longestName = 200;
+    auto name = title;
+    std::replace_if(name.begin(), name.end(), isRefused, QChar(u'_'));
+    if (name.isEmpty() || name == u"." || name == u"..")
+        name.fill(u'_', std::max<int>(1, int(name.size())));
+    if (isDeviceName(name))
+        name.prepend(u'_');
+    while (name.toUtf8().size() > longestName)
+        name.chop(name.size() > 1 && name.at(name.size() - 1).isLowSurrogate() ? 2 : 1);
+    return name;
+}
+
+} // namespace SafeFile

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "core/Track.h"
+#include "edit/NoteEdit.h"
+
+#include <QString>
+#include <QVector>
+
+#include <utility>
+
+// A note, rest or chord with all its characters, and the time it takes.
+struct AbcTextElement
+{
+    TextRange range;
+    Ticks start = 0;
+    Ticks advance = 0;
+
+    Ticks end() const { return start + advance; }
+};
+
+// A note of the text, in a chord or alone. A tied note has several for one event.
+struct AbcNoteToken
+{
+    TextRange range;
+    TextRange spelling; // accidental, letter and octave
+    int event = -1;     // in the track's events; -1 for a note that the instruments do not play
+    int unit = 0;
+    int step = 0;       // diatonic, 7 to an octave; 0 is middle C
+    int accidental = 0; // that it sounds with
+    bool isExplicit = false;
+};
+
+// The least that can be written anew by itself: an element, a tuplet with all its elements, elements that a broken
+// rhythm joins, or a gap: the time between what is written and the bar line, or behind the end of the music.
+struct AbcUnit
+{
+    TextRange range; // empty for a gap
+    Ticks start = 0;
+    Ticks end = 0; // maxTicks for the gap at the end
+    int firstToken = 0;
+    int endToken = 0;
+    bool isGap = false;
+    bool joinsPrevious = false; // nothing but blanks between, and no time lost
+    bool isRest() const { return !isGap && firstToken == endToken; }
+};
+
+// A place behind which the accidentals of the measure no longer hold.
+struct AbcAccidentalMark
+{
+    int offset = 0;
+    quint32 keyRow = 0; // in force from here
+};
+
+// Where the music of a text stands and when it sounds: what the events of a track do not tell.
+struct AbcLayout
+{
+    QVector<AbcTextElement> elements; // in the order of the text, as are all of these
+    QVector<AbcUnit> units;           // the last is the gap at the end
+    QVector<AbcNoteToken> tokens;
+    QVector<AbcAccidentalMark> marks; // the first is the key of the header, at the beginning of the body
+    int bodyOffset = 0;               // behind the line of the header's K field
+    bool tailNeedsLine = false;       // what is appended must begin a line: a field or a comment ends the text
+
+    // The last note that begins at the offset or before it; -1 before the first.
+    int tokenAt(int offset) const;
+    // The last element that begins at the offset or before it; -1 before the first.
+    int elementAt(int offset) const;
+    // The element that sounds at the tick; the last one before it where none does, -1 when there is none.
+    int elementAtTick(Ticks tick) const;
+};
+
+// Reads the text as parseAbc() does, and throws what it throws.
+std::pair<Track, AbcLayout> parseWithLayout(const QString &text);

@@ -1,0 +1,117 @@
+#include "edit/NoteEditPlan.h"
+
+#include "core/AbcParser.h"
+
+#include <algorithm>
+#include <set>
+#include <tuple>
+#include <vector>
+
+namespace {
+
+constexpr Ticks removedLength = -1;
+constexpr Ticks longestEdit = Ticks(1) << 40; // years of music, and far from any overflow
+
+NoteSpec inRange(NoteSpec note)
+{
+    note.start = std::clamp<Ticks>(note.start, 0, longestEdit);
+    note.length = std::clamp<Ticks>(note.length, 1, longestEdit);
+    note.pitch = std::clamp(note.pitch, lowestPlayablePitch, highestPlayablePitch);
+    return note;
+}
+
+NoteSpec specOf(const TrackEvent &event)
+{
+    return {event.start(), event.length(), event.pitch()};
+}
+
+} // namespace
+
+NoteEdit NoteEditPlan::cleaned(const Track &track, NoteEdit edit)
+{
+    const auto &events = track.events();
+    const auto isNote = [&](int note) { return note >= 0 && note < events.size() && events[note].isNote(); };
+    std::set<int> removed;
+    for (const auto note : edit.removed) {
+        if (isNote(note))
+            removed.insert(note);
+    }
+    NoteEdit result;
+    std::set<std::pair<Ticks, quint32>> taken;
+    const auto takes = [&](const NoteSpec &note) { return taken.insert({note.start, note.pitch}).second; };
+    std::set<int> touched = removed;
+    for (auto change : edit.changed) {
+        if (!isNote(change.note) || !touched.insert(change.note).second)
+            continue;
+        change.to = inRange(change.to);
+        if (!takes(change.to))
+            removed.insert(change.note);
+        else if (!(change.to == specOf(events[change.note])))
+            result.changed.append(change);
+    }
+    for (const auto &note : edit.inserted) {
+        if (takes(inRange(note)))
+            result.inserted.append(inRange(note));
+    }
+    for (int i = 0; i < events.size(); ++i) {
+        if (isNote(i) && touched.count(i) == 0 && taken.count({events[i].start(), events[i].pitch()}) != 0)
+            removed.insert(i);
+    }
+    result.removed = QVector<int>(removed.begin(), removed.end());
+    return result;
+}
+
+Track NoteEditPlan::editedTrack(const Track &track, const NoteEdit &edit)
+{
+    auto result = track;
+    result.clearAbc();
+    auto &events = result.editEvents();
+    for (const auto &change : edit.changed) {
+        auto &event = events[change.note];
+        event.setStart(change.to.start);
+        event.setLength(change.to.length);
+        event.setPitch(change.to.pitch);
+    }
+    for (auto note = edit.removed.rbegin(); note != edit.removed.rend(); ++note)
+        events[*note].setLength(removedLength);
+    events.erase(std::remove_if(events.begin(), events.end(),
+                                [](const TrackEvent &event) { return event.length() == removedLength; }),
+                 events.end());
+    for (const auto &note : edit.inserted)
+        events.append(TrackEvent::note(note.pitch, note.start, note.length));
+    result.normalize();
+    return result;
+}
+
+bool NoteEditPlan::haveSameEvents(const Track &a, const Track &b)
+{
+    const auto isSame = [](const TrackEvent &x, const TrackEvent &y) {
+        return x.kind() == y.kind() && x.start() == y.start() && x.length() == y.length() && x.pitch() == y.pitch() &&
+               x.ticksPerMinute() == y.ticksPerMinute() && x.keyIndex() == y.keyIndex() && x.keyMode() == y.keyMode() &&
+               x.numerator() == y.numerator() && x.denominator() == y.denominator();
+    };
+    const auto inOrder = [](QVector<TrackEvent> events) {
+        std::stable_sort(events.begin(), events.end(), [](const TrackEvent &x, const TrackEvent &y) {
+            return std::make_tuple(x.start(), x.length(), x.pitch()) <
+                   std::make_tuple(y.start(), y.length(), y.pitch());
+        });
+        return events;
+    };
+    const auto x = inOrder(a.events());
+    const auto y = inOrder(b.events());
+    return std::equal(x.begin(), x.end(), y.begin(), y.end(), isSame);
+}
+
+QString NoteEditPlan::applyChanges(const QString &text, const QVector<TextChange> &changes)
+{
+    QString result;
+    result.reserve(text.size() + 16);
+    int at = 0;
+    for (const auto &change : changes) {
+        result += QStringView(text).mid(at, change.range.offset - at);
+        result += change.text;
+        at = change.range.end();
+    }
+    result += QStringView(text).mid(at);
+    return result;
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "core/Track.h"
+#include "edit/AbcReading.h"
+#include "edit/NoteEdit.h"
+
+#include <optional>
+
+// Edits in terms of notes, turned into edits of the text.
+namespace NoteEditPlan {
+
+// The edit with every number in its range and without what changes nothing.
+NoteEdit cleaned(const Track &track, NoteEdit edit);
+
+// The track behind the edit, without a text. The edit must be cleaned.
+Track editedTrack(const Track &track, const NoteEdit &edit);
+
+// The fewest changes to the text that should make it read as the edited track, in the order of the text; nothing where
+// only a new text can. The caller reads the changed text and compares: rare notations make a plan that does not hold.
+std::optional<QVector<TextChange>> textChanges(const QString &text, const AbcReading &reading, const NoteEdit &edit);
+
+// Whether the two hold the same notes and the same other events.
+bool haveSameEvents(const Track &a, const Track &b);
+
+QString applyChanges(const QString &text, const QVector<TextChange> &changes);
+
+} // namespace NoteEditPlan

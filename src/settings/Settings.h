@@ -1,0 +1,56 @@
+#pragma once
+
+#include "settings/SettingsTable.h"
+
+#include <QJsonObject>
+#include <QMutex>
+#include <QObject>
+#include <QReadWriteLock>
+#include <QThreadPool>
+
+// The user's preferences, kept in one JSON file whose members are the keys of the settings table. One object is made at
+// start-up and handed to whoever needs it. Every function may be called from any thread unless it says otherwise.
+class Settings : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Setting = SettingsTable::Setting;
+    using enum SettingsTable::Setting;
+
+    // The file of this user: "<domain>/<application>.cfg" below the system's folder for configuration. Needs the
+    // application's organisation domain and name.
+    static QString defaultFile();
+
+    // Reads the file, which need not exist. One that is not JSON is copied to "<file>.bad", and the defaults apply.
+    explicit Settings(const QString &fileName, QObject *parent = nullptr);
+    ~Settings() override; // saves what has changed
+
+    // The stored value, or the default when there is none or one of another type. A colour is a text that
+    // QVariant::value<QColor>() reads.
+    QVariant value(Setting setting) const;
+    bool contains(Setting setting) const; // defaults do not count
+
+    // Announces the value on the caller's thread after the lock is released, so that a slot may read and write. The
+    // file follows on another thread, when the event loop of this object's thread is idle.
+    void setValue(Setting setting, const QVariant &value);
+
+    // Writes the changes to the file at once; keys that somebody else changed meanwhile stay. False, with a logged
+    // warning, when it cannot be written.
+    bool save();
+
+signals:
+    void settingChanged(Settings::Setting setting, const QVariant &value);
+
+private:
+    void saveLater();
+
+    const QString fileName_;
+    QMutex saving_;               // one writer of the file at a time
+    mutable QReadWriteLock lock_; // the two below
+    QJsonObject stored_;
+    QJsonObject unsaved_;
+    QThreadPool savers_; // last: at the end it waits for those that still write
+};
+
+Q_DECLARE_METATYPE(Settings::Setting)

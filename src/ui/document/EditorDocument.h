@@ -1,0 +1,161 @@
+#pragma once
+
+#include "assets/Instrument.h"
+#include "core/Track.h"
+#include "edit/AbcReading.h"
+#include "edit/NoteEdit.h"
+
+#include <QFutureWatcher>
+#include <QObject>
+#include <QTextDocument>
+#include <QTimer>
+
+#include <map>
+
+// The one tune under the text and the piano roll of the ABC editor. Its QTextDocument holds the tune and the only undo
+// history; track() is what the text means. All of it lives on the user interface's thread.
+//
+// Notes are named by their index in track().events(). The indices hold until readingChanged(); those of the selection,
+// the caret and the sounding notes are new before that signal leaves. Positions in the text are offsets in UTF-16 units
+// from its beginning, which is what QTextCursor counts.
+//
+// The text is read again 150 ms after it last changed, in the background; where it has errors, track() is what could be
+// read of it. An edit in notes first reads the text at once when it must, and is itself read at once.
+class EditorDocument : public QObject
+{
+    Q_OBJECT
+
+public:
+    // Begins with an empty tune.
+    explicit EditorDocument(QObject *parent = nullptr);
+    ~EditorDocument() override;
+
+    // Begins with a new tune: its text becomes the applied state and the history is empty.
+    void setTrack(const Track &track);
+
+    QTextDocument *text() { return &text_; }
+    bool isCurrent() const { return readRevision_ == revision_; } // false while the text was changed and not yet read
+    void update();                                                // reads the text now if it is not current
+
+    // What was read last. The track keeps its header, tempo and metre; events are in order of start.
+    const AbcReading &reading() const { return reading_; }
+    const Track &track() const { return reading_.track; }
+    bool hasErrors() const { return !reading_.problems.isEmpty(); }
+    Ticks unitLength() const { return reading_.unitLength; } // the L field in ticks
+
+    // Where the note's own characters stand now, typing since the last reading counted in; empty when they are gone.
+    TextRange textOf(int note) const;
+    // From offsets of the reading to offsets of the text as it stands now, and back. A range that was typed into is
+    // empty.
+    TextRange sinceReading(TextRange range) const;
+    int beforeTyping(int offset) const;
+    // The note whose characters hold the offset or end at it; -1 when there is none.
+    int noteAt(int offset) const;
+
+    // --- selection and caret: set by either view, shown by both. Selected notes are sorted and unique.
+    const QVector<int> &selectedNotes() const { return selectedNotes_; }
+    int caretNote() const { return caretNote_; } // -1 where it is on no note
+    Ticks caretTick() const { return caretTick_; }
+    int caretOffset() const { return caretOffset_; }
+
+    // --- edits in notes. Each is one undo step called `name` in the history, changes only the characters that it must
+    // where that is possible and otherwise has the text written anew, and selects the changed and inserted notes.
+    // The name is said as a command is: "Move Notes".
+    // Starts below 0, lengths below 1 and pitches outside the playable range are brought into range; a note that comes
+    // to lie on another of the same pitch and start replaces it. False when nothing changed.
+    bool edit(const NoteEdit &edit, const QString &name);
+    bool insertNotes(const QVector<NoteSpec> &notes, const QString &name);
+    bool removeNotes(const QVector<int> &notes, const QString &name);
+
+    // Exchanges the whole text as one undo step, for transformations. The caret stays on its line.
+    void replaceText(const QString &text, const QString &name);
+
+    bool canUndo() const { return text_.isUndoAvailable(); }
+    bool canRedo() const { return text_.isRedoAvailable(); }
+    QString undoName() const; // of the step that undo() would take back
+
+    // --- the applied state: what the song holds.
+    bool isApplied() const { return !text_.isModified(); }
+    const Track &appliedTrack() const { return applied_; }
+    // Makes the text the applied state and emits applied(); when the text has an error, says it and changes nothing.
+    bool apply(QString *error = nullptr);
+    // What the text holds without errors, as the song would get it; throws a QString otherwise.
+    Track exactTrack();
+
+    // --- what sounds; the instrument decides which keys have a sample
+    const Instrument &instrument() const { return instrument_; }
+    void setInstrument(const Instrument &instrument);
+    Ticks playPosition() const { return playPosition_; }                 // in ticks of track(); -1 while nothing plays
+    const QVector<int> &soundingNotes() const { return soundingNotes_; } // sorted
+
+public slots:
+    void undo();
+    void redo();
+
+    void selectNotes(const QVector<int> &notes);
+    // From the text view: selects the notes whose characters lie within the range, and moves the caret to its end.
+    void setCaret(int offset, TextRange selection);
+    void moveCaret(int offset); // without a change to the selected notes
+    // From the roll: the caret goes to what is written at the tick (the text view follows).
+    void setCaretTick(Ticks tick);
+
+    // A key or a note was touched and let go; the window plays it.
+    void playPreviewNote(quint32 pitch) { emit previewNoteRequested(pitch); }
+    void stopPreviewNote() { emit previewNoteStopped(); }
+
+    // For the playback.
+    void setPlayPosition(Ticks tick);
+    void setSoundingNotes(const QVector<NoteSpec> &notes);
+
+signals:
+    void readingChanged();   // track(), problems and every index may differ
+    void selectionChanged(); // selectedNotes()
+    void caretChanged();     // caretNote(), caretTick(), caretOffset()
+    void caretMoveRequested(int offset);
+    void isAppliedChanged(bool applied);
+    void applied(const Track &track);
+    void instrumentChanged();
+    void playPositionChanged(Ticks tick);
+    void soundingNotesChanged();
+    void previewNoteRequested(quint32 pitch);
+    void previewNoteStopped();
+
+private:
+    void onContentsChange(int position, int removed, int added);
+    void startReading();
+    void finishReading();
+    void takeReading(AbcReading reading, int revision);
+    void findCaret();
+    void setSelection(const QVector<int> &notes);
+    QVector<int> notesWithin(TextRange range) const;
+    QVector<NoteSpec> specs(const QVector<int> &notes) const;
+    QVector<int> indicesOf(const QVector<NoteSpec> &notes) const;
+    void replaceRanges(const QVector<TextChange> &changes, const QString &name);
+
+    struct Typing
+    {
+        int position, removed, added;
+    };
+
+    QTextDocument text_;
+    int revision_ = 0; // of the text's characters; format changes do not count
+    int seenTextRevision_ = -1;
+    std::map<int, QString> stepNames_; // by the number of undo steps that they are the last of
+
+    AbcReading reading_;
+    int readRevision_ = 0;
+    QVector<Typing> typing_; // since the reading
+    QFutureWatcher<AbcReading> reader_;
+    int startedRevision_ = 0;
+    QTimer restTimer_;
+
+    Track applied_;
+    Instrument instrument_;
+    QVector<int> selectedNotes_;
+    int caretNote_ = -1;
+    Ticks caretTick_ = 0;
+    int caretOffset_ = 0;
+    Ticks playPosition_ = -1;
+    QVector<NoteSpec> soundingSpecs_;
+    QVector<int> soundingNotes_;
+};

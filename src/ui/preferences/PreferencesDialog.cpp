@@ -1,0 +1,269 @@
+#include "ui/preferences/PreferencesDialog.h"
+
+#include "assets/GameInstallation.h"
+#include "ui/Dialogs.h"
+#include "ui/preferences/ColourSwatch.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QStackedWidget>
+
+#include <utility>
+
+namespace {
+
+QPushButton *namedButton(const QString &name, const QString &text, const QString &tip, const QString &icon = {})
+{
+    auto *const button = new QPushButton(QIcon(icon), text);
+    button->setObjectName(name);
+    button->setToolTip(tip);
+    return button;
+}
+
+// An icon that keeps its colours when its row is selected.
+QIcon rowIcon(const QString &name)
+{
+    QIcon icon(name);
+    icon.addFile(name, {}, QIcon::Selected);
+    return icon;
+}
+
+// A page with one group, which gets the rows.
+QWidget *pageOf(const QString &groupTitle, QLayout *rows)
+{
+    auto *const group = new QGroupBox(groupTitle);
+    group->setLayout(rows);
+    auto *const page = new QWidget;
+    auto *const column = new QVBoxLayout(page);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(group);
+    column->addStretch();
+    return page;
+}
+
+} // namespace
+
+PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, QWidget *parent)
+    : QDialog(parent), settings_(settings), dialogs_(dialogs), selector_(new QListWidget), pages_(new QStackedWidget)
+{
+    setWindowTitle(QStringLiteral("Preferences"));
+    selector_->setObjectName(QStringLiteral("propertySelector"));
+    selector_->setAccessibleName(tr("Pages"));
+    selector_->setToolTip(tr("What the preferences are about"));
+    selector_->setIconSize({24, 24});
+    selector_->setFixedWidth(160);
+    pages_->setObjectName(QStringLiteral("propertyPages"));
+    connect(selector_, &QListWidget::currentRowChanged, pages_, &QStackedWidget::setCurrentIndex);
+
+    auto *const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    buttons->setObjectName(QStringLiteral("buttonBox"));
+    apply_ = buttons->addButton(QDialogButtonBox::Apply);
+    apply_->setEnabled(false);
+    connect(buttons, &QDialogButtonBox::accepted, this, &PreferencesDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &PreferencesDialog::reject);
+    connect(apply_, &QPushButton::clicked, this, &PreferencesDialog::apply);
+
+    addPage(QStringLiteral("Instruments"), QStringLiteral(":/icons/instrument.png"), instrumentsPage());
+    addPage(QStringLiteral("Track Preview"), QStringLiteral(":/icons/preview.png"), previewPage());
+    addPage(QStringLiteral("Midi Import"), QStringLiteral(":/icons/midiimport.png"), midiPage());
+    addPage(QStringLiteral("Appearance"), QStringLiteral(":/icons/preferences.png"), appearancePage());
+    selector_->setCurrentRow(0);
+
+    auto *const row = new QHBoxLayout;
+    row->addWidget(selector_);
+    row->addWidget(pages_, 1);
+    auto *const column = new QVBoxLayout(this);
+    column->addLayout(row, 1);
+    column->addWidget(buttons);
+    resize(720, 340);
+}
+
+void PreferencesDialog::addPage(const QString &title, const QString &icon, QWidget *page)
+{
+    selector_->addItem(new QListWidgetItem(rowIcon(icon), title));
+    pages_->addWidget(page);
+}
+
+QWidget *PreferencesDialog::instrumentsPage()
+{
+    auto *const path = new QLineEdit;
+    path->setObjectName(QStringLiteral("txtKelvarionPath"));
+    path->setReadOnly(true);
+    path->setToolTip(tr("The folder that Kelvarion is installed in"));
+    auto *const browseButton = namedButton(QStringLiteral("btnBrowseKVPath"), tr("Browse..."),
+                                           tr("Choose the folder that Kelvarion is installed in"));
+    const Binding binding{Settings::RootPath, Restart::Needed, Kind::Path, path};
+    bind(binding);
+    connect(browseButton, &QPushButton::clicked, this, [this, binding] { browse(binding); });
+
+    auto *const label = new QLabel(QStringLiteral("Kelvarion Location:"));
+    label->setBuddy(path);
+    auto *const location = new QHBoxLayout;
+    location->addWidget(label);
+    location->addWidget(path, 1);
+    location->addWidget(browseButton);
+    auto *const rows = new QVBoxLayout;
+    rows->addLayout(location);
+    rows->addWidget(addCheckBox(Settings::LoadMods, QStringLiteral("chkLoadMods"),
+                                QStringLiteral("Load instruments from mods directory"),
+                                tr("Also offer the instruments of mods"), Restart::Needed));
+    return pageOf(QStringLiteral("Kelvarion"), rows);
+}
+
+QWidget *PreferencesDialog::previewPage()
+{
+    auto *const rows = new QVBoxLayout;
+    rows->addWidget(addCheckBox(Settings::DrawOctaveLines, QStringLiteral("chkPreviewDrawOctave"),
+                                QStringLiteral("Draw octave lines"), tr("Show a line below every C")));
+    rows->addWidget(addCheckBox(Settings::DrawMeasureLines, QStringLiteral("chkPreviewDrawMeasure"),
+                                QStringLiteral("Draw measure lines"), tr("Show where each measure begins")));
+
+    auto *const swatch = new ColourSwatch;
+    swatch->setObjectName(QStringLiteral("clNoteColor"));
+    swatch->setAccessibleName(tr("Note color"));
+    swatch->setToolTip(tr("The color that notes are drawn in"));
+    auto *const pick =
+        namedButton(QStringLiteral("btnPickNoteColor"), QStringLiteral("Change color"),
+                    tr("Choose the color that notes are drawn in"), QStringLiteral(":/icons/color-swatch.png"));
+    auto *const reset = namedButton(QStringLiteral("btnResetNoteColor"), QStringLiteral("Revert to default"),
+                                    tr("Draw notes in the usual color again"), QStringLiteral(":/icons/revert.png"));
+    const Binding binding{Settings::NoteColor, Restart::NotNeeded, Kind::Colour, nullptr, nullptr, swatch};
+    bind(binding);
+    connect(pick, &QPushButton::clicked, this, [this, binding] {
+        changeColour(binding, dialogs_.colour(this, QStringLiteral("Pick note color"), binding.swatch->colour()));
+    });
+    connect(reset, &QPushButton::clicked, this,
+            [this, binding] { changeColour(binding, SettingsTable::defaultValue(binding.setting).value<QColor>()); });
+
+    auto *const colour = new QHBoxLayout;
+    colour->addWidget(new QLabel(QStringLiteral("Note color")));
+    colour->addWidget(swatch);
+    colour->addWidget(pick);
+    colour->addWidget(reset);
+    colour->addStretch();
+    rows->addLayout(colour);
+    return pageOf(QStringLiteral("Visualization"), rows);
+}
+
+QWidget *PreferencesDialog::midiPage()
+{
+    struct Row
+    {
+        Settings::Setting setting;
+        const char *name;
+        const char *text;
+        const char *tip;
+    };
+    static const Row table[] = {
+        {Settings::MidiMergeChannels, "chkMergeChannels", "Create one track per MIDI channel",
+         "If checked, all notes playing on the same channel will be merged into a single track, even if they are in "
+         "separate tracks in the MIDI."},
+        {Settings::MidiAutoRealign, "chkRealign", "Automatically re-align notes after importing",
+         "If checked, all notes will automatically be re-aligned after importing a MIDI."},
+        {Settings::MidiPitchBend, "chkPitchBend", "Process pitch bending",
+         "If checked, pitch bending in MIDIs will be approximated with additional notes"},
+        {Settings::MidiAutoDetectUnitLength, "chkOptimizeUnitLength",
+         "Auto-detect default note length to minimize ABC size",
+         "If checked, the unit length (L: header) of imported tracks will be optimized to produce the smallest ABC "
+         "size. Otherwise the default of 1/4 will be used."},
+        {Settings::MidiProcessVolume, "chkNoteVolume", "Process note volume (Will not work in Kelvarion!)",
+         "If checked, the volume of notes will be imported as well. Do note that this will only affect the preview, "
+         "the generated ABC is not affected as Kelvarin does not support volume changes."},
+    };
+    auto *const rows = new QVBoxLayout;
+    for (const auto &row : table) {
+        rows->addWidget(
+            addCheckBox(row.setting, QLatin1String(row.name), QLatin1String(row.text), QLatin1String(row.tip)));
+    }
+    return pageOf(QStringLiteral("Import Settings"), rows);
+}
+
+QWidget *PreferencesDialog::appearancePage()
+{
+    auto *const rows = new QVBoxLayout;
+    rows->addWidget(addCheckBox(Settings::DarkPalette, QStringLiteral("chkDarkPalette"), tr("Dark colors"),
+                                tr("Draw the windows in dark colors")));
+    return pageOf(tr("Windows"), rows);
+}
+
+QCheckBox *PreferencesDialog::addCheckBox(Settings::Setting setting, const QString &name, const QString &text,
+                                          const QString &tip, Restart restart)
+{
+    auto *const box = new QCheckBox(text);
+    box->setObjectName(name);
+    box->setToolTip(tip);
+    const Binding binding{setting, restart, Kind::CheckBox, nullptr, box};
+    bind(binding);
+    connect(box, &QCheckBox::toggled, this, [this, binding](bool isChecked) { change(binding, isChecked); });
+    return box;
+}
+
+// Called before the control's signals are connected, so that loading is no change.
+void PreferencesDialog::bind(const Binding &binding)
+{
+    const auto value = settings_.value(binding.setting);
+    switch (binding.kind) {
+    case Kind::Path:
+        binding.path->setText(value.toString());
+        break;
+    case Kind::CheckBox:
+        binding.box->setChecked(value.toBool());
+        break;
+    case Kind::Colour:
+        binding.swatch->setColour(value.value<QColor>());
+        break;
+    }
+}
+
+void PreferencesDialog::change(const Binding &binding, const QVariant &value)
+{
+    if (binding.restart == Restart::Needed && !pending_.contains(binding.setting))
+        dialogs_.message(this, Dialogs::Severity::Information, QStringLiteral("Kelvarion Composer"),
+                         QStringLiteral("This change will take effect next time you start Kelvarion Composer."));
+    pending_.insert(binding.setting, value);
+    apply_->setEnabled(true);
+}
+
+void PreferencesDialog::browse(const Binding &binding)
+{
+    const auto directory =
+        dialogs_.directory(this, QStringLiteral("Please locate the Kelvarion directory."), binding.path->text());
+    if (directory.isEmpty())
+        return;
+    if (!isGameInstallation(directory)) {
+        dialogs_.message(this, Dialogs::Severity::Critical, QStringLiteral("Kelvarion Composer"),
+                         QStringLiteral("No Kelvarion installation was found at the specified directory."));
+        return;
+    }
+    binding.path->setText(directory);
+    change(binding, directory);
+}
+
+void PreferencesDialog::changeColour(const Binding &binding, const QColor &colour)
+{
+    if (!colour.isValid() || colour == binding.swatch->colour())
+        return;
+    binding.swatch->setColour(colour);
+    change(binding, colour);
+}
+
+void PreferencesDialog::apply()
+{
+    const auto changes = std::exchange(pending_, {});
+    for (auto change = changes.constBegin(); change != changes.constEnd(); ++change)
+        settings_.setValue(change.key(), change.value());
+    apply_->setEnabled(false);
+}
+
+void PreferencesDialog::accept()
+{
+    apply();
+    QDialog::accept();
+}

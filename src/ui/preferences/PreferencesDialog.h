@@ -1,0 +1,60 @@
+#pragma once
+
+#include "settings/Settings.h"
+
+#include <QDialog>
+#include <QHash>
+#include <QVector>
+
+class Dialogs;
+class ColourSwatch;
+class QCheckBox;
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+class QStackedWidget;
+
+// Edits the settings that are not remembered by themselves. Changes wait until they are applied.
+class PreferencesDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    PreferencesDialog(Settings &settings, Dialogs &dialogs, QWidget *parent = nullptr);
+
+    void accept() override; // applies and closes
+
+private:
+    enum class Restart { NotNeeded, Needed };
+    enum class Kind { Path, CheckBox, Colour };
+    // One setting and the control that shows it: the one of its kind is set.
+    struct Binding
+    {
+        Settings::Setting setting;
+        Restart restart;
+        Kind kind;
+        QLineEdit *path = nullptr;
+        QCheckBox *box = nullptr;
+        ColourSwatch *swatch = nullptr;
+    };
+
+    void addPage(const QString &title, const QString &icon, QWidget *page);
+    QWidget *instrumentsPage();
+    QWidget *previewPage();
+    QWidget *midiPage();
+    QWidget *appearancePage();
+    QCheckBox *addCheckBox(Settings::Setting setting, const QString &name, const QString &text, const QString &tip,
+                           Restart restart = Restart::NotNeeded);
+    void bind(const Binding &binding);
+    void change(const Binding &binding, const QVariant &value);
+    void browse(const Binding &binding);
+    void changeColour(const Binding &binding, const QColor &colour);
+    void apply();
+
+    Settings &settings_;
+    Dialogs &dialogs_;
+    QListWidget *selector_;
+    QStackedWidget *pages_;
+    QPushButton *apply_ = nullptr;
+    QHash<Settings::Setting, QVariant> pending_;
+};

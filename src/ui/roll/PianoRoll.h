@@ -1,0 +1,117 @@
+#pragma once
+
+#include "ui/roll/PianoRollActions.h"
+#include "ui/roll/PianoRollCommands.h"
+#include "ui/roll/PianoRollMouse.h"
+#include "ui/roll/PianoRollPainter.h"
+#include "ui/roll/PianoRollState.h"
+
+#include <QAbstractScrollArea>
+#include <QTimer>
+
+class PianoRollKeyboard;
+class PianoRollRuler;
+class Settings;
+
+// A document's notes as bars over time, beside a keyboard and under the measures. Shows and changes the document's
+// selection, and edits its notes by mouse and keys.
+class PianoRoll : public QAbstractScrollArea
+{
+    Q_OBJECT
+
+public:
+    // Both must outlive the roll. Zoom comes from the settings and goes back to them.
+    PianoRoll(EditorDocument &document, Settings &settings, QWidget *parent = nullptr);
+    ~PianoRoll() override;
+
+    EditorDocument &document() { return document_; }
+    const PianoRollState &state() const { return state_; }
+    PianoRollActions &actions() { return *actions_; }
+    PianoRollCommands &commands() { return commands_; }
+    PianoRollMouse &mouse() { return mouse_; }
+
+    // Counted in steps of the settings; what is at the middle of the view stays there.
+    void zoomTime(int steps);
+    void zoomPitch(int steps);
+    void zoomNormal();
+
+    void setSnap(int choice);
+    void changeSnap(int steps);
+    void cancelOrSelectNone();
+
+    // Scrolls as little as needed.
+    void showTick(Ticks tick);
+    void showNote(const PianoRollNote &note);
+
+    QSize sizeHint() const override { return {900, 420}; }
+
+signals:
+    void previewNote(int pitch);
+    void stopPreview();
+    void playRequested(Ticks tick);
+    // What is under the mouse or at the cursor; empty when there is nothing to say.
+    void statusChanged(const QString &status);
+
+protected:
+    bool viewportEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void showEvent(QShowEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+
+private:
+    void connectDocument();
+    void connectParts();
+    void readTrack();
+    void readFlags();
+    void readInstrument();
+    void readColours();
+    void updateAll();
+    void updateNotes(const QVector<int> &notes);
+    void updateLine(Ticks tick); // cursor or playing position
+    void updateScrollBars();
+    void onSelectionChanged();
+    void onSoundingChanged();
+    void onPlayPositionChanged(Ticks tick);
+    void onCaretChanged();
+    void onCursorMoved();
+    void followPlayback(Ticks tick);
+    void soundBriefly(int pitch);
+    void setKeyUnderMouse(std::optional<int> pitch);
+    void dragBeyondEdge();
+    void showMiddleOfNotes();
+    void showPitch(int pitch);
+    void showPitchInMiddle(int pitch);
+    void applyZoom(int hScale, int vScale, const QPoint &anchor);
+    void wheelZoom(const QWheelEvent &event);
+    QString statusAt(const QPoint &position) const;
+    QString describe(const PianoRollNote &note) const;
+    void updateAccessibleText();
+
+    EditorDocument &document_;
+    Settings &settings_;
+    PianoRollState state_;
+    PianoRollPainter painter_;
+    PianoRollCommands commands_;
+    PianoRollMouse mouse_;
+    PianoRollActions *actions_;
+    PianoRollKeyboard *keyboard_;
+    PianoRollRuler *ruler_;
+    QTimer previewEnd_;
+    QTimer edgeScroll_;
+    QPoint mousePosition_;
+    Qt::KeyboardModifiers mouseModifiers_;
+    std::optional<QPoint> panFrom_;
+    int wheelRest_ = 0;
+    QVector<int> shownSounding_;
+    Ticks shownCursor_ = 0;
+    bool isCentred_ = false;
+};

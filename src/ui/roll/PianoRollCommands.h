@@ -1,0 +1,78 @@
+#pragma once
+
+#include "ui/document/EditorDocument.h"
+
+#include <functional>
+#include <optional>
+
+struct PianoRollState;
+
+// What can be done to the notes in the piano roll, by keys, menus and the mouse alike. Every change of notes is one
+// step of the document's history. The commands bring the document's reading up to date before they use it.
+class PianoRollCommands : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum class Direction { Back = -1, Forward = 1 };
+
+    // Both must outlive the commands.
+    PianoRollCommands(EditorDocument &document, PianoRollState &state, QObject *parent = nullptr);
+
+    // The cursor stands on a tick and a pitch. The document's caret goes along when the cursor is set, not when an edit
+    // takes it on.
+    void setCursor(Ticks tick);
+    void setCursor(Ticks tick, int pitch);
+    void placeCursor(Ticks tick, int pitch);
+
+    // Move the selected notes together; without a selection, the cursor. Movement in time stops at the start, movement
+    // in pitch is refused when a note would leave the playable range.
+    void moveByStep(Direction direction);
+    void moveByMeasure(Direction direction);
+    void moveBySemitones(int semitones);
+    void moveNotes(Ticks ticks, int semitones);
+    void copyNotes(Ticks ticks, int semitones);
+
+    // No note becomes shorter than one grid step, unless it was.
+    void resizeByStep(Direction direction);
+    void resizeNotes(Ticks ticks);
+
+    // At the cursor, as long as the note last drawn or resized. The cursor goes to its end.
+    void insertAtCursor();
+    void insertNote(const NoteSpec &note);
+    Ticks newNoteLength() const;
+
+    void removeSelected();
+    void cut();
+    void copy();      // as ABC
+    void paste();     // ABC, at the cursor
+    void duplicate(); // behind the selection
+
+    void selectAll();
+    void selectNone();
+    // The note before or after the selection, or from the cursor on when there is none.
+    enum class Selecting { Replace, Extend };
+    void selectNeighbour(Direction direction, Selecting selecting);
+
+    // How far the selected notes can really go.
+    Ticks possibleShift(Ticks ticks) const;
+    int possibleTransposition(int semitones) const; // all or nothing
+    Ticks possibleGrowth(Ticks ticks) const;
+
+signals:
+    void cursorMoved();
+    void notesMoved();           // show them
+    void noteTouched(int pitch); // let it sound for a moment
+
+private:
+    using Changer = std::function<void(NoteSpec &)>;
+    bool changeSelected(const Changer &change, const QString &name);
+    QVector<NoteSpec> selectedSpecs() const;
+    void insertSelected(QVector<NoteSpec> notes, Ticks shift, const QString &name);
+    QString asAbc() const;
+    QVector<NoteSpec> clipboardNotes() const;
+
+    EditorDocument &document_;
+    PianoRollState &state_;
+    std::optional<Ticks> lastLength_;
+};

@@ -1,0 +1,89 @@
+#include "ui/roll/PianoRollMeasures.h"
+
+namespace {
+
+constexpr quint32 beatsWithoutMetre = 4;
+
+// "4/4" from the track's metre, which does not keep its denominator.
+TrackEvent metreAtStart(const Track &track)
+{
+    const auto beats = std::max(1U, track.beatsPerMeasure());
+    const auto measure = std::max(1U, track.measureTicks());
+    return TrackEvent::metre(0, beats, quint32(quint64(beats) * ticksPerWholeNote / measure));
+}
+
+TrackEvent tempoAtStart(const Track &track)
+{
+    return TrackEvent::tempo(0, 1, 4, quint32(track.ticksPerMinute() / ticksPerQuarter));
+}
+
+} // namespace
+
+PianoRollMeasures::PianoRollMeasures(const Track &track)
+{
+    addSection(0, track.measureTicks(), track.beatsPerMeasure());
+    addMark(metreAtStart(track));
+    addMark(tempoAtStart(track));
+    for (const auto &event : track.events()) {
+        if (event.kind() == TrackEvent::Metre) {
+            const auto length =
+                event.denominator() == 0 ? 0 : scaled(ticksPerWholeNote, event.numerator(), event.denominator());
+            addSection(event.start(), length, event.numerator());
+            addMark(event);
+        } else if (event.kind() == TrackEvent::Tempo) {
+            addMark(event);
+        }
+    }
+}
+
+void PianoRollMeasures::addSection(Ticks start, Ticks measure, quint32 beats)
+{
+    if (measure <= 0) {
+        measure = ticksPerWholeNote;
+        beats = beatsWithoutMetre;
+    }
+    qint64 firstNumber = 1;
+    if (!sections_.empty()) {
+        const auto before = sections_.back();
+        firstNumber = before.firstNumber + (start - before.start + before.measure - 1) / before.measure;
+        if (before.start == start)
+            sections_.pop_back();
+    }
+    sections_.push_back({start, measure, std::max(Ticks(1), measure / std::max(1U, beats)), firstNumber});
+}
+
+void PianoRollMeasures::addMark(const TrackEvent &event)
+{
+    for (auto earlier = marks_.rbegin(); earlier != marks_.rend() && earlier->start() == event.start(); ++earlier) {
+        if (earlier->kind() == event.kind()) {
+            *earlier = event;
+            return;
+        }
+    }
+    marks_.push_back(event);
+}
+
+size_t PianoRollMeasures::sectionAt(Ticks tick) const
+{
+    const auto after = std::upper_bound(sections_.begin() + 1, sections_.end(), tick,
+                                        [](Ticks at, const Section &section) { return at < section.start; });
+    return size_t(after - sections_.begin()) - 1;
+}
+
+Ticks PianoRollMeasures::sectionEnd(size_t section) const
+{
+    return section + 1 < sections_.size() ? sections_[section + 1].start : 2 * maxTicks;
+}
+
+PianoRollMeasure PianoRollMeasures::measure(size_t section, qint64 index) const
+{
+    const auto &in = sections_[section];
+    const auto start = in.start + index * in.measure;
+    return {in.firstNumber + index, start, std::min(start + in.measure, sectionEnd(section)), in.beat};
+}
+
+PianoRollMeasure PianoRollMeasures::at(Ticks tick) const
+{
+    const auto section = sectionAt(tick);
+    return measure(section, std::max(Ticks(0), tick - sections_[section].start) / sections_[section].measure);
+}

@@ -1,0 +1,170 @@
+#include "ui/roll/PianoRollRuler.h"
+
+#include "ui/roll/PianoRollState.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <iterator>
+
+namespace {
+
+constexpr qreal leastBeatDistance = 6;
+constexpr qreal beatTickLength = 5;
+constexpr qreal measureTickLength = 9;
+constexpr int textMargin = 4;
+constexpr int markGap = 10;
+constexpr int pointerWidth = 6; // from its middle
+
+QString markText(const TrackEvent &mark)
+{
+    if (mark.kind() == TrackEvent::Metre && mark.denominator() == 0)
+        return PianoRollRuler::tr("free");
+    const auto fraction = QStringLiteral("%1/%2").arg(mark.numerator()).arg(mark.denominator());
+    if (mark.kind() == TrackEvent::Metre)
+        return fraction;
+    const bool isQuarter = mark.numerator() == 1 && mark.denominator() == 4;
+    return (isQuarter ? QStringLiteral("♩") : fraction) + QStringLiteral(" = %1").arg(mark.bpm());
+}
+
+} // namespace
+
+PianoRollRuler::PianoRollRuler(const PianoRollState &state, QWidget *parent) : QWidget(parent), state_(state)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setToolTip(tr("Click to set the cursor, double-click to play from here"));
+    setAccessibleName(tr("Measures"));
+}
+
+int PianoRollRuler::lineHeight() const
+{
+    return fontMetrics().height() + 1;
+}
+
+QSize PianoRollRuler::sizeHint() const
+{
+    return {200, 2 * lineHeight() + 4};
+}
+
+void PianoRollRuler::updateMark(Ticks tick)
+{
+    update(int(state_.geometry.x(tick)) - pointerWidth - 2, 0, 2 * pointerWidth + 4, height());
+}
+
+void PianoRollRuler::paintEvent(QPaintEvent *event)
+{
+    QPainter painter(this);
+    const auto clip = event->rect();
+    const auto &geometry = state_.geometry;
+    painter.fillRect(clip, state_.colours.ruler);
+
+    const auto widestNumber = fontMetrics().horizontalAdvance(QStringLiteral("0000")) + 2 * textMargin;
+    const auto from = geometry.tick(clip.left() - widestNumber);
+    const auto to = geometry.tick(clip.right() + 2) + 1;
+    state_.measures.forEachIn(from, to, geometry.ticksIn(leastBeatDistance),
+                              [&](const PianoRollMeasure &measure) { paintBeats(painter, measure, to); });
+    state_.measures.forEachIn(from, to, geometry.ticksIn(widestNumber),
+                              [&](const PianoRollMeasure &measure) { paintNumber(painter, measure); });
+    paintMarks(painter, clip.right());
+
+    const auto hairline = geometry.hairline();
+    painter.fillRect(QRectF(clip.left(), height() - hairline, clip.width(), hairline), state_.colours.measureLine);
+    paintPointer(painter, state_.cursor, state_.colours.cursor);
+    if (state_.playing)
+        paintPointer(painter, *state_.playing, state_.colours.playing);
+}
+
+void PianoRollRuler::paintTick(QPainter &painter, Ticks tick, qreal length) const
+{
+    const auto hairline = state_.geometry.hairline();
+    painter.fillRect(QRectF(state_.geometry.x(tick), height() - length, hairline, length), state_.colours.rulerMark);
+}
+
+void PianoRollRuler::paintBeats(QPainter &painter, const PianoRollMeasure &measure, Ticks to) const
+{
+    const auto &geometry = state_.geometry;
+    paintTick(painter, measure.start, measureTickLength);
+    if (measure.beat < geometry.ticksIn(leastBeatDistance))
+        return;
+    const auto skipped = std::max(Ticks(1), (geometry.tick(0) - measure.start) / measure.beat);
+    for (auto beat = measure.start + skipped * measure.beat; beat < std::min(to, measure.end); beat += measure.beat)
+        paintTick(painter, beat, beatTickLength);
+}
+
+void PianoRollRuler::paintNumber(QPainter &painter, const PianoRollMeasure &measure) const
+{
+    const auto top = lineHeight() + 2;
+    paintTick(painter, measure.start, height() - top);
+    painter.setPen(state_.colours.rulerText);
+    painter.drawText(QPointF(state_.geometry.x(measure.start) + textMargin, top + fontMetrics().ascent()),
+                     QString::number(measure.number));
+}
+
+// The marks that hold at the left edge stand there; where marks crowd, those that would cover another are left out.
+void PianoRollRuler::paintMarks(QPainter &painter, int right) const
+{
+    const auto &geometry = state_.geometry;
+    const auto &marks = state_.measures.marks();
+    const auto startsBefore = [](const TrackEvent &mark, Ticks tick) { return mark.start() < tick; };
+    const auto firstVisible = std::lower_bound(marks.begin(), marks.end(), geometry.tick(0) + 1, startsBefore);
+    qreal free = textMargin;
+    const auto paintAt = [&](const TrackEvent &mark, qreal x) {
+        const auto text = markText(mark);
+        painter.drawText(QPointF(x, fontMetrics().ascent() + 2), text);
+        free = x + fontMetrics().horizontalAdvance(text) + markGap;
+    };
+    painter.setPen(state_.colours.rulerText);
+    for (const auto kind : {TrackEvent::Metre, TrackEvent::Tempo}) {
+        const auto isOfKind = [kind](const TrackEvent &mark) { return mark.kind() == kind; };
+        const auto holding = std::find_if(std::make_reverse_iterator(firstVisible), marks.rend(), isOfKind);
+        if (holding != marks.rend())
+            paintAt(*holding, free);
+    }
+    Ticks shownAt = -1;
+    for (auto mark = firstVisible; mark != marks.end() && geometry.x(mark->start()) <= right; ++mark) {
+        const auto x = geometry.x(mark->start()) + textMargin;
+        if (x < free && mark->start() != shownAt)
+            continue;
+        shownAt = mark->start();
+        paintAt(*mark, std::max(x, free));
+    }
+}
+
+void PianoRollRuler::paintPointer(QPainter &painter, Ticks tick, const QColor &colour) const
+{
+    const auto x = state_.geometry.x(tick) + 0.5;
+    if (x < -pointerWidth || x > width() + pointerWidth)
+        return;
+    QPainterPath pointer(QPointF(x - pointerWidth + 1, height() - 9));
+    pointer.lineTo(x + pointerWidth - 1, height() - 9);
+    pointer.lineTo(x, height() - 1);
+    pointer.closeSubpath();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(pointer, colour);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
+void PianoRollRuler::pick(const QMouseEvent &event)
+{
+    const auto tick = state_.geometry.tick(event.pos().x());
+    emit cursorPicked(event.modifiers() & Qt::AltModifier ? tick : state_.snap.nearest(tick, state_.measures));
+}
+
+void PianoRollRuler::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        pick(*event);
+}
+
+void PianoRollRuler::mouseMoveEvent(QMouseEvent *event)
+{
+    if (event->buttons() & Qt::LeftButton)
+        pick(*event);
+}
+
+void PianoRollRuler::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        emit playRequested(state_.snap.nearest(state_.geometry.tick(event->pos().x()), state_.measures));
+}

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "ui/roll/PianoRollColours.h"
+#include "ui/roll/PianoRollGeometry.h"
+#include "ui/roll/PianoRollMeasures.h"
+#include "ui/roll/PianoRollNotes.h"
+#include "ui/roll/PianoRollSnap.h"
+
+#include <QRectF>
+
+#include <bitset>
+#include <optional>
+#include <vector>
+
+// What a mouse drag in progress would do to the track when it ended here; the canvas shows it.
+struct PianoRollDrag
+{
+    enum class Kind { None, Band, Move, Copy, Resize, Draw };
+
+    Kind kind = Kind::None;
+    QRectF band;       // Band: in canvas pixels
+    Ticks ticks = 0;   // Move, Copy: later by; Resize: longer by
+    int semitones = 0; // Move, Copy: higher by
+    PianoRollNote drawn;
+
+    bool isRunning() const { return kind != Kind::None; }
+    bool changesNotes() const { return kind == Kind::Move || kind == Kind::Resize; }
+};
+
+// What the parts of the piano roll (canvas, keyboard, ruler) show. The roll keeps it, the parts read it.
+struct PianoRollState
+{
+    enum NoteFlag : quint8 { Selected = 1, Sounding = 2, AtCaret = 4 };
+    using PitchSet = std::bitset<128>;
+
+    PianoRollGeometry geometry;
+    PianoRollColours colours{QPalette(), Qt::blue};
+    PianoRollMeasures measures;
+    PianoRollNotes notes;
+    std::vector<quint8> noteFlags; // one for each note
+    Ticks length = 0;
+    quint32 keyRow = 0;
+
+    PianoRollSnap snap;
+    PianoRollDrag drag;
+    PitchSet silent;       // pitches that the instrument has no sample near
+    PitchSet soundingKeys; // lit on the keyboard
+    std::optional<int> keyUnderMouse;
+    Ticks cursor = 0; // where notes are inserted and pasted
+    int cursorPitch = 60;
+    std::optional<Ticks> playing;
+
+    bool has(int note, NoteFlag flag) const { return (noteFlags[size_t(note)] & flag) != 0; }
+
+    // The note's rectangle on the canvas, without the gap to its neighbour.
+    QRectF rect(const PianoRollNote &note) const
+    {
+        const auto left = geometry.x(note.start);
+        const auto top = geometry.top(note.pitch);
+        return {left, top, geometry.x(note.end()) - left, geometry.bottom(note.pitch) - top};
+    }
+
+    // As the drag would leave it.
+    PianoRollNote dragged(PianoRollNote note) const
+    {
+        if (drag.kind == PianoRollDrag::Kind::Resize) {
+            note.length = std::max(Ticks(1), note.length + drag.ticks);
+        } else {
+            note.start += drag.ticks;
+            note.pitch += drag.semitones;
+        }
+        return note;
+    }
+
+    static bool isBlackKey(int pitch) { return ((1 << pitch % 12) & 0b010101001010) != 0; }
+};

@@ -1,0 +1,43 @@
+#include "ui/song/TitleLabel.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
+
+TitleLabel::TitleLabel(QWidget *parent) : QLabel(parent)
+{
+    setTextFormat(Qt::PlainText);
+    setFocusPolicy(Qt::TabFocus);
+}
+
+QSize TitleLabel::minimumSizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * 4, QLabel::minimumSizeHint().height()};
+}
+
+void TitleLabel::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    const auto shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
+    style()->drawItemText(&painter, rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), shown,
+                          foregroundRole());
+    if (!hasFocus())
+        return;
+    QStyleOptionFocusRect frame;
+    frame.initFrom(this);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
+}
+
+void TitleLabel::mouseDoubleClickEvent(QMouseEvent *)
+{
+    emit doubleClicked();
+}
+
+void TitleLabel::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_F2 || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        emit doubleClicked();
+    else
+        QLabel::keyPressEvent(event);
+}

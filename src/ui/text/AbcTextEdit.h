@@ -1,0 +1,78 @@
+#pragma once
+
+#include "edit/NoteEdit.h"
+
+#include <QPlainTextEdit>
+#include <QRegularExpression>
+
+#include <functional>
+
+class AbcHighlighter;
+class EditorDocument;
+class LineNumbers;
+struct EditorColours;
+
+// A document's text: coloured, with line numbers, errors marked where they stand, and the notes that are selected, at
+// the caret or sounding lit behind their characters. Shows and changes the document's selection and caret.
+class AbcTextEdit : public QPlainTextEdit
+{
+    Q_OBJECT
+
+public:
+    // The document must outlive the view.
+    explicit AbcTextEdit(EditorDocument &document, QWidget *parent = nullptr);
+
+    // Lines count from 1. The caret goes to the line and the line into view.
+    void goToLine(int line);
+    void goTo(TextRange range);
+    // Whatever it matches is marked; an empty pattern matches nothing.
+    void setFound(const QRegularExpression &pattern);
+
+    void zoom(int steps);
+    void zoomNormal();
+    void setWrapsLines(bool wraps);
+    // Keeps the sounding notes in view while something plays.
+    void setFollowsPlayback(bool follows) { followsPlayback_ = follows; }
+
+    // For the line numbers.
+    int lineNumberWidth() const;
+    void paintLineNumbers(QPainter &painter, const QRect &area);
+    QString problemAtLine(int y) const;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
+    void insertFromMimeData(const QMimeData *source) override;
+
+private:
+    using Paint = std::function<void(const QRectF &)>;
+
+    void connectDocument();
+    void placeLineNumbers();
+    void showSelectedNotes();
+    void moveCaret(int offset);
+    void publishCaret();
+    void followPlayback();
+    void readColours();
+    // Calls visit for each line on the screen with the characters of it that can be seen.
+    void forEachVisibleLine(const QRect &area, const std::function<void(const QTextBlock &, TextRange)> &visit) const;
+    // The rectangles of a range, which may span lines; only what lies within the visible part.
+    void forEachRect(const QTextBlock &block, TextRange range, const Paint &paint) const;
+    void paintBehind(QPainter &painter, const QRect &area) const;
+    void paintNotes(QPainter &painter, const QTextBlock &block, TextRange visible) const;
+    void paintProblems(QPainter &painter, const QRect &area) const;
+
+    EditorDocument &document_;
+    const EditorColours *colours_;
+    AbcHighlighter *highlighter_;
+    LineNumbers *lineNumbers_;
+    QRegularExpression found_;
+    qreal normalSize_;
+    int wheelRest_ = 0;
+    bool followsPlayback_ = true;
+    bool isShowingSelection_ = false;
+};

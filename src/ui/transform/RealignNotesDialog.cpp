@@ -1,0 +1,118 @@
+#include "ui/transform/RealignNotesDialog.h"
+
+#include "settings/Settings.h"
+#include "ui/transform/DialogFrame.h"
+
+#include <QDial>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+
+#include <array>
+
+struct RealignDialRow
+{
+    const char *objectName;
+    const char *label;
+    int maximum;
+    SettingsTable::Setting setting;
+    quint32 base;     // the grid at the first step
+    int firstStep;    // the dial's value there
+    const char *zero; // what the dial says at 0
+};
+
+namespace {
+
+constexpr std::array<RealignDialRow, 5> rows{{
+    {"dlRegular", "Regular", 7, SettingsTable::RealignRegular, 1, 0, "Whole"},
+    {"dlTriplet", "Triplets", 6, SettingsTable::RealignTriplets, 3, 1, "None"},
+    {"dlQuintuplet", "Quintuplets", 5, SettingsTable::RealignQuintuplets, 5, 1, "None"},
+    {"dlSeptuplet", "Septuplets", 5, SettingsTable::RealignSeptuplets, 7, 1, "None"},
+    {"dlNonuplet", "Nonuplets", 4, SettingsTable::RealignNonuplets, 9, 1, "None"},
+}};
+
+quint32 denominator(const RealignDialRow &row, int value)
+{
+    return row.base << (value - row.firstStep);
+}
+
+QString pluralOrdinal(quint32 number)
+{
+    const auto lastTwo = number % 100;
+    const auto last = number % 10;
+    QLatin1String suffix("ths");
+    if (lastTwo < 11 || lastTwo > 13)
+        suffix = last == 1   ? QLatin1String("sts")
+                 : last == 2 ? QLatin1String("nds")
+                 : last == 3 ? QLatin1String("rds")
+                             : suffix;
+    return QStringLiteral("%1%2").arg(number).arg(suffix);
+}
+
+} // namespace
+
+RealignNotesDialog::RealignNotesDialog(Settings &settings, QWidget *parent) : QDialog(parent), settings_(settings)
+{
+    auto *const group = new QGroupBox(tr("Quantization Precision"));
+    auto *const grid = new QGridLayout(group);
+    for (const auto &row : rows)
+        dials_.push_back(addDial(row, *grid, int(dials_.size())));
+
+    const std::array<void (RealignNotesDialog::*)(), 5> slots_{
+        &RealignNotesDialog::onRegularChanged, &RealignNotesDialog::onTripletsChanged,
+        &RealignNotesDialog::onQuintupletsChanged, &RealignNotesDialog::onSeptupletsChanged,
+        &RealignNotesDialog::onNonupletsChanged};
+    for (size_t i = 0; i < rows.size(); ++i) {
+        connect(dials_[i].dial, &QDial::valueChanged, this, slots_[i]);
+        dials_[i].dial->setValue(settings_.value(rows[i].setting).toInt());
+        showValue(int(i));
+    }
+    frameDialog(*this, tr("Realign Notes"), {group});
+}
+
+RealignNotesDialog::Dial RealignNotesDialog::addDial(const RealignDialRow &row, QGridLayout &grid, int column)
+{
+    auto *const dial = new QDial;
+    dial->setObjectName(QLatin1String(row.objectName));
+    dial->setRange(0, row.maximum);
+    dial->setValue(row.maximum);
+    dial->setPageStep(1);
+    dial->setNotchesVisible(true);
+    dial->setFixedSize(72, 72);
+    dial->setAccessibleName(tr(row.label));
+    dial->setToolTip(tr("The finest note that notes are moved onto"));
+    auto *const name = new QLabel(tr(row.label));
+    auto *const value = new QLabel;
+    value->setMinimumWidth(value->fontMetrics().horizontalAdvance(QStringLiteral("888ths")) + 8);
+    for (auto *const label : {name, value})
+        label->setAlignment(Qt::AlignCenter);
+    grid.addWidget(name, 0, column);
+    grid.addWidget(dial, 1, column, Qt::AlignCenter);
+    grid.addWidget(value, 2, column);
+    return {dial, value};
+}
+
+void RealignNotesDialog::showValue(int dial)
+{
+    const auto &row = rows[size_t(dial)];
+    const auto &widgets = dials_[size_t(dial)];
+    const auto value = widgets.dial->value();
+    widgets.value->setText(value == 0 ? tr(row.zero) : pluralOrdinal(denominator(row, value)));
+}
+
+QVector<quint32> RealignNotesDialog::grids() const
+{
+    QVector<quint32> result;
+    for (size_t i = 0; i < rows.size(); ++i) {
+        if (const auto value = dials_[i].dial->value(); value >= rows[i].firstStep)
+            result.append(denominator(rows[i], value));
+    }
+    return result;
+}
+
+void RealignNotesDialog::accept()
+{
+    for (size_t i = 0; i < rows.size(); ++i)
+        settings_.setValue(rows[i].setting, dials_[i].dial->value());
+    QDialog::accept();
+}

@@ -1,0 +1,208 @@
+#include "base/SafeFile.h"
+#include "support/Rows.h"
+#include "support/TestFolder.h"
+#include "support/Thrown.h"
+
+#include <QtTest>
+
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+#include <cstdarg>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <new>
+#include <random>
+#include <sched.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+// The system calls that saving is made of, replaced for this program: the one with the armed number fails.
+namespace faults {
+
+int callsUntilFault = 0; // 0: none is armed
+size_t longestWrite = SIZE_MAX;
+
+bool isDue()
+{
+    if (callsUntilFault == 0 || --callsUntilFault > 0)
+        return false;
+    errno = EIO;
+    return true;
+}
+
+template<typename Function>
+Function original(const char *name)
+{
+    return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
+}
+
+} // namespace faults
+
+extern "C" {
+
+int open(const char *path, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const auto mode = va_arg(arguments, mode_t);
+    va_end(arguments);
+    return faults::isDue() ? -1 : faults::original<int (*)(const char *, int, ...)>("open")(path, flags, mode);
+}
+
+ssize_t write(int descriptor, const void *bytes, size_t size)
+{
+    static const auto original = faults::original<ssize_t (*)(int, const void *, size_t)>("write");
+    return faults::isDue() ? -1 : original(descriptor, bytes, std::min(size, faults::longestWrite));
+}
+
+int fsync(int descriptor)
+{
+    return faults::isDue() ? -1 : faults::original<int (*)(int)>("fsync")(descriptor);
+}
+
+int rename(const char *from, const char *to) noexcept
+{
+    return faults::isDue() ? -1 : faults::original<int (*)(const char *, const char *)>("rename")(from, to);
+}
+
+int fchmod(int descriptor, mode_t mode) noexcept
+{
+    return faults::isDue() ? -1 : faults::original<int (*)(int, mode_t)>("fchmod")(descriptor, mode);
+}
+}
+
+class TestSafeFile : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { folder_ = std::make_unique<TestFolder>(); }
+
+    void keepsTheOldOrTheNewFileWhenACallFails()
+    {
+        faults::longestWrite = 10'000; // so that there is a second and a third write to fail
+        int failures = 0;
+        for (int call = 1;; ++call) {
+            SafeFile::write(path(), old_);
+            faults::callsUntilFault = call;
+            const auto message = thrownBy([this] { SafeFile::write(path(), new_); });
+            const bool wasReached = std::exchange(faults::callsUntilFault, 0) == 0;
+            QCOMPARE(names(), QStringList(QStringLiteral("song.abc")));
+            QVERIFY(content() == old_ || content() == new_);
+            if (!wasReached) {
+                QCOMPARE(message, QStringLiteral("nothing"));
+                QCOMPARE(content(), new_);
+                break;
+            }
+            QCOMPARE(message, QString::fromLocal8Bit(strerror(EIO)));
+            ++failures;
+        }
+        faults::longestWrite = SIZE_MAX;
+        QVERIFY(failures >= 9); // open, mode, three writes, sync, rename, open and sync of the directory
+    }
+
+    void leavesNothingOfANewFileThatFails()
+    {
+        faults::callsUntilFault = 2;
+        QVERIFY_EXCEPTION_THROWN(SafeFile::write(path(), new_), QString);
+        QCOMPARE(names(), QStringList());
+    }
+
+    void goesOnAfterShortWrites()
+    {
+        faults::longestWrite = 7;
+        SafeFile::write(path(), new_);
+        faults::longestWrite = SIZE_MAX;
+        QCOMPARE(content(), new_);
+    }
+
+    void keepsTheOldOrTheNewFileWhenKilled()
+    {
+        constexpr int kills = 1000;
+        std::mt19937 random(1);
+        auto *const shared =
+            mmap(nullptr, sizeof(std::atomic<int>), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+        QVERIFY(shared != MAP_FAILED);
+        auto *const written = new (shared) std::atomic<int>;
+        SafeFile::write(path(), old_);
+        int killedWhileSaving = 0;
+        for (int kill = 0; kill < kills; ++kill) {
+            *written = 0;
+            const pid_t writer = fork();
+            QVERIFY(writer >= 0);
+            if (writer == 0) {
+                for (bool isNew = true;; isNew = !isNew) {
+                    SafeFile::write(path(), isNew ? new_ : old_);
+                    ++*written;
+                }
+            }
+            while (*written == 0)
+                sched_yield();
+            usleep(random() % 500);
+            ::kill(writer, SIGKILL);
+            waitpid(writer, nullptr, 0);
+            const auto found = content();
+            QVERIFY2(found == old_ || found == new_, qPrintable(QString::number(kill)));
+            killedWhileSaving += names().size() > 1 ? 1 : 0; // its unfinished file is there
+        }
+        munmap(shared, sizeof(std::atomic<int>));
+        qInfo("%d of %d writers were killed while a file was half written", killedWhileSaving, kills);
+        QVERIFY(killedWhileSaving > kills / 20);
+        SafeFile::write(path(), old_); // what a killed writer left beside the file is no obstacle
+        QCOMPARE(names(), QStringList(QStringLiteral("song.abc")));
+    }
+
+    void keepsPermissionsAndFollowsLinks()
+    {
+        SafeFile::write(path("target"), old_);
+        QVERIFY(QFile::setPermissions(path("target"), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup));
+        QVERIFY(QFile::link(path("target"), path()));
+        SafeFile::write(path(), new_);
+        QVERIFY(QFileInfo(path()).isSymLink());
+        QCOMPARE(content(), new_);
+        struct stat status = {};
+        QCOMPARE(stat(QFile::encodeName(path("target")).constData(), &status), 0);
+        QCOMPARE(int(status.st_mode & 07777), 0640);
+    }
+
+    void refusesWhatIsNoFile()
+    {
+        QVERIFY(QDir(folder_->path()).mkdir(QStringLiteral("song.abc")));
+        QVERIFY_EXCEPTION_THROWN(SafeFile::write(path(), new_), QString);
+        QVERIFY_EXCEPTION_THROWN(SafeFile::write(QStringLiteral("/dev/null"), new_), QString);
+        QVERIFY_EXCEPTION_THROWN(SafeFile::write(path("missing/song.abc"), new_), QString);
+    }
+
+    void cleansNames_data()
+    {
+        const Rows<QString, QString> row("title", "name");
+        row("plain", "Winter Hymn", "Winter Hymn");
+        row("path", "../etc/a\\b:c", ".._etc_a_b_c");
+        row("parent", "..", "__");
+        row("empty", "", "_");
+        row("control", "a\nb", "a_b");
+        row("device", "con.abc", "_con.abc");
+        row("long", QString(150, QChar(0xE4)), QString(100, QChar(0xE4)));
+    }
+
+    void cleansNames()
+    {
+        QFETCH(QString, title);
+        QTEST(SafeFile::cleanName(title), "name");
+    }
+
+private:
+    QString path(const char *name = "song.abc") const { return folder_->path(name); }
+    QByteArray content() const { return folder_->read("song.abc"); }
+    QStringList names() const { return folder_->files(); }
+
+    std::unique_ptr<TestFolder> folder_;
+    const QByteArray old_ = QByteArray(10'000, 'o');
+    const QByteArray new_ = QByteArray(30'000, 'n');
+};
+
+QTEST_GUILESS_MAIN(TestSafeFile)
+#include "test_safe_file.moc"

@@ -1,0 +1,489 @@
+#include "app/AnsweringDialogs.h"
+#include "assets/InstrumentSetModel.h"
+#include "core/AbcParser.h"
+#include "import/Transpose.h"
+#include "settings/Settings.h"
+#include "ui/ValueDial.h"
+#include "ui/song/TrackVisualizationWidget.h"
+#include "ui/song/TrackWidget.h"
+#include "ui/song/VUMeter.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QMenu>
+#include <QSignalSpy>
+#include <QToolButton>
+#include <QWheelEvent>
+#include <QtTest>
+
+namespace {
+
+Track song(const QString &title)
+{
+    Track track;
+    track.setHeaderField(QStringLiteral("T"), title);
+    for (const quint32 pitch : {60U, 64U, 67U})
+        track.appendEvent(TrackEvent::note(pitch, Ticks(pitch - 60) * ticksPerQuarter, ticksPerQuarter));
+    track.normalize();
+    return track;
+}
+
+InstrumentSet catalogue(const QStringList &names)
+{
+    InstrumentSet instruments;
+    for (const auto &name : names)
+        instruments.add({name, {}, {}});
+    return instruments;
+}
+
+QList<quint32> pitches(const Track &track)
+{
+    QList<quint32> result;
+    for (const auto &event : track.events())
+        result.append(event.pitch());
+    return result;
+}
+
+QByteArray contents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// Also keeps what the text box was filled with.
+class RenamingDialogs : public AnsweringDialogs
+{
+public:
+    QString prefilled;
+    std::optional<QString> text(QWidget *parent, const QString &title, const QString &label,
+                                const QString &value) override
+    {
+        prefilled = value;
+        return AnsweringDialogs::text(parent, title, label, value);
+    }
+};
+
+} // namespace
+
+class TestTrackWidget : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void saysWhatEachControlIsFor();
+    void tabReachesEveryControl();
+    void iconsAreThere();
+    void selects();
+    void mutes();
+    void settersAnnounceNothing();
+    void asksForWhatTheWindowDoes();
+    void renames();
+    void renamingKeepsTheTextOfTheTrack();
+    void emptyTitleIsUntitled();
+    void transposes();
+    void theEditorsTrackTakesThePlace();
+    void savesAsAndThenInPlace();
+    void savingFails();
+    void aCancelledDialogSavesNothing();
+    void instrumentSurvivesNewCatalogues();
+    void dials();
+    void theWheelScrollsTheListUntilADialHasTheFocus();
+    void showsWhatThePlayerSays();
+    void followsADarkPalette();
+
+private:
+    template<typename Child>
+    Child *child(const char *name)
+    {
+        auto *const found = row_->findChild<Child *>(QLatin1String(name));
+        if (found == nullptr)
+            qFatal("no child %s", name);
+        return found;
+    }
+    void choose(const QString &text);
+    void make(const Track &track);
+
+    std::unique_ptr<QTemporaryDir> folder_;
+    std::unique_ptr<Settings> settings_;
+    std::unique_ptr<InstrumentSetModel> instruments_;
+    std::unique_ptr<RenamingDialogs> dialogs_;
+    std::unique_ptr<TrackWidget> row_;
+    QStringList signals_; // names of the signals that the row emitted, in their order
+};
+
+void TestTrackWidget::init()
+{
+    folder_ = std::make_unique<QTemporaryDir>();
+    settings_ = std::make_unique<Settings>(folder_->filePath(QStringLiteral("settings.cfg")));
+    settings_->setValue(Settings::AbcSaveDir, folder_->path());
+    instruments_ = std::make_unique<InstrumentSetModel>(
+        catalogue({QStringLiteral("flute"), QStringLiteral("lute"), QStringLiteral("piano")}));
+    dialogs_ = std::make_unique<RenamingDialogs>();
+    make(song(QStringLiteral("Jig")));
+}
+
+void TestTrackWidget::cleanup()
+{
+    row_.reset();
+}
+
+void TestTrackWidget::make(const Track &track)
+{
+    row_ = std::make_unique<TrackWidget>(track, *instruments_, *settings_, *dialogs_);
+    signals_.clear();
+    const auto note = [this](const char *name) { return [this, name] { signals_.append(QLatin1String(name)); }; };
+    connect(row_.get(), &TrackWidget::trackRemoved, this, note("removed"));
+    connect(row_.get(), &TrackWidget::trackChanged, this, note("changed"));
+    connect(row_.get(), &TrackWidget::trackSelected, this, note("selected"));
+    connect(row_.get(), &TrackWidget::trackMuteChanged, this, note("mute"));
+    connect(row_.get(), &TrackWidget::trackSolo, this, note("solo"));
+    connect(row_.get(), &TrackWidget::trackInstrumentChanged, this, note("instrument"));
+    connect(row_.get(), &TrackWidget::trackVolumeChanged, this, note("volume"));
+    connect(row_.get(), &TrackWidget::trackPanChanged, this, note("pan"));
+    connect(row_.get(), &TrackWidget::trackMoveUp, this, note("up"));
+    connect(row_.get(), &TrackWidget::trackMoveDown, this, note("down"));
+    connect(row_.get(), &TrackWidget::trackSeek, this, note("seek"));
+    connect(row_.get(), &TrackWidget::editorRequested, this, note("editor"));
+    connect(row_.get(), &TrackWidget::trackSaved, this, note("saved"));
+}
+
+void TestTrackWidget::choose(const QString &text)
+{
+    const auto menu = row_->contextMenu();
+    auto actions = menu->actions();
+    for (const auto *const action : menu->actions()) {
+        if (action->menu() != nullptr)
+            actions += action->menu()->actions();
+    }
+    for (auto *const action : std::as_const(actions)) {
+        if (action->text() == text)
+            return action->trigger();
+    }
+    QFAIL(qPrintable(text));
+}
+
+void TestTrackWidget::saysWhatEachControlIsFor()
+{
+    const std::pair<const char *, const char *> tips[] = {
+        {"chkSelect", "Select track"},   {"btnDelete", "Delete track"},
+        {"btnEdit", "Edit track"},       {"btnUp", "Move up"},
+        {"btnDown", "Move down"},        {"btnMute", "(Un)mute"},
+        {"dlVolume", "Playback Volume"}, {"dlPan", "Playback Pan"},
+        {"lblTitle", "Track Title"},     {"cboInstrument", "Instrument for this track"},
+    };
+    for (const auto &[name, tip] : tips)
+        QCOMPARE(child<QWidget>(name)->toolTip(), QLatin1String(tip));
+    QCOMPARE(child<QWidget>("dlPan")->statusTip(), QStringLiteral("The playback pan position for this track"));
+    QCOMPARE(child<QWidget>("btnUp")->statusTip(), QStringLiteral("Move track up"));
+    for (const char *name : {"wVis", "vuMeter", "chkSelect", "dlVolume", "btnMute"})
+        QVERIFY(!child<QWidget>(name)->accessibleName().isEmpty());
+    QCOMPARE(row_->accessibleName(), QStringLiteral("Jig"));
+}
+
+void TestTrackWidget::tabReachesEveryControl()
+{
+    row_->show();
+    row_->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(row_.get()));
+    child<QWidget>("chkSelect")->setFocus();
+    QStringList reached;
+    for (int i = 0; i < 11; ++i) {
+        reached.append(QApplication::focusWidget()->objectName());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    const QString order =
+        QStringLiteral("chkSelect lblTitle cboInstrument wVis dlVolume dlPan btnMute btnEdit btnDelete btnUp btnDown");
+    QCOMPARE(reached.join(u' '), order);
+}
+
+void TestTrackWidget::iconsAreThere()
+{
+    for (const char *name : {"btnEdit", "btnDelete", "btnUp", "btnDown"})
+        QVERIFY(!child<QToolButton>(name)->icon().isNull());
+    for (const char *name : {"mutectx", "soundctx", "speaker-volume", "speaker-panning", "appicon", "play"}) {
+        const QImage image(QStringLiteral(":/icons/%1.png").arg(QLatin1String(name)));
+        const QImage twice(QStringLiteral(":/icons/%1@2x.png").arg(QLatin1String(name)));
+        QVERIFY2(!image.isNull() && twice.size() == image.size() * 2, name);
+    }
+    const auto menu = row_->contextMenu();
+    int icons = 0;
+    for (const auto *const action : menu->actions())
+        icons += action->icon().availableSizes().isEmpty() ? 0 : 1;
+    QCOMPARE(icons, 5);
+}
+
+void TestTrackWidget::selects()
+{
+    const auto normal = row_->styleSheet();
+    QSignalSpy selected(row_.get(), &TrackWidget::trackSelected);
+    child<QCheckBox>("chkSelect")->click();
+    QVERIFY(row_->isSelected());
+    QVERIFY(row_->styleSheet().contains(QStringLiteral("#EAEA9A")));
+    child<QCheckBox>("chkSelect")->click();
+    QCOMPARE(row_->styleSheet(), normal);
+    QCOMPARE(selected.size(), 2);
+    QCOMPARE(selected[0][0].toBool(), true);
+    QCOMPARE(selected[1][0].toBool(), false);
+}
+
+void TestTrackWidget::mutes()
+{
+    auto *const visualization = child<TrackVisualizationWidget>("wVis");
+    child<QCheckBox>("btnMute")->click();
+    QVERIFY(row_->isMuted() && visualization->isMuted());
+    choose(QStringLiteral("(Un)mute"));
+    QVERIFY(!row_->isMuted() && !visualization->isMuted() && !child<QCheckBox>("btnMute")->isChecked());
+    QCOMPARE(signals_, QStringList({QStringLiteral("mute"), QStringLiteral("mute")}));
+}
+
+void TestTrackWidget::settersAnnounceNothing()
+{
+    row_->setTrack(song(QStringLiteral("Reel")));
+    row_->setSelected(true);
+    row_->setMuted(true);
+    row_->setVolumePercent(40);
+    row_->setPanPercent(-50);
+    row_->setInstrumentName(QStringLiteral("piano"));
+    row_->setPosition(100);
+    row_->setCommonLength(1000);
+    QVERIFY(signals_.isEmpty());
+    QCOMPARE(child<QLabel>("lblTitle")->text(), QStringLiteral("Reel"));
+    QVERIFY(row_->isSelected() && row_->isMuted() && child<QCheckBox>("btnMute")->isChecked());
+    QCOMPARE(row_->volume(), 0.4);
+    QCOMPARE(row_->pan(), -0.5);
+    QCOMPARE(child<QComboBox>("cboInstrument")->currentText(), QStringLiteral("piano"));
+}
+
+void TestTrackWidget::asksForWhatTheWindowDoes()
+{
+    row_->setCommonLength(1000);
+    child<QToolButton>("btnUp")->click();
+    child<QToolButton>("btnDown")->click();
+    child<QToolButton>("btnEdit")->click();
+    choose(QStringLiteral("Open ABC Editor"));
+    choose(QStringLiteral("Solo"));
+    emit child<TrackVisualizationWidget>("wVis")->seek(5);
+    child<QComboBox>("cboInstrument")->setCurrentIndex(1);
+    child<ValueDial>("dlVolume")->setValue(30);
+    child<ValueDial>("dlPan")->setValue(30);
+    child<QToolButton>("btnDelete")->click();
+    QCOMPARE(signals_.join(u' '), QStringLiteral("up down editor editor solo seek instrument volume pan removed"));
+    QCOMPARE(row_->instrumentName(), QStringLiteral("lute"));
+}
+
+void TestTrackWidget::renames()
+{
+    dialogs_->enteredText = QStringLiteral("Reel");
+    QTest::mouseDClick(child<QLabel>("lblTitle"), Qt::LeftButton);
+    QCOMPARE(dialogs_->takeAsked(), QStringList(QStringLiteral("Rename Track|New track title:")));
+    QCOMPARE(dialogs_->prefilled, QStringLiteral("Jig"));
+    QCOMPARE(row_->track().title(), QStringLiteral("Reel"));
+    QCOMPARE(child<QLabel>("lblTitle")->text(), QStringLiteral("Reel"));
+    QCOMPARE(row_->changeName(), QStringLiteral("Rename Track"));
+    dialogs_->enteredText.reset();
+    choose(QStringLiteral("Rename Track"));
+    QCOMPARE(row_->track().title(), QStringLiteral("Reel"));
+    QCOMPARE(signals_, QStringList(QStringLiteral("changed")));
+}
+
+void TestTrackWidget::renamingKeepsTheTextOfTheTrack()
+{
+    const auto text = QStringLiteral("X:1\nT:Jig\nT:again\nL:1/4\nK:C\nC E | G % as I like it\n");
+    dialogs_->enteredText = QStringLiteral("Reel \\1");
+    auto oneTitle = text;
+    oneTitle.remove(QStringLiteral("T:again\n"));
+    row_->setTrack(parseAbc(oneTitle));
+    row_->onChangeTitle();
+    auto renamedTrack = row_->track();
+    QCOMPARE(renamedTrack.toAbc(), QString(oneTitle).replace(QStringLiteral("Jig"), QStringLiteral("Reel \\1")));
+
+    row_->setTrack(parseAbc(text));
+    row_->onChangeTitle();
+    renamedTrack = row_->track();
+    QCOMPARE(parseAbc(renamedTrack.toAbc()).headerFields(QStringLiteral("T")), QStringList(QStringLiteral("Reel \\1")));
+}
+
+void TestTrackWidget::emptyTitleIsUntitled()
+{
+    row_->setTrack(song({}));
+    QCOMPARE(child<QLabel>("lblTitle")->text(), QStringLiteral("Untitled"));
+    QVERIFY(!row_->saveAs());
+    QCOMPARE(dialogs_->takeAsked(), QStringList(QStringLiteral("Save track 'Untitled' as..|ABC Files (*.abc)")));
+    QCOMPARE(dialogs_->starts.last(), folder_->filePath(QStringLiteral("Untitled.abc")));
+}
+
+void TestTrackWidget::transposes()
+{
+    auto track = song(QStringLiteral("Jig"));
+    track.setFilePath(QStringLiteral("/songs/jig.abc"));
+    row_->setTrack(track);
+    const auto before = pitches(row_->track());
+    choose(QStringLiteral("Transpose one octave up"));
+    QCOMPARE(pitches(row_->track()), QList<quint32>({72, 76, 79}));
+    QCOMPARE(row_->changeName(), QStringLiteral("Transpose Track"));
+    QCOMPARE(row_->track().filePath(), QStringLiteral("/songs/jig.abc"));
+    choose(QStringLiteral("Transpose one octave down"));
+    QCOMPARE(pitches(row_->track()), before);
+    QCOMPARE(signals_, QStringList({QStringLiteral("changed"), QStringLiteral("changed")}));
+}
+
+void TestTrackWidget::theEditorsTrackTakesThePlace()
+{
+    row_->onTrackChanged(song(QStringLiteral("Edited")));
+    QCOMPARE(child<QLabel>("lblTitle")->text(), QStringLiteral("Edited"));
+    QCOMPARE(signals_, QStringList(QStringLiteral("changed")));
+}
+
+void TestTrackWidget::savesAsAndThenInPlace()
+{
+    row_->setTrack(song(QStringLiteral("Jig/Reel")));
+    const QDir target(folder_->path());
+    QVERIFY(target.mkdir(QStringLiteral("songs")));
+    const auto path = target.filePath(QStringLiteral("songs/a.abc"));
+    dialogs_->files = QStringList(path);
+    const QSignalSpy saved(row_.get(), &TrackWidget::trackSaved);
+    choose(QStringLiteral("Save")); // has no file yet
+    QCOMPARE(dialogs_->takeAsked(), QStringList(QStringLiteral("Save track 'Jig/Reel' as..|ABC Files (*.abc)")));
+    QCOMPARE(dialogs_->starts.last(), target.filePath(QStringLiteral("Jig_Reel.abc")));
+    QCOMPARE(saved.size(), 1);
+    QCOMPARE(saved[0][0].toString(), path);
+    QCOMPARE(row_->track().filePath(), path);
+    QCOMPARE(settings_->value(Settings::AbcSaveDir).toString(), target.filePath(QStringLiteral("songs")));
+    auto track = row_->track();
+    QCOMPARE(contents(path), track.toAbc().toUtf8());
+    QVERIFY(!row_->track().hasAbc()); // saving leaves the track alone
+
+    row_->onTransposeUp();
+    choose(QStringLiteral("Save"));
+    QVERIFY(dialogs_->takeAsked().isEmpty());
+    QCOMPARE(pitches(parseAbc(QString::fromUtf8(contents(path)))), pitches(row_->track()));
+    QVERIFY(dialogs_->messages.isEmpty());
+}
+
+void TestTrackWidget::savingFails()
+{
+    const auto nowhere = folder_->filePath(QStringLiteral("no/such/folder.abc"));
+    dialogs_->files = QStringList(nowhere);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("no/such/folder.abc: .")));
+    QVERIFY(!row_->save());
+    QCOMPARE(dialogs_->takeMessages(),
+             QStringList(QStringLiteral("Kelvarion Composer|Could not open the file for saving.")));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("no/such/folder.abc: .")));
+    QVERIFY(!row_->save());
+    QCOMPARE(dialogs_->takeMessages(),
+             QStringList(QStringLiteral("Kelvarion Composer|Could not open '%1' for saving.").arg(nowhere)));
+    QVERIFY(signals_.isEmpty());
+}
+
+void TestTrackWidget::aCancelledDialogSavesNothing()
+{
+    QVERIFY(!row_->save());
+    QVERIFY(row_->track().filePath().isEmpty() && signals_.isEmpty() && dialogs_->messages.isEmpty());
+    QCOMPARE(settings_->value(Settings::AbcSaveDir).toString(), folder_->path());
+}
+
+void TestTrackWidget::instrumentSurvivesNewCatalogues()
+{
+    auto *const box = child<QComboBox>("cboInstrument");
+    row_->setInstrumentName(QStringLiteral("lute"));
+    instruments_->setInstruments(catalogue({QStringLiteral("None")}));
+    QCOMPARE(box->currentIndex(), -1);
+    QCOMPARE(row_->instrumentName(), QStringLiteral("lute"));
+    instruments_->setInstruments(catalogue({QStringLiteral("bass"), QStringLiteral("drum"), QStringLiteral("lute")}));
+    QCOMPARE(box->currentText(), QStringLiteral("lute"));
+    QVERIFY(signals_.isEmpty());
+    box->setCurrentIndex(0);
+    QCOMPARE(row_->instrumentName(), QStringLiteral("bass"));
+    QCOMPARE(signals_, QStringList(QStringLiteral("instrument")));
+}
+
+void TestTrackWidget::dials()
+{
+    auto *const volume = child<ValueDial>("dlVolume");
+    auto *const pan = child<ValueDial>("dlPan");
+    row_->resize(row_->sizeHint());
+    QCOMPARE(row_->volume(), 1.0);
+    QCOMPARE(row_->pan(), 0.0);
+    QCOMPARE(pan->valueText(), QStringLiteral("C"));
+
+    const auto drag = [](ValueDial *dial, QPoint from, QPoint to) {
+        QTest::mousePress(dial, Qt::LeftButton, {}, from);
+        QMouseEvent move(QEvent::MouseMove, to, dial->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(dial, &move);
+        QTest::mouseRelease(dial, Qt::LeftButton, {}, to);
+    };
+    drag(volume, {20, 20}, {20, 60}); // 40 of 160 pixels
+    QCOMPARE(volume->value(), 75);
+    QCOMPARE(volume->valueText(), QStringLiteral("75 %"));
+    QTest::mouseDClick(volume, Qt::LeftButton);
+    QCOMPARE(row_->volume(), 1.0);
+
+    pan->setValue(-60);
+    QCOMPARE(pan->valueText(), QStringLiteral("L 60"));
+    drag(pan, {20, 40}, {20, -6}); // to -2 or -3
+    QCOMPARE(row_->pan(), 0.0);
+    drag(pan, {20, 40}, {20, 20});
+    QCOMPARE(row_->panPercent(), 25);
+}
+
+void TestTrackWidget::theWheelScrollsTheListUntilADialHasTheFocus()
+{
+    row_->show();
+    row_->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(row_.get()));
+    auto *const dial = child<ValueDial>("dlVolume");
+    const auto turnWheel = [](QWidget *widget) {
+        const QPointF middle = widget->rect().center();
+        QWheelEvent event(middle, widget->mapToGlobal(middle.toPoint()), {}, {0, -120}, Qt::NoButton, {},
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(widget, &event);
+        return event.isAccepted();
+    };
+    row_->setInstrumentName(QStringLiteral("flute"));
+    child<QWidget>("chkSelect")->setFocus();
+    QVERIFY(!turnWheel(dial) && !turnWheel(child<QComboBox>("cboInstrument")));
+    QVERIFY(signals_.isEmpty());
+    dial->setFocus();
+    turnWheel(dial);
+    QVERIFY(row_->volume() < 1.0);
+}
+
+void TestTrackWidget::showsWhatThePlayerSays()
+{
+    auto *const visualization = child<TrackVisualizationWidget>("wVis");
+    auto *const meter = child<VUMeter>("vuMeter");
+    row_->setCommonLength(1000);
+    row_->setPosition(250);
+    row_->setLevels(0.1F, 0.2F, 0.3F, 0.4F);
+    row_->notePressed(1);
+    QCOMPARE(visualization->commonLength(), Ticks(1000));
+    QCOMPARE(visualization->position(), Ticks(250));
+    QCOMPARE(visualization->pressedNotes(), QSet<int>({1}));
+    QCOMPARE(meter->channel(0).rms(), 0.1F);
+    QCOMPARE(meter->channel(1).rms(), 0.2F);
+    QCOMPARE(meter->channel(0).peak(), 0.3F);
+    QCOMPARE(meter->channel(1).peak(), 0.4F);
+    row_->noteReleased(1);
+    QVERIFY(visualization->pressedNotes().isEmpty());
+}
+
+void TestTrackWidget::followsADarkPalette()
+{
+    const auto light = row_->styleSheet();
+    QVERIFY(light.contains(QStringLiteral("#DADADA")));
+    const auto before = QApplication::palette();
+    QApplication::setPalette(QPalette(QColor(0x33, 0x33, 0x33)));
+    QCoreApplication::processEvents();
+    const auto dark = row_->styleSheet();
+    QApplication::setPalette(before);
+    QCoreApplication::processEvents();
+    QVERIFY(dark != light);
+    QCOMPARE(row_->styleSheet(), light);
+}
+
+QTEST_MAIN(TestTrackWidget)
+#include "test_track_widget.moc"

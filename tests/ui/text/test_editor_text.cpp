@@ -1,0 +1,241 @@
+#include "edit/BracketMatch.h"
+#include "ui/EditorFixture.h"
+#include "ui/text/EditorColours.h"
+#include "ui/text/FindBar.h"
+#include "ui/text/ProblemList.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QTextBlock>
+#include <QTextLayout>
+
+// What the window does with its text: search, colours, problems, places.
+class TestEditorText : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void findsAndReplaces_data()
+    {
+        // flags: w whole words, c case, x extended, r regular expression
+        // result: of "C cc Cc|\nc4 (C)\n"
+        const Rows<QString, QString, QString, QString, QString> row("find", "replace", "flags", "count", "result");
+        row("plain", "c", "d", "", "7", "d dd dd|\nd4 (d)\n");
+        row("case", "c", "d", "c", "4", "C dd Cd|\nd4 (C)\n");
+        row("whole words", "c", "d", "w", "2", "d cc Cc|\nc4 (d)\n");
+        row("plain takes signs as they are", "(C)", "\\1", "c", "1", "C cc Cc|\nc4 \\1\n");
+        row("plain is no expression", ".", "d", "", "0", "C cc Cc|\nc4 (C)\n");
+        row("extended", "|\\n", " ", "x", "1", "C cc Cc c4 (C)\n");
+        row("extended code", "\\x28C\\x29", "e\\tf", "x", "1", "C cc Cc|\nc4 e\tf\n");
+        row("expression", "([a-z])(\\d)", "$2\\1", "rc", "1", "C cc Cc|\n4c (C)\n");
+        row("expression with line ends", "^c", "d", "rc", "1", "C cc Cc|\nd4 (C)\n");
+        row("expression with an empty match", "x*", "d", "r", "0", "C cc Cc|\nc4 (C)\n");
+        row("broken expression", "(", "d", "r", "-", "C cc Cc|\nc4 (C)\n");
+    }
+
+    void findsAndReplaces()
+    {
+        QFETCH(QString, find);
+        QFETCH(QString, replace);
+        QFETCH(QString, flags);
+        QFETCH(QString, count);
+        SearchOptions options{find, replace};
+        options.wholeWords = flags.contains(u'w');
+        options.matchCase = flags.contains(u'c');
+        options.mode = flags.contains(u'x')   ? SearchOptions::Extended
+                       : flags.contains(u'r') ? SearchOptions::RegularExpression
+                                              : SearchOptions::Plain;
+        QString text = QStringLiteral("C cc Cc|\nc4 (C)\n");
+        const auto pattern = TextSearch::pattern(options);
+        QCOMPARE(pattern.isValid(), count != u"-");
+        const auto matches = TextSearch::findAll(pattern, text);
+        QCOMPARE(matches.size(), count.toInt());
+        const auto original = text;
+        for (auto match = matches.rbegin(); match != matches.rend(); ++match)
+            text.replace(match->offset, match->length, TextSearch::replacement(options, pattern, original, *match));
+        QTEST(text, "result");
+    }
+
+    void goesOnFromTheOtherEndIfItMay()
+    {
+        QStringList found;
+        for (const bool wraps : {false, true}) {
+            for (const auto direction : {SearchOptions::Down, SearchOptions::Up}) {
+                SearchOptions options;
+                options.wrapAround = wraps;
+                options.direction = direction;
+                for (const int selected : {0, 2, 8})
+                    found += QString::number(TextSearch::next({{2, 2}, {8, 2}}, {selected, 2}, options));
+            }
+        }
+        QCOMPARE(found.join(u' '), QStringLiteral("0 1 -1 -1 -1 0 0 1 0 1 1 0"));
+    }
+
+    void keepsFindSettings()
+    {
+        EditorFixture editor("c d c d c\n");
+        editor.show();
+        auto *const bar = editor.child<FindBar>("findBar");
+        QVERIFY(!bar->isVisible());
+        editor.trigger("actionFind");
+        QVERIFY(bar->isVisible());
+        QTest::keyClicks(editor.child<QLineEdit>("txtFind"), QStringLiteral("c d"));
+        QCOMPARE(bar->countText(), QStringLiteral("2 matches"));
+        QTest::keyClick(editor.child<QLineEdit>("txtFind"), Qt::Key_Return);
+        QCOMPARE(editor.selected(), QStringLiteral("c d"));
+        QCOMPARE(bar->countText(), QStringLiteral("1 of 2"));
+        QCOMPARE(editor.window.document().selectedNotes().size(), 2);
+
+        // At the end of the text the search goes on from its beginning, unless it may not.
+        bar->findNext();
+        QCOMPARE(bar->countText(), QStringLiteral("2 of 2"));
+        bar->findNext();
+        QCOMPARE(bar->countText(), QStringLiteral("1 of 2"));
+        editor.settings.setValue(Settings::WrapAround, false);
+        FindBar other(*editor.text, editor.settings);
+        QVERIFY(!other.options().wrapAround);
+        QCOMPARE(other.options().find, QStringLiteral("c d"));
+        QCOMPARE(int(other.options().direction), int(SearchOptions::Down));
+        other.findPrevious();
+        QCOMPARE(bar->countText(), QStringLiteral("1 of 2"));
+        editor.child<QComboBox>("cboSearchMode")->setCurrentIndex(2);
+        QCOMPARE(editor.settings.value(Settings::SearchMode).toInt(), 2);
+        QTest::keyClick(bar, Qt::Key_Escape);
+        QVERIFY(!bar->isVisible());
+    }
+
+    void replacesAllInOneStep()
+    {
+        EditorFixture editor("c d c d c\n");
+        editor.settings.setValue(Settings::FindString, QStringLiteral("c"));
+        editor.settings.setValue(Settings::ReplaceString, QStringLiteral("cc"));
+        editor.settings.setValue(Settings::MatchCase, true);
+        FindBar bar(*editor.text, editor.settings);
+        bar.replaceAll();
+        QCOMPARE(editor.body(), QStringLiteral("cc d cc d cc\n"));
+        editor.trigger("actionUndo");
+        QCOMPARE(editor.body(), QStringLiteral("c d c d c\n"));
+        editor.select(0, 1);
+        bar.replace();
+        QCOMPARE(editor.body(), QStringLiteral("cc d c d c\n"));
+        QCOMPARE(editor.selected(), QStringLiteral("c"));
+    }
+
+    void matchesBrackets()
+    {
+        QTextDocument text(QStringLiteral("[K:G] (3abc (d [eg]) {ab}\n(c\nd) [1 x"));
+        QStringList found;
+        for (const int caret : {0, 6, 12, 15, 20, 21, 26, 32}) {
+            const auto [bracket, partner] = matchBracket(text, caret);
+            found += QStringLiteral("%1-%2").arg(bracket).arg(partner);
+        }
+        QCOMPARE(found.join(u' '), QStringLiteral("0-4 -1--1 12-19 15-18 12-19 21-24 26-30 -1--1"));
+    }
+
+    void coloursTokens_data()
+    {
+        // colours: a letter for each character, a blank for the text's own colour
+        const Rows<QString, QString> row("music", "colours");
+        row("note", "^c'3/2-", "ANNLLLT");
+        row("rest and bar", "z4|:", "RRBB");
+        row("chord", "[CE]2", "[NN[[");
+        row("tuplet", "(3C>D", "33N3N");
+        row("words", "\"Am\"!f!C%x", "\"\"\"\"DDDN%%");
+        row("error", "C#", "NE");
+        row("dollar means nothing", "$", "E");
+        row("dollar breaks lines", "I:linebreak $\n$", "$");
+    }
+
+    void coloursTokens()
+    {
+        QFETCH(QString, music);
+        EditorFixture editor;
+        QTextCursor(editor.window.document().text())
+            .insertText(QStringLiteral("X: 1\nno music yet\nK: C\n") + music + u'\n');
+        QCoreApplication::processEvents(); // the first colouring waits for the event loop
+        const auto &c = EditorColours::of(editor.text->palette());
+        const QMap<QRgb, QChar> letters{{c.accidental.rgb(), u'A'}, {c.note.rgb(), u'N'},    {c.length.rgb(), u'L'},
+                                        {c.tie.rgb(), u'T'},        {c.rest.rgb(), u'R'},    {c.bar.rgb(), u'B'},
+                                        {c.chord.rgb(), u'['},      {c.tuplet.rgb(), u'3'},  {c.text.rgb(), u'"'},
+                                        {c.decoration.rgb(), u'D'}, {c.comment.rgb(), u'%'}, {c.problem.rgb(), u'E'},
+                                        {c.lineNumber.rgb(), u'$'}};
+        const auto lettersOf = [&](const QTextBlock &block) {
+            QString found(block.length() - 1, u' ');
+            for (const auto &range : block.layout()->formats()) {
+                for (int i = range.start; i < range.start + range.length; ++i)
+                    found[i] = letters.value(range.format.foreground().color().rgb(), u'?');
+            }
+            return found;
+        };
+        const auto line = music.count(u'\n') + 3;
+        QTEST(lettersOf(editor.text->document()->findBlockByNumber(int(line))), "colours");
+        QCOMPARE(lettersOf(editor.text->document()->findBlockByNumber(1)).trimmed(), QString());
+    }
+
+    void marksProblemsAndGoesToThem()
+    {
+        EditorFixture editor("C D\nE F\n");
+        editor.show();
+        auto *const list = editor.child<ProblemList>("problemList");
+        QVERIFY(!list->isVisible());
+        editor.text->moveCursor(QTextCursor::End);
+        for (const auto *const line : {"c ?", "[eg"}) {
+            QTest::keyClicks(editor.text, QLatin1String(line));
+            QTest::keyClick(editor.text, Qt::Key_Return);
+        }
+        QVERIFY(list->count() == 1);
+        QTRY_COMPARE(list->count(), 2);
+        QVERIFY(list->isVisible());
+        QCOMPARE(editor.label("lblProblems"), QStringLiteral("2 problems"));
+        QVERIFY(editor.dialogs.messages.isEmpty());
+
+        const auto place = list->visualItemRect(list->item(1)).center();
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
+        QCOMPARE(editor.selected(), QStringLiteral("["));
+        editor.trigger("actionPreviousProblem");
+        QCOMPARE(editor.selected(), QStringLiteral("?"));
+        editor.trigger("actionPreviousProblem");
+        QCOMPARE(editor.selected(), QStringLiteral("["));
+        QVERIFY(
+            editor.text->problemAtLine(editor.text->cursorRect().center().y()).contains(QStringLiteral("not closed")));
+
+        editor.trigger("actionApply");
+        QVERIFY(editor.dialogs.takeMessages().value(0).contains(QStringLiteral("line 9, column 3")));
+        QVERIFY(!editor.window.document().isApplied());
+    }
+
+    void statusTellsTheCaret()
+    {
+        EditorFixture editor("C4 | ^F2 z\n");
+        const auto status = [&editor](int column) {
+            editor.select(column, column);
+            return QStringList{editor.label("lblPlace"), editor.label("lblTime"), editor.label("lblNote")}.join(u'|');
+        };
+        QCOMPARE(status(6), QStringLiteral("Line 7, column 7|Measure 2, beat 1, tick 40320|F♯4, 1/2"));
+        QCOMPARE(status(9), QStringLiteral("Line 7, column 10|Measure 2, beat 3, tick 60480|"));
+    }
+
+    void goesToLines()
+    {
+        EditorFixture editor;
+        editor.open(QStringLiteral("C\n").repeated(300));
+        editor.show();
+        const auto lineFor = [&editor](const char *entered) {
+            editor.dialogs.enteredText = QString::fromLatin1(entered);
+            editor.trigger("actionGoToLine");
+            return editor.text->textCursor().blockNumber();
+        };
+        QCOMPARE(lineFor("250"), 249);
+        QVERIFY(editor.text->viewport()->rect().contains(editor.text->cursorRect()));
+        QCOMPARE(lineFor("99999999999"), 249);
+        QCOMPARE(lineFor("5000"), editor.text->blockCount() - 1);
+        const auto size = editor.text->font().pointSizeF();
+        editor.trigger("actionZoomIn");
+        QVERIFY(editor.text->font().pointSizeF() > size);
+        editor.trigger("actionZoomNormal");
+        QCOMPARE(editor.text->font().pointSizeF(), size);
+    }
+};
+
+QTEST_MAIN(TestEditorText)
+#include "test_editor_text.moc"
