@@ -5,6 +5,7 @@
 #include "assets/package/Logging.h"
 #include "assets/package/PackageRegistry.h"
 #include "assets/package/PakReader.h"
+#include "base/FilePaths.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -2,8 +2,8 @@
 
 #include "assets/GameJson.h"
 #include "assets/package/Logging.h"
+#include "base/FilePaths.h"
 
-#include <QDir>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QJsonParseError>
@@ -121,11 +121,4 @@ Tuning readTuning(const QByteArray &bytes, const QString &kind, const SampleBase
     tuning.notes = mappedNotes(root.value(QLatin1String("mapping")).toObject(), kind, base);
     fillGaps(tuning.notes, kind);
     return tuning;
-}
-
-bool isInside(const QString &directory, const QString &path)
-{
-    const auto outer = QDir::cleanPath(directory);
-    const auto inner = QDir::cleanPath(path);
-    return inner == outer || inner.startsWith(outer.endsWith(QLatin1Char('/')) ? outer : outer + QLatin1Char('/'));
 }

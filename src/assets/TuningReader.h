@@ -14,6 +14,3 @@ struct SampleBase
 // whose names were left out is left out too. Throws a QString when the bytes are no tuning, hold a note that can borrow
 // none, or name more than 2048 samples.
 Tuning readTuning(const QByteArray &bytes, const QString &kind, const SampleBase &base);
-
-// Whether a path, which need not exist, is within a directory when "." and ".." are followed.
-bool isInside(const QString &directory, const QString &path);

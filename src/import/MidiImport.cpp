@@ -1,9 +1,10 @@
 #include "import/MidiImport.h"
 
+#include "base/ByteReader.h"
 #include "base/Interrupted.h"
-#include "import/ByteReader.h"
 #include "import/MidiConversion.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace {
@@ -168,7 +169,8 @@ void MidiReader::readMetaEvent()
     const auto type = in_.u8();
     const auto length = in_.variableLength();
     if (type == 0x04) {
-        conversion_->instrumentName(channelPrefix_, in_.bytes(length));
+        const auto name = in_.bytes(std::min(length, in_.left())); // a file that ends early gives what there is
+        conversion_->instrumentName(channelPrefix_, QByteArray(name.data(), int(name.size())));
     } else if (type == 0x2F) {
         conversion_->closeActiveNotes(now_);
         in_.skip(length);

@@ -4,7 +4,6 @@
 #include <QtEndian>
 
 #include <algorithm>
-#include <cstring>
 
 namespace {
 bool isAscii(std::string_view bytes)
@@ -16,18 +15,18 @@ bool isAscii(std::string_view bytes)
 }
 } // namespace
 
-FileTable FileTable::read(ByteCursor &cursor)
+FileTable FileTable::read(ByteReader &in)
 {
     FileTable table;
-    const auto count = cursor.vlq();
-    for (quint64 i = 0; i < count && !cursor.ended(); ++i) {
-        const auto position = quint32(cursor.position());
-        const bool ascii = isAscii(cursor.string());
-        cursor.bytes(2 * sizeof(qint64));
-        if (!cursor.ended())
+    const auto count = in.variableLength();
+    for (quint64 i = 0; i < count && !in.ended(); ++i) {
+        const auto position = quint32(in.position());
+        const bool ascii = isAscii(in.string());
+        in.bytes(2 * sizeof(qint64));
+        if (!in.ended())
             table.records_.push_back({position, ascii});
     }
-    table.index_ = cursor.takeRead();
+    table.index_ = in.takeRead();
     table.sortAndDropReplaced();
     return table;
 }
@@ -57,11 +56,8 @@ QStringList FileTable::paths() const
 std::string_view FileTable::rawPath(Record record) const
 {
     const char *at = index_.constData() + record.position;
-    quint64 length = 0;
-    for (; (*at & 0x80) != 0; ++at)
-        length = (length | quint64(*at & 0x7F)) << 7;
-    length |= quint64(*at);
-    return {at + 1, size_t(length)};
+    const auto length = decodeVariableLength([&at] { return quint8(*at++); });
+    return {at, size_t(length)};
 }
 
 QString FileTable::path(Record record) const

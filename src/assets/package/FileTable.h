@@ -1,10 +1,11 @@
 #pragma once
 
-#include "assets/package/ByteCursor.h"
+#include "base/ByteReader.h"
 
 #include <QStringList>
 
 #include <optional>
+#include <string_view>
 #include <vector>
 
 // Where a file's bytes lie in its package, as the index claims: both in bytes, neither checked.
@@ -22,8 +23,8 @@ public:
     FileTable() = default;
 
     // Reads a file count and that many entries, or those that are whole when the index ends early, and takes all bytes
-    // that the cursor has read. Of two entries with one path the later counts.
-    static FileTable read(ByteCursor &cursor);
+    // that were read. Of two entries with one path the later counts.
+    static FileTable read(ByteReader &in);
 
     std::optional<FileEntry> find(const QString &path) const;
 

@@ -71,9 +71,9 @@ void KVAssetPakReader::readIndex()
     seekToIndex();
     if (file_->read(5) != "INDEX")
         throw QStringLiteral("Invalid INDEX header.");
-    ByteCursor cursor(*file_);
-    metadata_ = readMetadata(cursor);
-    files_ = FileTable::read(cursor);
+    ByteReader in(*file_);
+    metadata_ = readMetadata(in);
+    files_ = FileTable::read(in);
 }
 
 void KVAssetPakReader::seekToIndex()

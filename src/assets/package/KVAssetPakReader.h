@@ -7,7 +7,7 @@
 
 #include <memory>
 
-// The current package format; numbers are big-endian, counts and lengths are of variable length (ByteCursor):
+// The current package format; numbers are big-endian, counts and lengths are of variable length (ByteReader):
 //   "KVAsset6", position of the index (int64), the files' bytes anywhere,
 //   "INDEX", count of metadata, each a key and a value, count of files, each a path, position and size (int64 both).
 // The index is read once, by the first open; lookups then need no file.

@@ -1,6 +1,6 @@
 #include "assets/package/LeafStream.h"
 
-#include "assets/package/ByteCursor.h"
+#include "base/ByteReader.h"
 
 #include <QtEndian>
 
@@ -46,7 +46,7 @@ QByteArray LeafStream::read(quint64 count)
 {
     QByteArray bytes;
     walk(count, QStringLiteral("Invalid leaf block continuation"), [&bytes](const char *data, int size) {
-        if (bytes.size() > ByteCursor::maxSize - size)
+        if (bytes.size() > ByteReader::maxSize - size)
             throw QStringLiteral("A value in the package is too long.");
         bytes.append(data, size);
     });
@@ -58,18 +58,16 @@ void LeafStream::skip(quint64 count)
     walk(count, QStringLiteral("Invalid Leaf block continuation block"), [](const char *, int) {});
 }
 
-quint64 LeafStream::vlq()
+quint64 LeafStream::variableLength()
 {
-    quint64 value = 0;
-    for (;;) {
-        while (available() == 0)
-            nextBlock(QStringLiteral("Invlaid Leaf block continuation block"));
-        const auto group = quint8(block_.at(position_++));
-        value |= group & 0x7F;
-        if ((group & 0x80) == 0)
-            return value;
-        value <<= 7;
-    }
+    return decodeVariableLength([this] { return byte(); });
+}
+
+quint8 LeafStream::byte()
+{
+    while (available() == 0)
+        nextBlock(QStringLiteral("Invlaid Leaf block continuation block"));
+    return quint8(block_.at(position_++));
 }
 
 template<typename Take>

@@ -47,11 +47,12 @@ public:
 
     QByteArray read(quint64 count);
     void skip(quint64 count);
-    quint64 vlq();
+    quint64 variableLength();
 
 private:
     int available() const;
     void nextBlock(const QString &wrongMarker);
+    quint8 byte();
     template<typename Take>
     void walk(quint64 count, const QString &wrongMarker, Take take);
 

@@ -1,6 +1,6 @@
 #include "assets/package/LegacyPakReader.h"
 
-#include "assets/package/ByteCursor.h"
+#include "base/ByteReader.h"
 
 #include <QCryptographicHash>
 #include <QFile>
@@ -87,7 +87,7 @@ bool findInLeaf(LeafStream &stream, const QByteArray &key)
     for (qint32 i = 0; i < count; ++i) {
         if (stream.read(keyLength) == key)
             return true;
-        stream.skip(stream.vlq());
+        stream.skip(stream.variableLength());
     }
     return false;
 }
@@ -139,16 +139,16 @@ QStringList LegacyPakReader::fileList()
     auto table = value(QStringLiteral("_index"));
     if (!table)
         throw QStringLiteral("File table not found");
-    ByteCursor cursor(*std::move(table));
-    cursor.vlq();
-    const auto count = cursor.vlq();
+    ByteReader in(*std::move(table));
+    in.variableLength();
+    const auto count = in.variableLength();
     QStringList paths;
     for (quint64 i = 0; i < count; ++i) {
-        const auto raw = cursor.string();
+        const auto raw = in.string();
         const auto path = QString::fromUtf8(raw.data(), int(raw.size()));
         if (header_.contentVersion == 1)
-            cursor.string();
-        if (cursor.ended())
+            in.string();
+        if (in.ended())
             break;
         paths.append(path);
     }
@@ -189,5 +189,5 @@ std::optional<QByteArray> LegacyPakReader::value(const QString &path)
     LeafStream stream(walk, descend(walk, key, header_.rootBlock));
     if (!findInLeaf(stream, key))
         return std::nullopt;
-    return stream.read(stream.vlq());
+    return stream.read(stream.variableLength());
 }

@@ -7,31 +7,31 @@ constexpr int maxNesting = 64;
 
 enum class Type : quint8 { Double = 2, Boolean = 3, Integer = 4, String = 5, List = 6, Map = 7 };
 
-QVariant readValue(ByteCursor &cursor, int nesting);
+QVariant readValue(ByteReader &in, int nesting);
 
-QString readString(ByteCursor &cursor)
+QString readString(ByteReader &in)
 {
-    const auto raw = cursor.string();
+    const auto raw = in.string();
     return QString::fromUtf8(raw.data(), int(raw.size()));
 }
 
-QVariantList readList(ByteCursor &cursor, int nesting)
+QVariantList readList(ByteReader &in, int nesting)
 {
     QVariantList list;
-    const auto count = cursor.vlq();
-    for (quint64 i = 0; i < count && !cursor.ended(); ++i)
-        list.append(readValue(cursor, nesting));
+    const auto count = in.variableLength();
+    for (quint64 i = 0; i < count && !in.ended(); ++i)
+        list.append(readValue(in, nesting));
     return list;
 }
 
-QVariantMap readMap(ByteCursor &cursor, int nesting)
+QVariantMap readMap(ByteReader &in, int nesting)
 {
     QVariantMap map;
-    const auto count = cursor.vlq();
-    for (quint64 i = 0; i < count && !cursor.ended(); ++i) {
-        const auto key = readString(cursor);
-        const auto value = readValue(cursor, nesting);
-        if (!cursor.ended())
+    const auto count = in.variableLength();
+    for (quint64 i = 0; i < count && !in.ended(); ++i) {
+        const auto key = readString(in);
+        const auto value = readValue(in, nesting);
+        if (!in.ended())
             map.insert(key, value);
     }
     return map;
@@ -50,30 +50,30 @@ QVariant unknownValue(quint8 type)
     return {};
 }
 
-QVariant readValue(ByteCursor &cursor, int nesting)
+QVariant readValue(ByteReader &in, int nesting)
 {
-    const auto type = cursor.byte();
-    if (cursor.ended())
+    const auto type = in.u8();
+    if (in.ended())
         return {};
     switch (Type(type)) {
     case Type::Double:
-        return cursor.float64();
+        return in.float64();
     case Type::Boolean:
-        return cursor.byte() != 0;
+        return in.u8() != 0;
     case Type::Integer:
-        return QVariant::fromValue<quint64>(cursor.vlq());
+        return QVariant::fromValue<quint64>(in.variableLength());
     case Type::String:
-        return readString(cursor);
+        return readString(in);
     case Type::List:
-        return readList(cursor, deeper(nesting));
+        return readList(in, deeper(nesting));
     case Type::Map:
-        return readMap(cursor, deeper(nesting));
+        return readMap(in, deeper(nesting));
     }
     return unknownValue(type);
 }
 } // namespace
 
-QVariantMap readMetadata(ByteCursor &cursor)
+QVariantMap readMetadata(ByteReader &in)
 {
-    return readMap(cursor, 0);
+    return readMap(in, 0);
 }

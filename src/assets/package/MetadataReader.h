@@ -1,6 +1,6 @@
 #pragma once
 
-#include "assets/package/ByteCursor.h"
+#include "base/ByteReader.h"
 
 #include <QVariant>
 
@@ -8,4 +8,4 @@
 // unsigned 64-bit integer, string, list or map. Pairs that the bytes do not hold whole are left out, the later of two
 // with one key counts, and a type that is not known is a null and a logged warning. Throws when lists and maps are
 // nested more than 64 deep.
-QVariantMap readMetadata(ByteCursor &cursor);
+QVariantMap readMetadata(ByteReader &in);

@@ -1,8 +1,8 @@
 #include "assets/package/PackageRegistry.h"
 
-#include "assets/package/Logging.h"
 #include "assets/package/KVAssetPakReader.h"
 #include "assets/package/LegacyPakReader.h"
+#include "assets/package/Logging.h"
 
 #include <QFile>
 #include <QFileInfo>
