@@ -1,14 +1,14 @@
 #include "app/MainWindow.h"
 
-#include "app/About.h"
-#include "app/EmptyHint.h"
-#include "app/TrackRows.h"
+#include "app/commands/About.h"
 #include "import/MergeTracks.h"
 #include "ui/BusyIndicator.h"
 #include "ui/Dialogs.h"
 #include "ui/InstrumentComboBox.h"
 #include "ui/Theme.h"
 #include "ui/preferences/PreferencesDialog.h"
+#include "ui/song/EmptyHint.h"
+#include "ui/song/TrackRows.h"
 #include "ui/song/TrackWidget.h"
 
 #include <QAction>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "app/EditorWindows.h"
-#include "app/InstrumentScanTask.h"
-#include "app/Playback.h"
-#include "app/SongImport.h"
-#include "app/UpdateChecker.h"
+#include "app/services/EditorWindows.h"
+#include "app/services/InstrumentScanTask.h"
+#include "app/services/Playback.h"
+#include "app/services/SongImport.h"
+#include "app/services/UpdateChecker.h"
 #include "audio/TrackPlayer.h"
 #include "audio/TrackRenderer.h"
 #include "base/BackgroundTask.h"

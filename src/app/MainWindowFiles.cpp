@@ -1,10 +1,10 @@
 // How songs come into the window and leave it.
 
 #include "app/MainWindow.h"
-#include "app/RecentFiles.h"
-#include "app/TrackRows.h"
+#include "app/services/RecentFiles.h"
 #include "core/HeaderFields.h"
 #include "ui/Dialogs.h"
+#include "ui/song/TrackRows.h"
 #include "ui/song/TrackWidget.h"
 
 #include <QApplication>

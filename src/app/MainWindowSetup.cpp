@@ -1,5 +1,5 @@
 #include "app/MainWindow.h"
-#include "app/RecentFiles.h"
+#include "app/services/RecentFiles.h"
 #include "ui/BusyIndicator.h"
 #include "ui/Icons.h"
 #include "ui/InstrumentComboBox.h"

@@ -1,8 +1,8 @@
 // The window's part between the rows, the song and the player.
 
 #include "app/MainWindow.h"
-#include "app/RecentFiles.h"
-#include "app/TrackRows.h"
+#include "app/services/RecentFiles.h"
+#include "ui/song/TrackRows.h"
 #include "ui/song/TrackWidget.h"
 #include "ui/song/VUMeter.h"
 

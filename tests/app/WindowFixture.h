@@ -2,9 +2,9 @@
 
 #include "app/AnsweringDialogs.h"
 #include "app/MainWindow.h"
-#include "app/TrackRows.h"
 #include "app/WatchedApplication.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "ui/song/TrackRows.h"
 #include "ui/song/TrackWidget.h"
 
 #include <QAction>

@@ -1,8 +1,8 @@
 // How songs get into the window and out of it.
 #include "app/ExampleSongs.h"
 #include "app/GameLocation.h"
-#include "app/RecentFiles.h"
 #include "app/WindowFixture.h"
+#include "app/services/RecentFiles.h"
 #include "audio/TempoMap.h"
 
 #include <QCheckBox>

@@ -1,8 +1,8 @@
 // Saves pictures of the windows into a folder, to be looked at: window_pictures GAME FOLDER SONG…
 // QT_SCALE_FACTOR=2 makes them twice as large.
 
-#include "app/About.h"
 #include "app/WindowFixture.h"
+#include "app/commands/About.h"
 #include "support/GatedEngine.h"
 #include "ui/Theme.h"
 #include "ui/editor/AbcEditorWindow.h"

@@ -1,4 +1,4 @@
-#include "app/Playback.h"
+#include "app/services/Playback.h"
 
 #include "audio/TrackPlayer.h"
 

@@ -1,4 +1,4 @@
-#include "app/SongReader.h"
+#include "app/services/SongReader.h"
 
 #include "base/Interrupted.h"
 #include "base/TextDecoding.h"

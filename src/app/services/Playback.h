@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/TrackList.h"
 #include "assets/InstrumentSetModel.h"
+#include "ui/tracks/TrackList.h"
 
 #include <QObject>
 #include <QSet>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/Track.h"
+#include "ui/tracks/SongTrack.h"
 
 #include <QHash>
 #include <QObject>
@@ -8,21 +8,6 @@
 #include <QUndoStack>
 
 #include <functional>
-#include <memory>
-
-// One track of the song with everything that undo brings back. Never changed once it is in a song: a change puts a new
-// value in its place, so that the history shares whatever stayed the same.
-struct SongTrack
-{
-    QString id; // "T1", "T2", …; never given twice by one list
-    std::shared_ptr<const Track> track;
-    QString instrument; // a name of the catalogue
-    bool isMuted = false;
-    int volume = 100; // percent
-    int pan = 0;      // -100 left … 100 right
-};
-
-using Song = QVector<std::shared_ptr<const SongTrack>>; // in display order
 
 // A track that is to be added.
 struct NewTrack

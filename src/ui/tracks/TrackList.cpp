@@ -1,4 +1,4 @@
-#include "app/TrackList.h"
+#include "ui/tracks/TrackList.h"
 
 #include <QElapsedTimer>
 #include <QUndoCommand>

@@ -1,4 +1,4 @@
-#include "app/UpdateChecker.h"
+#include "app/services/UpdateChecker.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,4 +1,4 @@
-#include "app/InstrumentScanTask.h"
+#include "app/services/InstrumentScanTask.h"
 
 #include <QElapsedTimer>
 

@@ -1,4 +1,4 @@
-#include "app/RecentFiles.h"
+#include "app/services/RecentFiles.h"
 
 #include "settings/Settings.h"
 

@@ -1,7 +1,7 @@
-#include "app/TrackRows.h"
+#include "ui/song/TrackRows.h"
 
-#include "app/EmptyHint.h"
 #include "ui/song/DragHandle.h"
+#include "ui/song/EmptyHint.h"
 #include "ui/song/TrackWidget.h"
 
 #include <QVBoxLayout>

@@ -1,4 +1,4 @@
-#include "app/EmptyHint.h"
+#include "ui/song/EmptyHint.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

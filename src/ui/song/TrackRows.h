@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/TrackList.h"
+#include "ui/tracks/TrackList.h"
 
 #include <QHash>
 #include <QWidget>

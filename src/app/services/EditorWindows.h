@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/Playback.h"
+#include "app/services/Playback.h"
 #include "audio/TrackPlayer.h"
 
 #include <QMap>

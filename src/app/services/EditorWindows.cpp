@@ -1,4 +1,4 @@
-#include "app/EditorWindows.h"
+#include "app/services/EditorWindows.h"
 
 #include "ui/editor/AbcEditorWindow.h"
 

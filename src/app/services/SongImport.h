@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/SongReader.h"
-#include "app/TrackList.h"
+#include "app/services/SongReader.h"
 #include "base/BackgroundTask.h"
+#include "ui/tracks/TrackList.h"
 
 #include <QObject>
 #include <QQueue>

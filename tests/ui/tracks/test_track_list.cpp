@@ -1,6 +1,6 @@
-#include "app/TrackList.h"
 #include "core/AbcParser.h"
 #include "import/Transpose.h"
+#include "ui/tracks/TrackList.h"
 
 #include <QtTest>
 

@@ -1,4 +1,4 @@
-#include "app/About.h"
+#include "app/commands/About.h"
 
 QString aboutHtml()
 {

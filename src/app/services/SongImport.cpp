@@ -1,4 +1,4 @@
-#include "app/SongImport.h"
+#include "app/services/SongImport.h"
 
 SongImport::SongImport(const Settings &settings, QObject *parent) : QObject(parent), settings_(settings) {}
 
