@@ -43,7 +43,7 @@ void EditorStatus::say(const QString &message)
 
 void EditorStatus::readTrack()
 {
-    measures_ = PianoRollMeasures(document_.track());
+    measures_ = Measures(document_.track());
     const auto count = int(document_.reading().problems.size());
     problems_->setText(count == 0 ? QString() : count == 1 ? tr("1 problem") : tr("%1 problems").arg(count));
     auto font = problems_->font();

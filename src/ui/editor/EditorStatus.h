@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/roll/PianoRollMeasures.h"
+#include "core/Measures.h"
 
 #include <QStatusBar>
 
@@ -27,7 +27,7 @@ private:
     void showState();
 
     EditorDocument &document_;
-    PianoRollMeasures measures_;
+    Measures measures_;
     QLabel *place_;
     QLabel *time_;
     QLabel *note_;

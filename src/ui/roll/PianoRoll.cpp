@@ -99,7 +99,7 @@ void PianoRoll::readTrack()
 {
     mouse_.cancel();
     const auto &track = document_.track();
-    state_.measures = PianoRollMeasures(track);
+    state_.measures = Measures(track);
     state_.notes = PianoRollNotes(track);
     state_.length = track.length();
     const auto key =

@@ -104,7 +104,7 @@ void PianoRollPainter::paintGrid()
     const auto leastDistance = geometry.ticksIn(leastLineDistance);
     const auto snapStep = state_->snap.step();
     const bool showsSnap = snapStep >= geometry.ticksIn(leastSnapDistance);
-    state_->measures.forEachIn(from_, to_, leastDistance, [&](const PianoRollMeasure &measure) {
+    state_->measures.forEachIn(from_, to_, leastDistance, [&](const Measure &measure) {
         if (showsSnap)
             paintSteps(measure, snapStep, state_->colours.snapLine);
         if (measure.beat >= leastDistance)
@@ -113,7 +113,7 @@ void PianoRollPainter::paintGrid()
     });
 }
 
-void PianoRollPainter::paintSteps(const PianoRollMeasure &measure, Ticks step, const QColor &colour)
+void PianoRollPainter::paintSteps(const Measure &measure, Ticks step, const QColor &colour)
 {
     const auto first = measure.start + std::max(Ticks(1), (from_ - measure.start) / step) * step;
     for (auto tick = first; tick < std::min(to_, measure.end); tick += step)

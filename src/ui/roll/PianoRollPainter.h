@@ -19,7 +19,7 @@ private:
     void paintRows();
     void hatch(const QRectF &rows);
     void paintGrid();
-    void paintSteps(const PianoRollMeasure &measure, Ticks step, const QColor &colour);
+    void paintSteps(const Measure &measure, Ticks step, const QColor &colour);
     void paintNotes();
     void paintNote(const PianoRollNote &note, PianoRollNoteBrush::Look look);
     void paintDrag();

@@ -63,9 +63,9 @@ void PianoRollRuler::paintEvent(QPaintEvent *event)
     const auto from = geometry.tick(clip.left() - widestNumber);
     const auto to = geometry.tick(clip.right() + 2) + 1;
     state_.measures.forEachIn(from, to, geometry.ticksIn(leastBeatDistance),
-                              [&](const PianoRollMeasure &measure) { paintBeats(painter, measure, to); });
+                              [&](const Measure &measure) { paintBeats(painter, measure, to); });
     state_.measures.forEachIn(from, to, geometry.ticksIn(widestNumber),
-                              [&](const PianoRollMeasure &measure) { paintNumber(painter, measure); });
+                              [&](const Measure &measure) { paintNumber(painter, measure); });
     paintMarks(painter, clip.right());
 
     const auto hairline = geometry.hairline();
@@ -81,7 +81,7 @@ void PianoRollRuler::paintTick(QPainter &painter, Ticks tick, qreal length) cons
     painter.fillRect(QRectF(state_.geometry.x(tick), height() - length, hairline, length), state_.colours.rulerMark);
 }
 
-void PianoRollRuler::paintBeats(QPainter &painter, const PianoRollMeasure &measure, Ticks to) const
+void PianoRollRuler::paintBeats(QPainter &painter, const Measure &measure, Ticks to) const
 {
     const auto &geometry = state_.geometry;
     paintTick(painter, measure.start, measureTickLength);
@@ -92,7 +92,7 @@ void PianoRollRuler::paintBeats(QPainter &painter, const PianoRollMeasure &measu
         paintTick(painter, beat, beatTickLength);
 }
 
-void PianoRollRuler::paintNumber(QPainter &painter, const PianoRollMeasure &measure) const
+void PianoRollRuler::paintNumber(QPainter &painter, const Measure &measure) const
 {
     const auto top = lineHeight() + 2;
     paintTick(painter, measure.start, height() - top);

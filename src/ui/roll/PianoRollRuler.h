@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-struct PianoRollMeasure;
+struct Measure;
 struct PianoRollState;
 
 // The strip above the piano roll: measure numbers, beats, tempo and metre changes, the edit cursor and the playing
@@ -36,8 +36,8 @@ private:
     void pick(const QMouseEvent &event);
     int lineHeight() const;
     void paintTick(QPainter &painter, Ticks tick, qreal length) const;
-    void paintBeats(QPainter &painter, const PianoRollMeasure &measure, Ticks to) const;
-    void paintNumber(QPainter &painter, const PianoRollMeasure &measure) const;
+    void paintBeats(QPainter &painter, const Measure &measure, Ticks to) const;
+    void paintNumber(QPainter &painter, const Measure &measure) const;
     void paintMarks(QPainter &painter, int right) const;
     void paintPointer(QPainter &painter, Ticks tick, const QColor &colour) const;
 

@@ -45,13 +45,13 @@ QString PianoRollSnap::label(int choice) const
     return part.isTriplet ? QCoreApplication::translate("PianoRoll", "%1 triplet").arg(name) : name;
 }
 
-Ticks PianoRollSnap::floor(Ticks tick, const PianoRollMeasures &measures) const
+Ticks PianoRollSnap::floor(Ticks tick, const Measures &measures) const
 {
     const auto start = measures.at(tick).start;
     return start + (tick - start) / step() * step();
 }
 
-Ticks PianoRollSnap::nearest(Ticks tick, const PianoRollMeasures &measures) const
+Ticks PianoRollSnap::nearest(Ticks tick, const Measures &measures) const
 {
     const auto before = floor(tick, measures);
     const auto after = std::min(before + step(), measures.at(tick).end);

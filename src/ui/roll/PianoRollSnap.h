@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/roll/PianoRollMeasures.h"
+#include "core/Measures.h"
 
 #include <QString>
 
@@ -26,8 +26,8 @@ public:
     QString label(int choice) const;
 
     // The grid point at or before the tick, and the nearest one. The end of a measure is a grid point too.
-    Ticks floor(Ticks tick, const PianoRollMeasures &measures) const;
-    Ticks nearest(Ticks tick, const PianoRollMeasures &measures) const;
+    Ticks floor(Ticks tick, const Measures &measures) const;
+    Ticks nearest(Ticks tick, const Measures &measures) const;
 
 private:
     Ticks stepOf(int choice) const;

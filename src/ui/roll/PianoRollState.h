@@ -1,8 +1,8 @@
 #pragma once
 
+#include "core/Measures.h"
 #include "ui/roll/PianoRollColours.h"
 #include "ui/roll/PianoRollGeometry.h"
-#include "ui/roll/PianoRollMeasures.h"
 #include "ui/roll/PianoRollNotes.h"
 #include "ui/roll/PianoRollSnap.h"
 
@@ -35,7 +35,7 @@ struct PianoRollState
 
     PianoRollGeometry geometry;
     PianoRollColours colours{QPalette(), Qt::blue};
-    PianoRollMeasures measures;
+    Measures measures;
     PianoRollNotes notes;
     std::vector<quint8> noteFlags; // one for each note
     Ticks length = 0;

@@ -1,7 +1,7 @@
 #include "ui/roll/PianoRollText.h"
 
 #include "core/KeyTable.h"
-#include "ui/roll/PianoRollMeasures.h"
+#include "core/Measures.h"
 
 #include <QCoreApplication>
 
@@ -30,7 +30,7 @@ QString length(Ticks length)
     return length == 0 || denominator == 1 ? whole : whole + QLatin1Char('/') + QString::number(denominator);
 }
 
-QString position(Ticks tick, const PianoRollMeasures &measures)
+QString position(Ticks tick, const Measures &measures)
 {
     const auto measure = measures.at(tick);
     const auto inMeasure = tick - measure.start;

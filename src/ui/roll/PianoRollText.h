@@ -4,7 +4,7 @@
 
 #include <QString>
 
-class PianoRollMeasures;
+class Measures;
 
 // Notes in words, as the piano roll shows them.
 namespace PianoRollText {
@@ -16,6 +16,6 @@ QString pitch(int pitch, quint32 keyRow);
 QString length(Ticks length);
 
 // "Measure 3, beat 2", with the ticks after the beat when there are some: "Measure 3, beat 2 + 1/32".
-QString position(Ticks tick, const PianoRollMeasures &measures);
+QString position(Ticks tick, const Measures &measures);
 
 } // namespace PianoRollText

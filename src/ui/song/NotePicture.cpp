@@ -1,5 +1,7 @@
 #include "ui/song/NotePicture.h"
 
+#include "core/Measures.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -69,16 +71,11 @@ private:
 void drawMeasureLines(QImage &image, const Track &track, const NoteLayout &layout)
 {
     MeasureLines lines(image, layout);
-    Ticks from = 0;
-    Ticks measure = track.measureTicks();
-    for (const auto &event : track.events()) {
-        if (event.kind() != TrackEvent::Metre || event.start() < 0)
-            continue;
-        lines.draw(from, std::min(event.start(), layout.length()), measure);
-        from = event.start();
-        measure = event.denominator() == 0 ? 0 : scaled(ticksPerWholeNote, event.numerator(), event.denominator());
+    const Measures measures(track);
+    for (const auto &section : measures.sections()) {
+        if (section.hasMetre)
+            lines.draw(section.start, std::min(section.end, layout.length()), section.measure);
     }
-    lines.draw(from, layout.length(), measure);
 }
 
 } // namespace

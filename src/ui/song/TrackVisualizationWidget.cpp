@@ -1,5 +1,6 @@
 #include "ui/song/TrackVisualizationWidget.h"
 
+#include "core/Measures.h"
 #include "ui/song/NotePicture.h"
 
 #include <QKeyEvent>
@@ -207,16 +208,16 @@ void TrackVisualizationWidget::mousePressEvent(QMouseEvent *event)
 
 void TrackVisualizationWidget::keyPressEvent(QKeyEvent *event)
 {
-    const Ticks measure = track_.measureTicks() > 0 ? Ticks(track_.measureTicks()) : ticksPerWholeNote;
+    const Measures measures(track_);
     const auto seekTo = [this](Ticks ticks) {
         emit seek(std::clamp(ticks, Ticks(0), std::max(commonLength_, Ticks(0))));
     };
     switch (event->key()) {
     case Qt::Key_Left:
-        seekTo(position_ - measure);
+        seekTo(position_ - measures.sectionAt(position_ - 1).measure);
         break;
     case Qt::Key_Right:
-        seekTo(position_ + measure);
+        seekTo(position_ + measures.sectionAt(position_).measure);
         break;
     case Qt::Key_Home:
         seekTo(0);

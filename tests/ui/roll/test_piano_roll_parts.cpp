@@ -1,7 +1,7 @@
 #include "core/AbcParser.h"
+#include "core/Measures.h"
 #include "support/Rows.h"
 #include "ui/roll/PianoRollGeometry.h"
-#include "ui/roll/PianoRollMeasures.h"
 #include "ui/roll/PianoRollNotes.h"
 #include "ui/roll/PianoRollSnap.h"
 #include "ui/roll/PianoRollText.h"
@@ -28,7 +28,7 @@ private slots:
     {
         auto track =
             parseAbc(QStringLiteral("X:1\nM:3/4\nL:1/4\nQ:1/4=90\nK:C\nCCC CC [M:2/4] CC CC [M:none] C4 [M:6/8] C2"));
-        const PianoRollMeasures measures(track);
+        const Measures measures(track);
         QStringList positions;
         for (const double quarters : {0.0, 4.5, 5.0, 7.0, 12.0, 13.5})
             positions += PianoRollText::position(Ticks(quarters * ticksPerQuarter), measures);
@@ -41,7 +41,7 @@ private slots:
 
         QVector<qint64> drawn;
         measures.forEachIn(ticksPerQuarter, 8 * ticksPerQuarter, 1,
-                           [&](const PianoRollMeasure &measure) { drawn.append(measure.number); });
+                           [&](const Measure &measure) { drawn.append(measure.number); });
         QCOMPARE(drawn, (QVector<qint64>{1, 2, 3, 4}));
     }
 
@@ -65,7 +65,7 @@ private slots:
         PianoRollSnap snap;
         snap.setChoice(choice);
         QTEST(snap.label(choice), "label");
-        QTEST(snap.nearest(tick, PianoRollMeasures(track)), "nearest");
+        QTEST(snap.nearest(tick, Measures(track)), "nearest");
     }
 
     void pitchNames()

@@ -1,4 +1,4 @@
-#include "ui/roll/PianoRollMeasures.h"
+#include "core/Measures.h"
 
 namespace {
 
@@ -19,12 +19,14 @@ TrackEvent tempoAtStart(const Track &track)
 
 } // namespace
 
-PianoRollMeasures::PianoRollMeasures(const Track &track)
+Measures::Measures(const Track &track)
 {
     addSection(0, track.measureTicks(), track.beatsPerMeasure());
     addMark(metreAtStart(track));
     addMark(tempoAtStart(track));
     for (const auto &event : track.events()) {
+        if (event.start() < 0)
+            continue;
         if (event.kind() == TrackEvent::Metre) {
             const auto length =
                 event.denominator() == 0 ? 0 : scaled(ticksPerWholeNote, event.numerator(), event.denominator());
@@ -36,23 +38,26 @@ PianoRollMeasures::PianoRollMeasures(const Track &track)
     }
 }
 
-void PianoRollMeasures::addSection(Ticks start, Ticks measure, quint32 beats)
+void Measures::addSection(Ticks start, Ticks measure, quint32 beats)
 {
-    if (measure <= 0) {
+    const bool hasMetre = measure > 0;
+    if (!hasMetre) {
         measure = ticksPerWholeNote;
         beats = beatsWithoutMetre;
     }
     qint64 firstNumber = 1;
     if (!sections_.empty()) {
-        const auto before = sections_.back();
+        auto &before = sections_.back();
         firstNumber = before.firstNumber + (start - before.start + before.measure - 1) / before.measure;
+        before.end = start;
         if (before.start == start)
             sections_.pop_back();
     }
-    sections_.push_back({start, measure, std::max(Ticks(1), measure / std::max(1U, beats)), firstNumber});
+    const auto beat = std::max(Ticks(1), measure / std::max(1U, beats));
+    sections_.push_back({start, 2 * maxTicks, measure, beat, firstNumber, hasMetre});
 }
 
-void PianoRollMeasures::addMark(const TrackEvent &event)
+void Measures::addMark(const TrackEvent &event)
 {
     for (auto earlier = marks_.rbegin(); earlier != marks_.rend() && earlier->start() == event.start(); ++earlier) {
         if (earlier->kind() == event.kind()) {
@@ -63,27 +68,21 @@ void PianoRollMeasures::addMark(const TrackEvent &event)
     marks_.push_back(event);
 }
 
-size_t PianoRollMeasures::sectionAt(Ticks tick) const
+size_t Measures::indexAt(Ticks tick) const
 {
     const auto after = std::upper_bound(sections_.begin() + 1, sections_.end(), tick,
                                         [](Ticks at, const Section &section) { return at < section.start; });
     return size_t(after - sections_.begin()) - 1;
 }
 
-Ticks PianoRollMeasures::sectionEnd(size_t section) const
+Measure Measures::measure(const Section &section, qint64 index)
 {
-    return section + 1 < sections_.size() ? sections_[section + 1].start : 2 * maxTicks;
+    const auto start = section.start + index * section.measure;
+    return {section.firstNumber + index, start, std::min(start + section.measure, section.end), section.beat};
 }
 
-PianoRollMeasure PianoRollMeasures::measure(size_t section, qint64 index) const
+Measure Measures::at(Ticks tick) const
 {
-    const auto &in = sections_[section];
-    const auto start = in.start + index * in.measure;
-    return {in.firstNumber + index, start, std::min(start + in.measure, sectionEnd(section)), in.beat};
-}
-
-PianoRollMeasure PianoRollMeasures::at(Ticks tick) const
-{
-    const auto section = sectionAt(tick);
-    return measure(section, std::max(Ticks(0), tick - sections_[section].start) / sections_[section].measure);
+    const auto &section = sectionAt(tick);
+    return measure(section, std::max(Ticks(0), tick - section.start) / section.measure);
 }
