@@ -63,7 +63,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
             require(change.range.offset >= at && change.range.length >= 0 && change.range.end() <= text.size());
             at = change.range.end();
         }
-        readAbc(NoteEditPlan::applyChanges(text, *changes));
+        readAbc(applyChanges(text, *changes));
     }
     require(readAbc(wanted.toAbc()).problems.isEmpty());
     return 0;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Track.h"
-#include "edit/NoteEdit.h"
+#include "edit/TextChange.h"
 
 #include <QString>
 #include <QVector>

@@ -2,7 +2,7 @@
 
 #include "core/Track.h"
 #include "edit/AbcLayout.h"
-#include "edit/NoteEdit.h"
+#include "edit/TextChange.h"
 
 #include <QString>
 #include <QVector>

@@ -2,7 +2,6 @@
 
 #include "core/Ticks.h"
 
-#include <QString>
 #include <QVector>
 
 // A note as the piano roll draws it.
@@ -30,20 +29,4 @@ struct NoteEdit
     QVector<Change> changed; // moved, resized, transposed
     QVector<int> removed;
     QVector<NoteSpec> inserted;
-};
-
-// Characters of a text, counted in UTF-16 units from its beginning.
-struct TextRange
-{
-    int offset = 0;
-    int length = 0;
-
-    int end() const { return offset + length; }
-    bool isEmpty() const { return length == 0; }
-};
-
-struct TextChange
-{
-    TextRange range;
-    QString text;
 };

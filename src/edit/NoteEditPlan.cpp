@@ -1,6 +1,7 @@
 #include "edit/NoteEditPlan.h"
 
 #include "core/AbcParser.h"
+#include "edit/NoteLookup.h"
 
 #include <algorithm>
 #include <set>
@@ -18,11 +19,6 @@ NoteSpec inRange(NoteSpec note)
     note.length = std::clamp<Ticks>(note.length, 1, longestEdit);
     note.pitch = std::clamp(note.pitch, lowestPlayablePitch, highestPlayablePitch);
     return note;
-}
-
-NoteSpec specOf(const TrackEvent &event)
-{
-    return {event.start(), event.length(), event.pitch()};
 }
 
 } // namespace
@@ -102,16 +98,21 @@ bool NoteEditPlan::haveSameEvents(const Track &a, const Track &b)
     return std::equal(x.begin(), x.end(), y.begin(), y.end(), isSame);
 }
 
-QString NoteEditPlan::applyChanges(const QString &text, const QVector<TextChange> &changes)
+std::optional<NoteEditPlan::Plan> NoteEditPlan::plan(const QString &text, const AbcReading &reading,
+                                                     const NoteEdit &edit)
 {
-    QString result;
-    result.reserve(text.size() + 16);
-    int at = 0;
-    for (const auto &change : changes) {
-        result += QStringView(text).mid(at, change.range.offset - at);
-        result += change.text;
-        at = change.range.end();
-    }
-    result += QStringView(text).mid(at);
-    return result;
+    const auto wanted = cleaned(reading.track, edit);
+    if (wanted.changed.isEmpty() && wanted.removed.isEmpty() && wanted.inserted.isEmpty())
+        return std::nullopt;
+    Plan plan;
+    auto result = editedTrack(reading.track, wanted);
+    const auto changes = textChanges(text, reading, wanted);
+    if (changes)
+        plan = {*changes, readAbc(applyChanges(text, *changes)), {}};
+    if (!changes || !haveSameEvents(plan.reading.track, result))
+        plan = {{difference(text, result.toAbc())}, readAbc(result.toAbc()), {}};
+    plan.touched = wanted.inserted;
+    for (const auto &change : wanted.changed)
+        plan.touched.append(change.to);
+    return plan;
 }

@@ -3,6 +3,7 @@
 #include "core/Track.h"
 #include "edit/AbcReading.h"
 #include "edit/NoteEdit.h"
+#include "edit/TextChange.h"
 
 #include <optional>
 
@@ -22,6 +23,15 @@ std::optional<QVector<TextChange>> textChanges(const QString &text, const AbcRea
 // Whether the two hold the same notes and the same other events.
 bool haveSameEvents(const Track &a, const Track &b);
 
-QString applyChanges(const QString &text, const QVector<TextChange> &changes);
+struct Plan
+{
+    QVector<TextChange> changes; // in the order of the text
+    AbcReading reading;          // of the text behind the changes
+    QVector<NoteSpec> touched;   // the changed and the inserted notes
+};
+
+// How to change only the characters that must be, where that is possible, and to write the text anew otherwise. Nothing
+// when the edit changes nothing.
+std::optional<Plan> plan(const QString &text, const AbcReading &reading, const NoteEdit &edit);
 
 } // namespace NoteEditPlan

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "edit/NoteEdit.h"
+#include "edit/TextChange.h"
 
 #include <QRegularExpression>
 #include <QString>

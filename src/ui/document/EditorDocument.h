@@ -2,15 +2,16 @@
 
 #include "assets/Instrument.h"
 #include "core/Track.h"
-#include "edit/AbcReading.h"
+#include "edit/LiveReading.h"
 #include "edit/NoteEdit.h"
+#include "edit/NoteSelection.h"
+#include "edit/PlaybackMarks.h"
+#include "edit/StepNames.h"
 
 #include <QFutureWatcher>
 #include <QObject>
 #include <QTextDocument>
 #include <QTimer>
-
-#include <map>
 
 // The one tune under the text and the piano roll of the ABC editor. Its QTextDocument holds the tune and the only undo
 // history; track() is what the text means. All of it lives on the user interface's thread.
@@ -38,25 +39,20 @@ public:
     void update();                                                // reads the text now if it is not current
 
     // What was read last. The track keeps its header, tempo and metre; events are in order of start.
-    const AbcReading &reading() const { return reading_; }
-    const Track &track() const { return reading_.track; }
-    bool hasErrors() const { return !reading_.problems.isEmpty(); }
-    Ticks unitLength() const { return reading_.unitLength; } // the L field in ticks
+    const AbcReading &reading() const { return *reading_; }
+    const Track &track() const { return reading_->track; }
+    bool hasErrors() const { return !reading_->problems.isEmpty(); }
+    Ticks unitLength() const { return reading_->unitLength; } // the L field in ticks
 
-    // Where the note's own characters stand now, typing since the last reading counted in; empty when they are gone.
-    TextRange textOf(int note) const;
-    // From offsets of the reading to offsets of the text as it stands now, and back. A range that was typed into is
-    // empty.
-    TextRange sinceReading(TextRange range) const;
-    int beforeTyping(int offset) const;
-    // The note whose characters hold the offset or end at it; -1 when there is none.
-    int noteAt(int offset) const;
+    // See LiveReading.
+    TextRange textOf(int note) const { return reading_.textOf(note); }
+    TextRange sinceReading(TextRange range) const { return reading_.sinceReading(range); }
+    int beforeTyping(int offset) const { return reading_.beforeTyping(offset); }
+    int noteAt(int offset) const { return reading_.noteAt(offset); }
 
-    // --- selection and caret: set by either view, shown by both. Selected notes are sorted and unique.
-    const QVector<int> &selectedNotes() const { return selectedNotes_; }
-    int caretNote() const { return caretNote_; } // -1 where it is on no note
-    Ticks caretTick() const { return caretTick_; }
-    int caretOffset() const { return caretOffset_; }
+    // --- selection and caret: set by either view, shown by both.
+    const QVector<int> &selectedNotes() const { return selection_.notes(); }
+    const TextCaret &caret() const { return caret_; }
 
     // --- edits in notes. Each is one undo step called `name` in the history, changes only the characters that it must
     // where that is possible and otherwise has the text written anew, and selects the changed and inserted notes.
@@ -85,8 +81,7 @@ public:
     // --- what sounds; the instrument decides which keys have a sample
     const Instrument &instrument() const { return instrument_; }
     void setInstrument(const Instrument &instrument);
-    Ticks playPosition() const { return playPosition_; }                 // in ticks of track(); -1 while nothing plays
-    const QVector<int> &soundingNotes() const { return soundingNotes_; } // sorted
+    const PlaybackMarks &playback() const { return playback_; }
 
 public slots:
     void undo();
@@ -110,7 +105,7 @@ public slots:
 signals:
     void readingChanged();   // track(), problems and every index may differ
     void selectionChanged(); // selectedNotes()
-    void caretChanged();     // caretNote(), caretTick(), caretOffset()
+    void caretChanged();
     void caretMoveRequested(int offset);
     void isAppliedChanged(bool applied);
     void applied(const Track &track);
@@ -125,37 +120,22 @@ private:
     void startReading();
     void finishReading();
     void takeReading(AbcReading reading, int revision);
-    void findCaret();
-    void setSelection(const QVector<int> &notes);
-    QVector<int> notesWithin(TextRange range) const;
-    QVector<NoteSpec> specs(const QVector<int> &notes) const;
-    QVector<int> indicesOf(const QVector<NoteSpec> &notes) const;
     void replaceRanges(const QVector<TextChange> &changes, const QString &name);
-
-    struct Typing
-    {
-        int position, removed, added;
-    };
 
     QTextDocument text_;
     int revision_ = 0; // of the text's characters; format changes do not count
     int seenTextRevision_ = -1;
-    std::map<int, QString> stepNames_; // by the number of undo steps that they are the last of
+    StepNames stepNames_;
 
-    AbcReading reading_;
+    LiveReading reading_;
     int readRevision_ = 0;
-    QVector<Typing> typing_; // since the reading
     QFutureWatcher<AbcReading> reader_;
     int startedRevision_ = 0;
     QTimer restTimer_;
 
     Track applied_;
     Instrument instrument_;
-    QVector<int> selectedNotes_;
-    int caretNote_ = -1;
-    Ticks caretTick_ = 0;
-    int caretOffset_ = 0;
-    Ticks playPosition_ = -1;
-    QVector<NoteSpec> soundingSpecs_;
-    QVector<int> soundingNotes_;
+    NoteSelection selection_;
+    TextCaret caret_;
+    PlaybackMarks playback_;
 };

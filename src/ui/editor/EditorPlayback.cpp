@@ -61,7 +61,7 @@ void EditorPlayback::playFrom(Ticks tick)
 void EditorPlayback::playFromCaret()
 {
     document_.update();
-    const auto caret = document_.caretTick();
+    const auto caret = document_.caret().tick;
     playFrom(caret < document_.track().length() ? caret : 0);
 }
 
@@ -103,7 +103,7 @@ void EditorPlayback::setTempoPercent(int percent)
     // A loop begins anew, so that its seam stays where it was.
     auto stretch = stretch_;
     if (!stretch.loops)
-        stretch.from = std::max(stretch.from, document_.playPosition());
+        stretch.from = std::max(stretch.from, document_.playback().position());
     play(stretch);
 }
 

@@ -54,12 +54,12 @@ void EditorStatus::readTrack()
 
 void EditorStatus::showCaret()
 {
-    const auto block = document_.text()->findBlock(document_.caretOffset());
+    const auto block = document_.text()->findBlock(document_.caret().offset);
     place_->setText(
-        tr("Line %1, column %2").arg(block.blockNumber() + 1).arg(document_.caretOffset() - block.position() + 1));
+        tr("Line %1, column %2").arg(block.blockNumber() + 1).arg(document_.caret().offset - block.position() + 1));
     time_->setText(
-        tr("%1, tick %2").arg(PianoRollText::position(document_.caretTick(), measures_)).arg(document_.caretTick()));
-    const auto note = document_.caretNote();
+        tr("%1, tick %2").arg(PianoRollText::position(document_.caret().tick, measures_)).arg(document_.caret().tick));
+    const auto note = document_.caret().note;
     if (note < 0) {
         note_->clear();
         return;

@@ -124,9 +124,9 @@ void PianoRoll::readFlags()
     };
     for (const auto event : document_.selectedNotes())
         mark(event, PianoRollState::Selected);
-    for (const auto event : document_.soundingNotes())
+    for (const auto event : document_.playback().notes())
         mark(event, PianoRollState::Sounding);
-    mark(document_.caretNote(), PianoRollState::AtCaret);
+    mark(document_.caret().note, PianoRollState::AtCaret);
 }
 
 void PianoRoll::readInstrument()
@@ -183,7 +183,7 @@ void PianoRoll::onSelectionChanged()
 
 void PianoRoll::onSoundingChanged()
 {
-    const auto before = std::exchange(shownSounding_, document_.soundingNotes());
+    const auto before = std::exchange(shownSounding_, document_.playback().notes());
     readFlags();
     updateNotes(before);
     updateNotes(shownSounding_);
@@ -218,7 +218,7 @@ void PianoRoll::onCaretChanged()
     readFlags();
     viewport()->update();
     if (!hasFocus() && !mouse_.isDown())
-        commands_.placeCursor(document_.caretTick(), state_.cursorPitch);
+        commands_.placeCursor(document_.caret().tick, state_.cursorPitch);
 }
 
 void PianoRoll::onCursorMoved()

@@ -1,6 +1,7 @@
 #include "ui/roll/PianoRollCommands.h"
 
 #include "core/AbcParser.h"
+#include "edit/NoteLookup.h"
 #include "ui/roll/PianoRollState.h"
 
 #include <QClipboard>
@@ -10,11 +11,6 @@
 namespace {
 
 const QLatin1String abcMimeType("text/vnd.abc");
-
-NoteSpec specOf(const TrackEvent &event)
-{
-    return {event.start(), event.length(), event.pitch()};
-}
 
 // Behind the line of the K: field, which ends the header.
 QString bodyOf(const QString &abc)
@@ -55,12 +51,7 @@ void PianoRollCommands::placeCursor(Ticks tick, int pitch)
 
 QVector<NoteSpec> PianoRollCommands::selectedSpecs() const
 {
-    QVector<NoteSpec> specs;
-    const auto &selected = document_.selectedNotes();
-    specs.reserve(selected.size());
-    for (const auto note : selected)
-        specs.append(specOf(document_.track().events()[note]));
-    return specs;
+    return specsOf(document_.track(), document_.selectedNotes());
 }
 
 bool PianoRollCommands::changeSelected(const Changer &change, const QString &name)

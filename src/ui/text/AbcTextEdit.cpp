@@ -145,7 +145,7 @@ void AbcTextEdit::setFound(const QRegularExpression &pattern)
 
 void AbcTextEdit::followPlayback()
 {
-    const auto &notes = document_.soundingNotes();
+    const auto &notes = document_.playback().notes();
     if (!followsPlayback_ || notes.isEmpty())
         return;
     const auto range = document_.textOf(notes.last());

@@ -94,9 +94,9 @@ void AbcTextEdit::paintNotes(QPainter &painter, const QTextBlock &block, TextRan
         const auto note = layout.tokens[i].event;
         if (note < 0)
             continue;
-        const bool sounds = holds(document_.soundingNotes(), note);
+        const bool sounds = holds(document_.playback().notes(), note);
         const bool isSelected = holds(document_.selectedNotes(), note);
-        if (!sounds && !isSelected && note != document_.caretNote())
+        if (!sounds && !isSelected && note != document_.caret().note)
             continue;
         const auto range = document_.sinceReading(layout.tokens[i].range);
         if (range.isEmpty())

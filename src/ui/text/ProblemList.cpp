@@ -80,7 +80,7 @@ void ProblemList::goToNext()
     document_.update();
     const auto &problems = document_.reading().problems;
     int next = 0;
-    while (next < problems.size() && problems[next].range.end() <= document_.caretOffset())
+    while (next < problems.size() && problems[next].range.end() <= document_.caret().offset)
         ++next;
     goTo(next < problems.size() ? next : 0);
 }
@@ -90,7 +90,7 @@ void ProblemList::goToPrevious()
     document_.update();
     const auto &problems = document_.reading().problems;
     int previous = int(problems.size()) - 1;
-    while (previous >= 0 && problems[previous].range.end() >= document_.caretOffset())
+    while (previous >= 0 && problems[previous].range.end() >= document_.caret().offset)
         --previous;
     goTo(previous >= 0 ? previous : int(problems.size()) - 1);
 }

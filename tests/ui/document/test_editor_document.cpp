@@ -246,7 +246,7 @@ private slots:
         QStringList found;
         for (const int column : {0, 1, 2, 3, 5, 9, 13}) {
             document.setCaret(body + column, {body + column, 0});
-            found += QStringLiteral("%1@%2").arg(document.caretNote()).arg(document.caretTick() / unit);
+            found += QStringLiteral("%1@%2").arg(document.caret().note).arg(document.caret().tick / unit);
         }
         QCOMPARE(found.join(u' '), QStringLiteral("0@0 1@1 1@1 -1@2 3@2 -1@4 -1@6"));
         document.setCaret(body + 12, {body, 6});

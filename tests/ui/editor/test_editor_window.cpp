@@ -191,7 +191,7 @@ private slots:
         QStringList sounding;
         Ticks furthest = -1;
         connect(&document, &EditorDocument::soundingNotesChanged, this, [&] {
-            for (const auto note : document.soundingNotes())
+            for (const auto note : document.playback().notes())
                 sounding += QString::number(document.track().events()[note].pitch());
         });
         connect(&document, &EditorDocument::playPositionChanged, this,
@@ -203,13 +203,13 @@ private slots:
         sounding.removeDuplicates();
         QCOMPARE(sounding.join(u' '), QStringLiteral("60 62 64 65 67"));
         QVERIFY(furthest > 4 * ticksPerQuarter);
-        QCOMPARE(document.playPosition(), Ticks(-1));
-        QVERIFY(document.soundingNotes().isEmpty());
+        QCOMPARE(document.playback().position(), Ticks(-1));
+        QVERIFY(document.playback().notes().isEmpty());
 
         editor.trigger("actionPlayFromStart");
         editor.trigger("actionStop");
         QVERIFY(!playback.isPlaying());
-        QCOMPARE(document.playPosition(), Ticks(-1));
+        QCOMPARE(document.playback().position(), Ticks(-1));
     }
 
     void loopsWithoutASeam()
@@ -250,9 +250,9 @@ private slots:
         QCOMPARE(positions, QVector<Ticks>{ticksPerWholeNote});
         QTRY_VERIFY(positions.size() > 5);
         QVERIFY(std::is_sorted(positions.begin(), positions.end()));
-        const auto before = document.playPosition();
+        const auto before = document.playback().position();
         playback.setTempoPercent(100);
-        QVERIFY(document.playPosition() >= before);
+        QVERIFY(document.playback().position() >= before);
 
         // Looping plays what is selected, as long as one likes.
         document.selectNotes({1});

@@ -293,8 +293,8 @@ private slots:
         QVERIFY(fixture.state().has(1, PianoRollState::Selected));
         QVERIFY(!fixture.state().has(0, PianoRollState::Selected));
         QVERIFY(
-            fixture.state().has(fixture.state().notes.ofEvent(fixture.document.caretNote()), PianoRollState::AtCaret));
-        QCOMPARE(fixture.state().cursor, fixture.document.caretTick());
+            fixture.state().has(fixture.state().notes.ofEvent(fixture.document.caret().note), PianoRollState::AtCaret));
+        QCOMPARE(fixture.state().cursor, fixture.document.caret().tick);
 
         QTextCursor typing(fixture.document.text());
         typing.setPosition(start);
