@@ -124,7 +124,7 @@ void render(const std::vector<Track> &tracks, Source source, std::size_t cores)
     RenderWorker worker(
         file, [source](const QString &path) { return waveEngine(path, source); }, cores);
     for (std::size_t i = 0; i < tracks.size(); ++i)
-        worker.addTrack(tracks[i], samples.instruments()[i % DenseSong::instruments], 1, 0);
+        worker.addTrack(tracks[i], samples.instruments()[i % DenseSong::instruments], {});
     worker.__render();
     if (!QFile::remove(file))
         throw std::runtime_error("there is no wave file");

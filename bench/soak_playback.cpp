@@ -86,8 +86,10 @@ public:
         for (int i = 0; i < tracks; ++i)
             player_.precacheInstrument(sounding, melody(i, seconds_));
         for (int i = 0; i < tracks; ++i)
-            player_.playTrackSynced(QString::number(i), QStringLiteral("Main"), sounding, melody(i, seconds_), false, 1,
-                                    0);
+            player_.playTrack({.trackId = QString::number(i),
+                               .track = melody(i, seconds_),
+                               .instrument = sounding,
+                               .syncGroup = QStringLiteral("Main")});
         bool isOver = false;
         QObject::connect(&player_, &TrackPlayer::trackStopped, &player_, [&isOver] { isOver = true; });
         while (!isOver)

@@ -232,8 +232,8 @@ void MainWindow::startExport(const QString &fileName)
     renderer_ = std::make_unique<TrackRenderer>(fileName, services_.makeFileEngine);
     for (const auto &track : tracks_.song()) {
         if (!track->isMuted)
-            renderer_->addTrack(*track->track, playback_.instrument(track->instrument), gainOf(track->volume),
-                                gainOf(track->pan));
+            renderer_->addTrack(*track->track, playback_.instrument(track->instrument),
+                                {gainOf(track->volume), gainOf(track->pan)});
     }
     connect(renderer_.get(), &TrackRenderer::renderStarted, this, &MainWindow::onRenderStarted);
     connect(renderer_.get(), &TrackRenderer::renderProgress, this, &MainWindow::onRenderProgress);

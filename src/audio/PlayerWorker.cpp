@@ -208,26 +208,20 @@ void PlayerWorker::stopPreviewNote()
     });
 }
 
-void PlayerWorker::playTrack(const QString &trackId, const Instrument &instrument, const Track &track, bool muted,
-                             float volume, float pan)
-{
-    playTrackSynced(trackId, QString(), instrument, track, muted, volume, pan);
-}
-
-void PlayerWorker::playTrackSynced(const QString &trackId, const QString &syncGroup, const Instrument &instrument,
-                                   const Track &track, bool muted, float volume, float pan)
+void PlayerWorker::playTrack(const PlayRequest &request)
 {
     withEngine([&] {
-        const TrackPlayback playback(track, instrument, engine_->sampleRate(), startClock(syncGroup));
-        PlayingTrack playing{playback, syncGroup, masterGroup, {volume, pan}, muted};
+        const TrackPlayback playback(request.track, request.instrument, engine_->sampleRate(),
+                                     startClock(request.syncGroup));
+        PlayingTrack playing{playback, request.syncGroup, masterGroup, request.level, request.isMuted};
         if (!check(engine_->createGroup(playing.group)))
             return;
         check(engine_->setGroupLevel(playing.group, playing.level));
-        if (const auto replaced = tracks_.constFind(trackId); replaced != tracks_.constEnd())
+        if (const auto replaced = tracks_.constFind(request.trackId); replaced != tracks_.constEnd())
             check(engine_->releaseGroup(replaced->group));
-        longestLength_ = std::max(longestLength_, track.length());
-        tracks_.insert(trackId, playing);
-        emit trackStarted(trackId);
+        longestLength_ = std::max(longestLength_, request.track.length());
+        tracks_.insert(request.trackId, playing);
+        emit trackStarted(request.trackId);
     });
 }
 

@@ -2,6 +2,7 @@
 
 #include "audio/AudioEngine.h"
 #include "audio/ParallelJobs.h"
+#include "audio/PlayRequest.h"
 #include "audio/ResultChecker.h"
 #include "audio/SampleCache.h"
 #include "audio/SoundingNotes.h"
@@ -64,11 +65,7 @@ public slots: // [audio]
     void update();
     void playPreviewNote(const Instrument &instrument, quint32 noteId);
     void stopPreviewNote();
-    void playTrack(const QString &trackId, const Instrument &instrument, const Track &track, bool muted, float volume,
-                   float pan);
-    // Tracks of one sync group that are started in one go begin at the same sample.
-    void playTrackSynced(const QString &trackId, const QString &syncGroup, const Instrument &instrument,
-                         const Track &track, bool muted, float volume, float pan);
+    void playTrack(const PlayRequest &request);
     void muteTrack(const QString &trackId, bool mute);
     void changeInstrument(const QString &trackId, const Instrument &instrument);
     // Loads what the track's notes need, on all cores, while the other tracks play on.

@@ -26,9 +26,9 @@ RenderWorker::RenderWorker(const QString &fileName, FileEngineFactory makeEngine
 {
 }
 
-void RenderWorker::addTrack(const Track &track, const Instrument &instrument, float volume, float pan)
+void RenderWorker::addTrack(const Track &track, const Instrument &instrument, GroupLevel level)
 {
-    tracks_.push_back({TrackPlayback(track, instrument, sampleRate, 0), {volume, pan}});
+    tracks_.push_back({TrackPlayback(track, instrument, sampleRate, 0), level});
 }
 
 void RenderWorker::__render()

@@ -27,7 +27,7 @@ public:
     RenderWorker(const QString &fileName, FileEngineFactory makeEngine, std::size_t cores); // [ui]
 
     // Only before the worker is moved to its thread. [ui]
-    void addTrack(const Track &track, const Instrument &instrument, float volume, float pan);
+    void addTrack(const Track &track, const Instrument &instrument, GroupLevel level);
 
 signals: // [render]
     void renderProgress(quint64 currentTick, quint64 totalTicks);

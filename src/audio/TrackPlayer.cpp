@@ -65,16 +65,9 @@ void TrackPlayer::stopPreviewNote()
     post(&PlayerWorker::stopPreviewNote);
 }
 
-void TrackPlayer::playTrack(const QString &trackId, const Instrument &instrument, const Track &track, bool muted,
-                            float volume, float pan)
+void TrackPlayer::playTrack(const PlayRequest &request)
 {
-    postUntilStopped(&PlayerWorker::playTrack, trackId, instrument, track, muted, volume, pan);
-}
-
-void TrackPlayer::playTrackSynced(const QString &trackId, const QString &syncGroup, const Instrument &instrument,
-                                  const Track &track, bool muted, float volume, float pan)
-{
-    postUntilStopped(&PlayerWorker::playTrackSynced, trackId, syncGroup, instrument, track, muted, volume, pan);
+    postUntilStopped(&PlayerWorker::playTrack, request);
 }
 
 void TrackPlayer::muteTrack(const QString &trackId, bool mute)

@@ -37,10 +37,7 @@ signals:
 public slots:
     void playPreviewNote(const Instrument &instrument, quint32 noteId);
     void stopPreviewNote();
-    void playTrack(const QString &trackId, const Instrument &instrument, const Track &track, bool muted, float volume,
-                   float pan);
-    void playTrackSynced(const QString &trackId, const QString &syncGroup, const Instrument &instrument,
-                         const Track &track, bool muted, float volume, float pan);
+    void playTrack(const PlayRequest &request);
     void muteTrack(const QString &trackId, bool mute);
     void changeInstrument(const QString &trackId, const Instrument &instrument);
     void precacheInstrument(const Instrument &instrument, const Track &track);

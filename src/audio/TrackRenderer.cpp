@@ -12,9 +12,9 @@ TrackRenderer::~TrackRenderer()
     thread_.wait();
 }
 
-void TrackRenderer::addTrack(const Track &track, const Instrument &instrument, float volume, float pan)
+void TrackRenderer::addTrack(const Track &track, const Instrument &instrument, GroupLevel level)
 {
-    worker_->addTrack(track, instrument, volume, pan);
+    worker_->addTrack(track, instrument, level);
 }
 
 void TrackRenderer::render()

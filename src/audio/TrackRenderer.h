@@ -19,8 +19,8 @@ public:
     // Cancels a render that is running.
     ~TrackRenderer() override;
 
-    // Before render(). volume: linear, 1 is unity; pan: -1 left … 1 right.
-    void addTrack(const Track &track, const Instrument &instrument, float volume, float pan);
+    // Before render().
+    void addTrack(const Track &track, const Instrument &instrument, GroupLevel level = {});
 
     // Once.
     void render();

@@ -36,8 +36,12 @@ public:
         const auto tick = pick(400'000);
         const auto level = float(pick(10)) / 10;
         const std::function<void(Player &)> requests[] = {
-            [=](Player &player) { player.playTrack(id, instrument, melody, flag, level, 0); },
-            [=](Player &player) { player.playTrackSynced(id, group, instrument, melody, flag, 1, -level); },
+            [=](Player &player) {
+                player.playTrack({id, melody, instrument, {level, 0}, QString(), flag});
+            },
+            [=](Player &player) {
+                player.playTrack({id, melody, instrument, {1, -level}, group, flag});
+            },
             [=](Player &player) { player.stopTrack(id); },
             [=](Player &player) { tick % 8 == 0 ? player.stopAll() : player.stopTrack(id); }, // rarely: notes need time
             [=](Player &player) { player.seek(id, tick); },

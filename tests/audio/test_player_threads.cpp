@@ -78,8 +78,8 @@ private slots:
             };
             for (int i = 0; i < 3; ++i) {
                 RenderWorker worker(file, makeEngine, 3);
-                worker.addTrack(melody, instrument, 1, 0);
-                worker.addTrack(melody, instrument, 1, 1);
+                worker.addTrack(melody, instrument, {});
+                worker.addTrack(melody, instrument, {1, 1});
                 worker.__render();
             }
         });

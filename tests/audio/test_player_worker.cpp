@@ -32,7 +32,7 @@ class TestPlayerWorker : public QObject
 
     static void playTrack(VirtualPlayer &player, const QString &id, const Track &track, const Instrument &instrument)
     {
-        player.worker.playTrack(id, instrument, track, false, 1, 0);
+        player.worker.playTrack({id, track, instrument});
     }
 
 private slots:
@@ -146,9 +146,9 @@ private slots:
         VirtualPlayer player;
         const auto group = QStringLiteral("Main");
         const auto instrument = instrumentOf(click_);
-        player.worker.playTrackSynced(a, group, instrument, clicks(20), false, 1, 0);
+        player.worker.playTrack({a, clicks(20), instrument, {}, group});
         player.passes(2); // the mixer goes on between the two requests
-        player.worker.playTrackSynced(b, group, instrument, clicks(20), false, 1, 0);
+        player.worker.playTrack({b, clicks(20), instrument, {}, group});
         playTrack(player, QStringLiteral("other"), clicks(20, quarter * 3), instrument);
         player.play(leadIn + 10000);
         QCOMPARE(player.onsets(), std::vector<DspClock>({leadIn, leadIn + 1024}));
@@ -165,7 +165,7 @@ private slots:
     void mutedTracksGoOnSilently()
     {
         VirtualPlayer player;
-        player.worker.playTrack(a, instrumentOf(click_), clicks(4), true, 1, 0);
+        player.worker.playTrack({a, clicks(4), instrumentOf(click_), {}, noGroup, true});
         playTrack(player, b, clicks(4), instrumentOf(click_));
         player.play(leadIn + 30000);
         QCOMPARE(player.toldOf("pressed a"), QStringList());
@@ -254,7 +254,7 @@ private slots:
     void volumeAndPanReachTheGroup()
     {
         VirtualPlayer player;
-        player.worker.playTrack(a, instrumentOf(click_), clicks(3), false, 0.5F, 0);
+        player.worker.playTrack({a, clicks(3), instrumentOf(click_), {0.5F, 0}});
         player.play(leadIn + 512);
         player.worker.setPan(a, 0.5F);
         player.play(24000);
@@ -403,7 +403,7 @@ private slots:
 
         PlayerWorker engineless([]() -> std::unique_ptr<AudioEngine> { throw QStringLiteral("no engine today"); });
         engineless.initialize();
-        engineless.playTrack(a, instrumentOf(click_), clicks(1), false, 1, 0);
+        engineless.playTrack({a, clicks(1), instrumentOf(click_)});
         engineless.update();
         QCOMPARE(logged.count("no engine today"), 1);
         const QSignalSpy finished(&engineless, &PlayerWorker::finished);

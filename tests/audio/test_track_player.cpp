@@ -38,7 +38,7 @@ private slots:
         const auto instrument = requests_.anyInstrument();
         const auto track = trackOf({TrackEvent::note(60, 0, 2000), TrackEvent::note(60, 2 * ticksPerWholeNote, 9)});
         player.precacheInstrument(instrument, track);
-        player.playTrack(QStringLiteral("a"), instrument, track, false, 1, 0);
+        player.playTrack({QStringLiteral("a"), track, instrument});
         QVERIFY(told.isEmpty());
         QTRY_VERIFY(told.contains(QStringLiteral("released")));
         player.stopAll();
@@ -62,7 +62,7 @@ private slots:
         const auto track = trackOf({TrackEvent::note(60, 0, 2000)});
         const auto play = [&] {
             player.precacheInstrument(instrument, track);
-            player.playTrack(QStringLiteral("a"), instrument, track, false, 1, 0);
+            player.playTrack({QStringLiteral("a"), track, instrument});
         };
         play();
         play();
@@ -100,7 +100,7 @@ private slots:
         for (int i = 0; i < 5; ++i) {
             TrackPlayer player(pacedEngine);
             player.precacheInstrument(requests_.anyInstrument(), requests_.anyMelody());
-            player.playTrack(QStringLiteral("a"), requests_.anyInstrument(), requests_.anyMelody(), false, 1, 0);
+            player.playTrack({QStringLiteral("a"), requests_.anyMelody(), requests_.anyInstrument()});
             QTest::qWait(i * 10);
         }
     }

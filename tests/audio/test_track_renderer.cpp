@@ -37,7 +37,7 @@ public:
 
     void add(const Track &track, const Instrument &instrument, float volume = 1, float pan = 0)
     {
-        renderer.addTrack(track, instrument, volume, pan);
+        renderer.addTrack(track, instrument, {volume, pan});
     }
 
     bool run()
@@ -153,7 +153,7 @@ private slots:
 
         VirtualPlayer player;
         player.worker.precacheInstrument(instrument, track);
-        player.worker.playTrack(QStringLiteral("a"), instrument, track, false, 0.3F, 0.4F);
+        player.worker.playTrack({QStringLiteral("a"), track, instrument, {0.3F, 0.4F}});
         constexpr std::size_t leadIn = 4800;
         player.play(leadIn + wave.left.size());
         QVERIFY(wave.isValid && wave.left.size() > 48000 * 5);
@@ -284,7 +284,7 @@ private slots:
             }
         };
         TrackRenderer renderer(wav_, [](const QString &) { return std::make_unique<SlowEngine>(); });
-        renderer.addTrack(trackOf({TrackEvent::note(60, 0, 100)}), instrumentOf(files_.click()), 1, 0);
+        renderer.addTrack(trackOf({TrackEvent::note(60, 0, 100)}), instrumentOf(files_.click()));
         QSignalSpy loading(&renderer, &TrackRenderer::loadingSample);
         QSignalSpy finished(&renderer, &TrackRenderer::renderFinished);
         renderer.render();

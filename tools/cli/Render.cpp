@@ -112,7 +112,7 @@ void Rendering::renderTracks(const QVector<Track> &tracks, const InstrumentSet &
         return std::make_unique<BuiltinEngine>(EngineOutput::WavFile, path.toStdU16String());
     });
     for (const auto &track : tracks)
-        renderer.addTrack(track, instrumentFor(track, instruments), 1, 0);
+        renderer.addTrack(track, instrumentFor(track, instruments));
 
     QEventLoop loop;
     QString failure;

@@ -107,8 +107,12 @@ void Playback::seek(Ticks position)
 
 void Playback::start(const SongTrack &track)
 {
-    player_.playTrackSynced(track.id, syncGroup, instrument(track.instrument), *track.track, track.isMuted,
-                            gainOf(track.volume), gainOf(track.pan));
+    player_.playTrack({.trackId = track.id,
+                       .track = *track.track,
+                       .instrument = instrument(track.instrument),
+                       .level = {gainOf(track.volume), gainOf(track.pan)},
+                       .syncGroup = syncGroup,
+                       .isMuted = track.isMuted});
 }
 
 void Playback::follow(const Song &before, const Song &after)

@@ -44,7 +44,7 @@ void EditorPlayback::play(const PreviewTrack::Stretch &stretch)
     if (isPlaying_) {
         trackId_ = QStringLiteral("AbcEditor/") + QUuid::createUuid().toString();
         player_.precacheInstrument(document_.instrument(), preview_.track());
-        player_.playTrack(trackId_, document_.instrument(), preview_.track(), false, 1, 0);
+        player_.playTrack({.trackId = trackId_, .track = preview_.track(), .instrument = document_.instrument()});
         document_.setPlayPosition(stretch_.from);
     } else {
         document_.setPlayPosition(-1);
