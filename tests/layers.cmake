@@ -8,6 +8,7 @@ set(LAYERS
     "src/settings|base"
     "src/core|base"
     "src/import|base core"
+    "src/song|base settings core import"
     "src/edit|base core"
     "src/assets/package|base"
     "src/assets|base assets/package"
@@ -22,10 +23,10 @@ set(LAYERS
     "src/ui/roll|base settings core edit ui ui/document"
     "src/ui/transform|base settings core import ui"
     "src/ui/editor|base settings core import edit assets audio ui ui/document ui/text ui/roll ui/transform"
-    "src/app/services|base settings core import assets audio ui ui/tracks ui/editor"
-    "src/app/commands|base settings core import assets audio ui ui/tracks ui/song ui/preferences app/services"
-    "src/app|base settings core import assets audio audio/engine ui ui/tracks ui/song ui/preferences app/services app/commands"
-    "tools/cli|base settings core import assets assets/package audio audio/engine"
+    "src/app/services|base settings core import song assets audio ui ui/tracks ui/editor"
+    "src/app/commands|base settings core import song assets audio ui ui/tracks ui/song ui/preferences app/services"
+    "src/app|base settings core import song assets audio audio/engine ui ui/tracks ui/song ui/preferences app/services app/commands"
+    "tools/cli|base settings core import song assets assets/package audio audio/engine"
     "tools/demogame|")
 set(LAYERS_WITHOUT_QT "src/audio/engine")
 

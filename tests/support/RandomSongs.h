@@ -1,0 +1,142 @@
+#pragma once
+
+#include "song/Song.h"
+
+#include <random>
+
+// Songs of anything that a song may hold, and random changes of them; the same seed gives the same.
+class RandomSongs
+{
+public:
+    explicit RandomSongs(unsigned seed) : random_(seed) {}
+
+    Song song()
+    {
+        Song song;
+        song.title = text(20);
+        for (int count = below(8); count > 0; --count)
+            song.parts.append(part());
+        for (int count = below(3); count > 0; --count)
+            song.imports.append({path(), others(), others()});
+        song.masterVolume = below(101);
+        song.tempoFactor = 25 + below(176);
+        if (below(2) == 0)
+            song.loop = SongLoop{below(1000), 1000 + below(1'000'000'000), others()};
+        song.others = others();
+        return song;
+    }
+
+    // One step of somebody who works on the song.
+    void edit(Song &song)
+    {
+        if (song.parts.isEmpty() || below(40) == 0)
+            song.parts.append(part());
+        const int index = below(int(song.parts.size()));
+        auto &part = song.parts[index];
+        switch (below(12)) {
+        case 0:
+            part.volume = below(101);
+            break;
+        case 1:
+            part.pan = below(201) - 100;
+            break;
+        case 2:
+            part.isMuted = !part.isMuted;
+            break;
+        case 3:
+            part.draft = below(2) == 0 ? std::optional(text(100)) : std::nullopt;
+            break;
+        case 4:
+            song.parts.move(index, below(int(song.parts.size())));
+            break;
+        case 5:
+            song.title = text(20);
+            break;
+        case 6:
+            song.masterVolume = below(101);
+            break;
+        case 7:
+            song.loop = below(2) == 0 ? std::optional(SongLoop{below(9), 10, {}}) : std::nullopt;
+            break;
+        case 8:
+            part.path = path();
+            break;
+        case 9:
+            if (below(4) == 0)
+                song.parts.remove(index);
+            break;
+        default:
+            splice(part.abc);
+            break;
+        }
+    }
+
+    int below(int bound) { return int(random_() % unsigned(bound)); }
+
+private:
+    SongPart part()
+    {
+        SongPart part;
+        part.id = QStringLiteral("T%1").arg(++lastId_);
+        part.name = text(10);
+        part.abc = text(400);
+        if (below(4) == 0)
+            part.draft = text(100);
+        part.instrument = text(8);
+        part.volume = below(101);
+        part.pan = below(201) - 100;
+        part.isMuted = below(2) == 0;
+        part.path = path();
+        part.others = others();
+        return part;
+    }
+
+    void splice(QString &abc)
+    {
+        const int at = below(int(abc.size()) + 1);
+        abc.replace(at, below(20), text(20));
+    }
+
+    // Letters and line ends most of the time, and any UTF-16 unit, also half a surrogate pair.
+    QString text(int longest)
+    {
+        QString text;
+        for (int count = below(longest); count > 0; --count) {
+            const int kind = below(20);
+            if (kind < 16)
+                text += QLatin1Char("CDEFGAB|cde'/2 z"[kind]);
+            else if (kind < 19)
+                text += QStringList{QStringLiteral("\r\n"), QStringLiteral("\n"), QStringLiteral("\r")}[kind - 16];
+            else
+                text += QChar(ushort(below(0x10000)));
+        }
+        return text;
+    }
+
+    QString path()
+    {
+        const auto name = QString::number(below(1000)) + QStringLiteral(" \u00e9.abc");
+        switch (below(4)) {
+        case 0:
+            return {};
+        case 1:
+            return QStringLiteral("/songs/") + name;
+        case 2:
+            return QStringLiteral("/songs/parts/") + name;
+        default:
+            return QStringLiteral("/elsewhere/") + name;
+        }
+    }
+
+    QJsonObject others()
+    {
+        if (below(3) != 0)
+            return {};
+        return {{QStringLiteral("x-") + text(5), QJsonObject{{text(3), below(100) / 8.0}}},
+                {QStringLiteral("y"), below(2) == 0},
+                {QStringLiteral("z"), QJsonValue()}};
+    }
+
+    std::mt19937 random_;
+    int lastId_ = 0;
+};
