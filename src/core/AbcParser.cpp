@@ -28,7 +28,9 @@ private:
     int readHeader();
     void applyHeader();
     void readBody();
-    bool nextBodyToken();
+    bool isReadable();
+    bool isChordReadable();
+    bool isReadableInChord();
     void bodyToken();
     void bodyField();
     void barLine();
@@ -44,10 +46,9 @@ private:
     void finishChord(qsizetype firstEvent);
     void tieEventsFrom(qsizetype firstEvent);
     AbcRatio tokenLength() const;
-    quint32 number(QStringView digits) const;
     int accidental(int octave, int letter);
-    [[noreturn]] void fail(const QString &message) const;
-    [[noreturn]] void failUnknown() const;
+    bool goesOnBehind(AbcRefusal why, const AbcToken &last) const;
+    bool refuse(AbcRefusal why) const;
 
     const QString &text_;
     const std::stop_token &stop_;
@@ -74,19 +75,68 @@ private:
     PendingTies ties_;
 };
 
+QString unexpectedInChord()
+{
+    return QStringLiteral("Unexpected token found in chord at line %1, column %2.");
+}
+
+// With room for a line and a column, as far as it tells them.
+QString messageOf(AbcRefusal why, AbcTokenType type)
+{
+    switch (why) {
+    case AbcRefusal::HeaderText:
+        return QStringLiteral("Unexpected token found in ABC header: line %1, column %2.");
+    case AbcRefusal::EmptyChord:
+        return QStringLiteral("Empty chord");
+    case AbcRefusal::OpenChord:
+    case AbcRefusal::GiantChord:
+        return unexpectedInChord();
+    case AbcRefusal::ForeignInChord:
+        if (type != AbcTokenType::Character)
+            return unexpectedInChord();
+        break;
+    case AbcRefusal::UnknownToken:
+    case AbcRefusal::HugeNumber:
+        break;
+    }
+    return QStringLiteral("Unknown token found in ABC body at line %1, column %2.");
+}
+
 QString at(const QString &message, int line, int column)
 {
-    return message.arg(line + 1).arg(column + 1);
+    return message.contains(u'%') ? message.arg(line + 1).arg(column + 1) : message;
 }
 
-void AbcParser::fail(const QString &message) const
+// Of at most as many digits as a token has characters, 20.
+quint64 number(QStringView digits)
 {
-    throw at(message, token_.line, token_.column);
+    quint64 value = 0;
+    for (const auto digit : digits)
+        value = value * 10 + quint64(digit.unicode() - u'0');
+    return value;
 }
 
-void AbcParser::failUnknown() const
+// Of a note or rest; no other token is long enough.
+bool hasHugeNumber(const AbcToken &token)
 {
-    fail(QStringLiteral("Unknown token found in ABC body at line %1, column %2."));
+    constexpr qsizetype fittingDigits = 9;
+    constexpr quint64 largest = 0xFFFFFFFF;
+    return token.text.size() > fittingDigits && (number(token.part(AbcPart::LengthNumerator)) > largest ||
+                                                 number(token.part(AbcPart::LengthDenominator)) > largest);
+}
+
+// Whether a listener wants to hear what comes behind the refused: from the token at hand to the last.
+bool AbcParser::goesOnBehind(AbcRefusal why, const AbcToken &last) const
+{
+    return listener_ != nullptr && listener_->refused(why, token_, last);
+}
+
+// Throws, or gives false, the answer to whether the token is read.
+bool AbcParser::refuse(AbcRefusal why) const
+{
+    if (!goesOnBehind(why, token_))
+        throw at(messageOf(why, token_.type), token_.line, token_.column);
+    return false;
 }
 
 Track AbcParser::parse()
@@ -131,7 +181,8 @@ int AbcParser::readHeader()
         case AbcTokenType::Comment:
             break;
         default:
-            fail(QStringLiteral("Unexpected token found in ABC header: line %1, column %2."));
+            refuse(AbcRefusal::HeaderText);
+            tokens_.skipLine();
         }
     }
     return tokens_.line();
@@ -157,26 +208,77 @@ void AbcParser::readBody()
         const auto lower = c.unicode() | 0x20;
         return lower >= u'a' && lower <= u'g';
     }));
-    while (nextBodyToken()) {
+    while (tokens_.next(token_)) {
         throwIfStopped(stop_);
-        bodyToken();
+        if (isReadable())
+            bodyToken();
     }
     finishElement();
     for (auto pitch = lowestPlayablePitch; pitch <= highestPlayablePitch; ++pitch)
         ties_.writeTo(events_, pitch);
 }
 
-bool AbcParser::nextBodyToken()
+bool AbcParser::isReadable()
 {
-    if (!tokens_.next(token_))
-        return false;
-    if (listener_ != nullptr)
-        listener_->token(token_);
-    return true;
+    switch (token_.type) {
+    case AbcTokenType::Character:
+        return refuse(AbcRefusal::UnknownToken);
+    case AbcTokenType::Note:
+    case AbcTokenType::Rest:
+        return inGraceNotes_ || !hasHugeNumber(token_) || refuse(AbcRefusal::HugeNumber);
+    case AbcTokenType::ChordStart:
+        return inGraceNotes_ || listener_ == nullptr || isChordReadable();
+    default:
+        return true;
+    }
+}
+
+// What an open chord meets: its bracket is the mistake then, not all that follows.
+bool endsOpenChord(AbcTokenType type)
+{
+    return type == AbcTokenType::BarLine || type == AbcTokenType::FieldLine || type == AbcTokenType::InlineField ||
+           type == AbcTokenType::ChordStart || type == AbcTokenType::Comment;
+}
+
+// Looks ahead, so that the listener never hears of half a chord. Where it does not want to go on, readChord() throws.
+bool AbcParser::isChordReadable()
+{
+    auto ahead = tokens_;
+    AbcToken last;
+    bool holdsMusic = false;
+    do {
+        if (!ahead.next(last) || endsOpenChord(last.type))
+            return !goesOnBehind(AbcRefusal::OpenChord, token_);
+        holdsMusic |= (last.type == AbcTokenType::Note || last.type == AbcTokenType::Rest) && !hasHugeNumber(last);
+    } while (last.type != AbcTokenType::ChordEnd);
+    if (holdsMusic || !goesOnBehind(AbcRefusal::EmptyChord, last))
+        return true;
+    while (tokens_.next(token_) && token_.type != AbcTokenType::ChordEnd)
+        isReadableInChord();
+    return false;
+}
+
+bool AbcParser::isReadableInChord()
+{
+    switch (token_.type) {
+    case AbcTokenType::WhiteSpace:
+    case AbcTokenType::ChordEnd:
+        return true;
+    case AbcTokenType::Note:
+        if (element_.notes.size() >= largestChord)
+            return refuse(AbcRefusal::GiantChord);
+        [[fallthrough]];
+    case AbcTokenType::Rest:
+        return !hasHugeNumber(token_) || refuse(AbcRefusal::HugeNumber);
+    default:
+        return refuse(AbcRefusal::ForeignInChord);
+    }
 }
 
 void AbcParser::bodyToken()
 {
+    if (listener_ != nullptr)
+        listener_->token(token_);
     switch (token_.type) {
     case AbcTokenType::Note:
     case AbcTokenType::Rest:
@@ -204,8 +306,6 @@ void AbcParser::bodyToken()
     case AbcTokenType::GraceEnd:
         inGraceNotes_ = false;
         break;
-    case AbcTokenType::Character:
-        failUnknown();
     default:
         break;
     }
@@ -258,10 +358,10 @@ void AbcParser::beginTuplet()
 {
     constexpr std::array<quint32, 8> simple{3, 2, 3, 2, 2, 2, 3, 2};
     constexpr std::array<quint32, 8> compound{3, 2, 3, 3, 2, 3, 3, 3};
-    const auto p = number(token_.part(AbcPart::TupletP));
+    const auto p = quint32(number(token_.part(AbcPart::TupletP)));
     auto q = p;
     if (token_.has(AbcPart::TupletQ))
-        q = number(token_.part(AbcPart::TupletQ));
+        q = quint32(number(token_.part(AbcPart::TupletQ)));
     else if (p >= 2 && p <= 9)
         q = (compound_ ? compound : simple)[p - 2];
     tupletNotesLeft_ = p;
@@ -307,17 +407,6 @@ void AbcParser::readElement()
     element_.scale(rhythm);
 }
 
-quint32 AbcParser::number(QStringView digits) const
-{
-    quint64 value = 0;
-    for (const auto digit : digits) {
-        value = value * 10 + quint64(digit.unicode() - u'0');
-        if (value > 0xFFFFFFFF)
-            failUnknown();
-    }
-    return quint32(value);
-}
-
 // "3/4" as it stands; each "/" without a number halves, and a denominator of 0 counts as 1.
 AbcRatio AbcParser::tokenLength() const
 {
@@ -326,7 +415,7 @@ AbcRatio AbcParser::tokenLength() const
         length.numerator = number(token_.part(AbcPart::LengthNumerator));
     const auto slashes = token_.part(AbcPart::LengthSlashes).size();
     if (token_.has(AbcPart::LengthDenominator))
-        length.denominator = quint64(std::max(1U, number(token_.part(AbcPart::LengthDenominator)))) << (slashes - 1);
+        length.denominator = std::max<quint64>(1, number(token_.part(AbcPart::LengthDenominator))) << (slashes - 1);
     else
         length.denominator = quint64(1) << slashes;
     return length;
@@ -387,17 +476,14 @@ void AbcParser::readRest()
 
 void AbcParser::readChord()
 {
-    const auto unexpected = QStringLiteral("Unexpected token found in chord at line %1, column %2.");
     element_.isChord = true;
-    for (;;) {
-        if (!nextBodyToken())
-            throw at(unexpected, tokens_.line(), tokens_.column());
+    while (tokens_.next(token_)) {
+        if (!isReadableInChord())
+            continue;
+        if (listener_ != nullptr)
+            listener_->token(token_);
         switch (token_.type) {
-        case AbcTokenType::WhiteSpace:
-            break;
         case AbcTokenType::Note:
-            if (element_.notes.size() >= largestChord)
-                fail(unexpected);
             readNote();
             break;
         case AbcTokenType::Rest:
@@ -405,16 +491,15 @@ void AbcParser::readChord()
             break;
         case AbcTokenType::ChordEnd:
             if (element_.isEmpty)
-                throw QStringLiteral("Empty chord");
+                refuse(AbcRefusal::EmptyChord);
             element_.chordLength = tokenLength();
             element_.chordTied = token_.part(AbcPart::Tie).contains(u'-');
             return;
-        case AbcTokenType::Character:
-            failUnknown();
         default:
-            fail(unexpected);
+            break;
         }
     }
+    throw at(unexpectedInChord(), token_.line, token_.column + int(token_.text.size()));
 }
 
 // Turns the element that was read last into events and moves on behind it.

@@ -6,7 +6,8 @@
 
 #include <string>
 
-AbcTokenizer::AbcTokenizer(QStringView text) : textEnd_(text.utf16() + text.size())
+AbcTokenizer::AbcTokenizer(QStringView text, AbcSymbols symbols)
+    : textEnd_(text.utf16() + text.size()), symbols_(symbols)
 {
     beginLine(text.utf16());
 }

@@ -101,14 +101,19 @@ struct AbcSymbols
 class AbcTokenizer
 {
 public:
-    explicit AbcTokenizer(QStringView text);
+    // The text may be the rest of a longer one that left these symbols in force.
+    explicit AbcTokenizer(QStringView text, AbcSymbols symbols = {});
 
     // False at the end of the text.
     bool next(AbcToken &token);
 
-    // Where the next token begins, both counted from 0; behind the last line at the end of the text.
+    // What is left of the last token's line is cut into no more tokens.
+    void skipLine() { at_ = lineEnd_; }
+
+    // Of the next token, counted from 0; one behind the last line at the end of the text.
     int line() const { return at_ == textEnd_ ? line_ + 1 : line_; }
-    int column() const { return at_ == textEnd_ ? 0 : int(at_ - lineBegin_); }
+    // In force behind the last token.
+    AbcSymbols symbols() const { return symbols_; }
 
 private:
     void beginLine(const char16_t *begin);

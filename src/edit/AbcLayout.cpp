@@ -1,6 +1,5 @@
 #include "edit/AbcLayout.h"
 
-#include "core/AbcListener.h"
 #include "core/AbcParser.h"
 #include "edit/AbcReading.h"
 
@@ -13,7 +12,10 @@ namespace {
 class LayoutMaker final : public AbcListener
 {
 public:
-    explicit LayoutMaker(const QString &text) : text_(text), lines_(lineOffsets(text)) {}
+    LayoutMaker(const QString &text, const AbcRefusals &refusals)
+        : text_(text), lines_(lineOffsets(text)), refusals_(refusals)
+    {
+    }
     AbcLayout layoutOf(const Track &track);
 
     void bodyBegins(int line, quint32 keyRow) override;
@@ -24,6 +26,7 @@ public:
     void elementSounds(Ticks end) override;
     void barLine(const AbcToken &token, quint32 keyRow, Ticks position) override;
     void keyChange(const AbcToken &token, quint32 keyRow) override;
+    bool refused(AbcRefusal why, const AbcToken &first, const AbcToken &last) override;
 
 private:
     void beginUnit(int offset);
@@ -35,6 +38,7 @@ private:
 
     const QString &text_;
     QVector<int> lines_;
+    const AbcRefusals &refusals_;
     AbcLayout layout_;
     QVector<int> pitches_; // of layout_.tokens
     Ticks position_ = 0;
@@ -153,6 +157,12 @@ void LayoutMaker::keyChange(const AbcToken &token, quint32 keyRow)
     layout_.marks.append({offsetOf(token), keyRow});
 }
 
+bool LayoutMaker::refused(AbcRefusal why, const AbcToken &first, const AbcToken &last)
+{
+    refusals_(why, first, last);
+    return true;
+}
+
 // The time that a bar line adds to what was written before it can be written in there.
 void LayoutMaker::addGapBeforeBar()
 {
@@ -209,9 +219,9 @@ AbcLayout LayoutMaker::layoutOf(const Track &track)
 
 } // namespace
 
-std::pair<Track, AbcLayout> parseWithLayout(const QString &text)
+std::pair<Track, AbcLayout> parseWithLayout(const QString &text, const AbcRefusals &refusals)
 {
-    LayoutMaker maker(text);
+    LayoutMaker maker(text, refusals);
     auto track = parseAbc(text, {}, &maker);
     auto layout = maker.layoutOf(track);
     return {std::move(track), std::move(layout)};

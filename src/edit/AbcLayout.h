@@ -1,11 +1,13 @@
 #pragma once
 
+#include "core/AbcListener.h"
 #include "core/Track.h"
 #include "edit/TextChange.h"
 
 #include <QString>
 #include <QVector>
 
+#include <functional>
 #include <utility>
 
 // A note, rest or chord with all its characters, and the time it takes.
@@ -69,5 +71,8 @@ struct AbcLayout
     int elementAtTick(Ticks tick) const;
 };
 
-// Reads the text as parseAbc() does, and throws what it throws.
-std::pair<Track, AbcLayout> parseWithLayout(const QString &text);
+// Is told what is passed over; see AbcListener::refused().
+using AbcRefusals = std::function<void(AbcRefusal why, const AbcToken &first, const AbcToken &last)>;
+
+// Reads the text as parseAbc() does, but passes over what that throws for.
+std::pair<Track, AbcLayout> parseWithLayout(const QString &text, const AbcRefusals &refusals);

@@ -1,6 +1,6 @@
 #include "edit/BracketMatch.h"
 
-#include "core/AbcTokenizer.h"
+#include "edit/AbcLineState.h"
 
 #include <QTextBlock>
 #include <QTextDocument>
@@ -87,13 +87,14 @@ std::pair<int, int> matchBracket(const QTextDocument &text, int caret)
     auto block = text.findBlock(caret);
     while (block.previous().isValid() && caret - block.position() < reach)
         block = block.previous();
+    const auto symbols = AbcLineState::of(block.previous().userState()).symbols;
     QString part;
     QVector<int> lines;
     for (; block.isValid() && block.position() < caret + reach; block = block.next()) {
         lines.append(block.position());
         part += block.text() + u'\n';
     }
-    AbcTokenizer tokens(part);
+    AbcTokenizer tokens(part, symbols);
     AbcToken token;
     while (tokens.next(token)) {
         const auto firstChar = lines[token.line] + token.column;

@@ -89,7 +89,7 @@ private slots:
         row("body", "X:1\nK:C\nab;", "Unknown token found in ABC body at line 3, column 3.");
         row("in a chord", "K:C\n[a;]", "Unknown token found in ABC body at line 2, column 3.");
         row("chord", "K:C\n[a|]", "Unexpected token found in chord at line 2, column 3.");
-        row("chord at the end", "K:C\n[a", "Unexpected token found in chord at line 3, column 1.");
+        row("chord at the end", "K:C\n[a\n", "Unexpected token found in chord at line 2, column 3.");
         row("giant chord", QStringLiteral("K:C\n[") + QString(20000, u'c') + u']',
             "Unexpected token found in chord at line 2, column 10002.");
         row("empty chord", "K:C\n[ ]", "Empty chord");

@@ -275,17 +275,25 @@ private slots:
         }
     }
 
-    void knowsWhereItStands()
+    // A text in two pieces is cut as it is in one, and the rest of a line can be left out.
+    void beginsWithSymbols()
     {
-        const auto text = QStringLiteral("ab\n\nc");
-        AbcTokenizer tokenizer(text);
+        const auto text = QStringLiteral("[I:linebreak $ !]ab\nI:decoration +\n!$!");
+        AbcTokenizer whole(text);
         AbcToken token;
-        for (int i = 0; i < 3; ++i)
-            QVERIFY(tokenizer.next(token));
-        QCOMPARE(token.line, 2);
-        QVERIFY(!tokenizer.next(token));
-        QCOMPARE(tokenizer.line(), 3);
-        QCOMPARE(tokenizer.column(), 0);
+        QVERIFY(whole.next(token));
+        whole.skipLine();
+        QVERIFY(whole.next(token));
+        QCOMPARE(token.line, 1);
+        AbcTokenizer rest(QStringView(text).right(3), whole.symbols());
+        AbcToken other;
+        while (whole.next(token)) {
+            QVERIFY(rest.next(other));
+            QCOMPARE(other.type, token.type);
+            QCOMPARE(other.text.size(), token.text.size());
+        }
+        QVERIFY(!rest.next(other));
+        QCOMPARE(whole.line(), 3);
     }
 };
 

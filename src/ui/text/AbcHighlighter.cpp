@@ -1,6 +1,6 @@
 #include "ui/text/AbcHighlighter.h"
 
-#include "core/AbcTokenizer.h"
+#include "edit/AbcLineState.h"
 #include "ui/text/EditorColours.h"
 
 #include <algorithm>
@@ -12,42 +12,9 @@ namespace {
 // a longer line are left in the colour of the text.
 constexpr int longestFineLine = 3000;
 
-// What a line hands to the next: flags of the block state.
-enum LineState { InMusic = 1, DollarBreaks = 2, BangBreaks = 4, BangDoesNotDecorate = 8 };
-
-// Instruction fields that bring a new tokenizer into the state, each on a line of its own.
-QString instructionsFor(int state)
+bool isInEveryHeader(AbcTokenType type)
 {
-    QString text;
-    if ((state & (DollarBreaks | BangBreaks)) != 0) {
-        text += QStringLiteral("I:linebreak");
-        text += (state & DollarBreaks) != 0 ? QStringLiteral(" $") : QString();
-        text += (state & BangBreaks) != 0 ? QStringLiteral(" !") : QString();
-        text += u'\n';
-    }
-    if ((state & BangDoesNotDecorate) != 0)
-        text += QStringLiteral("I:decoration +\n");
-    return text;
-}
-
-int stateBehind(const AbcToken &token, int state)
-{
-    if (token.type != AbcTokenType::FieldLine && token.type != AbcTokenType::InlineField)
-        return state;
-    const auto name = token.part(AbcPart::Name);
-    if (name == u"K")
-        return state | InMusic;
-    if (name != u"I")
-        return state;
-    const auto words = token.part(AbcPart::Value).toString().simplified().split(u' ');
-    const auto set = [&state](int flag, bool on) { state = on ? state | flag : state & ~flag; };
-    if (words.first() == u"linebreak" && words.size() > 1) {
-        set(DollarBreaks, words.contains(QStringLiteral("$")));
-        set(BangBreaks, words.contains(QStringLiteral("!")));
-    } else if (words.first() == u"decoration") {
-        set(BangDoesNotDecorate, words.value(1) != u"!");
-    }
-    return state;
+    return type == AbcTokenType::FieldLine || type == AbcTokenType::Comment || type == AbcTokenType::Instruction;
 }
 
 QTextCharFormat coloured(const QColor &colour, QFont::Weight weight = QFont::Normal, bool italic = false)
@@ -120,22 +87,16 @@ void AbcHighlighter::setColours(const EditorColours &colours)
 
 void AbcHighlighter::highlightBlock(const QString &line)
 {
-    auto state = std::max(0, previousBlockState());
-    const auto instructions = instructionsFor(state);
-    const int firstLine = int(instructions.count(u'\n'));
-    const QString text = instructions.isEmpty() ? line : instructions + line;
-    AbcTokenizer tokens(text);
+    auto state = AbcLineState::of(previousBlockState());
+    AbcTokenizer tokens(line, state.symbols);
     AbcToken token;
     while (tokens.next(token)) {
-        if (token.line < firstLine)
-            continue;
-        const bool isMusic = (state & InMusic) != 0;
-        state = stateBehind(token, state);
-        if (isMusic || token.type == AbcTokenType::FieldLine || token.type == AbcTokenType::Comment ||
-            token.type == AbcTokenType::Instruction)
+        if (state.inMusic || isInEveryHeader(token.type))
             highlight(token, token.column);
+        state.inMusic |= token.type == AbcTokenType::FieldLine && token.part(AbcPart::Name) == u"K";
     }
-    setCurrentBlockState(state);
+    state.symbols = tokens.symbols();
+    setCurrentBlockState(state.blockState());
 }
 
 void AbcHighlighter::highlight(const AbcToken &token, int column)

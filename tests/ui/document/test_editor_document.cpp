@@ -94,6 +94,8 @@ private slots:
         row("open chord at the end", "C [", "4:2+1");
         row("decoration in a chord", "[C!f!E]#", "4:2+3 4:7+1");
         row("huge number", "C99999999999 D#", "4:0+12 4:14+1");
+        row("grace notes hold what they like", "{[C99999999999 |}D#", "4:18+1");
+        row("giant chord", u'[' + QString(10'001, u'c') + QStringLiteral("d]\nC#"), "4:10001+1 4:10002+1 5:1+1");
         row("huge tuplet", "(9999999999CDE", "4:10+1");
     }
 

@@ -1,3 +1,4 @@
+#include "edit/AbcLineState.h"
 #include "edit/BracketMatch.h"
 #include "ui/EditorFixture.h"
 #include "ui/text/EditorColours.h"
@@ -130,6 +131,12 @@ private slots:
             found += QStringLiteral("%1-%2").arg(bracket).arg(partner);
         }
         QCOMPARE(found.join(u' '), QStringLiteral("0-4 -1--1 12-19 15-18 12-19 21-24 26-30 -1--1"));
+
+        // Far below the line that says so, "!" breaks lines instead of hiding a bracket in a decoration.
+        QTextDocument broken(u'\n' + QString(5000, u'z') + QStringLiteral("\n!(!c)!"));
+        QVERIFY(matchBracket(broken, 5003) == std::pair(-1, -1));
+        broken.firstBlock().setUserState(AbcLineState{true, {false, true, true}}.blockState());
+        QVERIFY(matchBracket(broken, 5003) == std::pair(5003, 5006));
     }
 
     void coloursTokens_data()
