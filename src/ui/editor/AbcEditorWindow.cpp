@@ -125,13 +125,13 @@ void AbcEditorWindow::createToolBar()
     add({Id::PlayFromStart, Id::PlayFromCaret, Id::LoopSelection, Id::Stop});
     addTempoControl(*bar);
     bar->addSeparator();
-    const auto addTool = [&](PianoRollActions::Id id, const QString &icon) {
+    const auto addTool = [&](RollActions::Id id, const QString &icon) {
         auto *const tool = roll_->actions().action(id);
         tool->setIcon(QIcon(icon));
         bar->addAction(tool);
     };
-    addTool(PianoRollActions::SelectTool, QStringLiteral(":/icons/select.png"));
-    addTool(PianoRollActions::DrawTool, QStringLiteral(":/icons/draw.png"));
+    addTool(RollActions::SelectTool, QStringLiteral(":/icons/select.png"));
+    addTool(RollActions::DrawTool, QStringLiteral(":/icons/draw.png"));
     bar->addSeparator();
     add({Id::Find, Id::Replace});
     bar->addAction((*actions_)[Id::ShowRoll]);

@@ -2,9 +2,9 @@
 
 #include "core/HeaderFields.h"
 #include "settings/Settings.h"
-#include "ui/roll/PianoRollKeyboard.h"
-#include "ui/roll/PianoRollRuler.h"
-#include "ui/roll/PianoRollText.h"
+#include "ui/roll/RollKeyboard.h"
+#include "ui/roll/RollRuler.h"
+#include "ui/roll/RollText.h"
 
 #include <cmath>
 #include <utility>
@@ -25,8 +25,8 @@ bool hasSample(const NoteEntry &entry)
 
 PianoRoll::PianoRoll(EditorDocument &document, Settings &settings, QWidget *parent)
     : QAbstractScrollArea(parent), document_(document), settings_(settings), commands_(document, state_),
-      mouse_(document, state_, commands_), actions_(new PianoRollActions(*this)),
-      keyboard_(new PianoRollKeyboard(state_, this)), ruler_(new PianoRollRuler(state_, this))
+      mouse_(document, state_, commands_), actions_(new RollActions(*this)), keyboard_(new RollKeyboard(state_, this)),
+      ruler_(new RollRuler(state_, this))
 {
     setFocusPolicy(Qt::StrongFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -72,23 +72,23 @@ void PianoRoll::connectDocument()
 
 void PianoRoll::connectParts()
 {
-    connect(&commands_, &PianoRollCommands::cursorMoved, this, &PianoRoll::onCursorMoved);
-    connect(&commands_, &PianoRollCommands::noteTouched, this, &PianoRoll::soundBriefly);
-    connect(&commands_, &PianoRollCommands::notesMoved, this, [this] {
+    connect(&commands_, &RollCommands::cursorMoved, this, &PianoRoll::onCursorMoved);
+    connect(&commands_, &RollCommands::noteTouched, this, &PianoRoll::soundBriefly);
+    connect(&commands_, &RollCommands::notesMoved, this, [this] {
         if (const auto &selected = document_.selectedNotes(); !selected.isEmpty() && !mouse_.isDown())
             showNote(state_.notes[state_.notes.ofEvent(selected.first())]);
     });
-    connect(&mouse_, &PianoRollMouse::dragChanged, viewport(), qOverload<>(&QWidget::update));
-    connect(&mouse_, &PianoRollMouse::notePressed, this, &PianoRoll::previewNote);
-    connect(&mouse_, &PianoRollMouse::noteReleased, this, &PianoRoll::stopPreview);
-    connect(keyboard_, &PianoRollKeyboard::pressed, this, [this](int pitch) {
+    connect(&mouse_, &RollMouse::dragChanged, viewport(), qOverload<>(&QWidget::update));
+    connect(&mouse_, &RollMouse::notePressed, this, &PianoRoll::previewNote);
+    connect(&mouse_, &RollMouse::noteReleased, this, &PianoRoll::stopPreview);
+    connect(keyboard_, &RollKeyboard::pressed, this, [this](int pitch) {
         commands_.placeCursor(state_.cursor, pitch);
         emit previewNote(pitch);
     });
-    connect(keyboard_, &PianoRollKeyboard::released, this, &PianoRoll::stopPreview);
-    connect(keyboard_, &PianoRollKeyboard::hovered, this, &PianoRoll::setKeyUnderMouse);
-    connect(ruler_, &PianoRollRuler::cursorPicked, this, [this](Ticks tick) { commands_.setCursor(tick); });
-    connect(ruler_, &PianoRollRuler::playRequested, this, &PianoRoll::playRequested);
+    connect(keyboard_, &RollKeyboard::released, this, &PianoRoll::stopPreview);
+    connect(keyboard_, &RollKeyboard::hovered, this, &PianoRoll::setKeyUnderMouse);
+    connect(ruler_, &RollRuler::cursorPicked, this, [this](Ticks tick) { commands_.setCursor(tick); });
+    connect(ruler_, &RollRuler::playRequested, this, &PianoRoll::playRequested);
     connect(&previewEnd_, &QTimer::timeout, this, &PianoRoll::stopPreview);
     connect(&edgeScroll_, &QTimer::timeout, this, &PianoRoll::dragBeyondEdge);
 }
@@ -100,7 +100,7 @@ void PianoRoll::readTrack()
     mouse_.cancel();
     const auto &track = document_.track();
     state_.measures = Measures(track);
-    state_.notes = PianoRollNotes(track);
+    state_.notes = RollNotes(track);
     state_.length = track.length();
     const auto key =
         HeaderFields::findKey(track.headerField(QStringLiteral("K")), HeaderFields::ModeReading::WholeWord);
@@ -118,15 +118,15 @@ void PianoRoll::readTrack()
 void PianoRoll::readFlags()
 {
     state_.noteFlags.assign(size_t(state_.notes.count()), 0);
-    const auto mark = [this](int event, PianoRollState::NoteFlag flag) {
+    const auto mark = [this](int event, RollState::NoteFlag flag) {
         if (const auto note = state_.notes.ofEvent(event); note >= 0)
             state_.noteFlags[size_t(note)] |= quint8(flag);
     };
     for (const auto event : document_.selectedNotes())
-        mark(event, PianoRollState::Selected);
+        mark(event, RollState::Selected);
     for (const auto event : document_.playback().notes())
-        mark(event, PianoRollState::Sounding);
-    mark(document_.caret().note, PianoRollState::AtCaret);
+        mark(event, RollState::Sounding);
+    mark(document_.caret().note, RollState::AtCaret);
 }
 
 void PianoRoll::readInstrument()
@@ -143,7 +143,7 @@ void PianoRoll::readInstrument()
 
 void PianoRoll::readColours()
 {
-    state_.colours = PianoRollColours(palette(), settings_.value(Settings::NoteColor).value<QColor>());
+    state_.colours = RollColours(palette(), settings_.value(Settings::NoteColor).value<QColor>());
     auto names = font();
     names.setPixelSize(10);
     painter_.setFont(names);
@@ -188,7 +188,7 @@ void PianoRoll::onSoundingChanged()
     updateNotes(before);
     updateNotes(shownSounding_);
 
-    PianoRollState::PitchSet keys;
+    RollState::PitchSet keys;
     for (const auto event : shownSounding_) {
         if (const auto note = state_.notes.ofEvent(event); note >= 0)
             keys.set(size_t(state_.notes[note].pitch));
@@ -232,8 +232,8 @@ void PianoRoll::onCursorMoved()
         showPitch(state_.cursorPitch);
     }
     updateAccessibleText();
-    emit statusChanged(PianoRollText::position(state_.cursor, state_.measures) + QStringLiteral(" · ") +
-                       PianoRollText::pitch(state_.cursorPitch, state_.keyRow));
+    emit statusChanged(RollText::position(state_.cursor, state_.measures) + QStringLiteral(" · ") +
+                       RollText::pitch(state_.cursorPitch, state_.keyRow));
 }
 
 void PianoRoll::updateLine(Ticks tick)
@@ -246,8 +246,8 @@ void PianoRoll::updateLine(Ticks tick)
 void PianoRoll::updateAccessibleText()
 {
     const auto &selected = document_.selectedNotes();
-    auto text = PianoRollText::position(state_.cursor, state_.measures) + QStringLiteral(", ") +
-                PianoRollText::pitch(state_.cursorPitch, state_.keyRow);
+    auto text = RollText::position(state_.cursor, state_.measures) + QStringLiteral(", ") +
+                RollText::pitch(state_.cursorPitch, state_.keyRow);
     if (selected.size() == 1)
         text = describe(state_.notes[state_.notes.ofEvent(selected.first())]);
     else if (!selected.isEmpty())
@@ -255,11 +255,11 @@ void PianoRoll::updateAccessibleText()
     setAccessibleDescription(text); // tells assistive programs by itself
 }
 
-QString PianoRoll::describe(const PianoRollNote &note) const
+QString PianoRoll::describe(const RollNote &note) const
 {
     return tr("%1, %2, length %3")
-        .arg(PianoRollText::pitch(note.pitch, state_.keyRow), PianoRollText::position(note.start, state_.measures),
-             PianoRollText::length(note.length));
+        .arg(RollText::pitch(note.pitch, state_.keyRow), RollText::position(note.start, state_.measures),
+             RollText::length(note.length));
 }
 
 void PianoRoll::soundBriefly(int pitch)
@@ -285,7 +285,7 @@ void PianoRoll::setKeyUnderMouse(std::optional<int> pitch)
 
 void PianoRoll::setSnap(int choice)
 {
-    state_.snap.setChoice(std::clamp(choice, 0, PianoRollSnap::choiceCount() - 1));
+    state_.snap.setChoice(std::clamp(choice, 0, RollSnap::choiceCount() - 1));
     actions_->update();
     viewport()->update();
 }

@@ -1,16 +1,16 @@
 #pragma once
 
-#include "ui/roll/PianoRollActions.h"
-#include "ui/roll/PianoRollCommands.h"
-#include "ui/roll/PianoRollMouse.h"
-#include "ui/roll/PianoRollPainter.h"
-#include "ui/roll/PianoRollState.h"
+#include "ui/roll/RollActions.h"
+#include "ui/roll/RollCommands.h"
+#include "ui/roll/RollMouse.h"
+#include "ui/roll/RollPainter.h"
+#include "ui/roll/RollState.h"
 
 #include <QAbstractScrollArea>
 #include <QTimer>
 
-class PianoRollKeyboard;
-class PianoRollRuler;
+class RollKeyboard;
+class RollRuler;
 class Settings;
 
 // A document's notes as bars over time, beside a keyboard and under the measures. Shows and changes the document's
@@ -25,10 +25,10 @@ public:
     ~PianoRoll() override;
 
     EditorDocument &document() { return document_; }
-    const PianoRollState &state() const { return state_; }
-    PianoRollActions &actions() { return *actions_; }
-    PianoRollCommands &commands() { return commands_; }
-    PianoRollMouse &mouse() { return mouse_; }
+    const RollState &state() const { return state_; }
+    RollActions &actions() { return *actions_; }
+    RollCommands &commands() { return commands_; }
+    RollMouse &mouse() { return mouse_; }
 
     // Counted in steps of the settings; what is at the middle of the view stays there.
     void zoomTime(int steps);
@@ -41,7 +41,7 @@ public:
 
     // Scrolls as little as needed.
     void showTick(Ticks tick);
-    void showNote(const PianoRollNote &note);
+    void showNote(const RollNote &note);
 
     QSize sizeHint() const override { return {900, 420}; }
 
@@ -93,18 +93,18 @@ private:
     void applyZoom(int hScale, int vScale, const QPoint &anchor);
     void wheelZoom(const QWheelEvent &event);
     QString statusAt(const QPoint &position) const;
-    QString describe(const PianoRollNote &note) const;
+    QString describe(const RollNote &note) const;
     void updateAccessibleText();
 
     EditorDocument &document_;
     Settings &settings_;
-    PianoRollState state_;
-    PianoRollPainter painter_;
-    PianoRollCommands commands_;
-    PianoRollMouse mouse_;
-    PianoRollActions *actions_;
-    PianoRollKeyboard *keyboard_;
-    PianoRollRuler *ruler_;
+    RollState state_;
+    RollPainter painter_;
+    RollCommands commands_;
+    RollMouse mouse_;
+    RollActions *actions_;
+    RollKeyboard *keyboard_;
+    RollRuler *ruler_;
     QTimer previewEnd_;
     QTimer edgeScroll_;
     QPoint mousePosition_;

@@ -3,9 +3,9 @@
 #include "support/Rows.h"
 #include "ui/PaintCounter.h"
 #include "ui/roll/PianoRoll.h"
-#include "ui/roll/PianoRollKeyboard.h"
-#include "ui/roll/PianoRollRuler.h"
-#include "ui/roll/PianoRollText.h"
+#include "ui/roll/RollKeyboard.h"
+#include "ui/roll/RollRuler.h"
+#include "ui/roll/RollText.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -42,7 +42,7 @@ struct Fixture
     }
 
     QWidget *canvas() { return roll.viewport(); }
-    const PianoRollState &state() const { return roll.state(); }
+    const RollState &state() const { return roll.state(); }
 
     QPoint at(Ticks tick, int pitch) const
     {
@@ -83,10 +83,10 @@ struct Fixture
     // "start+length:pitch" in eighths, by start and pitch, the selected ones with a star.
     QString notes() const
     {
-        QVector<PianoRollNote> sorted;
+        QVector<RollNote> sorted;
         for (int note = 0; note < state().notes.count(); ++note)
             sorted.append(state().notes[note]);
-        std::sort(sorted.begin(), sorted.end(), [](const PianoRollNote &a, const PianoRollNote &b) {
+        std::sort(sorted.begin(), sorted.end(), [](const RollNote &a, const RollNote &b) {
             return std::tie(a.start, a.pitch) < std::tie(b.start, b.pitch);
         });
         QStringList texts;
@@ -249,7 +249,7 @@ private slots:
         QTest::mouseRelease(fixture.canvas(), Qt::LeftButton, {}, spot);
         QCOMPARE(fixture.notes(), QStringLiteral("0+1:60 2+1:64*"));
         fixture.press("D");
-        QVERIFY(fixture.roll.actions().action(PianoRollActions::DrawTool)->isChecked());
+        QVERIFY(fixture.roll.actions().action(RollActions::DrawTool)->isChecked());
         fixture.drag(fixture.at(5 * eighth + 900, 67), fixture.at(8 * eighth - 400, 67));
         QCOMPARE(fixture.notes(), QStringLiteral("0+1:60 2+1:64 5+3:67*"));
         // The next one is as long; pitches that cannot be played are not drawn.
@@ -290,10 +290,9 @@ private slots:
         fixture.roll.clearFocus();
         fixture.document.setCaret(start + 3, {start + 1, 2});
         QCOMPARE(fixture.notes(), QStringLiteral("0+1:60 1+1:62* 2+1:64* 3+1:65"));
-        QVERIFY(fixture.state().has(1, PianoRollState::Selected));
-        QVERIFY(!fixture.state().has(0, PianoRollState::Selected));
-        QVERIFY(
-            fixture.state().has(fixture.state().notes.ofEvent(fixture.document.caret().note), PianoRollState::AtCaret));
+        QVERIFY(fixture.state().has(1, RollState::Selected));
+        QVERIFY(!fixture.state().has(0, RollState::Selected));
+        QVERIFY(fixture.state().has(fixture.state().notes.ofEvent(fixture.document.caret().note), RollState::AtCaret));
         QCOMPARE(fixture.state().cursor, fixture.document.caret().tick);
 
         QTextCursor typing(fixture.document.text());
@@ -311,7 +310,7 @@ private slots:
         Fixture fixture("C4");
         QSignalSpy started(&fixture.document, &EditorDocument::previewNoteRequested);
         QSignalSpy stopped(&fixture.document, &EditorDocument::previewNoteStopped);
-        auto *keyboard = fixture.roll.findChild<PianoRollKeyboard *>();
+        auto *keyboard = fixture.roll.findChild<RollKeyboard *>();
         QTest::mousePress(keyboard, Qt::LeftButton, {}, QPoint(50, fixture.at(0, 67).y()));
         QCOMPARE(started.takeFirst().at(0).toUInt(), 67U);
         QTest::mouseRelease(keyboard, Qt::LeftButton, {}, QPoint(50, 3));
@@ -347,7 +346,7 @@ private slots:
     void ruler()
     {
         Fixture fixture("C8 D8 E8");
-        auto *ruler = fixture.roll.findChild<PianoRollRuler *>();
+        auto *ruler = fixture.roll.findChild<RollRuler *>();
         QTest::mouseClick(ruler, Qt::LeftButton, {}, QPoint(int(fixture.state().geometry.x(5 * eighth)) + 3, 10));
         QCOMPARE(fixture.state().cursor, 5 * eighth);
         Ticks playedFrom = -1;

@@ -1,10 +1,10 @@
 #include "core/AbcParser.h"
 #include "core/Measures.h"
 #include "support/Rows.h"
-#include "ui/roll/PianoRollGeometry.h"
-#include "ui/roll/PianoRollNotes.h"
-#include "ui/roll/PianoRollSnap.h"
-#include "ui/roll/PianoRollText.h"
+#include "ui/roll/RollGeometry.h"
+#include "ui/roll/RollNotes.h"
+#include "ui/roll/RollSnap.h"
+#include "ui/roll/RollText.h"
 
 #include <QRandomGenerator>
 
@@ -31,7 +31,7 @@ private slots:
         const Measures measures(track);
         QStringList positions;
         for (const double quarters : {0.0, 4.5, 5.0, 7.0, 12.0, 13.5})
-            positions += PianoRollText::position(Ticks(quarters * ticksPerQuarter), measures);
+            positions += RollText::position(Ticks(quarters * ticksPerQuarter), measures);
         // The change cuts the second measure short and begins the third.
         QCOMPARE(positions.join(u'|').remove(QStringLiteral("Measure ")),
                  QStringLiteral("1, beat 1|2, beat 2 + 1/8|3, beat 1|4, beat 1|5, beat 4|6, beat 2"));
@@ -62,7 +62,7 @@ private slots:
         QFETCH(Ticks, tick);
         Track track;
         track.setMetre(3 * ticksPerQuarter, 3);
-        PianoRollSnap snap;
+        RollSnap snap;
         snap.setChoice(choice);
         QTEST(snap.label(choice), "label");
         QTEST(snap.nearest(tick, Measures(track)), "nearest");
@@ -72,10 +72,10 @@ private slots:
     {
         QStringList names; // by the pitch and the row of the key: C, D twice, Bb, C#, Cb
         for (const auto &[pitch, key] : {std::pair(60, 7), {66, 5}, {65, 5}, {58, 9}, {60, 0}, {59, 14}})
-            names += PianoRollText::pitch(pitch, key);
+            names += RollText::pitch(pitch, key);
         QCOMPARE(names.join(u' '), QStringLiteral("C4 F♯4 F4 B♭3 B♯3 C♭4"));
-        QCOMPARE(PianoRollText::length(3 * eighth / 2), QStringLiteral("3/16"));
-        QCOMPARE(PianoRollText::length(2 * ticksPerWholeNote), QStringLiteral("2"));
+        QCOMPARE(RollText::length(3 * eighth / 2), QStringLiteral("3/16"));
+        QCOMPARE(RollText::length(2 * ticksPerWholeNote), QStringLiteral("2"));
     }
 
     // Against a look at every note, with one note that is longer than all others together.
@@ -87,7 +87,7 @@ private slots:
         for (int i = 0; i < 1000; ++i)
             track.appendEvent(TrackEvent::note(60, Ticks(random.bounded(50'000)), Ticks(random.bounded(1, 300))));
         track.normalize();
-        const PianoRollNotes notes(track);
+        const RollNotes notes(track);
         for (int i = 0; i < 200; ++i) {
             const auto from = Ticks(random.bounded(52'000));
             const auto to = from + Ticks(random.bounded(1, 4000));
@@ -105,7 +105,7 @@ private slots:
 private:
     static void checkGeometry(int hScale, double ratio)
     {
-        PianoRollGeometry geometry;
+        RollGeometry geometry;
         geometry.setHScale(hScale);
         geometry.setDevicePixelRatio(ratio);
         geometry.setScroll({137, 55});
@@ -118,7 +118,7 @@ private:
             QCOMPARE(geometry.pitch(geometry.top(pitch) + 1), pitch);
             QCOMPARE(geometry.pitch(geometry.bottom(pitch) - 1), pitch);
         }
-        QCOMPARE(geometry.pitch(-1e6), PianoRollGeometry::highestPitch);
+        QCOMPARE(geometry.pitch(-1e6), RollGeometry::highestPitch);
         QVERIFY(geometry.contentWidth(maxTicks) > 0);
     }
 };

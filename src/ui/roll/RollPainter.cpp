@@ -1,7 +1,7 @@
-#include "ui/roll/PianoRollPainter.h"
+#include "ui/roll/RollPainter.h"
 
 #include "core/AbcParser.h"
-#include "ui/roll/PianoRollText.h"
+#include "ui/roll/RollText.h"
 
 namespace {
 
@@ -11,17 +11,17 @@ constexpr int leastNamedRow = 14;
 constexpr qreal leastNamedWidth = 34;
 constexpr int leastLinedRow = 8;
 
-using Look = PianoRollNoteBrush::Look;
+using Look = RollNoteBrush::Look;
 
 } // namespace
 
-void PianoRollPainter::setFont(const QFont &font)
+void RollPainter::setFont(const QFont &font)
 {
     font_ = font;
     names_.fill({});
 }
 
-void PianoRollPainter::paint(QPainter &painter, const PianoRollState &state, const QRect &clip)
+void RollPainter::paint(QPainter &painter, const RollState &state, const QRect &clip)
 {
     const auto &geometry = state.geometry;
     painter_ = &painter;
@@ -39,7 +39,7 @@ void PianoRollPainter::paint(QPainter &painter, const PianoRollState &state, con
     namesKeyRow_ = state.keyRow;
     const qreal inset = geometry.rowHeight() >= leastLinedRow ? geometry.hairline() : 0;
     noteHeight_ = geometry.sharp(geometry.rowHeight() - inset);
-    for (auto pitch = PianoRollGeometry::lowestPitch; pitch <= PianoRollGeometry::highestPitch; ++pitch)
+    for (auto pitch = RollGeometry::lowestPitch; pitch <= RollGeometry::highestPitch; ++pitch)
         tops_[size_t(pitch)] = geometry.top(pitch);
     brush_.prepare(state.colours, noteHeight_, geometry.devicePixelRatio());
 
@@ -52,18 +52,18 @@ void PianoRollPainter::paint(QPainter &painter, const PianoRollState &state, con
     paintLines();
 }
 
-void PianoRollPainter::horizontalLine(qreal y, const QColor &colour)
+void RollPainter::horizontalLine(qreal y, const QColor &colour)
 {
     painter_->fillRect(QRectF(clip_.left(), y, clip_.width(), state_->geometry.hairline()), colour);
 }
 
-void PianoRollPainter::verticalLine(Ticks tick, const QColor &colour, qreal width)
+void RollPainter::verticalLine(Ticks tick, const QColor &colour, qreal width)
 {
     const auto x = state_->geometry.x(tick);
     painter_->fillRect(QRectF(x, clip_.top(), state_->geometry.sharp(width), clip_.height()), colour);
 }
 
-void PianoRollPainter::paintRows()
+void RollPainter::paintRows()
 {
     const auto &geometry = state_->geometry;
     const auto &colours = state_->colours;
@@ -72,7 +72,7 @@ void PianoRollPainter::paintRows()
     for (auto pitch = geometry.pitch(clip_.top()); pitch >= lowest; --pitch) {
         const auto top = geometry.top(pitch);
         const QRectF row(clip_.left(), top, clip_.width(), geometry.bottom(pitch) - top);
-        painter_->fillRect(row, PianoRollState::isBlackKey(pitch) ? colours.blackRow : colours.whiteRow);
+        painter_->fillRect(row, RollState::isBlackKey(pitch) ? colours.blackRow : colours.whiteRow);
         if (!isPlayable(pitch))
             painter_->fillRect(row, colours.unplayable);
         if (state_->silent.test(size_t(pitch)) && isPlayable(pitch)) {
@@ -92,13 +92,13 @@ void PianoRollPainter::paintRows()
                            colours.afterEnd);
 }
 
-void PianoRollPainter::hatch(const QRectF &rows)
+void RollPainter::hatch(const QRectF &rows)
 {
     painter_->setBrushOrigin(-state_->geometry.scroll()); // it scrolls with the rows
     painter_->fillRect(rows, QBrush(state_->colours.silent, Qt::BDiagPattern));
 }
 
-void PianoRollPainter::paintGrid()
+void RollPainter::paintGrid()
 {
     const auto &geometry = state_->geometry;
     const auto leastDistance = geometry.ticksIn(leastLineDistance);
@@ -113,32 +113,32 @@ void PianoRollPainter::paintGrid()
     });
 }
 
-void PianoRollPainter::paintSteps(const Measure &measure, Ticks step, const QColor &colour)
+void RollPainter::paintSteps(const Measure &measure, Ticks step, const QColor &colour)
 {
     const auto first = measure.start + std::max(Ticks(1), (from_ - measure.start) / step) * step;
     for (auto tick = first; tick < std::min(to_, measure.end); tick += step)
         verticalLine(tick, colour, state_->geometry.hairline());
 }
 
-void PianoRollPainter::paintNotes()
+void RollPainter::paintNotes()
 {
     brush_.begin(*painter_);
     const bool isDragged = state_->drag.changesNotes();
     state_->notes.forEachIn(from_, to_, [&](int note) {
-        const bool isSelected = state_->has(note, PianoRollState::Selected);
+        const bool isSelected = state_->has(note, RollState::Selected);
         auto look = isSelected ? Look::Selected : Look::Plain;
         if (isSelected && isDragged)
             look = Look::Faded;
-        else if (state_->has(note, PianoRollState::Sounding))
+        else if (state_->has(note, RollState::Sounding))
             look = Look::Sounding;
         paintNote(state_->notes[note], look);
     });
     brush_.end();
 }
 
-void PianoRollPainter::paintNote(const PianoRollNote &note, Look look)
+void RollPainter::paintNote(const RollNote &note, Look look)
 {
-    if (note.pitch < PianoRollGeometry::lowestPitch || note.pitch > PianoRollGeometry::highestPitch)
+    if (note.pitch < RollGeometry::lowestPitch || note.pitch > RollGeometry::highestPitch)
         return;
     const auto top = tops_[size_t(note.pitch)];
     if (top + noteHeight_ <= clip_.top() || top >= clip_.bottom())
@@ -151,11 +151,11 @@ void PianoRollPainter::paintNote(const PianoRollNote &note, Look look)
         paintName(rect, note.pitch, brush_.colours(look).text);
 }
 
-void PianoRollPainter::paintName(const QRectF &rect, int pitch, const QColor &colour)
+void RollPainter::paintName(const QRectF &rect, int pitch, const QColor &colour)
 {
     auto &name = names_[size_t(pitch)];
     if (name.text().isEmpty()) {
-        name = QStaticText(PianoRollText::pitch(pitch, state_->keyRow));
+        name = QStaticText(RollText::pitch(pitch, state_->keyRow));
         name.setTextFormat(Qt::PlainText);
         name.prepare({}, font_);
     }
@@ -163,12 +163,12 @@ void PianoRollPainter::paintName(const QRectF &rect, int pitch, const QColor &co
     painter_->drawStaticText(QPointF(rect.left() + 5, rect.center().y() - name.size().height() / 2), name);
 }
 
-void PianoRollPainter::paintDrag()
+void RollPainter::paintDrag()
 {
     const auto &drag = state_->drag;
     if (!drag.isRunning())
         return;
-    if (drag.kind == PianoRollDrag::Kind::Band) {
+    if (drag.kind == RollDrag::Kind::Band) {
         auto fill = state_->colours.band;
         fill.setAlpha(46);
         painter_->fillRect(drag.band, fill);
@@ -177,30 +177,30 @@ void PianoRollPainter::paintDrag()
         return;
     }
     brush_.begin(*painter_);
-    if (drag.kind == PianoRollDrag::Kind::Draw) {
+    if (drag.kind == RollDrag::Kind::Draw) {
         paintNote(drag.drawn, Look::Selected);
     } else {
-        const bool isResize = drag.kind == PianoRollDrag::Kind::Resize;
+        const bool isResize = drag.kind == RollDrag::Kind::Resize;
         const auto from = isResize ? from_ - std::max(Ticks(0), drag.ticks) : from_ - drag.ticks;
         state_->notes.forEachIn(from, isResize ? to_ : to_ - drag.ticks, [&](int note) {
-            if (state_->has(note, PianoRollState::Selected))
+            if (state_->has(note, RollState::Selected))
                 paintNote(state_->dragged(state_->notes[note]), Look::Selected);
         });
     }
     brush_.end();
 }
 
-void PianoRollPainter::paintCaretNotes()
+void RollPainter::paintCaretNotes()
 {
     painter_->setBrush(Qt::NoBrush);
     painter_->setPen(QPen(state_->colours.cursor, 2));
     state_->notes.forEachIn(from_, to_, [&](int note) {
-        if (state_->has(note, PianoRollState::AtCaret))
+        if (state_->has(note, RollState::AtCaret))
             painter_->drawRect(state_->rect(state_->notes[note]).adjusted(0, 0, -1, -1));
     });
 }
 
-void PianoRollPainter::paintLines()
+void RollPainter::paintLines()
 {
     const auto &geometry = state_->geometry;
     verticalLine(state_->cursor, state_->colours.cursor, 1);

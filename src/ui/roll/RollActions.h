@@ -8,7 +8,7 @@ class PianoRoll;
 
 // The commands of the piano roll as actions. Their shortcuts work while the roll has the focus; the window puts the
 // actions into its menus and tool bars.
-class PianoRollActions : public QObject
+class RollActions : public QObject
 {
     Q_OBJECT
 
@@ -53,7 +53,7 @@ public:
     };
 
     // Adds the actions to the roll, which owns this object.
-    explicit PianoRollActions(PianoRoll &roll);
+    explicit RollActions(PianoRoll &roll);
 
     QAction *action(Id id) const { return actions_[id]; }
 

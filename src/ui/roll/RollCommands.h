@@ -5,11 +5,11 @@
 #include <functional>
 #include <optional>
 
-struct PianoRollState;
+struct RollState;
 
 // What can be done to the notes in the piano roll, by keys, menus and the mouse alike. Every change of notes is one
 // step of the document's history. The commands bring the document's reading up to date before they use it.
-class PianoRollCommands : public QObject
+class RollCommands : public QObject
 {
     Q_OBJECT
 
@@ -17,7 +17,7 @@ public:
     enum class Direction { Back = -1, Forward = 1 };
 
     // Both must outlive the commands.
-    PianoRollCommands(EditorDocument &document, PianoRollState &state, QObject *parent = nullptr);
+    RollCommands(EditorDocument &document, RollState &state, QObject *parent = nullptr);
 
     // The cursor stands on a tick and a pitch. The document's caret goes along when the cursor is set, not when an edit
     // takes it on.
@@ -73,6 +73,6 @@ private:
     QVector<NoteSpec> clipboardNotes() const;
 
     EditorDocument &document_;
-    PianoRollState &state_;
+    RollState &state_;
     std::optional<Ticks> lastLength_;
 };

@@ -5,7 +5,7 @@
 
 // The colours of the piano roll, all mixed from a palette and the colour of notes, so that they follow light and dark
 // looks.
-struct PianoRollColours
+struct RollColours
 {
     struct Note
     {
@@ -39,5 +39,5 @@ struct PianoRollColours
     Note sounding;
     Note faded; // where a note comes from while it is dragged
 
-    PianoRollColours(const QPalette &palette, const QColor &noteColour);
+    RollColours(const QPalette &palette, const QColor &noteColour);
 };

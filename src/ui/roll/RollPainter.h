@@ -1,17 +1,17 @@
 #pragma once
 
-#include "ui/roll/PianoRollNoteBrush.h"
-#include "ui/roll/PianoRollState.h"
+#include "ui/roll/RollNoteBrush.h"
+#include "ui/roll/RollState.h"
 
 #include <QFont>
 #include <QStaticText>
 
 // Paints the canvas of the piano roll. Keeps the pixmaps and the texts that it paints often.
-class PianoRollPainter
+class RollPainter
 {
 public:
     // Everything that touches the clip rectangle. The cost grows with what is seen there, not with the track.
-    void paint(QPainter &painter, const PianoRollState &state, const QRect &clip);
+    void paint(QPainter &painter, const RollState &state, const QRect &clip);
 
     void setFont(const QFont &font);
 
@@ -21,7 +21,7 @@ private:
     void paintGrid();
     void paintSteps(const Measure &measure, Ticks step, const QColor &colour);
     void paintNotes();
-    void paintNote(const PianoRollNote &note, PianoRollNoteBrush::Look look);
+    void paintNote(const RollNote &note, RollNoteBrush::Look look);
     void paintDrag();
     void paintCaretNotes();
     void paintName(const QRectF &rect, int pitch, const QColor &colour);
@@ -30,14 +30,14 @@ private:
     void horizontalLine(qreal y, const QColor &colour);
 
     QPainter *painter_ = nullptr; // these two while painting
-    const PianoRollState *state_ = nullptr;
+    const RollState *state_ = nullptr;
     QRectF clip_;
     Ticks from_ = 0; // the ticks that the clip rectangle covers
     Ticks to_ = 0;
     std::array<qreal, 128> tops_{}; // of the rows
     qreal noteHeight_ = 0;
 
-    PianoRollNoteBrush brush_;
+    RollNoteBrush brush_;
     QFont font_;
     std::array<QStaticText, 128> names_;
     quint32 namesKeyRow_ = 0;

@@ -1,6 +1,6 @@
-#include "ui/roll/PianoRollNotes.h"
+#include "ui/roll/RollNotes.h"
 
-PianoRollNotes::PianoRollNotes(const Track &track)
+RollNotes::RollNotes(const Track &track)
 {
     const auto &events = track.events();
     notes_.reserve(events.size());
@@ -15,15 +15,15 @@ PianoRollNotes::PianoRollNotes(const Track &track)
     }
 }
 
-int PianoRollNotes::firstStartingAtOrAfter(Ticks tick) const
+int RollNotes::firstStartingAtOrAfter(Ticks tick) const
 {
-    const auto startsBefore = [](const PianoRollNote &note, Ticks at) { return note.start < at; };
+    const auto startsBefore = [](const RollNote &note, Ticks at) { return note.start < at; };
     return int(std::lower_bound(notes_.begin(), notes_.end(), tick, startsBefore) - notes_.begin());
 }
 
-int PianoRollNotes::ofEvent(int event) const
+int RollNotes::ofEvent(int event) const
 {
-    const auto isBefore = [](const PianoRollNote &note, int at) { return note.event < at; };
+    const auto isBefore = [](const RollNote &note, int at) { return note.event < at; };
     const auto found = std::lower_bound(notes_.begin(), notes_.end(), event, isBefore);
     return found != notes_.end() && found->event == event ? int(found - notes_.begin()) : -1;
 }

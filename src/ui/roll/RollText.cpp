@@ -1,4 +1,4 @@
-#include "ui/roll/PianoRollText.h"
+#include "ui/roll/RollText.h"
 
 #include "core/KeyTable.h"
 #include "core/Measures.h"
@@ -7,7 +7,7 @@
 
 #include <numeric>
 
-namespace PianoRollText {
+namespace RollText {
 
 QString pitch(int pitch, quint32 keyRow)
 {
@@ -42,4 +42,4 @@ QString position(Ticks tick, const Measures &measures)
     return text;
 }
 
-} // namespace PianoRollText
+} // namespace RollText

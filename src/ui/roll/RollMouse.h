@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ui/roll/PianoRollCommands.h"
-#include "ui/roll/PianoRollNotes.h"
+#include "ui/roll/RollCommands.h"
+#include "ui/roll/RollNotes.h"
 
 #include <QMouseEvent>
 
@@ -13,7 +13,7 @@
 //   drag             moves the selected notes, with Ctrl copies of them; at a note's right edge resizes
 //   drag from empty  selects what the rectangle touches; Shift adds, Ctrl toggles. The drawing tool draws a note
 //   Alt              leaves the grid
-class PianoRollMouse : public QObject
+class RollMouse : public QObject
 {
     Q_OBJECT
 
@@ -21,8 +21,7 @@ public:
     enum class Tool { Select, Draw };
 
     // All must outlive the object.
-    PianoRollMouse(EditorDocument &document, PianoRollState &state, PianoRollCommands &commands,
-                   QObject *parent = nullptr);
+    RollMouse(EditorDocument &document, RollState &state, RollCommands &commands, QObject *parent = nullptr);
 
     Tool tool() const { return tool_; }
     void setTool(Tool tool) { tool_ = tool; }
@@ -66,15 +65,15 @@ private:
     Ticks snapped(Ticks tick, bool snaps) const;
 
     EditorDocument &document_;
-    PianoRollState &state_;
-    PianoRollCommands &commands_;
+    RollState &state_;
+    RollCommands &commands_;
     Tool tool_ = Tool::Select;
 
     bool isDown_ = false;
     QPointF pressedAt_; // in the whole picture, so that scrolling does not move it
     Qt::KeyboardModifiers modifiers_;
     Grip grip_;
-    PianoRollNote gripped_;
+    RollNote gripped_;
     bool wasSelected_ = false;
     int soundingPitch_ = -1;
 };

@@ -6,7 +6,7 @@
 
 // The grid that edits snap to: the track's unit length, multiples, divisions and triplets of it, counted from the start
 // of each measure. A value.
-class PianoRollSnap
+class RollSnap
 {
 public:
     // Choices are counted from 0; the last one is none: every tick.

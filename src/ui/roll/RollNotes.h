@@ -6,7 +6,7 @@
 
 #include <optional>
 
-struct PianoRollNote
+struct RollNote
 {
     Ticks start = 0;
     Ticks length = 0;
@@ -18,13 +18,13 @@ struct PianoRollNote
 
 // The notes of a track by start, made for finding those in a window of time quickly, however long the longest is. A
 // value.
-class PianoRollNotes
+class RollNotes
 {
 public:
-    explicit PianoRollNotes(const Track &track = {});
+    explicit RollNotes(const Track &track = {});
 
     int count() const { return int(notes_.size()); }
-    const PianoRollNote &operator[](int note) const { return notes_[note]; }
+    const RollNote &operator[](int note) const { return notes_[note]; }
 
     // Calls visit(int note) for the notes that touch from..to, by start.
     template<typename Visit>
@@ -50,6 +50,6 @@ public:
 private:
     static constexpr int blockSize = 64;
 
-    QVector<PianoRollNote> notes_;
+    QVector<RollNote> notes_;
     QVector<Ticks> blockEnds_; // where the last note of each 64 ends
 };

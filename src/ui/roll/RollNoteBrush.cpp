@@ -1,4 +1,4 @@
-#include "ui/roll/PianoRollNoteBrush.h"
+#include "ui/roll/RollNoteBrush.h"
 
 #include <cmath>
 
@@ -9,7 +9,7 @@ constexpr qreal leastRoundedHeight = 6;
 
 } // namespace
 
-void PianoRollNoteBrush::prepare(const PianoRollColours &colours, qreal height, qreal devicePixelRatio)
+void RollNoteBrush::prepare(const RollColours &colours, qreal height, qreal devicePixelRatio)
 {
     const std::array noteColours{colours.note, colours.faded, colours.selected, colours.sounding};
     const bool isKept = height == height_ && devicePixelRatio == ratio_;
@@ -27,7 +27,7 @@ void PianoRollNoteBrush::prepare(const PianoRollColours &colours, qreal height, 
     }
 }
 
-void PianoRollNoteBrush::makeEnds(Ends &ends) const
+void RollNoteBrush::makeEnds(Ends &ends) const
 {
     const QSizeF size(2 * end_, height_);
     QPixmap whole((size * ratio_).toSize());
@@ -50,7 +50,7 @@ void PianoRollNoteBrush::makeEnds(Ends &ends) const
     ends.right = whole.copy({{half.width(), 0}, half});
 }
 
-void PianoRollNoteBrush::paint(const QRectF &rect, int pitch, Look look)
+void RollNoteBrush::paint(const QRectF &rect, int pitch, Look look)
 {
     if (rect.width() >= 2 * end_ + pixel_ && rect.height() >= leastRoundedHeight)
         paintRounded(rect, looks_[size_t(look)]);
@@ -58,7 +58,7 @@ void PianoRollNoteBrush::paint(const QRectF &rect, int pitch, Look look)
         paintFlat(rect, pitch, look);
 }
 
-void PianoRollNoteBrush::paintRounded(const QRectF &rect, const Ends &ends)
+void RollNoteBrush::paintRounded(const QRectF &rect, const Ends &ends)
 {
     const auto right = rect.right() - pixel_;
     const QRectF middle(rect.left() + end_, rect.top(), right - rect.left() - 2 * end_, rect.height());
@@ -68,7 +68,7 @@ void PianoRollNoteBrush::paintRounded(const QRectF &rect, const Ends &ends)
     painter_->drawPixmap(QPointF(right - end_, rect.top()), ends.right);
 }
 
-void PianoRollNoteBrush::paintFlat(const QRectF &rect, int pitch, Look look)
+void RollNoteBrush::paintFlat(const QRectF &rect, int pitch, Look look)
 {
     // Three pixels and more show where a note ends.
     const auto gap = rect.width() >= 3 * pixel_ ? pixel_ : 0;
@@ -82,14 +82,14 @@ void PianoRollNoteBrush::paintFlat(const QRectF &rect, int pitch, Look look)
     pending = {visible, look};
 }
 
-void PianoRollNoteBrush::flush(Pending &pending)
+void RollNoteBrush::flush(Pending &pending)
 {
     if (!pending.rect.isEmpty())
         painter_->fillRect(pending.rect, looks_[size_t(pending.look)].colours.fill);
     pending.rect = {};
 }
 
-void PianoRollNoteBrush::end()
+void RollNoteBrush::end()
 {
     for (auto &pending : pending_)
         flush(pending);

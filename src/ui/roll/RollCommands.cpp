@@ -1,8 +1,8 @@
-#include "ui/roll/PianoRollCommands.h"
+#include "ui/roll/RollCommands.h"
 
 #include "core/AbcParser.h"
 #include "edit/NoteLookup.h"
-#include "ui/roll/PianoRollState.h"
+#include "ui/roll/RollState.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -26,35 +26,35 @@ bool hasHeader(const QString &abc)
 
 } // namespace
 
-PianoRollCommands::PianoRollCommands(EditorDocument &document, PianoRollState &state, QObject *parent)
+RollCommands::RollCommands(EditorDocument &document, RollState &state, QObject *parent)
     : QObject(parent), document_(document), state_(state)
 {
 }
 
-void PianoRollCommands::setCursor(Ticks tick)
+void RollCommands::setCursor(Ticks tick)
 {
     setCursor(tick, state_.cursorPitch);
 }
 
-void PianoRollCommands::setCursor(Ticks tick, int pitch)
+void RollCommands::setCursor(Ticks tick, int pitch)
 {
     placeCursor(tick, pitch);
     document_.setCaretTick(state_.cursor);
 }
 
-void PianoRollCommands::placeCursor(Ticks tick, int pitch)
+void RollCommands::placeCursor(Ticks tick, int pitch)
 {
     state_.cursor = std::clamp(tick, Ticks(0), maxTicks);
     state_.cursorPitch = std::clamp(pitch, int(lowestPlayablePitch), int(highestPlayablePitch));
     emit cursorMoved();
 }
 
-QVector<NoteSpec> PianoRollCommands::selectedSpecs() const
+QVector<NoteSpec> RollCommands::selectedSpecs() const
 {
     return specsOf(document_.track(), document_.selectedNotes());
 }
 
-bool PianoRollCommands::changeSelected(const Changer &change, const QString &name)
+bool RollCommands::changeSelected(const Changer &change, const QString &name)
 {
     document_.update();
     NoteEdit edit;
@@ -67,14 +67,14 @@ bool PianoRollCommands::changeSelected(const Changer &change, const QString &nam
     return !edit.changed.isEmpty() && document_.edit(edit, name);
 }
 
-Ticks PianoRollCommands::possibleShift(Ticks ticks) const
+Ticks RollCommands::possibleShift(Ticks ticks) const
 {
     for (const auto &note : selectedSpecs())
         ticks = std::clamp(ticks, -note.start, maxTicks - note.start - note.length);
     return ticks;
 }
 
-int PianoRollCommands::possibleTransposition(int semitones) const
+int RollCommands::possibleTransposition(int semitones) const
 {
     const auto notes = selectedSpecs();
     const bool isPossible = std::all_of(notes.begin(), notes.end(), [semitones](const NoteSpec &note) {
@@ -83,7 +83,7 @@ int PianoRollCommands::possibleTransposition(int semitones) const
     return isPossible ? semitones : 0;
 }
 
-Ticks PianoRollCommands::possibleGrowth(Ticks ticks) const
+Ticks RollCommands::possibleGrowth(Ticks ticks) const
 {
     for (const auto &note : selectedSpecs()) {
         const auto least = std::min(note.length, state_.snap.step());
@@ -92,7 +92,7 @@ Ticks PianoRollCommands::possibleGrowth(Ticks ticks) const
     return ticks;
 }
 
-void PianoRollCommands::moveNotes(Ticks ticks, int semitones)
+void RollCommands::moveNotes(Ticks ticks, int semitones)
 {
     const auto shift = possibleShift(ticks);
     const auto transposition = possibleTransposition(semitones);
@@ -109,7 +109,7 @@ void PianoRollCommands::moveNotes(Ticks ticks, int semitones)
     emit notesMoved();
 }
 
-void PianoRollCommands::copyNotes(Ticks ticks, int semitones)
+void RollCommands::copyNotes(Ticks ticks, int semitones)
 {
     const auto transposition = possibleTransposition(semitones);
     auto notes = selectedSpecs();
@@ -118,7 +118,7 @@ void PianoRollCommands::copyNotes(Ticks ticks, int semitones)
     insertSelected(notes, possibleShift(ticks), tr("Copy Notes"));
 }
 
-void PianoRollCommands::moveByStep(Direction direction)
+void RollCommands::moveByStep(Direction direction)
 {
     const auto step = int(direction) * state_.snap.step();
     if (document_.selectedNotes().isEmpty())
@@ -127,7 +127,7 @@ void PianoRollCommands::moveByStep(Direction direction)
         moveNotes(step, 0);
 }
 
-void PianoRollCommands::moveByMeasure(Direction direction)
+void RollCommands::moveByMeasure(Direction direction)
 {
     const auto &measures = state_.measures;
     const auto notes = selectedSpecs();
@@ -142,7 +142,7 @@ void PianoRollCommands::moveByMeasure(Direction direction)
     moveNotes(int(direction) * (passed.end - passed.start), 0);
 }
 
-void PianoRollCommands::moveBySemitones(int semitones)
+void RollCommands::moveBySemitones(int semitones)
 {
     if (document_.selectedNotes().isEmpty())
         setCursor(state_.cursor, state_.cursorPitch + semitones);
@@ -151,12 +151,12 @@ void PianoRollCommands::moveBySemitones(int semitones)
     emit noteTouched(state_.cursorPitch);
 }
 
-void PianoRollCommands::resizeByStep(Direction direction)
+void RollCommands::resizeByStep(Direction direction)
 {
     resizeNotes(int(direction) * state_.snap.step());
 }
 
-void PianoRollCommands::resizeNotes(Ticks ticks)
+void RollCommands::resizeNotes(Ticks ticks)
 {
     const auto growth = possibleGrowth(ticks);
     if (growth == 0 || !changeSelected([growth](NoteSpec &note) { note.length += growth; }, tr("Resize Notes")))
@@ -166,12 +166,12 @@ void PianoRollCommands::resizeNotes(Ticks ticks)
     emit notesMoved();
 }
 
-Ticks PianoRollCommands::newNoteLength() const
+Ticks RollCommands::newNoteLength() const
 {
     return lastLength_.value_or(document_.unitLength() > 0 ? document_.unitLength() : state_.snap.step());
 }
 
-void PianoRollCommands::insertAtCursor()
+void RollCommands::insertAtCursor()
 {
     const NoteSpec note{state_.cursor, newNoteLength(), quint32(state_.cursorPitch)};
     insertNote(note);
@@ -179,7 +179,7 @@ void PianoRollCommands::insertAtCursor()
     emit noteTouched(int(note.pitch));
 }
 
-void PianoRollCommands::insertNote(const NoteSpec &note)
+void RollCommands::insertNote(const NoteSpec &note)
 {
     document_.update();
     if (document_.insertNotes({note}, tr("Insert Note")))
@@ -187,7 +187,7 @@ void PianoRollCommands::insertNote(const NoteSpec &note)
     state_.cursorPitch = int(note.pitch);
 }
 
-void PianoRollCommands::removeSelected()
+void RollCommands::removeSelected()
 {
     document_.update();
     const auto notes = document_.selectedNotes();
@@ -195,7 +195,7 @@ void PianoRollCommands::removeSelected()
         document_.removeNotes(notes, tr("Delete Notes"));
 }
 
-void PianoRollCommands::cut()
+void RollCommands::cut()
 {
     const auto notes = selectedSpecs();
     if (notes.isEmpty())
@@ -207,7 +207,7 @@ void PianoRollCommands::cut()
 }
 
 // The selected notes as a tune of their own, in the key and unit length of the track.
-QString PianoRollCommands::asAbc() const
+QString RollCommands::asAbc() const
 {
     const auto notes = selectedSpecs();
     Track track;
@@ -221,7 +221,7 @@ QString PianoRollCommands::asAbc() const
     return track.toAbc();
 }
 
-void PianoRollCommands::copy()
+void RollCommands::copy()
 {
     if (document_.selectedNotes().isEmpty())
         return;
@@ -232,7 +232,7 @@ void PianoRollCommands::copy()
     QGuiApplication::clipboard()->setMimeData(data);
 }
 
-QVector<NoteSpec> PianoRollCommands::clipboardNotes() const
+QVector<NoteSpec> RollCommands::clipboardNotes() const
 {
     const auto *data = QGuiApplication::clipboard()->mimeData();
     if (data == nullptr)
@@ -254,7 +254,7 @@ QVector<NoteSpec> PianoRollCommands::clipboardNotes() const
     return notes;
 }
 
-void PianoRollCommands::paste()
+void RollCommands::paste()
 {
     const auto notes = clipboardNotes();
     if (notes.isEmpty())
@@ -266,7 +266,7 @@ void PianoRollCommands::paste()
     placeCursor(state_.cursor + end, state_.cursorPitch);
 }
 
-void PianoRollCommands::duplicate()
+void RollCommands::duplicate()
 {
     const auto notes = selectedSpecs();
     if (notes.isEmpty())
@@ -277,7 +277,7 @@ void PianoRollCommands::duplicate()
     insertSelected(notes, end - notes.first().start, tr("Duplicate Notes"));
 }
 
-void PianoRollCommands::insertSelected(QVector<NoteSpec> notes, Ticks shift, const QString &name)
+void RollCommands::insertSelected(QVector<NoteSpec> notes, Ticks shift, const QString &name)
 {
     document_.update();
     for (auto &note : notes)
@@ -286,7 +286,7 @@ void PianoRollCommands::insertSelected(QVector<NoteSpec> notes, Ticks shift, con
         emit notesMoved();
 }
 
-void PianoRollCommands::selectAll()
+void RollCommands::selectAll()
 {
     QVector<int> notes;
     notes.reserve(state_.notes.count());
@@ -295,12 +295,12 @@ void PianoRollCommands::selectAll()
     document_.selectNotes(notes);
 }
 
-void PianoRollCommands::selectNone()
+void RollCommands::selectNone()
 {
     document_.selectNotes({});
 }
 
-void PianoRollCommands::selectNeighbour(Direction direction, Selecting selecting)
+void RollCommands::selectNeighbour(Direction direction, Selecting selecting)
 {
     const auto &notes = state_.notes;
     auto selected = document_.selectedNotes();

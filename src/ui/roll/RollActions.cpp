@@ -1,4 +1,4 @@
-#include "ui/roll/PianoRollActions.h"
+#include "ui/roll/RollActions.h"
 
 #include "ui/roll/PianoRoll.h"
 
@@ -10,9 +10,9 @@
 
 namespace {
 
-using Direction = PianoRollCommands::Direction;
-using Selecting = PianoRollCommands::Selecting;
-using Tool = PianoRollMouse::Tool;
+using Direction = RollCommands::Direction;
+using Selecting = RollCommands::Selecting;
+using Tool = RollMouse::Tool;
 constexpr auto semitonesPerOctave = 12;
 
 enum class Menu { Edit, View };
@@ -20,7 +20,7 @@ enum class Starts { Here, Group };
 
 struct Row
 {
-    PianoRollActions::Id id;
+    RollActions::Id id;
     Menu menu;
     Starts starts; // Group: a separator stands before it
     const char *text;
@@ -29,117 +29,117 @@ struct Row
     void (*run)(PianoRoll &);
 };
 
-#define COMPOSER_TEXT(text) QT_TRANSLATE_NOOP("PianoRollActions", text)
+#define COMPOSER_TEXT(text) QT_TRANSLATE_NOOP("RollActions", text)
 
 // The order of the rows is the order of the menus.
 const std::array rows{
-    Row{PianoRollActions::SelectTool, Menu::Edit, Starts::Here, COMPOSER_TEXT("&Select Notes"),
+    Row{RollActions::SelectTool, Menu::Edit, Starts::Here, COMPOSER_TEXT("&Select Notes"),
         COMPOSER_TEXT("Select, move and resize notes with the mouse; a double click inserts one"), "S",
         [](PianoRoll &roll) { roll.mouse().setTool(Tool::Select); }},
-    Row{PianoRollActions::DrawTool, Menu::Edit, Starts::Here, COMPOSER_TEXT("&Draw Notes"),
+    Row{RollActions::DrawTool, Menu::Edit, Starts::Here, COMPOSER_TEXT("&Draw Notes"),
         COMPOSER_TEXT("Draw notes with the mouse"), "D", [](PianoRoll &roll) { roll.mouse().setTool(Tool::Draw); }},
-    Row{PianoRollActions::InsertNote, Menu::Edit, Starts::Group, COMPOSER_TEXT("&Insert Note"),
+    Row{RollActions::InsertNote, Menu::Edit, Starts::Group, COMPOSER_TEXT("&Insert Note"),
         COMPOSER_TEXT("Insert a note at the cursor"), "Ins", [](PianoRoll &roll) { roll.commands().insertAtCursor(); }},
-    Row{PianoRollActions::Cut, Menu::Edit, Starts::Group, COMPOSER_TEXT("Cu&t Notes"),
+    Row{RollActions::Cut, Menu::Edit, Starts::Group, COMPOSER_TEXT("Cu&t Notes"),
         COMPOSER_TEXT("Move the selected notes to the clipboard"), "Ctrl+X",
         [](PianoRoll &roll) { roll.commands().cut(); }},
-    Row{PianoRollActions::Copy, Menu::Edit, Starts::Here, COMPOSER_TEXT("&Copy Notes"),
+    Row{RollActions::Copy, Menu::Edit, Starts::Here, COMPOSER_TEXT("&Copy Notes"),
         COMPOSER_TEXT("Copy the selected notes to the clipboard, as ABC"), "Ctrl+C",
         [](PianoRoll &roll) { roll.commands().copy(); }},
-    Row{PianoRollActions::Paste, Menu::Edit, Starts::Here, COMPOSER_TEXT("&Paste Notes"),
+    Row{RollActions::Paste, Menu::Edit, Starts::Here, COMPOSER_TEXT("&Paste Notes"),
         COMPOSER_TEXT("Insert the notes of the clipboard at the cursor"), "Ctrl+V",
         [](PianoRoll &roll) { roll.commands().paste(); }},
-    Row{PianoRollActions::Duplicate, Menu::Edit, Starts::Here, COMPOSER_TEXT("D&uplicate Notes"),
+    Row{RollActions::Duplicate, Menu::Edit, Starts::Here, COMPOSER_TEXT("D&uplicate Notes"),
         COMPOSER_TEXT("Repeat the selected notes behind themselves"), "Ctrl+D",
         [](PianoRoll &roll) { roll.commands().duplicate(); }},
-    Row{PianoRollActions::Delete, Menu::Edit, Starts::Here, COMPOSER_TEXT("D&elete Notes"),
+    Row{RollActions::Delete, Menu::Edit, Starts::Here, COMPOSER_TEXT("D&elete Notes"),
         COMPOSER_TEXT("Delete the selected notes"), "Del", [](PianoRoll &roll) { roll.commands().removeSelected(); }},
-    Row{PianoRollActions::SelectAll, Menu::Edit, Starts::Group, COMPOSER_TEXT("Select &All Notes"),
+    Row{RollActions::SelectAll, Menu::Edit, Starts::Group, COMPOSER_TEXT("Select &All Notes"),
         COMPOSER_TEXT("Select every note"), "Ctrl+A", [](PianoRoll &roll) { roll.commands().selectAll(); }},
-    Row{PianoRollActions::SelectNone, Menu::Edit, Starts::Here, COMPOSER_TEXT("Select &No Notes"),
+    Row{RollActions::SelectNone, Menu::Edit, Starts::Here, COMPOSER_TEXT("Select &No Notes"),
         COMPOSER_TEXT("Take back the selection, or the drag in progress"), "Esc",
         [](PianoRoll &roll) { roll.cancelOrSelectNone(); }},
-    Row{PianoRollActions::SelectNext, Menu::Edit, Starts::Here, COMPOSER_TEXT("Select Next Note"),
+    Row{RollActions::SelectNext, Menu::Edit, Starts::Here, COMPOSER_TEXT("Select Next Note"),
         COMPOSER_TEXT("Select the note after the selection or the cursor"), "Alt+Right",
         [](PianoRoll &roll) { roll.commands().selectNeighbour(Direction::Forward, Selecting::Replace); }},
-    Row{PianoRollActions::SelectPrevious, Menu::Edit, Starts::Here, COMPOSER_TEXT("Select Previous Note"),
+    Row{RollActions::SelectPrevious, Menu::Edit, Starts::Here, COMPOSER_TEXT("Select Previous Note"),
         COMPOSER_TEXT("Select the note before the selection or the cursor"), "Alt+Left",
         [](PianoRoll &roll) { roll.commands().selectNeighbour(Direction::Back, Selecting::Replace); }},
-    Row{PianoRollActions::ExtendNext, Menu::Edit, Starts::Here, COMPOSER_TEXT("Extend Selection to Next Note"),
+    Row{RollActions::ExtendNext, Menu::Edit, Starts::Here, COMPOSER_TEXT("Extend Selection to Next Note"),
         COMPOSER_TEXT("Add the next note to the selection"), "Alt+Shift+Right",
         [](PianoRoll &roll) { roll.commands().selectNeighbour(Direction::Forward, Selecting::Extend); }},
-    Row{PianoRollActions::ExtendPrevious, Menu::Edit, Starts::Here, COMPOSER_TEXT("Extend Selection to Previous Note"),
+    Row{RollActions::ExtendPrevious, Menu::Edit, Starts::Here, COMPOSER_TEXT("Extend Selection to Previous Note"),
         COMPOSER_TEXT("Add the previous note to the selection"), "Alt+Shift+Left",
         [](PianoRoll &roll) { roll.commands().selectNeighbour(Direction::Back, Selecting::Extend); }},
-    Row{PianoRollActions::MoveEarlier, Menu::Edit, Starts::Group, COMPOSER_TEXT("Move Earlier"),
+    Row{RollActions::MoveEarlier, Menu::Edit, Starts::Group, COMPOSER_TEXT("Move Earlier"),
         COMPOSER_TEXT("Move the selected notes, or the cursor, one grid step back"), "Left",
         [](PianoRoll &roll) { roll.commands().moveByStep(Direction::Back); }},
-    Row{PianoRollActions::MoveLater, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move Later"),
+    Row{RollActions::MoveLater, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move Later"),
         COMPOSER_TEXT("Move the selected notes, or the cursor, one grid step on"), "Right",
         [](PianoRoll &roll) { roll.commands().moveByStep(Direction::Forward); }},
-    Row{PianoRollActions::MoveUp, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move Up"),
+    Row{RollActions::MoveUp, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move Up"),
         COMPOSER_TEXT("Move the selected notes, or the cursor, a semitone up"), "Up",
         [](PianoRoll &roll) { roll.commands().moveBySemitones(1); }},
-    Row{PianoRollActions::MoveDown, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move Down"),
+    Row{RollActions::MoveDown, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move Down"),
         COMPOSER_TEXT("Move the selected notes, or the cursor, a semitone down"), "Down",
         [](PianoRoll &roll) { roll.commands().moveBySemitones(-1); }},
-    Row{PianoRollActions::MoveOctaveUp, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move an Octave Up"),
+    Row{RollActions::MoveOctaveUp, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move an Octave Up"),
         COMPOSER_TEXT("Move the selected notes, or the cursor, an octave up"), "Ctrl+Up",
         [](PianoRoll &roll) { roll.commands().moveBySemitones(semitonesPerOctave); }},
-    Row{PianoRollActions::MoveOctaveDown, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move an Octave Down"),
+    Row{RollActions::MoveOctaveDown, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move an Octave Down"),
         COMPOSER_TEXT("Move the selected notes, or the cursor, an octave down"), "Ctrl+Down",
         [](PianoRoll &roll) { roll.commands().moveBySemitones(-semitonesPerOctave); }},
-    Row{PianoRollActions::MoveMeasureEarlier, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move a Measure Earlier"),
+    Row{RollActions::MoveMeasureEarlier, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move a Measure Earlier"),
         COMPOSER_TEXT("Move the selected notes a measure back, or the cursor to its start"), "Ctrl+Left",
         [](PianoRoll &roll) { roll.commands().moveByMeasure(Direction::Back); }},
-    Row{PianoRollActions::MoveMeasureLater, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move a Measure Later"),
+    Row{RollActions::MoveMeasureLater, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move a Measure Later"),
         COMPOSER_TEXT("Move the selected notes a measure on, or the cursor to the next one"), "Ctrl+Right",
         [](PianoRoll &roll) { roll.commands().moveByMeasure(Direction::Forward); }},
-    Row{PianoRollActions::Lengthen, Menu::Edit, Starts::Here, COMPOSER_TEXT("&Lengthen"),
+    Row{RollActions::Lengthen, Menu::Edit, Starts::Here, COMPOSER_TEXT("&Lengthen"),
         COMPOSER_TEXT("Make the selected notes one grid step longer"), "Shift+Right",
         [](PianoRoll &roll) { roll.commands().resizeByStep(Direction::Forward); }},
-    Row{PianoRollActions::Shorten, Menu::Edit, Starts::Here, COMPOSER_TEXT("Sho&rten"),
+    Row{RollActions::Shorten, Menu::Edit, Starts::Here, COMPOSER_TEXT("Sho&rten"),
         COMPOSER_TEXT("Make the selected notes one grid step shorter"), "Shift+Left",
         [](PianoRoll &roll) { roll.commands().resizeByStep(Direction::Back); }},
-    Row{PianoRollActions::CursorToStart, Menu::Edit, Starts::Group, COMPOSER_TEXT("Cursor to Start"),
+    Row{RollActions::CursorToStart, Menu::Edit, Starts::Group, COMPOSER_TEXT("Cursor to Start"),
         COMPOSER_TEXT("Set the cursor to the start of the track"), "Home",
         [](PianoRoll &roll) { roll.commands().setCursor(0); }},
-    Row{PianoRollActions::CursorToEnd, Menu::Edit, Starts::Here, COMPOSER_TEXT("Cursor to End"),
+    Row{RollActions::CursorToEnd, Menu::Edit, Starts::Here, COMPOSER_TEXT("Cursor to End"),
         COMPOSER_TEXT("Set the cursor behind the last note"), "End",
         [](PianoRoll &roll) { roll.commands().setCursor(roll.state().length); }},
-    Row{PianoRollActions::PlayFromCursor, Menu::Edit, Starts::Here, COMPOSER_TEXT("Play from Cursor"),
+    Row{RollActions::PlayFromCursor, Menu::Edit, Starts::Here, COMPOSER_TEXT("Play from Cursor"),
         COMPOSER_TEXT("Play the track from the cursor on"), "Shift+Space",
         [](PianoRoll &roll) { emit roll.playRequested(roll.state().cursor); }},
-    Row{PianoRollActions::Finer, Menu::View, Starts::Here, COMPOSER_TEXT("&Finer Grid"),
+    Row{RollActions::Finer, Menu::View, Starts::Here, COMPOSER_TEXT("&Finer Grid"),
         COMPOSER_TEXT("Snap to the next shorter length"), "]", [](PianoRoll &roll) { roll.changeSnap(1); }},
-    Row{PianoRollActions::Coarser, Menu::View, Starts::Here, COMPOSER_TEXT("&Coarser Grid"),
+    Row{RollActions::Coarser, Menu::View, Starts::Here, COMPOSER_TEXT("&Coarser Grid"),
         COMPOSER_TEXT("Snap to the next longer length"), "[", [](PianoRoll &roll) { roll.changeSnap(-1); }},
-    Row{PianoRollActions::ZoomIn, Menu::View, Starts::Group, COMPOSER_TEXT("Zoom &In"),
+    Row{RollActions::ZoomIn, Menu::View, Starts::Group, COMPOSER_TEXT("Zoom &In"),
         COMPOSER_TEXT("Show time wider (Ctrl+wheel)"), "Ctrl++", [](PianoRoll &roll) { roll.zoomTime(1); }},
-    Row{PianoRollActions::ZoomOut, Menu::View, Starts::Here, COMPOSER_TEXT("Zoom &Out"),
+    Row{RollActions::ZoomOut, Menu::View, Starts::Here, COMPOSER_TEXT("Zoom &Out"),
         COMPOSER_TEXT("Show time narrower (Ctrl+wheel)"), "Ctrl+-", [](PianoRoll &roll) { roll.zoomTime(-1); }},
-    Row{PianoRollActions::RowsHigher, Menu::View, Starts::Here, COMPOSER_TEXT("&Higher Rows"),
+    Row{RollActions::RowsHigher, Menu::View, Starts::Here, COMPOSER_TEXT("&Higher Rows"),
         COMPOSER_TEXT("Show pitches higher (Ctrl+Shift+wheel)"), "Ctrl+Shift+Up",
         [](PianoRoll &roll) { roll.zoomPitch(1); }},
-    Row{PianoRollActions::RowsLower, Menu::View, Starts::Here, COMPOSER_TEXT("&Lower Rows"),
+    Row{RollActions::RowsLower, Menu::View, Starts::Here, COMPOSER_TEXT("&Lower Rows"),
         COMPOSER_TEXT("Show pitches lower (Ctrl+Shift+wheel)"), "Ctrl+Shift+Down",
         [](PianoRoll &roll) { roll.zoomPitch(-1); }},
-    Row{PianoRollActions::NormalSize, Menu::View, Starts::Here, COMPOSER_TEXT("&Normal Size"),
+    Row{RollActions::NormalSize, Menu::View, Starts::Here, COMPOSER_TEXT("&Normal Size"),
         COMPOSER_TEXT("Show time and pitches at their usual size"), "Ctrl+0",
         [](PianoRoll &roll) { roll.zoomNormal(); }},
-    Row{PianoRollActions::Follow, Menu::View, Starts::Group, COMPOSER_TEXT("&Follow Playback"),
+    Row{RollActions::Follow, Menu::View, Starts::Group, COMPOSER_TEXT("&Follow Playback"),
         COMPOSER_TEXT("Keep the playing position in sight"), "F", nullptr},
 };
 
 } // namespace
 
-PianoRollActions::PianoRollActions(PianoRoll &roll) : QObject(&roll), roll_(roll), actions_(idCount)
+RollActions::RollActions(PianoRoll &roll) : QObject(&roll), roll_(roll), actions_(idCount)
 {
     for (const auto &row : rows) {
-        auto *action = new QAction(QCoreApplication::translate("PianoRollActions", row.text), this);
+        auto *action = new QAction(QCoreApplication::translate("RollActions", row.text), this);
         action->setShortcut(QKeySequence(QLatin1String(row.shortcut)));
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-        const auto toolTip = QCoreApplication::translate("PianoRollActions", row.toolTip);
+        const auto toolTip = QCoreApplication::translate("RollActions", row.toolTip);
         action->setToolTip(
             QStringLiteral("%1 (%2)").arg(toolTip, action->shortcut().toString(QKeySequence::NativeText)));
         action->setStatusTip(toolTip);
@@ -162,7 +162,7 @@ PianoRollActions::PianoRollActions(PianoRoll &roll) : QObject(&roll), roll_(roll
     addSnapActions();
 }
 
-void PianoRollActions::addExclusive(const QVector<Id> &ids)
+void RollActions::addExclusive(const QVector<Id> &ids)
 {
     auto *group = new QActionGroup(this);
     for (const auto id : ids) {
@@ -171,10 +171,10 @@ void PianoRollActions::addExclusive(const QVector<Id> &ids)
     }
 }
 
-void PianoRollActions::addSnapActions()
+void RollActions::addSnapActions()
 {
     auto *group = new QActionGroup(this);
-    for (int choice = 0; choice < PianoRollSnap::choiceCount(); ++choice) {
+    for (int choice = 0; choice < RollSnap::choiceCount(); ++choice) {
         auto *action = new QAction(group);
         action->setCheckable(true);
         connect(action, &QAction::triggered, this, [this, choice] { roll_.setSnap(choice); });
@@ -183,7 +183,7 @@ void PianoRollActions::addSnapActions()
     update();
 }
 
-void PianoRollActions::update()
+void RollActions::update()
 {
     const bool hasSelection = !roll_.document().selectedNotes().isEmpty();
     for (const auto id : {Cut, Copy, Duplicate, Delete, Lengthen, Shorten})

@@ -4,16 +4,16 @@
 
 #include <optional>
 
-struct PianoRollState;
+struct RollState;
 
 // The keys at the left of the piano roll. A key that is pressed with the mouse asks for its sound until it is let go.
-class PianoRollKeyboard : public QWidget
+class RollKeyboard : public QWidget
 {
     Q_OBJECT
 
 public:
     // The state must outlive the widget.
-    explicit PianoRollKeyboard(const PianoRollState &state, QWidget *parent = nullptr);
+    explicit RollKeyboard(const RollState &state, QWidget *parent = nullptr);
 
     QSize sizeHint() const override;
     void updateKey(int pitch);
@@ -41,6 +41,6 @@ private:
     void paintLabel(QPainter &painter, int pitch) const;
     QColor keyColour(int pitch) const;
 
-    const PianoRollState &state_;
+    const RollState &state_;
     std::optional<int> pressed_;
 };

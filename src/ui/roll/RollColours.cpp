@@ -1,4 +1,4 @@
-#include "ui/roll/PianoRollColours.h"
+#include "ui/roll/RollColours.h"
 
 namespace {
 
@@ -21,7 +21,7 @@ int brightness(const QColor &colour)
     return (colour.red() * 299 + colour.green() * 587 + colour.blue() * 114) / 1000;
 }
 
-PianoRollColours::Note noteColours(const QColor &fill)
+RollColours::Note noteColours(const QColor &fill)
 {
     const bool isBright = brightness(fill) > 140;
     return {fill, mixed(fill, Qt::black, 0.38), isBright ? QColor(24, 24, 28) : QColor(Qt::white)};
@@ -29,7 +29,7 @@ PianoRollColours::Note noteColours(const QColor &fill)
 
 } // namespace
 
-PianoRollColours::PianoRollColours(const QPalette &palette, const QColor &noteColour)
+RollColours::RollColours(const QPalette &palette, const QColor &noteColour)
 {
     const auto base = palette.color(QPalette::Base);
     const auto ink = palette.color(QPalette::Text);

@@ -6,7 +6,7 @@
 
 // Where ticks and pitches stand on the canvas of the piano roll. Coordinates are logical pixels from the canvas's top
 // left corner, rounded to whole pixels of the screen so that edges stay sharp at every scale. A value.
-class PianoRollGeometry
+class RollGeometry
 {
 public:
     // The rows from bottom to top: whole octaves around the playable range, C0 to B8.

@@ -1,9 +1,9 @@
-#include "ui/roll/PianoRollKeyboard.h"
+#include "ui/roll/RollKeyboard.h"
 
 #include "core/AbcParser.h"
 #include "core/KeyTable.h"
-#include "ui/roll/PianoRollState.h"
-#include "ui/roll/PianoRollText.h"
+#include "ui/roll/RollState.h"
+#include "ui/roll/RollText.h"
 
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -18,7 +18,7 @@ constexpr int leastRowForAllNames = 16;
 
 } // namespace
 
-PianoRollKeyboard::PianoRollKeyboard(const PianoRollState &state, QWidget *parent) : QWidget(parent), state_(state)
+RollKeyboard::RollKeyboard(const RollState &state, QWidget *parent) : QWidget(parent), state_(state)
 {
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -26,27 +26,27 @@ PianoRollKeyboard::PianoRollKeyboard(const PianoRollState &state, QWidget *paren
     setAccessibleDescription(tr("Press a key to hear its note."));
 }
 
-QSize PianoRollKeyboard::sizeHint() const
+QSize RollKeyboard::sizeHint() const
 {
     return {keyboardWidth, 200};
 }
 
-void PianoRollKeyboard::updateKey(int pitch)
+void RollKeyboard::updateKey(int pitch)
 {
     // A white key reaches into the rows of the black keys beside it.
     const auto row = state_.geometry.rowHeight();
     update(QRectF(0, state_.geometry.top(pitch) - row, width(), 3 * row).toAlignedRect());
 }
 
-QString PianoRollKeyboard::describe(int pitch) const
+QString RollKeyboard::describe(int pitch) const
 {
-    const auto name = PianoRollText::pitch(pitch, state_.keyRow);
+    const auto name = RollText::pitch(pitch, state_.keyRow);
     if (!isPlayable(pitch))
         return tr("%1: outside the playable range").arg(name);
     return state_.silent.test(size_t(pitch)) ? tr("%1: the instrument has no sample near").arg(name) : name;
 }
 
-bool PianoRollKeyboard::event(QEvent *event)
+bool RollKeyboard::event(QEvent *event)
 {
     if (event->type() != QEvent::ToolTip)
         return QWidget::event(event);
@@ -55,32 +55,32 @@ bool PianoRollKeyboard::event(QEvent *event)
     return true;
 }
 
-QColor PianoRollKeyboard::keyColour(int pitch) const
+QColor RollKeyboard::keyColour(int pitch) const
 {
     const auto &colours = state_.colours;
     if (state_.soundingKeys.test(size_t(pitch)) || pressed_ == pitch)
         return colours.playing;
-    const auto key = PianoRollState::isBlackKey(pitch) ? colours.blackKey : colours.whiteKey;
+    const auto key = RollState::isBlackKey(pitch) ? colours.blackKey : colours.whiteKey;
     if (state_.keyUnderMouse == pitch)
-        return PianoRollState::isBlackKey(pitch) ? key.lighter(170) : key.darker(114);
+        return RollState::isBlackKey(pitch) ? key.lighter(170) : key.darker(114);
     return key;
 }
 
-void PianoRollKeyboard::paintEvent(QPaintEvent *event)
+void RollKeyboard::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
     const auto &geometry = state_.geometry;
     painter.fillRect(event->rect(), state_.colours.ruler);
     painter.setBrushOrigin(0, -geometry.scroll().y()); // the hatching scrolls with the keys
     // One more on both sides, for keys that reach into their neighbours' rows.
-    const auto highest = std::min(geometry.pitch(event->rect().top()) + 1, PianoRollGeometry::highestPitch);
-    const auto lowest = std::max(geometry.pitch(event->rect().bottom()) - 1, PianoRollGeometry::lowestPitch);
+    const auto highest = std::min(geometry.pitch(event->rect().top()) + 1, RollGeometry::highestPitch);
+    const auto lowest = std::max(geometry.pitch(event->rect().bottom()) - 1, RollGeometry::lowestPitch);
     for (auto pitch = highest; pitch >= lowest; --pitch) {
-        if (!PianoRollState::isBlackKey(pitch))
+        if (!RollState::isBlackKey(pitch))
             paintWhiteKey(painter, pitch);
     }
     for (auto pitch = highest; pitch >= lowest; --pitch) {
-        if (PianoRollState::isBlackKey(pitch))
+        if (RollState::isBlackKey(pitch))
             paintBlackKey(painter, pitch);
         const QRectF row(0, geometry.top(pitch), width(), geometry.rowHeight());
         if (!isPlayable(pitch))
@@ -95,18 +95,18 @@ void PianoRollKeyboard::paintEvent(QPaintEvent *event)
 }
 
 // White keys reach half way into the rows of the black keys beside them, as on the instrument.
-void PianoRollKeyboard::paintWhiteKey(QPainter &painter, int pitch) const
+void RollKeyboard::paintWhiteKey(QPainter &painter, int pitch) const
 {
     const auto &geometry = state_.geometry;
     const auto half = geometry.rowHeight() / 2.0;
-    const auto top = geometry.sharp(geometry.top(pitch) - (PianoRollState::isBlackKey(pitch + 1) ? half : 0));
-    const auto bottom = geometry.sharp(geometry.bottom(pitch) + (PianoRollState::isBlackKey(pitch + 11) ? half : 0));
+    const auto top = geometry.sharp(geometry.top(pitch) - (RollState::isBlackKey(pitch + 1) ? half : 0));
+    const auto bottom = geometry.sharp(geometry.bottom(pitch) + (RollState::isBlackKey(pitch + 11) ? half : 0));
     painter.fillRect(QRectF(0, top, width(), bottom - top), keyColour(pitch));
     const auto hairline = geometry.hairline();
     painter.fillRect(QRectF(0, bottom - hairline, width(), hairline), state_.colours.keyLine);
 }
 
-void PianoRollKeyboard::paintBlackKey(QPainter &painter, int pitch) const
+void RollKeyboard::paintBlackKey(QPainter &painter, int pitch) const
 {
     const auto &geometry = state_.geometry;
     const auto top = geometry.top(pitch);
@@ -119,12 +119,12 @@ void PianoRollKeyboard::paintBlackKey(QPainter &painter, int pitch) const
     painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
-void PianoRollKeyboard::paintLabel(QPainter &painter, int pitch) const
+void RollKeyboard::paintLabel(QPainter &painter, int pitch) const
 {
     const auto &geometry = state_.geometry;
     const bool isOctave = pitch % 12 == 0;
     const bool isPointedAt = state_.keyUnderMouse == pitch;
-    if (!isOctave && !isPointedAt && (geometry.rowHeight() < leastRowForAllNames || PianoRollState::isBlackKey(pitch)))
+    if (!isOctave && !isPointedAt && (geometry.rowHeight() < leastRowForAllNames || RollState::isBlackKey(pitch)))
         return;
     auto labelFont = font();
     labelFont.setPixelSize(std::clamp(geometry.rowHeight() - 2, 9, 11));
@@ -135,11 +135,11 @@ void PianoRollKeyboard::paintLabel(QPainter &painter, int pitch) const
     // Low rows let the name reach over their edges.
     const auto reach = std::max(0, 13 - geometry.rowHeight()) / 2;
     const QRectF row(0, geometry.top(pitch) - reach, width() - 5, geometry.rowHeight() + 2 * reach);
-    const auto key = PianoRollState::isBlackKey(pitch) ? state_.keyRow : neutralKeyRow;
-    painter.drawText(row, Qt::AlignRight | Qt::AlignVCenter, PianoRollText::pitch(pitch, key));
+    const auto key = RollState::isBlackKey(pitch) ? state_.keyRow : neutralKeyRow;
+    painter.drawText(row, Qt::AlignRight | Qt::AlignVCenter, RollText::pitch(pitch, key));
 }
 
-void PianoRollKeyboard::press(int pitch)
+void RollKeyboard::press(int pitch)
 {
     if (pressed_ == pitch)
         return;
@@ -149,7 +149,7 @@ void PianoRollKeyboard::press(int pitch)
     emit pressed(pitch);
 }
 
-void PianoRollKeyboard::release()
+void RollKeyboard::release()
 {
     if (!pressed_)
         return;
@@ -158,13 +158,13 @@ void PianoRollKeyboard::release()
     emit released();
 }
 
-void PianoRollKeyboard::mousePressEvent(QMouseEvent *event)
+void RollKeyboard::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::LeftButton)
         press(state_.geometry.pitch(event->pos().y()));
 }
 
-void PianoRollKeyboard::mouseMoveEvent(QMouseEvent *event)
+void RollKeyboard::mouseMoveEvent(QMouseEvent *event)
 {
     const auto pitch = state_.geometry.pitch(event->pos().y());
     emit hovered(pitch);
@@ -172,18 +172,18 @@ void PianoRollKeyboard::mouseMoveEvent(QMouseEvent *event)
         press(pitch);
 }
 
-void PianoRollKeyboard::mouseReleaseEvent(QMouseEvent *event)
+void RollKeyboard::mouseReleaseEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::LeftButton)
         release();
 }
 
-void PianoRollKeyboard::leaveEvent(QEvent *)
+void RollKeyboard::leaveEvent(QEvent *)
 {
     emit hovered(std::nullopt);
 }
 
-void PianoRollKeyboard::hideEvent(QHideEvent *)
+void RollKeyboard::hideEvent(QHideEvent *)
 {
     release();
 }

@@ -5,17 +5,17 @@
 #include <QWidget>
 
 struct Measure;
-struct PianoRollState;
+struct RollState;
 
 // The strip above the piano roll: measure numbers, beats, tempo and metre changes, the edit cursor and the playing
 // position. A click or a drag sets the cursor, a double click asks to play from there.
-class PianoRollRuler : public QWidget
+class RollRuler : public QWidget
 {
     Q_OBJECT
 
 public:
     // The state must outlive the widget.
-    explicit PianoRollRuler(const PianoRollState &state, QWidget *parent = nullptr);
+    explicit RollRuler(const RollState &state, QWidget *parent = nullptr);
 
     QSize sizeHint() const override;
 
@@ -41,5 +41,5 @@ private:
     void paintMarks(QPainter &painter, int right) const;
     void paintPointer(QPainter &painter, Ticks tick, const QColor &colour) const;
 
-    const PianoRollState &state_;
+    const RollState &state_;
 };

@@ -1,7 +1,7 @@
-#include "ui/roll/PianoRollMouse.h"
+#include "ui/roll/RollMouse.h"
 
 #include "core/AbcParser.h"
-#include "ui/roll/PianoRollState.h"
+#include "ui/roll/RollState.h"
 
 #include <QApplication>
 
@@ -13,17 +13,16 @@ namespace {
 constexpr qreal edgeWidth = 6;
 constexpr qreal leastNoteWidth = 4; // of the part that can be hit
 
-using Kind = PianoRollDrag::Kind;
+using Kind = RollDrag::Kind;
 
 } // namespace
 
-PianoRollMouse::PianoRollMouse(EditorDocument &document, PianoRollState &state, PianoRollCommands &commands,
-                               QObject *parent)
+RollMouse::RollMouse(EditorDocument &document, RollState &state, RollCommands &commands, QObject *parent)
     : QObject(parent), document_(document), state_(state), commands_(commands)
 {
 }
 
-int PianoRollMouse::noteAt(const QPointF &position) const
+int RollMouse::noteAt(const QPointF &position) const
 {
     const auto &geometry = state_.geometry;
     const auto pitch = geometry.pitch(position.y());
@@ -38,7 +37,7 @@ int PianoRollMouse::noteAt(const QPointF &position) const
     return found;
 }
 
-PianoRollMouse::Grip PianoRollMouse::gripAt(const QPointF &position) const
+RollMouse::Grip RollMouse::gripAt(const QPointF &position) const
 {
     const auto note = noteAt(position);
     if (note < 0)
@@ -48,7 +47,7 @@ PianoRollMouse::Grip PianoRollMouse::gripAt(const QPointF &position) const
     return {note, rect.right() - position.x() <= std::min(edgeWidth, rect.width() / 3)};
 }
 
-Qt::CursorShape PianoRollMouse::cursorShape(const QPointF &position) const
+Qt::CursorShape RollMouse::cursorShape(const QPointF &position) const
 {
     const auto grip = gripAt(position);
     if (grip.note >= 0)
@@ -56,12 +55,12 @@ Qt::CursorShape PianoRollMouse::cursorShape(const QPointF &position) const
     return tool_ == Tool::Draw ? Qt::CrossCursor : Qt::ArrowCursor;
 }
 
-Ticks PianoRollMouse::snapped(Ticks tick, bool snaps) const
+Ticks RollMouse::snapped(Ticks tick, bool snaps) const
 {
     return snaps ? state_.snap.nearest(tick, state_.measures) : tick;
 }
 
-void PianoRollMouse::sound(int pitch)
+void RollMouse::sound(int pitch)
 {
     if (soundingPitch_ == pitch)
         return;
@@ -72,7 +71,7 @@ void PianoRollMouse::sound(int pitch)
         emit notePressed(pitch);
 }
 
-void PianoRollMouse::press(const QMouseEvent &event)
+void RollMouse::press(const QMouseEvent &event)
 {
     if (event.button() != Qt::LeftButton)
         return;
@@ -89,7 +88,7 @@ void PianoRollMouse::press(const QMouseEvent &event)
         return;
     }
     gripped_ = state_.notes[grip_.note];
-    wasSelected_ = state_.has(grip_.note, PianoRollState::Selected);
+    wasSelected_ = state_.has(grip_.note, RollState::Selected);
     if (!wasSelected_) {
         auto selected =
             modifiers_ & (Qt::ShiftModifier | Qt::ControlModifier) ? document_.selectedNotes() : QVector<int>();
@@ -101,7 +100,7 @@ void PianoRollMouse::press(const QMouseEvent &event)
     sound(gripped_.pitch);
 }
 
-void PianoRollMouse::doublePress(const QMouseEvent &event)
+void RollMouse::doublePress(const QMouseEvent &event)
 {
     if (event.button() != Qt::LeftButton || tool_ != Tool::Select || noteAt(event.pos()) >= 0) {
         press(event);
@@ -111,7 +110,7 @@ void PianoRollMouse::doublePress(const QMouseEvent &event)
     beginDrawing(event.pos(), !(event.modifiers() & Qt::AltModifier));
 }
 
-void PianoRollMouse::beginDrawing(const QPointF &position, bool snaps)
+void RollMouse::beginDrawing(const QPointF &position, bool snaps)
 {
     const auto &geometry = state_.geometry;
     const auto tick = geometry.tick(position.x());
@@ -125,7 +124,7 @@ void PianoRollMouse::beginDrawing(const QPointF &position, bool snaps)
     drawNote(position, snaps);
 }
 
-void PianoRollMouse::move(const QPointF &position, Qt::KeyboardModifiers modifiers)
+void RollMouse::move(const QPointF &position, Qt::KeyboardModifiers modifiers)
 {
     if (!isDown_)
         return;
@@ -153,7 +152,7 @@ void PianoRollMouse::move(const QPointF &position, Qt::KeyboardModifiers modifie
     emit dragChanged();
 }
 
-void PianoRollMouse::beginDrag()
+void RollMouse::beginDrag()
 {
     if (grip_.note < 0)
         state_.drag.kind = Kind::Band;
@@ -164,7 +163,7 @@ void PianoRollMouse::beginDrag()
 }
 
 // The note that was gripped goes to the grid, the others keep their distance from it.
-void PianoRollMouse::dragNotes(const QPointF &position, bool snaps)
+void RollMouse::dragNotes(const QPointF &position, bool snaps)
 {
     const auto &geometry = state_.geometry;
     const auto moved = position + geometry.scroll() - pressedAt_;
@@ -180,7 +179,7 @@ void PianoRollMouse::dragNotes(const QPointF &position, bool snaps)
     sound(gripped_.pitch + state_.drag.semitones);
 }
 
-void PianoRollMouse::dragEnd(const QPointF &position, bool snaps)
+void RollMouse::dragEnd(const QPointF &position, bool snaps)
 {
     const auto &geometry = state_.geometry;
     const auto moved = position.x() + geometry.scroll().x() - pressedAt_.x();
@@ -189,7 +188,7 @@ void PianoRollMouse::dragEnd(const QPointF &position, bool snaps)
 }
 
 // A note keeps the usual length until the mouse asks for another.
-void PianoRollMouse::drawNote(const QPointF &position, bool snaps)
+void RollMouse::drawNote(const QPointF &position, bool snaps)
 {
     const auto &geometry = state_.geometry;
     auto &drawn = state_.drag.drawn;
@@ -203,7 +202,7 @@ void PianoRollMouse::drawNote(const QPointF &position, bool snaps)
     emit dragChanged();
 }
 
-void PianoRollMouse::release(const QMouseEvent &event)
+void RollMouse::release(const QMouseEvent &event)
 {
     if (event.button() != Qt::LeftButton || !isDown_)
         return;
@@ -216,7 +215,7 @@ void PianoRollMouse::release(const QMouseEvent &event)
     emit dragChanged();
 }
 
-void PianoRollMouse::finishDrag()
+void RollMouse::finishDrag()
 {
     const auto drag = std::exchange(state_.drag, {});
     switch (drag.kind) {
@@ -242,7 +241,7 @@ void PianoRollMouse::finishDrag()
     }
 }
 
-void PianoRollMouse::click()
+void RollMouse::click()
 {
     const auto position = pressedAt_ - state_.geometry.scroll();
     const bool adds = modifiers_ & (Qt::ShiftModifier | Qt::ControlModifier);
@@ -260,7 +259,7 @@ void PianoRollMouse::click()
     }
 }
 
-void PianoRollMouse::finishBand(const QRectF &band)
+void RollMouse::finishBand(const QRectF &band)
 {
     const auto &geometry = state_.geometry;
     const auto lowest = geometry.pitch(band.bottom());
@@ -283,7 +282,7 @@ void PianoRollMouse::finishBand(const QRectF &band)
     document_.selectNotes(selected);
 }
 
-void PianoRollMouse::cancel()
+void RollMouse::cancel()
 {
     isDown_ = false;
     sound(-1);
@@ -293,10 +292,10 @@ void PianoRollMouse::cancel()
     }
 }
 
-void PianoRollMouse::selectForMenu(const QPointF &position)
+void RollMouse::selectForMenu(const QPointF &position)
 {
     document_.update();
     const auto note = noteAt(position);
-    if (note >= 0 && !state_.has(note, PianoRollState::Selected))
+    if (note >= 0 && !state_.has(note, RollState::Selected))
         document_.selectNotes({state_.notes[note].event});
 }

@@ -1,9 +1,9 @@
 // Scrolling, zooming and the events of the piano roll.
 #include "settings/Settings.h"
 #include "ui/roll/PianoRoll.h"
-#include "ui/roll/PianoRollKeyboard.h"
-#include "ui/roll/PianoRollRuler.h"
-#include "ui/roll/PianoRollText.h"
+#include "ui/roll/RollKeyboard.h"
+#include "ui/roll/RollRuler.h"
+#include "ui/roll/RollText.h"
 
 #include <QContextMenuEvent>
 #include <QHelpEvent>
@@ -101,7 +101,7 @@ void PianoRoll::showPitch(int pitch)
         bar->setValue(bar->value() + top + 2 * row - viewport()->height());
 }
 
-void PianoRoll::showNote(const PianoRollNote &note)
+void PianoRoll::showNote(const RollNote &note)
 {
     showTick(note.start);
     showPitch(note.pitch);
@@ -109,7 +109,7 @@ void PianoRoll::showNote(const PianoRollNote &note)
 
 void PianoRoll::followPlayback(Ticks tick)
 {
-    if (!actions_->action(PianoRollActions::Follow)->isChecked() || mouse_.isDown() || panFrom_)
+    if (!actions_->action(RollActions::Follow)->isChecked() || mouse_.isDown() || panFrom_)
         return;
     const auto x = state_.geometry.x(tick);
     const auto width = viewport()->width();
@@ -304,12 +304,11 @@ void PianoRoll::focusOutEvent(QFocusEvent *event)
 QString PianoRoll::statusAt(const QPoint &position) const
 {
     const auto tick = state_.geometry.tick(position.x());
-    QStringList parts{PianoRollText::position(state_.snap.floor(tick, state_.measures), state_.measures),
-                      tr("tick %1").arg(tick),
-                      PianoRollText::pitch(state_.geometry.pitch(position.y()), state_.keyRow)};
-    if (state_.drag.kind == PianoRollDrag::Kind::Draw)
-        parts.append(tr("length %1").arg(PianoRollText::length(state_.drag.drawn.length)));
+    QStringList parts{RollText::position(state_.snap.floor(tick, state_.measures), state_.measures),
+                      tr("tick %1").arg(tick), RollText::pitch(state_.geometry.pitch(position.y()), state_.keyRow)};
+    if (state_.drag.kind == RollDrag::Kind::Draw)
+        parts.append(tr("length %1").arg(RollText::length(state_.drag.drawn.length)));
     else if (const auto note = mouse_.noteAt(position); note >= 0)
-        parts.append(tr("length %1").arg(PianoRollText::length(state_.notes[note].length)));
+        parts.append(tr("length %1").arg(RollText::length(state_.notes[note].length)));
     return parts.join(QStringLiteral(" · "));
 }

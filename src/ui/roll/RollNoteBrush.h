@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/roll/PianoRollColours.h"
+#include "ui/roll/RollColours.h"
 
 #include <QPainter>
 #include <QPixmap>
@@ -9,25 +9,25 @@
 
 // Paints many notes fast: rounded ends come from pixmaps that are made once for a height and a scale, and what is too
 // small for them is a plain rectangle, joined with its neighbours in the row where no gap would show.
-class PianoRollNoteBrush
+class RollNoteBrush
 {
 public:
     enum class Look { Plain, Faded, Selected, Sounding };
 
     // Forgets its pixmaps when anything about them changes.
-    void prepare(const PianoRollColours &colours, qreal height, qreal devicePixelRatio);
+    void prepare(const RollColours &colours, qreal height, qreal devicePixelRatio);
 
     // Between begin() and end() on one painter: notes from left to right.
     void begin(QPainter &painter) { painter_ = &painter; }
     void paint(const QRectF &rect, int pitch, Look look);
     void end();
 
-    const PianoRollColours::Note &colours(Look look) const { return looks_[size_t(look)].colours; }
+    const RollColours::Note &colours(Look look) const { return looks_[size_t(look)].colours; }
 
 private:
     struct Ends
     {
-        PianoRollColours::Note colours;
+        RollColours::Note colours;
         QPixmap left;
         QPixmap right;
     };

@@ -1,6 +1,6 @@
-#include "ui/roll/PianoRollRuler.h"
+#include "ui/roll/RollRuler.h"
 
-#include "ui/roll/PianoRollState.h"
+#include "ui/roll/RollState.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -20,7 +20,7 @@ constexpr int pointerWidth = 6; // from its middle
 QString markText(const TrackEvent &mark)
 {
     if (mark.kind() == TrackEvent::Metre && mark.denominator() == 0)
-        return PianoRollRuler::tr("free");
+        return RollRuler::tr("free");
     const auto fraction = QStringLiteral("%1/%2").arg(mark.numerator()).arg(mark.denominator());
     if (mark.kind() == TrackEvent::Metre)
         return fraction;
@@ -30,29 +30,29 @@ QString markText(const TrackEvent &mark)
 
 } // namespace
 
-PianoRollRuler::PianoRollRuler(const PianoRollState &state, QWidget *parent) : QWidget(parent), state_(state)
+RollRuler::RollRuler(const RollState &state, QWidget *parent) : QWidget(parent), state_(state)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setToolTip(tr("Click to set the cursor, double-click to play from here"));
     setAccessibleName(tr("Measures"));
 }
 
-int PianoRollRuler::lineHeight() const
+int RollRuler::lineHeight() const
 {
     return fontMetrics().height() + 1;
 }
 
-QSize PianoRollRuler::sizeHint() const
+QSize RollRuler::sizeHint() const
 {
     return {200, 2 * lineHeight() + 4};
 }
 
-void PianoRollRuler::updateMark(Ticks tick)
+void RollRuler::updateMark(Ticks tick)
 {
     update(int(state_.geometry.x(tick)) - pointerWidth - 2, 0, 2 * pointerWidth + 4, height());
 }
 
-void PianoRollRuler::paintEvent(QPaintEvent *event)
+void RollRuler::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
     const auto clip = event->rect();
@@ -75,13 +75,13 @@ void PianoRollRuler::paintEvent(QPaintEvent *event)
         paintPointer(painter, *state_.playing, state_.colours.playing);
 }
 
-void PianoRollRuler::paintTick(QPainter &painter, Ticks tick, qreal length) const
+void RollRuler::paintTick(QPainter &painter, Ticks tick, qreal length) const
 {
     const auto hairline = state_.geometry.hairline();
     painter.fillRect(QRectF(state_.geometry.x(tick), height() - length, hairline, length), state_.colours.rulerMark);
 }
 
-void PianoRollRuler::paintBeats(QPainter &painter, const Measure &measure, Ticks to) const
+void RollRuler::paintBeats(QPainter &painter, const Measure &measure, Ticks to) const
 {
     const auto &geometry = state_.geometry;
     paintTick(painter, measure.start, measureTickLength);
@@ -92,7 +92,7 @@ void PianoRollRuler::paintBeats(QPainter &painter, const Measure &measure, Ticks
         paintTick(painter, beat, beatTickLength);
 }
 
-void PianoRollRuler::paintNumber(QPainter &painter, const Measure &measure) const
+void RollRuler::paintNumber(QPainter &painter, const Measure &measure) const
 {
     const auto top = lineHeight() + 2;
     paintTick(painter, measure.start, height() - top);
@@ -102,7 +102,7 @@ void PianoRollRuler::paintNumber(QPainter &painter, const Measure &measure) cons
 }
 
 // The marks that hold at the left edge stand there; where marks crowd, those that would cover another are left out.
-void PianoRollRuler::paintMarks(QPainter &painter, int right) const
+void RollRuler::paintMarks(QPainter &painter, int right) const
 {
     const auto &geometry = state_.geometry;
     const auto &marks = state_.measures.marks();
@@ -131,7 +131,7 @@ void PianoRollRuler::paintMarks(QPainter &painter, int right) const
     }
 }
 
-void PianoRollRuler::paintPointer(QPainter &painter, Ticks tick, const QColor &colour) const
+void RollRuler::paintPointer(QPainter &painter, Ticks tick, const QColor &colour) const
 {
     const auto x = state_.geometry.x(tick) + 0.5;
     if (x < -pointerWidth || x > width() + pointerWidth)
@@ -145,25 +145,25 @@ void PianoRollRuler::paintPointer(QPainter &painter, Ticks tick, const QColor &c
     painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
-void PianoRollRuler::pick(const QMouseEvent &event)
+void RollRuler::pick(const QMouseEvent &event)
 {
     const auto tick = state_.geometry.tick(event.pos().x());
     emit cursorPicked(event.modifiers() & Qt::AltModifier ? tick : state_.snap.nearest(tick, state_.measures));
 }
 
-void PianoRollRuler::mousePressEvent(QMouseEvent *event)
+void RollRuler::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::LeftButton)
         pick(*event);
 }
 
-void PianoRollRuler::mouseMoveEvent(QMouseEvent *event)
+void RollRuler::mouseMoveEvent(QMouseEvent *event)
 {
     if (event->buttons() & Qt::LeftButton)
         pick(*event);
 }
 
-void PianoRollRuler::mouseDoubleClickEvent(QMouseEvent *event)
+void RollRuler::mouseDoubleClickEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::LeftButton)
         emit playRequested(state_.snap.nearest(state_.geometry.tick(event->pos().x()), state_.measures));

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "core/Measures.h"
-#include "ui/roll/PianoRollColours.h"
-#include "ui/roll/PianoRollGeometry.h"
-#include "ui/roll/PianoRollNotes.h"
-#include "ui/roll/PianoRollSnap.h"
+#include "ui/roll/RollColours.h"
+#include "ui/roll/RollGeometry.h"
+#include "ui/roll/RollNotes.h"
+#include "ui/roll/RollSnap.h"
 
 #include <QRectF>
 
@@ -13,7 +13,7 @@
 #include <vector>
 
 // What a mouse drag in progress would do to the track when it ended here; the canvas shows it.
-struct PianoRollDrag
+struct RollDrag
 {
     enum class Kind { None, Band, Move, Copy, Resize, Draw };
 
@@ -21,28 +21,28 @@ struct PianoRollDrag
     QRectF band;       // Band: in canvas pixels
     Ticks ticks = 0;   // Move, Copy: later by; Resize: longer by
     int semitones = 0; // Move, Copy: higher by
-    PianoRollNote drawn;
+    RollNote drawn;
 
     bool isRunning() const { return kind != Kind::None; }
     bool changesNotes() const { return kind == Kind::Move || kind == Kind::Resize; }
 };
 
 // What the parts of the piano roll (canvas, keyboard, ruler) show. The roll keeps it, the parts read it.
-struct PianoRollState
+struct RollState
 {
     enum NoteFlag : quint8 { Selected = 1, Sounding = 2, AtCaret = 4 };
     using PitchSet = std::bitset<128>;
 
-    PianoRollGeometry geometry;
-    PianoRollColours colours{QPalette(), Qt::blue};
+    RollGeometry geometry;
+    RollColours colours{QPalette(), Qt::blue};
     Measures measures;
-    PianoRollNotes notes;
+    RollNotes notes;
     std::vector<quint8> noteFlags; // one for each note
     Ticks length = 0;
     quint32 keyRow = 0;
 
-    PianoRollSnap snap;
-    PianoRollDrag drag;
+    RollSnap snap;
+    RollDrag drag;
     PitchSet silent;       // pitches that the instrument has no sample near
     PitchSet soundingKeys; // lit on the keyboard
     std::optional<int> keyUnderMouse;
@@ -53,7 +53,7 @@ struct PianoRollState
     bool has(int note, NoteFlag flag) const { return (noteFlags[size_t(note)] & flag) != 0; }
 
     // The note's rectangle on the canvas, without the gap to its neighbour.
-    QRectF rect(const PianoRollNote &note) const
+    QRectF rect(const RollNote &note) const
     {
         const auto left = geometry.x(note.start);
         const auto top = geometry.top(note.pitch);
@@ -61,9 +61,9 @@ struct PianoRollState
     }
 
     // As the drag would leave it.
-    PianoRollNote dragged(PianoRollNote note) const
+    RollNote dragged(RollNote note) const
     {
-        if (drag.kind == PianoRollDrag::Kind::Resize) {
+        if (drag.kind == RollDrag::Kind::Resize) {
             note.length = std::max(Ticks(1), note.length + drag.ticks);
         } else {
             note.start += drag.ticks;

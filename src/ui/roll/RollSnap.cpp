@@ -1,6 +1,6 @@
-#include "ui/roll/PianoRollSnap.h"
+#include "ui/roll/RollSnap.h"
 
-#include "ui/roll/PianoRollText.h"
+#include "ui/roll/RollText.h"
 
 #include <QCoreApplication>
 
@@ -22,12 +22,12 @@ constexpr std::array parts{Part{4, 1, false}, Part{2, 1, false}, Part{1, 1, fals
 
 } // namespace
 
-int PianoRollSnap::choiceCount()
+int RollSnap::choiceCount()
 {
     return int(parts.size()) + 1;
 }
 
-Ticks PianoRollSnap::stepOf(int choice) const
+Ticks RollSnap::stepOf(int choice) const
 {
     if (choice >= int(parts.size()))
         return 1;
@@ -36,22 +36,22 @@ Ticks PianoRollSnap::stepOf(int choice) const
     return std::max(Ticks(1), part.isTriplet ? scaled(named, 2, 3) : named);
 }
 
-QString PianoRollSnap::label(int choice) const
+QString RollSnap::label(int choice) const
 {
     if (choice >= int(parts.size()))
         return QCoreApplication::translate("PianoRoll", "Off");
     const auto &part = parts[size_t(choice)];
-    const auto name = PianoRollText::length(scaled(unit_, quint64(part.numerator), quint64(part.denominator)));
+    const auto name = RollText::length(scaled(unit_, quint64(part.numerator), quint64(part.denominator)));
     return part.isTriplet ? QCoreApplication::translate("PianoRoll", "%1 triplet").arg(name) : name;
 }
 
-Ticks PianoRollSnap::floor(Ticks tick, const Measures &measures) const
+Ticks RollSnap::floor(Ticks tick, const Measures &measures) const
 {
     const auto start = measures.at(tick).start;
     return start + (tick - start) / step() * step();
 }
 
-Ticks PianoRollSnap::nearest(Ticks tick, const Measures &measures) const
+Ticks RollSnap::nearest(Ticks tick, const Measures &measures) const
 {
     const auto before = floor(tick, measures);
     const auto after = std::min(before + step(), measures.at(tick).end);
