@@ -1,8 +1,8 @@
 #include "ui/editor/EditorStatus.h"
 
 #include "core/HeaderFields.h"
+#include "edit/NoteText.h"
 #include "ui/document/EditorDocument.h"
-#include "ui/roll/RollText.h"
 
 #include <QLabel>
 #include <QTextBlock>
@@ -58,7 +58,7 @@ void EditorStatus::showCaret()
     place_->setText(
         tr("Line %1, column %2").arg(block.blockNumber() + 1).arg(document_.caret().offset - block.position() + 1));
     time_->setText(
-        tr("%1, tick %2").arg(RollText::position(document_.caret().tick, measures_)).arg(document_.caret().tick));
+        tr("%1, tick %2").arg(NoteText::position(document_.caret().tick, measures_)).arg(document_.caret().tick));
     const auto note = document_.caret().note;
     if (note < 0) {
         note_->clear();
@@ -67,7 +67,7 @@ void EditorStatus::showCaret()
     const auto &event = document_.track().events()[note];
     const auto key = HeaderFields::parseKey(document_.track().headerField(QStringLiteral("K")),
                                             HeaderFields::ModeReading::WholeWord);
-    note_->setText(tr("%1, %2").arg(RollText::pitch(int(event.pitch()), key.row), RollText::length(event.length())));
+    note_->setText(tr("%1, %2").arg(NoteText::pitch(int(event.pitch()), key.row), NoteText::length(event.length())));
 }
 
 void EditorStatus::showState()

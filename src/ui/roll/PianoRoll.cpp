@@ -1,12 +1,9 @@
 #include "ui/roll/PianoRoll.h"
 
-#include "core/HeaderFields.h"
 #include "settings/Settings.h"
 #include "ui/roll/RollKeyboard.h"
 #include "ui/roll/RollRuler.h"
-#include "ui/roll/RollText.h"
 
-#include <cmath>
 #include <utility>
 
 namespace {
@@ -16,16 +13,12 @@ constexpr int edgeScrollMilliseconds = 30;
 constexpr int normalHScale = 4;
 constexpr int normalVScale = 2;
 
-bool hasSample(const NoteEntry &entry)
-{
-    return !entry.files.isEmpty() && std::isfinite(entry.rate) && entry.rate > 0;
-}
-
 } // namespace
 
 PianoRoll::PianoRoll(EditorDocument &document, Settings &settings, QWidget *parent)
     : QAbstractScrollArea(parent), document_(document), settings_(settings), commands_(document, state_),
-      mouse_(document, state_, commands_), actions_(new RollActions(*this)), keyboard_(new RollKeyboard(state_, this)),
+      mouse_(state_, commands_), scroller_(state_, *viewport(), *horizontalScrollBar(), *verticalScrollBar()),
+      actions_(new RollActions(commands_, *this)), keyboard_(new RollKeyboard(state_, this)),
       ruler_(new RollRuler(state_, this))
 {
     setFocusPolicy(Qt::StrongFocus);
@@ -46,6 +39,7 @@ PianoRoll::PianoRoll(EditorDocument &document, Settings &settings, QWidget *pare
 
     connectDocument();
     connectParts();
+    connectActions();
     readColours();
     readInstrument();
     readTrack();
@@ -72,11 +66,12 @@ void PianoRoll::connectDocument()
 
 void PianoRoll::connectParts()
 {
-    connect(&commands_, &RollCommands::cursorMoved, this, &PianoRoll::onCursorMoved);
+    connect(&commands_, &RollCommands::cursorPlaced, this, &PianoRoll::onCursorPlaced);
+    connect(&commands_, &RollCommands::cursorCarried, this, [this](int pitch) { state_.cursorPitch = pitch; });
     connect(&commands_, &RollCommands::noteTouched, this, &PianoRoll::soundBriefly);
     connect(&commands_, &RollCommands::notesMoved, this, [this] {
-        if (const auto &selected = document_.selectedNotes(); !selected.isEmpty() && !mouse_.isDown())
-            showNote(state_.notes[state_.notes.ofEvent(selected.first())]);
+        if (!mouse_.isDown())
+            showSelected();
     });
     connect(&mouse_, &RollMouse::dragChanged, viewport(), qOverload<>(&QWidget::update));
     connect(&mouse_, &RollMouse::notePressed, this, &PianoRoll::previewNote);
@@ -93,51 +88,41 @@ void PianoRoll::connectParts()
     connect(&edgeScroll_, &QTimer::timeout, this, &PianoRoll::dragBeyondEdge);
 }
 
+void PianoRoll::connectActions()
+{
+    const auto on = [this](RollActions::Id id, auto run) {
+        connect(actions_->action(id), &QAction::triggered, this, run);
+    };
+    on(RollActions::SelectTool, [this] { mouse_.setTool(RollMouse::Tool::Select); });
+    on(RollActions::DrawTool, [this] { mouse_.setTool(RollMouse::Tool::Draw); });
+    on(RollActions::SelectNone, [this] { cancelOrSelectNone(); });
+    on(RollActions::PlayFromCursor, [this] { emit playRequested(state_.cursor); });
+    on(RollActions::Finer, [this] { setSnap(state_.snap.choice() + 1); });
+    on(RollActions::Coarser, [this] { setSnap(state_.snap.choice() - 1); });
+    on(RollActions::ZoomIn, [this] { zoomTime(1); });
+    on(RollActions::ZoomOut, [this] { zoomTime(-1); });
+    on(RollActions::RowsHigher, [this] { zoomPitch(1); });
+    on(RollActions::RowsLower, [this] { zoomPitch(-1); });
+    on(RollActions::NormalSize, [this] { zoomNormal(); });
+    connect(actions_, &RollActions::snapChosen, this, &PianoRoll::setSnap);
+}
+
 // --- what the roll shows
 
 void PianoRoll::readTrack()
 {
     mouse_.cancel();
-    const auto &track = document_.track();
-    state_.measures = Measures(track);
-    state_.notes = RollNotes(track);
-    state_.length = track.length();
-    const auto key =
-        HeaderFields::findKey(track.headerField(QStringLiteral("K")), HeaderFields::ModeReading::WholeWord);
-    state_.keyRow = key.value_or(HeaderFields::Key()).row;
-    if (document_.unitLength() > 0)
-        state_.snap.setUnit(document_.unitLength());
-    actions_->update();
-    readFlags();
+    state_.readTrack(document_);
+    updateActions();
     onSoundingChanged();
-    updateScrollBars();
-    showMiddleOfNotes();
+    scroller_.updateRanges();
+    centreOnce();
     updateAll();
-}
-
-void PianoRoll::readFlags()
-{
-    state_.noteFlags.assign(size_t(state_.notes.count()), 0);
-    const auto mark = [this](int event, RollState::NoteFlag flag) {
-        if (const auto note = state_.notes.ofEvent(event); note >= 0)
-            state_.noteFlags[size_t(note)] |= quint8(flag);
-    };
-    for (const auto event : document_.selectedNotes())
-        mark(event, RollState::Selected);
-    for (const auto event : document_.playback().notes())
-        mark(event, RollState::Sounding);
-    mark(document_.caret().note, RollState::AtCaret);
 }
 
 void PianoRoll::readInstrument()
 {
-    const auto &notes = document_.instrument().tuning.notes;
-    state_.silent.reset();
-    // Without an instrument nothing is known about its samples.
-    for (quint32 pitch = 0; pitch < state_.silent.size() && !notes.isEmpty(); ++pitch) {
-        const auto entry = notes.constFind(pitch);
-        state_.silent.set(pitch, entry == notes.constEnd() || !hasSample(*entry));
-    }
+    state_.readInstrument(document_.instrument());
     updateAll();
 }
 
@@ -148,6 +133,13 @@ void PianoRoll::readColours()
     names.setPixelSize(10);
     painter_.setFont(names);
     updateAll();
+}
+
+void PianoRoll::updateActions()
+{
+    const auto selection =
+        document_.selectedNotes().isEmpty() ? RollActions::Selection::None : RollActions::Selection::Some;
+    actions_->update(selection, state_.snap);
 }
 
 void PianoRoll::updateAll()
@@ -171,30 +163,27 @@ void PianoRoll::updateNotes(const QVector<int> &notes)
 
 void PianoRoll::onSelectionChanged()
 {
-    readFlags();
-    actions_->update();
+    state_.readFlags(document_);
+    updateActions();
     viewport()->update();
     updateAccessibleText();
     // What was selected in the text comes into sight.
-    const auto &selected = document_.selectedNotes();
-    if (!hasFocus() && !selected.isEmpty())
-        showNote(state_.notes[state_.notes.ofEvent(selected.first())]);
+    if (!hasFocus())
+        showSelected();
+}
+
+void PianoRoll::showSelected()
+{
+    if (const auto &selected = document_.selectedNotes(); !selected.isEmpty())
+        scroller_.showNote(state_.notes[state_.notes.ofEvent(selected.first())]);
 }
 
 void PianoRoll::onSoundingChanged()
 {
     const auto before = std::exchange(shownSounding_, document_.playback().notes());
-    readFlags();
+    const auto changed = state_.readSounding(document_);
     updateNotes(before);
     updateNotes(shownSounding_);
-
-    RollState::PitchSet keys;
-    for (const auto event : shownSounding_) {
-        if (const auto note = state_.notes.ofEvent(event); note >= 0)
-            keys.set(size_t(state_.notes[note].pitch));
-    }
-    const auto changed = state_.soundingKeys ^ keys;
-    state_.soundingKeys = keys;
     for (size_t pitch = 0; changed.any() && pitch < changed.size(); ++pitch) {
         if (changed.test(pitch))
             keyboard_->updateKey(int(pitch));
@@ -208,32 +197,34 @@ void PianoRoll::onPlayPositionChanged(Ticks tick)
     state_.playing = tick < 0 ? std::optional<Ticks>() : tick;
     if (!state_.playing)
         return;
-    followPlayback(tick);
+    if (actions_->action(RollActions::Follow)->isChecked() && !mouse_.isDown() && !panFrom_)
+        scroller_.follow(tick);
     updateLine(tick);
 }
 
 // The text's caret takes the cursor along unless the roll is where the user works.
 void PianoRoll::onCaretChanged()
 {
-    readFlags();
+    state_.readFlags(document_);
     viewport()->update();
     if (!hasFocus() && !mouse_.isDown())
         commands_.placeCursor(document_.caret().tick, state_.cursorPitch);
 }
 
-void PianoRoll::onCursorMoved()
+void PianoRoll::onCursorPlaced(Ticks tick, int pitch)
 {
-    updateLine(shownCursor_);
     updateLine(state_.cursor);
-    shownCursor_ = state_.cursor;
-    updateScrollBars();
+    state_.cursor = tick;
+    state_.cursorPitch = pitch;
+    updateLine(state_.cursor);
+    scroller_.updateRanges();
     if (!mouse_.isDown()) {
-        showTick(state_.cursor);
-        showPitch(state_.cursorPitch);
+        scroller_.showTick(state_.cursor);
+        scroller_.showPitch(state_.cursorPitch);
     }
     updateAccessibleText();
-    emit statusChanged(RollText::position(state_.cursor, state_.measures) + QStringLiteral(" · ") +
-                       RollText::pitch(state_.cursorPitch, state_.keyRow));
+    emit statusChanged(state_.positionText(state_.cursor) + QStringLiteral(" · ") +
+                       state_.pitchText(state_.cursorPitch));
 }
 
 void PianoRoll::updateLine(Ticks tick)
@@ -246,20 +237,12 @@ void PianoRoll::updateLine(Ticks tick)
 void PianoRoll::updateAccessibleText()
 {
     const auto &selected = document_.selectedNotes();
-    auto text = RollText::position(state_.cursor, state_.measures) + QStringLiteral(", ") +
-                RollText::pitch(state_.cursorPitch, state_.keyRow);
+    auto text = state_.positionText(state_.cursor) + QStringLiteral(", ") + state_.pitchText(state_.cursorPitch);
     if (selected.size() == 1)
-        text = describe(state_.notes[state_.notes.ofEvent(selected.first())]);
+        text = state_.noteText(state_.notes[state_.notes.ofEvent(selected.first())]);
     else if (!selected.isEmpty())
         text = tr("%n note(s) selected", nullptr, int(selected.size()));
     setAccessibleDescription(text); // tells assistive programs by itself
-}
-
-QString PianoRoll::describe(const RollNote &note) const
-{
-    return tr("%1, %2, length %3")
-        .arg(RollText::pitch(note.pitch, state_.keyRow), RollText::position(note.start, state_.measures),
-             RollText::length(note.length));
 }
 
 void PianoRoll::soundBriefly(int pitch)
@@ -286,13 +269,8 @@ void PianoRoll::setKeyUnderMouse(std::optional<int> pitch)
 void PianoRoll::setSnap(int choice)
 {
     state_.snap.setChoice(std::clamp(choice, 0, RollSnap::choiceCount() - 1));
-    actions_->update();
+    updateActions();
     viewport()->update();
-}
-
-void PianoRoll::changeSnap(int steps)
-{
-    setSnap(state_.snap.choice() + steps);
 }
 
 void PianoRoll::cancelOrSelectNone()
@@ -305,15 +283,39 @@ void PianoRoll::cancelOrSelectNone()
 
 void PianoRoll::zoomTime(int steps)
 {
-    applyZoom(state_.geometry.hScale() + steps, state_.geometry.vScale(), viewport()->rect().center());
+    zoom(state_.geometry.hScale() + steps, state_.geometry.vScale(), viewport()->rect().center());
 }
 
 void PianoRoll::zoomPitch(int steps)
 {
-    applyZoom(state_.geometry.hScale(), state_.geometry.vScale() + steps, viewport()->rect().center());
+    zoom(state_.geometry.hScale(), state_.geometry.vScale() + steps, viewport()->rect().center());
 }
 
 void PianoRoll::zoomNormal()
 {
-    applyZoom(normalHScale, normalVScale, viewport()->rect().center());
+    zoom(normalHScale, normalVScale, viewport()->rect().center());
+}
+
+void PianoRoll::zoom(int hScale, int vScale, const QPoint &anchor)
+{
+    auto &geometry = state_.geometry;
+    const auto before = geometry;
+    geometry.setHScale(hScale);
+    geometry.setVScale(vScale);
+    if (geometry.hScale() == before.hScale() && geometry.vScale() == before.vScale())
+        return;
+    mouse_.cancel();
+    scroller_.keepInPlace(anchor, before);
+    updateAll();
+    settings_.setValue(Settings::PianoRollHScale, geometry.hScale());
+    settings_.setValue(Settings::PianoRollVScale, geometry.vScale());
+}
+
+// A tune that comes into view for the first time stands in the middle, from its first note on.
+void PianoRoll::centreOnce()
+{
+    if (isCentred_ || state_.notes.count() == 0 || !isVisible())
+        return;
+    isCentred_ = true;
+    scroller_.showMiddleOfNotes();
 }

@@ -4,7 +4,7 @@
 #include "ui/roll/RollCommands.h"
 #include "ui/roll/RollMouse.h"
 #include "ui/roll/RollPainter.h"
-#include "ui/roll/RollState.h"
+#include "ui/roll/RollScroller.h"
 
 #include <QAbstractScrollArea>
 #include <QTimer>
@@ -24,24 +24,15 @@ public:
     PianoRoll(EditorDocument &document, Settings &settings, QWidget *parent = nullptr);
     ~PianoRoll() override;
 
-    EditorDocument &document() { return document_; }
     const RollState &state() const { return state_; }
     RollActions &actions() { return *actions_; }
     RollCommands &commands() { return commands_; }
-    RollMouse &mouse() { return mouse_; }
+    const RollMouse &mouse() const { return mouse_; }
 
     // Counted in steps of the settings; what is at the middle of the view stays there.
     void zoomTime(int steps);
     void zoomPitch(int steps);
     void zoomNormal();
-
-    void setSnap(int choice);
-    void changeSnap(int steps);
-    void cancelOrSelectNone();
-
-    // Scrolls as little as needed.
-    void showTick(Ticks tick);
-    void showNote(const RollNote &note);
 
     QSize sizeHint() const override { return {900, 420}; }
 
@@ -70,38 +61,39 @@ protected:
 private:
     void connectDocument();
     void connectParts();
+    void connectActions();
     void readTrack();
-    void readFlags();
     void readInstrument();
     void readColours();
+    void updateActions();
     void updateAll();
     void updateNotes(const QVector<int> &notes);
     void updateLine(Ticks tick); // cursor or playing position
-    void updateScrollBars();
     void onSelectionChanged();
     void onSoundingChanged();
     void onPlayPositionChanged(Ticks tick);
     void onCaretChanged();
-    void onCursorMoved();
-    void followPlayback(Ticks tick);
+    void onCursorPlaced(Ticks tick, int pitch);
+    void showSelected();
     void soundBriefly(int pitch);
     void setKeyUnderMouse(std::optional<int> pitch);
+    void setSnap(int choice);
+    void cancelOrSelectNone();
+    void centreOnce();
     void dragBeyondEdge();
-    void showMiddleOfNotes();
-    void showPitch(int pitch);
-    void showPitchInMiddle(int pitch);
-    void applyZoom(int hScale, int vScale, const QPoint &anchor);
+    void zoom(int hScale, int vScale, const QPoint &anchor);
     void wheelZoom(const QWheelEvent &event);
+    void layOut();
     QString statusAt(const QPoint &position) const;
-    QString describe(const RollNote &note) const;
     void updateAccessibleText();
 
     EditorDocument &document_;
     Settings &settings_;
     RollState state_;
-    RollPainter painter_;
     RollCommands commands_;
     RollMouse mouse_;
+    RollScroller scroller_;
+    RollPainter painter_;
     RollActions *actions_;
     RollKeyboard *keyboard_;
     RollRuler *ruler_;
@@ -112,6 +104,5 @@ private:
     std::optional<QPoint> panFrom_;
     int wheelRest_ = 0;
     QVector<int> shownSounding_;
-    Ticks shownCursor_ = 0;
     bool isCentred_ = false;
 };

@@ -1,10 +1,12 @@
 #include "ui/roll/RollActions.h"
 
-#include "ui/roll/PianoRoll.h"
+#include "ui/roll/RollCommands.h"
+#include "ui/roll/RollSnap.h"
 
 #include <QActionGroup>
 #include <QCoreApplication>
 #include <QKeySequence>
+#include <QWidget>
 
 #include <array>
 
@@ -12,7 +14,6 @@ namespace {
 
 using Direction = RollCommands::Direction;
 using Selecting = RollCommands::Selecting;
-using Tool = RollMouse::Tool;
 constexpr auto semitonesPerOctave = 12;
 
 enum class Menu { Edit, View };
@@ -26,7 +27,7 @@ struct Row
     const char *text;
     const char *toolTip;
     const char *shortcut;
-    void (*run)(PianoRoll &);
+    void (*run)(RollCommands &); // null where the roll does it
 };
 
 #define COMPOSER_TEXT(text) QT_TRANSLATE_NOOP("RollActions", text)
@@ -34,106 +35,100 @@ struct Row
 // The order of the rows is the order of the menus.
 const std::array rows{
     Row{RollActions::SelectTool, Menu::Edit, Starts::Here, COMPOSER_TEXT("&Select Notes"),
-        COMPOSER_TEXT("Select, move and resize notes with the mouse; a double click inserts one"), "S",
-        [](PianoRoll &roll) { roll.mouse().setTool(Tool::Select); }},
+        COMPOSER_TEXT("Select, move and resize notes with the mouse; a double click inserts one"), "S", nullptr},
     Row{RollActions::DrawTool, Menu::Edit, Starts::Here, COMPOSER_TEXT("&Draw Notes"),
-        COMPOSER_TEXT("Draw notes with the mouse"), "D", [](PianoRoll &roll) { roll.mouse().setTool(Tool::Draw); }},
+        COMPOSER_TEXT("Draw notes with the mouse"), "D", nullptr},
     Row{RollActions::InsertNote, Menu::Edit, Starts::Group, COMPOSER_TEXT("&Insert Note"),
-        COMPOSER_TEXT("Insert a note at the cursor"), "Ins", [](PianoRoll &roll) { roll.commands().insertAtCursor(); }},
+        COMPOSER_TEXT("Insert a note at the cursor"), "Ins", [](RollCommands &commands) { commands.insertAtCursor(); }},
     Row{RollActions::Cut, Menu::Edit, Starts::Group, COMPOSER_TEXT("Cu&t Notes"),
         COMPOSER_TEXT("Move the selected notes to the clipboard"), "Ctrl+X",
-        [](PianoRoll &roll) { roll.commands().cut(); }},
+        [](RollCommands &commands) { commands.cut(); }},
     Row{RollActions::Copy, Menu::Edit, Starts::Here, COMPOSER_TEXT("&Copy Notes"),
         COMPOSER_TEXT("Copy the selected notes to the clipboard, as ABC"), "Ctrl+C",
-        [](PianoRoll &roll) { roll.commands().copy(); }},
+        [](RollCommands &commands) { commands.copy(); }},
     Row{RollActions::Paste, Menu::Edit, Starts::Here, COMPOSER_TEXT("&Paste Notes"),
         COMPOSER_TEXT("Insert the notes of the clipboard at the cursor"), "Ctrl+V",
-        [](PianoRoll &roll) { roll.commands().paste(); }},
+        [](RollCommands &commands) { commands.paste(); }},
     Row{RollActions::Duplicate, Menu::Edit, Starts::Here, COMPOSER_TEXT("D&uplicate Notes"),
         COMPOSER_TEXT("Repeat the selected notes behind themselves"), "Ctrl+D",
-        [](PianoRoll &roll) { roll.commands().duplicate(); }},
+        [](RollCommands &commands) { commands.duplicate(); }},
     Row{RollActions::Delete, Menu::Edit, Starts::Here, COMPOSER_TEXT("D&elete Notes"),
-        COMPOSER_TEXT("Delete the selected notes"), "Del", [](PianoRoll &roll) { roll.commands().removeSelected(); }},
+        COMPOSER_TEXT("Delete the selected notes"), "Del", [](RollCommands &commands) { commands.removeSelected(); }},
     Row{RollActions::SelectAll, Menu::Edit, Starts::Group, COMPOSER_TEXT("Select &All Notes"),
-        COMPOSER_TEXT("Select every note"), "Ctrl+A", [](PianoRoll &roll) { roll.commands().selectAll(); }},
+        COMPOSER_TEXT("Select every note"), "Ctrl+A", [](RollCommands &commands) { commands.selectAll(); }},
     Row{RollActions::SelectNone, Menu::Edit, Starts::Here, COMPOSER_TEXT("Select &No Notes"),
-        COMPOSER_TEXT("Take back the selection, or the drag in progress"), "Esc",
-        [](PianoRoll &roll) { roll.cancelOrSelectNone(); }},
+        COMPOSER_TEXT("Take back the selection, or the drag in progress"), "Esc", nullptr},
     Row{RollActions::SelectNext, Menu::Edit, Starts::Here, COMPOSER_TEXT("Select Next Note"),
         COMPOSER_TEXT("Select the note after the selection or the cursor"), "Alt+Right",
-        [](PianoRoll &roll) { roll.commands().selectNeighbour(Direction::Forward, Selecting::Replace); }},
+        [](RollCommands &commands) { commands.selectNeighbour(Direction::Forward, Selecting::Replace); }},
     Row{RollActions::SelectPrevious, Menu::Edit, Starts::Here, COMPOSER_TEXT("Select Previous Note"),
         COMPOSER_TEXT("Select the note before the selection or the cursor"), "Alt+Left",
-        [](PianoRoll &roll) { roll.commands().selectNeighbour(Direction::Back, Selecting::Replace); }},
+        [](RollCommands &commands) { commands.selectNeighbour(Direction::Back, Selecting::Replace); }},
     Row{RollActions::ExtendNext, Menu::Edit, Starts::Here, COMPOSER_TEXT("Extend Selection to Next Note"),
         COMPOSER_TEXT("Add the next note to the selection"), "Alt+Shift+Right",
-        [](PianoRoll &roll) { roll.commands().selectNeighbour(Direction::Forward, Selecting::Extend); }},
+        [](RollCommands &commands) { commands.selectNeighbour(Direction::Forward, Selecting::Extend); }},
     Row{RollActions::ExtendPrevious, Menu::Edit, Starts::Here, COMPOSER_TEXT("Extend Selection to Previous Note"),
         COMPOSER_TEXT("Add the previous note to the selection"), "Alt+Shift+Left",
-        [](PianoRoll &roll) { roll.commands().selectNeighbour(Direction::Back, Selecting::Extend); }},
+        [](RollCommands &commands) { commands.selectNeighbour(Direction::Back, Selecting::Extend); }},
     Row{RollActions::MoveEarlier, Menu::Edit, Starts::Group, COMPOSER_TEXT("Move Earlier"),
         COMPOSER_TEXT("Move the selected notes, or the cursor, one grid step back"), "Left",
-        [](PianoRoll &roll) { roll.commands().moveByStep(Direction::Back); }},
+        [](RollCommands &commands) { commands.moveByStep(Direction::Back); }},
     Row{RollActions::MoveLater, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move Later"),
         COMPOSER_TEXT("Move the selected notes, or the cursor, one grid step on"), "Right",
-        [](PianoRoll &roll) { roll.commands().moveByStep(Direction::Forward); }},
+        [](RollCommands &commands) { commands.moveByStep(Direction::Forward); }},
     Row{RollActions::MoveUp, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move Up"),
         COMPOSER_TEXT("Move the selected notes, or the cursor, a semitone up"), "Up",
-        [](PianoRoll &roll) { roll.commands().moveBySemitones(1); }},
+        [](RollCommands &commands) { commands.moveBySemitones(1); }},
     Row{RollActions::MoveDown, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move Down"),
         COMPOSER_TEXT("Move the selected notes, or the cursor, a semitone down"), "Down",
-        [](PianoRoll &roll) { roll.commands().moveBySemitones(-1); }},
+        [](RollCommands &commands) { commands.moveBySemitones(-1); }},
     Row{RollActions::MoveOctaveUp, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move an Octave Up"),
         COMPOSER_TEXT("Move the selected notes, or the cursor, an octave up"), "Ctrl+Up",
-        [](PianoRoll &roll) { roll.commands().moveBySemitones(semitonesPerOctave); }},
+        [](RollCommands &commands) { commands.moveBySemitones(semitonesPerOctave); }},
     Row{RollActions::MoveOctaveDown, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move an Octave Down"),
         COMPOSER_TEXT("Move the selected notes, or the cursor, an octave down"), "Ctrl+Down",
-        [](PianoRoll &roll) { roll.commands().moveBySemitones(-semitonesPerOctave); }},
+        [](RollCommands &commands) { commands.moveBySemitones(-semitonesPerOctave); }},
     Row{RollActions::MoveMeasureEarlier, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move a Measure Earlier"),
         COMPOSER_TEXT("Move the selected notes a measure back, or the cursor to its start"), "Ctrl+Left",
-        [](PianoRoll &roll) { roll.commands().moveByMeasure(Direction::Back); }},
+        [](RollCommands &commands) { commands.moveByMeasure(Direction::Back); }},
     Row{RollActions::MoveMeasureLater, Menu::Edit, Starts::Here, COMPOSER_TEXT("Move a Measure Later"),
         COMPOSER_TEXT("Move the selected notes a measure on, or the cursor to the next one"), "Ctrl+Right",
-        [](PianoRoll &roll) { roll.commands().moveByMeasure(Direction::Forward); }},
+        [](RollCommands &commands) { commands.moveByMeasure(Direction::Forward); }},
     Row{RollActions::Lengthen, Menu::Edit, Starts::Here, COMPOSER_TEXT("&Lengthen"),
         COMPOSER_TEXT("Make the selected notes one grid step longer"), "Shift+Right",
-        [](PianoRoll &roll) { roll.commands().resizeByStep(Direction::Forward); }},
+        [](RollCommands &commands) { commands.resizeByStep(Direction::Forward); }},
     Row{RollActions::Shorten, Menu::Edit, Starts::Here, COMPOSER_TEXT("Sho&rten"),
         COMPOSER_TEXT("Make the selected notes one grid step shorter"), "Shift+Left",
-        [](PianoRoll &roll) { roll.commands().resizeByStep(Direction::Back); }},
+        [](RollCommands &commands) { commands.resizeByStep(Direction::Back); }},
     Row{RollActions::CursorToStart, Menu::Edit, Starts::Group, COMPOSER_TEXT("Cursor to Start"),
         COMPOSER_TEXT("Set the cursor to the start of the track"), "Home",
-        [](PianoRoll &roll) { roll.commands().setCursor(0); }},
+        [](RollCommands &commands) { commands.setCursor(0); }},
     Row{RollActions::CursorToEnd, Menu::Edit, Starts::Here, COMPOSER_TEXT("Cursor to End"),
         COMPOSER_TEXT("Set the cursor behind the last note"), "End",
-        [](PianoRoll &roll) { roll.commands().setCursor(roll.state().length); }},
+        [](RollCommands &commands) { commands.setCursorToEnd(); }},
     Row{RollActions::PlayFromCursor, Menu::Edit, Starts::Here, COMPOSER_TEXT("Play from Cursor"),
-        COMPOSER_TEXT("Play the track from the cursor on"), "Shift+Space",
-        [](PianoRoll &roll) { emit roll.playRequested(roll.state().cursor); }},
+        COMPOSER_TEXT("Play the track from the cursor on"), "Shift+Space", nullptr},
     Row{RollActions::Finer, Menu::View, Starts::Here, COMPOSER_TEXT("&Finer Grid"),
-        COMPOSER_TEXT("Snap to the next shorter length"), "]", [](PianoRoll &roll) { roll.changeSnap(1); }},
+        COMPOSER_TEXT("Snap to the next shorter length"), "]", nullptr},
     Row{RollActions::Coarser, Menu::View, Starts::Here, COMPOSER_TEXT("&Coarser Grid"),
-        COMPOSER_TEXT("Snap to the next longer length"), "[", [](PianoRoll &roll) { roll.changeSnap(-1); }},
+        COMPOSER_TEXT("Snap to the next longer length"), "[", nullptr},
     Row{RollActions::ZoomIn, Menu::View, Starts::Group, COMPOSER_TEXT("Zoom &In"),
-        COMPOSER_TEXT("Show time wider (Ctrl+wheel)"), "Ctrl++", [](PianoRoll &roll) { roll.zoomTime(1); }},
+        COMPOSER_TEXT("Show time wider (Ctrl+wheel)"), "Ctrl++", nullptr},
     Row{RollActions::ZoomOut, Menu::View, Starts::Here, COMPOSER_TEXT("Zoom &Out"),
-        COMPOSER_TEXT("Show time narrower (Ctrl+wheel)"), "Ctrl+-", [](PianoRoll &roll) { roll.zoomTime(-1); }},
+        COMPOSER_TEXT("Show time narrower (Ctrl+wheel)"), "Ctrl+-", nullptr},
     Row{RollActions::RowsHigher, Menu::View, Starts::Here, COMPOSER_TEXT("&Higher Rows"),
-        COMPOSER_TEXT("Show pitches higher (Ctrl+Shift+wheel)"), "Ctrl+Shift+Up",
-        [](PianoRoll &roll) { roll.zoomPitch(1); }},
+        COMPOSER_TEXT("Show pitches higher (Ctrl+Shift+wheel)"), "Ctrl+Shift+Up", nullptr},
     Row{RollActions::RowsLower, Menu::View, Starts::Here, COMPOSER_TEXT("&Lower Rows"),
-        COMPOSER_TEXT("Show pitches lower (Ctrl+Shift+wheel)"), "Ctrl+Shift+Down",
-        [](PianoRoll &roll) { roll.zoomPitch(-1); }},
+        COMPOSER_TEXT("Show pitches lower (Ctrl+Shift+wheel)"), "Ctrl+Shift+Down", nullptr},
     Row{RollActions::NormalSize, Menu::View, Starts::Here, COMPOSER_TEXT("&Normal Size"),
-        COMPOSER_TEXT("Show time and pitches at their usual size"), "Ctrl+0",
-        [](PianoRoll &roll) { roll.zoomNormal(); }},
+        COMPOSER_TEXT("Show time and pitches at their usual size"), "Ctrl+0", nullptr},
     Row{RollActions::Follow, Menu::View, Starts::Group, COMPOSER_TEXT("&Follow Playback"),
         COMPOSER_TEXT("Keep the playing position in sight"), "F", nullptr},
 };
 
 } // namespace
 
-RollActions::RollActions(PianoRoll &roll) : QObject(&roll), roll_(roll), actions_(idCount)
+RollActions::RollActions(RollCommands &commands, QWidget &roll) : QObject(&roll), actions_(idCount)
 {
     for (const auto &row : rows) {
         auto *action = new QAction(QCoreApplication::translate("RollActions", row.text), this);
@@ -144,7 +139,7 @@ RollActions::RollActions(PianoRoll &roll) : QObject(&roll), roll_(roll), actions
             QStringLiteral("%1 (%2)").arg(toolTip, action->shortcut().toString(QKeySequence::NativeText)));
         action->setStatusTip(toolTip);
         if (row.run != nullptr)
-            connect(action, &QAction::triggered, this, [this, run = row.run] { run(roll_); });
+            connect(action, &QAction::triggered, this, [&commands, run = row.run] { run(commands); });
         actions_[row.id] = action;
         auto &menu = row.menu == Menu::Edit ? editMenu_ : viewMenu_;
         if (row.starts == Starts::Group) {
@@ -177,18 +172,15 @@ void RollActions::addSnapActions()
     for (int choice = 0; choice < RollSnap::choiceCount(); ++choice) {
         auto *action = new QAction(group);
         action->setCheckable(true);
-        connect(action, &QAction::triggered, this, [this, choice] { roll_.setSnap(choice); });
+        connect(action, &QAction::triggered, this, [this, choice] { emit snapChosen(choice); });
         snapMenu_.append(action);
     }
-    update();
 }
 
-void RollActions::update()
+void RollActions::update(Selection selection, const RollSnap &snap)
 {
-    const bool hasSelection = !roll_.document().selectedNotes().isEmpty();
     for (const auto id : {Cut, Copy, Duplicate, Delete, Lengthen, Shorten})
-        actions_[id]->setEnabled(hasSelection);
-    const auto &snap = roll_.state().snap;
+        actions_[id]->setEnabled(selection == Selection::Some);
     for (int choice = 0; choice < int(snapMenu_.size()); ++choice) {
         snapMenu_[choice]->setText(snap.label(choice));
         snapMenu_[choice]->setToolTip(tr("Snap to %1").arg(snap.label(choice)));

@@ -1,13 +1,15 @@
 #pragma once
 
 #include <QAction>
-#include <QMap>
 #include <QVector>
 
-class PianoRoll;
+class QWidget;
+class RollCommands;
+class RollSnap;
 
-// The commands of the piano roll as actions. Their shortcuts work while the roll has the focus; the window puts the
-// actions into its menus and tool bars.
+// The commands of the piano roll as actions: those about notes and cursor run by themselves, the roll connects those
+// about the view and the tools. Their shortcuts work while the roll has the focus; the window puts the actions into its
+// menus and tool bars.
 class RollActions : public QObject
 {
     Q_OBJECT
@@ -52,8 +54,8 @@ public:
         idCount
     };
 
-    // Adds the actions to the roll, which owns this object.
-    explicit RollActions(PianoRoll &roll);
+    // Adds the actions to the roll, which owns this object. The commands must outlive it.
+    RollActions(RollCommands &commands, QWidget &roll);
 
     QAction *action(Id id) const { return actions_[id]; }
 
@@ -62,14 +64,17 @@ public:
     const QVector<QAction *> &viewActions() const { return viewMenu_; }
     const QVector<QAction *> &snapActions() const { return snapMenu_; } // exclusive and checkable
 
+    enum class Selection { None, Some };
     // What depends on the selection and on the grid.
-    void update();
+    void update(Selection selection, const RollSnap &snap);
+
+signals:
+    void snapChosen(int choice);
 
 private:
     void addExclusive(const QVector<Id> &ids);
     void addSnapActions();
 
-    PianoRoll &roll_;
     QVector<QAction *> actions_;
     QVector<QAction *> editMenu_;
     QVector<QAction *> viewMenu_;

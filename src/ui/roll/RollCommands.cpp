@@ -8,6 +8,9 @@
 #include <QGuiApplication>
 #include <QMimeData>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 const QLatin1String abcMimeType("text/vnd.abc");
@@ -26,7 +29,7 @@ bool hasHeader(const QString &abc)
 
 } // namespace
 
-RollCommands::RollCommands(EditorDocument &document, RollState &state, QObject *parent)
+RollCommands::RollCommands(EditorDocument &document, const RollState &state, QObject *parent)
     : QObject(parent), document_(document), state_(state)
 {
 }
@@ -44,9 +47,13 @@ void RollCommands::setCursor(Ticks tick, int pitch)
 
 void RollCommands::placeCursor(Ticks tick, int pitch)
 {
-    state_.cursor = std::clamp(tick, Ticks(0), maxTicks);
-    state_.cursorPitch = std::clamp(pitch, int(lowestPlayablePitch), int(highestPlayablePitch));
-    emit cursorMoved();
+    emit cursorPlaced(std::clamp(tick, Ticks(0), maxTicks),
+                      std::clamp(pitch, int(lowestPlayablePitch), int(highestPlayablePitch)));
+}
+
+void RollCommands::setCursorToEnd()
+{
+    setCursor(state_.length);
 }
 
 QVector<NoteSpec> RollCommands::selectedSpecs() const
@@ -105,7 +112,7 @@ void RollCommands::moveNotes(Ticks ticks, int semitones)
     if (!changeSelected(move, shift == 0 ? tr("Transpose Notes") : tr("Move Notes")))
         return;
     if (const auto notes = selectedSpecs(); !notes.isEmpty())
-        state_.cursorPitch = int(notes.first().pitch);
+        emit cursorCarried(int(notes.first().pitch));
     emit notesMoved();
 }
 
@@ -184,7 +191,7 @@ void RollCommands::insertNote(const NoteSpec &note)
     document_.update();
     if (document_.insertNotes({note}, tr("Insert Note")))
         lastLength_ = note.length;
-    state_.cursorPitch = int(note.pitch);
+    emit cursorCarried(int(note.pitch));
 }
 
 void RollCommands::removeSelected()
@@ -286,6 +293,20 @@ void RollCommands::insertSelected(QVector<NoteSpec> notes, Ticks shift, const QS
         emit notesMoved();
 }
 
+void RollCommands::select(const QVector<int> &events, Selecting selecting)
+{
+    const auto &before = document_.selectedNotes();
+    QVector<int> selected;
+    if (selecting == Selecting::Toggle)
+        std::set_symmetric_difference(before.begin(), before.end(), events.begin(), events.end(),
+                                      std::back_inserter(selected));
+    else if (selecting == Selecting::Extend)
+        std::set_union(before.begin(), before.end(), events.begin(), events.end(), std::back_inserter(selected));
+    else
+        selected = events;
+    document_.selectNotes(selected);
+}
+
 void RollCommands::selectAll()
 {
     QVector<int> notes;
@@ -303,7 +324,7 @@ void RollCommands::selectNone()
 void RollCommands::selectNeighbour(Direction direction, Selecting selecting)
 {
     const auto &notes = state_.notes;
-    auto selected = document_.selectedNotes();
+    const auto &selected = document_.selectedNotes();
     int neighbour = 0;
     if (selected.isEmpty()) {
         const auto atCursor = notes.firstStartingAtOrAfter(state_.cursor);
@@ -314,11 +335,7 @@ void RollCommands::selectNeighbour(Direction direction, Selecting selecting)
     }
     if (neighbour < 0 || neighbour >= notes.count())
         return;
-    if (selecting == Selecting::Replace)
-        selected.clear();
-    selected.append(notes[neighbour].event);
-    std::sort(selected.begin(), selected.end());
-    document_.selectNotes(selected);
+    select({notes[neighbour].event}, selecting);
     emit noteTouched(notes[neighbour].pitch);
     emit notesMoved();
 }

@@ -8,7 +8,8 @@
 struct RollState;
 
 // What can be done to the notes in the piano roll, by keys, menus and the mouse alike. Every change of notes is one
-// step of the document's history. The commands bring the document's reading up to date before they use it.
+// step of the document's history. The commands bring the document's reading up to date before they use it. They read
+// the state, and rely on its owner to follow the document and the signals at once.
 class RollCommands : public QObject
 {
     Q_OBJECT
@@ -17,13 +18,17 @@ public:
     enum class Direction { Back = -1, Forward = 1 };
 
     // Both must outlive the commands.
-    RollCommands(EditorDocument &document, RollState &state, QObject *parent = nullptr);
+    RollCommands(EditorDocument &document, const RollState &state, QObject *parent = nullptr);
+
+    // Reads what was typed, so that the state shows what the next command will find.
+    void bringUpToDate() { document_.update(); }
 
     // The cursor stands on a tick and a pitch. The document's caret goes along when the cursor is set, not when an edit
     // takes it on.
     void setCursor(Ticks tick);
     void setCursor(Ticks tick, int pitch);
     void placeCursor(Ticks tick, int pitch);
+    void setCursorToEnd();
 
     // Move the selected notes together; without a selection, the cursor. Movement in time stops at the start, movement
     // in pitch is refused when a note would leave the playable range.
@@ -48,10 +53,12 @@ public:
     void paste();     // ABC, at the cursor
     void duplicate(); // behind the selection
 
+    enum class Selecting { Replace, Extend, Toggle };
+    // Notes by their events, sorted.
+    void select(const QVector<int> &events, Selecting selecting);
     void selectAll();
     void selectNone();
     // The note before or after the selection, or from the cursor on when there is none.
-    enum class Selecting { Replace, Extend };
     void selectNeighbour(Direction direction, Selecting selecting);
 
     // How far the selected notes can really go.
@@ -60,9 +67,10 @@ public:
     Ticks possibleGrowth(Ticks ticks) const;
 
 signals:
-    void cursorMoved();
-    void notesMoved();           // show them
-    void noteTouched(int pitch); // let it sound for a moment
+    void cursorPlaced(Ticks tick, int pitch); // both in range
+    void cursorCarried(int pitch);            // by notes that were moved or inserted there
+    void notesMoved();                        // show them
+    void noteTouched(int pitch);              // let it sound for a moment
 
 private:
     using Changer = std::function<void(NoteSpec &)>;
@@ -73,6 +81,6 @@ private:
     QVector<NoteSpec> clipboardNotes() const;
 
     EditorDocument &document_;
-    RollState &state_;
+    const RollState &state_;
     std::optional<Ticks> lastLength_;
 };

@@ -2,8 +2,8 @@
 
 #include "core/AbcParser.h"
 #include "core/KeyTable.h"
+#include "edit/NoteText.h"
 #include "ui/roll/RollState.h"
-#include "ui/roll/RollText.h"
 
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -40,7 +40,7 @@ void RollKeyboard::updateKey(int pitch)
 
 QString RollKeyboard::describe(int pitch) const
 {
-    const auto name = RollText::pitch(pitch, state_.keyRow);
+    const auto name = state_.pitchText(pitch);
     if (!isPlayable(pitch))
         return tr("%1: outside the playable range").arg(name);
     return state_.silent.test(size_t(pitch)) ? tr("%1: the instrument has no sample near").arg(name) : name;
@@ -136,7 +136,7 @@ void RollKeyboard::paintLabel(QPainter &painter, int pitch) const
     const auto reach = std::max(0, 13 - geometry.rowHeight()) / 2;
     const QRectF row(0, geometry.top(pitch) - reach, width() - 5, geometry.rowHeight() + 2 * reach);
     const auto key = RollState::isBlackKey(pitch) ? state_.keyRow : neutralKeyRow;
-    painter.drawText(row, Qt::AlignRight | Qt::AlignVCenter, RollText::pitch(pitch, key));
+    painter.drawText(row, Qt::AlignRight | Qt::AlignVCenter, NoteText::pitch(pitch, key));
 }
 
 void RollKeyboard::press(int pitch)

@@ -1,12 +1,11 @@
 #include "ui/roll/RollMouse.h"
 
 #include "core/AbcParser.h"
-#include "ui/roll/RollState.h"
 
 #include <QApplication>
 
 #include <algorithm>
-#include <iterator>
+#include <utility>
 
 namespace {
 
@@ -14,11 +13,12 @@ constexpr qreal edgeWidth = 6;
 constexpr qreal leastNoteWidth = 4; // of the part that can be hit
 
 using Kind = RollDrag::Kind;
+using Selecting = RollCommands::Selecting;
 
 } // namespace
 
-RollMouse::RollMouse(EditorDocument &document, RollState &state, RollCommands &commands, QObject *parent)
-    : QObject(parent), document_(document), state_(state), commands_(commands)
+RollMouse::RollMouse(const RollState &state, RollCommands &commands, QObject *parent)
+    : QObject(parent), state_(state), commands_(commands)
 {
 }
 
@@ -71,12 +71,17 @@ void RollMouse::sound(int pitch)
         emit notePressed(pitch);
 }
 
+bool RollMouse::adds() const
+{
+    return modifiers_ & (Qt::ShiftModifier | Qt::ControlModifier);
+}
+
 void RollMouse::press(const QMouseEvent &event)
 {
     if (event.button() != Qt::LeftButton)
         return;
     cancel();
-    document_.update();
+    commands_.bringUpToDate();
     const QPointF position = event.pos();
     isDown_ = true;
     pressedAt_ = position + state_.geometry.scroll();
@@ -89,13 +94,8 @@ void RollMouse::press(const QMouseEvent &event)
     }
     gripped_ = state_.notes[grip_.note];
     wasSelected_ = state_.has(grip_.note, RollState::Selected);
-    if (!wasSelected_) {
-        auto selected =
-            modifiers_ & (Qt::ShiftModifier | Qt::ControlModifier) ? document_.selectedNotes() : QVector<int>();
-        selected.append(gripped_.event);
-        std::sort(selected.begin(), selected.end());
-        document_.selectNotes(selected);
-    }
+    if (!wasSelected_)
+        commands_.select({gripped_.event}, adds() ? Selecting::Extend : Selecting::Replace);
     commands_.placeCursor(gripped_.start, gripped_.pitch);
     sound(gripped_.pitch);
 }
@@ -106,7 +106,7 @@ void RollMouse::doublePress(const QMouseEvent &event)
         press(event);
         return;
     }
-    document_.update();
+    commands_.bringUpToDate();
     beginDrawing(event.pos(), !(event.modifiers() & Qt::AltModifier));
 }
 
@@ -117,10 +117,10 @@ void RollMouse::beginDrawing(const QPointF &position, bool snaps)
     isDown_ = true;
     pressedAt_ = position + geometry.scroll();
     grip_ = {};
-    state_.drag = {};
-    state_.drag.kind = Kind::Draw;
-    state_.drag.drawn.start = snaps ? state_.snap.floor(tick, state_.measures) : tick;
-    state_.drag.drawn.length = commands_.newNoteLength();
+    drag_ = {};
+    drag_.kind = Kind::Draw;
+    drag_.drawn.start = snaps ? state_.snap.floor(tick, state_.measures) : tick;
+    drag_.drawn.length = commands_.newNoteLength();
     drawNote(position, snaps);
 }
 
@@ -129,14 +129,14 @@ void RollMouse::move(const QPointF &position, Qt::KeyboardModifiers modifiers)
     if (!isDown_)
         return;
     const auto distance = position + state_.geometry.scroll() - pressedAt_;
-    if (!state_.drag.isRunning() && distance.manhattanLength() >= QApplication::startDragDistance())
+    if (!drag_.isRunning() && distance.manhattanLength() >= QApplication::startDragDistance())
         beginDrag();
     const bool snaps = !(modifiers & Qt::AltModifier);
-    switch (state_.drag.kind) {
+    switch (drag_.kind) {
     case Kind::None:
         return;
     case Kind::Band:
-        state_.drag.band = QRectF(pressedAt_ - state_.geometry.scroll(), position).normalized();
+        drag_.band = QRectF(pressedAt_ - state_.geometry.scroll(), position).normalized();
         break;
     case Kind::Move:
     case Kind::Copy:
@@ -155,11 +155,11 @@ void RollMouse::move(const QPointF &position, Qt::KeyboardModifiers modifiers)
 void RollMouse::beginDrag()
 {
     if (grip_.note < 0)
-        state_.drag.kind = Kind::Band;
+        drag_.kind = Kind::Band;
     else if (grip_.isAtEnd)
-        state_.drag.kind = Kind::Resize;
+        drag_.kind = Kind::Resize;
     else
-        state_.drag.kind = modifiers_ & Qt::ControlModifier ? Kind::Copy : Kind::Move;
+        drag_.kind = modifiers_ & Qt::ControlModifier ? Kind::Copy : Kind::Move;
 }
 
 // The note that was gripped goes to the grid, the others keep their distance from it.
@@ -170,13 +170,13 @@ void RollMouse::dragNotes(const QPointF &position, bool snaps)
     const auto pixels = geometry.ticksIn(moved.x());
     const bool isVertical = std::abs(moved.x()) < QApplication::startDragDistance();
     const auto start = std::max(Ticks(0), gripped_.start + pixels);
-    state_.drag.ticks = isVertical ? 0 : commands_.possibleShift(snapped(start, snaps) - gripped_.start);
+    drag_.ticks = isVertical ? 0 : commands_.possibleShift(snapped(start, snaps) - gripped_.start);
     const auto pressedPitch = geometry.pitch(pressedAt_.y() - geometry.scroll().y());
     const auto semitones = commands_.possibleTransposition(geometry.pitch(position.y()) - pressedPitch);
     // Beyond the playable range the notes stay where they last fitted.
     if (semitones != 0 || geometry.pitch(position.y()) == pressedPitch)
-        state_.drag.semitones = semitones;
-    sound(gripped_.pitch + state_.drag.semitones);
+        drag_.semitones = semitones;
+    sound(gripped_.pitch + drag_.semitones);
 }
 
 void RollMouse::dragEnd(const QPointF &position, bool snaps)
@@ -184,14 +184,14 @@ void RollMouse::dragEnd(const QPointF &position, bool snaps)
     const auto &geometry = state_.geometry;
     const auto moved = position.x() + geometry.scroll().x() - pressedAt_.x();
     const auto end = std::max(Ticks(0), gripped_.end() + geometry.ticksIn(moved));
-    state_.drag.ticks = commands_.possibleGrowth(snapped(end, snaps) - gripped_.end());
+    drag_.ticks = commands_.possibleGrowth(snapped(end, snaps) - gripped_.end());
 }
 
 // A note keeps the usual length until the mouse asks for another.
 void RollMouse::drawNote(const QPointF &position, bool snaps)
 {
     const auto &geometry = state_.geometry;
-    auto &drawn = state_.drag.drawn;
+    auto &drawn = drag_.drawn;
     drawn.pitch = std::clamp(geometry.pitch(position.y()), int(lowestPlayablePitch), int(highestPlayablePitch));
     const auto moved = position.x() + geometry.scroll().x() - pressedAt_.x();
     if (std::abs(moved) >= QApplication::startDragDistance()) {
@@ -208,7 +208,7 @@ void RollMouse::release(const QMouseEvent &event)
         return;
     isDown_ = false;
     sound(-1);
-    if (state_.drag.isRunning())
+    if (drag_.isRunning())
         finishDrag();
     else
         click();
@@ -217,7 +217,7 @@ void RollMouse::release(const QMouseEvent &event)
 
 void RollMouse::finishDrag()
 {
-    const auto drag = std::exchange(state_.drag, {});
+    const auto drag = std::exchange(drag_, {});
     switch (drag.kind) {
     case Kind::Band:
         finishBand(drag.band);
@@ -244,18 +244,15 @@ void RollMouse::finishDrag()
 void RollMouse::click()
 {
     const auto position = pressedAt_ - state_.geometry.scroll();
-    const bool adds = modifiers_ & (Qt::ShiftModifier | Qt::ControlModifier);
     if (grip_.note < 0) {
-        if (!adds)
+        if (!adds())
             commands_.selectNone();
         commands_.setCursor(snapped(state_.geometry.tick(position.x()), !(modifiers_ & Qt::AltModifier)),
                             state_.geometry.pitch(position.y()));
     } else if (wasSelected_ && (modifiers_ & Qt::ControlModifier)) {
-        auto selected = document_.selectedNotes();
-        selected.removeAll(gripped_.event);
-        document_.selectNotes(selected);
-    } else if (wasSelected_ && !adds) {
-        document_.selectNotes({gripped_.event});
+        commands_.select({gripped_.event}, Selecting::Toggle);
+    } else if (wasSelected_ && !adds()) {
+        commands_.select({gripped_.event}, Selecting::Replace);
     }
 }
 
@@ -270,32 +267,25 @@ void RollMouse::finishBand(const QRectF &band)
         if (found.pitch >= lowest && found.pitch <= highest && geometry.x(found.end()) > band.left())
             touched.append(found.event);
     });
-    const auto &before = document_.selectedNotes();
-    QVector<int> selected;
-    if (modifiers_ & Qt::ControlModifier)
-        std::set_symmetric_difference(before.begin(), before.end(), touched.begin(), touched.end(),
-                                      std::back_inserter(selected));
-    else if (modifiers_ & Qt::ShiftModifier)
-        std::set_union(before.begin(), before.end(), touched.begin(), touched.end(), std::back_inserter(selected));
-    else
-        selected = touched;
-    document_.selectNotes(selected);
+    commands_.select(touched, modifiers_ & Qt::ControlModifier ? Selecting::Toggle
+                              : adds()                         ? Selecting::Extend
+                                                               : Selecting::Replace);
 }
 
 void RollMouse::cancel()
 {
     isDown_ = false;
     sound(-1);
-    if (state_.drag.isRunning()) {
-        state_.drag = {};
+    if (drag_.isRunning()) {
+        drag_ = {};
         emit dragChanged();
     }
 }
 
 void RollMouse::selectForMenu(const QPointF &position)
 {
-    document_.update();
+    commands_.bringUpToDate();
     const auto note = noteAt(position);
     if (note >= 0 && !state_.has(note, RollState::Selected))
-        document_.selectNotes({state_.notes[note].event});
+        commands_.select({state_.notes[note].event}, Selecting::Replace);
 }

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "ui/roll/RollCommands.h"
-#include "ui/roll/RollNotes.h"
+#include "ui/roll/RollState.h"
 
 #include <QMouseEvent>
 
-// What the mouse does on the canvas: it selects, draws, moves, copies and resizes notes. A drag is shown through the
-// state while it lasts and becomes one edit when the button is let go.
+// What the mouse does on the canvas: it turns gestures into commands that select, draw, move, copy and resize notes. A
+// drag changes nothing while it lasts and becomes one command when the button is let go.
 //
 //   click            selects the note, or nothing and sets the cursor; Shift adds, Ctrl toggles
 //   double click     inserts a note
@@ -20,8 +20,8 @@ class RollMouse : public QObject
 public:
     enum class Tool { Select, Draw };
 
-    // All must outlive the object.
-    RollMouse(EditorDocument &document, RollState &state, RollCommands &commands, QObject *parent = nullptr);
+    // Both must outlive the object.
+    RollMouse(const RollState &state, RollCommands &commands, QObject *parent = nullptr);
 
     Tool tool() const { return tool_; }
     void setTool(Tool tool) { tool_ = tool; }
@@ -33,6 +33,7 @@ public:
     // Ends the drag and changes nothing.
     void cancel();
     bool isDown() const { return isDown_; }
+    const RollDrag &drag() const { return drag_; }
 
     // A right click acts on the note under it: selects it unless it is selected.
     void selectForMenu(const QPointF &position);
@@ -53,6 +54,7 @@ private:
     };
 
     Grip gripAt(const QPointF &position) const;
+    bool adds() const; // to the selection
     void beginDrag();
     void dragNotes(const QPointF &position, bool snaps);
     void dragEnd(const QPointF &position, bool snaps);
@@ -64,12 +66,12 @@ private:
     void sound(int pitch);
     Ticks snapped(Ticks tick, bool snaps) const;
 
-    EditorDocument &document_;
-    RollState &state_;
+    const RollState &state_;
     RollCommands &commands_;
     Tool tool_ = Tool::Select;
 
     bool isDown_ = false;
+    RollDrag drag_;
     QPointF pressedAt_; // in the whole picture, so that scrolling does not move it
     Qt::KeyboardModifiers modifiers_;
     Grip grip_;

@@ -1,7 +1,6 @@
 #include "ui/roll/RollPainter.h"
 
 #include "core/AbcParser.h"
-#include "ui/roll/RollText.h"
 
 namespace {
 
@@ -21,11 +20,12 @@ void RollPainter::setFont(const QFont &font)
     names_.fill({});
 }
 
-void RollPainter::paint(QPainter &painter, const RollState &state, const QRect &clip)
+void RollPainter::paint(QPainter &painter, const RollState &state, const RollDrag &drag, const QRect &clip)
 {
     const auto &geometry = state.geometry;
     painter_ = &painter;
     state_ = &state;
+    drag_ = &drag;
     painter.fillRect(clip, state.colours.ruler); // below the rows
     clip_ = QRectF(clip).intersected(
         {qreal(clip.left()), qreal(-geometry.scroll().y()), qreal(clip.width()), qreal(geometry.contentHeight())});
@@ -123,7 +123,7 @@ void RollPainter::paintSteps(const Measure &measure, Ticks step, const QColor &c
 void RollPainter::paintNotes()
 {
     brush_.begin(*painter_);
-    const bool isDragged = state_->drag.changesNotes();
+    const bool isDragged = drag_->changesNotes();
     state_->notes.forEachIn(from_, to_, [&](int note) {
         const bool isSelected = state_->has(note, RollState::Selected);
         auto look = isSelected ? Look::Selected : Look::Plain;
@@ -155,7 +155,7 @@ void RollPainter::paintName(const QRectF &rect, int pitch, const QColor &colour)
 {
     auto &name = names_[size_t(pitch)];
     if (name.text().isEmpty()) {
-        name = QStaticText(RollText::pitch(pitch, state_->keyRow));
+        name = QStaticText(state_->pitchText(pitch));
         name.setTextFormat(Qt::PlainText);
         name.prepare({}, font_);
     }
@@ -165,7 +165,7 @@ void RollPainter::paintName(const QRectF &rect, int pitch, const QColor &colour)
 
 void RollPainter::paintDrag()
 {
-    const auto &drag = state_->drag;
+    const auto &drag = *drag_;
     if (!drag.isRunning())
         return;
     if (drag.kind == RollDrag::Kind::Band) {
@@ -184,7 +184,7 @@ void RollPainter::paintDrag()
         const auto from = isResize ? from_ - std::max(Ticks(0), drag.ticks) : from_ - drag.ticks;
         state_->notes.forEachIn(from, isResize ? to_ : to_ - drag.ticks, [&](int note) {
             if (state_->has(note, RollState::Selected))
-                paintNote(state_->dragged(state_->notes[note]), Look::Selected);
+                paintNote(drag.applied(state_->notes[note]), Look::Selected);
         });
     }
     brush_.end();

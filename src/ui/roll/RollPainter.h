@@ -11,7 +11,7 @@ class RollPainter
 {
 public:
     // Everything that touches the clip rectangle. The cost grows with what is seen there, not with the track.
-    void paint(QPainter &painter, const RollState &state, const QRect &clip);
+    void paint(QPainter &painter, const RollState &state, const RollDrag &drag, const QRect &clip);
 
     void setFont(const QFont &font);
 
@@ -29,8 +29,9 @@ private:
     void verticalLine(Ticks tick, const QColor &colour, qreal width);
     void horizontalLine(qreal y, const QColor &colour);
 
-    QPainter *painter_ = nullptr; // these two while painting
+    QPainter *painter_ = nullptr; // these three while painting
     const RollState *state_ = nullptr;
+    const RollDrag *drag_ = nullptr;
     QRectF clip_;
     Ticks from_ = 0; // the ticks that the clip rectangle covers
     Ticks to_ = 0;

@@ -1,6 +1,6 @@
 #include "ui/roll/RollSnap.h"
 
-#include "ui/roll/RollText.h"
+#include "edit/NoteText.h"
 
 #include <QCoreApplication>
 
@@ -39,10 +39,10 @@ Ticks RollSnap::stepOf(int choice) const
 QString RollSnap::label(int choice) const
 {
     if (choice >= int(parts.size()))
-        return QCoreApplication::translate("PianoRoll", "Off");
+        return QCoreApplication::translate("RollSnap", "Off");
     const auto &part = parts[size_t(choice)];
-    const auto name = RollText::length(scaled(unit_, quint64(part.numerator), quint64(part.denominator)));
-    return part.isTriplet ? QCoreApplication::translate("PianoRoll", "%1 triplet").arg(name) : name;
+    const auto name = NoteText::length(scaled(unit_, quint64(part.numerator), quint64(part.denominator)));
+    return part.isTriplet ? QCoreApplication::translate("RollSnap", "%1 triplet").arg(name) : name;
 }
 
 Ticks RollSnap::floor(Ticks tick, const Measures &measures) const

@@ -12,6 +12,9 @@
 #include <optional>
 #include <vector>
 
+class EditorDocument;
+struct Instrument;
+
 // What a mouse drag in progress would do to the track when it ended here; the canvas shows it.
 struct RollDrag
 {
@@ -25,9 +28,11 @@ struct RollDrag
 
     bool isRunning() const { return kind != Kind::None; }
     bool changesNotes() const { return kind == Kind::Move || kind == Kind::Resize; }
+    RollNote applied(RollNote note) const;
 };
 
-// What the parts of the piano roll (canvas, keyboard, ruler) show. The roll keeps it, the parts read it.
+// What the parts of the piano roll (canvas, keyboard, ruler, commands, mouse) read. The roll keeps it and alone changes
+// it: by what the document tells, and by what the parts ask for with their signals.
 struct RollState
 {
     enum NoteFlag : quint8 { Selected = 1, Sounding = 2, AtCaret = 4 };
@@ -42,8 +47,7 @@ struct RollState
     quint32 keyRow = 0;
 
     RollSnap snap;
-    RollDrag drag;
-    PitchSet silent;       // pitches that the instrument has no sample near
+    PitchSet silent;       // pitches that the instrument has no sample near; none without an instrument
     PitchSet soundingKeys; // lit on the keyboard
     std::optional<int> keyUnderMouse;
     Ticks cursor = 0; // where notes are inserted and pasted
@@ -53,24 +57,18 @@ struct RollState
     bool has(int note, NoteFlag flag) const { return (noteFlags[size_t(note)] & flag) != 0; }
 
     // The note's rectangle on the canvas, without the gap to its neighbour.
-    QRectF rect(const RollNote &note) const
-    {
-        const auto left = geometry.x(note.start);
-        const auto top = geometry.top(note.pitch);
-        return {left, top, geometry.x(note.end()) - left, geometry.bottom(note.pitch) - top};
-    }
+    QRectF rect(const RollNote &note) const;
 
-    // As the drag would leave it.
-    RollNote dragged(RollNote note) const
-    {
-        if (drag.kind == RollDrag::Kind::Resize) {
-            note.length = std::max(Ticks(1), note.length + drag.ticks);
-        } else {
-            note.start += drag.ticks;
-            note.pitch += drag.semitones;
-        }
-        return note;
-    }
+    // "Measure 3, beat 2", "C4".
+    QString positionText(Ticks tick) const;
+    QString pitchText(int pitch) const;
+    QString noteText(const RollNote &note) const; // with its length
+
+    void readTrack(const EditorDocument &document);
+    void readFlags(const EditorDocument &document);
+    // Gives the keys that begin or cease to be lit.
+    PitchSet readSounding(const EditorDocument &document);
+    void readInstrument(const Instrument &instrument);
 
     static bool isBlackKey(int pitch) { return ((1 << pitch % 12) & 0b010101001010) != 0; }
 };

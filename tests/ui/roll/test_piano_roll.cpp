@@ -1,11 +1,11 @@
 #include "core/AbcParser.h"
+#include "edit/NoteText.h"
 #include "settings/Settings.h"
 #include "support/Rows.h"
 #include "ui/PaintCounter.h"
 #include "ui/roll/PianoRoll.h"
 #include "ui/roll/RollKeyboard.h"
 #include "ui/roll/RollRuler.h"
-#include "ui/roll/RollText.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -233,7 +233,7 @@ private slots:
         Fixture fixture("CDEF");
         QTest::mousePress(fixture.canvas(), Qt::LeftButton, {}, fixture.middleOf(1));
         fixture.moveTo(fixture.at(6 * eighth, 70));
-        QVERIFY(fixture.state().drag.isRunning());
+        QVERIFY(fixture.roll.mouse().drag().isRunning());
         fixture.press("Esc");
         QTest::mouseRelease(fixture.canvas(), Qt::LeftButton, {}, fixture.at(6 * eighth, 70));
         QCOMPARE(fixture.notes(), QStringLiteral("0+1:60 1+1:62* 2+1:64 3+1:65"));

@@ -1,10 +1,10 @@
 #include "core/AbcParser.h"
 #include "core/Measures.h"
+#include "edit/NoteText.h"
 #include "support/Rows.h"
 #include "ui/roll/RollGeometry.h"
 #include "ui/roll/RollNotes.h"
 #include "ui/roll/RollSnap.h"
-#include "ui/roll/RollText.h"
 
 #include <QRandomGenerator>
 
@@ -31,7 +31,7 @@ private slots:
         const Measures measures(track);
         QStringList positions;
         for (const double quarters : {0.0, 4.5, 5.0, 7.0, 12.0, 13.5})
-            positions += RollText::position(Ticks(quarters * ticksPerQuarter), measures);
+            positions += NoteText::position(Ticks(quarters * ticksPerQuarter), measures);
         // The change cuts the second measure short and begins the third.
         QCOMPARE(positions.join(u'|').remove(QStringLiteral("Measure ")),
                  QStringLiteral("1, beat 1|2, beat 2 + 1/8|3, beat 1|4, beat 1|5, beat 4|6, beat 2"));
@@ -72,10 +72,10 @@ private slots:
     {
         QStringList names; // by the pitch and the row of the key: C, D twice, Bb, C#, Cb
         for (const auto &[pitch, key] : {std::pair(60, 7), {66, 5}, {65, 5}, {58, 9}, {60, 0}, {59, 14}})
-            names += RollText::pitch(pitch, key);
+            names += NoteText::pitch(pitch, key);
         QCOMPARE(names.join(u' '), QStringLiteral("C4 F♯4 F4 B♭3 B♯3 C♭4"));
-        QCOMPARE(RollText::length(3 * eighth / 2), QStringLiteral("3/16"));
-        QCOMPARE(RollText::length(2 * ticksPerWholeNote), QStringLiteral("2"));
+        QCOMPARE(NoteText::length(3 * eighth / 2), QStringLiteral("3/16"));
+        QCOMPARE(NoteText::length(2 * ticksPerWholeNote), QStringLiteral("2"));
     }
 
     // Against a look at every note, with one note that is longer than all others together.

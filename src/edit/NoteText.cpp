@@ -1,4 +1,4 @@
-#include "ui/roll/RollText.h"
+#include "edit/NoteText.h"
 
 #include "core/KeyTable.h"
 #include "core/Measures.h"
@@ -7,7 +7,7 @@
 
 #include <numeric>
 
-namespace RollText {
+namespace NoteText {
 
 QString pitch(int pitch, quint32 keyRow)
 {
@@ -34,7 +34,7 @@ QString position(Ticks tick, const Measures &measures)
 {
     const auto measure = measures.at(tick);
     const auto inMeasure = tick - measure.start;
-    auto text = QCoreApplication::translate("PianoRoll", "Measure %1, beat %2")
+    auto text = QCoreApplication::translate("NoteText", "Measure %1, beat %2")
                     .arg(measure.number)
                     .arg(inMeasure / measure.beat + 1);
     if (const auto rest = inMeasure % measure.beat; rest != 0)
@@ -42,4 +42,4 @@ QString position(Ticks tick, const Measures &measures)
     return text;
 }
 
-} // namespace RollText
+} // namespace NoteText
