@@ -1,0 +1,326 @@
+#include "import/standard/Performance.h"
+
+#include "base/Interrupted.h"
+
+#include <QHash>
+
+#include <algorithm>
+
+namespace {
+
+using Kind = ScoreItem::Kind;
+
+constexpr qint64 mostSounds = 4'000'000;
+
+// The order in which items are played. It walks through a stretch of items and tells each that is reached.
+class Walk
+{
+public:
+    Walk(const QVector<ScoreItem> &items, qsizetype begin, qsizetype end)
+        : items_(items), end_(end), at_(begin), start_(begin)
+    {
+    }
+
+    // The next item to play, null at the end.
+    const ScoreItem *next()
+    {
+        while (at_ < end_) {
+            const auto &item = items_[int(at_)];
+            if (!step(item))
+                return &item;
+        }
+        return nullptr;
+    }
+    int repeatsPlayed() const { return repeatsPlayed_; }
+
+private:
+    // Whether the item was a sign for the walk alone, which then stands at the next item.
+    bool step(const ScoreItem &item);
+    void endRepeat(const ScoreItem &item);
+    void skipEnding();
+    void beginGroup(qsizetype start)
+    {
+        start_ = start;
+        pass_ = 1;
+    }
+    bool isEndingNext(qsizetype from) const;
+    int passesOfGroup(int withoutEndings) const;
+
+    const QVector<ScoreItem> &items_;
+    qsizetype end_;
+    qsizetype at_;
+    qsizetype start_; // where a repeat goes back to
+    int pass_ = 1;
+    bool isInEnding_ = false;
+    int repeatsPlayed_ = 0;
+};
+
+bool Walk::step(const ScoreItem &item)
+{
+    switch (item.kind) {
+    case Kind::RepeatStart:
+        beginGroup(++at_);
+        isInEnding_ = false;
+        return true;
+    case Kind::RepeatEnd:
+        endRepeat(item);
+        return true;
+    case Kind::Ending:
+        if ((item.passes >> pass_ & 1) != 0) {
+            isInEnding_ = true;
+            ++at_;
+        } else {
+            skipEnding();
+        }
+        return true;
+    case Kind::EndingStop:
+        ++at_;
+        if (isInEnding_ && !isEndingNext(at_))
+            beginGroup(at_);
+        isInEnding_ = false;
+        return true;
+    case Kind::Part:
+        ++at_;
+        return true;
+    default:
+        ++at_;
+        return false;
+    }
+}
+
+void Walk::endRepeat(const ScoreItem &item)
+{
+    if (pass_ < passesOfGroup(int(item.passes))) {
+        ++pass_;
+        ++repeatsPlayed_;
+        at_ = start_;
+    } else {
+        beginGroup(++at_);
+    }
+    isInEnding_ = false;
+}
+
+// An ending of other passes: to its end, a repeat's end, a thick bar line or the next ending.
+void Walk::skipEnding()
+{
+    auto at = at_ + 1;
+    const auto ends = [&](Kind kind) {
+        return kind == Kind::RepeatEnd || kind == Kind::EndingStop || kind == Kind::Ending || kind == Kind::RepeatStart;
+    };
+    while (at < end_ && !ends(items_[int(at)].kind))
+        ++at;
+    const auto kind = at < end_ ? items_[int(at)].kind : Kind::Ending;
+    const bool isOwnEnd = kind == Kind::RepeatEnd || kind == Kind::EndingStop;
+    at_ = isOwnEnd ? at + 1 : at;
+    if (isOwnEnd && !isEndingNext(at_))
+        beginGroup(at_);
+}
+
+bool Walk::isEndingNext(qsizetype from) const
+{
+    for (auto at = from; at < end_; ++at) {
+        const auto kind = items_[int(at)].kind;
+        if (kind == Kind::Ending)
+            return true;
+        if (kind != Kind::Bar && kind != Kind::Key && kind != Kind::Metre && kind != Kind::Tempo)
+            return false;
+    }
+    return false;
+}
+
+// The greatest number of its endings says how often a group is played.
+int Walk::passesOfGroup(int withoutEndings) const
+{
+    int passes = 0;
+    for (auto at = start_; at < end_; ++at) {
+        const auto &item = items_[int(at)];
+        if (item.kind == Kind::RepeatStart || (item.kind == Kind::RepeatEnd && !isEndingNext(at + 1)))
+            break;
+        for (int pass = 1; item.kind == Kind::Ending && pass < 64; ++pass) {
+            if ((item.passes >> pass & 1) != 0)
+                passes = std::max(passes, pass);
+        }
+    }
+    return passes > 0 ? passes : withoutEndings;
+}
+
+class Performer
+{
+public:
+    Performer(const QVector<ScoreItem> &items, GraceNotes graces, const std::stop_token &stop)
+        : items_(items), graces_(graces), stop_(stop)
+    {
+    }
+
+    PerformedVoice perform(const QString &partOrder)
+    {
+        if (partOrder.isEmpty())
+            play(0, items_.size());
+        else
+            playParts(partOrder);
+        return std::move(performed_);
+    }
+
+private:
+    struct OpenTie
+    {
+        int note = 0; // its index
+        MusicTime end;
+    };
+
+    void play(qsizetype begin, qsizetype end);
+    void playParts(const QString &order);
+    void playItem(const ScoreItem &item);
+    void sound(const ScoreItem &item);
+    Fraction playGraces(const ScoreItem &item);
+    void playNote(const ScoreNote &note, const MusicTime &start, const Fraction &length);
+    int appendNote(int pitch, const MusicTime &start, const MusicTime &end);
+    void endMeasure();
+
+    const QVector<ScoreItem> &items_;
+    GraceNotes graces_;
+    const std::stop_token &stop_;
+    PerformedVoice performed_;
+    MusicTime now_;
+    MusicTime measureStart_;
+    MusicTime farthest_; // of the overlays of this measure
+    QHash<int, OpenTie> ties_;
+    qint64 soundsLeft_ = mostSounds;
+};
+
+void Performer::play(qsizetype begin, qsizetype end)
+{
+    Walk walk(items_, begin, end);
+    while (const auto *const item = walk.next())
+        playItem(*item);
+    performed_.repeatsPlayed += walk.repeatsPlayed();
+}
+
+// Music before the first label comes first; of parts with one name the first that has music is meant.
+void Performer::playParts(const QString &order)
+{
+    QHash<quint32, std::pair<qsizetype, qsizetype>> parts;
+    const auto isPart = [](const ScoreItem &item) { return item.kind == Kind::Part; };
+    const auto hasMusic = [](const ScoreItem &item) { return item.kind == Kind::Sound; };
+    auto label = std::find_if(items_.begin(), items_.end(), isPart);
+    play(0, label - items_.begin());
+    while (label != items_.end()) {
+        const auto next = std::find_if(label + 1, items_.end(), isPart);
+        if (!parts.contains(label->first) && std::any_of(label, next, hasMusic))
+            parts.insert(label->first, {label - items_.begin(), next - items_.begin()});
+        label = next;
+    }
+    for (const auto letter : order) {
+        throwIfStopped(stop_);
+        if (const auto part = parts.constFind(letter.unicode()); part != parts.constEnd())
+            play(part->first, part->second);
+    }
+}
+
+void Performer::playItem(const ScoreItem &item)
+{
+    const auto tick = now_.rounded();
+    switch (item.kind) {
+    case Kind::Sound:
+        sound(item);
+        break;
+    case Kind::Bar:
+        endMeasure();
+        break;
+    case Kind::Overlay:
+        farthest_ = std::max(farthest_, now_);
+        now_ = measureStart_;
+        break;
+    case Kind::Key:
+        performed_.changes.append(TrackEvent::key(tick, item.first, item.second));
+        break;
+    case Kind::Metre:
+        performed_.changes.append(TrackEvent::metre(tick, item.first, item.second));
+        break;
+    case Kind::Tempo:
+        performed_.tempos.append(TrackEvent::tempo(tick, item.first, item.second, item.perMinute));
+        break;
+    default:
+        break;
+    }
+}
+
+// A short overlay is filled up with a rest.
+void Performer::endMeasure()
+{
+    throwIfStopped(stop_);
+    now_ = std::max(farthest_, now_);
+    farthest_ = now_;
+    measureStart_ = now_;
+}
+
+void Performer::sound(const ScoreItem &item)
+{
+    soundsLeft_ -= 1 + item.notes.size();
+    if (soundsLeft_ < 0)
+        throw QStringLiteral("The tune is too long.");
+    const auto taken = playGraces(item);
+    auto start = now_;
+    start.advance(taken);
+    for (const auto &note : item.notes)
+        playNote(note, start, note.length - taken);
+    now_.advance(item.duration);
+}
+
+// Each lasts a quarter of its written length; where that leaves nothing of the note they are left out.
+Fraction Performer::playGraces(const ScoreItem &item)
+{
+    if (graces_ == GraceNotes::Drop || item.notes.isEmpty())
+        return {};
+    Fraction total;
+    for (const auto &grace : item.graces)
+        total = total + grace.length * Fraction(1, 4);
+    const auto isShorter = [&](const ScoreNote &note) { return note.length <= total; };
+    if (item.duration <= total || std::any_of(item.notes.begin(), item.notes.end(), isShorter))
+        return {};
+    auto start = now_;
+    for (const auto &grace : item.graces) {
+        auto end = start;
+        end.advance(grace.length * Fraction(1, 4));
+        appendNote(grace.pitch, start, end);
+        start = end;
+    }
+    return total;
+}
+
+void Performer::playNote(const ScoreNote &note, const MusicTime &start, const Fraction &length)
+{
+    auto end = start;
+    end.advance(length);
+    const auto tie = ties_.find(note.pitch);
+    const bool isContinued = tie != ties_.end() && tie->end == start;
+    const int index = isContinued ? tie->note : appendNote(note.pitch, start, end);
+    if (isContinued) {
+        auto &held = performed_.notes[index];
+        held.setLength(end.rounded() - held.start());
+    }
+    if (note.isTied && index >= 0)
+        ties_.insert(note.pitch, {index, end});
+    else if (isContinued)
+        ties_.remove(note.pitch);
+}
+
+// The index of the new note, -1 when it is too low to have a number.
+int Performer::appendNote(int pitch, const MusicTime &start, const MusicTime &end)
+{
+    if (pitch < 0) {
+        ++performed_.belowRange;
+        return -1;
+    }
+    const auto length = std::max<Ticks>(1, end.rounded() - start.rounded());
+    performed_.notes.append(TrackEvent::note(quint32(pitch), start.rounded(), length));
+    return int(performed_.notes.size()) - 1;
+}
+
+} // namespace
+
+PerformedVoice perform(const QVector<ScoreItem> &items, const QString &partOrder, GraceNotes graces,
+                       const std::stop_token &stop)
+{
+    return Performer(items, graces, stop).perform(partOrder);
+}

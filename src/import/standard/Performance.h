@@ -1,0 +1,27 @@
+#pragma once
+
+#include "core/TrackEvent.h"
+#include "import/standard/ScoreItem.h"
+
+#include <QString>
+#include <QVector>
+
+#include <stop_token>
+
+// What a grace note does: it sounds in time taken from the note behind it, or not at all.
+enum class GraceNotes { TakeTime, Drop };
+
+// A voice as it sounds: repeats, endings and parts played out, ties joined.
+struct PerformedVoice
+{
+    QVector<TrackEvent> notes;   // of any pitch from 0 on; not sorted
+    QVector<TrackEvent> changes; // keys and metres
+    QVector<TrackEvent> tempos;
+    int belowRange = 0;    // notes under pitch 0
+    int repeatsPlayed = 0; // how often the music went back
+};
+
+// partOrder: the parts to play, by their letters; empty: the music as it stands. Throws a QString when the voice plays
+// longer than any tune, and Interrupted soon after a stop.
+PerformedVoice perform(const QVector<ScoreItem> &items, const QString &partOrder, GraceNotes graces,
+                       const std::stop_token &stop = {});

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "import/standard/Fraction.h"
+
+#include <QChar>
+#include <QVector>
+
+// A voice as it is written, before repeats are played: what sounds and what steers the order, one item after the other.
+struct ScoreNote
+{
+    int pitch = 0; // note number, 60 = middle C; may lie outside of what can be played
+    Fraction length;
+    bool isTied = false;
+};
+
+struct ScoreItem
+{
+    enum class Kind : quint8 {
+        Sound,       // notes, or none for a rest
+        Bar,         // the end of a measure
+        RepeatStart, // |:
+        RepeatEnd,   // :|
+        Ending,      // [1 and its kin
+        EndingStop,  // a bar line that ends an ending: || |] [|
+        Part,        // P:A
+        Overlay,     // &: time goes back to the bar line before
+        Key,
+        Metre,
+        Tempo,
+    };
+    Kind kind = Kind::Sound;
+    Fraction duration;         // Sound: how far time moves on; no note need be as long
+    QVector<ScoreNote> notes;  // Sound
+    QVector<ScoreNote> graces; // Sound: played before the notes, in time taken from them
+    quint64 passes = 0;        // Ending: bit n for pass n, from 1; RepeatEnd: how often all is played
+    quint32 first = 0;         // Key: row, Metre and Tempo: numerator; Part: the letter
+    quint32 second = 0;        // Key: mode, Metre and Tempo: denominator
+    quint32 perMinute = 0;     // Tempo
+};

@@ -1,0 +1,145 @@
+#include "import/standard/Tunebook.h"
+
+#include <algorithm>
+
+namespace {
+
+bool isField(QStringView line)
+{
+    const auto isLetter = [](QChar c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c == u'+'; };
+    // "E:|" and "C::D" are music.
+    return line.size() >= 2 && isLetter(line.at(0)) && line.at(1) == u':' &&
+           !(line.size() > 2 && (line.at(2) == u'|' || line.at(2) == u':'));
+}
+
+bool isDirective(QStringView line)
+{
+    return line.startsWith(u'%');
+}
+
+// One line after the other; CR, LF and both together end one.
+class Lines
+{
+public:
+    explicit Lines(const QString &text) : rest_(text) {}
+
+    bool isAtEnd() const { return rest_.isEmpty(); }
+    QStringView next()
+    {
+        qsizetype end = 0;
+        while (end < rest_.size() && rest_.at(end) != u'\n' && rest_.at(end) != u'\r')
+            ++end;
+        const auto line = rest_.left(end);
+        if (end < rest_.size())
+            end += rest_.mid(end).startsWith(u"\r\n") ? 2 : 1;
+        rest_ = rest_.mid(end);
+        return line;
+    }
+
+private:
+    QStringView rest_;
+};
+
+class TunebookSplitter
+{
+public:
+    explicit TunebookSplitter(const QString &text) : lines_(text) {}
+
+    QVector<TunebookTune> split()
+    {
+        while (!lines_.isAtEnd())
+            take(lines_.next());
+        return tunes_;
+    }
+
+private:
+    enum class Place { FileHeader, FreeText, Header, Body };
+
+    void take(QStringView line);
+    void takeOutside(QStringView line);
+    void takeHeader(QStringView line);
+    void beginTune();
+
+    Lines lines_;
+    QVector<QStringView> fileHeader_;
+    QVector<TunebookTune> tunes_;
+    Place place_ = Place::FileHeader;
+    QString skippedBlock_; // "%%end…" that ends a block of text
+};
+
+void TunebookSplitter::take(QStringView line)
+{
+    if (!skippedBlock_.isEmpty()) {
+        if (line.startsWith(skippedBlock_))
+            skippedBlock_.clear();
+        return;
+    }
+    for (const auto *block : {"%%begintext", "%%beginps", "%%beginsvg"}) {
+        if (line.startsWith(QLatin1String(block))) {
+            skippedBlock_ = QStringLiteral("%%end") + line.mid(7).toString().section(u' ', 0, 0);
+            return;
+        }
+    }
+    const bool isEmpty = line.trimmed().isEmpty();
+    if (isEmpty)
+        place_ = place_ == Place::FileHeader && fileHeader_.isEmpty() ? place_ : Place::FreeText;
+    else if (line.startsWith(u"X:") || place_ == Place::FileHeader || place_ == Place::FreeText)
+        takeOutside(line);
+    else if (place_ == Place::Header)
+        takeHeader(line);
+    else
+        tunes_.last().body.append(line);
+}
+
+void TunebookSplitter::beginTune()
+{
+    tunes_.append(TunebookTune());
+    tunes_.last().header = fileHeader_;
+    place_ = Place::Header;
+}
+
+void TunebookSplitter::takeOutside(QStringView line)
+{
+    if (line.startsWith(u"X:")) {
+        beginTune();
+        tunes_.last().number = line.mid(2).trimmed().toString();
+        return;
+    }
+    if (isDirective(line)) {
+        if (place_ == Place::FileHeader)
+            fileHeader_.append(line);
+        return;
+    }
+    if (!isField(line))
+        return;
+    // Without X: a tune may begin with its title or, at the latest, its key.
+    const bool isTuneField = line.startsWith(u"T:") || line.startsWith(u"K:");
+    if (isTuneField) {
+        beginTune();
+        takeHeader(line);
+    } else if (place_ == Place::FileHeader) {
+        fileHeader_.append(line);
+    }
+}
+
+void TunebookSplitter::takeHeader(QStringView line)
+{
+    auto &tune = tunes_.last();
+    if (!isField(line) && !isDirective(line)) { // music without a key
+        place_ = Place::Body;
+        tune.body.append(line);
+        return;
+    }
+    tune.header.append(line);
+    if (line.startsWith(u"T:") && tune.title.isEmpty())
+        tune.title = line.mid(2).trimmed().toString();
+    if (line.startsWith(u"K:"))
+        place_ = Place::Body;
+}
+
+} // namespace
+
+QVector<TunebookTune> splitTunebook(const QString &text)
+{
+    return TunebookSplitter(text).split();
+}

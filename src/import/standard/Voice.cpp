@@ -1,0 +1,192 @@
+#include "import/standard/Voice.h"
+
+namespace {
+
+constexpr std::array<int, 7> naturalPitchClass{0, 2, 4, 5, 7, 9, 11};
+constexpr int middleC = 60;
+
+int stepOf(const WrittenPitch &pitch)
+{
+    return 7 * pitch.octave + pitch.letter;
+}
+
+} // namespace
+
+// An accidental holds as far as the reach says; one that a tie brings over a bar line is for the tied note alone.
+int Voice::sounding(const WrittenPitch &pitch)
+{
+    const int step = stepOf(pitch);
+    const int place = settings.reach == AccidentalReach::Letter ? pitch.letter : step;
+    int semitones = settings.key.accidentals[size_t(pitch.letter)];
+    if (const auto running = accidentals_.find(place); running != accidentals_.end())
+        semitones = running->second;
+    if (const auto tied = tiedOver_.find(step); tied != tiedOver_.end() && !isInGraces_) {
+        semitones = tied->second;
+        tiedOver_.erase(tied);
+    }
+    if (pitch.accidental) {
+        semitones = *pitch.accidental;
+        if (settings.reach != AccidentalReach::Note)
+            accidentals_[place] = semitones;
+    }
+    if (!isInGraces_) {
+        lastSteps_.append(step);
+        lastAccidentals_.append(semitones);
+    }
+    return middleC + 12 * pitch.octave + naturalPitchClass[size_t(pitch.letter)] + semitones +
+           settings.shift.semitones() + settings.playedTranspose;
+}
+
+ScoreNote Voice::scoreNote(const WrittenPitch &pitch, const Fraction &units)
+{
+    return {sounding(pitch), units * settings.unitLength, false};
+}
+
+void Voice::note(const WrittenPitch &pitch, const Fraction &units)
+{
+    if (isInGraces_) {
+        graces_.append(scoreNote(pitch, units));
+        return;
+    }
+    if (!chord_)
+        beginSound();
+    const auto written = scoreNote(pitch, units);
+    if (chord_)
+        chord_->append(written);
+    else
+        addSound({written}, written.length);
+}
+
+void Voice::beginChord()
+{
+    chord_.emplace();
+    if (!isInGraces_)
+        beginSound();
+}
+
+// Ties speak of the sound before.
+void Voice::beginSound()
+{
+    if (settings.reach == AccidentalReach::Note)
+        tiedOver_.insert(tiedSemitones_.begin(), tiedSemitones_.end());
+    tiedSemitones_.clear();
+    lastSteps_.clear();
+    lastAccidentals_.clear();
+}
+
+// The first note says how far time moves on; each keeps its own length.
+void Voice::endChord(const Fraction &factor)
+{
+    auto notes = chord_.value_or(QVector<ScoreNote>());
+    chord_.reset();
+    if (notes.isEmpty())
+        return;
+    for (auto &note : notes)
+        note.length = note.length * factor;
+    if (isInGraces_)
+        return;
+    addSound(notes, notes.first().length);
+}
+
+// In a chord it ties the note before it, behind the chord all of them.
+void Voice::tie()
+{
+    const auto remember = [this](qsizetype index) {
+        tiedSemitones_[lastSteps_[int(index)]] = lastAccidentals_[int(index)];
+    };
+    if (isInGraces_)
+        return;
+    if (chord_) {
+        if (chord_->isEmpty())
+            return;
+        chord_->last().isTied = true;
+        if (!lastSteps_.isEmpty())
+            remember(lastSteps_.size() - 1);
+        return;
+    }
+    if (lastSound_ < 0)
+        return;
+    for (auto &note : items_[int(lastSound_)].notes)
+        note.isTied = true;
+    for (qsizetype i = 0; i < lastSteps_.size(); ++i)
+        remember(i);
+}
+
+void Voice::rest(const Fraction &units)
+{
+    if (chord_ || isInGraces_)
+        return;
+    beginSound();
+    addSound({}, units * settings.unitLength);
+}
+
+void Voice::measureRest(int measures)
+{
+    const auto measure = settings.metre.isNone() ? ticksPerWholeNote : settings.metre.measureTicks();
+    ScoreItem item;
+    item.duration = Fraction(std::min<Ticks>(measure, 100 * ticksPerWholeNote));
+    for (int i = 0; i < measures; ++i)
+        items_.append(item);
+    lastSound_ = -1;
+    hasMusic_ = true;
+}
+
+void Voice::stretch(ScoreItem &item, const Fraction &factor)
+{
+    item.duration = item.duration * factor;
+    for (auto &note : item.notes)
+        note.length = note.length * factor;
+}
+
+void Voice::addSound(const QVector<ScoreNote> &notes, Fraction duration)
+{
+    ScoreItem item;
+    item.duration = duration;
+    item.notes = notes;
+    item.graces = graces_;
+    graces_.clear();
+    if (tuplet_.notesLeft > 0) {
+        --tuplet_.notesLeft;
+        stretch(item, tuplet_.ratio);
+    }
+    stretch(item, nextFactor_);
+    nextFactor_ = 1;
+    lastSound_ = items_.size();
+    items_.append(item);
+    hasMusic_ = true;
+    tiedOver_.clear();
+}
+
+void Voice::tuplet(int count, int inTimeOf, int notes)
+{
+    tuplet_ = {Fraction(inTimeOf, count), notes};
+}
+
+void Voice::brokenRhythm(int dots)
+{
+    if (lastSound_ < 0)
+        return;
+    const int power = 1 << std::min(qAbs(dots), 8);
+    const Fraction shorter(1, power);
+    const Fraction longer(2 * power - 1, power);
+    stretch(items_[int(lastSound_)], dots > 0 ? longer : shorter);
+    nextFactor_ = dots > 0 ? shorter : longer;
+}
+
+void Voice::bar()
+{
+    accidentals_.clear();
+    tiedOver_ = tiedSemitones_;
+    tiedSemitones_.clear();
+    ScoreItem item;
+    item.kind = ScoreItem::Kind::Bar;
+    items_.append(item);
+}
+
+void Voice::overlay()
+{
+    accidentals_.clear();
+    ScoreItem item;
+    item.kind = ScoreItem::Kind::Overlay;
+    items_.append(item);
+}
