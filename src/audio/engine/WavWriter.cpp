@@ -5,13 +5,11 @@
 #include <bit>
 #include <limits>
 
-static_assert(std::endian::native == std::endian::little, "samples are written as they lie in memory");
-
 namespace {
 
-constexpr std::uint32_t headerBytes = 44;
-constexpr std::uint16_t channels = 2;
-constexpr std::uint16_t bytesPerFrame = channels * sizeof(std::int16_t);
+constexpr int channels = 2;
+constexpr std::uint64_t headerBytes = 44;
+constexpr std::uint64_t mostDataBytes = std::numeric_limits<std::uint32_t>::max() - headerBytes;
 
 // To the nearest, halves to even.
 std::int16_t toInt16(float sample)
@@ -23,60 +21,47 @@ std::int16_t toInt16(float sample)
     return std::int16_t(std::bit_cast<std::int32_t>(limited + shift) - std::bit_cast<std::int32_t>(shift));
 }
 
+SNDFILE *created(const std::filesystem::path &path)
+{
+    SF_INFO info{};
+    info.samplerate = WavWriter::sampleRate;
+    info.channels = channels;
+    info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
+#ifdef _WIN32
+    return sf_wchar_open(path.c_str(), SFM_WRITE, &info);
+#else
+    return sf_open(path.c_str(), SFM_WRITE, &info);
+#endif
+}
+
 } // namespace
 
 bool WavWriter::open(const std::filesystem::path &path)
 {
     dataBytes_ = 0;
-    file_.clear();
-    file_.open(path, std::ios::binary | std::ios::trunc);
-    writeHeader();
-    file_.flush();
-    return bool(file_);
+    file_.reset(created(path));
+    isWhole_ = file_ && sf_command(file_.get(), SFC_UPDATE_HEADER_NOW, nullptr, 0) == 0 && sf_error(file_.get()) == 0;
+    return isWhole_;
 }
 
 bool WavWriter::write(std::span<const float> stereo)
 {
-    const auto bytes = stereo.size() * sizeof(std::int16_t);
-    if (bytes > std::numeric_limits<std::uint32_t>::max() - headerBytes - dataBytes_)
-        return false;
+    dataBytes_ += stereo.size() * sizeof(std::int16_t);
+    isWhole_ = isWhole_ && dataBytes_ <= mostDataBytes;
     std::array<std::int16_t, 8192> converted;
-    while (!stereo.empty()) {
+    while (isWhole_ && !stereo.empty()) {
         const auto part = stereo.first(std::min(stereo.size(), converted.size()));
         std::transform(part.begin(), part.end(), converted.begin(), toInt16);
-        file_.write(reinterpret_cast<const char *>(converted.data()),
-                    std::streamsize(part.size() * sizeof(std::int16_t)));
+        const auto count = sf_count_t(part.size());
+        isWhole_ = sf_write_short(file_.get(), converted.data(), count) == count;
         stereo = stereo.subspan(part.size());
     }
-    dataBytes_ += std::uint32_t(bytes);
-    return bool(file_);
+    return isWhole_;
 }
 
 bool WavWriter::close()
 {
-    if (!file_.is_open())
+    if (!file_)
         return true;
-    file_.seekp(0);
-    writeHeader();
-    file_.close();
-    return bool(file_);
-}
-
-void WavWriter::writeHeader()
-{
-    const auto text = [this](const char *four) { file_.write(four, 4); };
-    const auto number = [this](auto value) { file_.write(reinterpret_cast<const char *>(&value), sizeof value); };
-    text("RIFF");
-    number(std::uint32_t(headerBytes - 8 + dataBytes_));
-    text("WAVE");
-    text("fmt ");
-    number(std::uint32_t(16));
-    number(std::uint16_t(1)); // PCM
-    number(channels);
-    number(std::uint32_t(sampleRate));
-    number(std::uint32_t(sampleRate * bytesPerFrame));
-    number(bytesPerFrame);
-    number(std::uint16_t(16)); // bits per sample
-    text("data");
-    number(dataBytes_);
+    return sf_close(file_.release()) == 0 && isWhole_;
 }
