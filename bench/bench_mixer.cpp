@@ -1,6 +1,8 @@
 // The mixer by itself, against fluidsynth playing the same notes of the same samples on the same core: dry, with its
 // usual interpolation. Items are voice-seconds: one voice sounding for one second.
 #include "audio/engine/BuiltinEngine.h"
+#include "audio/engine/OfflineMix.h"
+#include "audio/sound/Resampler.h"
 #include "support/DenseSong.h"
 #include "support/Fluidsynth.h"
 #include "support/Ratios.h"
@@ -61,9 +63,10 @@ Mix liveMix(const DenseSong &song)
 }
 
 // Every sample is resampled once to every pitch that the song has of it, and every voice plays at ratio 1.
-Mix cachedMix(const BuiltinEngine &engine, const DenseSong &song)
+Mix cachedMix(const DenseSong &song)
 {
     auto mix = liveMix(song);
+    Resampler resampler;
     std::vector<Sound> resampled(sounds().size() * DenseSong::keysPerSample);
     for (std::size_t i = 0; i < mix.voices.size(); ++i) {
         auto &voice = mix.voices[i];
@@ -72,17 +75,17 @@ Mix cachedMix(const BuiltinEngine &engine, const DenseSong &song)
             resampled[std::size_t(DenseSamples::indexOf(note.instrument(), note.key) * DenseSong::keysPerSample +
                                   (note.key - DenseSong::lowestKey) % DenseSong::keysPerSample)];
         if (!sound)
-            check(engine.resample(*voice.sound, voice.ratio, 2 * engineRate, sound));
+            check(resampler.resample(*voice.sound, voice.ratio, 2 * engineRate, sound));
         voice.sound = sound;
         voice.ratio = 1;
     }
     return mix;
 }
 
-void mixSpan(const BuiltinEngine &engine, const Mix &mix, int span, std::vector<float> &stereo)
+void mixSpan(const Mix &mix, int span, std::vector<float> &stereo)
 {
     stereo.resize(2 * spanFrames);
-    check(engine.mixSpan(mix, DspClock(span) * spanFrames, stereo));
+    check(mixOffline(mix, DspClock(span) * spanFrames, stereo));
 }
 
 // Scheduling a block ahead and mixing it, as in playback.
@@ -148,8 +151,7 @@ void Live2048(benchmark::State &state, int channels)
 void MixCached(benchmark::State &state, unsigned threads)
 {
     const DenseSong song(256, 120);
-    const BuiltinEngine engine(EngineOutput::Silent);
-    const auto mix = cachedMix(engine, song);
+    const auto mix = cachedMix(song);
     cpu_set_t one, all;
     sched_getaffinity(0, sizeof one, &one);
     CPU_ZERO(&all);
@@ -162,7 +164,7 @@ void MixCached(benchmark::State &state, unsigned threads)
             workers.emplace_back([&, worker] {
                 std::vector<float> stereo;
                 for (auto span = int(worker); span < song.seconds / spanSeconds; span += int(threads))
-                    mixSpan(engine, mix, span, stereo);
+                    mixSpan(mix, span, stereo);
             });
         }
     }
@@ -174,7 +176,7 @@ void MixCached(benchmark::State &state, unsigned threads)
 // beforehand as for an export. Only the counter is of interest.
 void SineToNoise(benchmark::State &state, double hertz, bool isExport)
 {
-    const BuiltinEngine engine(EngineOutput::Silent);
+    Resampler resampler;
     const auto sine = std::make_shared<SoundData>(1, 2 * sampleRate, sampleRate);
     for (std::size_t i = 0; i < sine->frames(); ++i)
         sine->plane(0)[i] = float(std::sin(2 * std::numbers::pi * hertz * double(i) / sampleRate));
@@ -184,11 +186,11 @@ void SineToNoise(benchmark::State &state, double hertz, bool isExport)
     std::vector<float> stereo(2 * engineRate);
     for (auto _ : state) {
         if (isExport)
-            check(engine.resample(*sine, std::exchange(ratio, 1), 2 * engineRate, sound));
+            check(resampler.resample(*sine, std::exchange(ratio, 1), 2 * engineRate, sound));
         Mix mix;
         mix.groups.resize(1);
         mix.voices.push_back({sound, masterGroup, 0, never, never, 1, ratio});
-        check(engine.mixSpan(mix, 0, stereo));
+        check(mixOffline(mix, 0, stereo));
     }
 
     // The sine that fits best in the sense of least squares; the beginning is left out, where it starts.

@@ -53,6 +53,18 @@ function(composer_library NAME)
     add_dependencies(libraries ${NAME})
 endfunction()
 
+# For code without Qt that computes samples: optimised, and products are not contracted into sums behind our back, so
+# that the same sample has the same bits wherever a span is cut.
+function(composer_exact_samples NAME)
+    set_target_properties(${NAME} PROPERTIES AUTOMOC OFF)
+    if(NOT MSVC)
+        target_compile_options(${NAME} PRIVATE -ffp-contract=off)
+        if(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
+            target_compile_options(${NAME} PRIVATE -O3)
+        endif()
+    endif()
+endfunction()
+
 function(composer_test NAME)
     cmake_parse_arguments(ARG "THREADS;WINDOW" "" "LINKS" ${ARGN})
     add_executable(${NAME} ${NAME}.cpp)

@@ -1,5 +1,5 @@
 // Any bytes are decoded to a sound that keeps its promises, or refused.
-#include "audio/engine/SampleDecoder.h"
+#include "audio/sound/SampleDecoder.h"
 
 #include <cmath>
 #include <cstdlib>

@@ -13,8 +13,9 @@ set(LAYERS
     "src/edit|base core"
     "src/assets/package|base"
     "src/assets|base assets/package"
-    "src/audio|base core assets assets/package"
-    "src/audio/engine|audio/AudioEngine.h audio/Sound.h"
+    "src/audio/sound|"
+    "src/audio|base core assets assets/package audio/sound"
+    "src/audio/engine|audio/AudioEngine.h audio/sound"
     "src/ui|base settings assets"
     "src/ui/tracks|core"
     "src/ui/song|base settings core import assets ui ui/tracks"
@@ -29,7 +30,7 @@ set(LAYERS
     "src/app|base settings core import song assets audio audio/engine ui ui/tracks ui/song ui/preferences app/services app/commands"
     "tools/cli|base settings core import song assets assets/package audio audio/engine"
     "tools/demogame|")
-set(LAYERS_WITHOUT_QT "src/audio/engine")
+set(LAYERS_WITHOUT_QT "src/audio/sound" "src/audio/engine")
 
 # Sets LAYER to the row's name and MAY_INCLUDE to its list.
 function(find_layer PATH)

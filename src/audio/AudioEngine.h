@@ -1,31 +1,19 @@
 #pragma once
 
-#include "audio/Sound.h"
+#include "audio/sound/AudioResult.h"
+#include "audio/sound/Sound.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <limits>
+#include <optional>
 #include <span>
 #include <vector>
 
 // A point of the engine's time: output samples since initialize(). Every start, end and fade is given in it.
 using DspClock = std::uint64_t;
 constexpr DspClock never = std::numeric_limits<DspClock>::max();
-
-enum class AudioResult {
-    Ok,
-    InvalidArgument,  // a number out of its range, or an operation that the output does not have
-    NotInitialized,   // before initialize() or after release()
-    NoDevice,         // there is no sound device: the engine runs on, paced, and nothing is heard
-    DeviceLost,       // the sound device went away: as NoDevice
-    UnknownGroup,     // not created, or released
-    TooManyGroups,    // more than maxGroups
-    TooManyVoices,    // more than maxVoices scheduled or sounding; those that sound are not touched
-    QueueFull,        // more commands than the mixer took; the operation had no effect
-    UnreadableSample, // neither WAV, FLAC, Ogg Vorbis, Ogg Opus nor MP3, or damaged before its first frame
-    SampleTooLong,    // longer than ten minutes, or than 256 MB when decoded
-    CannotWrite,      // the wave file could not be created or not be written
-};
 
 // Whether somebody can hear the output.
 enum class OutputState { Running, NoDevice };
@@ -37,12 +25,11 @@ constexpr GroupId masterGroup{0}; // always there; every other group plays into 
 constexpr std::size_t maxGroups = 1024;
 constexpr std::size_t maxVoices = 2048;
 
-// What a group does to its voices. With pan p the left side is multiplied by volume * min(1, 1 - p), the right one by
-// volume * min(1, 1 + p).
+// What a group does to its voices.
 struct GroupLevel
 {
     float volume = 1; // linear, 0 or more
-    float pan = 0;    // -1 left … 1 right
+    float pan = 0;    // -1 left … 1 right; at the ends the other side is silent, at 0 both are as they were
 };
 
 // Linear amplitudes, 1 is full scale.
@@ -55,8 +42,8 @@ struct MeterReading
 };
 
 // One note. At clock c the voice plays source frame (c - start) * ratio. Its gain holds until `end` and then falls
-// linearly to 0 at `fadeEnd`, where the voice ends; it also ends where the sound ends. A mono sound goes to left and
-// right at √½ each, a stereo sound as it is. Ratio 1 plays sample for sample; any other goes through the live kernel.
+// linearly to 0 at `fadeEnd`, where the voice ends; it also ends where the sound ends. A mono sound goes to both sides
+// with the power of a stereo one. At ratio 1 it is played sample for sample.
 struct VoiceSpec
 {
     Sound sound; // not null
@@ -68,25 +55,55 @@ struct VoiceSpec
     double ratio = 1;         // source frames per output frame: pitch factor * sound rate / engine rate; above 0
 };
 
-// A whole timeline, for mixSpan(): groups[n] is what GroupId{n} does, the master's at 0 (so at least one). Voices of a
-// group are added in the order of the list.
-struct Mix
+// A song that an engine renders as a whole. [render]
+class Timeline
 {
-    std::vector<GroupLevel> groups;
-    std::vector<VoiceSpec> voices;
+public:
+    virtual ~Timeline() = default;
+
+    // What each group does, the master's at 0 (so at least one). Voices name their group by its place here.
+    virtual const std::vector<GroupLevel> &groups() const = 0;
+    // The file goes on at least until here.
+    virtual DspClock end() const = 0;
+    // The voices that start before the clock and were not taken before, by their starts. Asked in rising order.
+    virtual std::vector<VoiceSpec> takeVoices(DspClock before) = 0;
+};
+
+// A part of a render for any core, and what follows on the render's thread.
+struct RenderJob
+{
+    std::function<void()> work; // [any]
+    std::function<void()> take; // [render]
+};
+
+// For whom an engine renders. What these throw ends the render and passes through the engine. [render]
+class RenderHost
+{
+public:
+    virtual ~RenderHost() = default;
+
+    // One more block is in the file, up to the clock.
+    virtual void passBlock(DspClock clock) = 0;
+    // Something failed, and the render goes on.
+    virtual void report(AudioResult failure) = 0;
+    // How many jobs run at the same time.
+    virtual std::size_t cores() const = 0;
+    // Asks for jobs until there are none, and takes them in their order. When it throws, the work of jobs that began
+    // may still go on.
+    virtual void run(const std::function<std::optional<RenderJob>()> &nextJob) = 0;
 };
 
 // The one door to sound. An engine has one owner thread, [audio] below: the player's audio thread or the renderer's.
-// What is tagged [any] is const and may be called from several threads at once.
-// The same calls at the same clocks give the same samples, bit for bit, however the timeline is cut into blocks.
+// What is tagged [any] is const and may be called from several threads at once. When a call fails, the rest goes on.
 class AudioEngine
 {
 public:
     virtual ~AudioEngine() = default;
 
-    // What messages begin with ("Audio" in "Audio Error: …"), and the text of a result. [any]
+    // What messages begin with ("Audio" in "Audio Error: …"). [any]
     virtual const char *name() const = 0;
-    virtual const char *errorText(AudioResult result) const = 0;
+    // The text of a result; of a LibraryError it is that of the library's latest one, with its number. [any]
+    virtual const char *errorText(AudioResult result) const;
 
     // Opens the output; the clock starts at 0. NoDevice is a warning: everything works on, unheard. [audio]
     virtual AudioResult initialize() = 0;
@@ -105,13 +122,13 @@ public:
 
     // A group for one track, at level {1, 0}. `group` is written on Ok only. [audio]
     virtual AudioResult createGroup(GroupId &group) = 0;
-    // Changes glide over one block while the group sounds. [audio]
+    // Changes glide while the group sounds, so that they do not click. [audio]
     virtual AudioResult setGroupLevel(GroupId group, GroupLevel level) = 0;
-    // Ends the group's voices: those that sound fade over 240 frames, scheduled ones do not begin. [audio]
+    // Ends the group's voices: those that sound fade over some milliseconds, scheduled ones do not begin. [audio]
     virtual AudioResult stopGroup(GroupId group) = 0;
     // Forgets the group; voices that it has left play to their ends. Not for masterGroup. [audio]
     virtual AudioResult releaseGroup(GroupId group) = 0;
-    // Behind the group's level, over all blocks mixed since the previous reading; an unknown group reads 0. [audio]
+    // Behind the group's level, of late; an unknown group reads 0. [audio]
     virtual MeterReading groupMeter(GroupId group) = 0;
 
     // Schedules a voice. A start that the mixer has already passed is moved to the mixer's clock. `voice` is written on
@@ -122,14 +139,12 @@ public:
     virtual AudioResult fadeOut(VoiceId voice, std::size_t frames) = 0;
     virtual bool isPlaying(VoiceId voice) const = 0; // scheduled or sounding, as of the last update() [audio]
 
-    // Decodes a whole sample file of any supported format; more than two channels become the first two. [any]
-    virtual AudioResult decode(std::span<const std::byte> bytes, Sound &sound) const = 0;
-    // Resamples with the high-quality kernel, so that the result at ratio 1 is the source at `ratio`. At most maxFrames
-    // of the result are made: what the longest note needs. InvalidArgument when ratio is not in 1/16 … 16. [any]
-    virtual AudioResult resample(const SoundData &source, double ratio, std::size_t maxFrames, Sound &sound) const = 0;
-    // Mixes the clocks from … from + stereo.size() / 2 to interleaved left and right (overwritten): the same bytes that
-    // playing the voices gives. Voices outside the span cost one comparison each; there may be any number. [any]
-    virtual AudioResult mixSpan(const Mix &mix, DspClock from, std::span<float> stereo) const = 0;
-    // Appends interleaved frames to the wave file and moves the clock on (wave file output only). [audio]
-    virtual AudioResult write(std::span<const float> stereo) = 0;
+    // Writes a timeline to the file of the output, from an initialized engine that has played nothing; release() must
+    // follow. The file ends with the block in which the timeline and its last voice end. This body plays the voices and
+    // updates the engine block by block; an engine that knows a faster way overrides it. [render]
+    virtual AudioResult render(Timeline &timeline, RenderHost &host);
+
+    // The sound of a whole sample file. This body reads what SampleDecoder reads; an engine whose library knows more
+    // formats overrides it. [any]
+    virtual AudioResult makeSound(std::span<const std::byte> file, Sound &sound) const;
 };

@@ -40,15 +40,15 @@ RenderTimeline::RenderTimeline(const std::vector<RenderTrack> &tracks, SampleCac
     std::ranges::stable_sort(notes_, {}, [](const Note &note) { return note.placed.start; });
 }
 
-std::shared_ptr<const Mix> RenderTimeline::mix(DspClock from, DspClock to)
+std::vector<VoiceSpec> RenderTimeline::takeVoices(DspClock before)
 {
-    std::erase_if(sounding_, [from](const VoiceSpec &voice) { return endOf(voice) <= from; });
-    for (; nextNote_ < notes_.size() && notes_[nextNote_].placed.start < to; ++nextNote_) {
+    std::vector<VoiceSpec> voices;
+    for (; nextNote_ < notes_.size() && notes_[nextNote_].placed.start < before; ++nextNote_) {
         auto voice = voiceFor(notes_[nextNote_].placed, notes_[nextNote_].group, samples_);
         if (voice.sound)
-            sounding_.push_back(std::move(voice));
+            voices.push_back(std::move(voice));
     }
-    return std::make_shared<const Mix>(Mix{groups_, sounding_});
+    return voices;
 }
 
 RenderProgress::RenderProgress(const std::vector<RenderTrack> &tracks, Tell tell) : tell_(std::move(tell))

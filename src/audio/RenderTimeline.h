@@ -3,7 +3,7 @@
 #include "audio/AudioEngine.h"
 #include "audio/TrackPlayback.h"
 
-#include <memory>
+#include <functional>
 #include <vector>
 
 class SampleCache;
@@ -15,18 +15,17 @@ struct RenderTrack
     GroupLevel level;
 };
 
-// All notes of a render, cut into spans that can be mixed apart. The sample cache must outlive it. [render]
-class RenderTimeline
+// All notes of a render. The sample cache must outlive it. [render]
+class RenderTimeline : public Timeline
 {
 public:
     // Throws Interrupted when the thread is asked to stop.
     RenderTimeline(const std::vector<RenderTrack> &tracks, SampleCache &samples);
 
+    const std::vector<GroupLevel> &groups() const override { return groups_; }
     // Where the last event has begun and the last voice has ended.
-    DspClock end() const { return end_; }
-
-    // The voices that sound in the clocks from … to, to exclusive. Spans must be asked for in rising order.
-    std::shared_ptr<const Mix> mix(DspClock from, DspClock to);
+    DspClock end() const override { return end_; }
+    std::vector<VoiceSpec> takeVoices(DspClock before) override; // only from then on do they hold samples
 
 private:
     struct Note
@@ -39,7 +38,6 @@ private:
     std::vector<GroupLevel> groups_;
     std::vector<Note> notes_; // by start; those of one group in the order of their track
     std::size_t nextNote_ = 0;
-    std::vector<VoiceSpec> sounding_; // only these hold samples
     DspClock end_ = 0;
 };
 

@@ -5,19 +5,12 @@
 
 #include <QThread>
 
-#include <algorithm>
+#include <variant>
 
 namespace {
 
 constexpr int sampleRate = 48000;
 constexpr DspClock longestSong = DspClock(6) * 60 * 60 * sampleRate;
-
-// The mixer is fastest with spans of some seconds; every core should still get several, and a cancelled one be soon
-// over.
-DspClock spanBlocks(DspClock songBlocks, std::size_t cores)
-{
-    return std::clamp<DspClock>(songBlocks / (4 * cores), 64, 1024);
-}
 
 } // namespace
 
@@ -80,34 +73,45 @@ void RenderWorker::refuseOverlong(DspClock end) const
         throw QStringLiteral("The song is longer than 6 hours.");
 }
 
+// What an engine that renders sees of the worker.
+class RenderWorker::Host : public RenderHost
+{
+public:
+    explicit Host(RenderWorker &worker)
+        : worker_(worker), progress_(worker.tracks_, [&worker](quint64 current, quint64 total) {
+              emit worker.renderProgress(current, total);
+          })
+    {
+    }
+
+    void passBlock(DspClock clock) override
+    {
+        if (QThread::currentThread()->isInterruptionRequested())
+            throw Interrupted();
+        progress_.passBlock(clock);
+    }
+    void report(AudioResult failure) override { worker_.checker_.check(*worker_.engine_, failure); }
+    std::size_t cores() const override { return worker_.jobs_.cores(); }
+    void run(const std::function<std::optional<RenderJob>()> &nextJob) override
+    {
+        worker_.jobs_.run<std::monostate>([&nextJob]() -> std::optional<Job<std::monostate>> {
+            const auto job = nextJob();
+            if (!job)
+                return std::nullopt;
+            const auto work = [work = job->work] { return work(), std::monostate(); };
+            return Job<std::monostate>{work, [take = job->take](std::monostate) { take(); }};
+        });
+    }
+
+private:
+    RenderWorker &worker_;
+    RenderProgress progress_;
+};
+
 void RenderWorker::writeTimeline(RenderTimeline &timeline)
 {
-    const auto blockFrames = engine_->blockFrames();
-    const auto blocks = (timeline.end() + blockFrames - 1) / blockFrames;
-    const auto end = blocks * blockFrames;
-    const auto spanFrames = spanBlocks(blocks, jobs_.cores()) * blockFrames;
-    RenderProgress progress(tracks_, [this](quint64 current, quint64 total) { emit renderProgress(current, total); });
-    using Frames = std::vector<float>;
-    DspClock mixed = 0;
-    DspClock written = 0;
-    const auto write = [&](const Frames &stereo) {
-        require(engine_->write(stereo));
-        for (const auto spanEnd = written + stereo.size() / 2; written < spanEnd; written += blockFrames)
-            progress.passBlock(written + blockFrames);
-    };
-    jobs_.run<Frames>([&]() -> std::optional<Job<Frames>> {
-        if (mixed == end)
-            return std::nullopt;
-        const auto from = mixed;
-        mixed = std::min(end, from + spanFrames);
-        const auto work = [&engine = *engine_, mix = timeline.mix(from, mixed), from, frames = mixed - from] {
-            Frames stereo(2 * frames);
-            if (const auto result = engine.mixSpan(*mix, from, stereo); result != AudioResult::Ok)
-                throw QString::fromUtf8(engine.errorText(result));
-            return stereo;
-        };
-        return Job<Frames>{work, write};
-    });
+    Host host(*this);
+    require(engine_->render(timeline, host));
 }
 
 void RenderWorker::require(AudioResult result)

@@ -16,9 +16,9 @@
 // Makes an engine whose output is the wave file of that path: 48 kHz, stereo.
 using FileEngineFactory = std::function<std::unique_ptr<AudioEngine>(const QString &waveFile)>;
 
-// The part of a TrackRenderer that works on its render thread: places all notes on the clock, mixes the timeline span
-// by span on all cores and writes the spans in order. The bytes do not depend on the number of cores. The file appears
-// under its name when it is whole. Stops within milliseconds when its thread is asked to.
+// The part of a TrackRenderer that works on its render thread: loads the samples, places all notes on the clock and has
+// an engine write them. The file appears under its name when it is whole. Stops within milliseconds when its thread is
+// asked to.
 class RenderWorker : public QObject
 {
     Q_OBJECT
@@ -42,6 +42,8 @@ public slots: // [render]
     void __render();
 
 private: // [render]
+    class Host;
+
     void renderFile();
     void refuseOverlong(DspClock end) const;
     void writeTimeline(RenderTimeline &timeline);

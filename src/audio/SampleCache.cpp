@@ -54,7 +54,7 @@ SampleCache::Decoded SampleCache::decode(const QString &path) const
     try {
         const auto bytes = readGameFile(path);
         Sound sound;
-        const auto result = engine_.decode(std::as_bytes(std::span(bytes.constData(), size_t(bytes.size()))), sound);
+        const auto result = engine_.makeSound(std::as_bytes(std::span(bytes.constData(), size_t(bytes.size()))), sound);
         if (result == AudioResult::Ok)
             return {sound, {}};
         return {nullptr, QString::fromUtf8(engine_.errorText(result))};
@@ -184,9 +184,9 @@ private:
     // What is not resampled, or finds no room, is interpolated while it plays.
     Job<Decoded> resampling(const Pitch &pitch, const Sound &source, double ratio, DspClock frames)
     {
-        const auto work = [&engine = cache_.engine_, source, ratio, frames] {
+        const auto work = [&resampler = cache_.resampler_, source, ratio, frames] {
             Decoded made;
-            engine.resample(*source, ratio, frames, made.sound);
+            resampler.resample(*source, ratio, frames, made.sound);
             return made;
         };
         const auto take = [this, pitch, frames](const Decoded &made) {

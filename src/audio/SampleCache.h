@@ -3,6 +3,7 @@
 #include "assets/Instrument.h"
 #include "audio/AudioEngine.h"
 #include "audio/SoundStore.h"
+#include "audio/sound/Resampler.h"
 
 #include <QHash>
 #include <QPair>
@@ -58,6 +59,7 @@ private:
     double ratioOf(const SoundData &sound, double rate) const { return rate * sound.sampleRate() / sampleRate_; }
 
     const AudioEngine &engine_;
+    Resampler resampler_;
     int sampleRate_;
     Loading beforeLoading_;
     std::size_t longestResampling_; // in bytes

@@ -71,9 +71,9 @@ private slots:
         auto cache = cacheOf(sampleBytes + sampleBytes / 2);
         RenderTimeline timeline(tracks(1), cache);
         for (int i = 0; i < files; ++i) {
-            const auto mix = timeline.mix(DspClock(i) * rate / 2, DspClock(i) * rate / 2 + noteFrames);
-            QCOMPARE(mix->voices.size(), std::size_t(1));
-            QCOMPARE(mix->voices[0].sound->plane(0)[0], float(1000 * (i + 1)) / 32768);
+            const auto voices = timeline.takeVoices(DspClock(i) * rate / 2 + noteFrames);
+            QCOMPARE(voices.size(), std::size_t(1));
+            QCOMPARE(voices[0].sound->plane(0)[0], float(1000 * (i + 1)) / 32768);
         }
     }
 

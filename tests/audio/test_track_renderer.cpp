@@ -20,11 +20,43 @@ std::unique_ptr<AudioEngine> waveEngine(const QString &path)
     return std::make_unique<BuiltinEngine>(EngineOutput::WavFile, path.toStdU16String());
 }
 
+// What an engine does that knows nothing but blocks. One of its calls fails once, without effect.
+class BlockEngine : public BuiltinEngine
+{
+public:
+    enum class Failing { Nothing, Level, Play, Update };
+
+    BlockEngine(const QString &path, Failing failing)
+        : BuiltinEngine(EngineOutput::WavFile, path.toStdU16String()), failing_(failing)
+    {
+    }
+    AudioResult render(Timeline &timeline, RenderHost &host) override { return AudioEngine::render(timeline, host); }
+    AudioResult setGroupLevel(GroupId group, GroupLevel level) override
+    {
+        return fails(Failing::Level) ? AudioResult::LibraryError : BuiltinEngine::setGroupLevel(group, level);
+    }
+    AudioResult play(const VoiceSpec &spec, VoiceId &voice) override
+    {
+        return fails(Failing::Play) ? AudioResult::LibraryError : BuiltinEngine::play(spec, voice);
+    }
+    AudioResult update() override
+    {
+        return fails(Failing::Update) ? AudioResult::LibraryError : BuiltinEngine::update();
+    }
+
+private:
+    bool fails(Failing call) { return failing_ == call && !std::exchange(hasFailed_, true); }
+
+    Failing failing_;
+    bool hasFailed_ = false;
+};
+
 // A render with all that it told, in order.
 class Render
 {
 public:
-    explicit Render(const QString &file, std::size_t cores = 2) : renderer(file, waveEngine, cores)
+    explicit Render(const QString &file, std::size_t cores = 2, const FileEngineFactory &makeEngine = waveEngine)
+        : renderer(file, makeEngine, cores)
     {
         const auto on = [this](auto signal, auto slot) { QObject::connect(&renderer, signal, &renderer, slot); };
         on(&TrackRenderer::renderStarted, [this] { told.append(QStringLiteral("started")); });
@@ -93,9 +125,10 @@ class TestTrackRenderer : public QObject
         return instrument;
     }
 
-    QByteArray rendered(const QVector<Track> &tracks, std::size_t cores) const
+    QByteArray rendered(const QVector<Track> &tracks, std::size_t cores,
+                        const FileEngineFactory &makeEngine = waveEngine) const
     {
-        Render render(wav_, cores);
+        Render render(wav_, cores, makeEngine);
         for (const auto &track : tracks)
             render.add(track, richInstrument(), 0.3F, 0.4F);
         QFile file(wav_);
@@ -139,6 +172,33 @@ private slots:
         QVERIFY(one.size() > 48000 * 4 * 10);
         for (const std::size_t cores : {2, 3, 16})
             QVERIFY(rendered(tracks, cores) == one);
+    }
+
+    // By spans or by blocks; and what fails once is told once and costs no more than itself.
+    void enginesAreInterchangeable_data()
+    {
+        using Failing = BlockEngine::Failing;
+        const Rows<int, int, bool> row("failing", "messages", "isSame");
+        row("nothing", int(Failing::Nothing), 0, true);
+        row("the master's level", int(Failing::Level), 1, true);
+        row("a voice", int(Failing::Play), 1, false);
+        row("a block", int(Failing::Update), 1, true);
+    }
+
+    void enginesAreInterchangeable()
+    {
+        QFETCH(int, failing);
+        QFETCH(int, messages);
+        QFETCH(bool, isSame);
+        const LoggedLines logged;
+        const QVector<Track> tracks{busyTrack(1, 100), busyTrack(2, 60)};
+        const auto blocks = rendered(tracks, 2, [failing](const QString &path) {
+            return std::make_unique<BlockEngine>(path, BlockEngine::Failing(failing));
+        });
+        const auto spans = rendered(tracks, 2);
+        QCOMPARE(blocks.size(), spans.size());
+        QCOMPARE(blocks == spans, isSame);
+        QCOMPARE(logged.count("Audio Error: The sound library failed.\n"), messages);
     }
 
     // What was prepared sounds the same live.
@@ -277,7 +337,7 @@ private slots:
         {
         public:
             SlowEngine() : BuiltinEngine(EngineOutput::Silent) {}
-            AudioResult decode(std::span<const std::byte>, Sound &) const override
+            AudioResult makeSound(std::span<const std::byte>, Sound &) const override
             {
                 std::this_thread::sleep_for(std::chrono::seconds(1));
                 return AudioResult::UnreadableSample;

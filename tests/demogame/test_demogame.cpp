@@ -1,7 +1,7 @@
 #include "assets/GameInstallation.h"
 #include "assets/InstrumentScan.h"
 #include "assets/package/PackageRegistry.h"
-#include "audio/engine/SampleDecoder.h"
+#include "audio/sound/SampleDecoder.h"
 #include "core/AbcParser.h"
 #include "support/Rows.h"
 

@@ -15,10 +15,10 @@ public:
 
     GatedEngine(EngineOutput output, Gate gate) : BuiltinEngine(output), gate_(std::move(gate)) {}
 
-    AudioResult decode(std::span<const std::byte> bytes, Sound &sound) const override
+    AudioResult makeSound(std::span<const std::byte> bytes, Sound &sound) const override
     {
         gate_->wait(false);
-        return BuiltinEngine::decode(bytes, sound);
+        return BuiltinEngine::makeSound(bytes, sound);
     }
 
     static void open(const Gate &gate)

@@ -1,10 +1,8 @@
 #include "audio/engine/BuiltinEngine.h"
 
 #include "audio/engine/DeviceOutput.h"
-#include "audio/engine/OfflineMix.h"
 #include "audio/engine/PacedOutput.h"
-#include "audio/engine/Resampler.h"
-#include "audio/engine/SampleDecoder.h"
+#include "audio/engine/SpanRender.h"
 #include "audio/engine/VoiceTable.h"
 #include "audio/engine/WavWriter.h"
 
@@ -96,7 +94,6 @@ struct BuiltinEngine::Parts
     EngineOutput output;
     std::filesystem::path wavFile;
     std::unique_ptr<Session> session;
-    mutable Resampler resampler;
 
     AudioResult openOutput();
 };
@@ -131,37 +128,6 @@ BuiltinEngine::~BuiltinEngine()
 const char *BuiltinEngine::name() const
 {
     return "Audio";
-}
-
-const char *BuiltinEngine::errorText(AudioResult result) const
-{
-    switch (result) {
-    case AudioResult::Ok:
-        return "No errors.";
-    case AudioResult::InvalidArgument:
-        return "An invalid parameter was passed.";
-    case AudioResult::NotInitialized:
-        return "The engine is not initialized.";
-    case AudioResult::NoDevice:
-        return "There is no sound device.";
-    case AudioResult::DeviceLost:
-        return "The sound device was lost.";
-    case AudioResult::UnknownGroup:
-        return "There is no such group.";
-    case AudioResult::TooManyGroups:
-        return "There are too many groups.";
-    case AudioResult::TooManyVoices:
-        return "Too many notes sound at once.";
-    case AudioResult::QueueFull:
-        return "The mixer did not keep up with the commands.";
-    case AudioResult::UnreadableSample:
-        return "The sample cannot be decoded.";
-    case AudioResult::SampleTooLong:
-        return "The sample is too long.";
-    case AudioResult::CannotWrite:
-        return "The wave file cannot be written.";
-    }
-    return "Unknown error.";
 }
 
 AudioResult BuiltinEngine::initialize()
@@ -319,29 +285,20 @@ bool BuiltinEngine::isPlaying(VoiceId voice) const
     return parts_->session && parts_->session->table.find(voice).has_value();
 }
 
-AudioResult BuiltinEngine::decode(std::span<const std::byte> bytes, Sound &sound) const
-{
-    return decodeSample(bytes, sound);
-}
-
-AudioResult BuiltinEngine::resample(const SoundData &source, double ratio, std::size_t maxFrames, Sound &sound) const
-{
-    return parts_->resampler.resample(source, ratio, maxFrames, sound);
-}
-
-AudioResult BuiltinEngine::mixSpan(const Mix &mix, DspClock from, std::span<float> stereo) const
-{
-    return mixOffline(mix, from, stereo);
-}
-
-AudioResult BuiltinEngine::write(std::span<const float> stereo)
+AudioResult BuiltinEngine::render(Timeline &timeline, RenderHost &host)
 {
     if (!parts_->session)
         return AudioResult::NotInitialized;
-    if (parts_->output != EngineOutput::WavFile || stereo.size() % 2 != 0)
+    if (parts_->output == EngineOutput::Silent)
+        return AudioEngine::render(timeline, host);
+    if (parts_->output != EngineOutput::WavFile)
         return AudioResult::InvalidArgument;
-    parts_->session->mixer.skip(stereo.size() / 2);
-    return parts_->session->file.write(stereo) ? AudioResult::Ok : AudioResult::CannotWrite;
+    return SpanRender(timeline, host,
+                      [&session = *parts_->session](std::span<const float> stereo) {
+                          session.mixer.skip(stereo.size() / 2);
+                          return session.file.write(stereo) ? AudioResult::Ok : AudioResult::CannotWrite;
+                      })
+        .run();
 }
 
 std::span<const float> BuiltinEngine::lastBlock() const

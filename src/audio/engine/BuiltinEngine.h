@@ -13,7 +13,15 @@ enum class EngineOutput {
     Paced,   // 48 kHz, mixed in real time by a thread and heard by nobody
 };
 
-// The program's own sample-accurate mixer behind AudioEngine. Blocks have 512 frames; see AudioEngine for the contract.
+// The program's own sample-accurate mixer behind AudioEngine. Blocks have 512 frames. Beyond AudioEngine it promises:
+// - The same calls at the same clocks give the same samples, bit for bit, however the timeline is cut into blocks and
+//   whether it is played or rendered.
+// - With pan p a group multiplies the left side by volume * min(1, 1 - p) and the right one by volume * min(1, 1 + p);
+//   a change of level glides over one block.
+// - A mono sound goes to left and right at √½ each. Ratios other than 1 go through the live kernel.
+// - stopGroup() fades over 240 frames.
+// - A meter reads all blocks mixed since the previous reading.
+// - A file is rendered in spans on all cores, and any number of voices sound in it at once.
 class BuiltinEngine : public AudioEngine
 {
 public:
@@ -23,7 +31,6 @@ public:
     ~BuiltinEngine() override;
 
     const char *name() const override;
-    const char *errorText(AudioResult result) const override;
     AudioResult initialize() override;
     AudioResult release() override;
     AudioResult update() override;
@@ -40,10 +47,7 @@ public:
     AudioResult play(const VoiceSpec &spec, VoiceId &voice) override;
     AudioResult fadeOut(VoiceId voice, std::size_t frames) override;
     bool isPlaying(VoiceId voice) const override;
-    AudioResult decode(std::span<const std::byte> bytes, Sound &sound) const override;
-    AudioResult resample(const SoundData &source, double ratio, std::size_t maxFrames, Sound &sound) const override;
-    AudioResult mixSpan(const Mix &mix, DspClock from, std::span<float> stereo) const override;
-    AudioResult write(std::span<const float> stereo) override;
+    AudioResult render(Timeline &timeline, RenderHost &host) override; // InvalidArgument for Device and Paced
 
     // The block that the last update() mixed, interleaved; empty for Device and Paced. [audio]
     std::span<const float> lastBlock() const;

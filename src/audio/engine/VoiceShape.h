@@ -1,12 +1,12 @@
 #pragma once
 
 #include "audio/AudioEngine.h"
-#include "audio/engine/Kernels.h"
+#include "audio/sound/Kernels.h"
 
 #include <algorithm>
 
 // A voice as plain numbers, which the mixer may copy: where its samples lie and when they sound. Whoever makes one
-// keeps the sound alive. [any, mixer]
+// keeps the sound alive. [any]
 struct VoiceShape
 {
     Planes<const float> source;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "audio/AudioEngine.h"
-#include "audio/engine/SincKernel.h"
+#include "audio/engine/OfflineMix.h"
+#include "audio/sound/SincKernel.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,9 @@
 // The owner's thread against the mixer's, for ThreadSanitizer to watch.
-#include "Signals.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "audio/engine/OfflineMix.h"
 #include "audio/engine/SpscRing.h"
+#include "audio/sound/Resampler.h"
+#include "audio/sound/Signals.h"
 
 #include <QtTest>
 
@@ -91,15 +93,15 @@ private slots:
 
     void servicesFromAllThreads()
     {
-        BuiltinEngine engine(EngineOutput::Silent);
+        Resampler resampler;
         const auto source = noiseSound(2, 4000, 1);
         std::vector<std::thread> threads;
         std::vector<std::vector<float>> results(4, std::vector<float>(2 * 3000));
         for (auto &result : results) {
             threads.emplace_back([&] {
                 Sound sound;
-                engine.resample(*source, 1.3, 3000, sound);
-                engine.mixSpan({{{}}, {{sound}, {source, masterGroup, 10, never, never, 1, 1.7}}}, 0, result);
+                resampler.resample(*source, 1.3, 3000, sound);
+                mixOffline({{{}}, {{sound}, {source, masterGroup, 10, never, never, 1, 1.7}}}, 0, result);
             });
         }
         for (auto &thread : threads)

@@ -1,6 +1,6 @@
 // The mixer neither allocates nor frees nor locks: calls of those functions are counted while it mixes.
-#include "Signals.h"
 #include "audio/engine/Mixer.h"
+#include "audio/sound/Signals.h"
 
 #include <QtTest>
 

@@ -1,7 +1,7 @@
 // The outputs: a wave file, a device that is missing, fails and comes back, and the clock that stands in for it.
-#include "Signals.h"
 #include "audio/WaveFile.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "audio/sound/Signals.h"
 #include "support/TestFolder.h"
 
 #include <csignal>
@@ -30,23 +30,6 @@ private slots:
         const short expected[] = {16384, -16384, 32767, -32768, 32767, -32768, 0, 1, 1, 0};
         for (std::size_t i = 0; i < std::size(expected); ++i)
             QCOMPARE(samples[510 + i], expected[i]);
-    }
-
-    void mixedSpansAreAppended()
-    {
-        BuiltinEngine engine(EngineOutput::WavFile, path("spans.wav"));
-        const std::vector<float> stereo(2 * 20001, 0.5F);
-        QCOMPARE(engine.write(stereo), AudioResult::NotInitialized);
-        QCOMPARE(engine.initialize(), AudioResult::Ok);
-        QCOMPARE(engine.write(stereo), AudioResult::Ok);
-        QCOMPARE(engine.clock(), DspClock(20001));
-        QCOMPARE(engine.write({}), AudioResult::Ok);
-        QCOMPARE(engine.update(), AudioResult::Ok);
-        QCOMPARE(engine.release(), AudioResult::Ok);
-        const auto wave = waveAt("spans.wav");
-        QCOMPARE(wave.left.size(), std::size_t(20001 + 512));
-        QCOMPARE(std::count(wave.left.begin(), wave.left.end(), 16384), 20001);
-        QVERIFY(wave.right == wave.left);
     }
 
     void waveFileThatCannotBeWritten()

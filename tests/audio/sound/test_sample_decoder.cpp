@@ -1,6 +1,6 @@
 // Samples of every format, written by the library that also reads them, and files that are damaged.
 #include "Signals.h"
-#include "audio/engine/SampleDecoder.h"
+#include "audio/sound/SampleDecoder.h"
 #include "support/TestFolder.h"
 
 #include <sndfile.h>

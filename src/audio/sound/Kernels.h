@@ -1,6 +1,6 @@
 #pragma once
 
-#include "audio/engine/SincKernel.h"
+#include "audio/sound/SincKernel.h"
 
 #include <cstddef>
 #include <cstdint>

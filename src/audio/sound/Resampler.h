@@ -1,7 +1,8 @@
 #pragma once
 
-#include "audio/AudioEngine.h"
-#include "audio/engine/SincKernel.h"
+#include "audio/sound/AudioResult.h"
+#include "audio/sound/SincKernel.h"
+#include "audio/sound/Sound.h"
 
 #include <map>
 #include <memory>
@@ -12,7 +13,8 @@
 class Resampler
 {
 public:
-    // As AudioEngine::resample().
+    // The result at ratio 1 is the source at `ratio`. At most maxFrames of it are made: what the longest note needs.
+    // InvalidArgument when ratio is not in 1/16 … 16.
     AudioResult resample(const SoundData &source, double ratio, std::size_t maxFrames, Sound &sound);
 
 private:

@@ -1,4 +1,4 @@
-#include "audio/engine/SampleDecoder.h"
+#include "audio/sound/SampleDecoder.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "audio/Sound.h"
+#include "audio/sound/Sound.h"
 
 #include <cmath>
 #include <numbers>

@@ -1,4 +1,4 @@
-#include "audio/engine/SincKernel.h"
+#include "audio/sound/SincKernel.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
 // Each set of kernels against the definition in double precision, and the quality of the two resampling kernels.
-#include "ReferenceMix.h"
 #include "Signals.h"
-#include "audio/engine/BuiltinEngine.h"
-#include "audio/engine/Kernels.h"
+#include "audio/engine/ReferenceMix.h"
+#include "audio/sound/Kernels.h"
+#include "audio/sound/Resampler.h"
 #include "support/Rows.h"
 
 #include <QtTest>
@@ -103,12 +103,10 @@ private slots:
         const double frequency = hertz / 48000;
         if (frequency / ratio > 0.25)
             QSKIP("above half of what 48 kHz can hold, which only the kernel for exports is made for");
-        BuiltinEngine engine(EngineOutput::Silent);
-        std::vector<float> stereo(2 * 20000), left;
-        const Mix mix{{{}}, {{sineSound(frequency / ratio, 40000), masterGroup, 0, never, never, 1, ratio}}};
-        QCOMPARE(engine.mixSpan(mix, 100, stereo), AudioResult::Ok);
-        for (std::size_t i = 0; i < stereo.size(); i += 2)
-            left.push_back(stereo[i]);
+        const auto sine = sineSound(frequency / ratio, 40000);
+        std::vector<float> left(20000);
+        const auto step = Position(std::llround(ratio * 0x1p32));
+        bestKernels().interpolate({left.data(), nullptr}, {sine->plane(0), nullptr}, left.size(), 100 * step, step);
         const double ratioInDb = signalToNoise(left, frequency);
         QVERIFY2(ratioInDb >= 65, qPrintable(QString::number(ratioInDb)));
     }
@@ -119,10 +117,10 @@ private slots:
     {
         QFETCH(double, hertz);
         QFETCH(double, ratio);
-        BuiltinEngine engine(EngineOutput::Silent);
+        Resampler resampler;
         const double frequency = hertz / 48000;
         Sound sound;
-        QCOMPARE(engine.resample(*sineSound(frequency / ratio, 40000), ratio, 20200, sound), AudioResult::Ok);
+        QCOMPARE(resampler.resample(*sineSound(frequency / ratio, 40000), ratio, 20200, sound), AudioResult::Ok);
         const double ratioInDb = signalToNoise({sound->plane(0) + 100, 20000}, frequency);
         QVERIFY2(ratioInDb >= 95, qPrintable(QString::number(ratioInDb)));
     }
@@ -138,13 +136,13 @@ private slots:
     void nothingAliases()
     {
         QFETCH(double, ratio);
-        BuiltinEngine engine(EngineOutput::Silent);
+        Resampler resampler;
         for (const double above : {1.0, 1.05, 1.3}) {
             const double frequency = 0.5 / ratio * above;
             if (frequency >= 0.5)
                 continue;
             Sound sound;
-            QCOMPARE(engine.resample(*sineSound(frequency, 40000, 48000, 1), ratio, 2000, sound), AudioResult::Ok);
+            QCOMPARE(resampler.resample(*sineSound(frequency, 40000, 48000, 1), ratio, 2000, sound), AudioResult::Ok);
             for (std::size_t i = 100; i < 2000; ++i)
                 QVERIFY2(std::abs(sound->plane(0)[i]) < 2 * float(minus100dB), qPrintable(QString::number(above)));
         }
@@ -152,18 +150,18 @@ private slots:
 
     void resampledSoundIsBounded()
     {
-        BuiltinEngine engine(EngineOutput::Silent);
+        Resampler resampler;
         const auto source = noiseSound(2, 1001, 4);
         Sound whole, part;
-        QCOMPARE(engine.resample(*source, 0.5, 1000000, whole), AudioResult::Ok);
+        QCOMPARE(resampler.resample(*source, 0.5, 1000000, whole), AudioResult::Ok);
         QCOMPARE(whole->frames(), std::size_t(2002));
-        QCOMPARE(engine.resample(*source, 0.5, 333, part), AudioResult::Ok);
+        QCOMPARE(resampler.resample(*source, 0.5, 333, part), AudioResult::Ok);
         QCOMPARE(part->frames(), std::size_t(333));
         for (int channel = 0; channel < 2; ++channel)
             QVERIFY(std::equal(part->plane(channel), part->plane(channel) + 333, whole->plane(channel)));
         for (const double ratio : {0.0, -1.0, 1e-9, 1e9, std::nan(""), HUGE_VAL})
-            QCOMPARE(engine.resample(*source, ratio, 10, part), AudioResult::InvalidArgument);
-        QCOMPARE(engine.resample(SoundData(1, 0, 48000), 2, 10, part), AudioResult::Ok);
+            QCOMPARE(resampler.resample(*source, ratio, 10, part), AudioResult::InvalidArgument);
+        QCOMPARE(resampler.resample(SoundData(1, 0, 48000), 2, 10, part), AudioResult::Ok);
         QCOMPARE(part->frames(), std::size_t(0));
     }
 

@@ -1,6 +1,6 @@
-#include "audio/engine/Resampler.h"
+#include "audio/sound/Resampler.h"
 
-#include "audio/engine/Kernels.h"
+#include "audio/sound/Kernels.h"
 
 #include <algorithm>
 #include <cmath>

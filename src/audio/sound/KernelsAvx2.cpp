@@ -1,4 +1,4 @@
-#include "audio/engine/Kernels.h"
+#include "audio/sound/Kernels.h"
 
 #if defined(__x86_64__) || defined(_M_X64)
 

@@ -1,4 +1,4 @@
-#include "audio/engine/Kernels.h"
+#include "audio/sound/Kernels.h"
 
 #include <algorithm>
 #include <cmath>
