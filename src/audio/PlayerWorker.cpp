@@ -159,17 +159,17 @@ void PlayerWorker::tellTrack(const QString &trackId, const PlayingTrack &track, 
     emit trackMeter(trackId, level.leftRms, level.rightRms, level.leftPeak, level.rightPeak);
 }
 
-void PlayerWorker::schedule(const QString &trackId, PlayingTrack &track, DspClock now)
+void PlayerWorker::schedule(const QString &trackId, PlayingTrack &track, DspClock now, const QSet<int> &sounding)
 {
     const auto horizon = track.playback.tickAt(now + lookAhead());
     while (const auto note = track.playback.takeNote(horizon)) {
         const bool isLate = qint64(note->start - now) < 0;
-        if (track.isMuted || isLate)
+        if (track.isMuted || isLate || sounding.contains(note->eventIndex))
             continue;
         const auto voice = voiceFor(*note, track.group, *samples_);
         VoiceId id{};
         if (voice.sound && check(engine_->play(voice, id)))
-            soundingNotes_.add({trackId, note->start, note->end, note->eventIndex});
+            soundingNotes_.add({trackId, note->start, note->end, note->eventIndex, id});
     }
 }
 
@@ -213,16 +213,76 @@ void PlayerWorker::playTrack(const PlayRequest &request)
     withEngine([&] {
         const TrackPlayback playback(request.track, request.instrument, engine_->sampleRate(),
                                      startClock(request.syncGroup));
-        PlayingTrack playing{playback, request.syncGroup, masterGroup, request.level, request.isMuted};
-        if (!check(engine_->createGroup(playing.group)))
-            return;
-        check(engine_->setGroupLevel(playing.group, playing.level));
-        if (const auto replaced = tracks_.constFind(request.trackId); replaced != tracks_.constEnd())
-            check(engine_->releaseGroup(replaced->group));
+        const PlayingTrack playing{playback, request.syncGroup, masterGroup, request.level, request.isMuted};
         longestLength_ = std::max(longestLength_, request.track.length());
-        tracks_.insert(request.trackId, playing);
-        emit trackStarted(request.trackId);
+        if (const auto *const leader = leaderOf(request))
+            join(request.trackId, playing, leader->playback);
+        else
+            begin(request.trackId, playing);
     });
+}
+
+// Whose position a request takes over; null when the track starts by itself.
+const PlayerWorker::PlayingTrack *PlayerWorker::leaderOf(const PlayRequest &request) const
+{
+    if (request.begin == PlayRequest::Begin::AtTheStart)
+        return nullptr;
+    const auto isInGroup = [&](const PlayingTrack &track) {
+        return !request.syncGroup.isEmpty() && track.syncGroup == request.syncGroup;
+    };
+    auto leader = tracks_.constFind(request.trackId);
+    if (leader == tracks_.constEnd())
+        leader = std::find_if(tracks_.constBegin(), tracks_.constEnd(), isInGroup);
+    return leader != tracks_.constEnd() ? &*leader : nullptr;
+}
+
+void PlayerWorker::begin(const QString &trackId, PlayingTrack track)
+{
+    if (!check(engine_->createGroup(track.group)))
+        return;
+    if (const auto replaced = tracks_.constFind(trackId); replaced != tracks_.constEnd())
+        check(engine_->releaseGroup(replaced->group));
+    insert(trackId, track);
+}
+
+void PlayerWorker::join(const QString &trackId, PlayingTrack track, const TrackPlayback &leader)
+{
+    const auto now = engine_->clock();
+    track.playback.join(leader, now);
+    QSet<int> sounding;
+    if (const auto replaced = tracks_.constFind(trackId); replaced != tracks_.constEnd()) {
+        track.group = replaced->group;
+        sounding = handOver(trackId, replaced->playback, track.playback);
+    } else if (!check(engine_->createGroup(track.group))) {
+        return;
+    }
+    // At once: in the next pass its first notes would be late.
+    schedule(trackId, insert(trackId, track), now, sounding);
+}
+
+PlayerWorker::PlayingTrack &PlayerWorker::insert(const QString &trackId, const PlayingTrack &track)
+{
+    check(engine_->setGroupLevel(track.group, track.level));
+    auto &inserted = *tracks_.insert(trackId, track);
+    emit trackStarted(trackId);
+    return inserted;
+}
+
+QSet<int> PlayerWorker::handOver(const QString &trackId, const TrackPlayback &before, const TrackPlayback &after)
+{
+    const auto fade = std::size_t(engine_->sampleRate()) / 200; // 5 ms: without a click
+    QSet<int> sounding;
+    soundingNotes_.reviseTrack(trackId, [&](SoundingNote &note) {
+        const auto same = after.sameNote(before, note.eventIndex, sounding);
+        if (!same) {
+            check(engine_->fadeOut(note.voice, fade));
+            return false;
+        }
+        note.eventIndex = *same;
+        sounding.insert(*same);
+        return true;
+    });
+    return sounding;
 }
 
 DspClock PlayerWorker::startClock(const QString &syncGroup) const

@@ -10,6 +10,7 @@
 
 #include <QMap>
 #include <QObject>
+#include <QSet>
 #include <QTimer>
 
 #include <functional>
@@ -100,11 +101,19 @@ private: // [audio]
     bool check(AudioResult result) { return checker_.check(*engine_, result); }
     DspClock lookAhead() const { return DspClock(0.1 * engine_->sampleRate()); }
     DspClock startClock(const QString &syncGroup) const;
+    const PlayingTrack *leaderOf(const PlayRequest &request) const;
+    void begin(const QString &trackId, PlayingTrack track);
+    void join(const QString &trackId, PlayingTrack track, const TrackPlayback &leader);
+    PlayingTrack &insert(const QString &trackId, const PlayingTrack &track);
+    // Ends the notes of a track that its next version has not; returns those of the next version that sound already or
+    // are scheduled.
+    QSet<int> handOver(const QString &trackId, const TrackPlayback &before, const TrackPlayback &after);
     void runPass();
     bool areMetersDue();
     void tellMasterMeter();
     void tellTrack(const QString &trackId, const PlayingTrack &track, DspClock now);
-    void schedule(const QString &trackId, PlayingTrack &track, DspClock now);
+    // All but the events that sound already.
+    void schedule(const QString &trackId, PlayingTrack &track, DspClock now, const QSet<int> &sounding = {});
     void stop(const QString &trackId);
     void reportOutput();
 

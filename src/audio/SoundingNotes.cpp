@@ -20,3 +20,13 @@ void SoundingNotes::removeTrack(const QString &trackId)
 {
     std::erase_if(notes_, [&trackId](const SoundingNote &note) { return note.trackId == trackId; });
 }
+
+void SoundingNotes::reviseTrack(const QString &trackId, const std::function<bool(SoundingNote &)> &revise)
+{
+    std::erase_if(notes_, [&](SoundingNote &note) {
+        if (note.trackId != trackId)
+            return false;
+        note.isPressed = false;
+        return !revise(note);
+    });
+}

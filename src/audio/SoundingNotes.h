@@ -14,6 +14,7 @@ struct SoundingNote
     DspClock start = 0;
     DspClock end = 0; // without the fade
     int eventIndex = 0;
+    VoiceId voice{};
     bool isPressed = false;
 };
 
@@ -30,6 +31,10 @@ public:
 
     // Nothing more is told of the track's notes.
     void removeTrack(const QString &trackId);
+
+    // Gives the track's notes, which are not pressed any more, to a function that may change them; those for which it
+    // returns false are forgotten.
+    void reviseTrack(const QString &trackId, const std::function<bool(SoundingNote &)> &revise);
 
 private:
     std::vector<SoundingNote> notes_;

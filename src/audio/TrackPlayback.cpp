@@ -3,6 +3,7 @@
 #include "audio/SampleCache.h"
 
 #include <algorithm>
+#include <tuple>
 
 TrackPlayback::TrackPlayback(const Track &track, const Instrument &instrument, int sampleRate, DspClock start)
     : track_(track), instrument_(instrument), tempo_(track, sampleRate), sampleRate_(sampleRate), start_(start)
@@ -50,6 +51,40 @@ void TrackPlayback::seek(Ticks tick, DspClock now)
 {
     start_ = now - tempo_.samplesAt(tick);
     nextEvent_ = track_.firstEventAtOrAfter(tick);
+}
+
+void TrackPlayback::join(const TrackPlayback &other, DspClock from)
+{
+    // A tick of the other one is the same sample here, so that equal tempos agree for good.
+    const auto tick = other.tickAt(from);
+    start_ = other.clockAt(tick) - tempo_.samplesAt(tick);
+    const auto &events = track_.events();
+    nextEvent_ = track_.firstEventAtOrAfter(tick);
+    while (nextEvent_ < events.size() && qint64(clockAt(events[nextEvent_].start()) - from) < 0)
+        ++nextEvent_;
+}
+
+std::optional<int> TrackPlayback::sameNote(const TrackPlayback &other, int eventIndex, const QSet<int> &taken) const
+{
+    if (eventIndex >= other.track_.events().size()) // a note of what the other one replaced
+        return std::nullopt;
+    const auto theirs = other.placed(eventIndex);
+    const auto tick = other.track_.events()[eventIndex].start();
+    const auto &events = track_.events();
+    for (auto index = track_.firstEventAtOrAfter(tick); index < events.size() && events[index].start() == tick;
+         ++index) {
+        if (events[index].isNote() && !taken.contains(index) && placed(index).soundsLike(theirs))
+            return index;
+    }
+    return std::nullopt;
+}
+
+bool PlacedNote::soundsLike(const PlacedNote &other) const
+{
+    const auto values = [](const PlacedNote &note) {
+        return std::tie(note.entry.files, note.entry.rate, note.velocity, note.start, note.end, note.fadeEnd);
+    };
+    return values(*this) == values(other);
 }
 
 VoiceSpec voiceFor(const PlacedNote &note, GroupId group, SampleCache &samples)

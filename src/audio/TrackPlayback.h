@@ -5,6 +5,8 @@
 #include "audio/TempoMap.h"
 #include "core/Track.h"
 
+#include <QSet>
+
 #include <optional>
 
 class SampleCache;
@@ -18,6 +20,8 @@ struct PlacedNote
     DspClock start = 0;
     DspClock end = 0;     // where the velocity stops holding
     DspClock fadeEnd = 0; // where the note is silent
+
+    bool soundsLike(const PlacedNote &other) const;
 };
 
 // One track on its way through the engine's clock: which events have been taken so far, and where they sound. Live
@@ -47,6 +51,12 @@ public:
 
     // Moves the track so that the tick sounds at the clock, and takes its events from there.
     void seek(Ticks tick, DspClock now);
+
+    // Moves the track so that from the clock on it is where the other one is, and takes its events from there.
+    void join(const TrackPlayback &other, DspClock from);
+
+    // The first event, not among the taken ones, that sounds the same note at the same clocks as the other track's.
+    std::optional<int> sameNote(const TrackPlayback &other, int eventIndex, const QSet<int> &taken) const;
 
 private:
     PlacedNote placed(int eventIndex) const;

@@ -115,11 +115,13 @@ private slots:
         fixture_->inRow<QToolButton>(0, "btnDelete")->click();
         QTRY_COMPARE(stopped.count(), 1);
         QCOMPARE(stopped[0][0].toString(), QStringLiteral("T1"));
+        QSignalSpy started(fixture_->window().findChild<TrackPlayer *>(), &TrackPlayer::trackStarted);
         fixture_->trigger("actionUndo");
         QTRY_VERIFY(first()->position() > 40320); // it goes on with the others
         fixture_->row(0)->onTransposeUp();
         QCOMPARE(fixture_->tracks().history().undoText(), fixture_->row(0)->changeName());
-        QTRY_COMPARE(stopped.count(), 2);
+        QTRY_COMPARE(started.count(), 2);
+        QCOMPARE(stopped.count(), 1);
         QTRY_VERIFY(first()->position() > 40320);
         fixture_->trigger("actionStop");
         QTRY_VERIFY(!fixture_->action("actionStop")->isEnabled());

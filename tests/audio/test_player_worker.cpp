@@ -1,8 +1,11 @@
 #include "LoggedLines.h"
 #include "SampleFiles.h"
 #include "VirtualPlayer.h"
+#include "support/Rows.h"
 
 #include <QtTest>
+
+#include <set>
 
 namespace {
 
@@ -139,6 +142,76 @@ private slots:
         QCOMPARE(player.count("pressed a 3"), 1);
         QVERIFY(player.left[now + 23998] > 0.3F);
         QVERIFY(player.position > quint64(2 * quarter) && player.position < quint64(4 * quarter));
+    }
+
+    void joiningDisturbsNobody_data()
+    {
+        const Rows<bool, int> row("isNew", "offset");
+        row("a new track", true, 750);
+        row("a changed track", false, 750);
+        row("an unchanged track", false, 1500);
+    }
+
+    // Clicks each 3000 samples; the track that joins has its own behind them, before at 1500.
+    void joiningDisturbsNobody()
+    {
+        QFETCH(bool, isNew);
+        QFETCH(int, offset);
+        constexpr DspClock distance = 3000;
+        constexpr Ticks tick = quarter / 24; // 1000 samples
+        const auto group = QStringLiteral("Main");
+        const auto instrument = instrumentOf(click_);
+        const auto shifted = [](int samples) {
+            QVector<TrackEvent> events;
+            for (int i = 0; i < 40; ++i)
+                events.append(TrackEvent::note(60, 3 * tick * i + tick * samples / 1000, tick));
+            return trackOf(events);
+        };
+        VirtualPlayer player;
+        player.worker.playTrack({a, shifted(0), instrument, {}, group});
+        if (!isNew)
+            player.worker.playTrack({b, shifted(1500), instrument, {}, group});
+        player.play(20000);
+        const auto request = player.engine->clock();
+        player.worker.playTrack({b, shifted(offset), instrument, {}, group, false, PlayRequest::Begin::WithTheGroup});
+        player.play(60000);
+
+        std::vector<DspClock> expected;
+        for (DspClock clock = leadIn; clock < player.left.size(); clock += distance) {
+            expected.push_back(clock);
+            const auto before = clock + 1500, after = clock + DspClock(offset);
+            if (!isNew && before < request)
+                expected.push_back(before);
+            if (after >= request && after < player.left.size())
+                expected.push_back(after);
+        }
+        std::ranges::sort(expected);
+        QCOMPARE(player.onsets(), expected);
+        QCOMPARE(player.count("stopped b"), 0);
+    }
+
+    // A note that a change leaves alone sounds on, one that it removes ends without a click.
+    void heldNotesSurviveChanges()
+    {
+        const auto held = TrackEvent::note(60, 0, 8 * quarter), later = TrackEvent::note(60, 20 * quarter, quarter);
+        const auto instrument = instrumentOf(files_.level(16384, 480000));
+        const auto change = [&](VirtualPlayer &player, const QVector<TrackEvent> &events) {
+            player.worker.playTrack({a, trackOf(events), instrument, {}, a, false, PlayRequest::Begin::WithTheGroup});
+        };
+        VirtualPlayer player;
+        change(player, {held}); // alone: from its start
+        player.play(leadIn + 10000);
+        const auto level = player.left.back();
+        QVERIFY(level > 0.3F);
+        change(player, {tempoEvent(0, defaultTicksPerMinute), held, later});
+        player.play(10000);
+        QCOMPARE(player.toldOf("pressed").size(), 2); // again, for it may have another index
+        QCOMPARE(std::set<float>(player.left.begin() + leadIn, player.left.end()), std::set<float>{level});
+        const auto now = player.engine->clock();
+        change(player, {later});
+        player.play(10000);
+        QVERIFY(player.left[now + 100] > 0.1F && player.left[now + 100] < level);
+        QCOMPARE(player.left[now + 240], 0.0F);
     }
 
     void syncGroupsMoveTogether()

@@ -26,10 +26,6 @@ Playback::Playback(TrackList &list, const InstrumentSetModel &catalogue, TrackPl
     connect(&player_, &TrackPlayer::trackStopped, this, &Playback::onTrackStopped);
     connect(&player_, &TrackPlayer::allTracksStopped, this, [this] { --stopsUnderWay_; });
     connect(&player_, &TrackPlayer::precacheProgress, this, &Playback::onPrecacheProgress);
-    connect(&player_, &TrackPlayer::trackPositionChanged, this, [this](const QString &, quint64 position) {
-        if (stopsUnderWay_ == 0) // of what plays now
-            position_ = Ticks(position);
-    });
 }
 
 QString Playback::resolvedName(const QString &name) const
@@ -60,11 +56,10 @@ void Playback::tellPlaying(Change change)
 void Playback::play()
 {
     stop();
-    position_ = 0;
     for (const auto &track : list_.song())
         precache(*track);
     for (const auto &track : list_.song())
-        start(*track);
+        start(*track, PlayRequest::Begin::AtTheStart);
     tellPlaying([this] { isStarting_ = !list_.isEmpty(); });
 }
 
@@ -101,18 +96,18 @@ void Playback::onPrecacheProgress(int done, int total)
 
 void Playback::seek(Ticks position)
 {
-    position_ = position;
     player_.seekSynced(quint64(position), syncGroup);
 }
 
-void Playback::start(const SongTrack &track)
+void Playback::start(const SongTrack &track, PlayRequest::Begin begin)
 {
     player_.playTrack({.trackId = track.id,
                        .track = *track.track,
                        .instrument = instrument(track.instrument),
                        .level = {gainOf(track.volume), gainOf(track.pan)},
                        .syncGroup = syncGroup,
-                       .isMuted = track.isMuted});
+                       .isMuted = track.isMuted,
+                       .begin = begin});
 }
 
 void Playback::follow(const Song &before, const Song &after)
@@ -121,11 +116,6 @@ void Playback::follow(const Song &before, const Song &after)
         return;
     const auto old = byId(before);
     const auto now = byId(after);
-    for (const auto &track : before) {
-        if (!now.contains(track->id))
-            player_.stopTrack(track->id);
-    }
-    bool isRestarted = false;
     for (const auto &track : after) {
         const auto previous = old.value(track->id);
         if (previous && previous->track == track->track) {
@@ -133,12 +123,12 @@ void Playback::follow(const Song &before, const Song &after)
             continue;
         }
         precache(*track);
-        player_.stopTrack(track->id);
-        start(*track);
-        isRestarted = true;
+        start(*track, PlayRequest::Begin::WithTheGroup);
     }
-    if (isRestarted)
-        player_.seekSynced(quint64(position_), syncGroup);
+    for (const auto &track : before) { // at last, so that the others can join those that leave
+        if (!now.contains(track->id))
+            player_.stopTrack(track->id);
+    }
 }
 
 void Playback::followTrack(const SongTrack &before, const SongTrack &after)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "assets/InstrumentSetModel.h"
+#include "audio/PlayRequest.h"
 #include "ui/tracks/TrackList.h"
 
 #include <QObject>
@@ -45,7 +46,7 @@ private:
     void onPrecacheProgress(int done, int total);
     void follow(const Song &before, const Song &after);
     void followTrack(const SongTrack &before, const SongTrack &after);
-    void start(const SongTrack &track);
+    void start(const SongTrack &track, PlayRequest::Begin begin);
     void onTrackStarted(const QString &id);
     void onTrackStopped(const QString &id);
 
@@ -58,7 +59,6 @@ private:
     int precached_ = 0; // of the tracks that the player was asked to precache
     int toPrecache_ = 0;
     int stopsUnderWay_ = 0; // that the player was asked for and has not told yet
-    Ticks position_ = 0;    // of the track that reported last
 };
 
 // The dials' percents as the player takes them.
