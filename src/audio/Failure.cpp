@@ -1,8 +1,7 @@
 #include "audio/Failure.h"
 
+#include "base/ErrorText.h"
 #include "base/Interrupted.h"
-
-#include <exception>
 
 QString failureOf(const std::function<void()> &action)
 {
@@ -11,11 +10,7 @@ QString failureOf(const std::function<void()> &action)
         return {};
     } catch (const Interrupted &) {
         throw;
-    } catch (const QString &message) {
-        return message;
-    } catch (const std::exception &exception) {
-        return QString::fromLocal8Bit(exception.what());
     } catch (...) {
-        return QStringLiteral("Unknown failure.");
+        return currentErrorText();
     }
 }

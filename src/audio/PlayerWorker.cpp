@@ -2,6 +2,7 @@
 
 #include "audio/Failure.h"
 #include "audio/Logging.h"
+#include "base/Interrupted.h"
 
 #include <QThread>
 

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "audio/AudioEngine.h"
-#include "audio/ParallelJobs.h"
 #include "audio/PlayRequest.h"
 #include "audio/ResultChecker.h"
 #include "audio/SampleCache.h"
 #include "audio/SoundingNotes.h"
 #include "audio/TrackPlayback.h"
+#include "base/ParallelJobs.h"
 
 #include <QMap>
 #include <QObject>

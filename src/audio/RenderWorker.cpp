@@ -1,6 +1,7 @@
 #include "audio/RenderWorker.h"
 
 #include "audio/Failure.h"
+#include "base/Interrupted.h"
 #include "base/SafeFile.h"
 
 #include <QThread>

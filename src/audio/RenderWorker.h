@@ -1,10 +1,10 @@
 #pragma once
 
 #include "audio/AudioEngine.h"
-#include "audio/ParallelJobs.h"
 #include "audio/RenderTimeline.h"
 #include "audio/ResultChecker.h"
 #include "audio/SampleCache.h"
+#include "base/ParallelJobs.h"
 
 #include <QObject>
 #include <QString>

@@ -2,8 +2,8 @@
 
 #include "assets/package/PackageRegistry.h"
 #include "audio/Logging.h"
-#include "audio/ParallelJobs.h"
 #include "audio/TrackPlayback.h"
+#include "base/ParallelJobs.h"
 
 #include <QHash>
 #include <QMap>

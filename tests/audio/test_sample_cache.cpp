@@ -1,9 +1,9 @@
 // What happens when samples need more memory than there is.
 #include "SampleFiles.h"
-#include "audio/ParallelJobs.h"
 #include "audio/RenderTimeline.h"
 #include "audio/SampleCache.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "base/ParallelJobs.h"
 
 #include <QtTest>
 
