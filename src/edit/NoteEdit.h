@@ -4,6 +4,8 @@
 
 #include <QVector>
 
+#include <compare>
+
 // A note as the piano roll draws it.
 struct NoteSpec
 {
@@ -11,10 +13,8 @@ struct NoteSpec
     Ticks length = 0;
     quint32 pitch = 0;
 
-    friend bool operator==(const NoteSpec &a, const NoteSpec &b)
-    {
-        return a.start == b.start && a.length == b.length && a.pitch == b.pitch;
-    }
+    // By start, then length, then pitch.
+    friend auto operator<=>(const NoteSpec &, const NoteSpec &) = default;
 };
 
 // A batch of changes to notes, made in one step. Notes are named by their index in the track's events.

@@ -3,15 +3,9 @@
 
 #include <algorithm>
 #include <map>
-#include <tuple>
 #include <vector>
 
 namespace {
-
-bool soundsBefore(const NoteSpec &a, const NoteSpec &b)
-{
-    return std::tie(a.start, a.length, a.pitch) < std::tie(b.start, b.length, b.pitch);
-}
 
 // Consecutive units that are written anew together.
 struct Run
@@ -163,7 +157,7 @@ QVector<NoteSpec> Planner::notesOf(const Run &run) const
     QVector<NoteSpec> notes;
     for (auto unit = notesOfUnit_.lower_bound(run.first); unit != notesOfUnit_.end() && unit->first <= run.last; ++unit)
         notes += unit->second;
-    std::sort(notes.begin(), notes.end(), soundsBefore);
+    std::sort(notes.begin(), notes.end());
     return notes;
 }
 

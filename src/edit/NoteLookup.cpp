@@ -1,13 +1,20 @@
 #include "edit/NoteLookup.h"
 
 #include <algorithm>
-#include <tuple>
+#include <map>
+#include <set>
 
 namespace {
 
-bool comesBefore(const NoteSpec &a, const NoteSpec &b)
+// Calls visit(int index) for the notes that begin at the tick.
+template<typename Visit>
+void forEachNoteAt(const Track &track, Ticks start, Visit visit)
 {
-    return std::tie(a.start, a.pitch, a.length) < std::tie(b.start, b.pitch, b.length);
+    const auto &events = track.events();
+    for (auto i = track.firstEventAtOrAfter(start); i < events.size() && events[i].start() == start; ++i) {
+        if (events[i].isNote())
+            visit(i);
+    }
 }
 
 } // namespace
@@ -30,17 +37,35 @@ QVector<NoteSpec> specsOf(const Track &track, const QVector<int> &notes)
 QVector<int> findNotes(const Track &track, QVector<NoteSpec> notes)
 {
     QVector<int> found;
-    const auto &events = track.events();
-    std::sort(notes.begin(), notes.end(), comesBefore);
+    std::sort(notes.begin(), notes.end());
     for (auto first = notes.cbegin(); first != notes.cend();) {
         const auto start = first->start;
         const auto last =
             std::find_if(first, notes.cend(), [start](const NoteSpec &note) { return note.start != start; });
-        for (auto i = track.firstEventAtOrAfter(start); i < events.size() && events[i].start() == start; ++i) {
-            if (events[i].isNote() && std::binary_search(first, last, specOf(events[i]), comesBefore))
-                found.append(i);
-        }
+        forEachNoteAt(track, start, [&](int index) {
+            if (std::binary_search(first, last, specOf(track.events()[index])))
+                found.append(index);
+        });
         first = last;
     }
     return found;
+}
+
+QVector<NoteSpec> firstNotesLike(const Track &track, const QVector<NoteSpec> &notes)
+{
+    std::set<Ticks> seenStarts;
+    std::map<std::pair<Ticks, quint32>, Ticks> lengths;
+    QVector<NoteSpec> result;
+    result.reserve(notes.size());
+    for (const auto &note : notes) {
+        if (seenStarts.insert(note.start).second) {
+            forEachNoteAt(track, note.start, [&](int index) {
+                const auto &event = track.events()[index];
+                lengths.try_emplace({event.start(), event.pitch()}, event.length());
+            });
+        }
+        const auto length = lengths.find({note.start, note.pitch});
+        result.append({note.start, length != lengths.end() ? length->second : 0, note.pitch});
+    }
+    return result;
 }

@@ -11,3 +11,6 @@ QVector<NoteSpec> specsOf(const Track &track, const QVector<int> &notes);
 
 // The indices of those that the track has, sorted and unique.
 QVector<int> findNotes(const Track &track, QVector<NoteSpec> notes);
+
+// For each note the first with its start and pitch; of length 0 where the track has none.
+QVector<NoteSpec> firstNotesLike(const Track &track, const QVector<NoteSpec> &notes);

@@ -10,6 +10,10 @@
 EditorPlayback::EditorPlayback(EditorDocument &document, TrackPlayer &player, QObject *parent)
     : QObject(parent), document_(document), player_(player)
 {
+    // The notes of a chord come one by one and are shown together.
+    soundingTimer_.setSingleShot(true);
+    soundingTimer_.setInterval(0);
+    connect(&soundingTimer_, &QTimer::timeout, this, &EditorPlayback::showSounding);
     connect(&player_, &TrackPlayer::trackPositionChanged, this, &EditorPlayback::onPosition);
     connect(&player_, &TrackPlayer::trackStopped, this, &EditorPlayback::onStopped);
     connect(&player_, &TrackPlayer::allTracksStopped, this, [this] { onStopped(trackId_); });
@@ -110,6 +114,7 @@ void EditorPlayback::setTempoPercent(int percent)
 void EditorPlayback::silence()
 {
     sounding_.clear();
+    soundingTimer_.stop();
     document_.setSoundingNotes({});
 }
 
@@ -138,13 +143,17 @@ void EditorPlayback::onNote(const QString &trackId, int event, bool sounds)
 {
     if (!isPlaying_ || trackId != trackId_)
         return;
-    sounding_.removeAll(event);
     if (sounds)
-        sounding_.append(event);
-    QVector<NoteSpec> notes;
-    for (const auto playing : sounding_)
-        notes.append(preview_.sourceNote(playing));
-    document_.setSoundingNotes(notes);
+        sounding_.insert(event);
+    else
+        sounding_.erase(event);
+    if (!soundingTimer_.isActive())
+        soundingTimer_.start();
+}
+
+void EditorPlayback::showSounding()
+{
+    document_.setSoundingNotes(preview_.sourceNotes(QVector<int>(sounding_.begin(), sounding_.end())));
 }
 
 void EditorPlayback::playPreviewNote(quint32 pitch)

@@ -3,6 +3,9 @@
 #include "ui/editor/PreviewTrack.h"
 
 #include <QObject>
+#include <QTimer>
+
+#include <set>
 
 class EditorDocument;
 class TrackPlayer;
@@ -46,13 +49,15 @@ private:
     void onNote(const QString &trackId, int event, bool sounds);
     void onStopped(const QString &trackId);
     void silence();
+    void showSounding();
 
     EditorDocument &document_;
     TrackPlayer &player_;
     QString trackId_; // a new one each time, so that what is said of the one before is not mistaken
     PreviewTrack preview_;
     PreviewTrack::Stretch stretch_;
-    QVector<int> sounding_; // events of the preview
+    std::set<int> sounding_; // events of the preview
+    QTimer soundingTimer_;
     int tempoPercent_ = 100;
     bool isPlaying_ = false;
 };

@@ -1,5 +1,7 @@
 #include "ui/editor/PreviewTrack.h"
 
+#include "edit/NoteLookup.h"
+
 #include <algorithm>
 
 namespace {
@@ -78,16 +80,13 @@ Ticks PreviewTrack::sourceTick(Ticks position) const
     return stretch_.from + (stretch_.loops ? position % roundLength_ : std::min(position, roundLength_));
 }
 
-NoteSpec PreviewTrack::sourceNote(int event) const
+QVector<NoteSpec> PreviewTrack::sourceNotes(const QVector<int> &events) const
 {
     const auto &played = track_.events();
-    if (event < 0 || event >= played.size() || !played[event].isNote())
-        return {};
-    const auto start = sourceTick(played[event].start());
-    const auto &events = source_.events();
-    for (auto i = source_.firstEventAtOrAfter(start); i < events.size() && events[i].start() == start; ++i) {
-        if (events[i].isNote() && events[i].pitch() == played[event].pitch())
-            return {start, events[i].length(), events[i].pitch()};
+    QVector<NoteSpec> notes;
+    for (const auto event : events) {
+        if (event >= 0 && event < played.size() && played[event].isNote())
+            notes.append({sourceTick(played[event].start()), 0, played[event].pitch()});
     }
-    return {};
+    return firstNotesLike(source_, notes);
 }

@@ -23,8 +23,8 @@ public:
     bool isEmpty() const { return track_.events().isEmpty(); }
     // Of the source, for a position of track().
     Ticks sourceTick(Ticks position) const;
-    // The source's note that an event of track() plays; of length 0 for what is no note.
-    NoteSpec sourceNote(int event) const;
+    // The source's notes that events of track() play; other events give none.
+    QVector<NoteSpec> sourceNotes(const QVector<int> &events) const;
 
 private:
     void appendRound(Ticks begin, qint64 tempo);

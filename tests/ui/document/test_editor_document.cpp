@@ -1,5 +1,6 @@
 #include "core/AbcParser.h"
 #include "edit/NoteEditPlan.h"
+#include "edit/NoteLookup.h"
 #include "support/DescribeTrack.h"
 #include "support/Rows.h"
 #include "support/Thrown.h"
@@ -119,6 +120,27 @@ private slots:
         QCOMPARE(reading.problems.size(), 3);
         QCOMPARE(reading.problems.first().line, 1);
         QCOMPARE(describe(reading.track), QStringLiteral("60@0+10080 64@10080+10080 67@20160+10080 62@30240+10080"));
+    }
+
+    // Only because each start is looked through once does this come to an end.
+    void findsTheNotesOfGiantChords()
+    {
+        Track track;
+        QVector<NoteSpec> notes;
+        for (Ticks length = 300'000; length > 0; --length) {
+            notes.append({ticksPerQuarter, length, 60 + quint32(length) % 2});
+            track.appendEvent(TrackEvent::note(notes.last().pitch, ticksPerQuarter, length));
+        }
+        track.normalize();
+        notes.append(notes.first());
+        notes.append({ticksPerQuarter, 1, 60});
+        const auto found = findNotes(track, notes);
+        QCOMPARE(found.size(), 300'000);
+        QCOMPARE(found.last(), 299'999);
+        const auto first = firstNotesLike(track, notes);
+        QCOMPARE(first.size(), notes.size());
+        QVERIFY(first.first() == (NoteSpec{ticksPerQuarter, 2, 60}));
+        QVERIFY(first[1] == (NoteSpec{ticksPerQuarter, 1, 61}));
     }
 
     void readsInTheBackground()
