@@ -369,9 +369,8 @@ void ReadAndDecode(benchmark::State &state)
     readNeeded(state, Pages::Cached, decodePlainly);
 }
 
-bool printIndexMemory()
+bool reportIndexMemory()
 {
-    constexpr double gate = 2.5;
     const auto package = readPlainFile(Packages::get().many);
     const auto indexSize = package.size() - qFromBigEndian<qint64>(package.constData() + 8);
     const auto inUse = [] {
@@ -381,9 +380,8 @@ bool printIndexMemory()
     const auto before = inUse();
     KVAssetPakReader reader(Packages::get().many);
     reader.open();
-    const auto ratio = double(inUse() - before) / double(indexSize);
-    std::printf("IndexMemory / index on disk = %.2f (gate %.2f)\n", ratio, gate);
-    return ratio <= gate;
+    const auto used = double(inUse() - before);
+    return report({"IndexMemory / index on disk", used / double(indexSize), 2.5, {}, Better::Less});
 }
 
 } // namespace
@@ -402,7 +400,7 @@ BENCHMARK(ReadAndDecode)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
-    const bool memoryIsGood = printIndexMemory();
+    const bool memoryIsGood = reportIndexMemory();
     const int status = runBenchmarks(argc, argv,
                                      {{"OpenPackage", "ReadAndHash", 1 / 3.0, 1},
                                       {"OpenPackageOutOfOrder", "ReadAndHash", 1 / 3.0, 1},

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <numbers>
 #include <sched.h>
 #include <stdexcept>
@@ -227,19 +226,18 @@ int main(int argc, char **argv)
         ratios.push_back({"Live" + count, "Fluidsynth" + count, 8, 10});
     }
     std::vector<Limit> limits;
-    constexpr double noMore = std::numeric_limits<double>::infinity();
     for (const int hertz : {1000, 5000, 10000}) {
         const auto live = "SineToNoiseLive" + std::to_string(hertz);
         const auto exported = "SineToNoiseExport" + std::to_string(hertz);
         add(live, SineToNoise, hertz, false)->Iterations(1);
         add(exported, SineToNoise, hertz, true)->Iterations(1);
-        limits.push_back({live, "dB", 65, noMore});
-        limits.push_back({exported, "dB", 95, noMore});
+        limits.push_back({live, "dB", Better::More, 65});
+        limits.push_back({exported, "dB", Better::More, 95});
     }
     add("Live2048Mono", Live2048, 1);
     add("Live2048Stereo", Live2048, 2);
-    limits.push_back({"Live2048Mono", "core_share", 0, 0.1});
-    limits.push_back({"Live2048Stereo", "core_share", 0, 0.1});
+    limits.push_back({"Live2048Mono", "core_share", Better::Less, 0.1});
+    limits.push_back({"Live2048Stereo", "core_share", Better::Less, 0.1});
     add("MixCachedOneCore", MixCached, 1U)->UseRealTime();
     add("MixCachedTwoCores", MixCached, 2U)->UseRealTime();
     ratios.push_back({"MixCachedTwoCores", "MixCachedOneCore", 1.8, 2});

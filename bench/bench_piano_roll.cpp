@@ -2,6 +2,7 @@
 // at every zoom, scrolling and a moving position. Ends with 1 when the 99th percentile of one of them is above 16 ms of
 // the thread's own time; the clock's time, which other programs disturb, is printed beside it.
 #include "settings/Settings.h"
+#include "support/Figures.h"
 #include "ui/roll/PianoRoll.h"
 
 #include <QApplication>
@@ -16,8 +17,7 @@
 namespace {
 
 constexpr int noteCount = 100'000;
-constexpr int frames = 200;
-constexpr double budgetMilliseconds = 16;
+constexpr int frameCount = 200;
 
 enum class Texture { Chords, Runs };
 
@@ -51,16 +51,17 @@ double percentile99(QVector<double> times)
     return times[times.size() * 99 / 100 - 1];
 }
 
-struct Report
+// Of all frames that were measured.
+struct Frames
 {
-    bool isWithinBudget = true;
+    double longest = 0; // 99th percentile in milliseconds
 
     // A frame is what prepare(frame) does and the painting that follows from it.
     void measure(const QString &name, const std::function<void(int)> &prepare)
     {
         QVector<double> own;
         QVector<double> passed;
-        for (int frame = 0; frame < frames; ++frame) {
+        for (int frame = 0; frame < frameCount; ++frame) {
             const auto ownBegin = milliseconds(CLOCK_THREAD_CPUTIME_ID);
             const auto begin = milliseconds(CLOCK_MONOTONIC);
             prepare(frame);
@@ -70,12 +71,13 @@ struct Report
         }
         const auto p99 = percentile99(own);
         std::printf("%-36s p99 %6.2f ms   (by the clock %6.2f ms)\n", qPrintable(name), p99, percentile99(passed));
-        isWithinBudget = isWithinBudget && p99 <= budgetMilliseconds;
+        longest = std::max(longest, p99);
     }
 };
 
-void measureTexture(Report &report, const QString &name, Texture texture, Settings &settings)
+bool measureTexture(const QString &name, Texture texture, Settings &settings)
 {
+    Frames frames;
     EditorDocument document;
     document.setTrack(track(texture));
     PianoRoll roll(document, settings);
@@ -88,19 +90,20 @@ void measureTexture(Report &report, const QString &name, Texture texture, Settin
         roll.zoomTime(hScale - roll.state().geometry.hScale());
         for (const auto vScale : {-1, 2, 6}) {
             roll.zoomPitch(vScale - roll.state().geometry.vScale());
-            report.measure(QStringLiteral("%1, frame, zoom %2/%3").arg(name).arg(hScale).arg(vScale), [&](int) {
+            frames.measure(QStringLiteral("%1, frame, zoom %2/%3").arg(name).arg(hScale).arg(vScale), [&](int) {
                 bar->setValue(int(random() % unsigned(bar->maximum() + 1)));
                 roll.viewport()->update();
             });
         }
     }
     roll.zoomNormal();
-    report.measure(name + QStringLiteral(", scrolling by 16 pixels"), [&](int frame) { bar->setValue(frame * 16); });
-    report.measure(name + QStringLiteral(", position moves"),
+    frames.measure(name + QStringLiteral(", scrolling by 16 pixels"), [&](int frame) { bar->setValue(frame * 16); });
+    frames.measure(name + QStringLiteral(", position moves"),
                    [&](int frame) { document.setPlayPosition(frame * ticksPerWholeNote / 192); });
     document.setPlayPosition(-1);
     roll.commands().selectAll();
-    report.measure(name + QStringLiteral(", everything selected"), [&](int) { roll.viewport()->update(); });
+    frames.measure(name + QStringLiteral(", everything selected"), [&](int) { roll.viewport()->update(); });
+    return report({"Piano roll, " + name.toStdString() + ": ms a frame", frames.longest, 16, {}, Better::Less});
 }
 
 } // namespace
@@ -111,8 +114,7 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     const QTemporaryDir folder;
     Settings settings(folder.filePath(QStringLiteral("settings.cfg")));
-    Report report;
-    measureTexture(report, QStringLiteral("Chords"), Texture::Chords, settings);
-    measureTexture(report, QStringLiteral("Runs"), Texture::Runs, settings);
-    return report.isWithinBudget ? 0 : 1;
+    bool isGood = measureTexture(QStringLiteral("chords"), Texture::Chords, settings);
+    isGood &= measureTexture(QStringLiteral("runs"), Texture::Runs, settings);
+    return isGood ? 0 : 1;
 }

@@ -51,21 +51,14 @@ int runBenchmarks(int argc, char **argv, const std::vector<Ratio> &ratios, const
     benchmark::RunSpecifiedBenchmarks(&reporter);
 
     bool isGood = reporter.allRan;
-    for (const auto &ratio : ratios) {
-        if (!reporter.rates.count(ratio.ours) || !reporter.rates.count(ratio.theirs))
-            continue;
-        const double figure = reporter.rates[ratio.ours] / reporter.rates[ratio.theirs];
-        std::printf("%s / %s = %.2f (gate %.2f, aim %.2f)\n", ratio.ours.c_str(), ratio.theirs.c_str(), figure,
-                    ratio.gate, ratio.aim);
-        isGood = isGood && figure >= ratio.gate;
+    for (const auto &[ours, theirs, gate, aim] : ratios) {
+        if (reporter.rates.count(ours) && reporter.rates.count(theirs))
+            isGood &= report({ours + " / " + theirs, reporter.rates[ours] / reporter.rates[theirs], gate, aim});
     }
-    for (const auto &limit : limits) {
-        const auto counter = reporter.counters.find({limit.benchmark, limit.counter});
-        if (counter == reporter.counters.end())
-            continue;
-        std::printf("%s: %s = %.3g (gate %.3g to %.3g)\n", limit.benchmark.c_str(), limit.counter.c_str(),
-                    counter->second, limit.least, limit.most);
-        isGood = isGood && counter->second >= limit.least && counter->second <= limit.most;
+    for (const auto &[benchmark, counter, better, gate] : limits) {
+        const auto found = reporter.counters.find({benchmark, counter});
+        if (found != reporter.counters.end())
+            isGood &= report({benchmark + ": " + counter, found->second, gate, {}, better});
     }
     return isGood ? 0 : 1;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/Figures.h"
+
 #include <benchmark/benchmark.h>
 #include <string>
 #include <vector>
@@ -14,16 +16,16 @@ struct Ratio
     double aim;
 };
 
-// A counter of one benchmark, and between which figures it is good enough.
+// A counter of one benchmark, and the worst of it that is good enough.
 struct Limit
 {
     std::string benchmark;
     std::string counter;
-    double least;
-    double most;
+    Better better;
+    double gate;
 };
 
 // The main function of a benchmark program: pins it to one core, runs the benchmarks that the command line asks for and
-// prints the ratios of those that ran. Returns 1 when a ratio misses its gate or a counter its limits, or when a
-// benchmark could not be run.
+// reports the ratios and counters of those that ran. Returns 1 when one misses its gate, or when a benchmark could not
+// be run.
 int runBenchmarks(int argc, char **argv, const std::vector<Ratio> &ratios, const std::vector<Limit> &limits = {});

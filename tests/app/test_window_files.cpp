@@ -4,6 +4,7 @@
 #include "app/WindowFixture.h"
 #include "app/services/RecentFiles.h"
 #include "audio/TempoMap.h"
+#include "support/MidiBytes.h"
 
 #include <QCheckBox>
 #include <QClipboard>
@@ -12,6 +13,7 @@
 #include <QDropEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QToolButton>
 
 class TestWindowFiles : public QObject
 {
@@ -234,6 +236,20 @@ private slots:
         fixture_->trigger("actionSave_All");
         QCOMPARE(fixture_->dialogs().asked.size(), 2); // the second was cancelled
         QCOMPARE(fixture_->tracks().unsavedIds().size(), 2);
+    }
+
+    void cancelsAnImport()
+    {
+        fixture_->settings().setValue(Settings::MidiMergeChannels, false);
+        QByteArray notes;
+        for (int note = 0; note < 300'000; ++note)
+            notes += MidiBytes::noteOn(0, 60) + MidiBytes::noteOff(96, 60);
+        fixture_->dialogs().files =
+            QStringList(fixture_->write("long.mid", MidiBytes::file({notes + MidiBytes::endOfTrack()})));
+        fixture_->trigger("actionImport_MIDI");
+        fixture_->child<QWidget>("busyIndicator")->findChild<QToolButton *>()->click();
+        QVERIFY(!fixture_->window().isLoading());
+        QVERIFY(fixture_->import(jig, 3)); // is not in the way of the next, and adds nothing
     }
 
     void asksBeforeClosing_data()

@@ -1,4 +1,5 @@
 #include "core/AbcParser.h"
+#include "core/AbcTokenizer.h"
 #include "core/HeaderFields.h"
 #include "core/KeyTable.h"
 #include "support/DescribeTrack.h"
@@ -270,6 +271,27 @@ private slots:
         track.clearAbc();
         QCOMPARE(track.toAbc(),
                  QStringLiteral("X: 1\nT: One\nT: Two\nC: Me\nL: 1/4\nZ: by Kelvarion Composer\nK: C\n"));
+    }
+
+    // A text in two pieces is cut as it is in one, and the rest of a line can be left out.
+    void cutsATextInPieces()
+    {
+        const auto text = QStringLiteral("[I:linebreak $ !]ab\nI:decoration +\n!$!");
+        AbcTokenizer whole(text);
+        AbcToken token;
+        QVERIFY(whole.next(token));
+        whole.skipLine();
+        QVERIFY(whole.next(token));
+        QCOMPARE(token.line, 1);
+        AbcTokenizer rest(QStringView(text).right(3), whole.symbols());
+        AbcToken other;
+        while (whole.next(token)) {
+            QVERIFY(rest.next(other));
+            QCOMPARE(other.type, token.type);
+            QCOMPARE(other.text.size(), token.text.size());
+        }
+        QVERIFY(!rest.next(other));
+        QCOMPARE(whole.line(), 3);
     }
 };
 

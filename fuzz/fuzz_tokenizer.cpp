@@ -1,12 +1,16 @@
+// Any text: the scanner cuts exactly what the table of expressions cuts that defines the tokens.
 #include "core/AbcTokenizer.h"
-#include "support/Rows.h"
 
+#include <QMap>
 #include <QRegularExpression>
-#include <QtTest>
+#include <QStringList>
+#include <QVector>
 
-#include <random>
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <iterator>
 
-// The table of expressions that defines the tokens. The scanner must cut exactly what it cuts.
 namespace {
 
 struct Row
@@ -79,14 +83,7 @@ constexpr NamedPart namedParts[] = {{AbcPart::Name, "field instruction"},
 class TableTokenizer
 {
 public:
-    explicit TableTokenizer(const QString &text) : lines_(text.split(u'\n'))
-    {
-        for (const auto &row : table) {
-            expressions_.append(
-                QRegularExpression(QString::fromUtf8(row.pattern), QRegularExpression::ExtendedPatternSyntaxOption |
-                                                                       QRegularExpression::DontCaptureOption));
-        }
-    }
+    explicit TableTokenizer(const QString &text) : lines_(text.split(u'\n')) {}
 
     bool next()
     {
@@ -149,7 +146,8 @@ private:
 
     bool tryRow(int row)
     {
-        match = expressions_[row].match(lines_[line_].mid(column_, table[row].limit));
+        static const auto expressions = compiled();
+        match = expressions[row].match(lines_[line_].mid(column_, table[row].limit));
         if (!match.hasMatch())
             return false;
         type = row;
@@ -157,6 +155,17 @@ private:
         if ((row == 2 || row == 3) && match.captured(QStringLiteral("field")) == u"I")
             instructionField(match.captured(QStringLiteral("value")).simplified().split(u' '));
         return true;
+    }
+
+    static QVector<QRegularExpression> compiled()
+    {
+        QVector<QRegularExpression> expressions;
+        for (const auto &row : table) {
+            expressions.append(
+                QRegularExpression(QString::fromUtf8(row.pattern), QRegularExpression::ExtendedPatternSyntaxOption |
+                                                                       QRegularExpression::DontCaptureOption));
+        }
+        return expressions;
     }
 
     void instructionField(const QStringList &words)
@@ -170,7 +179,6 @@ private:
     }
 
     QStringList lines_;
-    QVector<QRegularExpression> expressions_;
     int line_ = 0;
     int column_ = 0;
     bool dollarBreaks_ = false;
@@ -214,88 +222,14 @@ QString difference(const QString &text)
 
 } // namespace
 
-class TestAbcTokenizer : public QObject
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    Q_OBJECT
-
-private slots:
-    void cutsWhatTheTableCuts_data()
-    {
-        const Rows<QString> row("text");
-        for (const auto *text :
-             {"C:|C:|",
-              " C:",
-              "[K:G][1 x [| [|] [] [CEG] [1,2-3,",
-              "(3abc (abc) (3:2:3x (3::2 (12345678901",
-              "$!a!$",
-              "I:linebreak $\n$!a!\nI: linebreak <none> ! \n!a!$\nI:linebreak\n!\nI:linebreak <none>\n!f!",
-              "I:decoration +\n!f!+f+\nI:decoration !\n!f!",
-              "[I:linebreak $]$",
-              "C'',,c,'",
-              "].C ]2/3.-, ]/4'",
-              "^_C ^^^C =C ==C __d",
-              "C.-D .C .|. .- .( .) ..C",
-              "\"C\" \"^up\" \"@1,2 x\" \"unclosed",
-              "\"a text of more than fifty characters is not a chord symbol\"",
-              "!unclosed +unclosed +f+",
-              "a%comment\n%%x y\n%%_\n%%\n%",
-              "{/c} {c} ~a Ha",
-              "<<< >>> ><>",
-              "::::::::::|:",
-              ":|: ||: |] :|2 |1,3 .|",
-              "C123456789012345678901234567890",
-              "^^^^^^^^^^^^^^^^^^^^^^^C",
-              "\n\n  \t\n\nX",
-              "\x01\x7f\xc3\xa9\xc2\xa0:",
-              "K:C\r\nabc\r\n",
-              "[x:no end in twenty characters]",
-              "z4/2 Z x// X1/",
-              "C//// C/2/ C3//4",
-              "[K:]",
-              "A:",
-              "&`\\"})
-            row(text, text);
-    }
-
-    void cutsWhatTheTableCuts()
-    {
-        QFETCH(QString, text);
-        QCOMPARE(difference(text), QString());
-    }
-
-    void cutsGeneratedText()
-    {
-        std::mt19937 random(7);
-        const auto alphabet = QStringLiteral("ABCGKMXZabgxz0123/:;|[]()^_=,'.-<>{}!+$&`~%\\\" \t\n\nI\u00e9");
-        for (int round = 0; round < 3000; ++round) {
-            QString text;
-            for (auto length = random() % 80; length > 0; --length)
-                text += alphabet[int(random() % unsigned(alphabet.size()))];
-            QVERIFY2(difference(text).isEmpty(), qPrintable(difference(text) + QStringLiteral(" in ") + text));
-        }
-    }
-
-    // A text in two pieces is cut as it is in one, and the rest of a line can be left out.
-    void beginsWithSymbols()
-    {
-        const auto text = QStringLiteral("[I:linebreak $ !]ab\nI:decoration +\n!$!");
-        AbcTokenizer whole(text);
-        AbcToken token;
-        QVERIFY(whole.next(token));
-        whole.skipLine();
-        QVERIFY(whole.next(token));
-        QCOMPARE(token.line, 1);
-        AbcTokenizer rest(QStringView(text).right(3), whole.symbols());
-        AbcToken other;
-        while (whole.next(token)) {
-            QVERIFY(rest.next(other));
-            QCOMPARE(other.type, token.type);
-            QCOMPARE(other.text.size(), token.text.size());
-        }
-        QVERIFY(!rest.next(other));
-        QCOMPARE(whole.line(), 3);
-    }
-};
-
-QTEST_APPLESS_MAIN(TestAbcTokenizer)
-#include "test_abc_tokenizer.moc"
+    const auto decoded = QString::fromUtf8(reinterpret_cast<const char *>(data), int(size));
+    QString text; // without surrogates, as the expressions refuse halves of pairs
+    std::copy_if(decoded.begin(), decoded.end(), std::back_inserter(text), [](QChar c) { return !c.isSurrogate(); });
+    const auto found = difference(text);
+    if (found.isEmpty())
+        return 0;
+    std::fprintf(stderr, "%s in \"%s\"\n", qPrintable(found), qPrintable(text));
+    std::abort();
+}
