@@ -1,67 +1,64 @@
 #include "app/MainWindow.h"
 
-#include "app/commands/About.h"
-#include "import/MergeTracks.h"
-#include "ui/BusyIndicator.h"
-#include "ui/Dialogs.h"
+#include "app/WindowMenus.h"
+#include "app/WindowToolBars.h"
 #include "ui/InstrumentComboBox.h"
 #include "ui/Theme.h"
-#include "ui/preferences/PreferencesDialog.h"
 #include "ui/song/EmptyHint.h"
 #include "ui/song/TrackRows.h"
 #include "ui/song/TrackWidget.h"
+#include "ui/song/VUMeter.h"
 
 #include <QAction>
+#include <QCloseEvent>
+#include <QMimeData>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSlider>
 #include <QTimer>
 
+namespace {
+
+QScrollArea *scrolled(TrackRows *rows)
+{
+    auto *const area = new QScrollArea;
+    area->setObjectName(QStringLiteral("scrTrackArea"));
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidget(rows);
+    QObject::connect(rows, &TrackRows::draggedTo, area,
+                     [area](int y) { area->ensureVisible(area->horizontalScrollBar()->value(), y, 0, 40); });
+    return area;
+}
+
+} // namespace
+
 MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
-    : QMainWindow(parent), services_(services), settings_(services.settings), dialogs_(services.dialogs),
-      player_(services.makeEngine, this), playback_(tracks_, instruments_, player_),
-      editors_(tracks_, playback_, settings_, dialogs_, services.makeEngine, this), import_(settings_),
-      updates_(services.updateAddress), rows_(new TrackRows(tracks_, instruments_, settings_, dialogs_))
+    : QMainWindow(parent), settings_(services.settings), dialogs_(services.dialogs), player_(services.makeEngine, this),
+      playback_(tracks_, instruments_, player_),
+      editors_(tracks_, playback_, settings_, dialogs_, services.makeEngine, this), updates_(services.updateAddress),
+      rows_(new TrackRows(tracks_, instruments_, settings_, dialogs_, this)),
+      instrumentList_(new InstrumentComboBox(instruments_, this)), masterMeter_(new VUMeter(Qt::Horizontal, this)),
+      masterVolume_(new QSlider(Qt::Horizontal, this)), importQueue_(context()), import_(context(), importQueue_),
+      save_(context(), *rows_), trackCommands_(context(), importQueue_),
+      instrumentCommands_(context(), instruments_, *instrumentList_), transport_(context(), player_, *masterVolume_),
+      export_(context(), services.makeFileEngine), program_(context()), status_(*this),
+      playbackView_(*rows_, *masterMeter_)
 {
     setWindowTitle(QStringLiteral("Kelvarion Composer"));
     setWindowIcon(QIcon(QStringLiteral(":/icons/appicon.png")));
     setAcceptDrops(true);
     resize(1180, 760);
-
-    auto *const area = new QScrollArea;
-    area->setObjectName(QStringLiteral("scrTrackArea"));
-    area->setWidgetResizable(true);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setWidget(rows_);
-    setCentralWidget(area);
-
+    setCentralWidget(scrolled(rows_));
     makeActions();
-    makeMenus();
-    makeToolBars();
-    makeHistoryDock();
-    makeStatusBar();
+    makeMenus(*this, actions_, import_, settings_);
+    makeToolBars(*this, actions_, {*instrumentList_, *masterMeter_, *masterVolume_});
+    makeHistoryDock(*this, tracks_.history());
+    status_.follow(instrumentCommands_.scanning());
+    status_.follow(playback_);
+    status_.follow(importQueue_.reading());
+    connectParts();
     connectPlayer();
-
-    connect(rows_, &TrackRows::rowAdded, this, &MainWindow::connectRow);
-    connect(rows_, &TrackRows::moveRequested, &tracks_, &TrackList::move);
-    connect(rows_, &TrackRows::draggedTo, area,
-            [area](int y) { area->ensureVisible(area->horizontalScrollBar()->value(), y, 0, 40); });
-    connect(rows_->hint(), &EmptyHint::importMidi, this, &MainWindow::onImportMidi);
-    connect(rows_->hint(), &EmptyHint::openAbc, this, &MainWindow::onLoadABC);
-    connect(&tracks_, &TrackList::songChanged, this, &MainWindow::updateActions);
-    connect(&tracks_, &TrackList::selectionChanged, this, &MainWindow::updateActions);
-    connect(&playback_, &Playback::playingChanged, this, &MainWindow::updateActions);
-    connect(&editors_, &EditorWindows::applied, this, &MainWindow::onEdited);
-    connect(&import_, &SongImport::imported, this, &MainWindow::onImported);
-    connect(&scan_, &InstrumentScanTask::finished, this, &MainWindow::onScanned);
-    connect(&updates_, &UpdateChecker::updateAvailable, this, &MainWindow::onUpdateAvailable);
-    connect(&updates_, &UpdateChecker::updateCheckFailed, this, &MainWindow::onUpdateFailed);
-    connect(&settings_, &Settings::settingChanged, this, &MainWindow::onSettingChanged);
-
-    masterVolume_->setValue(settings_.value(Settings::MasterVolume).toInt());
-    player_.setMasterVolume(gainOf(masterVolume_->value()));
-    connect(masterVolume_, &QSlider::valueChanged, this, &MainWindow::onMasterVolumeChanged);
-    playback_.setDefaultInstrument(settings_.value(Settings::DefaultInstrument).toString());
     restoreGeometry(QByteArray::fromBase64(settings_.value(Settings::WindowGeometry).toString().toLatin1()));
     restoreState(QByteArray::fromBase64(settings_.value(Settings::WindowState).toString().toLatin1()));
     updateActions();
@@ -69,166 +66,131 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
 
 MainWindow::~MainWindow() = default;
 
-void MainWindow::showEvent(QShowEvent *event)
+void MainWindow::makeActions()
 {
-    QMainWindow::showEvent(event);
-    QTimer::singleShot(0, this, &MainWindow::startScan); // after the first paint
+    for (const auto &rows :
+         {ImportCommands::actions(), SaveCommands::actions(), TrackCommands::actions(), InstrumentCommands::actions(),
+          TransportCommands::actions(), ExportCommands::actions(), ProgramCommands::actions()})
+        actions_.add(rows);
+    actions_.add(tracks_.history().createUndoAction(this), "actionUndo", "Ctrl+Z");
+    actions_.add(tracks_.history().createRedoAction(this), "actionRedo", "Ctrl+Shift+Z");
 }
 
-void MainWindow::startScan()
+void MainWindow::connectParts()
 {
-    if (scan_.isRunning() || isScanned_)
-        return;
-    const bool loadsMods = settings_.value(Settings::LoadMods).toBool();
-    scan_.start(settings_.value(Settings::RootPath).toString(), loadsMods ? Mods::Load : Mods::Skip);
+    connect(rows_, &TrackRows::rowAdded, this, &MainWindow::connectRow);
+    connect(rows_, &TrackRows::moveRequested, &tracks_, &TrackList::move);
+    connect(rows_->hint(), &EmptyHint::importMidi, this, &MainWindow::onImportMidi);
+    connect(rows_->hint(), &EmptyHint::openAbc, this, &MainWindow::onLoadABC);
+    connect(&editors_, &EditorWindows::applied, this, &MainWindow::onEdited);
+    connect(&instrumentCommands_, &InstrumentCommands::scanned, &importQueue_, &ImportQueue::open);
+    connect(instrumentList_, &QComboBox::currentTextChanged, this, &MainWindow::onDefaultInstrumentChanged);
+    connect(masterVolume_, &QSlider::valueChanged, this, &MainWindow::onMasterVolumeChanged);
+    connect(&updates_, &UpdateChecker::updateAvailable, this, &MainWindow::onUpdateAvailable);
+    connect(&updates_, &UpdateChecker::updateCheckFailed, this, &MainWindow::onUpdateFailed);
+    connect(&export_, &ExportCommands::renderStarted, this, &MainWindow::onRenderStarted);
+    connect(&export_, &ExportCommands::renderProgress, this, &MainWindow::onRenderProgress);
+    connect(&export_, &ExportCommands::renderFinished, this, &MainWindow::onRenderFinished);
+    connect(&export_, &ExportCommands::loadingSample, this, &MainWindow::onLoadingSample);
+    connect(&settings_, &Settings::settingChanged, this, &MainWindow::onSettingChanged);
+    connect(&tracks_, &TrackList::songChanged, this, &MainWindow::updateActions);
+    connect(&tracks_, &TrackList::selectionChanged, this, &MainWindow::updateActions);
+    connect(&playback_, &Playback::playingChanged, this, &MainWindow::updateActions);
+    connect(&trackCommands_, &TrackCommands::mergingChanged, this, &MainWindow::updateActions);
 }
 
-void MainWindow::onScanned(const InstrumentSet &instruments)
+void MainWindow::connectPlayer()
 {
-    scanBusy_->finish();
-    isScanned_ = true;
-    const auto wanted = settings_.value(Settings::DefaultInstrument).toString();
-    {
-        const QSignalBlocker blocker(instrumentList_);
-        instruments_.setInstruments(instruments);
-        instrumentList_->setCurrentText(playback_.resolvedName(wanted));
-    }
-    playback_.setDefaultInstrument(instrumentList_->currentText());
-    takeImported();
+    connect(&player_, &TrackPlayer::trackStarted, this, &MainWindow::onTrackStarted);
+    connect(&player_, &TrackPlayer::trackStopped, this, &MainWindow::onTrackStopped);
+    connect(&player_, &TrackPlayer::allTracksStopped, this, &MainWindow::onAllTracksStopped);
+    connect(&player_, &TrackPlayer::trackPositionChanged, this, &MainWindow::onTrackPositionChanged);
+    connect(&player_, &TrackPlayer::masterMeter, this, &MainWindow::onMasterMeter);
+    connect(&player_, &TrackPlayer::trackMeter, this, &MainWindow::onTrackMeter);
+    connect(&player_, &TrackPlayer::notePressed, this, &MainWindow::onNotePressed);
+    connect(&player_, &TrackPlayer::noteReleased, this, &MainWindow::onNoteReleased);
+    connect(&player_, &TrackPlayer::loadingSample, this, &MainWindow::onLoadingSample);
+    connect(&player_, &TrackPlayer::outputChanged, &status_, &StatusIndicators::showOutputProblem);
 }
 
-// --- Commands on tracks ---
-
-void MainWindow::onNewTrack()
+void MainWindow::connectRow(const QString &id, TrackWidget *row)
 {
-    Track track;
-    track.normalize();
-    onImported({tr("New Track"), {}, {}}, {{track}, {}, {}});
-}
-
-void MainWindow::onClearTracks()
-{
-    tracks_.remove(tr("Remove All Tracks"), tracks_.ids());
-}
-
-void MainWindow::onRemoveSelectedTracks()
-{
-    tracks_.remove(tr("Remove Tracks"), tracks_.selectedIds());
-}
-
-void MainWindow::onDuplicateTracks()
-{
-    tracks_.duplicate(tracks_.selectedIds());
-}
-
-// Beside the interface thread, since a million notes take a while. The sources stay.
-void MainWindow::onMergeTracks()
-{
-    const auto ids = tracks_.selectedIds();
-    if (ids.isEmpty() || merging_.isRunning())
-        return;
-    QVector<Track> sources;
-    for (const auto &id : ids)
-        sources.append(*tracks_.find(id)->track);
-    struct Merged
-    {
-        Track track;
-        QString error;
-    };
-    const auto work = [sources](const std::stop_token &) -> Merged {
-        try {
-            auto track = mergeTracks(sources);
-            track.toAbc();
-            return {track, {}};
-        } catch (const QString &error) {
-            return {{}, error};
-        }
-    };
-    merging_.start(this, work, [this, instrument = tracks_.find(ids.first())->instrument](const Merged &merged) {
-        updateActions();
-        if (merged.error.isEmpty())
-            tracks_.add(tr("Merge Tracks"), {{merged.track, instrument}});
-        else
-            dialogs_.message(this, Dialogs::Severity::Critical, QStringLiteral("Merge Tracks"),
-                             QStringLiteral("Could not merge tracks: %1").arg(merged.error));
-    });
-    updateActions();
-}
-
-void MainWindow::onApplyInstrument()
-{
-    const auto selected = tracks_.selectedIds();
-    tracks_.setInstrument(selected.isEmpty() ? tracks_.ids() : selected, instrumentList_->currentText());
-}
-
-void MainWindow::onMuteSelected()
-{
-    tracks_.toggleMuted(tracks_.selectedIds());
-}
-
-void MainWindow::onSelectAll()
-{
-    tracks_.selectAll();
-}
-
-void MainWindow::onDeselectAll()
-{
-    tracks_.deselectAll();
-}
-
-void MainWindow::onInvertSelection()
-{
-    tracks_.invertSelection();
-}
-
-void MainWindow::onDefaultInstrumentChanged(const QString &name)
-{
-    playback_.setDefaultInstrument(name);
-    settings_.setValue(Settings::DefaultInstrument, name);
+    connect(row, &TrackWidget::trackMuteChanged, this, [=, this] { onTrackMuteChanged(id); });
+    connect(row, &TrackWidget::trackSolo, this, [=, this] { onTrackSolo(id); });
+    connect(row, &TrackWidget::trackInstrumentChanged, this, [=, this] { onTrackInstrumentChanged(id); });
+    connect(row, &TrackWidget::trackVolumeChanged, this, [=, this] { onTrackVolumeChanged(id); });
+    connect(row, &TrackWidget::trackPanChanged, this, [=, this] { onTrackPanChanged(id); });
+    connect(row, &TrackWidget::trackRemoved, this, [=, this] { onTrackRemoved(id); });
+    connect(row, &TrackWidget::trackChanged, this, [=, this] { onTrackChanged(id); });
+    connect(row, &TrackWidget::trackSeek, this, &MainWindow::onTrackSeek);
+    connect(row, &TrackWidget::trackMoveUp, this, [=, this] { onMoveTrackUp(id); });
+    connect(row, &TrackWidget::trackMoveDown, this, [=, this] { onMoveTrackDown(id); });
+    connect(row, &TrackWidget::trackSelected, this,
+            [=, this](bool isSelected) { onTrackSelectionChanged(id, isSelected); });
+    connect(row, &TrackWidget::previewNote, this, [=, this](int semitone) { onPreviewNote(id, semitone); });
+    connect(row, &TrackWidget::stopPreview, this, &MainWindow::onStopPreview);
+    connect(row, &TrackWidget::editorRequested, this, [=, this] { editors_.open(id); });
+    connect(row, &TrackWidget::trackSaved, this, [=, this](const QString &path) { save_.noteSaved(id, path); });
 }
 
 void MainWindow::updateActions()
 {
-    const auto enable = [this](const QStringList &names, bool isEnabled) {
-        for (const auto &name : names)
-            action(name)->setEnabled(isEnabled);
-    };
     const bool isSelected = !tracks_.selectedIds().isEmpty();
-    enable({QStringLiteral("actionDuplicate_Selected"), QStringLiteral("actionRemove_Selected"),
-            QStringLiteral("actionSave_Selected"), QStringLiteral("actionMute_Selected")},
-           isSelected);
-    enable({QStringLiteral("actionMerge_Selected")}, isSelected && !merging_.isRunning());
-    enable({QStringLiteral("actionClear_Tracks"), QStringLiteral("actionSave_All"), QStringLiteral("actionPlay"),
-            QStringLiteral("actionApplyInstrument"), QStringLiteral("actionExport_to_Wav"),
-            QStringLiteral("actionSelect_All"), QStringLiteral("actionDeselect_All"),
-            QStringLiteral("actionInvert_Selection")},
-           !tracks_.isEmpty());
-    enable({QStringLiteral("actionStop")}, playback_.isPlaying());
+    actions_.update([=, this](Available available) {
+        switch (available) {
+        case Available::Always:
+            return true;
+        case Available::WithTracks:
+            return !tracks_.isEmpty();
+        case Available::WithSelection:
+            return isSelected;
+        case Available::ToMerge:
+            return isSelected && !trackCommands_.isMerging();
+        case Available::WhilePlaying:
+            return playback_.isPlaying();
+        }
+        return false;
+    });
 }
 
-// --- Playback ---
-
-void MainWindow::onPlay()
+void MainWindow::showEvent(QShowEvent *event)
 {
-    playback_.play();
+    QMainWindow::showEvent(event);
+    QTimer::singleShot(0, &instrumentCommands_, &InstrumentCommands::scan); // after the first paint
 }
 
-void MainWindow::onStopAll()
+void MainWindow::dragEnterEvent(QDragEnterEvent *event)
 {
+    if (ImportCommands::acceptsDrop(*event->mimeData()))
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent *event)
+{
+    if (!ImportCommands::acceptsDrop(*event->mimeData()))
+        return;
+    event->acceptProposedAction();
+    import_.takeDrop(*event->mimeData());
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    trackCommands_.cancelMerging();
+    if (!mayClose()) {
+        event->ignore();
+        return;
+    }
+    importQueue_.reading().cancel();
     playback_.stop();
+    settings_.setValue(Settings::WindowGeometry, QString::fromLatin1(saveGeometry().toBase64()));
+    settings_.setValue(Settings::WindowState, QString::fromLatin1(saveState().toBase64()));
+    settings_.save();
+    QMainWindow::closeEvent(event);
 }
 
-void MainWindow::onMasterVolumeChanged(int percent)
+bool MainWindow::mayClose()
 {
-    player_.setMasterVolume(gainOf(percent));
-    settings_.setValue(Settings::MasterVolume, percent);
-}
-
-// --- The rest ---
-
-void MainWindow::onPreferences()
-{
-    PreferencesDialog(settings_, dialogs_, this).exec();
+    return editors_.closeAll() && save_.mayClose() && export_.mayClose();
 }
 
 void MainWindow::onSettingChanged(Settings::Setting setting, const QVariant &value)
@@ -237,41 +199,11 @@ void MainWindow::onSettingChanged(Settings::Setting setting, const QVariant &val
         applyTheme(value.toBool() ? Theme::Dark : Theme::Light);
 }
 
-void MainWindow::onAbout()
+// A track that was removed meanwhile comes back as a new one, which its editor belongs to from then on.
+void MainWindow::onEdited(const QString &trackId, const Track &track)
 {
-    dialogs_.about(this, QStringLiteral("About Kelvarion Composer"), aboutHtml());
-}
-
-void MainWindow::onDonate()
-{
-    dialogs_.openInBrowser(donationAddress());
-}
-
-void MainWindow::onWebsite()
-{
-    dialogs_.openInBrowser(websiteAddress());
-}
-
-void MainWindow::onCheckUpdates()
-{
-    updates_.check();
-}
-
-void MainWindow::onUpdateAvailable(bool available, const QString &newVer, const QString &address)
-{
-    if (!available) {
-        dialogs_.message(this, Dialogs::Severity::Information, QStringLiteral("No updates"),
-                         QStringLiteral("You are running the latest version of Kelvarion Composer."));
-        return;
-    }
-    const auto question =
-        QStringLiteral("Kelvarion Composer v%1 is available.\nWould you like to download it now?").arg(newVer);
-    if (dialogs_.ask(this, QStringLiteral("Update available"), question) == Dialogs::Answer::Yes)
-        dialogs_.openInBrowser(QUrl(address));
-}
-
-void MainWindow::onUpdateFailed(const QString &error)
-{
-    dialogs_.message(this, Dialogs::Severity::Warning, QStringLiteral("Updates check failed"),
-                     QStringLiteral("Failed to check for updates: %1").arg(error));
+    if (auto *const row = rows_->row(trackId))
+        row->onTrackChanged(track);
+    else
+        editors_.bringBack(trackId, track);
 }

@@ -1,22 +1,27 @@
 #pragma once
 
+#include "app/commands/ExportCommands.h"
+#include "app/commands/ImportCommands.h"
+#include "app/commands/ImportQueue.h"
+#include "app/commands/InstrumentCommands.h"
+#include "app/commands/PlaybackView.h"
+#include "app/commands/ProgramCommands.h"
+#include "app/commands/SaveCommands.h"
+#include "app/commands/StatusIndicators.h"
+#include "app/commands/TrackCommands.h"
+#include "app/commands/TransportCommands.h"
+#include "app/commands/WindowActions.h"
 #include "app/services/EditorWindows.h"
-#include "app/services/InstrumentScanTask.h"
 #include "app/services/Playback.h"
-#include "app/services/SongImport.h"
 #include "app/services/UpdateChecker.h"
+#include "assets/InstrumentSetModel.h"
 #include "audio/TrackPlayer.h"
-#include "audio/TrackRenderer.h"
-#include "base/BackgroundTask.h"
 #include "settings/Settings.h"
+#include "ui/tracks/TrackList.h"
 
 #include <QMainWindow>
 
-class BusyIndicator;
-class Dialogs;
 class InstrumentComboBox;
-class QLabel;
-class QProgressDialog;
 class QSlider;
 class TrackRows;
 class TrackWidget;
@@ -32,8 +37,8 @@ struct WindowServices
     QUrl updateAddress = UpdateChecker::releaseAddress();
 };
 
-// The program's window: the tracks as a list of rows, with menus, toolbars and meters around it. It wires the song, the
-// player and the dialogs together; what they do stands in their own classes.
+// The program's window: the tracks as a list of rows, with menus, toolbars and meters around it. It puts together what
+// stands in classes of its own: the commands by their subjects, and what runs beside them. Its slots are doors to them.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -45,13 +50,10 @@ public:
     TrackList &tracks() { return tracks_; }
 
     // As if the user had dropped them: what is neither ABC nor MIDI by its name is skipped.
-    void openFiles(const QStringList &paths);
+    void openFiles(const QStringList &paths) { import_.openFiles(paths); }
 
     // Whether files are still being read, or the game is still to be looked through for instruments.
-    bool isLoading() const
-    {
-        return instruments_.instruments().isEmpty() || import_.isRunning() || !imported_.isEmpty();
-    }
+    bool isLoading() const { return instruments_.instruments().isEmpty() || importQueue_.isBusy(); }
 
 public slots:
     void onLoadABC();
@@ -114,38 +116,16 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
-    struct ActionRow;
-    static const QVector<ActionRow> &actionTable();
-
-    // What the window is made of.
+    CommandContext context() { return {*this, settings_, dialogs_, tracks_, playback_}; }
     void makeActions();
-    void makeMenus();
-    void makeToolBars();
-    void makeHistoryDock();
-    void makeStatusBar();
-    void addToMenu(QMenu *menu, const QStringList &actionNames);
-    void fillRecentFilesMenu(QMenu *menu);
+    void connectParts();
     void connectPlayer();
     void connectRow(const QString &id, TrackWidget *row);
-    QAction *action(const QString &name) const;
-
-    void load(const ImportRequest &request);
-    void onImported(const ImportRequest &request, const ReadSong &song);
-    void takeImported();
-    void startScan();
-    void onScanned(const InstrumentSet &instruments);
-    QString instrumentFor(const Track &track) const;
-    ExistingTracks askAboutExisting(const QString &title);
     void onEdited(const QString &trackId, const Track &track);
-    QString startFolder(Settings::Setting setting) const;
-    void rememberFolder(Settings::Setting setting, const QString &file);
-    bool save(const QStringList &ids);
-    void startExport(const QString &fileName);
-    bool isExporting() const { return renderer_ && renderer_->isRunning(); }
-    void updateActions();
     void onSettingChanged(Settings::Setting setting, const QVariant &value);
+    void updateActions();
+    bool mayClose();
 
-    WindowServices services_;
     Settings &settings_;
     Dialogs &dialogs_;
     InstrumentSetModel instruments_{{}};
@@ -153,21 +133,22 @@ private:
     TrackList tracks_;
     Playback playback_;
     EditorWindows editors_;
-    SongImport import_;
-    BackgroundTask merging_;
-    QVector<std::pair<ImportRequest, ReadSong>> imported_; // that is still to become tracks
-    InstrumentScanTask scan_;
-    bool isScanned_ = false;
     UpdateChecker updates_;
-    std::unique_ptr<TrackRenderer> renderer_;
 
     TrackRows *rows_;
-    InstrumentComboBox *instrumentList_ = nullptr;
-    QSlider *masterVolume_ = nullptr;
-    VUMeter *masterMeter_ = nullptr;
-    QLabel *outputProblem_ = nullptr; // why nothing is heard
-    BusyIndicator *importBusy_ = nullptr;
-    BusyIndicator *scanBusy_ = nullptr;
-    BusyIndicator *samplesBusy_ = nullptr;
-    QProgressDialog *exportProgress_ = nullptr;
+    InstrumentComboBox *instrumentList_;
+    VUMeter *masterMeter_;
+    QSlider *masterVolume_;
+
+    ImportQueue importQueue_;
+    ImportCommands import_;
+    SaveCommands save_;
+    TrackCommands trackCommands_;
+    InstrumentCommands instrumentCommands_;
+    TransportCommands transport_;
+    ExportCommands export_;
+    ProgramCommands program_;
+    StatusIndicators status_;
+    PlaybackView playbackView_;
+    WindowActions actions_{*this};
 };

@@ -38,12 +38,16 @@ void EditorWindows::open(const QString &trackId)
     window->activateWindow();
 }
 
-void EditorWindows::reassign(const QString &fromTrackId, const QString &toTrackId)
+void EditorWindows::bringBack(const QString &trackId, const Track &track)
 {
-    const auto window = windows_.take(fromTrackId);
-    windows_.insert(toTrackId, window);
-    if (const auto *const track = tracks_.find(toTrackId); window && track)
-        window->setInstrument(playback_.instrument(track->instrument));
+    auto unsaved = track;
+    unsaved.setFilePath({}); // which holds the track as it was
+    const auto instrument = playback_.instrumentNameFor(track);
+    const auto id = tracks_.add(tr("Edit Track"), {{unsaved, instrument}}).first();
+    const auto window = windows_.take(trackId);
+    windows_.insert(id, window);
+    if (window)
+        window->setInstrument(playback_.instrument(instrument));
 }
 
 bool EditorWindows::closeAll()

@@ -23,8 +23,8 @@ public:
     ~EditorWindows() override;
 
     void open(const QString &trackId);
-    // The editor of one track becomes that of another.
-    void reassign(const QString &fromTrackId, const QString &toTrackId);
+    // Adds what was edited of a track that was removed; the editor belongs to the new track from then on.
+    void bringBack(const QString &trackId, const Track &track);
     // Each may ask about its changes; false when one stays open.
     bool closeAll();
 

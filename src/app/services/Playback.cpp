@@ -1,6 +1,7 @@
 #include "app/services/Playback.h"
 
 #include "audio/TrackPlayer.h"
+#include "core/HeaderFields.h"
 
 #include <algorithm>
 
@@ -42,6 +43,15 @@ Instrument Playback::instrument(const QString &name) const
 {
     const auto resolved = resolvedName(name);
     return resolved.isEmpty() ? Instrument() : catalogue_.instruments().instrument(resolved);
+}
+
+QString Playback::instrumentNameFor(const Track &track) const
+{
+    const auto named = HeaderFields::instrumentName(track.headerFields(QStringLiteral("I")));
+    const auto resolved = resolvedName(named);
+    if (!named.isEmpty() && named != resolved)
+        qWarning("%s: there is no instrument '%s'", qUtf8Printable(track.title()), qUtf8Printable(named));
+    return resolved;
 }
 
 template<typename Change>

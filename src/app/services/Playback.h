@@ -24,6 +24,8 @@ public:
     // catalogue is.
     QString resolvedName(const QString &name) const;
     Instrument instrument(const QString &name) const;
+    // What a track that comes into the list gets: the instrument that its header names, or what is played instead.
+    QString instrumentNameFor(const Track &track) const;
 
     // From play() on: its tracks are heard as soon as their samples are loaded.
     bool isPlaying() const { return isStarting_ || !playing_.isEmpty(); }

@@ -1,0 +1,265 @@
+// The window's slots, each a door to what it is about.
+
+#include "app/MainWindow.h"
+#include "ui/song/TrackRows.h"
+#include "ui/song/TrackWidget.h"
+
+void MainWindow::onLoadABC()
+{
+    import_.openAbc();
+}
+
+void MainWindow::onExportWav()
+{
+    export_.exportWav();
+}
+
+void MainWindow::onImportMidi()
+{
+    import_.importMidi();
+}
+
+void MainWindow::onPlay()
+{
+    playback_.play();
+}
+
+void MainWindow::onStopAll()
+{
+    playback_.stop();
+}
+
+void MainWindow::onAbout()
+{
+    program_.showAbout();
+}
+
+void MainWindow::onNewTrack()
+{
+    trackCommands_.addEmpty();
+}
+
+void MainWindow::onClearTracks()
+{
+    trackCommands_.removeAll();
+}
+
+void MainWindow::onPreferences()
+{
+    program_.editPreferences();
+}
+
+void MainWindow::onApplyInstrument()
+{
+    instrumentCommands_.apply();
+}
+
+void MainWindow::onMergeTracks()
+{
+    trackCommands_.mergeSelected();
+}
+
+void MainWindow::onRemoveSelectedTracks()
+{
+    trackCommands_.removeSelected();
+}
+
+void MainWindow::onImportClipboard()
+{
+    import_.importClipboard();
+}
+
+void MainWindow::onSelectAll()
+{
+    tracks_.selectAll();
+}
+
+void MainWindow::onDeselectAll()
+{
+    tracks_.deselectAll();
+}
+
+void MainWindow::onInvertSelection()
+{
+    tracks_.invertSelection();
+}
+
+void MainWindow::onDuplicateTracks()
+{
+    trackCommands_.duplicateSelected();
+}
+
+void MainWindow::onCheckUpdates()
+{
+    updates_.check();
+}
+
+void MainWindow::onSaveSelected()
+{
+    save_.saveSelected();
+}
+
+void MainWindow::onSaveAll()
+{
+    save_.saveAll();
+}
+
+void MainWindow::onMuteSelected()
+{
+    trackCommands_.muteSelected();
+}
+
+void MainWindow::onDonate()
+{
+    program_.openDonationPage();
+}
+
+void MainWindow::onWebsite()
+{
+    program_.openWebsite();
+}
+
+void MainWindow::onDefaultInstrumentChanged(const QString &name)
+{
+    instrumentCommands_.setDefault(name);
+}
+
+void MainWindow::onMasterVolumeChanged(int percent)
+{
+    transport_.setMasterVolume(percent);
+}
+
+void MainWindow::onTrackStarted(const QString &trackId)
+{
+    playbackView_.start(trackId);
+}
+
+void MainWindow::onTrackStopped(const QString &trackId)
+{
+    playbackView_.stop(trackId);
+}
+
+void MainWindow::onAllTracksStopped()
+{
+    playbackView_.stopAll();
+}
+
+void MainWindow::onTrackPositionChanged(const QString &trackId, quint64 position)
+{
+    playbackView_.setPosition(trackId, position);
+}
+
+void MainWindow::onMasterMeter(float leftRMS, float rightRMS, float leftPeak, float rightPeak)
+{
+    playbackView_.setMasterLevels(leftRMS, rightRMS, leftPeak, rightPeak);
+}
+
+void MainWindow::onTrackMeter(const QString &trackId, float leftRMS, float rightRMS, float leftPeak, float rightPeak)
+{
+    playbackView_.setLevels(trackId, leftRMS, rightRMS, leftPeak, rightPeak);
+}
+
+void MainWindow::onNotePressed(const QString &trackId, int eventIndex)
+{
+    playbackView_.pressNote(trackId, eventIndex);
+}
+
+void MainWindow::onNoteReleased(const QString &trackId, int eventIndex)
+{
+    playbackView_.releaseNote(trackId, eventIndex);
+}
+
+void MainWindow::onTrackMuteChanged(const QString &trackId)
+{
+    tracks_.setMuted({trackId}, rows_->row(trackId)->isMuted());
+}
+
+void MainWindow::onTrackSolo(const QString &trackId)
+{
+    tracks_.solo(trackId);
+}
+
+void MainWindow::onTrackInstrumentChanged(const QString &trackId)
+{
+    tracks_.setInstrument({trackId}, rows_->row(trackId)->instrumentName());
+}
+
+void MainWindow::onTrackVolumeChanged(const QString &trackId)
+{
+    tracks_.setVolume(trackId, rows_->row(trackId)->volumePercent());
+}
+
+void MainWindow::onTrackPanChanged(const QString &trackId)
+{
+    tracks_.setPan(trackId, rows_->row(trackId)->panPercent());
+}
+
+void MainWindow::onTrackRemoved(const QString &trackId)
+{
+    tracks_.remove(tr("Remove Track"), {trackId});
+}
+
+void MainWindow::onTrackChanged(const QString &trackId)
+{
+    tracks_.setTrack(rows_->row(trackId)->changeName(), trackId, rows_->row(trackId)->track());
+}
+
+void MainWindow::onTrackSeek(qint64 ticks)
+{
+    playback_.seek(ticks);
+}
+
+void MainWindow::onMoveTrackUp(const QString &trackId)
+{
+    trackCommands_.moveBy(trackId, -1);
+}
+
+void MainWindow::onMoveTrackDown(const QString &trackId)
+{
+    trackCommands_.moveBy(trackId, 1);
+}
+
+void MainWindow::onTrackSelectionChanged(const QString &trackId, bool isSelected)
+{
+    tracks_.setSelected(trackId, isSelected);
+}
+
+void MainWindow::onPreviewNote(const QString &trackId, int semitone)
+{
+    transport_.previewNote(trackId, semitone);
+}
+
+void MainWindow::onStopPreview()
+{
+    player_.stopPreviewNote();
+}
+
+void MainWindow::onLoadingSample(const QString &samplePath)
+{
+    status_.showLoadingSample(samplePath);
+}
+
+void MainWindow::onRenderStarted()
+{
+    export_.openProgress();
+}
+
+void MainWindow::onRenderProgress(quint64 progress, quint64 total)
+{
+    export_.setProgress(progress, total);
+}
+
+void MainWindow::onRenderFinished()
+{
+    export_.closeProgress();
+}
+
+void MainWindow::onUpdateAvailable(bool available, const QString &newVer, const QString &address)
+{
+    program_.tellAboutUpdate(available, newVer, address);
+}
+
+void MainWindow::onUpdateFailed(const QString &error)
+{
+    program_.tellUpdateFailure(error);
+}

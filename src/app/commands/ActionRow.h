@@ -1,0 +1,16 @@
+#pragma once
+
+// When a command of the window has something to do.
+enum class Available { Always, WithTracks, WithSelection, ToMerge, WhilePlaying };
+
+// A row of the table of actions. Each subject keeps its own.
+struct ActionRow
+{
+    const char *name; // of the object
+    const char *text;
+    const char *shortcut;
+    const char *tip; // tool tip and status text
+    const char *icon;
+    const char *slot; // of the window: "onPlay()"
+    Available available = Available::Always;
+};

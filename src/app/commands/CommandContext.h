@@ -1,0 +1,17 @@
+#pragma once
+
+class Dialogs;
+class Playback;
+class QWidget;
+class Settings;
+class TrackList;
+
+// What the commands of a window work with; all of it outlives them.
+struct CommandContext
+{
+    QWidget &window; // the parent of dialogs
+    Settings &settings;
+    Dialogs &dialogs;
+    TrackList &tracks;
+    Playback &playback;
+};

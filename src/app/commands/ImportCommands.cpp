@@ -1,0 +1,114 @@
+#include "app/commands/ImportCommands.h"
+
+#include "app/commands/ImportQueue.h"
+#include "app/services/RecentFiles.h"
+#include "settings/Settings.h"
+#include "ui/Dialogs.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMimeData>
+
+QVector<ActionRow> ImportCommands::actions()
+{
+    return {
+        {"actionOpen", "Open", "Ctrl+O", "Open ABC file", "open", "onLoadABC()"},
+        {"actionImport_MIDI", "Import MIDI", "Ctrl+Shift+M", "Import MIDI file into the editor", "midiimport",
+         "onImportMidi()"},
+        {"actionImport_from_Clipboard", "Import from Clipboard", "Ctrl+V", "Import an ABC track from the clipboard",
+         "clipboard", "onImportClipboard()"},
+    };
+}
+
+void ImportCommands::openAbc()
+{
+    const auto start = context_.settings.value(Settings::AbcOpenDir).toString();
+    const auto files = context_.dialogs.openFiles(&context_.window, QStringLiteral("Choose ABC file(s) to open"), start,
+                                                  QStringLiteral("ABC files (*.abc)"));
+    if (files.isEmpty())
+        return;
+    context_.settings.setValue(Settings::AbcOpenDir, QFileInfo(files.first()).absolutePath());
+    QVector<SongSource> sources;
+    for (const auto &file : files)
+        sources.append({SongSource::Kind::AbcFile, file});
+    queue_.load({tr("Open Tracks"), tr("Loading ABC files..."), sources});
+}
+
+void ImportCommands::importMidi()
+{
+    const auto start = context_.settings.value(Settings::MidiOpenDir).toString();
+    const auto file = context_.dialogs.openFile(&context_.window, QStringLiteral("Choose MIDI file to import..."),
+                                                start, QStringLiteral("MIDI files (*.mid)"));
+    if (file.isEmpty())
+        return;
+    context_.settings.setValue(Settings::MidiOpenDir, QFileInfo(file).absolutePath());
+    const auto existing = queue_.askAboutExisting(QStringLiteral("Import MIDI"));
+    queue_.load(
+        {tr("Import MIDI"), QStringLiteral("Loading MIDI file..."), {{SongSource::Kind::MidiFile, file}}, existing});
+}
+
+void ImportCommands::importClipboard()
+{
+    const auto title = QStringLiteral("Import from clipboard");
+    const auto *const content = QApplication::clipboard()->mimeData();
+    if (!content || !(content->hasText() || content->hasUrls())) {
+        context_.dialogs.message(&context_.window, Dialogs::Severity::Information, title,
+                                 QStringLiteral("The clipboard does not contain anything to import."));
+        return;
+    }
+    const auto step = tr("Paste Tracks");
+    if (content->hasUrls())
+        queue_.load(
+            {step, tr("Loading files..."), sourcesOf(*content, FileOrigin::Pasted), queue_.askAboutExisting(title)});
+    else
+        queue_.load({step, tr("Reading the clipboard..."), sourcesOf(content->text())});
+}
+
+void ImportCommands::openFiles(const QStringList &paths)
+{
+    if (paths.isEmpty())
+        return;
+    QMimeData files;
+    QList<QUrl> urls;
+    for (const auto &path : paths) {
+        urls.append(QUrl::fromLocalFile(path));
+        if (!QFileInfo::exists(path))
+            RecentFiles::forget(context_.settings, path);
+    }
+    files.setUrls(urls);
+    const auto sources = sourcesOf(files, FileOrigin::Pasted);
+    if (sources.isEmpty())
+        context_.dialogs.message(&context_.window, Dialogs::Severity::Warning, tr("Open Files"),
+                                 tr("These are no ABC or MIDI files."));
+    else
+        queue_.load({tr("Open Files"), tr("Loading files..."), sources,
+                     queue_.askAboutExisting(QStringLiteral("Import Files"))});
+}
+
+bool ImportCommands::acceptsDrop(const QMimeData &data)
+{
+    return !sourcesOf(data, FileOrigin::Dropped).isEmpty();
+}
+
+// Where the files come from waits for the end of the drop, not for an answer.
+void ImportCommands::takeDrop(const QMimeData &data)
+{
+    const auto loadDropped = [this, sources = sourcesOf(data, FileOrigin::Dropped)] {
+        const auto existing = queue_.askAboutExisting(QStringLiteral("Import Files"));
+        queue_.load({tr("Drop Files"), tr("Loading files..."), sources, existing});
+    };
+    QMetaObject::invokeMethod(&queue_, loadDropped, Qt::QueuedConnection);
+}
+
+void ImportCommands::fillRecentMenu(QMenu &menu)
+{
+    menu.clear();
+    for (const auto &path : RecentFiles::list(context_.settings)) {
+        auto *const entry = menu.addAction(QFileInfo(path).fileName().replace(u'&', QStringLiteral("&&")));
+        entry->setToolTip(path);
+        entry->setStatusTip(path);
+        QObject::connect(entry, &QAction::triggered, &context_.window, [=, this] { openFiles({path}); });
+    }
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "app/commands/ActionRow.h"
+#include "app/commands/CommandContext.h"
+
+#include <QCoreApplication>
+#include <QVector>
+
+// The commands about the program itself: preferences, updates, what it is. On the interface thread.
+class ProgramCommands
+{
+    Q_DECLARE_TR_FUNCTIONS(ProgramCommands)
+
+public:
+    explicit ProgramCommands(const CommandContext &context) : context_(context) {}
+
+    static QVector<ActionRow> actions();
+
+    void editPreferences();
+    void showAbout();
+    void openDonationPage();
+    void openWebsite();
+    void tellAboutUpdate(bool isAvailable, const QString &version, const QString &address);
+    void tellUpdateFailure(const QString &error);
+
+private:
+    CommandContext context_;
+};

@@ -1,0 +1,83 @@
+#include "app/commands/StatusIndicators.h"
+
+#include "app/services/InstrumentScanTask.h"
+#include "app/services/Playback.h"
+#include "app/services/SongImport.h"
+#include "ui/BusyIndicator.h"
+
+#include <QLabel>
+#include <QMainWindow>
+#include <QShortcut>
+#include <QStatusBar>
+
+StatusIndicators::StatusIndicators(QMainWindow &window) : bar_(*window.statusBar()), outputProblem_(new QLabel)
+{
+    // Here, since a key belongs to one thing only and several indicators may be shown.
+    auto *const escape = new QShortcut(Qt::Key_Escape, &window);
+    connect(escape, &QShortcut::activated, this, &StatusIndicators::cancelAll);
+    outputProblem_->setObjectName(QStringLiteral("outputProblem"));
+    outputProblem_->hide();
+    bar_.addPermanentWidget(outputProblem_);
+}
+
+BusyIndicator *StatusIndicators::addIndicator(const char *name)
+{
+    auto *const indicator = new BusyIndicator;
+    indicator->setObjectName(QLatin1String(name));
+    bar_.addPermanentWidget(indicator);
+    indicators_.append(indicator);
+    return indicator;
+}
+
+void StatusIndicators::cancelAll()
+{
+    for (auto *const indicator : std::as_const(indicators_)) {
+        if (indicator->isVisible())
+            emit indicator->cancelled();
+    }
+}
+
+void StatusIndicators::follow(SongImport &import)
+{
+    auto *const busy = addIndicator("importIndicator");
+    connect(busy, &BusyIndicator::cancelled, &import, &SongImport::cancel);
+    connect(&import, &SongImport::progress, busy, [=, this](const QString &status, int done, int total) {
+        bar_.showMessage(status);
+        busy->showProgress(status, done, total > 1 ? total : 0);
+    });
+    connect(&import, &SongImport::idle, busy, [=, this] {
+        bar_.clearMessage();
+        busy->finish();
+    });
+}
+
+void StatusIndicators::follow(InstrumentScanTask &scan)
+{
+    auto *const busy = addIndicator("scanIndicator");
+    connect(busy, &BusyIndicator::cancelled, &scan, &InstrumentScanTask::stop);
+    connect(&scan, &InstrumentScanTask::progress, busy,
+            [=](int done, int total) { busy->showProgress(tr("Looking for instruments..."), done, total); });
+    connect(&scan, &InstrumentScanTask::finished, busy, &BusyIndicator::finish);
+}
+
+void StatusIndicators::follow(Playback &playback)
+{
+    auto *const busy = addIndicator("samplesIndicator");
+    connect(busy, &BusyIndicator::cancelled, &playback, &Playback::stop);
+    connect(&playback, &Playback::loading, busy, [=](int track, int tracks, int percent) {
+        const auto text = tr("Loading samples, track %1 of %2...").arg(track).arg(tracks);
+        busy->showProgress(text, 100 * (track - 1) + percent, 100 * tracks);
+    });
+    connect(&playback, &Playback::loaded, busy, &BusyIndicator::finish);
+}
+
+void StatusIndicators::showLoadingSample(const QString &samplePath)
+{
+    bar_.showMessage(QStringLiteral("Loading sample %1...").arg(samplePath), 3000);
+}
+
+void StatusIndicators::showOutputProblem(const QString &problem)
+{
+    outputProblem_->setText(problem);
+    outputProblem_->setVisible(!problem.isEmpty());
+}

@@ -1,0 +1,106 @@
+#include "app/commands/TrackCommands.h"
+
+#include "app/commands/ImportQueue.h"
+#include "import/MergeTracks.h"
+#include "ui/Dialogs.h"
+#include "ui/tracks/TrackList.h"
+
+namespace {
+
+struct Merged
+{
+    Track track;
+    QString error;
+};
+
+Merged merged(const QVector<Track> &sources)
+{
+    try {
+        auto track = mergeTracks(sources);
+        track.toAbc();
+        return {track, {}};
+    } catch (const QString &error) {
+        return {{}, error};
+    }
+}
+
+} // namespace
+
+QVector<ActionRow> TrackCommands::actions()
+{
+    return {
+        {"actionNew_Track", "New Track", "Ctrl+N", "Create a new track", "newtrack", "onNewTrack()"},
+        {"actionClear_Tracks", "Remove All Tracks", "Shift+Del", "Remove all tracks", "removetrack", "onClearTracks()",
+         Available::WithTracks},
+        {"actionMerge_Selected", "Merge Selected", "Ctrl+J", "Merges the selected tracks together", "merge",
+         "onMergeTracks()", Available::ToMerge},
+        {"actionRemove_Selected", "Remove Selected", "", "Remove the selected tracks", "removeone",
+         "onRemoveSelectedTracks()", Available::WithSelection},
+        {"actionSelect_All", "Select All", "Ctrl+A", "", "", "onSelectAll()", Available::WithTracks},
+        {"actionDeselect_All", "Deselect All", "Ctrl+Shift+A", "", "", "onDeselectAll()", Available::WithTracks},
+        {"actionInvert_Selection", "Invert Selection", "Ctrl+I", "", "", "onInvertSelection()", Available::WithTracks},
+        {"actionDuplicate_Selected", "Duplicate Selected", "Ctrl+D", "Duplicate the selected tracks", "duplicatetrack",
+         "onDuplicateTracks()", Available::WithSelection},
+        {"actionMute_Selected", "(Un)mute Selected", "Ctrl+M", "(Un)mute the selected tracks", "mute",
+         "onMuteSelected()", Available::WithSelection},
+    };
+}
+
+void TrackCommands::addEmpty()
+{
+    Track track;
+    track.normalize();
+    queue_.add({tr("New Track"), {}, {}}, {{track}, {}, {}});
+}
+
+void TrackCommands::removeAll()
+{
+    context_.tracks.remove(tr("Remove All Tracks"), context_.tracks.ids());
+}
+
+void TrackCommands::removeSelected()
+{
+    context_.tracks.remove(tr("Remove Tracks"), context_.tracks.selectedIds());
+}
+
+void TrackCommands::duplicateSelected()
+{
+    context_.tracks.duplicate(context_.tracks.selectedIds());
+}
+
+void TrackCommands::muteSelected()
+{
+    context_.tracks.toggleMuted(context_.tracks.selectedIds());
+}
+
+void TrackCommands::moveBy(const QString &id, int places)
+{
+    context_.tracks.move(id, int(context_.tracks.ids().indexOf(id)) + places);
+}
+
+void TrackCommands::mergeSelected()
+{
+    const auto ids = context_.tracks.selectedIds();
+    if (ids.isEmpty() || isMerging())
+        return;
+    QVector<Track> sources;
+    for (const auto &id : ids)
+        sources.append(*context_.tracks.find(id)->track);
+    const auto deliver = [this, instrument = context_.tracks.find(ids.first())->instrument](const Merged &result) {
+        emit mergingChanged();
+        if (result.error.isEmpty())
+            context_.tracks.add(tr("Merge Tracks"), {{result.track, instrument}});
+        else
+            context_.dialogs.message(&context_.window, Dialogs::Severity::Critical, QStringLiteral("Merge Tracks"),
+                                     QStringLiteral("Could not merge tracks: %1").arg(result.error));
+    };
+    merging_.start(
+        this, [sources](const std::stop_token &) { return merged(sources); }, deliver);
+    emit mergingChanged();
+}
+
+void TrackCommands::cancelMerging()
+{
+    merging_.cancel(); // its sources are there
+    emit mergingChanged();
+}

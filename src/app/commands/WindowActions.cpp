@@ -1,0 +1,44 @@
+#include "app/commands/WindowActions.h"
+
+#include "ui/Icons.h"
+
+#include <QAction>
+#include <QMetaMethod>
+#include <QWidget>
+
+void WindowActions::add(const QVector<ActionRow> &rows)
+{
+    const auto &type = *window_.metaObject();
+    for (const auto &row : rows) {
+        auto *const made = new QAction(QLatin1String(row.text), &window_);
+        if (*row.icon != '\0')
+            made->setIcon(icon(row.icon));
+        if (*row.tip != '\0') {
+            made->setToolTip(QLatin1String(row.tip));
+            made->setStatusTip(QLatin1String(row.tip));
+        }
+        const auto slot = type.method(type.indexOfSlot(row.slot));
+        if (!QObject::connect(made, QMetaMethod::fromSignal(&QAction::triggered), &window_, slot))
+            qFatal("%s: the window has no slot %s", row.name, row.slot);
+        add(made, row.name, row.shortcut);
+        actions_.append({made, row.available});
+    }
+}
+
+void WindowActions::add(QAction *action, const char *name, const char *shortcut)
+{
+    action->setObjectName(QLatin1String(name));
+    action->setShortcut(QKeySequence(QLatin1String(shortcut)));
+    window_.addAction(action);
+}
+
+QAction *WindowActions::find(const QString &name) const
+{
+    return window_.findChild<QAction *>(name);
+}
+
+void WindowActions::update(const std::function<bool(Available)> &isAvailable)
+{
+    for (const auto &[action, available] : std::as_const(actions_))
+        action->setEnabled(isAvailable(available));
+}
