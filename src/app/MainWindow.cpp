@@ -40,7 +40,7 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
       rows_(new TrackRows(tracks_, instruments_, settings_, dialogs_, this)),
       instrumentList_(new InstrumentComboBox(instruments_, this)), masterMeter_(new VUMeter(Qt::Horizontal, this)),
       masterVolume_(new QSlider(Qt::Horizontal, this)), importQueue_(context()), import_(context(), importQueue_),
-      save_(context(), *rows_), trackCommands_(context(), importQueue_),
+      save_(context()), trackCommands_(context(), importQueue_),
       instrumentCommands_(context(), instruments_, *instrumentList_), transport_(context(), player_, *masterVolume_),
       export_(context(), services.makeFileEngine), program_(context()), status_(*this),
       playbackView_(*rows_, *masterMeter_)
@@ -121,7 +121,8 @@ void MainWindow::connectRow(const QString &id, TrackWidget *row)
     connect(row, &TrackWidget::trackVolumeChanged, this, [=, this] { onTrackVolumeChanged(id); });
     connect(row, &TrackWidget::trackPanChanged, this, [=, this] { onTrackPanChanged(id); });
     connect(row, &TrackWidget::trackRemoved, this, [=, this] { onTrackRemoved(id); });
-    connect(row, &TrackWidget::trackChanged, this, [=, this] { onTrackChanged(id); });
+    connect(row, &TrackWidget::trackChanged, this,
+            [=, this](const QString &step, const Track &wanted) { onTrackChanged(id, step, wanted); });
     connect(row, &TrackWidget::trackSeek, this, &MainWindow::onTrackSeek);
     connect(row, &TrackWidget::trackMoveUp, this, [=, this] { onMoveTrackUp(id); });
     connect(row, &TrackWidget::trackMoveDown, this, [=, this] { onMoveTrackDown(id); });
@@ -130,7 +131,8 @@ void MainWindow::connectRow(const QString &id, TrackWidget *row)
     connect(row, &TrackWidget::previewNote, this, [=, this](int semitone) { onPreviewNote(id, semitone); });
     connect(row, &TrackWidget::stopPreview, this, &MainWindow::onStopPreview);
     connect(row, &TrackWidget::editorRequested, this, [=, this] { editors_.open(id); });
-    connect(row, &TrackWidget::trackSaved, this, [=, this](const QString &path) { save_.noteSaved(id, path); });
+    connect(row, &TrackWidget::saveRequested, this, [=, this] { save_.save(id); });
+    connect(row, &TrackWidget::saveAsRequested, this, [=, this] { save_.saveAs(id); });
 }
 
 void MainWindow::updateActions()

@@ -95,7 +95,7 @@ public slots:
     void onTrackVolumeChanged(const QString &trackId);
     void onTrackPanChanged(const QString &trackId);
     void onTrackRemoved(const QString &trackId);
-    void onTrackChanged(const QString &trackId);
+    void onTrackChanged(const QString &trackId, const QString &step, const Track &wanted);
     void onTrackSeek(qint64 ticks);
     void onMoveTrackUp(const QString &trackId);
     void onMoveTrackDown(const QString &trackId);

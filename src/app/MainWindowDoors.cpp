@@ -199,9 +199,9 @@ void MainWindow::onTrackRemoved(const QString &trackId)
     tracks_.remove(tr("Remove Track"), {trackId});
 }
 
-void MainWindow::onTrackChanged(const QString &trackId)
+void MainWindow::onTrackChanged(const QString &trackId, const QString &step, const Track &wanted)
 {
-    tracks_.setTrack(rows_->row(trackId)->changeName(), trackId, rows_->row(trackId)->track());
+    tracks_.setTrack(step, trackId, wanted);
 }
 
 void MainWindow::onTrackSeek(qint64 ticks)

@@ -1,11 +1,13 @@
 #include "ui/Dialogs.h"
 
 #include <QColorDialog>
+#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPushButton>
 
 namespace {
 
@@ -113,6 +115,20 @@ Dialogs::CloseAnswer DesktopDialogs::askToSave(QWidget *parent, const QString &t
     default:
         return CloseAnswer::Cancel;
     }
+}
+
+Dialogs::OverwriteAnswer DesktopDialogs::askToOverwrite(QWidget *parent, const QString &title, const QString &text)
+{
+    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Cancel, parent);
+    box.setTextFormat(Qt::PlainText);
+    const auto *const overwrite =
+        box.addButton(QCoreApplication::translate("Dialogs", "Overwrite"), QMessageBox::DestructiveRole);
+    auto *const saveAs = box.addButton(QCoreApplication::translate("Dialogs", "Save As..."), QMessageBox::AcceptRole);
+    box.setDefaultButton(saveAs);
+    box.exec();
+    if (box.clickedButton() == overwrite)
+        return OverwriteAnswer::Overwrite;
+    return box.clickedButton() == saveAs ? OverwriteAnswer::SaveAs : OverwriteAnswer::Cancel;
 }
 
 void DesktopDialogs::openInBrowser(const QUrl &address)

@@ -17,6 +17,7 @@ public:
     enum class Severity { Information, Warning, Critical };
     enum class Answer { Yes, No };
     enum class CloseAnswer { SaveAll, Discard, Cancel };
+    enum class OverwriteAnswer { Overwrite, SaveAs, Cancel };
 
     virtual ~Dialogs() = default;
 
@@ -36,6 +37,7 @@ public:
     virtual Answer ask(QWidget *parent, const QString &title, const QString &text) = 0;
     virtual std::optional<Answer> askOrCancel(QWidget *parent, const QString &title, const QString &text) = 0;
     virtual CloseAnswer askToSave(QWidget *parent, const QString &title, const QString &text) = 0;
+    virtual OverwriteAnswer askToOverwrite(QWidget *parent, const QString &title, const QString &text) = 0;
 
     virtual void openInBrowser(const QUrl &address) = 0; // http and https only; others are ignored
 };
@@ -57,5 +59,6 @@ public:
     Answer ask(QWidget *parent, const QString &title, const QString &text) override;
     std::optional<Answer> askOrCancel(QWidget *parent, const QString &title, const QString &text) override;
     CloseAnswer askToSave(QWidget *parent, const QString &title, const QString &text) override;
+    OverwriteAnswer askToOverwrite(QWidget *parent, const QString &title, const QString &text) override;
     void openInBrowser(const QUrl &address) override;
 };

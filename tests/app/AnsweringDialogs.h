@@ -13,6 +13,7 @@ public:
     Answer answer = Answer::No;
     std::optional<Answer> answerOrCancel;
     CloseAnswer closeAnswer = CloseAnswer::Cancel;
+    OverwriteAnswer overwriteAnswer = OverwriteAnswer::Cancel;
 
     QStringList asked;
     QStringList messages;
@@ -71,6 +72,11 @@ public:
     {
         note(title, text, {});
         return closeAnswer;
+    }
+    OverwriteAnswer askToOverwrite(QWidget *, const QString &title, const QString &text) override
+    {
+        note(title, text, {});
+        return overwriteAnswer;
     }
     void openInBrowser(const QUrl &address) override { opened.append(address); }
 

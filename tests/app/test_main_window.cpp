@@ -119,7 +119,7 @@ private slots:
         fixture_->trigger("actionUndo");
         QTRY_VERIFY(first()->position() > 40320); // it goes on with the others
         fixture_->row(0)->onTransposeUp();
-        QCOMPARE(fixture_->tracks().history().undoText(), fixture_->row(0)->changeName());
+        QCOMPARE(fixture_->tracks().history().undoText(), QStringLiteral("Transpose Track"));
         QTRY_COMPARE(started.count(), 2);
         QCOMPARE(stopped.count(), 1);
         QTRY_VERIFY(first()->position() > 40320);
@@ -178,8 +178,8 @@ private slots:
         fixture_->inRow<QCheckBox>(1, "chkSelect")->click();
         fixture_->trigger("actionMerge_Selected");
         QTRY_COMPARE(fixture_->tracks().song().size(), 4);
-        QCOMPARE(fixture_->row(3)->track().noteCount(),
-                 fixture_->row(0)->track().noteCount() + fixture_->row(1)->track().noteCount());
+        QCOMPARE(fixture_->row(3)->shown()->track->noteCount(),
+                 fixture_->row(0)->shown()->track->noteCount() + fixture_->row(1)->shown()->track->noteCount());
         QCOMPARE(fixture_->action("actionUndo")->text(), QStringLiteral("Undo Merge Tracks"));
         fixture_->trigger("actionDuplicate_Selected");
         QCOMPARE(fixture_->tracks().song().size(), 6);
@@ -291,14 +291,14 @@ private slots:
         QCOMPARE(editors.size(), 1);
         auto &document = editors.first()->document();
         const auto before = document.text()->toPlainText();
-        QCOMPARE(document.track().events().size(), fixture_->row(1)->track().events().size());
+        QCOMPARE(document.track().events().size(), fixture_->row(1)->shown()->track->events().size());
         document.replaceText(QString::fromUtf8(abc("Edited")), QStringLiteral("Type"));
         QCOMPARE(fixture_->titles().count(QStringLiteral("Edited")), 0);
         QVERIFY(document.apply());
         QCOMPARE(fixture_->titles().value(1), QStringLiteral("Edited"));
-        QCOMPARE(fixture_->row(1)->track().noteCount(), 8);
+        QCOMPARE(fixture_->row(1)->shown()->track->noteCount(), 8);
         fixture_->trigger("actionUndo");
-        QVERIFY(fixture_->row(1)->track().noteCount() != 8);
+        QVERIFY(fixture_->row(1)->shown()->track->noteCount() != 8);
         QCOMPARE(document.text()->toPlainText(), before); // follows, as nothing in it waits to be applied
 
         document.replaceText(QString::fromUtf8(abc("Edited")), QStringLiteral("Type"));

@@ -75,9 +75,11 @@ private slots:
         QCOMPARE(fixture_->tracks().song().size(), 3);
 
         fixture_->dialogs().files = QStringList(fixture_->write("broken.mid", "MThd"));
+        fixture_->dialogs().answer = Dialogs::Answer::Yes; // to remove the tracks, but nothing takes their place
         fixture_->trigger("actionImport_MIDI");
         QTRY_COMPARE(fixture_->dialogs().messages.size(), 1);
         QVERIFY(fixture_->dialogs().messages.first().startsWith(QStringLiteral("Error while reading MIDI file|")));
+        QCOMPARE(fixture_->tracks().song().size(), 3);
     }
 
     void asksBeforeASecondImport()
@@ -102,7 +104,7 @@ private slots:
                  QStringList(QStringLiteral("Error while reading ABC file|Could not open file.")));
         QCOMPARE(fixture_->dialogs().asked,
                  QStringList(QStringLiteral("Choose ABC file(s) to open|ABC files (*.abc)")));
-        QCOMPARE(fixture_->row(0)->track().filePath(), fixture_->path("one.abc"));
+        QCOMPARE(fixture_->tracks().filePath(QStringLiteral("T1")), fixture_->path("one.abc"));
         QVERIFY(fixture_->tracks().unsavedIds().isEmpty());
     }
 
@@ -206,7 +208,7 @@ private slots:
         QCOMPARE(RecentFiles::list(fixture_->settings()), QStringList(jig));
     }
 
-    void savesAndKnowsWhatIsSaved()
+    void savesWhatDiffersFromItsFile()
     {
         QVERIFY(fixture_->import(jig, 3));
         QCOMPARE(fixture_->tracks().unsavedIds().size(), 3);
@@ -214,18 +216,85 @@ private slots:
             QStringList{fixture_->path("1.abc"), fixture_->path("2.abc"), fixture_->path("3.abc")};
         fixture_->trigger("actionSave_All");
         QVERIFY(fixture_->tracks().unsavedIds().isEmpty());
-        auto second = *fixture_->tracks().song()[1]->track;
-        QCOMPARE(QString::fromUtf8(WindowFixture::read(fixture_->path("2.abc"))), second.toAbc());
+        const auto saved = [this](int row) {
+            auto track = *fixture_->tracks().song()[row]->track;
+            return track.toAbc().toUtf8();
+        };
+        QCOMPARE(WindowFixture::read(fixture_->path("2.abc")), saved(1));
+        QCOMPARE(fixture_->settings().value(Settings::AbcSaveDir).toString(),
+                 QFileInfo(fixture_->path("1.abc")).path());
 
         fixture_->row(1)->onTransposeDown();
         QCOMPARE(fixture_->tracks().unsavedIds(), QStringList(QStringLiteral("T2")));
+        fixture_->write("1.abc", "of another program");
+        QVERIFY(QFile::remove(fixture_->path("3.abc")));
         fixture_->dialogs().takeAsked();
-        fixture_->inRow<QCheckBox>(1, "chkSelect")->click();
-        fixture_->trigger("actionSave_Selected"); // without a dialog
+        fixture_->trigger("actionSave_All"); // without a dialog
         QVERIFY(fixture_->dialogs().takeAsked().isEmpty());
         QVERIFY(fixture_->tracks().unsavedIds().isEmpty());
-        second = *fixture_->tracks().song()[1]->track;
-        QCOMPARE(QString::fromUtf8(WindowFixture::read(fixture_->path("2.abc"))), second.toAbc());
+        QCOMPARE(WindowFixture::read(fixture_->path("1.abc")), QByteArray("of another program"));
+        QCOMPARE(WindowFixture::read(fixture_->path("2.abc")), saved(1));
+        QCOMPARE(WindowFixture::read(fixture_->path("3.abc")), saved(2));
+    }
+
+    void asksWhereToSave()
+    {
+        const auto file = fixture_->write("named.abc", abc("Jig/Reel"));
+        fixture_->settings().setValue(Settings::AbcSaveDir, QFileInfo(file).path());
+        fixture_->window().openFiles({file});
+        QTRY_COMPARE(fixture_->tracks().song().size(), 1);
+        auto &dialogs = fixture_->dialogs();
+        fixture_->row(0)->onSaveAs(); // and the user cancels
+        QCOMPARE(dialogs.takeAsked(), QStringList(QStringLiteral("Save track 'Jig/Reel' as..|ABC Files (*.abc)")));
+        QCOMPARE(dialogs.starts.last(), fixture_->path("Jig_Reel.abc"));
+        QCOMPARE(fixture_->tracks().filePath(QStringLiteral("T1")), file);
+
+        const auto nowhere = fixture_->path("no/folder.abc");
+        for (const auto &failure : {QStringLiteral("Could not open the file for saving."),
+                                    QStringLiteral("Could not open '%1' for saving.").arg(nowhere)}) {
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("no/folder.abc: .")));
+            dialogs.files = QStringList(nowhere);
+            if (fixture_->tracks().filePath(QStringLiteral("T1")) == nowhere)
+                fixture_->row(0)->onSave();
+            else
+                fixture_->row(0)->onSaveAs();
+            QCOMPARE(dialogs.takeMessages(), QStringList(QStringLiteral("Kelvarion Composer|") + failure));
+        }
+        QCOMPARE(fixture_->tracks().unsavedIds().size(), 1);
+    }
+
+    void noRowLosesItsFileToAnotherUnasked_data()
+    {
+        QTest::addColumn<int>("answer");
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QByteArray>("other");
+        QTest::addColumn<QStringList>("unsaved");
+        const QStringList both{QStringLiteral("T1"), QStringLiteral("T2")};
+        QTest::newRow("cancel") << int(Dialogs::OverwriteAnswer::Cancel) << abc("Old") << QByteArray()
+                                << both.mid(0, 1);
+        QTest::newRow("overwrite") << int(Dialogs::OverwriteAnswer::Overwrite) << abc("New") << QByteArray()
+                                   << both.mid(1);
+        QTest::newRow("save as") << int(Dialogs::OverwriteAnswer::SaveAs) << abc("Old") << abc("New") << QStringList();
+    }
+    void noRowLosesItsFileToAnotherUnasked()
+    {
+        QFETCH(int, answer);
+        const auto file = fixture_->write("old.abc", abc("Old"));
+        const auto link = fixture_->path("link.abc");
+        QVERIFY(QFile::link(file, link));
+        fixture_->window().openFiles({file, link});
+        QTRY_COMPARE(fixture_->tracks().song().size(), 2);
+        auto &dialogs = fixture_->dialogs();
+        dialogs.enteredText = QStringLiteral("New");
+        dialogs.overwriteAnswer = Dialogs::OverwriteAnswer(answer);
+        fixture_->row(0)->onChangeTitle();
+        dialogs.takeAsked();
+        dialogs.files = QStringList(fixture_->path("new.abc"));
+        fixture_->trigger("actionSave_All");
+        QVERIFY(dialogs.takeAsked().first().contains(QStringLiteral("'Old'")));
+        QTEST(WindowFixture::read(file), "file");
+        QTEST(WindowFixture::read(fixture_->path("new.abc")), "other");
+        QTEST(fixture_->tracks().unsavedIds(), "unsaved");
     }
 
     void stopsSavingWhenCancelled()

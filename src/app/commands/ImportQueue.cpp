@@ -56,7 +56,8 @@ void ImportQueue::take(const ImportRequest &request, const ReadSong &song)
     QVector<NewTrack> added;
     for (const auto &track : song.tracks)
         added.append({track, context_.playback.instrumentNameFor(track)});
-    context_.tracks.add(request.step, added, request.existing);
+    const bool isRead = !added.isEmpty(); // else nothing is removed either
+    context_.tracks.add(request.step, added, isRead ? request.existing : ExistingTracks::Keep);
     for (const auto &file : song.readFiles)
         RecentFiles::add(context_.settings, file);
     for (const auto &error : song.errors)

@@ -1,11 +1,26 @@
 #include "app/commands/SaveCommands.h"
 
 #include "app/services/RecentFiles.h"
+#include "base/SafeFile.h"
+#include "settings/Settings.h"
 #include "ui/Dialogs.h"
-#include "ui/song/TrackRows.h"
-#include "ui/song/TrackWidget.h"
+#include "ui/tracks/TrackList.h"
 
-#include <algorithm>
+#include <QDir>
+#include <QFileInfo>
+#include <QWidget>
+
+namespace {
+
+const QString programName = QStringLiteral("Kelvarion Composer");
+
+QString shownTitle(const Track &track)
+{
+    const auto title = track.title();
+    return title.isEmpty() ? QStringLiteral("Untitled") : title;
+}
+
+} // namespace
 
 QVector<ActionRow> SaveCommands::actions()
 {
@@ -24,7 +39,18 @@ void SaveCommands::saveSelected()
 
 void SaveCommands::saveAll()
 {
-    save(context_.tracks.ids());
+    QStringList changed;
+    for (const auto &id : context_.tracks.ids()) {
+        if (!isInItsFile(id))
+            changed.append(id);
+    }
+    save(changed);
+}
+
+bool SaveCommands::isInItsFile(const QString &id) const
+{
+    const auto path = context_.tracks.filePath(id);
+    return !path.isEmpty() && !context_.tracks.isUnsaved(id) && QFileInfo::exists(path);
 }
 
 bool SaveCommands::mayClose()
@@ -44,16 +70,99 @@ bool SaveCommands::mayClose()
     return false;
 }
 
+// A dialog that is cancelled ends the command; a file that cannot be written does not.
 bool SaveCommands::save(const QStringList &ids)
 {
-    return std::all_of(ids.cbegin(), ids.cend(), [this](const QString &id) {
-        auto *const row = rows_.row(id);
-        return row && row->save();
-    });
+    QStringList failures;
+    bool isComplete = true;
+    for (const auto &id : ids) {
+        const auto target = agreedTarget(id, targetOf(id));
+        isComplete = target && saveTo(id, *target, failures) && isComplete;
+        if (!target)
+            break;
+    }
+    showFailures(failures);
+    return isComplete;
 }
 
-void SaveCommands::noteSaved(const QString &id, const QString &path)
+void SaveCommands::saveAs(const QString &id)
 {
-    context_.tracks.markSaved(id, path);
-    RecentFiles::add(context_.settings, path);
+    QStringList failures;
+    if (const auto target = agreedTarget(id, chosenTarget(id)))
+        saveTo(id, *target, failures);
+    showFailures(failures);
+}
+
+std::optional<SaveCommands::Target> SaveCommands::targetOf(const QString &id)
+{
+    const auto path = context_.tracks.filePath(id);
+    if (path.isEmpty())
+        return chosenTarget(id);
+    return Target{path, tr("Could not open '%1' for saving.").arg(path)};
+}
+
+std::optional<SaveCommands::Target> SaveCommands::chosenTarget(const QString &id)
+{
+    const auto *const track = context_.tracks.find(id);
+    if (!track)
+        return {};
+    const auto title = shownTitle(*track->track);
+    const auto folder = context_.settings.value(Settings::AbcSaveDir).toString();
+    const auto proposed =
+        QStringLiteral("%1/%2.abc").arg(folder.isEmpty() ? QDir::homePath() : folder, SafeFile::cleanName(title));
+    const auto path = context_.dialogs.saveFile(&context_.window, tr("Save track '%1' as..").arg(title), proposed,
+                                                tr("ABC Files (*.abc)"));
+    if (path.isEmpty())
+        return {};
+    context_.settings.setValue(Settings::AbcSaveDir, QFileInfo(path).path());
+    return Target{path, tr("Could not open the file for saving.")};
+}
+
+// What the user wants after being told what would be lost; nothing when he cancels.
+std::optional<SaveCommands::Target> SaveCommands::agreedTarget(const QString &id, std::optional<Target> target)
+{
+    while (target) {
+        const auto rivals = context_.tracks.rivalsFor(target->path, id);
+        if (rivals.isEmpty())
+            return target;
+        const auto question = tr("'%1' is also the file of the track '%2', which would be lost from it.\n"
+                                 "Would you like to overwrite it?")
+                                  .arg(target->path, shownTitle(*context_.tracks.find(rivals.first())->track));
+        switch (context_.dialogs.askToOverwrite(&context_.window, programName, question)) {
+        case Dialogs::OverwriteAnswer::Overwrite:
+            return target;
+        case Dialogs::OverwriteAnswer::SaveAs:
+            target = chosenTarget(id);
+            break;
+        case Dialogs::OverwriteAnswer::Cancel:
+            return {};
+        }
+    }
+    return target;
+}
+
+bool SaveCommands::saveTo(const QString &id, const Target &target, QStringList &failures)
+{
+    const auto *const saved = context_.tracks.find(id);
+    if (!saved)
+        return false;
+    auto track = *saved->track; // making the text may complete the header; a save changes nothing
+    try {
+        SafeFile::write(target.path, track.toAbc().toUtf8());
+    } catch (const QString &reason) {
+        qWarning("%s: %s", qUtf8Printable(target.path), qUtf8Printable(reason));
+        failures.append(target.failure);
+        if (target.path != context_.tracks.filePath(id))
+            context_.tracks.setFilePath(id, target.path);
+        return false;
+    }
+    context_.tracks.markSaved(id, target.path);
+    RecentFiles::add(context_.settings, target.path);
+    return true;
+}
+
+void SaveCommands::showFailures(const QStringList &failures)
+{
+    if (!failures.isEmpty())
+        context_.dialogs.message(&context_.window, Dialogs::Severity::Warning, programName, failures.join(u'\n'));
 }

@@ -7,28 +7,40 @@
 #include <QStringList>
 #include <QVector>
 
-class TrackRows;
+#include <optional>
 
-// The commands that save tracks as ABC files. On the interface thread.
+// The commands that save tracks as ABC files. No file loses what another track of the list has in it without a
+// question; what cannot be written is shown in one box at the end of a command. On the interface thread.
 class SaveCommands
 {
     Q_DECLARE_TR_FUNCTIONS(SaveCommands)
 
 public:
-    SaveCommands(const CommandContext &context, const TrackRows &rows) : context_(context), rows_(rows) {}
+    explicit SaveCommands(const CommandContext &context) : context_(context) {}
 
     static QVector<ActionRow> actions();
 
     void saveSelected();
-    void saveAll();
+    void saveAll(); // but what is in its file already
+    void save(const QString &id) { save(QStringList(id)); }
+    void saveAs(const QString &id);
     // Asks about tracks that are not saved; false when the window is to stay.
     bool mayClose();
-    // A track of the list was written to this file.
-    void noteSaved(const QString &id, const QString &path);
 
 private:
+    // Where a track is to go, and what to say when that cannot be written.
+    struct Target
+    {
+        QString path;
+        QString failure;
+    };
     bool save(const QStringList &ids); // whether all were written
+    bool saveTo(const QString &id, const Target &target, QStringList &failures);
+    std::optional<Target> targetOf(const QString &id);
+    std::optional<Target> chosenTarget(const QString &id);
+    std::optional<Target> agreedTarget(const QString &id, std::optional<Target> target);
+    void showFailures(const QStringList &failures);
+    bool isInItsFile(const QString &id) const;
 
     CommandContext context_;
-    const TrackRows &rows_;
 };

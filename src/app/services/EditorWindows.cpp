@@ -60,7 +60,7 @@ bool EditorWindows::closeAll()
     return true;
 }
 
-void EditorWindows::follow(const Song &before, const Song &after)
+void EditorWindows::follow(const SongTracks &before, const SongTracks &after)
 {
     for (const auto &track : after) {
         const auto window = windows_.value(track->id);

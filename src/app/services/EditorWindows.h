@@ -32,7 +32,7 @@ signals:
     void applied(const QString &trackId, const Track &track);
 
 private:
-    void follow(const Song &before, const Song &after);
+    void follow(const SongTracks &before, const SongTracks &after);
 
     TrackList &tracks_;
     const Playback &playback_;

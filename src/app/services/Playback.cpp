@@ -9,7 +9,7 @@ namespace {
 
 const QString syncGroup = QStringLiteral("Main");
 
-QHash<QString, std::shared_ptr<const SongTrack>> byId(const Song &song)
+QHash<QString, std::shared_ptr<const SongTrack>> byId(const SongTracks &song)
 {
     QHash<QString, std::shared_ptr<const SongTrack>> tracks;
     for (const auto &track : song)
@@ -120,7 +120,7 @@ void Playback::start(const SongTrack &track, PlayRequest::Begin begin)
                        .begin = begin});
 }
 
-void Playback::follow(const Song &before, const Song &after)
+void Playback::follow(const SongTracks &before, const SongTracks &after)
 {
     if (!isPlaying())
         return;

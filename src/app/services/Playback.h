@@ -46,7 +46,7 @@ private:
     void precache(const SongTrack &track);
     void finishLoading();
     void onPrecacheProgress(int done, int total);
-    void follow(const Song &before, const Song &after);
+    void follow(const SongTracks &before, const SongTracks &after);
     void followTrack(const SongTrack &before, const SongTrack &after);
     void start(const SongTrack &track, PlayRequest::Begin begin);
     void onTrackStarted(const QString &id);

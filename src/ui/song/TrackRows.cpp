@@ -31,7 +31,7 @@ TrackRows::TrackRows(TrackList &tracks, InstrumentSetModel &instruments, Setting
     });
 }
 
-void TrackRows::follow(const Song &, const Song &after)
+void TrackRows::follow(const SongTracks &, const SongTracks &after)
 {
     setUpdatesEnabled(false);
     removeAbsent(after);
@@ -39,13 +39,13 @@ void TrackRows::follow(const Song &, const Song &after)
         show(track);
     arrange(after);
     const auto length = tracks_.commonLength();
-    for (const auto &each : std::as_const(rows_))
-        each.widget->setCommonLength(length);
+    for (auto *const each : std::as_const(rows_))
+        each->setCommonLength(length);
     hint_->setVisible(after.isEmpty());
     setUpdatesEnabled(true);
 }
 
-void TrackRows::removeAbsent(const Song &song)
+void TrackRows::removeAbsent(const SongTracks &song)
 {
     QSet<QString> present;
     for (const auto &track : song)
@@ -55,37 +55,29 @@ void TrackRows::removeAbsent(const Song &song)
             ++each;
             continue;
         }
-        column_->removeWidget(each->widget);
-        each->widget->hide();
-        each->widget->deleteLater(); // it may be the sender of what removes it
+        auto *const absent = *each;
+        column_->removeWidget(absent);
+        absent->hide();
+        absent->deleteLater(); // it may be the sender of what removes it
         each = rows_.erase(each);
     }
 }
 
 void TrackRows::show(const std::shared_ptr<const SongTrack> &track)
 {
-    auto &shown = rows_[track->id];
-    if (shown.track == track)
+    auto *&shown = rows_[track->id];
+    if (shown) {
+        if (shown->shown() != track)
+            shown->setTrack(track);
         return;
-    const auto previous = std::exchange(shown.track, track);
-    const bool isNew = !shown.widget;
-    if (isNew)
-        shown.widget = new TrackWidget(tracks_.trackWithPath(track->id), instruments_, settings_, dialogs_);
-    else if (previous->track != track->track)
-        shown.widget->setTrack(tracks_.trackWithPath(track->id));
-    auto &widget = *shown.widget;
-    widget.setInstrumentName(track->instrument);
-    widget.setMuted(track->isMuted);
-    widget.setVolumePercent(track->volume);
-    widget.setPanPercent(track->pan);
-    if (isNew) {
-        widget.setSelected(tracks_.isSelected(track->id));
-        followDrags(track->id, widget);
-        emit rowAdded(track->id, &widget);
     }
+    shown = new TrackWidget(track, instruments_, settings_, dialogs_);
+    shown->setSelected(tracks_.isSelected(track->id));
+    followDrags(track->id, *shown);
+    emit rowAdded(track->id, shown);
 }
 
-void TrackRows::arrange(const Song &song)
+void TrackRows::arrange(const SongTracks &song)
 {
     bool isMoved = false;
     for (int index = 0; index < song.size(); ++index) {
@@ -102,7 +94,7 @@ void TrackRows::arrange(const Song &song)
 }
 
 // Tab goes through the rows as they lie, not as they were made.
-void TrackRows::chainTabStops(const Song &song)
+void TrackRows::chainTabStops(const SongTracks &song)
 {
     QWidget *previous = nullptr;
     for (const auto &track : song) {

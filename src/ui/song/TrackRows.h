@@ -22,7 +22,7 @@ public:
     TrackRows(TrackList &tracks, InstrumentSetModel &instruments, Settings &settings, Dialogs &dialogs,
               QWidget *parent = nullptr);
 
-    TrackWidget *row(const QString &id) const { return rows_.value(id).widget; }
+    TrackWidget *row(const QString &id) const { return rows_.value(id); }
     EmptyHint *hint() const { return hint_; }
 
 signals:
@@ -31,16 +31,11 @@ signals:
     void moveRequested(const QString &id, int index); // it was dropped
 
 private:
-    struct Row
-    {
-        TrackWidget *widget = nullptr;
-        std::shared_ptr<const SongTrack> track; // as it is shown
-    };
-    void follow(const Song &before, const Song &after);
-    void removeAbsent(const Song &song);
+    void follow(const SongTracks &before, const SongTracks &after);
+    void removeAbsent(const SongTracks &song);
     void show(const std::shared_ptr<const SongTrack> &track);
-    void arrange(const Song &song);
-    void chainTabStops(const Song &song);
+    void arrange(const SongTracks &song);
+    void chainTabStops(const SongTracks &song);
     void followDrags(const QString &id, const TrackWidget &row);
     int gapAt(int y) const;
     void showDropMark(int gap);
@@ -49,7 +44,7 @@ private:
     InstrumentSetModel &instruments_;
     Settings &settings_;
     Dialogs &dialogs_;
-    QHash<QString, Row> rows_;
+    QHash<QString, TrackWidget *> rows_;
     QVBoxLayout *column_;
     EmptyHint *hint_;
     QWidget *dropMark_; // where a dragged row would come to lie

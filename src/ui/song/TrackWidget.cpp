@@ -1,9 +1,7 @@
 #include "ui/song/TrackWidget.h"
 
 #include "assets/InstrumentSetModel.h"
-#include "base/SafeFile.h"
 #include "import/Transpose.h"
-#include "settings/Settings.h"
 #include "ui/Dialogs.h"
 #include "ui/Icons.h"
 #include "ui/InstrumentComboBox.h"
@@ -16,20 +14,14 @@
 
 #include <QCheckBox>
 #include <QContextMenuEvent>
-#include <QDir>
-#include <QFileInfo>
 #include <QMenu>
 #include <QSignalBlocker>
 
-namespace {
+#include <utility>
 
-const QString programName = QStringLiteral("Kelvarion Composer");
-
-} // namespace
-
-TrackWidget::TrackWidget(const Track &track, InstrumentSetModel &instruments, Settings &settings, Dialogs &dialogs,
-                         QWidget *parent)
-    : QFrame(parent), instruments_(instruments), settings_(settings), dialogs_(dialogs), track_(track)
+TrackWidget::TrackWidget(const std::shared_ptr<const SongTrack> &track, InstrumentSetModel &instruments,
+                         Settings &settings, Dialogs &dialogs, QWidget *parent)
+    : QFrame(parent), instruments_(instruments), settings_(settings), dialogs_(dialogs), shown_(track)
 {
     setAttribute(Qt::WA_StyledBackground);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -37,38 +29,35 @@ TrackWidget::TrackWidget(const Track &track, InstrumentSetModel &instruments, Se
     layOut();
     connectChildren();
     showTrack();
-    showInstrument();
+    showMix();
     showSelection();
 }
 
-QString TrackWidget::shownTitle() const
+void TrackWidget::setTrack(const std::shared_ptr<const SongTrack> &track)
 {
-    const auto title = track_.title();
-    return title.isEmpty() ? QStringLiteral("Untitled") : title;
+    const auto before = std::exchange(shown_, track);
+    if (before->track != shown_->track)
+        showTrack();
+    showMix();
 }
 
 void TrackWidget::showTrack()
 {
-    const auto title = shownTitle();
-    lblTitle_->setText(title);
-    setAccessibleName(title);
-    wVis_->setTrack(track_);
+    const auto title = track().title();
+    const auto shownTitle = title.isEmpty() ? QStringLiteral("Untitled") : title;
+    lblTitle_->setText(shownTitle);
+    setAccessibleName(shownTitle);
+    wVis_->setTrack(track());
 }
 
-void TrackWidget::setTrack(const Track &track)
+void TrackWidget::showMix()
 {
-    track_ = track;
-    showTrack();
-}
-
-void TrackWidget::applyChange(const QString &name, const Track &track)
-{
-    const auto path = track_.filePath(); // changes of the notes leave it
-    track_ = track;
-    track_.setFilePath(path);
-    changeName_ = name;
-    showTrack();
-    emit trackChanged();
+    const QSignalBlocker silentVolume(dlVolume_);
+    const QSignalBlocker silentPan(dlPan_);
+    dlVolume_->setValue(shown_->volume);
+    dlPan_->setValue(shown_->pan);
+    showMuted(shown_->isMuted);
+    showInstrument();
 }
 
 bool TrackWidget::isSelected() const
@@ -90,11 +79,15 @@ void TrackWidget::showSelection()
         setStyleSheet(sheet);
 }
 
-void TrackWidget::setMuted(bool muted)
+bool TrackWidget::isMuted() const
 {
-    isMuted_ = muted;
-    btnMute_->setChecked(muted);
-    wVis_->setMuted(muted);
+    return wVis_->isMuted();
+}
+
+void TrackWidget::showMuted(bool isMuted)
+{
+    btnMute_->setChecked(isMuted);
+    wVis_->setMuted(isMuted);
 }
 
 int TrackWidget::volumePercent() const
@@ -102,41 +95,27 @@ int TrackWidget::volumePercent() const
     return dlVolume_->value();
 }
 
-void TrackWidget::setVolumePercent(int percent)
-{
-    const QSignalBlocker silent(dlVolume_);
-    dlVolume_->setValue(percent);
-}
-
 int TrackWidget::panPercent() const
 {
     return dlPan_->value();
 }
 
-void TrackWidget::setPanPercent(int percent)
+QString TrackWidget::instrumentName() const
 {
-    const QSignalBlocker silent(dlPan_);
-    dlPan_->setValue(percent);
-}
-
-void TrackWidget::setInstrumentName(const QString &name)
-{
-    instrumentName_ = name;
-    showInstrument();
+    const int row = cboInstrument_->currentIndex();
+    return row >= 0 ? instruments_.instruments().names().at(row) : shown_->instrument;
 }
 
 void TrackWidget::showInstrument()
 {
     const QSignalBlocker silent(cboInstrument_);
-    cboInstrument_->setCurrentIndex(int(instruments_.instruments().names().indexOf(instrumentName_)));
+    cboInstrument_->setCurrentIndex(int(instruments_.instruments().names().indexOf(shown_->instrument)));
 }
 
 void TrackWidget::onInstrumentChosen(int row)
 {
-    if (row < 0)
-        return;
-    instrumentName_ = instruments_.instruments().names().at(row);
-    emit trackInstrumentChanged();
+    if (row >= 0)
+        emit trackInstrumentChanged();
 }
 
 void TrackWidget::setPosition(Ticks ticks)
@@ -178,7 +157,7 @@ void TrackWidget::onSelectChanged()
 
 void TrackWidget::onMuteClicked()
 {
-    setMuted(!isMuted_);
+    showMuted(!isMuted());
     emit trackMuteChanged();
 }
 
@@ -190,9 +169,9 @@ void TrackWidget::onRemoveClicked()
 void TrackWidget::onChangeTitle()
 {
     const auto title =
-        dialogs_.text(this, tr("Rename Track"), tr("New track title:"), track_.headerField(QStringLiteral("T")));
+        dialogs_.text(this, tr("Rename Track"), tr("New track title:"), track().headerField(QStringLiteral("T")));
     if (title)
-        applyChange(tr("Rename Track"), renamed(track_, *title));
+        emit trackChanged(tr("Rename Track"), renamed(track(), *title));
 }
 
 void TrackWidget::onEditABCClicked()
@@ -202,52 +181,27 @@ void TrackWidget::onEditABCClicked()
 
 void TrackWidget::onTrackChanged(const Track &track)
 {
-    applyChange(tr("Edit Track"), track);
+    emit trackChanged(tr("Edit Track"), track);
 }
 
 void TrackWidget::onTransposeUp()
 {
-    applyChange(tr("Transpose Track"), transpose(track_, 12));
+    emit trackChanged(tr("Transpose Track"), transpose(track(), 12));
 }
 
 void TrackWidget::onTransposeDown()
 {
-    applyChange(tr("Transpose Track"), transpose(track_, -12));
+    emit trackChanged(tr("Transpose Track"), transpose(track(), -12));
 }
 
-bool TrackWidget::save()
+void TrackWidget::onSave()
 {
-    if (track_.filePath().isEmpty())
-        return saveAs();
-    return writeFile(tr("Could not open '%1' for saving.").arg(track_.filePath()));
+    emit saveRequested();
 }
 
-bool TrackWidget::saveAs()
+void TrackWidget::onSaveAs()
 {
-    const auto title = shownTitle();
-    const auto folder = settings_.value(Settings::AbcSaveDir).toString();
-    const auto proposed =
-        QStringLiteral("%1/%2.abc").arg(folder.isEmpty() ? QDir::homePath() : folder, SafeFile::cleanName(title));
-    const auto path = dialogs_.saveFile(this, tr("Save track '%1' as..").arg(title), proposed, tr("ABC Files (*.abc)"));
-    if (path.isEmpty())
-        return false;
-    settings_.setValue(Settings::AbcSaveDir, QFileInfo(path).path());
-    track_.setFilePath(path);
-    return writeFile(tr("Could not open the file for saving."));
-}
-
-bool TrackWidget::writeFile(const QString &failure)
-{
-    auto copy = track_; // making the text may complete the header; a save changes nothing
-    try {
-        SafeFile::write(track_.filePath(), copy.toAbc().toUtf8());
-    } catch (const QString &reason) {
-        qWarning("%s: %s", qUtf8Printable(track_.filePath()), qUtf8Printable(reason));
-        dialogs_.message(this, Dialogs::Severity::Warning, programName, failure);
-        return false;
-    }
-    emit trackSaved(track_.filePath());
-    return true;
+    emit saveAsRequested();
 }
 
 std::unique_ptr<QMenu> TrackWidget::contextMenu()

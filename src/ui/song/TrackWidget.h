@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/Track.h"
+#include "ui/tracks/SongTrack.h"
 
 #include <QFrame>
 
@@ -19,38 +19,31 @@ class TrackVisualizationWidget;
 class ValueDial;
 class VUMeter;
 
-// One row of the track list: shows and edits one track. It knows neither the player nor the undo history: what the user
-// changes is shown at once and announced by a signal, whose receiver reads the new state here. The set… functions, for
-// undo and for commands on many tracks, announce nothing. On the interface thread.
+// One row of the track list: shows a track, and says by signals what the user wants of it. It knows neither the player
+// nor the undo history nor files, and shares the track with the list: what is wanted is there when the list has it and
+// shows it here. The set… functions announce nothing. On the interface thread.
 class TrackWidget : public QFrame
 {
     Q_OBJECT
 
 public:
-    // All but the track must outlive the widget. No instrument is chosen until setInstrumentName().
-    TrackWidget(const Track &track, InstrumentSetModel &instruments, Settings &settings, Dialogs &dialogs,
-                QWidget *parent = nullptr);
+    // All but the track must outlive the widget.
+    TrackWidget(const std::shared_ptr<const SongTrack> &track, InstrumentSetModel &instruments, Settings &settings,
+                Dialogs &dialogs, QWidget *parent = nullptr);
 
-    const Track &track() const { return track_; }
-    void setTrack(const Track &track); // keeps the position, forgets the pressed notes
-
-    // What the latest trackChanged() was about, as the name of a step to undo: "Rename Track".
-    const QString &changeName() const { return changeName_; }
+    const std::shared_ptr<const SongTrack> &shown() const { return shown_; }
+    // The pressed notes of the same notes stay; the position does in any case.
+    void setTrack(const std::shared_ptr<const SongTrack> &track);
 
     bool isSelected() const;
     void setSelected(bool selected);
-    bool isMuted() const { return isMuted_; }
-    void setMuted(bool muted);
-    int volumePercent() const; // 0..100
-    void setVolumePercent(int percent);
-    double volume() const { return volumePercent() / 100.0; } // linear gain
-    int panPercent() const;                                   // -100 left … 100 right
-    void setPanPercent(int percent);
-    double pan() const { return panPercent() / 100.0; }
 
+    // What the controls say: what is shown, and while its signal is announced what the user wants.
+    bool isMuted() const;
+    int volumePercent() const; // 0..100
+    int panPercent() const;    // -100 left … 100 right
     // One that the catalogue lacks shows an empty box, and comes back when a later catalogue has it.
-    const QString &instrumentName() const { return instrumentName_; }
-    void setInstrumentName(const QString &name);
+    QString instrumentName() const;
 
     // What the player says.
     void setPosition(Ticks ticks);
@@ -62,10 +55,6 @@ public:
     // The length that the overviews of all tracks share.
     void setCommonLength(Ticks length);
 
-    // Whether the file was written: not after a failure, which was shown, nor after a cancelled dialog.
-    bool save();
-    bool saveAs();
-
     std::unique_ptr<QMenu> contextMenu();
 
     // What the row is moved by in the list.
@@ -75,7 +64,7 @@ public:
 
 signals:
     void trackRemoved();
-    void trackChanged();
+    void trackChanged(const QString &step, const Track &wanted); // step: its name in the history, "Rename Track"
     void trackSelected(bool selected);
     void trackMuteChanged();
     void trackSolo();
@@ -90,17 +79,18 @@ signals:
     void previewNote(int semitone);
     void stopPreview();
     void editorRequested(); // the ABC editor is to open on this track
-    void trackSaved(const QString &path);
+    void saveRequested();
+    void saveAsRequested();
 
 public slots:
-    void onSave() { save(); }
-    void onSaveAs() { saveAs(); }
+    void onSave();
+    void onSaveAs();
     void onSelectChanged();
     void onMuteClicked();
     void onRemoveClicked();
     void onChangeTitle();
     void onEditABCClicked();
-    void onTrackChanged(const Track &track); // the editor's track takes this one's place and is announced
+    void onTrackChanged(const Track &track); // the editor's track is to take this one's place
     void onTransposeUp();
     void onTransposeDown();
 
@@ -112,21 +102,18 @@ private:
     void createChildren();
     void layOut();
     void connectChildren();
+    const Track &track() const { return *shown_->track; }
     void showTrack();
+    void showMix();
     void showInstrument();
     void showSelection();
+    void showMuted(bool isMuted);
     void onInstrumentChosen(int row);
-    void applyChange(const QString &name, const Track &track);
-    bool writeFile(const QString &failure); // failure: what to say then
-    QString shownTitle() const;
 
     InstrumentSetModel &instruments_;
     Settings &settings_;
     Dialogs &dialogs_;
-    Track track_;
-    QString instrumentName_;
-    QString changeName_;
-    bool isMuted_ = false;
+    std::shared_ptr<const SongTrack> shown_;
 
     DragHandle *dragHandle_ = nullptr;
     QCheckBox *chkSelect_;

@@ -19,4 +19,4 @@ struct SongTrack
     int pan = 0;      // -100 left … 100 right
 };
 
-using Song = QVector<std::shared_ptr<const SongTrack>>; // in display order
+using SongTracks = QVector<std::shared_ptr<const SongTrack>>; // in display order

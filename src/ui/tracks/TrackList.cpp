@@ -1,9 +1,11 @@
 #include "ui/tracks/TrackList.h"
 
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QUndoCommand>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -16,12 +18,28 @@ std::shared_ptr<const Track> shared(Track track)
     return std::make_shared<const Track>(std::move(track));
 }
 
+// A track of a song has its text made.
+QString textOf(const Track &track)
+{
+    auto copy = track;
+    return copy.toAbc();
+}
+
+// How paths of one file are told to be the same.
+QString fileOf(const QString &path)
+{
+    if (path.isEmpty())
+        return {};
+    const QFileInfo info(path);
+    return info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();
+}
+
 } // namespace
 
 class SongChange : public QUndoCommand
 {
 public:
-    SongChange(TrackList &list, const Song &after, const QString &step, int merging, const QString &id)
+    SongChange(TrackList &list, const SongTracks &after, const QString &step, int merging, const QString &id)
         : QUndoCommand(step), list_(list), before_(list.song_), after_(after), merging_(merging), id_(id)
     {
         age_.start();
@@ -43,8 +61,8 @@ public:
 
 private:
     TrackList &list_;
-    Song before_;
-    Song after_;
+    SongTracks before_;
+    SongTracks after_;
     int merging_;
     QString id_;
     QElapsedTimer age_;
@@ -143,12 +161,12 @@ std::shared_ptr<const SongTrack> TrackList::adopt(const NewTrack &added)
 void TrackList::rememberSaved(const SongTrack &track, const QString &path)
 {
     if (!path.isEmpty() || track.track->noteCount() == 0)
-        saved_.insert(track.id, {path, track.track});
+        saved_.insert(track.id, {path, fileOf(path), track.track});
 }
 
 QStringList TrackList::add(const QString &step, const QVector<NewTrack> &tracks, ExistingTracks existing)
 {
-    auto after = existing == ExistingTracks::Keep ? song_ : Song();
+    auto after = existing == ExistingTracks::Keep ? song_ : SongTracks();
     QStringList ids;
     for (const auto &track : tracks) {
         after.append(adopt(track));
@@ -239,7 +257,10 @@ void TrackList::solo(const QString &id)
 bool TrackList::isUnsaved(const QString &id) const
 {
     const auto *const track = find(id);
-    return track && saved_.value(id).track != track->track;
+    if (!track)
+        return false;
+    const auto saved = saved_.value(id).track;
+    return saved != track->track && (!saved || textOf(*saved) != textOf(*track->track));
 }
 
 QStringList TrackList::unsavedIds() const
@@ -250,10 +271,36 @@ QStringList TrackList::unsavedIds() const
     return unsaved;
 }
 
+void TrackList::setFilePath(const QString &id, const QString &path)
+{
+    saved_.insert(id, {path, fileOf(path), nullptr});
+}
+
 void TrackList::markSaved(const QString &id, const QString &path)
 {
-    if (const auto *const track = find(id))
-        saved_.insert(id, {path, track->track});
+    const auto *const track = find(id);
+    if (!track)
+        return;
+    const auto file = fileOf(path);
+    const auto text = textOf(*track->track);
+    for (auto other = saved_.begin(); other != saved_.end();) {
+        const bool isReplaced = other->file == file && !(other->track && textOf(*other->track) == text);
+        other = isReplaced ? saved_.erase(other) : std::next(other);
+    }
+    saved_.insert(id, {path, file, track->track});
+}
+
+QStringList TrackList::rivalsFor(const QString &path, const QString &id) const
+{
+    const auto *const track = find(id);
+    const auto file = fileOf(path);
+    QStringList rivals;
+    for (const auto &other : song_) {
+        if (track && other->id != id && saved_.value(other->id).file == file &&
+            textOf(*other->track) != textOf(*track->track))
+            rivals.append(other->id);
+    }
+    return rivals;
 }
 
 void TrackList::changeEach(const QString &step, const QStringList &ids, Merging merging,
@@ -274,13 +321,13 @@ void TrackList::changeEach(const QString &step, const QStringList &ids, Merging 
     change(step, after, merging, ids.join(u' '));
 }
 
-void TrackList::change(const QString &step, const Song &after, Merging merging, const QString &id)
+void TrackList::change(const QString &step, const SongTracks &after, Merging merging, const QString &id)
 {
     if (after != song_)
         history_.push(new SongChange(*this, after, step, int(merging), id));
 }
 
-void TrackList::show(const Song &song)
+void TrackList::show(const SongTracks &song)
 {
     const auto before = std::exchange(song_, song);
     emit songChanged(before, song_);

@@ -28,7 +28,7 @@ class TrackList : public QObject
 public:
     explicit TrackList(QObject *parent = nullptr);
 
-    const Song &song() const { return song_; }
+    const SongTracks &song() const { return song_; }
     bool isEmpty() const { return song_.isEmpty(); }
     const SongTrack *find(const QString &id) const;
     QStringList ids() const;
@@ -65,18 +65,26 @@ public:
     // stays as it was added.
     bool isUnsaved(const QString &id) const;
     QStringList unsavedIds() const;
+    // Where the track is read from and saved to; empty while it has no file.
+    QString filePath(const QString &id) const { return saved_.value(id).path; }
+    // A file for what is not in it yet.
+    void setFilePath(const QString &id, const QString &path);
+    // The file holds this track; every other one that it held as another text has no file from here on.
     void markSaved(const QString &id, const QString &path);
+    // Other tracks with the same file, whose text differs from that of this one.
+    QStringList rivalsFor(const QString &path, const QString &id) const;
 
 signals:
-    void songChanged(const Song &before, const Song &after);
+    void songChanged(const SongTracks &before, const SongTracks &after);
     void selectionChanged(const QString &id, bool isSelected);
 
 private:
     friend class SongChange;
     struct SavedAs
     {
-        QString path; // empty where there was nothing to save
-        std::shared_ptr<const Track> track;
+        QString path;                       // empty where there was nothing to save
+        QString file;                       // the same whichever links and folders the path goes through
+        std::shared_ptr<const Track> track; // none while the file holds something else
     };
     // Steps of one kind on one track that follow each other quickly are one step.
     enum class Merging { Never, Instrument, Volume, Pan };
@@ -85,12 +93,12 @@ private:
     QString nextId() { return QStringLiteral("T%1").arg(++lastNumber_); }
     std::shared_ptr<const SongTrack> adopt(const NewTrack &track);
     void rememberSaved(const SongTrack &track, const QString &path);
-    void change(const QString &step, const Song &after, Merging merging = Merging::Never, const QString &id = {});
+    void change(const QString &step, const SongTracks &after, Merging merging = Merging::Never, const QString &id = {});
     void changeEach(const QString &step, const QStringList &ids, Merging merging,
                     const std::function<void(SongTrack &)> &edit);
-    void show(const Song &song);
+    void show(const SongTracks &song);
 
-    Song song_;
+    SongTracks song_;
     QSet<QString> selected_;
     QHash<QString, SavedAs> saved_; // by track, also of removed ones: undo may bring them back
     QUndoStack history_;

@@ -14,7 +14,7 @@ Track track(const QString &title, const QString &notes = QStringLiteral("CDEF|GA
 }
 
 // All that undo brings back, as text.
-QString describe(const Song &song)
+QString describe(const SongTracks &song)
 {
     QStringList lines;
     for (const auto &each : song) {
