@@ -11,7 +11,10 @@
 #include <QApplication>
 #include <QCommandLineParser>
 
+#include <algorithm>
 #include <exception>
+#include <iterator>
+#include <string_view>
 
 namespace {
 
@@ -30,6 +33,13 @@ struct CommandLine
     QString screenshot;
 };
 
+void nameProgram()
+{
+    QCoreApplication::setOrganizationDomain(QStringLiteral("kelvarion-composer.example"));
+    QCoreApplication::setApplicationName(QStringLiteral("Kelvarion Composer"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(COMPOSER_VERSION));
+}
+
 CommandLine readCommandLine(const QCoreApplication &application)
 {
     QCommandLineParser parser;
@@ -42,6 +52,22 @@ CommandLine readCommandLine(const QCoreApplication &application)
                                  QStringLiteral("[files...]"));
     parser.process(application);
     return {parser.positionalArguments(), parser.value(screenshot)};
+}
+
+// Such a question needs no display.
+bool asksAboutProgram(int argc, char *argv[])
+{
+    constexpr std::string_view questions[] = {"--version", "-v", "--help", "-h", "--help-all"};
+    return std::any_of(argv + 1, argv + std::max(argc, 1), [&](const char *argument) {
+        return std::find(std::begin(questions), std::end(questions), argument) != std::end(questions);
+    });
+}
+
+int answerAboutProgram(int &argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    readCommandLine(application); // answers and ends the program
+    return 0;
 }
 
 int runWindow(Settings &settings, Dialogs &dialogs, const CommandLine &commandLine)
@@ -65,6 +91,9 @@ int runWindow(Settings &settings, Dialogs &dialogs, const CommandLine &commandLi
 
 int main(int argc, char *argv[])
 {
+    nameProgram();
+    if (asksAboutProgram(argc, argv))
+        return answerAboutProgram(argc, argv);
     qRegisterMetaType<Track>("Track");
     qRegisterMetaType<Instrument>("Instrument");
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
@@ -72,9 +101,6 @@ int main(int argc, char *argv[])
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 #endif
     QApplication application(argc, argv);
-    QCoreApplication::setOrganizationDomain(QStringLiteral("kelvarion-composer.example"));
-    QCoreApplication::setApplicationName(QStringLiteral("Kelvarion Composer"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(COMPOSER_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("kelvarion-composer"));
     const auto commandLine = readCommandLine(application);
 
