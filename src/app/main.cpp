@@ -107,9 +107,7 @@ int main(int argc, char *argv[])
     DesktopDialogs dialogs;
     try {
         Settings settings(Settings::defaultFile());
-        QApplication::setStyle(QStringLiteral("Fusion"));
-        if (settings.value(Settings::DarkPalette).toBool())
-            applyTheme(Theme::Dark);
+        startTheme(settings.value(Settings::DarkPalette).toBool() ? Theme::Dark : Theme::Light);
         if (!locateGame(settings, dialogs, driveRoots()))
             return exitCancelled;
         return runWindow(settings, dialogs, commandLine);

@@ -4,7 +4,6 @@
 #include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
-#include <QStyleFactory>
 #include <QStyleOption>
 #include <QToolTip>
 
@@ -35,23 +34,55 @@ QPalette darkPalette()
     return palette;
 }
 
-// Fusion draws outlines darker than the window and a light edge below disabled text: on a dark window the one hides
-// check boxes, and the other blurs the text.
-class DarkStyle : public QProxyStyle
+// The drawing in the menu's own colours, as those of many are near that of a highlighted row.
+QIcon onTile(const QIcon &icon, int size, const QColor &colour, qreal scale)
+{
+    QPixmap tile(QSize(size, size) * scale);
+    tile.setDevicePixelRatio(scale);
+    tile.fill(Qt::transparent);
+    QPainter painter(&tile);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    painter.drawRoundedRect(0, 0, size, size, 3, 3);
+    icon.paint(&painter, 1, 1, size - 2, size - 2);
+    return QIcon(tile);
+}
+
+class LightStyle : public QProxyStyle
 {
 public:
-    DarkStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+    LightStyle() : QProxyStyle(QStringLiteral("Fusion")) { setObjectName(QStringLiteral("fusion")); }
 
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override
+    {
+        const auto *const item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
+        const auto highlighted = State_Selected | State_Enabled;
+        if (element != CE_MenuItem || !item || item->icon.isNull() || (item->state & highlighted) != highlighted)
+            return QProxyStyle::drawControl(element, option, painter, widget);
+        auto tiled = *item;
+        tiled.icon = onTile(item->icon, pixelMetric(PM_SmallIconSize, option, widget),
+                            option->palette.color(QPalette::Window), painter->device()->devicePixelRatioF());
+        QProxyStyle::drawControl(element, &tiled, painter, widget);
+    }
+};
+
+// Fusion draws outlines darker than the window and a light edge below disabled text: on a dark window the one hides
+// check boxes, and the other blurs the text.
+class DarkStyle : public LightStyle
+{
+public:
     int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                   QStyleHintReturn *result) const override
     {
-        return hint == SH_EtchDisabledText ? 0 : QProxyStyle::styleHint(hint, option, widget, result);
+        return hint == SH_EtchDisabledText ? 0 : LightStyle::styleHint(hint, option, widget, result);
     }
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget) const override
     {
-        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        LightStyle::drawPrimitive(element, option, painter, widget);
         const bool showsFocus =
             option->state.testFlag(State_HasFocus) && option->state.testFlag(State_KeyboardFocusChange);
         if (element != PE_IndicatorCheckBox || showsFocus)
@@ -66,11 +97,21 @@ public:
 
 } // namespace
 
+void startTheme(Theme theme)
+{
+    if (theme == Theme::Dark)
+        applyTheme(theme);
+    else
+        QApplication::setStyle(new LightStyle);
+}
+
+// The palette is first, since the change of the style is what tells the widgets with a style sheet of their own.
 void applyTheme(Theme theme)
 {
     const bool isDark = theme == Theme::Dark;
-    QApplication::setStyle(isDark ? new DarkStyle : QStyleFactory::create(QStringLiteral("Fusion")));
-    const auto palette = isDark ? darkPalette() : QApplication::style()->standardPalette();
+    auto *const style = isDark ? new DarkStyle : new LightStyle;
+    const auto palette = isDark ? darkPalette() : style->standardPalette();
     QApplication::setPalette(palette);
+    QApplication::setStyle(style);
     QToolTip::setPalette(palette);
 }

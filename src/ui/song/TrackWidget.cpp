@@ -232,6 +232,7 @@ void TrackWidget::contextMenuEvent(QContextMenuEvent *event)
 void TrackWidget::changeEvent(QEvent *event)
 {
     QFrame::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationPaletteChange)
+    // A row, whose style sheet sets its palette, hears of another theme by the style alone.
+    if (event->type() == QEvent::StyleChange || event->type() == QEvent::PaletteChange)
         showSelection();
 }

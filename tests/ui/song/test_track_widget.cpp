@@ -3,6 +3,7 @@
 #include "core/AbcParser.h"
 #include "import/Transpose.h"
 #include "settings/Settings.h"
+#include "ui/Theme.h"
 #include "ui/ValueDial.h"
 #include "ui/song/TrackVisualizationWidget.h"
 #include "ui/song/TrackWidget.h"
@@ -82,7 +83,7 @@ private slots:
     void dials();
     void theWheelScrollsTheListUntilADialHasTheFocus();
     void showsWhatThePlayerSays();
-    void followsADarkPalette();
+    void followsTheThemeAtOnce();
 
 private:
     template<typename Child>
@@ -415,18 +416,16 @@ void TestTrackWidget::showsWhatThePlayerSays()
     QVERIFY(visualization->pressedNotes().isEmpty());
 }
 
-void TestTrackWidget::followsADarkPalette()
+void TestTrackWidget::followsTheThemeAtOnce()
 {
-    const auto light = row_->styleSheet();
-    QVERIFY(light.contains(QStringLiteral("#DADADA")));
-    const auto before = QApplication::palette();
-    QApplication::setPalette(QPalette(QColor(0x33, 0x33, 0x33)));
-    QCoreApplication::processEvents();
-    const auto dark = row_->styleSheet();
-    QApplication::setPalette(before);
-    QCoreApplication::processEvents();
-    QVERIFY(dark != light);
-    QCOMPARE(row_->styleSheet(), light);
+    QWidget window;
+    row_->setParent(&window);
+    window.show();
+    for (const bool isDark : {true, false, true, false}) {
+        applyTheme(isDark ? Theme::Dark : Theme::Light);
+        QCOMPARE(row_->styleSheet().contains(QStringLiteral("#DADADA")), !isDark);
+    }
+    row_->setParent(nullptr);
 }
 
 QTEST_MAIN(TestTrackWidget)
