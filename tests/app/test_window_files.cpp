@@ -258,7 +258,8 @@ private slots:
                 fixture_->row(0)->onSave();
             else
                 fixture_->row(0)->onSaveAs();
-            QCOMPARE(dialogs.takeMessages(), QStringList(QStringLiteral("Kelvarion Composer|") + failure));
+            QVERIFY(dialogs.takeMessages().value(0).startsWith(
+                QStringLiteral("Kelvarion Composer|%1\n%2: ").arg(failure, nowhere)));
         }
         QCOMPARE(fixture_->tracks().unsavedIds().size(), 1);
     }
@@ -269,11 +270,10 @@ private slots:
         QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QByteArray>("other");
         QTest::addColumn<QStringList>("unsaved");
-        const QStringList both{QStringLiteral("T1"), QStringLiteral("T2")};
-        QTest::newRow("cancel") << int(Dialogs::OverwriteAnswer::Cancel) << abc("Old") << QByteArray()
-                                << both.mid(0, 1);
-        QTest::newRow("overwrite") << int(Dialogs::OverwriteAnswer::Overwrite) << abc("New") << QByteArray()
-                                   << both.mid(1);
+        const QStringList first(QStringLiteral("T1"));
+        const QStringList second(QStringLiteral("T2"));
+        QTest::newRow("cancel") << int(Dialogs::OverwriteAnswer::Cancel) << abc("Old") << QByteArray() << first;
+        QTest::newRow("overwrite") << int(Dialogs::OverwriteAnswer::Overwrite) << abc("New") << QByteArray() << second;
         QTest::newRow("save as") << int(Dialogs::OverwriteAnswer::SaveAs) << abc("Old") << abc("New") << QStringList();
     }
     void noRowLosesItsFileToAnotherUnasked()
@@ -297,6 +297,37 @@ private slots:
         QTEST(fixture_->tracks().unsavedIds(), "unsaved");
     }
 
+    void asksBeforeWritingOver_data()
+    {
+        QTest::addColumn<QByteArray>("found"); // by the save
+        QTest::addColumn<int>("permissions");
+        QTest::addColumn<QString>("objection");
+        const int own = QFile::ReadOwner | QFile::WriteOwner;
+        QTest::newRow("nothing") << abc("Old") << own << QString();
+        QTest::newRow("changed") << abc("Foreign") << own << QStringLiteral("was changed by another program.");
+        QTest::newRow("read-only") << abc("Old") << int(QFile::ReadOwner) << QStringLiteral("is read-only.");
+    }
+    void asksBeforeWritingOver()
+    {
+        QFETCH(QByteArray, found);
+        QFETCH(QString, objection);
+        const auto file = fixture_->write("old.abc", abc("Old"));
+        fixture_->window().openFiles({file});
+        QTRY_COMPARE(fixture_->tracks().song().size(), 1);
+        auto &dialogs = fixture_->dialogs();
+        fixture_->write("old.abc", found);
+        QFETCH(int, permissions);
+        QVERIFY(QFile::setPermissions(file, QFile::Permissions(permissions)));
+        fixture_->row(0)->onTransposeUp();
+        fixture_->row(0)->onSave();
+        QVERIFY(objection.isEmpty() ? dialogs.asked.isEmpty() : dialogs.asked.value(0).contains(objection));
+        QCOMPARE(WindowFixture::read(file) == found, !objection.isEmpty());
+        dialogs.overwriteAnswer = Dialogs::OverwriteAnswer::Overwrite;
+        fixture_->row(0)->onSave();
+        QVERIFY(WindowFixture::read(file) != found);
+        QVERIFY(fixture_->tracks().unsavedIds().isEmpty() && dialogs.messages.isEmpty());
+    }
+
     void stopsSavingWhenCancelled()
     {
         QVERIFY(fixture_->import(jig, 3));
@@ -316,7 +347,7 @@ private slots:
         fixture_->dialogs().files =
             QStringList(fixture_->write("long.mid", MidiBytes::file({notes + MidiBytes::endOfTrack()})));
         fixture_->trigger("actionImport_MIDI");
-        fixture_->child<QWidget>("busyIndicator")->findChild<QToolButton *>()->click();
+        fixture_->child<QWidget>("importIndicator")->findChild<QToolButton *>()->click();
         QVERIFY(!fixture_->window().isLoading());
         QVERIFY(fixture_->import(jig, 3)); // is not in the way of the next, and adds nothing
     }

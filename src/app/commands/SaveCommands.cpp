@@ -1,12 +1,15 @@
 #include "app/commands/SaveCommands.h"
 
 #include "app/services/RecentFiles.h"
+#include "base/FileProtection.h"
 #include "base/SafeFile.h"
+#include "base/TextDecoding.h"
 #include "settings/Settings.h"
 #include "ui/Dialogs.h"
 #include "ui/tracks/TrackList.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QWidget>
 
@@ -18,6 +21,15 @@ QString shownTitle(const Track &track)
 {
     const auto title = track.title();
     return title.isEmpty() ? QStringLiteral("Untitled") : title;
+}
+
+// Whether a file that is there holds another text. A character takes at most four bytes, and a mark may stand before.
+bool differs(const QString &path, const QString &text)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        return false;
+    return file.size() > 4 * qint64(text.size()) + 4 || decodeText(file.readAll()) != text;
 }
 
 } // namespace
@@ -118,16 +130,14 @@ std::optional<SaveCommands::Target> SaveCommands::chosenTarget(const QString &id
     return Target{path, tr("Could not open the file for saving.")};
 }
 
-// What the user wants after being told what would be lost; nothing when he cancels.
+// What the user wants after being told what speaks against it; nothing when he cancels.
 std::optional<SaveCommands::Target> SaveCommands::agreedTarget(const QString &id, std::optional<Target> target)
 {
     while (target) {
-        const auto rivals = context_.tracks.rivalsFor(target->path, id);
-        if (rivals.isEmpty())
+        const auto objection = objectionTo(id, target->path);
+        if (objection.isEmpty())
             return target;
-        const auto question = tr("'%1' is also the file of the track '%2', which would be lost from it.\n"
-                                 "Would you like to overwrite it?")
-                                  .arg(target->path, shownTitle(*context_.tracks.find(rivals.first())->track));
+        const auto question = objection + u'\n' + tr("Would you like to overwrite it?");
         switch (context_.dialogs.askToOverwrite(&context_.window, programName, question)) {
         case Dialogs::OverwriteAnswer::Overwrite:
             return target;
@@ -141,6 +151,26 @@ std::optional<SaveCommands::Target> SaveCommands::agreedTarget(const QString &id
     return target;
 }
 
+QString SaveCommands::objectionTo(const QString &id, const QString &path) const
+{
+    const auto rivals = context_.tracks.rivalsFor(path, id);
+    if (!rivals.isEmpty())
+        return tr("'%1' is also the file of the track '%2', which would be lost from it.")
+            .arg(path, shownTitle(*context_.tracks.find(rivals.first())->track));
+    const auto known = context_.tracks.savedText(id);
+    if (known && path == context_.tracks.filePath(id) && differs(path, *known))
+        return tr("'%1' was changed by another program.").arg(path);
+    switch (protectionOf(path)) {
+    case FileProtection::ReadOnly:
+        return tr("'%1' is read-only.").arg(path);
+    case FileProtection::OfAnotherUser:
+        return tr("'%1' belongs to another user.").arg(path);
+    case FileProtection::None:
+        break;
+    }
+    return {};
+}
+
 bool SaveCommands::saveTo(const QString &id, const Target &target, QStringList &failures)
 {
     const auto *const saved = context_.tracks.find(id);
@@ -151,7 +181,7 @@ bool SaveCommands::saveTo(const QString &id, const Target &target, QStringList &
         SafeFile::write(target.path, track.toAbc().toUtf8());
     } catch (const QString &reason) {
         qWarning("%s: %s", qUtf8Printable(target.path), qUtf8Printable(reason));
-        failures.append(target.failure);
+        failures.append(QStringLiteral("%1\n%2: %3").arg(target.failure, target.path, reason));
         if (target.path != context_.tracks.filePath(id))
             context_.tracks.setFilePath(id, target.path);
         return false;
@@ -164,5 +194,6 @@ bool SaveCommands::saveTo(const QString &id, const Target &target, QStringList &
 void SaveCommands::showFailures(const QStringList &failures)
 {
     if (!failures.isEmpty())
-        context_.dialogs.message(&context_.window, Dialogs::Severity::Warning, programName, failures.join(u'\n'));
+        context_.dialogs.message(&context_.window, Dialogs::Severity::Warning, programName,
+                                 failures.join(QStringLiteral("\n\n")));
 }

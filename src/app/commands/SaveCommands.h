@@ -9,8 +9,9 @@
 
 #include <optional>
 
-// The commands that save tracks as ABC files. No file loses what another track of the list has in it without a
-// question; what cannot be written is shown in one box at the end of a command. On the interface thread.
+// The commands that save tracks as ABC files. No file loses without a question what another track of the list or
+// another program has in it; what cannot be written is shown in one box at the end of a command. On the interface
+// thread.
 class SaveCommands
 {
     Q_DECLARE_TR_FUNCTIONS(SaveCommands)
@@ -39,6 +40,7 @@ private:
     std::optional<Target> targetOf(const QString &id);
     std::optional<Target> chosenTarget(const QString &id);
     std::optional<Target> agreedTarget(const QString &id, std::optional<Target> target);
+    QString objectionTo(const QString &id, const QString &path) const;
     void showFailures(const QStringList &failures);
     bool isInItsFile(const QString &id) const;
 

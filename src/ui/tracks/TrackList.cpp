@@ -271,6 +271,12 @@ QStringList TrackList::unsavedIds() const
     return unsaved;
 }
 
+std::optional<QString> TrackList::savedText(const QString &id) const
+{
+    const auto saved = saved_.value(id);
+    return saved.track && !saved.path.isEmpty() ? std::optional(textOf(*saved.track)) : std::nullopt;
+}
+
 void TrackList::setFilePath(const QString &id, const QString &path)
 {
     saved_.insert(id, {path, fileOf(path), nullptr});

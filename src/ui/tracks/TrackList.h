@@ -8,6 +8,7 @@
 #include <QUndoStack>
 
 #include <functional>
+#include <optional>
 
 // A track that is to be added.
 struct NewTrack
@@ -67,6 +68,8 @@ public:
     QStringList unsavedIds() const;
     // Where the track is read from and saved to; empty while it has no file.
     QString filePath(const QString &id) const { return saved_.value(id).path; }
+    // What the file held when it was read or saved last; nothing where that is not known.
+    std::optional<QString> savedText(const QString &id) const;
     // A file for what is not in it yet.
     void setFilePath(const QString &id, const QString &path);
     // The file holds this track; every other one that it held as another text has no file from here on.

@@ -1,0 +1,9 @@
+#pragma once
+
+class QString;
+
+// Why a file is not to be replaced without a question: replacing needs no more than a folder that may be written to.
+enum class FileProtection { None, ReadOnly, OfAnotherUser };
+
+// None for a file that does not exist. On any thread.
+FileProtection protectionOf(const QString &path);
