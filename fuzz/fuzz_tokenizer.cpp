@@ -22,10 +22,10 @@ struct Row
 constexpr Row table[] = {
     {R"( \G. )", 1},
     {R"( \G. )", 1},
-    {R"( ^(?<field>[A-Za-z+]):\s*(?<value>.*)$ )", -1},
-    {R"( \G\[(?<field>[A-Za-z+]):\s*(?<value>.*?)\] )", 20},
-    {R"( ^%%(?<instruction>[-_a-zA-Z+])\s*(?<parameters>.*)$ )", -1},
-    {R"( \G\s+ )", -1},
+    {R"( ^(?<field>[A-Za-z+]):[\s\0]*(?<value>.*)$ )", -1},
+    {R"( \G\[(?<field>[A-Za-z+]):[\s\0]*(?<value>.*?)\] )", 20},
+    {R"( ^%%(?<instruction>[-_a-zA-Z+])[\s\0]*(?<parameters>.*)$ )", -1},
+    {R"( \G[\s\0]+ )", -1},
     {R"( \G(?<staccato>\.)?(?<accidental>\^*|_*|=)(?<note>[A-Ga-g])(?<octave>'+|,*)(?<length>(?<lennum>\d+)?(?<lenslash>/*)(?<lenden>\d+)?)(?<tie>(?<dot>\.)?-(?<tiedir>[,']?))? )",
      20},
     {R"( \G(?<rest>[zxZX])(?<length>(?<lennum>\d+)?(?<lenslash>/*)(?<lenden>\d+)?) )", 20},
@@ -131,7 +131,7 @@ private:
         addIf(lower >= u'a' && lower <= u'g', 6);
         addIf(lower == u'x' || lower == u'z', 7);
         addIf(c.isLetter(), 27);
-        addIf(c.isSpace(), 5);
+        addIf(c.isSpace() || c.isNull(), 5);
         addIf(c == u'[' && c1.isDigit(), 9);
         addIf(c == u'[' && c1.isLetter() && at(2) == u':', 3);
         addIf(c == u'.' && c1 == u'(', 13);

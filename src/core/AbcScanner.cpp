@@ -20,9 +20,10 @@ bool isLetter(char16_t c)
     return (c | 0x20) >= u'a' && (c | 0x20) <= u'z';
 }
 
+// A NUL, which programs leave behind that fill their blocks, ends nothing and means nothing.
 bool isSpace(char16_t c)
 {
-    return c == u' ' || (c >= u'\t' && c <= u'\r');
+    return c == u' ' || c == u'\0' || (c >= u'\t' && c <= u'\r');
 }
 
 } // namespace

@@ -156,8 +156,10 @@ void MidiConversion::pitchBend(quint8 channelNumber, int value, quint64 now)
     channel.pitchOffset = offset;
 }
 
-void MidiConversion::instrumentName(quint8 channel, const QByteArray &name)
+void MidiConversion::instrumentName(quint8 channel, QByteArray name)
 {
+    while (name.endsWith('\0')) // some programs store the end of their strings, too
+        name.chop(1);
     if (!isUtf8(name))
         ++result_.report.undecodedTexts;
     if (channel < channels_->size())

@@ -23,7 +23,7 @@ public:
     void controller(quint8 channel, quint8 number, quint8 value);
     void program(quint8 channel, quint8 program);
     void pitchBend(quint8 channel, int value, quint64 now);
-    void instrumentName(quint8 channel, const QByteArray &name);
+    void instrumentName(quint8 channel, QByteArray name);
     void tempo(quint32 microsecondsPerQuarter, quint64 now);
     void timeSignature(quint8 numerator, quint8 denominatorPower, quint64 now);
     void keySignature(int sharps, int mode, quint64 now);

@@ -1,3 +1,4 @@
+#include "base/TextDecoding.h"
 #include "core/AbcParser.h"
 #include "core/AbcTokenizer.h"
 #include "core/HeaderFields.h"
@@ -102,6 +103,15 @@ private slots:
     {
         QFETCH(QString, text);
         QTEST(thrownBy([&] { parseAbc(text); }), "message");
+    }
+
+    void aNulEndsNothing()
+    {
+        const QByteArray bytes("X:1\nK:C\nCD\0E\0", 13);
+        auto track = parseAbc(decodeText(bytes));
+        QCOMPARE(track.noteCount(), 3);
+        QCOMPARE(track.toAbc().toUtf8(), bytes);
+        QCOMPARE(decodeText(QByteArray("\xE4\0b", 3)).size(), 3);
     }
 
     void keepsItsTextUntilItChanges()

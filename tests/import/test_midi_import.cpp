@@ -151,12 +151,14 @@ private slots:
         const auto conductor =
             tempo(0, 400000) + midiEvent(0, {0xFF, 0x58, 4, 3, 2, 24, 8}) + tempo(96, 700000) + endOfTrack();
         const auto named = midiEvent(0, {0xFF, 0x20, 1, 9}) + midiEvent(0, {0xFF, 0x04, 4, 'D', '\n', 0xE9, 'x'}) +
-                           noteOn(0, 36, 100, 9) + noteOff(48, 36, 9) + endOfTrack();
+                           midiEvent(0, {0xFF, 0x04, 5, 0xC3, 0xA9, 0, 'x', 0}) + noteOn(0, 36, 100, 9) +
+                           noteOff(48, 36, 9) + endOfTrack();
         const auto plain = noteOn(0, 60) + noteOff(48, 60) + endOfTrack();
         const auto result = importMidi(file({conductor, named, plain}), options(false));
         QCOMPARE(describe(result), QStringLiteral("36@0+5040 Q856800@10080 | 60@0+5040 Q856800@10080"));
         QCOMPARE(result.tracks[0].headerFields(QStringLiteral("T")),
-                 QStringList({QStringLiteral("D \u00e9x"), QStringLiteral("Track 1 - Percussion")}));
+                 QStringList({QStringLiteral("D \u00e9x"), QStringLiteral("\u00e9 x"),
+                              QStringLiteral("Track 1 - Percussion")}));
         QCOMPARE(result.tracks[1].title(), QStringLiteral("Track 2 - Acoustic Grand Piano"));
         QCOMPARE(result.tracks[1].headerField(QStringLiteral("L")), QStringLiteral("1/8"));
         QCOMPARE(result.tracks[1].headerField(QStringLiteral("Q")), QStringLiteral("1/4=150"));
