@@ -25,9 +25,9 @@ struct Arguments
     QHash<int, QVariant> settings; // by SettingsTable::Setting; the others have their defaults
     QVector<Transform> transforms; // in the order given
 
-    bool flag(SettingsTable::Setting setting) const
+    QVariant setting(SettingsTable::Setting setting) const
     {
-        return settings.value(setting, SettingsTable::defaultValue(setting)).toBool();
+        return settings.value(setting, SettingsTable::defaultValue(setting));
     }
 };
 

@@ -90,9 +90,9 @@ private:
 
 void Conversion::collectTracks()
 {
-    for (const auto &[path, input] : readInputs(arguments_, failed_)) {
-        sources_.append({path, input.report, input.tracks.size()});
-        tracks_ += input.tracks;
+    for (const auto &[path, song] : readInputs(arguments_, failed_)) {
+        sources_.append({path, song.report, song.tracks.size()});
+        tracks_ += song.tracks;
     }
 }
 

@@ -1,24 +1,17 @@
 #pragma once
 
 #include "Arguments.h"
-#include "import/ImportResult.h"
+#include "song/SongReader.h"
 
-#include <optional>
-
-struct Input
-{
-    QVector<Track> tracks;
-    std::optional<ImportReport> report; // of what was imported; ABC is read as it stands
-};
-
-// Reads a MIDI, ABC or MML file, or standard input for "-". Throws a QString when it cannot be read.
-Input readInput(const QString &path, const Arguments &arguments);
+// Reads a MIDI, ABC or MML file, or standard input for "-". What cannot be read is printed and sets `failed`; nothing
+// when that is everything.
+std::optional<ReadSong> readInput(const QString &path, const Arguments &arguments, bool &failed);
 
 struct NamedInput
 {
     QString path;
-    Input input;
+    ReadSong song;
 };
 
-// The inputs that can be read, with a bar meanwhile; prints the failure of each other one and sets `failed`.
+// The inputs of which something can be read, with a bar meanwhile.
 QVector<NamedInput> readInputs(const Arguments &arguments, bool &failed);

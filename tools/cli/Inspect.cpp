@@ -99,18 +99,18 @@ QJsonObject reportObject(const ImportReport &report)
 }
 
 // An event at a time, so that a long song needs no memory for its text.
-void writeInput(Input &input, QIODevice &out)
+void writeSong(ReadSong &song, QIODevice &out)
 {
     out.write("{\"tracks\":[");
     const char *separator = "\n";
-    for (auto &track : input.tracks) {
+    for (auto &track : song.tracks) {
         out.write(separator);
         writeTrack(track, out);
         separator = ",\n";
     }
     out.write("]");
-    if (input.report)
-        out.write(",\n\"report\":" + compact(reportObject(*input.report)));
+    if (song.report)
+        out.write(",\n\"report\":" + compact(reportObject(*song.report)));
     out.write("}\n");
 }
 
@@ -119,16 +119,14 @@ void writeInput(Input &input, QIODevice &out)
 int inspect(const Arguments &arguments)
 {
     const auto &path = arguments.inputs.first();
-    try {
-        auto input = readInput(path, arguments);
+    bool failed = false;
+    auto song = readInput(path, arguments, failed);
+    const auto print = [&] {
         for (const auto &transform : arguments.transforms)
-            input.tracks = transform(input.tracks);
+            song->tracks = transform(song->tracks);
         StandardOutput out;
-        writeInput(input, out.device());
+        writeSong(*song, out.device());
         out.finish();
-        return 0;
-    } catch (const QString &message) {
-        printFailure(path, message);
-        return 1;
-    }
+    };
+    return song && runOrPrint(path, print) && !failed ? 0 : 1;
 }

@@ -1,6 +1,7 @@
 #include "Messages.h"
 
 #include <cstdio>
+#include <new>
 #include <utility>
 
 #ifdef Q_OS_WIN
@@ -39,6 +40,19 @@ void printFailure(const QString &file, const QString &message)
 void printLine(const QString &line)
 {
     std::printf("%s\n", qUtf8Printable(line));
+}
+
+bool runOrPrint(const QString &file, const std::function<void()> &work)
+{
+    try {
+        work();
+        return true;
+    } catch (const QString &message) {
+        printFailure(file, message);
+    } catch (const std::bad_alloc &) {
+        printFailure(file, QStringLiteral("Not enough memory."));
+    }
+    return false;
 }
 
 bool finishLines()

@@ -3,9 +3,14 @@
 #include <QFile>
 #include <QString>
 
+#include <functional>
+
 // Programs that read the output expect exactly one line a failure: "kelvarion-composer-cli: FILE: MESSAGE".
 void printFailure(const QString &file, const QString &message);
 void printLine(const QString &line);
+
+// Whether the work came to its end. What it throws, for want of memory too, is printed as a failure of the file.
+bool runOrPrint(const QString &file, const std::function<void()> &work);
 
 // Whether all lines have reached standard output; a failure is printed.
 bool finishLines();

@@ -73,7 +73,7 @@ QVector<Track> Rendering::readTracks()
 {
     QVector<Track> tracks;
     for (const auto &named : readInputs(arguments_, failed_))
-        tracks += named.input.tracks;
+        tracks += named.song.tracks;
     try {
         for (const auto &transform : arguments_.transforms)
             tracks = transform(tracks);

@@ -1,5 +1,18 @@
 #include "app/services/SongImport.h"
 
+#include "settings/Settings.h"
+
+namespace {
+
+ReadingOptions optionsOf(const Settings &settings)
+{
+    auto options = readingOptions([&](Settings::Setting setting) { return settings.value(setting); });
+    options.tracks = ReadingOptions::Tracks::ToBeShown;
+    return options;
+}
+
+} // namespace
+
 SongImport::SongImport(const Settings &settings, QObject *parent) : QObject(parent), settings_(settings) {}
 
 void SongImport::start(const ImportRequest &request)
@@ -23,7 +36,7 @@ void SongImport::readNext()
     const auto request = requests_.head();
     emit progress(request.status, 0, int(request.sources.size()));
     const QPointer<SongImport> self(this);
-    const auto work = [self, request, options = readingOptions(settings_)](const std::stop_token &stop) {
+    const auto work = [self, request, options = optionsOf(settings_)](const std::stop_token &stop) {
         return readSong(request.sources, options, stop, [&](int number) {
             QMetaObject::invokeMethod(
                 qApp,

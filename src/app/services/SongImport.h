@@ -1,11 +1,13 @@
 #pragma once
 
-#include "app/services/SongReader.h"
 #include "base/BackgroundTask.h"
+#include "song/SongReader.h"
 #include "ui/tracks/TrackList.h"
 
 #include <QObject>
 #include <QQueue>
+
+class Settings;
 
 // What one action of the user is to bring into the song.
 struct ImportRequest

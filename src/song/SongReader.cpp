@@ -1,0 +1,243 @@
+#include "song/SongReader.h"
+
+#include "base/Interrupted.h"
+#include "base/TextDecoding.h"
+#include "core/AbcParser.h"
+#include "import/ImportLimits.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <new>
+#include <utility>
+
+namespace {
+
+using Kind = SongSource::Kind;
+
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("SongReader", text);
+}
+
+bool isFile(Kind kind)
+{
+    return kind == Kind::AbcFile || kind == Kind::MidiFile || kind == Kind::TextFile;
+}
+
+QString errorTitle(Kind kind)
+{
+    switch (kind) {
+    case Kind::MidiFile:
+        return QStringLiteral("Error while reading MIDI file");
+    case Kind::AbcFile:
+    case Kind::TextFile:
+        return QStringLiteral("Error while reading ABC file");
+    case Kind::AbcText:
+    case Kind::MmlText:
+    case Kind::Bytes:
+        break;
+    }
+    return QStringLiteral("Import from clipboard");
+}
+
+QByteArray readFile(const QString &path)
+{
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile()) // opening a pipe would wait for its writer
+        throw translated("Not a regular file.");
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw QStringLiteral("Could not open file.");
+    return readBytes(file);
+}
+
+// One text for all tunes of a source that could not be read: a book of thousands may have thousands of faults.
+class TuneErrors
+{
+public:
+    void add(const QString &text)
+    {
+        if (++count_ <= mostShown)
+            texts_.append(text);
+    }
+
+    void throwIfAny() const
+    {
+        if (count_ > mostShown)
+            throw texts_.join(u'\n') + u'\n' + translated("%1 more tunes could not be read.").arg(count_ - mostShown);
+        if (count_ > 0)
+            throw texts_.join(u'\n');
+    }
+
+private:
+    static constexpr int mostShown = 5;
+
+    QStringList texts_;
+    int count_ = 0;
+};
+
+class SourceReader
+{
+public:
+    SourceReader(const SongSource &source, const ReadingOptions &options, const std::stop_token &stop)
+        : source_(source), options_(options), stop_(stop)
+    {
+    }
+
+    ReadSong read();
+
+private:
+    void readContent();
+    void readByText(const QString &text);
+    void readAbc(const QString &text);
+    void readTune(const QString &text);
+    void take(ImportResult result);
+    void add(Track track);
+    void readMidi(const QByteArray &bytes) { take(importMidi(bytes, options_.midi, stop_)); }
+    void readMml(const QString &text) { take(importMml(text, options_.mml, stop_)); }
+    void fail(const QString &text) { song_.errors.append({errorTitle(source_.kind), text}); }
+
+    const SongSource &source_;
+    const ReadingOptions &options_;
+    const std::stop_token &stop_;
+    ReadSong song_;
+};
+
+ReadSong SourceReader::read()
+{
+    try {
+        readContent();
+    } catch (const QString &message) {
+        fail(message);
+    } catch (const std::bad_alloc &) {
+        song_ = {};
+        fail(isFile(source_.kind) ? translated("Not enough memory to read %1.").arg(source_.content)
+                                  : translated("Not enough memory to read the text."));
+    }
+    if (isFile(source_.kind) && (song_.errors.isEmpty() || !song_.tracks.isEmpty()))
+        song_.readFiles.append(source_.content);
+    return std::move(song_);
+}
+
+void SourceReader::readContent()
+{
+    switch (source_.kind) {
+    case Kind::AbcFile:
+        return readAbc(decodeText(readFile(source_.content)));
+    case Kind::MidiFile:
+        return readMidi(readFile(source_.content));
+    case Kind::TextFile:
+        return readByText(decodeText(readFile(source_.content)));
+    case Kind::AbcText:
+        return readAbc(source_.content);
+    case Kind::MmlText:
+        return readMml(source_.content);
+    case Kind::Bytes:
+        return source_.bytes.startsWith("MThd") ? readMidi(source_.bytes) : readByText(decodeText(source_.bytes));
+    }
+}
+
+void SourceReader::readByText(const QString &text)
+{
+    const auto sources = sourcesOf(text);
+    if (sources.isEmpty())
+        throw QStringLiteral("Unknown file type.");
+    if (sources.first().kind == Kind::MmlText)
+        readMml(text);
+    else
+        readAbc(text);
+}
+
+void SourceReader::readAbc(const QString &text)
+{
+    const auto tunes = tunesOf(text);
+    if (tunes.size() == 1) {
+        readTune(text);
+        song_.tracks.last().setFilePath(isFile(source_.kind) ? source_.content : QString());
+        return;
+    }
+    ImportLimits limits(text.size());
+    TuneErrors errors;
+    for (int i = 0; i < tunes.size(); ++i) {
+        try {
+            limits.addTrack();
+            readTune(tunes[i].text);
+        } catch (const QString &message) {
+            errors.add(translated("Tune %1, which begins in line %2: %3").arg(i + 1).arg(tunes[i].line).arg(message));
+        }
+    }
+    errors.throwIfAny();
+}
+
+void SourceReader::readTune(const QString &text)
+{
+    add(parseAbc(text, stop_));
+}
+
+void SourceReader::take(ImportResult result)
+{
+    song_.report = result.report;
+    for (auto &track : result.tracks) {
+        if (track.noteCount() > 0 || options_.tracks == ReadingOptions::Tracks::AsRead)
+            add(std::move(track));
+    }
+}
+
+void SourceReader::add(Track track)
+{
+    throwIfStopped(stop_);
+    if (options_.tracks == ReadingOptions::Tracks::ToBeShown)
+        track.toAbc();
+    song_.tracks.append(std::move(track));
+}
+
+} // namespace
+
+ReadingOptions readingOptions(const std::function<QVariant(SettingsTable::Setting)> &setting)
+{
+    using namespace SettingsTable;
+    const auto flag = [&](Setting which) { return setting(which).toBool(); };
+    const bool detectsUnitLength = flag(MidiAutoDetectUnitLength);
+    return {{flag(MidiMergeChannels), flag(MidiAutoRealign), flag(MidiPitchBend), detectsUnitLength,
+             flag(MidiProcessVolume)},
+            {detectsUnitLength}};
+}
+
+QByteArray readBytes(QIODevice &device)
+{
+    constexpr qint64 blockSize = qint64(1) << 20;
+    QByteArray bytes;
+    bytes.reserve(int(std::min(device.size(), largestSource)));
+    while (bytes.size() <= largestSource) {
+        const auto block = device.read(blockSize);
+        if (block.isEmpty())
+            return bytes;
+        bytes += block;
+    }
+    throw translated("The file is too large.");
+}
+
+ReadSong readSource(const SongSource &source, const ReadingOptions &options, const std::stop_token &stop)
+{
+    return SourceReader(source, options, stop).read();
+}
+
+ReadSong readSong(const QVector<SongSource> &sources, const ReadingOptions &options, const std::stop_token &stop,
+                  const std::function<void(int number)> &step)
+{
+    ReadSong song;
+    try {
+        for (int number = 0; number < sources.size(); ++number) {
+            step(number);
+            const auto read = readSource(sources[number], options, stop);
+            song.tracks += read.tracks;
+            song.errors += read.errors;
+            song.readFiles += read.readFiles;
+        }
+    } catch (const Interrupted &) {
+    }
+    return song;
+}

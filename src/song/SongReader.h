@@ -1,0 +1,57 @@
+#pragma once
+
+#include "import/MidiImport.h"
+#include "import/MmlImport.h"
+#include "settings/SettingsTable.h"
+#include "song/SongSource.h"
+
+#include <QStringList>
+#include <QVariant>
+
+#include <functional>
+#include <optional>
+#include <stop_token>
+
+class QIODevice;
+
+// The settings that reading depends on, taken once.
+struct ReadingOptions
+{
+    MidiImportOptions midi;
+    MmlImportOptions mml;
+
+    // Tracks to be shown have their ABC texts made, which takes long in a long track, and imported ones without notes
+    // are left out.
+    enum class Tracks { AsRead, ToBeShown };
+    Tracks tracks = Tracks::AsRead;
+};
+ReadingOptions readingOptions(const std::function<QVariant(SettingsTable::Setting)> &setting);
+
+struct ReadingError
+{
+    QString title;
+    QString text;
+};
+
+struct ReadSong
+{
+    QVector<Track> tracks; // the only one of an ABC file has its path; of several tunes none is the file
+    QVector<ReadingError> errors;
+    QStringList readFiles;                   // whose tracks are there
+    std::optional<ImportReport> report = {}; // of a MIDI or MML source that was read by itself
+};
+
+// No file and no input may be longer, in bytes.
+constexpr qint64 largestSource = qint64(64) << 20;
+
+// Reads everything, but throws a QString when it is longer than that.
+QByteArray readBytes(QIODevice &device);
+
+// Several tunes in one ABC text are several tracks; one that cannot be read does not stop the others. Whatever cannot
+// be read, for want of memory too, becomes an error. Throws only Interrupted, soon after a stop. On any thread.
+ReadSong readSource(const SongSource &source, const ReadingOptions &options, const std::stop_token &stop = {});
+
+// Reads the sources in their order; `step` is called with the number of each before it is read. When it is stopped it
+// ends soon, with the sources that were read until then. On any thread.
+ReadSong readSong(const QVector<SongSource> &sources, const ReadingOptions &options, const std::stop_token &stop,
+                  const std::function<void(int number)> &step);
