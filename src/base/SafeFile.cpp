@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QRandomGenerator>
 
 #include <algorithm>
 
@@ -63,7 +64,7 @@ private:
     int descriptor_;
 };
 
-void writeNew(const QString &path, const QByteArray &bytes)
+void create(const QString &path, const QByteArray &bytes)
 {
     constexpr auto flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
     Descriptor(open(QFile::encodeName(path).constData(), flags, 0666)).write(bytes);
@@ -88,7 +89,7 @@ void replace(const QString &target, const QString &replacement)
 
 #else
 
-void writeNew(const QString &path, const QByteArray &bytes)
+void create(const QString &path, const QByteArray &bytes)
 {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())
@@ -119,6 +120,26 @@ bool isDeviceName(const QString &name)
     return isPort || upper == u"CON" || upper == u"PRN" || upper == u"AUX" || upper == u"NUL";
 }
 
+void cutToBytes(QString &name, qsizetype most)
+{
+    while (name.toUtf8().size() > most)
+        name.chop(name.size() > 1 && name.at(name.size() - 1).isLowSurrogate() ? 2 : 1);
+}
+
+// A name that nobody else has, so that no file of the user's is in the way. What it begins with tells whose it is, and
+// it is no longer than a name that is known to be allowed.
+QString nameBeside(const QString &target)
+{
+    constexpr qsizetype allowedAnywhere = 100;
+    constexpr qsizetype longestAnywhere = 255;
+    const QFileInfo info(target);
+    const auto unique = QStringLiteral("~%1.saving").arg(QRandomGenerator::system()->generate64(), 0, 36);
+    auto name = info.fileName();
+    const auto known = std::clamp<qsizetype>(name.toUtf8().size(), allowedAnywhere, longestAnywhere);
+    cutToBytes(name, known - unique.size());
+    return info.path() + u'/' + name + unique;
+}
+
 } // namespace
 
 namespace SafeFile {
@@ -129,8 +150,7 @@ Replacement::Replacement(const QString &target)
     if (info.exists() && !info.isFile())
         throw QStringLiteral("Not a regular file.");
     target_ = info.exists() ? info.canonicalFilePath() : target;
-    path_ = target_ + QStringLiteral(".saving");
-    QFile::remove(path_); // of a program that was killed while saving
+    path_ = nameBeside(target_);
 }
 
 Replacement::~Replacement()
@@ -145,10 +165,29 @@ void Replacement::commit()
     isCommitted_ = true;
 }
 
+bool writeNew(const QString &path, const QByteArray &bytes)
+{
+    QFile reserved(path);
+    if (!reserved.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+        const QFileInfo info(path);
+        if (info.exists() || info.isSymLink())
+            return false;
+        throw reserved.errorString();
+    }
+    reserved.close();
+    try {
+        write(path, bytes);
+        return true;
+    } catch (...) {
+        reserved.remove();
+        throw;
+    }
+}
+
 void write(const QString &path, const QByteArray &bytes)
 {
     Replacement replacement(path);
-    writeNew(replacement.path(), bytes);
+    create(replacement.path(), bytes);
     replacement.commit();
 }
 
@@ -161,8 +200,7 @@ QString cleanName(const QString &title)
         name.fill(u'_', std::max<int>(1, int(name.size())));
     if (isDeviceName(name))
         name.prepend(u'_');
-    while (name.toUtf8().size() > longestName)
-        name.chop(name.size() > 1 && name.at(name.size() - 1).isLowSurrogate() ? 2 : 1);
+    cutToBytes(name, longestName);
     return name;
 }
 

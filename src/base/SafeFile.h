@@ -6,9 +6,14 @@
 // Replaces a file in one step: the bytes are written and synchronised beside it and then take its place, so that a
 // crash or a full disk leaves either the old file or the new one. A symbolic link is followed. Refuses a target that
 // exists and is no regular file. Throws a QString that says why it could not be written; nothing is left behind then.
+// The file beside has a name of its own, "NAME~….saving"; only a program that is killed leaves it.
 namespace SafeFile {
 
 void write(const QString &path, const QByteArray &bytes);
+
+// The same for a file that is not there yet. False, and nothing is touched, when there is one, whoever made it and
+// however short ago.
+bool writeNew(const QString &path, const QByteArray &bytes);
 
 // The same for a file that somebody writes who needs a name for it. What is not committed is removed.
 class Replacement

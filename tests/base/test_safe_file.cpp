@@ -146,13 +146,31 @@ private slots:
             waitpid(writer, nullptr, 0);
             const auto found = content();
             QVERIFY2(found == old_ || found == new_, qPrintable(QString::number(kill)));
-            killedWhileSaving += names().size() > 1 ? 1 : 0; // its unfinished file is there
+            const bool isUnfinished = names().size() > 1; // its file is there
+            killedWhileSaving += isUnfinished ? 1 : 0;
+            if (isUnfinished)
+                QVERIFY(QFile::remove(path(qPrintable(names().filter(QStringLiteral(".saving")).first()))));
         }
         munmap(shared, sizeof(std::atomic<int>));
         qInfo("%d of %d writers were killed while a file was half written", killedWhileSaving, kills);
         QVERIFY(killedWhileSaving > kills / 20);
-        SafeFile::write(path(), old_); // what a killed writer left beside the file is no obstacle
-        QCOMPARE(names(), QStringList(QStringLiteral("song.abc")));
+    }
+
+    void leavesOtherFilesAlone()
+    {
+        QCOMPARE(folder_->write("song.abc.saving", "mine"), path("song.abc.saving"));
+        QVERIFY(SafeFile::writeNew(path(), old_));
+        QVERIFY(!SafeFile::writeNew(path(), new_));
+        QCOMPARE(content(), old_);
+        QCOMPARE(folder_->read("song.abc.saving"), QByteArray("mine"));
+        QVERIFY_EXCEPTION_THROWN(SafeFile::writeNew(path("missing/song.abc"), new_), QString);
+        faults::callsUntilFault = 2; // the first is that of the name
+        QVERIFY_EXCEPTION_THROWN(SafeFile::writeNew(path("b.abc"), new_), QString);
+        for (const auto &longName : {QString(255, u'a'), QString(84, QChar(0x20AC)) + QStringLiteral("abc")}) {
+            SafeFile::write(path(qPrintable(longName)), new_);
+            QVERIFY(QFile::remove(path(qPrintable(longName))));
+        }
+        QCOMPARE(names(), QStringList({QStringLiteral("song.abc"), QStringLiteral("song.abc.saving")}));
     }
 
     void keepsPermissionsAndFollowsLinks()

@@ -23,7 +23,7 @@ private slots:
         folder_.write("game/mods/m/items/instruments/b.instrument", R"({"shortdescription": "Bell", "kind": "bell"})");
         folder_.write("game/mods/m/sfx/instruments/bell/tuning.config", "{}");
         folder_.write("none/assets/empty", "");
-        folder_.write("legacy.pak", LegacyPackage{{{"/ü", bytes_}, {"/b", ""}}}.bytes());
+        folder_.write("legacy.pak", LegacyPackage{{{"/ü", bytes_}, {"/b\033c", ""}}}.bytes());
     }
 
     void instrumentsAsJson()
@@ -46,7 +46,7 @@ private slots:
     {
         const Rows<QString, QByteArray> row("words", "expected");
         row("with mods", "instruments --game game --mods", "Bell: no notes\nLute é: notes 60 to 100, 1 samples\n");
-        row("paths", "pak list legacy.pak", "/ü\n/b\n");
+        row("paths", "pak list legacy.pak", "/ü\n/b\uFFFDc\n");
         row("file", "pak extract legacy.pak /ü", bytes_);
         row("file to a file", "pak extract legacy.pak /ü --output target", "");
     }
@@ -68,7 +68,7 @@ private slots:
         row("no package", "pak list none", "none: Could not find compatible pak reader.");
         row("endless", "pak list /dev/zero", "/dev/zero: Could not find compatible pak reader.");
         row("no such file", "pak extract legacy.pak /none", "legacy.pak: File not found");
-        row("unwritable", "pak extract legacy.pak /b --output none", "none: ");
+        row("unwritable", "pak extract legacy.pak /b\033c --output none", "none: ");
     }
     void failures()
     {

@@ -8,7 +8,7 @@
 namespace {
 
 // A text with an X field, the given notes and nothing else of interest.
-QByteArray tune(const char *title, const char *notes)
+QByteArray tune(const char *title, const QByteArray &notes)
 {
     return QByteArray("X:1\nT:") + title + "\nL:1/4\nK:C\n" + notes + "\n";
 }
@@ -34,6 +34,7 @@ private slots:
         folder_->write("letter.txt", "Dear friend");
         folder_->write("bad.abc", "X:1\nK:C\nC ;\n");
         folder_->write("bad.mid", "RIFFxxxx");
+        folder_->write("book.abc", tune("Air", "C") + "\nX:1\nK:C\n;\n");
     }
 
     void wrongUsage_data()
@@ -78,6 +79,9 @@ private slots:
         row("no song", "inspect letter.txt", "letter.txt: Unknown file type.\n");
         row("ABC", "inspect bad.abc", "bad.abc: Unknown token found in ABC body at line 3, column 3.\n");
         row("MIDI", "inspect bad.mid", "bad.mid: Invalid MIDI file.\n");
+        row("terminal escapes", "inspect a\033[31m\u0085", "a\uFFFD[31m\uFFFD: Could not open file.\n");
+        row("one of two tunes", "convert book.abc --output out",
+            "book.abc: Tune 2, which begins in line 7: Unknown token found in ABC body at line 3, column 1.\n");
         row("folder is a file", "convert a.abc --output a.abc", "a.abc: ");
     }
     void failures()
@@ -125,7 +129,28 @@ private slots:
         QCOMPARE(folder_->files("out").join(u'|'), QStringLiteral("a_b_ ...abc|Air (2).abc|Air.abc"));
         QVERIFY(folder_->read("out/Air (2).abc").contains("E4"));
         QCOMPARE(result.out.count('\n'), 3);
+
+        const auto ofEarlierCalls = folder_->read("out/Air.abc");
+        QVERIFY(run("convert b.abc --output out").out.contains("Air (3).abc"));
+        QCOMPARE(folder_->read("out/Air.abc"), ofEarlierCalls);
+        QVERIFY(run("convert b.abc --output out --force").out.contains("Air.abc"));
+        QCOMPARE(folder_->read("out/Air.abc"), folder_->read("out/Air (3).abc"));
     }
+
+#ifdef Q_OS_UNIX
+    void saysWhatWantsMemory()
+    {
+        folder_->write("long.abc", tune("Long", QByteArray("C ").repeated(10'000'000)));
+        QProcess program;
+        program.setWorkingDirectory(folder_->path());
+        const auto line =
+            QStringLiteral("ulimit -v 400000; exec %1 inspect long.abc").arg(QStringLiteral(COMPOSER_CLI));
+        program.start(QStringLiteral("sh"), {QStringLiteral("-c"), line});
+        const auto [status, out, error] = outcomeOf(program);
+        QCOMPARE(status, 1);
+        QCOMPARE(error, QByteArray("kelvarion-composer-cli: long.abc: Not enough memory to read long.abc.\n"));
+    }
+#endif
 
     void aFailingInputDoesNotStopTheOthers()
     {

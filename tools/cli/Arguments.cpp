@@ -171,7 +171,7 @@ void addOptions(QCommandLineParser &parser)
 {
     for (const char *name : {"output", "game", "instrument", "set"})
         parser.addOption({QLatin1String(name), QString(), QStringLiteral("value")});
-    for (const char *name : {"mods", "json", "help"})
+    for (const char *name : {"mods", "json", "force", "help"})
         parser.addOption(QCommandLineOption(QLatin1String(name)));
     for (const auto &option : transformOptions)
         parser.addOption({QLatin1String(option.name), QString(), QLatin1String(option.valueName)});
@@ -197,6 +197,7 @@ Invocation parseArguments(const QStringList &words, const std::vector<Command> &
     arguments.instrument = parser.value(QStringLiteral("instrument"));
     arguments.mods = parser.isSet(QStringLiteral("mods"));
     arguments.json = parser.isSet(QStringLiteral("json"));
+    arguments.force = parser.isSet(QStringLiteral("force"));
     for (const auto &setting : parser.values(QStringLiteral("set")))
         readSetting(arguments, setting);
     readTransforms(arguments, parser);

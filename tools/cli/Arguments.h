@@ -22,6 +22,7 @@ struct Arguments
     QString instrument;
     bool mods = false;
     bool json = false;
+    bool force = false;            // write over files
     QHash<int, QVariant> settings; // by SettingsTable::Setting; the others have their defaults
     QVector<Transform> transforms; // in the order given
 

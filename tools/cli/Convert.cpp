@@ -5,26 +5,32 @@
 #include "base/SafeFile.h"
 
 #include <QDir>
+#include <QHash>
 #include <QSet>
 
 namespace {
 
-// Gives every title a file name of its own; names that differ only in case are one on some file systems.
+// Gives every title file names of its own, one after another; names that differ only in case are one on some file
+// systems.
 class FileNames
 {
 public:
-    QString nameFor(const QString &title)
+    QString nextFor(const QString &title)
     {
         const auto clean = SafeFile::cleanName(title);
-        auto name = clean;
-        for (int number = 2; taken_.contains(name.toLower()); ++number)
-            name = QStringLiteral("%1 (%2)").arg(clean).arg(number);
+        auto &number = numbers_[clean.toLower()];
+        QString name;
+        do {
+            ++number;
+            name = number == 1 ? clean : QStringLiteral("%1 (%2)").arg(clean).arg(number);
+        } while (taken_.contains(name.toLower()));
         taken_.insert(name.toLower());
         return name + QStringLiteral(".abc");
     }
 
 private:
     QSet<QString> taken_;
+    QHash<QString, int> numbers_; // the last that each title was given
 };
 
 QString describe(const ImportReport &report)
@@ -74,6 +80,7 @@ private:
     void collectTracks();
     bool transformTracks();
     void writeTracks();
+    QString write(const QDir &directory, Track &track);
     void printSources() const;
     void fail(const QString &file, const QString &message)
     {
@@ -84,6 +91,7 @@ private:
     const Arguments &arguments_;
     QVector<Source> sources_; // those that could be read
     QVector<Track> tracks_;
+    FileNames names_;
     QStringList written_; // file names, one for each track; empty where writing failed
     bool failed_ = false;
 };
@@ -98,14 +106,12 @@ void Conversion::collectTracks()
 
 bool Conversion::transformTracks()
 {
-    try {
+    const bool isDone = runOrPrint(arguments_.inputs.join(QStringLiteral(", ")), [this] {
         for (const auto &transform : arguments_.transforms)
             tracks_ = transform(tracks_);
-        return true;
-    } catch (const QString &message) {
-        fail(arguments_.inputs.join(QStringLiteral(", ")), message);
-        return false;
-    }
+    });
+    failed_ |= !isDone;
+    return isDone;
 }
 
 void Conversion::writeTracks()
@@ -115,17 +121,25 @@ void Conversion::writeTracks()
         fail(arguments_.output, QStringLiteral("Could not create the directory."));
         return;
     }
-    FileNames names;
-    for (auto &track : tracks_) {
-        const auto path = directory.filePath(names.nameFor(track.title()));
-        try {
-            SafeFile::write(path, track.toAbc().toUtf8());
-            written_.append(path);
-        } catch (const QString &message) {
-            fail(path, message);
-            written_.append(QString());
+    for (auto &track : tracks_)
+        written_.append(write(directory, track));
+}
+
+// The path, or nothing when it cannot be written.
+QString Conversion::write(const QDir &directory, Track &track)
+{
+    QString path;
+    const auto nextPath = [&] { return path = directory.filePath(names_.nextFor(track.title())); };
+    const auto writeTrack = [&] {
+        const auto bytes = track.toAbc().toUtf8();
+        if (arguments_.force)
+            return SafeFile::write(nextPath(), bytes);
+        while (!SafeFile::writeNew(nextPath(), bytes)) { // one of that name is there
         }
-    }
+    };
+    const bool isWritten = runOrPrint(path, writeTrack);
+    failed_ |= !isWritten;
+    return isWritten ? path : QString();
 }
 
 // A merge leaves one file for all inputs; otherwise the files stand in the order of their inputs.

@@ -6,6 +6,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLocale>
 
 namespace {
 
@@ -19,38 +20,74 @@ QByteArray compact(const QJsonObject &object)
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
-void addKindFields(QJsonObject &object, const TrackEvent &event)
+// An object as QJsonDocument would write it, but ten times as fast: the members must come in the order of their names.
+class ObjectWriter
 {
+public:
+    explicit ObjectWriter(QByteArray &json) : json_(json) { json_ += '{'; }
+    ObjectWriter(const ObjectWriter &) = delete;
+    ObjectWriter &operator=(const ObjectWriter &) = delete;
+    ~ObjectWriter() { json_ += '}'; }
+
+    ObjectWriter &add(const char *name, const char *text)
+    {
+        begin(name);
+        json_.append('"').append(text).append('"');
+        return *this;
+    }
+
+    ObjectWriter &add(const char *name, qint64 number)
+    {
+        begin(name);
+        json_ += QByteArray::number(number);
+        return *this;
+    }
+
+    ObjectWriter &add(const char *name, double number)
+    {
+        begin(name);
+        json_ += QByteArray::number(number, 'g', QLocale::FloatingPointShortest);
+        return *this;
+    }
+
+private:
+    void begin(const char *name)
+    {
+        json_.append(separator_).append(name).append("\":");
+        separator_ = ",\"";
+    }
+
+    QByteArray &json_;
+    const char *separator_ = "\"";
+};
+
+void addEvent(QByteArray &json, const TrackEvent &event)
+{
+    ObjectWriter object(json);
     switch (event.kind()) {
     case TrackEvent::Note:
-        object[key("kind")] = key("Note");
-        object[key("length")] = event.length();
-        object[key("pitch")] = qint64(event.pitch());
-        object[key("velocity")] = double(event.velocity());
-        object[key("textLine")] = qint64(event.textLine());
-        object[key("textColumn")] = qint64(event.textColumn());
-        object[key("textLength")] = qint64(event.textLength());
+        object.add("kind", "Note").add("length", event.length()).add("pitch", qint64(event.pitch()));
+        object.add("start", event.start()).add("textColumn", qint64(event.textColumn()));
+        object.add("textLength", qint64(event.textLength())).add("textLine", qint64(event.textLine()));
+        object.add("velocity", double(event.velocity()));
         break;
     case TrackEvent::Tempo:
-        object[key("kind")] = key("Tempo");
-        object[key("ticksPerMinute")] = event.ticksPerMinute();
-        object[key("beatNumerator")] = qint64(event.numerator());
-        object[key("beatDenominator")] = qint64(event.denominator());
-        object[key("bpm")] = qint64(event.bpm());
+        object.add("beatDenominator", qint64(event.denominator())).add("beatNumerator", qint64(event.numerator()));
+        object.add("bpm", qint64(event.bpm())).add("kind", "Tempo").add("start", event.start());
+        object.add("ticksPerMinute", event.ticksPerMinute());
         break;
     case TrackEvent::Key:
-        object[key("kind")] = key("Key");
-        object[key("keyIndex")] = qint64(event.keyIndex());
-        object[key("keyMode")] = qint64(event.keyMode());
+        object.add("keyIndex", qint64(event.keyIndex())).add("keyMode", qint64(event.keyMode()));
+        object.add("kind", "Key").add("start", event.start());
         break;
     case TrackEvent::UnitLength:
     case TrackEvent::Metre:
-        object[key("kind")] = key(event.kind() == TrackEvent::Metre ? "Metre" : "UnitLength");
-        object[key("numerator")] = qint64(event.numerator());
-        object[key("denominator")] = qint64(event.denominator());
+        object.add("denominator", qint64(event.denominator()));
+        object.add("kind", event.kind() == TrackEvent::Metre ? "Metre" : "UnitLength");
+        object.add("numerator", qint64(event.numerator())).add("start", event.start());
         break;
     case TrackEvent::None:
-        object[key("kind")] = key("None");
+        object.add("kind", "None").add("start", event.start());
         break;
     }
 }
@@ -74,17 +111,21 @@ QJsonObject summary(Track &track)
 
 void writeTrack(Track &track, QIODevice &out)
 {
-    auto object = compact(summary(track));
-    object.chop(1); // the brace, for the events to come
-    out.write(object + ",\"events\":[");
+    constexpr int blockSize = 1 << 16;
+    auto json = compact(summary(track));
+    json.chop(1); // the brace, for the events to come
+    json += ",\"events\":[";
     const char *separator = "\n";
     for (const auto &event : track.events()) {
-        QJsonObject eventObject{{key("start"), event.start()}};
-        addKindFields(eventObject, event);
-        out.write(separator + compact(eventObject));
+        json += separator;
         separator = ",\n";
+        addEvent(json, event);
+        if (json.size() >= blockSize) {
+            out.write(json);
+            json.resize(0); // keeps its memory
+        }
     }
-    out.write("]}");
+    out.write(json + "]}");
 }
 
 QJsonObject reportObject(const ImportReport &report)
@@ -98,7 +139,7 @@ QJsonObject reportObject(const ImportReport &report)
             {key("meanShiftMs"), report.shifts.meanMs()}};
 }
 
-// An event at a time, so that a long song needs no memory for its text.
+// A block of events at a time, so that a long song needs no memory for its text.
 void writeSong(ReadSong &song, QIODevice &out)
 {
     out.write("{\"tracks\":[");

@@ -67,7 +67,7 @@ void writeLines(const InstrumentSet &instruments, QIODevice &out)
 {
     for (const auto &name : instruments.names()) {
         const auto description = describe(instruments.instrument(name).tuning);
-        out.write(QStringLiteral("%1: %2\n").arg(name, description).toUtf8());
+        out.write(printable(QStringLiteral("%1: %2").arg(name, description)).toUtf8() + '\n');
     }
 }
 
@@ -90,14 +90,11 @@ InstrumentSet scanGame(const Arguments &arguments)
 
 int listInstruments(const Arguments &arguments)
 {
-    try {
+    const auto list = [&arguments] {
         const auto instruments = scanGame(arguments);
         StandardOutput out;
         (arguments.json ? writeJson : writeLines)(instruments, out.device());
         out.finish();
-        return 0;
-    } catch (const QString &message) {
-        printFailure(arguments.game, message);
-        return 1;
-    }
+    };
+    return runOrPrint(arguments.game, list) ? 0 : 1;
 }

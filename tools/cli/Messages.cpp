@@ -1,5 +1,6 @@
 #include "Messages.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <new>
 #include <utility>
@@ -31,15 +32,23 @@ void endBar()
 
 } // namespace
 
+QString printable(QString text)
+{
+    const auto isControl = [](QChar c) { return c.category() == QChar::Other_Control; };
+    std::replace_if(text.begin(), text.end(), isControl, QChar(QChar::ReplacementCharacter));
+    return text;
+}
+
 void printFailure(const QString &file, const QString &message)
 {
     endBar();
-    std::fprintf(stderr, "kelvarion-composer-cli: %s: %s\n", qUtf8Printable(file), qUtf8Printable(message));
+    std::fprintf(stderr, "kelvarion-composer-cli: %s: %s\n", qUtf8Printable(printable(file)),
+                 qUtf8Printable(printable(message)));
 }
 
 void printLine(const QString &line)
 {
-    std::printf("%s\n", qUtf8Printable(line));
+    std::printf("%s\n", qUtf8Printable(printable(line)));
 }
 
 bool runOrPrint(const QString &file, const std::function<void()> &work)

@@ -5,6 +5,10 @@
 
 #include <functional>
 
+// Control characters, which could make a terminal do something, become U+FFFD. What strangers' files hold goes through
+// this on its way to standard output and error, by itself in the functions below.
+QString printable(QString text);
+
 // Programs that read the output expect exactly one line a failure: "kelvarion-composer-cli: FILE: MESSAGE".
 void printFailure(const QString &file, const QString &message);
 void printLine(const QString &line);

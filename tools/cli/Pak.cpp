@@ -19,33 +19,25 @@ void writeOutput(const QByteArray &bytes)
 int listPackage(const Arguments &arguments)
 {
     const auto &package = arguments.inputs.first();
-    try {
+    const auto list = [&package] {
         QByteArray lines;
         const auto paths = OpenPackage(package)->fileList();
         for (const auto &path : paths)
-            lines += path.toUtf8() + '\n';
+            lines += printable(path).toUtf8() + '\n';
         writeOutput(lines);
-        return 0;
-    } catch (const QString &message) {
-        printFailure(package, message);
-        return 1;
-    }
+    };
+    return runOrPrint(package, list) ? 0 : 1;
 }
 
 int extractFromPackage(const Arguments &arguments)
 {
-    auto failing = arguments.inputs.first();
-    try {
-        const auto bytes = OpenPackage(failing)->getFile(arguments.inputs.last());
-        if (arguments.output.isEmpty()) {
-            writeOutput(bytes);
-            return 0;
-        }
-        failing = arguments.output;
-        SafeFile::write(arguments.output, bytes);
-        return 0;
-    } catch (const QString &message) {
-        printFailure(failing, message);
+    const auto &package = arguments.inputs.first();
+    QByteArray bytes;
+    const auto read = [&] { bytes = OpenPackage(package)->getFile(arguments.inputs.last()); };
+    const auto write = [&] { SafeFile::write(arguments.output, bytes); };
+    if (!runOrPrint(package, read))
         return 1;
-    }
+    const bool isWritten = arguments.output.isEmpty() ? runOrPrint(package, [&] { writeOutput(bytes); })
+                                                      : runOrPrint(arguments.output, write);
+    return isWritten ? 0 : 1;
 }

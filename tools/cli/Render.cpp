@@ -37,11 +37,6 @@ private:
     Instrument instrumentFor(const Track &track, const InstrumentSet &instruments) const;
     void renderTracks(const QVector<Track> &tracks, const InstrumentSet &instruments);
     void showProgress(quint64 tick, quint64 total);
-    void fail(const QString &file, const QString &message)
-    {
-        printFailure(file, message);
-        failed_ = true;
-    }
 
     static constexpr int wholeBar = 100;
 
@@ -55,18 +50,18 @@ int Rendering::run()
     const auto tracks = readTracks();
     if (failed_ && tracks.isEmpty())
         return 1;
-    QString file = arguments_.game;
-    try {
-        const auto instruments = scanGame(arguments_);
+    InstrumentSet instruments;
+    const auto scan = [&] {
+        instruments = scanGame(arguments_);
         if (!arguments_.instrument.isEmpty())
             instruments.instrument(arguments_.instrument); // throws for a name that is not there
-        file = arguments_.output;
+    };
+    const auto write = [&] {
         refuseInputAsOutput();
         renderTracks(tracks, instruments);
-    } catch (const QString &message) {
-        fail(file, message);
-    }
-    return failed_ ? 1 : 0;
+    };
+    const bool isDone = runOrPrint(arguments_.game, scan) && runOrPrint(arguments_.output, write);
+    return isDone && !failed_ ? 0 : 1;
 }
 
 QVector<Track> Rendering::readTracks()
@@ -74,14 +69,12 @@ QVector<Track> Rendering::readTracks()
     QVector<Track> tracks;
     for (const auto &named : readInputs(arguments_, failed_))
         tracks += named.song.tracks;
-    try {
+    const bool isDone = runOrPrint(arguments_.inputs.join(QStringLiteral(", ")), [&] {
         for (const auto &transform : arguments_.transforms)
             tracks = transform(tracks);
-        return tracks;
-    } catch (const QString &message) {
-        fail(arguments_.inputs.join(QStringLiteral(", ")), message);
-        return {};
-    }
+    });
+    failed_ |= !isDone;
+    return isDone ? tracks : QVector<Track>();
 }
 
 void Rendering::refuseInputAsOutput() const

@@ -21,7 +21,7 @@ const std::vector<Command> &commands()
 {
     static const std::vector<Command> table{
         {"inspect", "INPUT", "", "transforms", 1, 1, inspect},
-        {"convert", "INPUT… --output DIR", "output", "transforms", 1, any, convert},
+        {"convert", "INPUT… --output DIR [--force]", "output", "force transforms", 1, any, convert},
         {"render", "INPUT… --game DIR --output OUT.wav [--instrument NAME] [--mods]", "game output",
          "instrument mods transforms", 1, any, render},
         {"instruments", "--game DIR [--mods] [--json]", "game", "mods json", 0, 0, listInstruments},
@@ -43,10 +43,10 @@ int main(int argc, char **argv)
         const int status = invocation.command->run(invocation.arguments);
         return finishLines() ? status : 1;
     } catch (const HelpWanted &) {
-        printLine(usageText(commands()));
+        std::printf("%s\n", qUtf8Printable(usageText(commands())));
         return finishLines() ? 0 : 1;
     } catch (const WrongUsage &usage) {
-        std::fprintf(stderr, "kelvarion-composer-cli: %s\n\n%s", qUtf8Printable(usage.message),
+        std::fprintf(stderr, "kelvarion-composer-cli: %s\n\n%s", qUtf8Printable(printable(usage.message)),
                      qUtf8Printable(usageText(commands())));
         return 2;
     } catch (const std::bad_alloc &) {
