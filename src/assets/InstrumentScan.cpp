@@ -15,6 +15,9 @@
 #include <vector>
 
 namespace {
+// Many times the largest that an instrument has beside its samples: an icon of a million pixels takes four.
+constexpr qint64 largestFile = qint64(16) << 20;
+
 void warn(const QString &message)
 {
     qCWarning(assetsLog).noquote() << message;
@@ -33,6 +36,7 @@ struct AssetSource
     QString root;         // before every path below it, without a slash at its end
     QString samplePrefix; // before the tuning's directory in sample names
     QString directory;    // loose files only: nothing outside of it is read
+    QString mod;          // a mod only: nothing is read where links lead out of it
     std::function<bool(const QString &path, QByteArray &bytes)> tryRead;
 
     QString itemDirectory() const { return root + QStringLiteral("/items/instruments"); }
@@ -49,7 +53,7 @@ public:
 private:
     PlaceFiles read(const Place &place);
     PlaceFiles readMod(const QString &modDirectory);
-    PlaceFiles readDirectory(const QString &directory);
+    PlaceFiles readDirectory(const QString &directory, const QString &mod = {});
     PlaceFiles readPackage(const QString &packagePath);
     bool goOn();
 
@@ -70,9 +74,23 @@ QStringList listing(const QDir &directory, const QStringList &patterns, QDir::Fi
     return names;
 }
 
-bool tryReadLoose(const QString &path, QByteArray &bytes)
+// Empty for what may be read.
+QString refusal(const QString &path, const QString &mod)
+{
+    if (!mod.isEmpty() && leadsOutOf(mod, path))
+        return QStringLiteral("%1: the link leads out of the mod.").arg(path);
+    if (QFileInfo(path).size() > largestFile)
+        return QStringLiteral("%1 is too large.").arg(path);
+    return {};
+}
+
+bool tryReadLoose(const QString &path, const QString &mod, QByteArray &bytes)
 {
     try {
+        if (const auto reason = refusal(path, mod); !reason.isEmpty()) {
+            warn(reason);
+            return false;
+        }
         bytes = readGameFile(path);
         return true;
     } catch (const QString &) {
@@ -159,7 +177,7 @@ std::optional<InstrumentFiles> readFiles(const AssetSource &source, const QStrin
         const auto item = readItem(*bytes, itemPath);
         const auto directory = source.tuningDirectory(item.kind);
         const auto iconPath = source.itemDirectory() + QLatin1Char('/') + item.iconFile;
-        const SampleBase base{source.samplePrefix + directory + QLatin1Char('/'), source.directory};
+        const SampleBase base{source.samplePrefix + directory + QLatin1Char('/'), source.directory, source.mod};
         const auto tuning = tryRead(source, directory + QStringLiteral("/tuning.config"));
         return InstrumentFiles{item, base, tuning, tryRead(source, iconPath), iconPath};
     } catch (const QString &message) {
@@ -208,20 +226,20 @@ PlaceFiles InstrumentScan::readMod(const QString &modDirectory)
         QStringLiteral("%1/%2.modinfo").arg(modDirectory, modDirectory.section(QLatin1Char('/'), -1));
     QByteArray bytes;
     auto path = QStringLiteral(".");
-    if (tryReadLoose(description, bytes))
+    if (tryReadLoose(description, modDirectory, bytes))
         path = modPath(bytes, description);
     const auto assets = QDir::cleanPath(modDirectory + QLatin1Char('/') + path);
     if (isInside(modDirectory, assets))
-        return readDirectory(assets);
+        return readDirectory(assets, modDirectory);
     warn(QStringLiteral("%1: the path leads out of the mod.").arg(description));
     return {};
 }
 
-PlaceFiles InstrumentScan::readDirectory(const QString &directory)
+PlaceFiles InstrumentScan::readDirectory(const QString &directory, const QString &mod)
 {
-    AssetSource source{directory, {}, directory, {}};
-    source.tryRead = [directory](const QString &path, QByteArray &bytes) {
-        return isInside(directory, path) && tryReadLoose(path, bytes);
+    AssetSource source{directory, {}, directory, mod, {}};
+    source.tryRead = [directory, mod](const QString &path, QByteArray &bytes) {
+        return isInside(directory, path) && tryReadLoose(path, mod, bytes);
     };
     const QDir items(source.itemDirectory());
     const auto names = listing(items, {QStringLiteral("*.instrument")}, QDir::Files);
@@ -244,7 +262,7 @@ PlaceFiles InstrumentScan::readPackage(const QString &packagePath)
             throw QStringLiteral("The path of a package may not hold \"::\".");
         const OpenPackage package(packagePath);
         CostLimit limit(found.size);
-        AssetSource source{packageRoot(package, packagePath), pakFileName(packagePath, {}), {}, {}};
+        AssetSource source{packageRoot(package, packagePath), pakFileName(packagePath, {}), {}, {}, {}};
         source.tryRead = [&package](const QString &path, QByteArray &bytes) {
             return package->tryGetFile(path, bytes);
         };

@@ -62,7 +62,8 @@ QStringList samplesOf(const QStringList &names, const QString &kind, const Sampl
     QStringList samples;
     for (const auto &name : names) {
         const auto path = samplePath(name, kind, base.prefix);
-        if (base.directory.isEmpty() || isInside(base.directory, path))
+        const bool isInDirectory = base.directory.isEmpty() || isInside(base.directory, path);
+        if (isInDirectory && (base.mod.isEmpty() || !leadsOutOf(base.mod, path)))
             samples.append(path);
         else
             qCWarning(assetsLog).noquote()

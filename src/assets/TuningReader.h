@@ -7,6 +7,7 @@ struct SampleBase
 {
     QString prefix;    // stands before every sample name, with a slash at its end
     QString directory; // loose files only: names that lead out of this directory are left out
+    QString mod = {};  // files of a mod only: so are links that lead out of this directory
 };
 
 // Reads the tuning of an instrument kind from the bytes of its tuning.config. A note without samples borrows those of

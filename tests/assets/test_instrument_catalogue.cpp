@@ -277,6 +277,36 @@ private slots:
         QCOMPARE(game.scan().names(), QStringList{QStringLiteral("None")});
     }
 
+#ifdef Q_OS_UNIX
+    void linksStayInTheMod()
+    {
+        const Game game;
+        game.write(instrumentFiles("mods/m", "Lute"));
+        game.write("outside/secret.instrument", item("Secret"));
+        game.write("mods/m/common/harp", item("Harp"));
+        const auto link = [&game](const char *target, const char *name) {
+            return QFile::link(game.path(target), game.path(QStringLiteral("mods/m/") + QLatin1String(name)));
+        };
+        QVERIFY(link("outside/secret.instrument", "items/instruments/a.instrument"));
+        QVERIFY(link("mods/m/common/harp", "items/instruments/b.instrument"));
+        QVERIFY(link("outside/secret.instrument", "sfx/instruments/lute/lute c.ogg"));
+        QVERIFY(QFile::link(game.path("mods/m"), game.path("mods/linked"))); // by whoever keeps it elsewhere
+        const auto sample = QStringLiteral("Sample %1/sfx/instruments/lute/lute c.ogg of lute lies outside of its "
+                                           "assets directory.");
+        for (const auto *mod : {"mods/linked", "mods/m"}) {
+            const auto path = game.path(mod);
+            const auto file = path + QStringLiteral("/items/instruments/a.instrument");
+            expectWarning(file + QStringLiteral(": the link leads out of the mod."));
+            expectWarning(QStringLiteral("Could not read instrument file %1.").arg(file));
+        }
+        for (int instrument = 0; instrument < 2; ++instrument) // only the first of a name is decoded
+            expectWarning(sample.arg(game.path("mods/linked")));
+        const auto found = game.scan();
+        QCOMPARE(found.names(), (QStringList{QStringLiteral("Harp"), QStringLiteral("Lute")}));
+        QVERIFY(found.instrument(QStringLiteral("Lute")).tuning.notes.isEmpty());
+    }
+#endif
+
     void oneBadFileEndsNothing()
     {
         const Game game;
@@ -288,6 +318,7 @@ private slots:
         game.write(in + QStringLiteral("5.instrument"), item("Stray", "../../../outside"));
         game.write(in + QStringLiteral("6.instrument"), "{}");
         game.write(in + QStringLiteral(".hidden.instrument"), "nonsense");
+        QVERIFY(QFile::resize(game.TestFolder::write(in + QStringLiteral("7.instrument"), {}), qint64(2) << 30));
         game.write("assets/sfx/instruments/torn/tuning.config", "{");
         game.write("outside/tuning.config", tuningBytes);
         game.write("assets/bad.pak", "KVAsset7");
@@ -305,6 +336,8 @@ private slots:
         expectWarning("Could not read tuning file for torn. Reason: unterminated object.");
         expectWarning("No tuning file found for instrument Stray!");
         expectWarning(bad + QStringLiteral("6.instrument. It names no instrument."));
+        expectWarning(game.path(in + QStringLiteral("7.instrument is too large.")));
+        expectWarning(bad + QStringLiteral("7.instrument."));
         expectWarning(QStringLiteral("Failed to load pak file: ") + game.path("assets/bad.pak"));
         expectWarning("Could not read the icon /items/instruments/icon.png of instrument Lute.");
         expectWarning("tryGetFile failed on /items/instruments/icon.png: File not found");
