@@ -3,6 +3,7 @@
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <QVersionNumber>
 #include <QtTest>
 
 namespace {
@@ -65,17 +66,20 @@ void TestUpdateChecker::comparesVersions_data()
 {
     QTest::addColumn<QByteArray>("version");
     QTest::addColumn<bool>("isNewer");
-    const auto row = [](const char *version, bool isNewer) {
-        QTest::newRow(version) << QByteArray(version) << isNewer;
+    const auto row = [](const QByteArray &version, bool isNewer) { QTest::newRow(version) << version << isNewer; };
+    const auto running = QVersionNumber::fromString(QStringLiteral(COMPOSER_VERSION));
+    const auto later = [&running](int major, int minor, int micro, int build) {
+        const auto text = QStringLiteral("[%1, %2, %3, %4]").arg(running.majorVersion() + major);
+        return text.arg(running.minorVersion() + minor).arg(running.microVersion() + micro).arg(build).toLatin1();
     };
-    row("[0, 8, 7, 0]", false);
-    row("[0, 8, 7, 1]", true);
-    row("[0, 8, 7, -1]", true);
+    row(later(0, 0, 0, 0), false);
+    row(later(0, 0, 0, 1), true);
+    row(later(0, 0, 0, -1), true);
     row("[0, 8, 6, 99]", false);
     row("[0, 8, 6, -1]", true);
-    row("[0, 8, 8, 0]", true);
-    row("[0, 9, 0, 0]", true);
-    row("[1, 0, 0, 0]", true);
+    row(later(0, 0, 1, 0), true);
+    row(later(0, 1, 0, 0), true);
+    row(later(1, 0, 0, 0), true);
     row("[0, 7, 255, 0]", false);
     row("[0, 7, 256, 0]", false); // 0x7 | 0x1 in the minor field
     row("[0, 256, 0, 0]", true);

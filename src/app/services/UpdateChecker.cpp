@@ -7,16 +7,19 @@
 #include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QTimer>
+#include <QVersionNumber>
 
 namespace {
 
-constexpr quint32 runningRelease = 0x000807;
 constexpr qint64 longestReply = 64 * 1024;
 
 // Parts of 256 and more spill into their neighbours, and any part below zero makes the release the highest of all:
 // older versions compare in the same way.
 bool isNewer(const QJsonArray &version)
 {
+    const auto running = QVersionNumber::fromString(QStringLiteral(COMPOSER_VERSION));
+    const auto runningRelease =
+        quint32(running.majorVersion() << 16 | running.minorVersion() << 8 | running.microVersion());
     const auto part = [&](int index) { return quint32(version.at(index).toInt()); };
     const auto build = part(3);
     const auto release = build > 0x7FFFFFFF ? 0xFFFFFFFF : part(0) << 16 | part(1) << 8 | part(2);
