@@ -86,6 +86,8 @@ void MainWindow::connectParts()
     connect(&instrumentCommands_, &InstrumentCommands::scanned, &importQueue_, &ImportQueue::open);
     connect(instrumentList_, &QComboBox::currentTextChanged, this, &MainWindow::onDefaultInstrumentChanged);
     connect(masterVolume_, &QSlider::valueChanged, this, &MainWindow::onMasterVolumeChanged);
+    connect(&changedFiles_, &ChangedFiles::found, this,
+            [this](const QStringList &ids) { import_.offerToReadAgain(ids); });
     connect(&updates_, &UpdateChecker::updateAvailable, this, &MainWindow::onUpdateAvailable);
     connect(&updates_, &UpdateChecker::updateCheckFailed, this, &MainWindow::onUpdateFailed);
     connect(&export_, &ExportCommands::renderStarted, this, &MainWindow::onRenderStarted);
@@ -159,6 +161,14 @@ void MainWindow::showEvent(QShowEvent *event)
 {
     QMainWindow::showEvent(event);
     QTimer::singleShot(0, &instrumentCommands_, &InstrumentCommands::scan); // after the first paint
+}
+
+// Back from another program, which may have changed files.
+void MainWindow::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        changedFiles_.check(tracks_);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)

@@ -11,6 +11,7 @@
 #include "app/commands/TrackCommands.h"
 #include "app/commands/TransportCommands.h"
 #include "app/commands/WindowActions.h"
+#include "app/services/ChangedFiles.h"
 #include "app/services/EditorWindows.h"
 #include "app/services/Playback.h"
 #include "app/services/UpdateChecker.h"
@@ -110,6 +111,7 @@ public slots:
     void onUpdateFailed(const QString &error);
 
 protected:
+    void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
@@ -134,6 +136,7 @@ private:
     Playback playback_;
     EditorWindows editors_;
     UpdateChecker updates_;
+    ChangedFiles changedFiles_;
 
     TrackRows *rows_;
     InstrumentComboBox *instrumentList_;

@@ -328,6 +328,36 @@ private slots:
         QVERIFY(fixture_->tracks().unsavedIds().isEmpty() && dialogs.messages.isEmpty());
     }
 
+    void offersToReadChangedFilesAgain()
+    {
+        const auto file = fixture_->write("old.abc", abc("Old"));
+        fixture_->window().openFiles({file, file, fixture_->write("other.abc", abc("Other"))});
+        QTRY_COMPARE(fixture_->tracks().song().size(), 3);
+        auto &dialogs = fixture_->dialogs();
+        const auto comeBack = [this] {
+            fixture_->window().activateWindow();
+            QEvent event(QEvent::ActivationChange);
+            QCoreApplication::sendEvent(&fixture_->window(), &event);
+        };
+        fixture_->write("old.abc", abc("New"));
+        dialogs.answer = Dialogs::Answer::Yes;
+        comeBack();
+        const QStringList titles{QStringLiteral("New"), QStringLiteral("New"), QStringLiteral("Other")};
+        QTRY_COMPARE(fixture_->titles(), titles);
+        QVERIFY(fixture_->tracks().unsavedIds().isEmpty());
+        QVERIFY(dialogs.asked.size() == 1 && dialogs.takeAsked().first().contains(file));
+
+        fixture_->row(0)->onTransposeUp();
+        fixture_->write("old.abc", abc("Newer, by more"));
+        dialogs.answer = Dialogs::Answer::No;
+        comeBack();
+        QTRY_COMPARE(dialogs.asked.size(), 1);
+        comeBack();
+        QTest::qWait(100);
+        QCOMPARE(dialogs.asked.size(), 1); // each change is told once
+        QCOMPARE(fixture_->titles(), titles);
+    }
+
     void stopsSavingWhenCancelled()
     {
         QVERIFY(fixture_->import(jig, 3));

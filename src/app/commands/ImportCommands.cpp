@@ -8,8 +8,15 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFileInfo>
+#include <QMap>
 #include <QMenu>
 #include <QMimeData>
+
+namespace {
+
+constexpr int longestList = 20; // lines of a message
+
+} // namespace
 
 QVector<ActionRow> ImportCommands::actions()
 {
@@ -111,4 +118,25 @@ void ImportCommands::fillRecentMenu(QMenu &menu)
         entry->setStatusTip(path);
         QObject::connect(entry, &QAction::triggered, &context_.window, [=, this] { openFiles({path}); });
     }
+}
+
+void ImportCommands::offerToReadAgain(const QStringList &ids)
+{
+    QMap<QString, QStringList> idsByPath;
+    for (const auto &id : ids) {
+        if (context_.tracks.isFiled(id))
+            idsByPath[context_.tracks.filePath(id)].append(id);
+    }
+    const QStringList paths = idsByPath.keys();
+    const auto question = tr("%n file(s) were changed by another program:\n%1\nWould you like to read them again?",
+                             nullptr, int(paths.size()))
+                              .arg(paths.mid(0, longestList).join(u'\n'));
+    if (paths.isEmpty() || context_.dialogs.ask(&context_.window, tr("Changed Files"), question) == Dialogs::Answer::No)
+        return;
+    for (const auto &path : paths)
+        queue_.load({tr("Read Again"),
+                     tr("Loading files..."),
+                     {{SongSource::Kind::AbcFile, path}},
+                     ExistingTracks::Keep,
+                     idsByPath[path]});
 }

@@ -28,6 +28,8 @@ public:
     static bool acceptsDrop(const QMimeData &data);
     void takeDrop(const QMimeData &data);
     void fillRecentMenu(QMenu &menu);
+    // Asks whether to read the files of these tracks again, which another program changed.
+    void offerToReadAgain(const QStringList &ids);
 
 private:
     CommandContext context_;

@@ -57,6 +57,13 @@ void ImportQueue::take(const ImportRequest &request, const ReadSong &song)
     for (const auto &track : song.tracks)
         added.append({track, context_.playback.instrumentNameFor(track)});
     const bool isRead = !added.isEmpty(); // else nothing is removed either
+    if (song.tracks.size() == 1 && !request.replaced.isEmpty()) {
+        for (const auto &id : request.replaced)
+            context_.tracks.setTrack(request.step, id, song.tracks.first());
+        for (const auto &id : request.replaced)
+            context_.tracks.markSaved(id, song.tracks.first().filePath());
+        return;
+    }
     context_.tracks.add(request.step, added, isRead ? request.existing : ExistingTracks::Keep);
     for (const auto &file : song.readFiles)
         RecentFiles::add(context_.settings, file);

@@ -1,15 +1,13 @@
 #include "app/commands/SaveCommands.h"
 
 #include "app/services/RecentFiles.h"
-#include "base/FileProtection.h"
+#include "base/FileState.h"
 #include "base/SafeFile.h"
-#include "base/TextDecoding.h"
 #include "settings/Settings.h"
 #include "ui/Dialogs.h"
 #include "ui/tracks/TrackList.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QWidget>
 
@@ -21,15 +19,6 @@ QString shownTitle(const Track &track)
 {
     const auto title = track.title();
     return title.isEmpty() ? QStringLiteral("Untitled") : title;
-}
-
-// Whether a file that is there holds another text. A character takes at most four bytes, and a mark may stand before.
-bool differs(const QString &path, const QString &text)
-{
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
-        return false;
-    return file.size() > 4 * qint64(text.size()) + 4 || decodeText(file.readAll()) != text;
 }
 
 } // namespace
@@ -61,8 +50,7 @@ void SaveCommands::saveAll()
 
 bool SaveCommands::isInItsFile(const QString &id) const
 {
-    const auto path = context_.tracks.filePath(id);
-    return !path.isEmpty() && !context_.tracks.isUnsaved(id) && QFileInfo::exists(path);
+    return context_.tracks.isFiled(id) && QFileInfo::exists(context_.tracks.filePath(id));
 }
 
 bool SaveCommands::mayClose()
@@ -158,7 +146,7 @@ QString SaveCommands::objectionTo(const QString &id, const QString &path) const
         return tr("'%1' is also the file of the track '%2', which would be lost from it.")
             .arg(path, shownTitle(*context_.tracks.find(rivals.first())->track));
     const auto known = context_.tracks.savedText(id);
-    if (known && path == context_.tracks.filePath(id) && differs(path, *known))
+    if (known && path == context_.tracks.filePath(id) && holdsAnotherText(path, *known))
         return tr("'%1' was changed by another program.").arg(path);
     switch (protectionOf(path)) {
     case FileProtection::ReadOnly:

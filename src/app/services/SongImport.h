@@ -16,6 +16,7 @@ struct ImportRequest
     QString status; // while it runs
     QVector<SongSource> sources;
     ExistingTracks existing = ExistingTracks::Keep;
+    QStringList replaced = {}; // the tracks whose file is read again
 };
 
 // Reads songs beside the interface thread, one request after another.

@@ -66,6 +66,8 @@ public:
     // stays as it was added.
     bool isUnsaved(const QString &id) const;
     QStringList unsavedIds() const;
+    // Whether it has a file and does not differ from it.
+    bool isFiled(const QString &id) const { return !filePath(id).isEmpty() && !isUnsaved(id); }
     // Where the track is read from and saved to; empty while it has no file.
     QString filePath(const QString &id) const { return saved_.value(id).path; }
     // What the file held when it was read or saved last; nothing where that is not known.

@@ -7,3 +7,6 @@ enum class FileProtection { None, ReadOnly, OfAnotherUser };
 
 // None for a file that does not exist. On any thread.
 FileProtection protectionOf(const QString &path);
+
+// Whether a regular file that can be read holds another text; no other file does. On any thread.
+bool holdsAnotherText(const QString &path, const QString &text);
