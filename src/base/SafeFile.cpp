@@ -5,15 +5,15 @@
 #include <QRandomGenerator>
 
 #include <algorithm>
-
-#ifdef Q_OS_UNIX
 #include <cerrno>
 #include <cstring>
+#ifdef Q_OS_UNIX
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #else
 #include <filesystem>
+#include <io.h>
 #include <system_error>
 #endif
 
@@ -143,6 +143,19 @@ QString nameBeside(const QString &target)
 } // namespace
 
 namespace SafeFile {
+
+void synchronise(QFile &file)
+{
+    if (!file.flush())
+        throw file.errorString();
+#ifdef Q_OS_UNIX
+    if (fsync(file.handle()) != 0)
+        failWithErrno();
+#else
+    if (_commit(file.handle()) != 0)
+        throw QString::fromLocal8Bit(std::strerror(errno));
+#endif
+}
 
 Replacement::Replacement(const QString &target)
 {

@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QString>
 
+class QFile;
+
 // Replaces a file in one step: the bytes are written and synchronised beside it and then take its place, so that a
 // crash or a full disk leaves either the old file or the new one. A symbolic link is followed. Refuses a target that
 // exists and is no regular file. Throws a QString that says why it could not be written; nothing is left behind then.
@@ -34,6 +36,9 @@ private:
     QString path_;
     bool isCommitted_ = false;
 };
+
+// Returns when everything that was written to an open file is on the disk; throws a QString when it cannot be.
+void synchronise(QFile &file);
 
 // A title as the name of a file: what a file system refuses becomes "_", at most 200 bytes of UTF-8.
 QString cleanName(const QString &title);

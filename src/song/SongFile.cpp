@@ -8,7 +8,6 @@
 #include <QJsonDocument>
 
 #include <functional>
-#include <numeric>
 
 namespace {
 
@@ -40,19 +39,6 @@ QString relativePath(const QString &path, const QString &folder)
 QString absolutePath(const QString &path, const QString &folder)
 {
     return QDir::cleanPath(QDir::isRelativePath(path) ? folder + u'/' + path : path);
-}
-
-void checkSize(qint64 size)
-{
-    if (size > SongFile::largestFile)
-        throw QCoreApplication::translate("SongFile", "The song file is larger than 256 MB.");
-}
-
-qint64 lengthOfTexts(const Song &song)
-{
-    return std::accumulate(song.parts.cbegin(), song.parts.cend(), qint64(0), [](qint64 sum, const SongPart &part) {
-        return sum + part.abc.size() + part.draft.value_or(QString()).size();
-    });
 }
 
 [[noreturn]] void failAt(const QByteArray &bytes, const QJsonParseError &error)
@@ -94,7 +80,7 @@ namespace SongFile {
 QByteArray toBytes(const Song &song, const QString &folder)
 {
     SongJson::check(song);
-    checkSize(lengthOfTexts(song)); // before it is tried
+    SongJson::checkSize(song); // before it is tried
     auto written = song;
     if (!folder.isEmpty())
         changePaths(written, [&](const QString &path) { return relativePath(path, folder); });
@@ -102,13 +88,13 @@ QByteArray toBytes(const Song &song, const QString &folder)
     object[formatKey] = formatName;
     object[versionKey] = version;
     const auto bytes = writeJson(object, JsonLayout::Lines, SongJson::memberOrder()) + '\n';
-    checkSize(bytes.size());
+    SongJson::checkSize(bytes.size());
     return bytes;
 }
 
 Song fromBytes(const QByteArray &bytes, const QString &folder)
 {
-    checkSize(bytes.size());
+    SongJson::checkSize(bytes.size());
     const auto object = parse(bytes);
     checkFormat(object);
     Song song;

@@ -9,7 +9,6 @@
 namespace SongFile {
 
 constexpr int version = 1;
-constexpr qint64 largestFile = 256 << 20; // bytes
 
 // folder: where the file stands or will stand, absolute; paths below it are written relative to it. Empty for a song
 // that stands nowhere: all its paths are absolute.

@@ -312,6 +312,20 @@ void check(const Song &song)
     }
 }
 
+void checkSize(qint64 bytes)
+{
+    if (bytes > largestSong)
+        throw QCoreApplication::translate("SongFile", "The song file is larger than 256 MB.");
+}
+
+void checkSize(const Song &song)
+{
+    qint64 characters = 0;
+    for (const auto &part : song.parts)
+        characters += part.abc.size() + (part.draft ? part.draft->size() : 0);
+    checkSize(characters);
+}
+
 QJsonObject othersOfSong(const QJsonObject &object)
 {
     static const auto known = namesOfSong();

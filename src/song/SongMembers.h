@@ -32,12 +32,17 @@ const std::vector<SongText> &partTexts();
 namespace SongJson {
 
 constexpr int mostParts = 10'000;
+constexpr qint64 largestSong = 256 << 20; // bytes
 
 QJsonObject fromSong(const Song &song);
 Song toSong(const QJsonObject &object);
 
 // Throws unless every part has an id of its own, there are not too many, and every value is in its range.
 void check(const Song &song);
+
+// Throws when so many bytes, or the texts alone, are more than a song file may have.
+void checkSize(qint64 bytes);
+void checkSize(const Song &song);
 
 // Members that no row knows.
 QJsonObject othersOfSong(const QJsonObject &object);

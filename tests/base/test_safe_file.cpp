@@ -1,16 +1,13 @@
 #include "base/SafeFile.h"
 #include "support/Rows.h"
+#include "support/SystemFaults.h"
 #include "support/TestFolder.h"
 #include "support/Thrown.h"
 
 #include <QtTest>
 
 #include <atomic>
-#include <cerrno>
 #include <csignal>
-#include <cstdarg>
-#include <dlfcn.h>
-#include <fcntl.h>
 #include <new>
 #include <random>
 #include <sched.h>
@@ -18,61 +15,6 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-// The system calls that saving is made of, replaced for this program: the one with the armed number fails.
-namespace faults {
-
-int callsUntilFault = 0; // 0: none is armed
-size_t longestWrite = SIZE_MAX;
-
-bool isDue()
-{
-    if (callsUntilFault == 0 || --callsUntilFault > 0)
-        return false;
-    errno = EIO;
-    return true;
-}
-
-template<typename Function>
-Function original(const char *name)
-{
-    return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
-}
-
-} // namespace faults
-
-extern "C" {
-
-int open(const char *path, int flags, ...)
-{
-    va_list arguments;
-    va_start(arguments, flags);
-    const auto mode = va_arg(arguments, mode_t);
-    va_end(arguments);
-    return faults::isDue() ? -1 : faults::original<int (*)(const char *, int, ...)>("open")(path, flags, mode);
-}
-
-ssize_t write(int descriptor, const void *bytes, size_t size)
-{
-    static const auto original = faults::original<ssize_t (*)(int, const void *, size_t)>("write");
-    return faults::isDue() ? -1 : original(descriptor, bytes, std::min(size, faults::longestWrite));
-}
-
-int fsync(int descriptor)
-{
-    return faults::isDue() ? -1 : faults::original<int (*)(int)>("fsync")(descriptor);
-}
-
-int rename(const char *from, const char *to) noexcept
-{
-    return faults::isDue() ? -1 : faults::original<int (*)(const char *, const char *)>("rename")(from, to);
-}
-
-int fchmod(int descriptor, mode_t mode) noexcept
-{
-    return faults::isDue() ? -1 : faults::original<int (*)(int, mode_t)>("fchmod")(descriptor, mode);
-}
-}
 
 class TestSafeFile : public QObject
 {
@@ -89,7 +31,7 @@ private slots:
             SafeFile::write(path(), old_);
             faults::callsUntilFault = call;
             const auto message = thrownBy([this] { SafeFile::write(path(), new_); });
-            const bool wasReached = std::exchange(faults::callsUntilFault, 0) == 0;
+            const bool wasReached = faults::callsUntilFault.exchange(0) == 0;
             QCOMPARE(names(), QStringList(QStringLiteral("song.abc")));
             QVERIFY(content() == old_ || content() == new_);
             if (!wasReached) {

@@ -126,7 +126,7 @@ private slots:
         row("no id", song(R"("parts": [{"id": ""}])"), damaged + QStringLiteral("A part has no id."));
         row("too many parts", song("\"parts\": [" + QByteArray("0,").repeated(10'000) + "0]"),
             damaged + QStringLiteral("The song has more than 10000 parts."));
-        row("too long", QByteArray(int(SongFile::largestFile) + 1, ' '), "The song file is larger than 256 MB.");
+        row("too long", QByteArray(int(SongJson::largestSong) + 1, ' '), "The song file is larger than 256 MB.");
     }
 
     void refuses()

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "song/JournalRecords.h"
+
+#include <QFile>
+#include <QLockFile>
+
+#include <optional>
+
+// One journal's file. It appears with the first write, and is locked until this object ends, so that other processes
+// let it be. On one thread at a time.
+class JournalWriter
+{
+public:
+    explicit JournalWriter(const QString &path); // touches nothing yet
+    JournalWriter(const JournalWriter &) = delete;
+    JournalWriter &operator=(const JournalWriter &) = delete;
+
+    // Both throw a QString when it cannot be done. The file then still holds an earlier state, and the next write()
+    // makes up for it.
+    void write(const JournalledSong &song, JournalMark mark = JournalMark::Open);
+    void sync();
+
+    bool needsSync() const { return needsSync_; }
+
+    // Nothing more will be written: others may have the file, or it is gone.
+    void close();
+    void remove();
+
+private:
+    void begin(const JournalledSong &song, JournalMark mark);
+    void append(const JournalledSong &song, JournalMark mark);
+    void own();
+
+    QFile file_; // open once there is a journal that can be continued
+    QLockFile lock_;
+    std::optional<JournalledSong> last_;
+    qint64 beginningSize_ = 0; // bytes
+    qint64 size_ = 0;          // bytes of whole records
+    bool needsSync_ = false;
+};
