@@ -3,7 +3,7 @@
 #   composer_test(NAME [THREADS] [WINDOW] [LINKS …]) tests/…: NAME.cpp, run by ctest under its name; THREADS: worth a
 #                                                run under ThreadSanitizer; WINDOW: opens windows, without a display
 #   composer_fuzzer(NAME CORPUS folder [LINKS …]) fuzz/…: NAME.cpp, its corpus replayed by ctest
-#   composer_benchmark(NAME [LINKS targets…])    bench/…: NAME.cpp
+#   composer_benchmark(NAME [LINKS targets…])    benchmarks/…: NAME.cpp
 # Each takes its sources from the current folder, so a new file needs no new line.
 
 set(CMAKE_CXX_STANDARD 20)

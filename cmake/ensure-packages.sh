@@ -1,4 +1,4 @@
-# Sourced by ./run and ./test: ensure_packages NAME… installs the Debian packages that are missing.
+# Sourced by ./run, ./test and ./bench: ensure_packages NAME… installs the Debian packages that are missing.
 ensure_packages() {
     local missing=() name
     for name in "$@"; do
@@ -13,6 +13,7 @@ ensure_packages() {
 }
 
 build_packages=(g++ cmake ninja-build ccache pkg-config qtbase5-dev libsndfile1-dev libsdl2-dev librsvg2-bin)
+bench_packages=(libbenchmark-dev libfluidsynth-dev)
 
 # build PRESET [TARGET…]: configures when needed and builds.
 build() {

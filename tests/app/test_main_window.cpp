@@ -237,7 +237,7 @@ private slots:
         const auto drag = [&](int from, int to, double share) {
             auto *const handle = fixture_->inRow<QWidget>(from, "dragHandle");
             const auto *const target = fixture_->row(to);
-            const auto place = target->mapToGlobal({5, int(target->height() * share)});
+            const auto place = target->mapToGlobal(QPoint(5, int(target->height() * share)));
             mouse = handle->mapFromGlobal(place);
             QTest::mousePress(handle, Qt::LeftButton);
             QMouseEvent move(QEvent::MouseMove, mouse, place, Qt::NoButton, Qt::LeftButton, {});

@@ -160,7 +160,11 @@ private slots:
         recording.update();
         const auto read = [this](GroupId id) {
             const auto [leftRms, rightRms, leftPeak, rightPeak] = engine->groupMeter(id);
-            return QStringLiteral("%1 %2 %3 %4").arg(leftRms).arg(rightRms).arg(leftPeak).arg(rightPeak);
+            return QStringLiteral("%1 %2 %3 %4")
+                .arg(double(leftRms))
+                .arg(double(rightRms))
+                .arg(double(leftPeak))
+                .arg(double(rightPeak));
         };
         QCOMPARE(read(track), QStringLiteral("0.25 0.0117188 0.25 0.375"));
         QCOMPARE(engine->groupMeter(masterGroup).rightPeak, 0.375F);

@@ -3,6 +3,7 @@
 // Usage: soak_song [SONGS] [KILLS]
 #include "song/JournalKills.h"
 #include "song/SongFile.h"
+#include "support/Figures.h"
 
 #include <cstdio>
 
@@ -57,5 +58,8 @@ int main(int argc, char **argv)
     if (QCoreApplication::arguments().value(1) == u"edit")
         return JournalKills::editUntilKilled(QCoreApplication::arguments());
     const int changed = countChangedSongs(argument(1, 10'000));
-    return changed + countLostSongs(argument(2, 1000)) == 0 ? 0 : 1;
+    bool isGood = report({"Song files: songs that came back different", double(changed), 0, {}, Better::Less});
+    const int lost = countLostSongs(argument(2, 1000));
+    isGood &= report({"Journals: songs that were lost in a kill", double(lost), 0, {}, Better::Less});
+    return isGood ? 0 : 1;
 }

@@ -197,7 +197,7 @@ void SineToNoise(benchmark::State &state, double hertz, bool isExport)
     const double step = 2 * std::numbers::pi * hertz * upAQuarterTone / engineRate;
     double cc = 0, ss = 0, cs = 0, yc = 0, ys = 0;
     for (auto i = first; i < last; ++i) {
-        const double y = stereo[2 * i], c = std::cos(step * double(i)), s = std::sin(step * double(i));
+        const double y = double(stereo[2 * i]), c = std::cos(step * double(i)), s = std::sin(step * double(i));
         cc += c * c, ss += s * s, cs += c * s, yc += y * c, ys += y * s;
     }
     const double determinant = cc * ss - cs * cs;
