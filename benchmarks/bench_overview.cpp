@@ -57,7 +57,9 @@ public:
         auto *const layout = new QVBoxLayout(column);
         layout->setSpacing(2);
         for (unsigned i = 0; i < trackCount; ++i) {
-            rows_.append(new TrackWidget(makeTrack(i), instruments_, settings_, dialogs_));
+            const auto track = std::make_shared<const Track>(makeTrack(i));
+            rows_.append(new TrackWidget(std::make_shared<SongTrack>(SongTrack{QString::number(i), track, {}}),
+                                         instruments_, settings_, dialogs_));
             rows_.last()->setCommonLength(songLength);
             layout->addWidget(rows_.last());
         }
