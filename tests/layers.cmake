@@ -32,6 +32,16 @@ set(LAYERS
     "tools/demogame|")
 set(LAYERS_WITHOUT_QT "src/audio/sound" "src/audio/engine")
 
+# People look for the layers in the page about the architecture.
+file(READ ${SOURCE_DIR}/docs/architecture.md ARCHITECTURE)
+foreach(ROW IN LISTS LAYERS)
+    string(REGEX REPLACE "[|].*" "" NAME "${ROW}")
+    string(FIND "${ARCHITECTURE}" "`${NAME}`" AT)
+    if(AT EQUAL -1)
+        message(SEND_ERROR "docs/architecture.md does not say what is in ${NAME}")
+    endif()
+endforeach()
+
 # Sets LAYER to the row's name and MAY_INCLUDE to its list.
 function(find_layer PATH)
     set(LAYER "")
