@@ -45,7 +45,13 @@ public:
     qint64 position() const { return at_ - buffer_.constData(); }
     quint64 left() const { return quint64(end_ - at_) + quint64(unfetched_); }
 
-    quint8 u8() { return at_ != end_ || fetch(1) ? quint8(*at_++) : quint8(0); }
+    quint8 u8()
+    {
+        if (at_ == end_ && !fetch(1)) [[unlikely]]
+            return 0;
+        return quint8(*at_++);
+    }
+
     quint8 peek() { return at_ != end_ || fetch(1) ? quint8(*at_) : quint8(0); } // the next byte, which stays
 
     // Most significant byte first.
@@ -70,7 +76,13 @@ public:
     // Bytes preceded by their number, of variable length, under the same terms.
     std::string_view string() { return bytes(variableLength()); }
 
-    void skip(quint64 count) { bytes(count); }
+    void skip(quint64 count)
+    {
+        if (count <= quint64(end_ - at_)) [[likely]]
+            at_ += count;
+        else
+            bytes(count);
+    }
 
     // Everything from the start to the current position. Nothing can be read afterwards.
     QByteArray takeRead();

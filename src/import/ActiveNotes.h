@@ -12,8 +12,8 @@ class ActiveNotes
 public:
     struct Note
     {
-        quint64 start = 0; // file ticks
-        quint8 velocity = 0;
+        quint64 start; // file ticks
+        quint8 velocity;
     };
 
     // Keys are bytes and bends reach from -255 to 765 semitones, so no pitch lies outside.
@@ -52,5 +52,5 @@ private:
     Note &note(int pitch) { return notes_[index(pitch)]; }
 
     std::array<quint64, pitchCount / 64> active_{};
-    std::array<Note, pitchCount> notes_;
+    std::array<Note, pitchCount> notes_; // only those that are active are ever read
 };

@@ -47,7 +47,7 @@ QString oneLine(QString text)
 
 MidiConversion::MidiConversion(const MidiImportOptions &options, quint16 division, qsizetype fileSize)
     : options_(options), tickScale_(double(ticksPerWholeNote) / (4.0 * division)), limits_(fileSize),
-      channels_(std::make_unique<std::array<Channel, 16>>())
+      channels_(new std::array<Channel, 16>) // make_unique would clear 300 kB that nobody reads
 {
 }
 
