@@ -114,6 +114,10 @@ public:
     // own mixes exactly one block here, on the caller's thread. [audio]
     virtual AudioResult update() = 0;
     virtual OutputState outputState() const = 0; // [audio]
+    // Nothing sounds or is scheduled, and nothing will be until wake(): the clock may stand still, and threads and
+    // device be given back. [audio]
+    virtual void rest() {}
+    virtual void wake() {}
 
     virtual int sampleRate() const = 0;            // Hz; fixed from initialize() to release() [any]
     virtual std::size_t blockFrames() const = 0;   // [any]

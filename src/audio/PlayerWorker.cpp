@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 #include <vector>
 
 qint64 steadyMilliseconds()
@@ -89,6 +90,7 @@ void PlayerWorker::initialize()
             runPass();
         });
         reportOutput();
+        lastBusy_ = now_();
         timer_.start();
     });
 }
@@ -135,6 +137,29 @@ void PlayerWorker::runPass()
         [this](const QString &trackId, int index) { emit noteReleased(trackId, index); });
     check(engine_->update());
     reportOutput();
+    restWhenIdle();
+}
+
+// Before anything sounds.
+void PlayerWorker::wake()
+{
+    lastBusy_ = now_();
+    if (!std::exchange(isResting_, false))
+        return;
+    engine_->wake();
+    timer_.start();
+}
+
+void PlayerWorker::restWhenIdle()
+{
+    constexpr qint64 patience = 2000; // until then every queue behind the engine has been heard
+    const auto now = now_();
+    if (!tracks_.isEmpty() || !soundingNotes_.isEmpty() || engine_->playingVoices() > 0)
+        lastBusy_ = now;
+    if (now - lastBusy_ <= patience || std::exchange(isResting_, true))
+        return;
+    timer_.stop();
+    engine_->rest();
 }
 
 bool PlayerWorker::areMetersDue()
@@ -187,6 +212,7 @@ void PlayerWorker::reportOutput()
 void PlayerWorker::playPreviewNote(const Instrument &instrument, quint32 noteId)
 {
     withEngine([&] {
+        wake();
         const auto sample = samples_->find(instrument.tuning.notes.value(noteId), never);
         VoiceSpec voice;
         voice.sound = sample.sound;
@@ -212,10 +238,10 @@ void PlayerWorker::stopPreviewNote()
 void PlayerWorker::playTrack(const PlayRequest &request)
 {
     withEngine([&] {
+        wake();
         const TrackPlayback playback(request.track, request.instrument, engine_->sampleRate(),
                                      startClock(request.syncGroup));
         const PlayingTrack playing{playback, request.syncGroup, masterGroup, request.level, request.isMuted};
-        longestLength_ = std::max(longestLength_, request.track.length());
         if (const auto *const leader = leaderOf(request))
             join(request.trackId, playing, leader->playback);
         else
@@ -253,7 +279,8 @@ void PlayerWorker::join(const QString &trackId, PlayingTrack track, const TrackP
     QSet<int> sounding;
     if (const auto replaced = tracks_.constFind(trackId); replaced != tracks_.constEnd()) {
         track.group = replaced->group;
-        sounding = handOver(trackId, replaced->playback, track.playback);
+        sounding = soundingNotes_.handOver(trackId, replaced->playback, track.playback,
+                                           [this](VoiceId voice) { check(engine_->fadeOut(voice, shortFade())); });
     } else if (!check(engine_->createGroup(track.group))) {
         return;
     }
@@ -264,26 +291,10 @@ void PlayerWorker::join(const QString &trackId, PlayingTrack track, const TrackP
 PlayerWorker::PlayingTrack &PlayerWorker::insert(const QString &trackId, const PlayingTrack &track)
 {
     check(engine_->setGroupLevel(track.group, track.level));
+    longestLength_ = std::max(longestLength_, track.playback.track().length());
     auto &inserted = *tracks_.insert(trackId, track);
     emit trackStarted(trackId);
     return inserted;
-}
-
-QSet<int> PlayerWorker::handOver(const QString &trackId, const TrackPlayback &before, const TrackPlayback &after)
-{
-    const auto fade = std::size_t(engine_->sampleRate()) / 200; // 5 ms: without a click
-    QSet<int> sounding;
-    soundingNotes_.reviseTrack(trackId, [&](SoundingNote &note) {
-        const auto same = after.sameNote(before, note.eventIndex, sounding);
-        if (!same) {
-            check(engine_->fadeOut(note.voice, fade));
-            return false;
-        }
-        note.eventIndex = *same;
-        sounding.insert(*same);
-        return true;
-    });
-    return sounding;
 }
 
 DspClock PlayerWorker::startClock(const QString &syncGroup) const

@@ -99,16 +99,16 @@ private: // [audio]
     void seekTracks(quint64 tickPos, Selected isSelected);
 
     bool check(AudioResult result) { return checker_.check(*engine_, result); }
+    std::size_t shortFade() const { return std::size_t(engine_->sampleRate()) / 200; } // 5 ms: without a click
     DspClock lookAhead() const { return DspClock(0.1 * engine_->sampleRate()); }
     DspClock startClock(const QString &syncGroup) const;
     const PlayingTrack *leaderOf(const PlayRequest &request) const;
     void begin(const QString &trackId, PlayingTrack track);
     void join(const QString &trackId, PlayingTrack track, const TrackPlayback &leader);
     PlayingTrack &insert(const QString &trackId, const PlayingTrack &track);
-    // Ends the notes of a track that its next version has not; returns those of the next version that sound already or
-    // are scheduled.
-    QSet<int> handOver(const QString &trackId, const TrackPlayback &before, const TrackPlayback &after);
     void runPass();
+    void wake();
+    void restWhenIdle();
     bool areMetersDue();
     void tellMasterMeter();
     void tellTrack(const QString &trackId, const PlayingTrack &track, DspClock now);
@@ -130,6 +130,8 @@ private: // [audio]
     SoundingNotes soundingNotes_;
     Ticks longestLength_ = 0;
     qint64 lastMeters_ = 0;
+    bool isResting_ = false;
+    qint64 lastBusy_ = 0; // when something sounded or was to sound
     std::optional<VoiceId> previewVoice_;
     DspClock previewFade_ = 0; // output samples
 };

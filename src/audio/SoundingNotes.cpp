@@ -21,12 +21,22 @@ void SoundingNotes::removeTrack(const QString &trackId)
     std::erase_if(notes_, [&trackId](const SoundingNote &note) { return note.trackId == trackId; });
 }
 
-void SoundingNotes::reviseTrack(const QString &trackId, const std::function<bool(SoundingNote &)> &revise)
+QSet<int> SoundingNotes::handOver(const QString &trackId, const TrackPlayback &before, const TrackPlayback &after,
+                                  const std::function<void(VoiceId)> &end)
 {
+    QSet<int> kept;
     std::erase_if(notes_, [&](SoundingNote &note) {
         if (note.trackId != trackId)
             return false;
+        const auto same = after.sameNote(before, note.eventIndex, kept);
+        if (!same) {
+            end(note.voice);
+            return true;
+        }
+        note.eventIndex = *same;
         note.isPressed = false;
-        return !revise(note);
+        kept.insert(*same);
+        return false;
     });
+    return kept;
 }

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "audio/AudioEngine.h"
+#include "audio/TrackPlayback.h"
 
+#include <QSet>
 #include <QString>
 
 #include <functional>
@@ -24,6 +25,7 @@ class SoundingNotes
 public:
     using Tell = std::function<void(const QString &trackId, int eventIndex)>;
 
+    bool isEmpty() const { return notes_.empty(); }
     void add(const SoundingNote &note) { notes_.push_back(note); }
 
     // In the order in which the notes were added; one that has ended is forgotten. The two must not change the list.
@@ -32,9 +34,10 @@ public:
     // Nothing more is told of the track's notes.
     void removeTrack(const QString &trackId);
 
-    // Gives the track's notes, which are not pressed any more, to a function that may change them; those for which it
-    // returns false are forgotten.
-    void reviseTrack(const QString &trackId, const std::function<bool(SoundingNote &)> &revise);
+    // Another version of the track takes its place. Notes that it has not are given to `end` and forgotten; of the
+    // others, pressed or not, it is told anew when they are pressed. Returns their events in the new version.
+    QSet<int> handOver(const QString &trackId, const TrackPlayback &before, const TrackPlayback &after,
+                       const std::function<void(VoiceId)> &end);
 
 private:
     std::vector<SoundingNote> notes_;

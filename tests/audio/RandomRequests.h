@@ -1,6 +1,7 @@
 #pragma once
 
 #include "SampleFiles.h"
+#include "audio/PlayRequest.h"
 
 #include <functional>
 #include <random>
@@ -41,6 +42,9 @@ public:
             },
             [=](Player &player) {
                 player.playTrack({id, melody, instrument, {1, -level}, group, flag});
+            },
+            [=](Player &player) {
+                player.playTrack({id, melody, instrument, {}, group, flag, PlayRequest::Begin::WithTheGroup});
             },
             [=](Player &player) { player.stopTrack(id); },
             [=](Player &player) { tick % 8 == 0 ? player.stopAll() : player.stopTrack(id); }, // rarely: notes need time

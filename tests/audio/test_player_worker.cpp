@@ -521,6 +521,42 @@ private slots:
         worker.terminate();
     }
 
+    void restsWhileNothingSounds()
+    {
+        class RestingEngine : public BuiltinEngine
+        {
+        public:
+            explicit RestingEngine(QString &told) : BuiltinEngine(EngineOutput::Silent), told_(told) {}
+            void rest() override { told_ += QStringLiteral("rest "); }
+            void wake() override { told_ += QStringLiteral("wake "); }
+
+        private:
+            QString &told_;
+        };
+        QString told;
+        qint64 time = 0;
+        PlayerWorker worker([&told] { return std::make_unique<RestingEngine>(told); }, [&time] { return time; });
+        const auto pass = [&](qint64 milliseconds, const char *part) {
+            time += milliseconds;
+            worker.update();
+            told += QString::fromLatin1(part);
+        };
+        worker.initialize();
+        pass(1990, "| ");
+        pass(20, "| ");
+        pass(1000, "| ");
+        worker.playTrack({a, clicks(100), instrumentOf(click_), {}, noGroup, true}); // muted is not idle
+        pass(5000, "| ");
+        worker.stopAll();
+        pass(2010, "| ");
+        worker.playPreviewNote(instrumentOf(files_.level(1000, 1500)), 60);
+        for (int i = 0; i < 4; ++i)
+            pass(1990, "");
+        pass(0, "| ");
+        worker.terminate();
+        QCOMPARE(told, QStringLiteral("| rest | | wake | rest | wake rest | "));
+    }
+
     void terminateMustComeFirst()
     {
         const LoggedLines logged;

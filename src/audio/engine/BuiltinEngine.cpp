@@ -1,93 +1,33 @@
 #include "audio/engine/BuiltinEngine.h"
 
-#include "audio/engine/DeviceOutput.h"
-#include "audio/engine/PacedOutput.h"
+#include "audio/engine/RealTimeOutput.h"
 #include "audio/engine/SpanRender.h"
 #include "audio/engine/VoiceTable.h"
 #include "audio/engine/WavWriter.h"
 
-#include <chrono>
 #include <cmath>
-#include <future>
 
-namespace {
-
-constexpr int ownSampleRate = WavWriter::sampleRate; // where no device has one
-constexpr std::chrono::seconds deviceSearchInterval{4};
-
-using Time = std::chrono::steady_clock::time_point;
-Time now()
-{
-    return std::chrono::steady_clock::now();
-}
-
-} // namespace
-
-// What exists between initialize() and release(). The outputs come last, so that their threads end first.
+// What exists between initialize() and release(). The output comes last, so that its threads end first.
 struct BuiltinEngine::Session
 {
     Mixer mixer;
     VoiceTable table;
-    int sampleRate = ownSampleRate;
     std::vector<float> block; // of an output that mixes in update()
     WavWriter file;
-    Time nextSearch;
-    PacedOutput paced;
-    DeviceOutput device{mixer};
-    std::future<bool> search; // for another device, which takes a tenth of a second; `device` is its own meanwhile
+    RealTimeOutput realTime{mixer};
 
-    bool hasDevice() const { return !search.valid() && device.isOpen(); }
     void reap()
     {
         VoiceTable::Slot slot = 0;
         while (mixer.takeFinished(slot))
             table.giveBack(slot);
     }
-
-    AudioResult openDevice();
-    AudioResult watchDevice();
     void mixBlock()
     {
         block.resize(2 * mixerBlockFrames);
         mixer.mix(block.data(), mixerBlockFrames);
     }
 };
-
-AudioResult BuiltinEngine::Session::openDevice()
-{
-    if (!device.open(0)) {
-        nextSearch = now() + deviceSearchInterval;
-        paced.start(mixer, sampleRate);
-        return AudioResult::NoDevice;
-    }
-    sampleRate = device.sampleRate();
-    device.start();
-    return AudioResult::Ok;
-}
-
-AudioResult BuiltinEngine::Session::watchDevice()
-{
-    if (search.valid()) {
-        if (search.wait_for(std::chrono::seconds(0)) == std::future_status::ready && search.get()) {
-            paced.stop();
-            device.start();
-        }
-        nextSearch = now() + deviceSearchInterval;
-    } else if (device.lost()) {
-        device.close();
-        nextSearch = now() + deviceSearchInterval;
-        paced.start(mixer, sampleRate);
-        return AudioResult::DeviceLost;
-    } else if (!device.isOpen() && now() >= nextSearch) {
-        // The new device takes over at the engine's rate, in which all clocks are counted.
-        search = std::async(std::launch::async, [this] {
-            const bool isFound = device.open(sampleRate);
-            DeviceOutput::leaveThread();
-            return isFound;
-        });
-    }
-    return AudioResult::Ok;
-}
 
 struct BuiltinEngine::Parts
 {
@@ -102,11 +42,11 @@ AudioResult BuiltinEngine::Parts::openOutput()
 {
     switch (output) {
     case EngineOutput::Device:
-        return session->openDevice();
+        return session->realTime.openDevice();
     case EngineOutput::WavFile:
         return session->file.open(wavFile) ? AudioResult::Ok : AudioResult::CannotWrite;
     case EngineOutput::Paced:
-        session->paced.start(session->mixer, session->sampleRate);
+        session->realTime.openPaced();
         return AudioResult::Ok;
     case EngineOutput::Silent:
         return AudioResult::Ok;
@@ -157,7 +97,8 @@ AudioResult BuiltinEngine::update()
     auto result = AudioResult::Ok;
     switch (parts_->output) {
     case EngineOutput::Device:
-        result = session.watchDevice();
+    case EngineOutput::Paced:
+        result = session.realTime.watch();
         break;
     case EngineOutput::WavFile:
         session.mixBlock();
@@ -165,8 +106,6 @@ AudioResult BuiltinEngine::update()
         break;
     case EngineOutput::Silent:
         session.mixBlock();
-        break;
-    case EngineOutput::Paced:
         break;
     }
     session.reap();
@@ -176,13 +115,25 @@ AudioResult BuiltinEngine::update()
 OutputState BuiltinEngine::outputState() const
 {
     const bool lacksDevice =
-        parts_->output == EngineOutput::Device && !(parts_->session && parts_->session->hasDevice());
+        parts_->output == EngineOutput::Device && !(parts_->session && parts_->session->realTime.hasDevice());
     return lacksDevice ? OutputState::NoDevice : OutputState::Running;
 }
 
 int BuiltinEngine::sampleRate() const
 {
-    return parts_->session ? parts_->session->sampleRate : ownSampleRate;
+    return parts_->session ? parts_->session->realTime.sampleRate() : RealTimeOutput::ownSampleRate;
+}
+
+void BuiltinEngine::rest()
+{
+    if (parts_->session)
+        parts_->session->realTime.rest();
+}
+
+void BuiltinEngine::wake()
+{
+    if (parts_->session)
+        parts_->session->realTime.wake();
 }
 
 std::size_t BuiltinEngine::blockFrames() const
@@ -308,5 +259,5 @@ std::span<const float> BuiltinEngine::lastBlock() const
 
 std::uint64_t BuiltinEngine::underruns() const
 {
-    return parts_->session ? parts_->session->paced.underruns() : 0;
+    return parts_->session ? parts_->session->realTime.underruns() : 0;
 }

@@ -35,6 +35,8 @@ public:
     AudioResult release() override;
     AudioResult update() override;
     OutputState outputState() const override;
+    void rest() override; // closes the device, for a paused one still wakes a thread
+    void wake() override;
     int sampleRate() const override;
     std::size_t blockFrames() const override;
     DspClock clock() const override;
@@ -51,7 +53,7 @@ public:
 
     // The block that the last update() mixed, interleaved; empty for Device and Paced. [audio]
     std::span<const float> lastBlock() const;
-    // How often the thread of a Paced output came too late for its queue of four blocks. [any]
+    // How often the device ran dry, or the thread of a Paced output came too late for its queue of four blocks. [any]
     std::uint64_t underruns() const;
 
 private:

@@ -6,7 +6,6 @@
 namespace {
 
 constexpr int usualSampleRate = 48000;
-constexpr std::uint16_t bufferFrames = 2 * mixerBlockFrames; // SDL keeps two of them
 
 // SDL's start, end, opening and closing are not made for several threads; two engines may have one each.
 std::mutex &sdlMutex()
@@ -28,9 +27,10 @@ bool DeviceOutput::open(int sampleRate)
     wanted.freq = sampleRate > 0 ? sampleRate : usualSampleRate;
     wanted.format = AUDIO_F32SYS;
     wanted.channels = 2;
-    wanted.samples = bufferFrames;
+    wanted.samples = bufferFrames_;
     wanted.callback = fill;
-    wanted.userdata = &mixer_;
+    wanted.userdata = this;
+    watch_ = {};
     device_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, &got, sampleRate > 0 ? 0 : SDL_AUDIO_ALLOW_FREQUENCY_CHANGE);
     if (device_ == 0)
         SDL_QuitSubSystem(SDL_INIT_AUDIO);
@@ -63,7 +63,26 @@ bool DeviceOutput::lost() const
     return device_ != 0 && SDL_GetAudioDeviceStatus(device_) == SDL_AUDIO_STOPPED;
 }
 
-void DeviceOutput::fill(void *mixer, std::uint8_t *bytes, int size)
+bool DeviceOutput::grow()
 {
-    static_cast<Mixer *>(mixer)->mix(reinterpret_cast<float *>(bytes), std::size_t(size) / (2 * sizeof(float)));
+    constexpr int longest = 95; // ms
+    const auto doubled = 2 * int(bufferFrames_);
+    if (doubled * 1000 > longest * sampleRate_)
+        return false;
+    bufferFrames_ = std::uint16_t(doubled);
+    return true;
+}
+
+void DeviceOutput::fill(void *device, std::uint8_t *bytes, int size)
+{
+    static_cast<DeviceOutput *>(device)->fill(reinterpret_cast<float *>(bytes),
+                                              std::size_t(size) / (2 * sizeof(float)));
+}
+
+void DeviceOutput::fill(float *stereo, std::size_t frames)
+{
+    const auto nanoseconds = std::int64_t(frames) * 1'000'000'000 / sampleRate_;
+    if (watch_.ask(UnderrunWatch::Clock::now(), std::chrono::nanoseconds(nanoseconds)))
+        underruns_.fetch_add(1, std::memory_order_relaxed);
+    mixer_.mix(stereo, frames);
 }

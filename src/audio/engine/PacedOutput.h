@@ -5,7 +5,7 @@
 #include <thread>
 
 // Mixes in real time, for nobody: it stands in where there is no sound device, so that playback still runs. Its queue
-// holds four blocks, as that of a device. [audio]
+// holds four blocks, as the buffer of a device. [audio]
 class PacedOutput
 {
 public:

@@ -1,7 +1,9 @@
 // The outputs: a wave file, a device that is missing, fails and comes back, and the clock that stands in for it.
 #include "audio/WaveFile.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "audio/engine/UnderrunWatch.h"
 #include "audio/sound/Signals.h"
+#include "support/Rows.h"
 #include "support/TestFolder.h"
 
 #include <csignal>
@@ -70,6 +72,59 @@ private slots:
         // Four blocks are mixed ahead, and a busy machine may be late.
         QVERIFY2(mixed <= 48000 * seconds + 5 * 512 && mixed >= 0.5 * 48000 * seconds,
                  qPrintable(QString::number(mixed)));
+    }
+
+    void restsAndWakes_data()
+    {
+        QTest::addColumn<int>("output");
+        QTest::newRow("paced") << int(EngineOutput::Paced);
+        QTest::newRow("device") << int(EngineOutput::Device);
+    }
+
+    void restsAndWakes()
+    {
+        QFETCH(int, output);
+        qputenv("SDL_AUDIODRIVER", "dummy");
+        BuiltinEngine engine{EngineOutput(output)};
+        QCOMPARE(engine.initialize(), AudioResult::Ok);
+        QTRY_VERIFY(engine.clock() > 5000);
+        engine.rest();
+        const auto clock = engine.clock();
+        QTest::qWait(100);
+        QCOMPARE(engine.clock(), clock);
+        QCOMPARE(engine.update(), AudioResult::Ok);
+        QCOMPARE(engine.outputState(), OutputState::Running);
+        engine.wake();
+        QTRY_VERIFY(engine.clock() > clock + 5000);
+        QCOMPARE(engine.outputState(), OutputState::Running);
+    }
+
+    void underrunsAreSeen_data()
+    {
+        const Rows<QString, int> row("waits", "underruns"); // ms between the asks for a buffer of 40 ms
+        row("steady", QStringLiteral("40 40 40 40 40 40 40 40"), 0);
+        row("filled first", QStringLiteral("0 0 0 40 40 40 40 40 40"), 0);
+        row("uneven", QStringLiteral("58 22 40 58 22 58 22 40 40"), 0);
+        row("late and caught up", QStringLiteral("40 95 0 25 40 40 40 40 40 40"), 0);
+        row("dry once", QStringLiteral("40 75 40 40 40 40 40 40 40"), 1);
+        row("dry twice", QStringLiteral("40 90 40 40 40 40 90 40 40 40 40 40"), 2);
+        row("slow clock", QStringLiteral("40.2 ").repeated(5000), 0);
+    }
+
+    void underrunsAreSeen()
+    {
+        QFETCH(QString, waits);
+        QFETCH(int, underruns);
+        using Time = UnderrunWatch::Clock::time_point;
+        UnderrunWatch watch;
+        double milliseconds = 1000;
+        int seen = 0;
+        for (const auto &wait : waits.split(u' ')) {
+            milliseconds += wait.toDouble();
+            const std::chrono::microseconds time(std::int64_t(1000 * milliseconds));
+            seen += watch.ask(Time(time), std::chrono::milliseconds(40)) ? 1 : 0;
+        }
+        QCOMPARE(seen, underruns);
     }
 
     void deviceMissingAndFound()
