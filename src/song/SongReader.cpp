@@ -4,8 +4,12 @@
 #include "base/TextDecoding.h"
 #include "core/AbcParser.h"
 #include "import/ImportLimits.h"
+#include "song/SongFile.h"
+#include "song/SongMembers.h"
+#include "song/SongTracks.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -24,7 +28,7 @@ QString translated(const char *text)
 
 bool isFile(Kind kind)
 {
-    return kind == Kind::AbcFile || kind == Kind::MidiFile || kind == Kind::TextFile;
+    return kind == Kind::AbcFile || kind == Kind::MidiFile || kind == Kind::TextFile || kind == Kind::SongFile;
 }
 
 QString errorTitle(Kind kind)
@@ -35,6 +39,8 @@ QString errorTitle(Kind kind)
     case Kind::AbcFile:
     case Kind::TextFile:
         return QStringLiteral("Error while reading ABC file");
+    case Kind::SongFile:
+        return translated("Error while reading song file");
     case Kind::AbcText:
     case Kind::MmlText:
     case Kind::Bytes:
@@ -43,7 +49,7 @@ QString errorTitle(Kind kind)
     return QStringLiteral("Import from clipboard");
 }
 
-QByteArray readFile(const QString &path)
+QByteArray readFile(const QString &path, qint64 longest = largestSource)
 {
     const QFileInfo info(path);
     if (info.exists() && !info.isFile()) // opening a pipe would wait for its writer
@@ -51,10 +57,10 @@ QByteArray readFile(const QString &path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw QStringLiteral("Could not open file.");
-    return readBytes(file);
+    return readBytes(file, longest);
 }
 
-// One text for all tunes of a source that could not be read: a book of thousands may have thousands of faults.
+// One text for all tunes or parts of a source that could not be read: a book of thousands may have thousands of faults.
 class TuneErrors
 {
 public:
@@ -94,6 +100,8 @@ private:
     void readByText(const QString &text);
     void readAbc(const QString &text);
     void readTune(const QString &text);
+    void readSong(const QByteArray &bytes, const QString &folder);
+    void readBytes(const QByteArray &bytes);
     void take(ImportResult result);
     void add(Track track);
     void readMidi(const QByteArray &bytes) { take(importMidi(bytes, options_.midi, stop_)); }
@@ -135,9 +143,21 @@ void SourceReader::readContent()
         return readAbc(source_.content);
     case Kind::MmlText:
         return readMml(source_.content);
+    case Kind::SongFile:
+        return readSong(readFile(source_.content, SongJson::largestSong), QFileInfo(source_.content).absolutePath());
     case Kind::Bytes:
-        return source_.bytes.startsWith("MThd") ? readMidi(source_.bytes) : readByText(decodeText(source_.bytes));
+        return readBytes(source_.bytes);
     }
+}
+
+void SourceReader::readBytes(const QByteArray &bytes)
+{
+    if (bytes.startsWith("MThd"))
+        readMidi(bytes);
+    else if (bytes.startsWith('{'))
+        readSong(bytes, QDir::currentPath());
+    else
+        readByText(decodeText(bytes));
 }
 
 void SourceReader::readByText(const QString &text)
@@ -177,6 +197,21 @@ void SourceReader::readTune(const QString &text)
     add(parseAbc(text, stop_));
 }
 
+void SourceReader::readSong(const QByteArray &bytes, const QString &folder)
+{
+    song_.song = SongFile::fromBytes(bytes, folder);
+    TuneErrors errors;
+    for (const auto &part : qAsConst(song_.song->parts)) {
+        try {
+            add(SongTracks::trackOf(part, stop_));
+        } catch (const QString &message) {
+            add(SongTracks::silentTrackOf(part));
+            errors.add(message);
+        }
+    }
+    errors.throwIfAny();
+}
+
 void SourceReader::take(ImportResult result)
 {
     song_.report = result.report;
@@ -206,12 +241,22 @@ ReadingOptions readingOptions(const std::function<QVariant(SettingsTable::Settin
             {detectsUnitLength}};
 }
 
-QByteArray readBytes(QIODevice &device)
+QJsonObject importSettings(const std::function<QVariant(SettingsTable::Setting)> &setting)
+{
+    using namespace SettingsTable;
+    QJsonObject settings;
+    for (const auto each :
+         {MidiMergeChannels, MidiAutoRealign, MidiPitchBend, MidiAutoDetectUnitLength, MidiProcessVolume})
+        settings[QLatin1String(rows()[each].key)] = setting(each).toBool();
+    return settings;
+}
+
+QByteArray readBytes(QIODevice &device, qint64 longest)
 {
     constexpr qint64 blockSize = qint64(1) << 20;
     QByteArray bytes;
-    bytes.reserve(int(std::min(device.size(), largestSource)));
-    while (bytes.size() <= largestSource) {
+    bytes.reserve(int(std::min(device.size(), longest)));
+    while (bytes.size() <= longest) {
         const auto block = device.read(blockSize);
         if (block.isEmpty())
             return bytes;

@@ -3,6 +3,7 @@
 #include "import/MidiImport.h"
 #include "import/MmlImport.h"
 #include "settings/SettingsTable.h"
+#include "song/Song.h"
 #include "song/SongSource.h"
 
 #include <QStringList>
@@ -27,6 +28,9 @@ struct ReadingOptions
 };
 ReadingOptions readingOptions(const std::function<QVariant(SettingsTable::Setting)> &setting);
 
+// The same settings by their keys, for SongImported.
+QJsonObject importSettings(const std::function<QVariant(SettingsTable::Setting)> &setting);
+
 struct ReadingError
 {
     QString title;
@@ -39,15 +43,17 @@ struct ReadSong
     QVector<ReadingError> errors;
     QStringList readFiles;                   // whose tracks are there
     std::optional<ImportReport> report = {}; // of a MIDI or MML source that was read by itself
+    std::optional<Song> song = {};           // of a song file that was read by itself; its parts are the tracks
 };
 
-// No file and no input may be longer, in bytes.
+// No file and no input may be longer, in bytes; song files have a bound of their own.
 constexpr qint64 largestSource = qint64(64) << 20;
 
 // Reads everything, but throws a QString when it is longer than that.
-QByteArray readBytes(QIODevice &device);
+QByteArray readBytes(QIODevice &device, qint64 longest = largestSource);
 
-// Several tunes in one ABC text are several tracks; one that cannot be read does not stop the others. Whatever cannot
+// Several tunes in one ABC text, and the parts of a song, are several tracks; one that cannot be read does not stop the
+// others. A part that cannot be read is there without notes. Whatever cannot
 // be read, for want of memory too, becomes an error. Throws only Interrupted, soon after a stop. On any thread.
 ReadSong readSource(const SongSource &source, const ReadingOptions &options, const std::stop_token &stop = {});
 

@@ -53,6 +53,8 @@ SongSource sourceOf(const QString &path)
     const auto suffix = QFileInfo(path).suffix().toLower();
     if (suffix == u"mid" || suffix == u"midi")
         return {Kind::MidiFile, path};
+    if (suffix == u"kvsong")
+        return {Kind::SongFile, path};
     return {suffix == u"abc" ? Kind::AbcFile : Kind::TextFile, path};
 }
 

@@ -15,14 +15,15 @@ struct SongSource
         TextFile, // ABC when its text begins with "X:", MML when it begins with "MML@"
         AbcText,
         MmlText,
-        Bytes, // MIDI when they begin with "MThd", else by the text like a text file
+        SongFile,
+        Bytes, // MIDI when they begin with "MThd", a song file with "{", else by the text like a text file
     };
     Kind kind = Kind::AbcText;
     QString content;       // a file's path, or the text itself; for bytes a name for people
     QByteArray bytes = {}; // only for bytes
 };
 
-// A file by its ending, whose case does not matter: .abc, .mid, .midi, and text for every other.
+// A file by its ending, whose case does not matter: .abc, .mid, .midi, .kvsong, and text for every other.
 SongSource sourceOf(const QString &path);
 
 // Which of the files the user may mean: pasted files may end in .abc, .mid and .midi, dropped ones in .abc and .mid.

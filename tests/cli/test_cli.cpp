@@ -137,6 +137,42 @@ private slots:
         QCOMPARE(folder_->read("out/Air.abc"), folder_->read("out/Air (3).abc"));
     }
 
+    void songsAreInputsAndOutput()
+    {
+        QVERIFY(QFile::copy(QStringLiteral(COMPOSER_EXAMPLES "/harbour-jig.mid"), folder_->path("jig.mid")));
+        QCOMPARE(run("song a.abc jig.mid --output one.kvsong --title Evening").status, 0);
+        const auto one = QJsonDocument::fromJson(folder_->read("one.kvsong")).object();
+        QCOMPARE(one.value(u"title").toString(), QStringLiteral("Evening"));
+        const auto parts = one.value(u"parts").toArray();
+        QCOMPARE(parts.first().toObject().value(u"file").toString(), QStringLiteral("a.abc"));
+        QCOMPARE(one.value(u"imports").toArray().first().toObject().value(u"file").toString(),
+                 QStringLiteral("jig.mid"));
+        QCOMPARE(run("inspect -", folder_->read("one.kvsong")).out, run("inspect one.kvsong").out);
+        QVERIFY(run("convert one.kvsong --output out").status == 0);
+        QCOMPARE(folder_->files("out").size(), parts.size());
+        QCOMPARE(folder_->read("out/Air.abc"), folder_->read("a.abc"));
+
+        QCOMPARE(run("song b.abc --output one.kvsong").error,
+                 QByteArray("kelvarion-composer-cli: one.kvsong: The file exists; --force writes over it.\n"));
+        QCOMPARE(run("song one.kvsong b.abc one.kvsong --output two.kvsong").status, 0);
+        const auto two = QJsonDocument::fromJson(folder_->read("two.kvsong")).object();
+        QCOMPARE(two.value(u"title").toString(), QStringLiteral("Evening"));
+        QCOMPARE(two.value(u"parts").toArray().size(), 2 * parts.size() + 1);
+        QCOMPARE(run("song a.abc b.abc --output two.kvsong --force --merge").status, 0);
+        QCOMPARE(QJsonDocument::fromJson(folder_->read("two.kvsong")).object().value(u"parts").toArray().size(), 1);
+    }
+
+    // The other parts can still be had.
+    void aPartThatCannotBeRead()
+    {
+        folder_->write("bad.kvsong", R"({"format": "kelvarion-song", "version": 1, "parts": [
+            {"id": "T1", "name": "Lute", "abc": ["X:1", "K:C", "C ;"]}, {"id": "T2", "abc": ["X:1", "T:Air", "K:C"]}]})");
+        const auto result = run("convert bad.kvsong --output out");
+        QCOMPARE(result.status, 1);
+        QVERIFY(result.error.startsWith("kelvarion-composer-cli: bad.kvsong: Part \"Lute\": "));
+        QCOMPARE(folder_->files("out").join(u'|'), QStringLiteral("Air.abc|Lute.abc"));
+    }
+
 #ifdef Q_OS_UNIX
     void saysWhatWantsMemory()
     {

@@ -72,6 +72,20 @@ private slots:
         QCOMPARE(click(), std::pair(int(std::lround(level * std::sqrt(0.5))), 48000));
     }
 
+    // A song's parts sound as the window has them.
+    void songs()
+    {
+        folder_.write("mix.kvsong", R"({"format": "kelvarion-song", "version": 1, "masterVolume": 50, "parts": [
+            {"id": "T1", "instrument": "lute", "volume": 80, "pan": -100,
+             "abc": ["X:1", "I:Instrument:bell", "L:1/4", "Q:1/4=60", "K:C", "zC"]},
+            {"id": "T2", "muted": true, "abc": ["X:1", "L:1/4", "Q:1/4=60", "K:C", "C"]}]})");
+        const auto [status, out, error] = run(folder_, "render mix.kvsong --game game --output out.wav");
+        QCOMPARE(status, 0);
+        QCOMPARE(error, QByteArray());
+        QCOMPARE(click(), std::pair(int(std::lround(20000 * 0.4 * std::sqrt(0.5))), 48000));
+        QCOMPARE(WaveFile(wav_).right[48000], 0);
+    }
+
     void inputsThatFailAreLeftOut()
     {
         const auto [status, out, error] = render("X:1\nL:1/4\nQ:1/4=60\nK:C\nzzC\n", QStringLiteral("missing.abc"));

@@ -103,7 +103,7 @@ void readTransforms(Arguments &arguments, const QCommandLineParser &parser)
 }
 
 const char *const transformHelp = R"(
-INPUT is a .mid, .midi or .abc file, another text file that begins with "X:" (ABC) or "MML@" (MML), or - for
+INPUT is a .mid, .midi, .abc or .kvsong file, another text file that begins with "X:" (ABC) or "MML@" (MML), or - for
 standard input.
 
 TRANSFORM, applied to every track in the order given:
@@ -169,7 +169,7 @@ void checkUsage(const Command &command, const QStringList &options, int inputCou
 
 void addOptions(QCommandLineParser &parser)
 {
-    for (const char *name : {"output", "game", "instrument", "set"})
+    for (const char *name : {"output", "game", "instrument", "title", "set"})
         parser.addOption({QLatin1String(name), QString(), QStringLiteral("value")});
     for (const char *name : {"mods", "json", "force", "help"})
         parser.addOption(QCommandLineOption(QLatin1String(name)));
@@ -195,6 +195,7 @@ Invocation parseArguments(const QStringList &words, const std::vector<Command> &
     arguments.output = parser.value(QStringLiteral("output"));
     arguments.game = parser.value(QStringLiteral("game"));
     arguments.instrument = parser.value(QStringLiteral("instrument"));
+    arguments.title = parser.value(QStringLiteral("title"));
     arguments.mods = parser.isSet(QStringLiteral("mods"));
     arguments.json = parser.isSet(QStringLiteral("json"));
     arguments.force = parser.isSet(QStringLiteral("force"));

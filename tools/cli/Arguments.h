@@ -20,6 +20,7 @@ struct Arguments
     QString output;
     QString game;
     QString instrument;
+    QString title;
     bool mods = false;
     bool json = false;
     bool force = false;            // write over files

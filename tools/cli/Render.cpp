@@ -1,11 +1,10 @@
 #include "Render.h"
 
-#include "Input.h"
 #include "Instruments.h"
 #include "Messages.h"
+#include "Parts.h"
 #include "audio/TrackRenderer.h"
 #include "audio/engine/BuiltinEngine.h"
-#include "core/HeaderFields.h"
 
 #include <QEventLoop>
 #include <QFileInfo>
@@ -32,10 +31,10 @@ public:
     int run();
 
 private:
-    QVector<Track> readTracks();
     void refuseInputAsOutput() const;
-    Instrument instrumentFor(const Track &track, const InstrumentSet &instruments) const;
-    void renderTracks(const QVector<Track> &tracks, const InstrumentSet &instruments);
+    Instrument instrumentFor(const SongPart &part, const InstrumentSet &instruments) const;
+    void addParts(TrackRenderer &renderer, const Parts &parts, const InstrumentSet &instruments) const;
+    void renderParts(const Parts &parts, const InstrumentSet &instruments);
     void showProgress(quint64 tick, quint64 total);
 
     static constexpr int wholeBar = 100;
@@ -47,8 +46,8 @@ private:
 
 int Rendering::run()
 {
-    const auto tracks = readTracks();
-    if (failed_ && tracks.isEmpty())
+    const auto parts = readParts(arguments_, failed_);
+    if (failed_ && parts.tracks.isEmpty())
         return 1;
     InstrumentSet instruments;
     const auto scan = [&] {
@@ -58,23 +57,10 @@ int Rendering::run()
     };
     const auto write = [&] {
         refuseInputAsOutput();
-        renderTracks(tracks, instruments);
+        renderParts(parts, instruments);
     };
     const bool isDone = runOrPrint(arguments_.game, scan) && runOrPrint(arguments_.output, write);
     return isDone && !failed_ ? 0 : 1;
-}
-
-QVector<Track> Rendering::readTracks()
-{
-    QVector<Track> tracks;
-    for (const auto &named : readInputs(arguments_, failed_))
-        tracks += named.song.tracks;
-    const bool isDone = runOrPrint(arguments_.inputs.join(QStringLiteral(", ")), [&] {
-        for (const auto &transform : arguments_.transforms)
-            tracks = transform(tracks);
-    });
-    failed_ |= !isDone;
-    return isDone ? tracks : QVector<Track>();
 }
 
 void Rendering::refuseInputAsOutput() const
@@ -86,26 +72,35 @@ void Rendering::refuseInputAsOutput() const
     }
 }
 
-Instrument Rendering::instrumentFor(const Track &track, const InstrumentSet &instruments) const
+Instrument Rendering::instrumentFor(const SongPart &part, const InstrumentSet &instruments) const
 {
     const auto fallback = arguments_.instrument.isEmpty() ? instruments.names().value(0) : arguments_.instrument;
-    const auto name = HeaderFields::instrumentName(track.headerFields(QStringLiteral("I")));
+    const auto &name = part.instrument;
     if (instruments.contains(name))
         return instruments.instrument(name);
     if (!name.isEmpty()) {
         const auto warning = QStringLiteral("Instrument '%1' not found; playing %2.").arg(name, fallback);
-        printFailure(track.title(), warning);
+        printFailure(part.name, warning);
     }
     return instruments.instrument(fallback);
 }
 
-void Rendering::renderTracks(const QVector<Track> &tracks, const InstrumentSet &instruments)
+void Rendering::addParts(TrackRenderer &renderer, const Parts &parts, const InstrumentSet &instruments) const
+{
+    for (int i = 0; i < parts.tracks.size(); ++i) {
+        const auto &part = parts.song.parts[i];
+        const float volume = float(part.volume * parts.song.masterVolume) / 10'000;
+        if (!part.isMuted)
+            renderer.addTrack(parts.tracks[i], instrumentFor(part, instruments), {volume, float(part.pan) / 100});
+    }
+}
+
+void Rendering::renderParts(const Parts &parts, const InstrumentSet &instruments)
 {
     TrackRenderer renderer(arguments_.output, [](const QString &path) {
         return std::make_unique<BuiltinEngine>(EngineOutput::WavFile, path.toStdU16String());
     });
-    for (const auto &track : tracks)
-        renderer.addTrack(track, instrumentFor(track, instruments));
+    addParts(renderer, parts, instruments);
 
     QEventLoop loop;
     QString failure;

@@ -5,6 +5,7 @@
 #include "Messages.h"
 #include "Pak.h"
 #include "Render.h"
+#include "WriteSong.h"
 
 #include <QCoreApplication>
 #include <QLoggingCategory>
@@ -24,6 +25,8 @@ const std::vector<Command> &commands()
         {"convert", "INPUT… --output DIR [--force]", "output", "force transforms", 1, any, convert},
         {"render", "INPUT… --game DIR --output OUT.wav [--instrument NAME] [--mods]", "game output",
          "instrument mods transforms", 1, any, render},
+        {"song", "INPUT… --output FILE.kvsong [--title T] [--force]", "output", "title force transforms", 1, any,
+         writeSong},
         {"instruments", "--game DIR [--mods] [--json]", "game", "mods json", 0, 0, listInstruments},
         {"pak list", "PACKAGE", "", "", 1, 1, listPackage},
         {"pak extract", "PACKAGE PATH [--output FILE]", "", "output", 2, 2, extractFromPackage},

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "core/Track.h"
+#include "song/Song.h"
+
+#include <stop_token>
+
+// Between a song's parts, which are texts, and the tracks that are played. On any thread.
+namespace SongTracks {
+
+// A part with the track's text, title, file and the instrument that its I field names; everything else is new.
+SongPart partOf(Track track, const QString &id);
+
+// Throws a QString that names the part when its text cannot be read, and Interrupted soon after a stop.
+Track trackOf(const SongPart &part, const std::stop_token &stop = {});
+
+// In the place of a track that cannot be read: without notes, with the part's name and text.
+Track silentTrackOf(const SongPart &part);
+
+// "T1", "T2", …: the first number behind all that the song has.
+QString freeId(const Song &song);
+
+} // namespace SongTracks

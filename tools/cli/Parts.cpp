@@ -1,0 +1,102 @@
+#include "Parts.h"
+
+#include "Input.h"
+#include "Messages.h"
+#include "song/SongTracks.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSet>
+
+namespace {
+
+class PartCollector
+{
+public:
+    explicit PartCollector(const Arguments &arguments) : arguments_(arguments) {}
+
+    void add(const NamedInput &input)
+    {
+        if (input.song.song)
+            addSong(*input.song.song);
+        else
+            addTracks(input);
+        parts_.tracks += input.song.tracks;
+    }
+
+    Parts take() { return std::move(parts_); }
+
+private:
+    void addSong(const Song &song);
+    void addTracks(const NamedInput &input);
+    void addPart(SongPart part);
+
+    const Arguments &arguments_;
+    Parts parts_;
+    QSet<QString> ids_;
+    bool hasSong_ = false;
+};
+
+void PartCollector::addSong(const Song &song)
+{
+    auto &whole = parts_.song;
+    const auto imports = whole.imports + song.imports;
+    if (!std::exchange(hasSong_, true)) {
+        auto parts = std::move(whole.parts);
+        whole = song;
+        whole.parts = std::move(parts);
+    }
+    whole.imports = imports;
+    for (const auto &part : song.parts)
+        addPart(part);
+}
+
+void PartCollector::addTracks(const NamedInput &input)
+{
+    if (input.song.report) { // of an import
+        const auto path = input.path == u"-" ? QString() : QDir::cleanPath(QFileInfo(input.path).absoluteFilePath());
+        const auto settings = importSettings([this](auto setting) { return arguments_.setting(setting); });
+        parts_.song.imports.append({path, settings, {}});
+    }
+    for (const auto &track : input.song.tracks)
+        addPart(SongTracks::partOf(track, SongTracks::freeId(parts_.song)));
+}
+
+void PartCollector::addPart(SongPart part)
+{
+    if (ids_.contains(part.id))
+        part.id = SongTracks::freeId(parts_.song);
+    ids_.insert(part.id);
+    parts_.song.parts.append(std::move(part));
+}
+
+void transform(Parts &parts, const Arguments &arguments)
+{
+    for (const auto &change : arguments.transforms)
+        parts.tracks = change(parts.tracks);
+    auto &songParts = parts.song.parts;
+    if (songParts.size() != parts.tracks.size()) { // merged
+        songParts.clear();
+        for (const auto &track : qAsConst(parts.tracks))
+            songParts.append(SongTracks::partOf(track, SongTracks::freeId(parts.song)));
+        return;
+    }
+    for (int i = 0; i < songParts.size(); ++i)
+        songParts[i].abc = parts.tracks[i].toAbc();
+}
+
+} // namespace
+
+Parts readParts(const Arguments &arguments, bool &failed)
+{
+    PartCollector collector(arguments);
+    for (const auto &input : readInputs(arguments, failed))
+        collector.add(input);
+    auto parts = collector.take();
+    const auto name = arguments.inputs.join(QStringLiteral(", "));
+    if (!arguments.transforms.isEmpty() && !runOrPrint(name, [&] { transform(parts, arguments); })) {
+        failed = true;
+        parts = {};
+    }
+    return parts;
+}

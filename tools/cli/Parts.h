@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Arguments.h"
+#include "song/Song.h"
+
+// The inputs as one song: parts in the order of the inputs, and what the first song file among them says of the whole.
+struct Parts
+{
+    Song song;
+    QVector<Track> tracks; // of the song's parts, in their order
+};
+
+// With the transformations applied; a merge makes one part without levels of its own. What cannot be read or done is
+// printed and sets `failed`.
+Parts readParts(const Arguments &arguments, bool &failed);
