@@ -2,12 +2,12 @@
 
 #include "assets/CostLimit.h"
 #include "assets/package/Logging.h"
+#include "base/ErrorText.h"
 
+#include <new>
 #include <utility>
 
 namespace {
-constexpr std::size_t mostWaiting = 8;
-
 // Of one place, in bytes: a thousand icons of 128 x 128.
 constexpr qint64 mostIconMemory = qint64(64) << 20;
 
@@ -17,46 +17,15 @@ void warn(const QString &message)
 }
 } // namespace
 
-InstrumentDecoder::~InstrumentDecoder()
-{
-    finish();
-}
-
 void InstrumentDecoder::take(PlaceFiles files)
 {
-    std::unique_lock lock(mutex_);
-    changed_.wait(lock, [this] { return waiting_.size() < mostWaiting; });
-    waiting_.push_back(std::move(files));
-    if (!thread_.joinable())
-        thread_ = std::thread([this] { run(); });
-    changed_.notify_all();
+    thread_.start([this, files = std::move(files)] { decode(files); });
 }
 
 InstrumentSet InstrumentDecoder::finish()
 {
-    {
-        const std::lock_guard lock(mutex_);
-        isComplete_ = true;
-        changed_.notify_all();
-    }
-    if (thread_.joinable())
-        thread_.join();
+    thread_.wait();
     return std::exchange(found_, {});
-}
-
-void InstrumentDecoder::run()
-{
-    for (;;) {
-        std::unique_lock lock(mutex_);
-        changed_.wait(lock, [this] { return isComplete_ || !waiting_.empty(); });
-        if (waiting_.empty())
-            return;
-        const auto files = std::move(waiting_.front());
-        waiting_.pop_front();
-        changed_.notify_all();
-        lock.unlock();
-        decode(files);
-    }
 }
 
 void InstrumentDecoder::decode(const PlaceFiles &files)
@@ -72,6 +41,8 @@ void InstrumentDecoder::decode(const PlaceFiles &files)
             decode(instrument);
         } catch (const QString &message) {
             warn(message);
+        } catch (const std::bad_alloc &) {
+            warn(QStringLiteral("%1: %2").arg(instrument.item.name, currentErrorText()));
         }
     }
 }

@@ -3,12 +3,9 @@
 #include "assets/InstrumentSet.h"
 #include "assets/ItemReader.h"
 #include "assets/TuningReader.h"
+#include "base/JobPool.h"
 
-#include <condition_variable>
-#include <deque>
-#include <mutex>
 #include <optional>
-#include <thread>
 #include <vector>
 
 // The files of one instrument as a package or directory has them.
@@ -34,11 +31,6 @@ struct PlaceFiles
 class InstrumentDecoder
 {
 public:
-    InstrumentDecoder() = default;
-    InstrumentDecoder(const InstrumentDecoder &) = delete;
-    InstrumentDecoder &operator=(const InstrumentDecoder &) = delete;
-    ~InstrumentDecoder();
-
     // Waits while the files of eight places are still to be decoded, so that they cannot pile up.
     void take(PlaceFiles files);
 
@@ -47,7 +39,6 @@ public:
     InstrumentSet finish();
 
 private:
-    void run();
     void decode(const PlaceFiles &files);
     void decode(const InstrumentFiles &files);
     QImage icon(const InstrumentFiles &files);
@@ -55,9 +46,6 @@ private:
     InstrumentSet found_;   // belongs to the running thread
     qint64 iconMemory_ = 0; // bytes that the icons of this place may still take; likewise
 
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    std::deque<PlaceFiles> waiting_; // guarded, like isComplete_
-    bool isComplete_ = false;
-    std::thread thread_; // from the first files on
+    static constexpr std::size_t mostWaiting = 8;
+    JobPool thread_{1, mostWaiting}; // first at the end
 };

@@ -5,6 +5,7 @@
 #include "assets/package/Logging.h"
 #include "assets/package/PackageRegistry.h"
 #include "assets/package/PakReader.h"
+#include "base/ErrorText.h"
 #include "base/FilePaths.h"
 
 #include <QDir>
@@ -12,6 +13,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <new>
 #include <vector>
 
 namespace {
@@ -183,6 +185,9 @@ std::optional<InstrumentFiles> readFiles(const AssetSource &source, const QStrin
     } catch (const QString &message) {
         warn(message);
         return std::nullopt;
+    } catch (const std::bad_alloc &) {
+        warn(QStringLiteral("%1: %2").arg(itemPath, currentErrorText()));
+        return std::nullopt;
     }
 }
 
@@ -276,18 +281,23 @@ PlaceFiles InstrumentScan::readPackage(const QString &packagePath)
             if (limit.isReached())
                 throw QStringLiteral("Reading its instruments costs too much for its size.");
         }
-    } catch (const QString &message) {
+    } catch (...) {
         warn(QStringLiteral("Failed to load pak file: %1").arg(packagePath));
-        qCDebug(assetsLog).noquote() << message;
+        qCDebug(assetsLog).noquote() << currentErrorText();
     }
     return found;
 }
 } // namespace
 
+InstrumentSet noInstruments()
+{
+    InstrumentSet none;
+    none.add({QStringLiteral("None"), {}, {}});
+    return none;
+}
+
 InstrumentSet scanInstruments(const QString &gameRoot, Mods mods, const ScanStep &step)
 {
     auto instruments = InstrumentScan(step).scan(placesOf(QDir(QDir::cleanPath(gameRoot)), mods));
-    if (instruments.isEmpty())
-        instruments.add({QStringLiteral("None"), {}, {}});
-    return instruments;
+    return instruments.isEmpty() ? noInstruments() : instruments;
 }

@@ -24,3 +24,5 @@ using ScanStep = std::function<bool(const ScanProgress &progress)>;
 // What a stranger's package costs is bounded by its size. From any thread, with a second one of its own that decodes
 // what was read; packages are closed afterwards.
 InstrumentSet scanInstruments(const QString &gameRoot, Mods mods, const ScanStep &step = {});
+
+InstrumentSet noInstruments(); // the placeholder alone

@@ -3,8 +3,6 @@
 #include "audio/SampleCache.h"
 #include "base/Interrupted.h"
 
-#include <QThread>
-
 #include <algorithm>
 #include <cmath>
 
@@ -19,7 +17,8 @@ DspClock endOf(const VoiceSpec &voice)
 
 } // namespace
 
-RenderTimeline::RenderTimeline(const std::vector<RenderTrack> &tracks, SampleCache &samples)
+RenderTimeline::RenderTimeline(const std::vector<RenderTrack> &tracks, SampleCache &samples,
+                               const std::stop_token &stop)
     : samples_(samples), groups_(1)
 {
     for (const auto &track : tracks) {
@@ -28,8 +27,7 @@ RenderTimeline::RenderTimeline(const std::vector<RenderTrack> &tracks, SampleCac
         end_ = std::max(end_, track.playback.lastEventClock());
         auto playback = track.playback;
         while (const auto note = playback.takeNote(maxTicks)) {
-            if (QThread::currentThread()->isInterruptionRequested())
-                throw Interrupted();
+            throwIfStopped(stop);
             const auto voice = voiceFor(*note, group, samples_);
             if (!voice.sound)
                 continue;

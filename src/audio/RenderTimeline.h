@@ -4,6 +4,7 @@
 #include "audio/TrackPlayback.h"
 
 #include <functional>
+#include <stop_token>
 #include <vector>
 
 class SampleCache;
@@ -19,8 +20,8 @@ struct RenderTrack
 class RenderTimeline : public Timeline
 {
 public:
-    // Throws Interrupted when the thread is asked to stop.
-    RenderTimeline(const std::vector<RenderTrack> &tracks, SampleCache &samples);
+    // Throws Interrupted when it is asked to stop.
+    RenderTimeline(const std::vector<RenderTrack> &tracks, SampleCache &samples, const std::stop_token &stop = {});
 
     const std::vector<GroupLevel> &groups() const override { return groups_; }
     // Where the last event has begun and the last voice has ended.

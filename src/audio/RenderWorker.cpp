@@ -15,8 +15,10 @@ constexpr DspClock longestSong = DspClock(6) * 60 * 60 * sampleRate;
 
 } // namespace
 
-RenderWorker::RenderWorker(const QString &fileName, FileEngineFactory makeEngine, std::size_t cores)
-    : fileName_(fileName), makeEngine_(std::move(makeEngine)), jobs_(cores)
+RenderWorker::RenderWorker(const QString &fileName, FileEngineFactory makeEngine, std::size_t cores,
+                           const std::stop_token &stop)
+    : fileName_(fileName), makeEngine_(std::move(makeEngine)), stop_(stop),
+      jobs_(cores, [stop] { throwIfStopped(stop); })
 {
 }
 
@@ -54,7 +56,7 @@ void RenderWorker::renderFile()
     for (const auto &track : tracks_)
         playbacks.push_back(track.playback);
     samples_->prepare(playbacks, jobs_);
-    RenderTimeline timeline(tracks_, *samples_);
+    RenderTimeline timeline(tracks_, *samples_, stop_);
     refuseOverlong(timeline.end());
 
     require(engine_->initialize());
@@ -87,8 +89,7 @@ public:
 
     void passBlock(DspClock clock) override
     {
-        if (QThread::currentThread()->isInterruptionRequested())
-            throw Interrupted();
+        throwIfStopped(worker_.stop_);
         progress_.passBlock(clock);
     }
     void report(AudioResult failure) override { worker_.checker_.check(*worker_.engine_, failure); }

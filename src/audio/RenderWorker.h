@@ -11,20 +11,22 @@
 
 #include <functional>
 #include <memory>
+#include <stop_token>
 #include <vector>
 
 // Makes an engine whose output is the wave file of that path: 48 kHz, stereo.
 using FileEngineFactory = std::function<std::unique_ptr<AudioEngine>(const QString &waveFile)>;
 
 // The part of a TrackRenderer that works on its render thread: loads the samples, places all notes on the clock and has
-// an engine write them. The file appears under its name when it is whole. Stops within milliseconds when its thread is
-// asked to.
+// an engine write them. The file appears under its name when it is whole. Stops within milliseconds when it is asked
+// to.
 class RenderWorker : public QObject
 {
     Q_OBJECT
 
 public:
-    RenderWorker(const QString &fileName, FileEngineFactory makeEngine, std::size_t cores); // [ui]
+    RenderWorker(const QString &fileName, FileEngineFactory makeEngine, std::size_t cores,
+                 const std::stop_token &stop = {}); // [ui]
 
     // Only before the worker is moved to its thread. [ui]
     void addTrack(const Track &track, const Instrument &instrument, GroupLevel level);
@@ -51,6 +53,7 @@ private: // [render]
 
     QString fileName_;
     FileEngineFactory makeEngine_;
+    std::stop_token stop_;
     std::vector<RenderTrack> tracks_;
     ResultChecker checker_;
     std::unique_ptr<AudioEngine> engine_;

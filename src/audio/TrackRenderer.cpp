@@ -1,13 +1,14 @@
 #include "audio/TrackRenderer.h"
 
 TrackRenderer::TrackRenderer(const QString &fileName, FileEngineFactory makeEngine, std::size_t cores, QObject *parent)
-    : QObject(parent), worker_(std::make_unique<RenderWorker>(fileName, std::move(makeEngine), cores))
+    : QObject(parent),
+      worker_(std::make_unique<RenderWorker>(fileName, std::move(makeEngine), cores, stop_.get_token()))
 {
 }
 
 TrackRenderer::~TrackRenderer()
 {
-    thread_.requestInterruption();
+    cancel();
     thread_.quit();
     thread_.wait();
 }

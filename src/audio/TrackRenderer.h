@@ -27,7 +27,11 @@ public:
     // From render() until renderFinished.
     bool isRunning() const { return isRunning_; }
     // Of a running render: renderFinished follows at once, and the file stays what it was.
-    void cancel() { thread_.requestInterruption(); }
+    void cancel()
+    {
+        if (isRunning_)
+            stop_.request_stop();
+    }
 
 signals:
     void renderStarted();
@@ -45,6 +49,7 @@ private slots:
     void onRenderFinished();
 
 private:
+    std::stop_source stop_;
     std::unique_ptr<RenderWorker> worker_; // until render(); then it lives on its thread and deletes itself
     QThread thread_;
     bool isRunning_ = false;

@@ -1,9 +1,5 @@
 #include "base/ParallelJobs.h"
 
-#include "base/Interrupted.h"
-
-#include <QThread>
-
 #include <algorithm>
 #include <chrono>
 #include <thread>
@@ -80,8 +76,6 @@ void ParallelJobs::awaitEnd(const UnderWay &job)
 {
     constexpr std::chrono::milliseconds patience{5};
     for (;;) {
-        if (QThread::currentThread()->isInterruptionRequested())
-            throw Interrupted();
         whileWaiting_();
         std::unique_lock lock(mutex_);
         if (ended_.wait_for(lock, patience, [&job] { return job.hasEnded; }))

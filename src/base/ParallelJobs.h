@@ -33,8 +33,8 @@ public:
     std::size_t cores() const { return cores_; }
 
     // Asks for jobs until there are none, and takes their results in the order of the jobs. A taken result may bring
-    // new jobs. Rethrows what a job throws, and throws Interrupted when the owner's thread is asked to stop. Jobs that
-    // are under way then are waited for by the next run or the destructor, so that the exception gets out at once.
+    // new jobs. Rethrows what a job throws. Jobs that are under way then are waited for by the next run or the
+    // destructor, so that the exception gets out at once.
     template<typename Result>
     void run(const std::function<std::optional<Job<Result>>()> &nextJob)
     {

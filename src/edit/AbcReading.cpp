@@ -66,3 +66,10 @@ AbcReading readAbc(const QString &text)
     }
     return reading;
 }
+
+AbcReading unreadableAbc(const QString &message)
+{
+    auto reading = readAbc(QString());
+    reading.problems = {{{0, 0}, 0, 0, message}};
+    return reading;
+}

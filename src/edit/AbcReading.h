@@ -31,5 +31,8 @@ struct AbcReading
 // Never throws. Thread-safe.
 AbcReading readAbc(const QString &text);
 
+// Of a text that could not be read at all: one problem, at its beginning.
+AbcReading unreadableAbc(const QString &message);
+
 // Where the lines of a text begin; the first is 0.
 QVector<int> lineOffsets(const QString &text);

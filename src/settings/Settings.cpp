@@ -1,5 +1,6 @@
 #include "settings/Settings.h"
 
+#include "base/ErrorText.h"
 #include "base/SafeFile.h"
 
 #include <QDir>
@@ -89,7 +90,6 @@ Settings::Settings(const QString &fileName, QObject *parent)
     : QObject(parent), fileName_(fileName), stored_(readStore(fileName))
 {
     qRegisterMetaType<Setting>("Settings::Setting");
-    savers_.setMaxThreadCount(1);
 }
 
 Settings::~Settings()
@@ -131,7 +131,7 @@ void Settings::setValue(Setting setting, const QVariant &value)
 // A slow disk must not keep the windows waiting.
 void Settings::saveLater()
 {
-    savers_.start([this] { save(); });
+    saver_.start([this] { save(); });
 }
 
 bool Settings::save()
@@ -148,8 +148,8 @@ bool Settings::save()
         QDir().mkpath(QFileInfo(fileName_).absolutePath());
         SafeFile::write(fileName_, formatStore(merged(readStore(fileName_), changes)));
         return true;
-    } catch (const QString &error) {
-        qCWarning(settingsLog).noquote() << fileName_ << error;
+    } catch (...) {
+        qCWarning(settingsLog).noquote() << fileName_ << currentErrorText();
     }
     const QWriteLocker locker(&lock_);
     unsaved_ = merged(changes, unsaved_);

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "base/JobPool.h"
 #include "settings/SettingsTable.h"
 
 #include <QJsonObject>
 #include <QMutex>
 #include <QObject>
 #include <QReadWriteLock>
-#include <QThreadPool>
 
 // The user's preferences, kept in one JSON file whose members are the keys of the settings table. One object is made at
 // start-up and handed to whoever needs it. Every function may be called from any thread unless it says otherwise.
@@ -50,7 +50,7 @@ private:
     mutable QReadWriteLock lock_; // the two below
     QJsonObject stored_;
     QJsonObject unsaved_;
-    QThreadPool savers_; // last: at the end it waits for those that still write
+    JobPool saver_{1}; // last: at the end it waits for what is still to be written
 };
 
 Q_DECLARE_METATYPE(Settings::Setting)

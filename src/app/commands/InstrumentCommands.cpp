@@ -2,6 +2,7 @@
 
 #include "app/services/Playback.h"
 #include "settings/Settings.h"
+#include "ui/Dialogs.h"
 #include "ui/InstrumentComboBox.h"
 
 #include <QSignalBlocker>
@@ -12,6 +13,9 @@ InstrumentCommands::InstrumentCommands(const CommandContext &context, Instrument
 {
     context_.playback.setDefaultInstrument(context_.settings.value(Settings::DefaultInstrument).toString());
     connect(&scan_, &InstrumentScanTask::finished, this, &InstrumentCommands::takeScanned);
+    connect(&scan_, &InstrumentScanTask::failed, this, [this](const QString &error) {
+        context_.dialogs.message(&context_.window, Dialogs::Severity::Critical, tr("Load Instruments"), error);
+    });
 }
 
 QVector<ActionRow> InstrumentCommands::actions()

@@ -7,21 +7,11 @@
 
 namespace {
 
-struct Merged
+Track merged(const QVector<Track> &sources)
 {
-    Track track;
-    QString error;
-};
-
-Merged merged(const QVector<Track> &sources)
-{
-    try {
-        auto track = mergeTracks(sources);
-        track.toAbc();
-        return {track, {}};
-    } catch (const QString &error) {
-        return {{}, error};
-    }
+    auto track = mergeTracks(sources);
+    track.toAbc();
+    return track;
 }
 
 } // namespace
@@ -86,16 +76,16 @@ void TrackCommands::mergeSelected()
     QVector<Track> sources;
     for (const auto &id : ids)
         sources.append(*context_.tracks.find(id)->track);
-    const auto deliver = [this, instrument = context_.tracks.find(ids.first())->instrument](const Merged &result) {
+    const auto take = [this, instrument = context_.tracks.find(ids.first())->instrument](const Track &track) {
         emit mergingChanged();
-        if (result.error.isEmpty())
-            context_.tracks.add(tr("Merge Tracks"), {{result.track, instrument}});
-        else
-            context_.dialogs.message(&context_.window, Dialogs::Severity::Critical, QStringLiteral("Merge Tracks"),
-                                     QStringLiteral("Could not merge tracks: %1").arg(result.error));
+        context_.tracks.add(tr("Merge Tracks"), {{track, instrument}});
     };
-    merging_.start(
-        this, [sources](const std::stop_token &) { return merged(sources); }, deliver);
+    const auto fail = [this](const QString &error) {
+        emit mergingChanged();
+        context_.dialogs.message(&context_.window, Dialogs::Severity::Critical, QStringLiteral("Merge Tracks"),
+                                 QStringLiteral("Could not merge tracks: %1").arg(error));
+    };
+    merging_.start([sources](const TaskControl &) { return merged(sources); }, take, fail);
     emit mergingChanged();
 }
 

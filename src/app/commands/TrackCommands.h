@@ -2,7 +2,7 @@
 
 #include "app/commands/ActionRow.h"
 #include "app/commands/CommandContext.h"
-#include "base/BackgroundTask.h"
+#include "base/Task.h"
 
 #include <QObject>
 #include <QVector>
@@ -38,5 +38,5 @@ signals:
 private:
     CommandContext context_;
     ImportQueue &queue_;
-    BackgroundTask merging_;
+    Task merging_;
 };

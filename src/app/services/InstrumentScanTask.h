@@ -1,7 +1,7 @@
 #pragma once
 
 #include "assets/InstrumentScan.h"
-#include "base/BackgroundTask.h"
+#include "base/Task.h"
 
 // The scan of a game installation, beside the interface thread.
 class InstrumentScanTask : public QObject
@@ -9,19 +9,17 @@ class InstrumentScanTask : public QObject
     Q_OBJECT
 
 public:
-    using QObject::QObject;
-    ~InstrumentScanTask() override { stop(); }
+    explicit InstrumentScanTask(QObject *parent = nullptr);
 
-    bool isRunning() const { return isRunning_; }
+    bool isRunning() const { return task_.isRunning(); }
     void start(const QString &gameRoot, Mods mods);
-    void stop(); // finished() follows with what was found so far
+    void stop() { task_.stop(); } // finished() follows with what was found so far
 
 signals:
     void progress(int done, int total);
     void finished(const InstrumentSet &instruments);
+    void failed(const QString &error); // after finished() without instruments
 
 private:
-    bool isRunning_ = false;
-    std::stop_source stop_;
-    BackgroundTask task_;
+    Task task_;
 };

@@ -35,24 +35,28 @@ void SongImport::readNext()
 {
     const auto request = requests_.head();
     emit progress(request.status, 0, int(request.sources.size()));
-    const QPointer<SongImport> self(this);
-    const auto work = [self, request, options = optionsOf(settings_)](const std::stop_token &stop) {
-        return readSong(request.sources, options, stop, [&](int number) {
-            QMetaObject::invokeMethod(
-                qApp,
-                [self, request, number] {
-                    if (self && self->isRunning() && number > 0)
-                        emit self->progress(request.status, number, int(request.sources.size()));
-                },
-                Qt::QueuedConnection);
-        });
+    const auto work = [request, options = optionsOf(settings_)](const TaskControl &control) {
+        return readSong(request.sources, options, control.stop(),
+                        [&](int number) { control.report(number, int(request.sources.size())); });
     };
-    task_.start(this, work, [this, request](const ReadSong &song) {
-        requests_.dequeue();
-        if (requests_.isEmpty())
-            emit idle();
-        else
-            readNext();
+    const auto take = [this, request, number = ++reading_](const ReadSong &song) {
+        leave(number);
         emit imported(request, song); // last: whoever shows an error now may wait long
+    };
+    task_.onProgress([this, request](TaskProgress reached) {
+        if (reached.done > 0)
+            emit progress(request.status, reached.done, reached.total);
     });
+    task_.start(work, take, [take, request](const QString &error) { take({{}, {{request.step, error}}, {}}); });
+}
+
+void SongImport::leave(int number)
+{
+    if (number != reading_ || requests_.isEmpty())
+        return;
+    requests_.dequeue();
+    if (requests_.isEmpty())
+        emit idle();
+    else
+        readNext();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/BackgroundTask.h"
+#include "base/Task.h"
 #include "song/SongReader.h"
 #include "ui/tracks/TrackList.h"
 
@@ -38,8 +38,10 @@ signals:
 
 private:
     void readNext();
+    void leave(int number);
 
     const Settings &settings_;
     QQueue<ImportRequest> requests_; // the first is being read
-    BackgroundTask task_;
+    Task task_;
+    int reading_ = 0; // number of the request that is being read
 };

@@ -6,7 +6,6 @@
 
 #include <QPlainTextDocumentLayout>
 #include <QTextCursor>
-#include <QtConcurrent>
 
 #include <utility>
 
@@ -22,16 +21,10 @@ EditorDocument::EditorDocument(QObject *parent) : QObject(parent)
     restTimer_.setSingleShot(true);
     restTimer_.setInterval(restBeforeReading);
     connect(&restTimer_, &QTimer::timeout, this, &EditorDocument::startReading);
-    connect(&reader_, &QFutureWatcherBase::finished, this, &EditorDocument::finishReading);
     connect(&text_, &QTextDocument::contentsChange, this, &EditorDocument::onContentsChange);
     connect(&text_, &QTextDocument::modificationChanged, this,
             [this](bool modified) { emit isAppliedChanged(!modified); });
     setTrack({});
-}
-
-EditorDocument::~EditorDocument()
-{
-    reader_.waitForFinished();
 }
 
 void EditorDocument::setTrack(const Track &track)
@@ -62,14 +55,15 @@ void EditorDocument::startReading()
         restTimer_.start();
         return;
     }
-    startedRevision_ = revision_;
-    reader_.setFuture(QtConcurrent::run(readAbc, text_.toPlainText()));
+    const auto read = [text = text_.toPlainText()](const TaskControl &) { return readAbc(text); };
+    const auto take = [this, revision = revision_](const AbcReading &reading) { takeLateReading(reading, revision); };
+    reader_.start(read, take, [take](const QString &error) { take(unreadableAbc(error)); });
 }
 
-void EditorDocument::finishReading()
+void EditorDocument::takeLateReading(const AbcReading &reading, int revision)
 {
-    if (startedRevision_ == revision_ && !isCurrent())
-        takeReading(reader_.result(), startedRevision_);
+    if (revision == revision_ && !isCurrent())
+        takeReading(reading, revision);
 }
 
 void EditorDocument::update()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "assets/Instrument.h"
+#include "base/Task.h"
 #include "core/Track.h"
 #include "edit/LiveReading.h"
 #include "edit/NoteEdit.h"
@@ -8,7 +9,6 @@
 #include "edit/PlaybackMarks.h"
 #include "edit/StepNames.h"
 
-#include <QFutureWatcher>
 #include <QObject>
 #include <QTextDocument>
 #include <QTimer>
@@ -29,7 +29,6 @@ class EditorDocument : public QObject
 public:
     // Begins with an empty tune.
     explicit EditorDocument(QObject *parent = nullptr);
-    ~EditorDocument() override;
 
     // Begins with a new tune: its text becomes the applied state and the history is empty.
     void setTrack(const Track &track);
@@ -118,7 +117,7 @@ signals:
 private:
     void onContentsChange(int position, int removed, int added);
     void startReading();
-    void finishReading();
+    void takeLateReading(const AbcReading &reading, int revision);
     void takeReading(AbcReading reading, int revision);
     void replaceRanges(const QVector<TextChange> &changes, const QString &name);
 
@@ -129,8 +128,7 @@ private:
 
     LiveReading reading_;
     int readRevision_ = 0;
-    QFutureWatcher<AbcReading> reader_;
-    int startedRevision_ = 0;
+    Task reader_;
     QTimer restTimer_;
 
     Track applied_;
