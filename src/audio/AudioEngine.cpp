@@ -100,7 +100,7 @@ AudioResult AudioEngine::render(Timeline &timeline, RenderHost &host)
     return AudioResult::Ok;
 }
 
-AudioResult AudioEngine::makeSound(std::span<const std::byte> file, Sound &sound) const
+AudioResult AudioEngine::makeSound(std::span<const std::byte> file, std::size_t mostFrames, Sound &sound) const
 {
-    return decodeSample(file, sound);
+    return decodeSample(file, mostFrames, sound);
 }

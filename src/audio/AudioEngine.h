@@ -148,7 +148,7 @@ public:
     // updates the engine block by block; an engine that knows a faster way overrides it. [render]
     virtual AudioResult render(Timeline &timeline, RenderHost &host);
 
-    // The sound of a whole sample file. This body reads what SampleDecoder reads; an engine whose library knows more
-    // formats overrides it. [any]
-    virtual AudioResult makeSound(std::span<const std::byte> file, Sound &sound) const;
+    // The sound of a sample file, up to so many frames at least. This body reads what SampleDecoder reads; an engine
+    // whose library knows more formats overrides it. [any]
+    virtual AudioResult makeSound(std::span<const std::byte> file, std::size_t mostFrames, Sound &sound) const;
 };

@@ -9,6 +9,9 @@
 #include <QMap>
 
 #include <cmath>
+#include <deque>
+#include <span>
+#include <variant>
 
 namespace {
 
@@ -18,6 +21,18 @@ constexpr double highestRatio = 4096;
 bool isPlayable(const NoteEntry &entry)
 {
     return !entry.files.isEmpty() && std::isfinite(entry.rate) && entry.rate > 0;
+}
+
+std::span<const std::byte> bytesOf(const QByteArray &file)
+{
+    return std::as_bytes(std::span(file.constData(), std::size_t(file.size())));
+}
+
+// How far into a sample a note gets, in output frames at the sample's own speed.
+DspClock reachOf(double rate, DspClock frames)
+{
+    const auto reach = std::ceil(double(frames) * rate);
+    return frames == never || reach >= double(never) ? never : DspClock(reach);
 }
 
 } // namespace
@@ -35,10 +50,11 @@ Sample SampleCache::find(const NoteEntry &entry, DspClock frames)
     const auto &path = entry.files.first();
     if (auto sound = resampled_.find({path, entry.rate}, frames))
         return {std::move(sound), 1};
-    auto sound = decoded_.find(path, frames);
+    const auto reach = reachOf(entry.rate, frames);
+    auto sound = decoded_.find(path, reach);
     if (!sound && !rejected_.contains(path) && decoded_.hasRoomFor(withoutRoom_.value(path))) {
         beforeLoading_(path);
-        sound = keep(path, decode(path));
+        sound = keep(path, decode(open(path), reach));
     }
     if (!sound)
         return {};
@@ -49,25 +65,48 @@ Sample SampleCache::find(const NoteEntry &entry, DspClock frames)
     return {};
 }
 
-SampleCache::Decoded SampleCache::decode(const QString &path) const
+SampleCache::Opened SampleCache::open(const QString &path) const
 {
     try {
-        const auto bytes = readGameFile(path);
-        Sound sound;
-        const auto result = engine_.makeSound(std::as_bytes(std::span(bytes.constData(), size_t(bytes.size()))), sound);
-        if (result == AudioResult::Ok)
-            return {sound, {}};
-        return {nullptr, QString::fromUtf8(engine_.errorText(result))};
+        const auto file = readGameFile(path);
+        return {file, measureSample(bytesOf(file)), {}};
     } catch (const QString &message) {
-        return {nullptr, message};
+        return {{}, {}, message};
     }
+}
+
+// What an engine's own library may read costs a guess.
+std::size_t SampleCache::costOf(const Opened &opened, DspClock reach) const
+{
+    return opened.size ? opened.size->bytes(framesOf(opened, reach)) : 16 * std::size_t(opened.file.size());
+}
+
+// Only long samples are decoded in part, so that a note that becomes longer hardly ever has to wait.
+std::size_t SampleCache::framesOf(const Opened &opened, DspClock reach) const
+{
+    if (!opened.size || opened.size->bytes() <= longestResampling_ || reach == never)
+        return wholeSample;
+    constexpr double beyond = 1024; // what a kernel reads behind the last frame that sounds, and more
+    return std::size_t(double(reach) * opened.size->sampleRate / sampleRate_ + beyond);
+}
+
+SampleCache::Decoded SampleCache::decode(const Opened &opened, DspClock reach) const
+{
+    if (!opened.failure.isEmpty())
+        return {nullptr, opened.failure};
+    const auto mostFrames = framesOf(opened, reach);
+    Sound sound;
+    const auto result = engine_.makeSound(bytesOf(opened.file), mostFrames, sound);
+    if (result != AudioResult::Ok)
+        return {nullptr, QString::fromUtf8(engine_.errorText(result))};
+    return {sound, {}, sound->frames() < mostFrames ? never : reach};
 }
 
 Sound SampleCache::keep(const QString &path, const Decoded &decoded)
 {
     if (!decoded.sound)
         reject(path, decoded.failure);
-    else if (decoded_.insert(path, decoded.sound, never))
+    else if (decoded_.insert(path, decoded.sound, decoded.reach))
         return decoded.sound;
     else {
         withoutRoom_.insert(path, decoded.sound->bytes());
@@ -90,11 +129,14 @@ void SampleCache::warnOnce(const QString &path, const QString &reason)
     qCWarning(audioLog).noquote() << QStringLiteral("%1: %2").arg(path, reason);
 }
 
-// The jobs of one prepare(): each sample's decoding brings the resampling to its pitches, which goes first, so that few
-// decoded samples are held at once.
+// The jobs of one prepare(): each sample's opening tells what its decoding costs, which brings the resampling to its
+// pitches. What others brought goes first, so that few samples are held at once.
 class SampleCache::Preparation
 {
 public:
+    using Prepared = std::variant<Opened, Decoded>;
+    using PreparationJob = Job<Prepared>;
+
     Preparation(SampleCache &cache, const std::vector<TrackPlayback> &tracks, const Progress &progress)
         : cache_(cache), progress_(progress)
     {
@@ -107,23 +149,22 @@ public:
         progress_(0, total_);
     }
 
-    std::optional<Job<Decoded>> nextJob()
+    std::optional<PreparationJob> nextJob()
     {
-        while (resampling_.empty() && !needs_.isEmpty()) {
+        while (brought_.empty() && !needs_.isEmpty()) {
             const auto path = needs_.firstKey();
             const auto longestNotes = needs_.take(path);
-            if (const auto sound = cache_.decoded_.find(path, never))
+            if (const auto sound = cache_.decoded_.find(path, reachOf(longestNotes)))
                 addResampling(path, sound, longestNotes);
             else if (!cache_.rejected_.contains(path) && !isPrepared(path, longestNotes))
-                return decoding(path, longestNotes);
+                return opening(path, longestNotes);
             else
                 advance(longestNotes.size());
         }
-        if (resampling_.empty())
+        if (brought_.empty())
             return std::nullopt;
-        ++resamplingUnderWay_;
-        auto job = std::move(resampling_.front());
-        resampling_.pop_front();
+        auto job = std::move(brought_.front());
+        brought_.pop_front();
         return job;
     }
 
@@ -147,19 +188,38 @@ private:
         return true;
     }
 
-    Job<Decoded> decoding(const QString &path, const LongestNotes &longestNotes)
+    static DspClock reachOf(const LongestNotes &longestNotes)
+    {
+        DspClock reach = 0;
+        for (auto note = longestNotes.begin(); note != longestNotes.end(); ++note)
+            reach = std::max(reach, ::reachOf(note.key(), note.value()));
+        return reach;
+    }
+
+    PreparationJob opening(const QString &path, const LongestNotes &longestNotes)
     {
         cache_.beforeLoading_(path);
-        const auto take = [this, path, longestNotes](const Decoded &decoded) {
-            const bool othersHoldSamples = resamplingUnderWay_ > 0 || !resampling_.empty();
-            if (decoded.sound && othersHoldSamples && !cache_.decoded_.insert(path, decoded.sound, never))
+        const auto take = [this, path, longestNotes](const Prepared &prepared) {
+            brought_.push_back(decoding(path, longestNotes, std::get<Opened>(prepared)));
+        };
+        return {[&cache = cache_, path] { return cache.open(path); }, take};
+    }
+
+    PreparationJob decoding(const QString &path, const LongestNotes &longestNotes, const Opened &opened)
+    {
+        const auto reach = reachOf(longestNotes);
+        const auto take = [this, path, longestNotes](const Prepared &prepared) {
+            const auto &decoded = std::get<Decoded>(prepared);
+            const bool othersHoldSamples = resamplings_ > 0;
+            if (decoded.sound && othersHoldSamples && !cache_.decoded_.insert(path, decoded.sound, decoded.reach))
                 needs_.insert(path, longestNotes); // there is room once they are done
             else if (const auto sound = cache_.keep(path, decoded))
                 addResampling(path, sound, longestNotes);
             else
                 advance(longestNotes.size());
         };
-        return {[&cache = cache_, path] { return cache.decode(path); }, take};
+        return {[&cache = cache_, opened, reach] { return cache.decode(opened, reach); }, take,
+                cache_.costOf(opened, reach)};
     }
 
     void addResampling(const QString &path, const Sound &sound, const LongestNotes &longestNotes)
@@ -169,7 +229,7 @@ private:
             const auto frames = note.value();
             const auto ratio = cache_.ratioOf(*sound, rate);
             if (ratio != 1 && isShort(*sound, ratio, frames) && !cache_.resampled_.find({path, rate}, frames))
-                resampling_.push_back(resampling({path, rate}, sound, ratio, frames));
+                brought_.push_back(resampling({path, rate}, sound, ratio, frames));
             else
                 advance(1);
         }
@@ -182,15 +242,17 @@ private:
     }
 
     // What is not resampled, or finds no room, is interpolated while it plays.
-    Job<Decoded> resampling(const Pitch &pitch, const Sound &source, double ratio, DspClock frames)
+    PreparationJob resampling(const Pitch &pitch, const Sound &source, double ratio, DspClock frames)
     {
+        ++resamplings_;
         const auto work = [&resampler = cache_.resampler_, source, ratio, frames] {
             Decoded made;
             resampler.resample(*source, ratio, frames, made.sound);
             return made;
         };
-        const auto take = [this, pitch, frames](const Decoded &made) {
-            --resamplingUnderWay_;
+        const auto take = [this, pitch, frames](const Prepared &prepared) {
+            const auto &made = std::get<Decoded>(prepared);
+            --resamplings_;
             if (made.sound)
                 cache_.resampled_.insert(pitch, made.sound, made.sound->frames() < frames ? never : frames);
             advance(1);
@@ -207,14 +269,14 @@ private:
     SampleCache &cache_;
     const Progress &progress_;
     QMap<QString, LongestNotes> needs_; // by path
-    std::deque<Job<Decoded>> resampling_;
-    int resamplingUnderWay_ = 0; // jobs that were given away
-    int done_ = 0;               // pitches
+    std::deque<PreparationJob> brought_;
+    int resamplings_ = 0; // those among them and those under way
+    int done_ = 0;        // pitches
     int total_ = 0;
 };
 
 void SampleCache::prepare(const std::vector<TrackPlayback> &tracks, ParallelJobs &jobs, const Progress &progress)
 {
     Preparation preparation(*this, tracks, progress);
-    jobs.run<Decoded>([&preparation] { return preparation.nextJob(); });
+    jobs.run<Preparation::Prepared>([&preparation] { return preparation.nextJob(); });
 }

@@ -4,12 +4,14 @@
 #include "audio/AudioEngine.h"
 #include "audio/SoundStore.h"
 #include "audio/sound/Resampler.h"
+#include "audio/sound/SampleDecoder.h"
 
 #include <QHash>
 #include <QPair>
 #include <QSet>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 class ParallelJobs;
@@ -24,8 +26,8 @@ struct Sample
 
 // The samples of instruments, decoded once; prepared ones are also resampled to the pitches that notes need. Each of
 // the two kinds keeps at most so many bytes, and nothing is resampled that would take more than an eighth of them:
-// three minutes in mono. A sample that is missing or damaged, or finds no room among those in use, is one logged
-// warning and silence. [audio] [render]
+// three minutes in mono; of a sample that would, only what the notes need is decoded. A sample that is missing or
+// damaged, or finds no room among those in use, is one logged warning and silence. [audio] [render]
 class SampleCache
 {
 public:
@@ -46,13 +48,23 @@ public:
 private:
     class Preparation;
     using Pitch = QPair<QString, double>; // a sample's path and the factor on its speed
+    struct Opened
+    {
+        QByteArray file;
+        std::optional<SampleSize> size;
+        QString failure;
+    };
     struct Decoded
     {
         Sound sound;
         QString failure;
+        DspClock reach = never; // that it serves, in output frames at the sample's own speed
     };
 
-    Decoded decode(const QString &path) const; // [any]
+    Opened open(const QString &path) const;                           // [any]
+    std::size_t costOf(const Opened &opened, DspClock reach) const;   // in bytes
+    std::size_t framesOf(const Opened &opened, DspClock reach) const; // that are decoded
+    Decoded decode(const Opened &opened, DspClock reach) const;       // [any]
     Sound keep(const QString &path, const Decoded &decoded);
     void reject(const QString &path, const QString &reason);
     void warnOnce(const QString &path, const QString &reason);

@@ -464,7 +464,10 @@ private slots:
         {
         public:
             FailingEngine() : BuiltinEngine(EngineOutput::Silent) {}
-            AudioResult makeSound(std::span<const std::byte>, Sound &) const override { throw std::bad_alloc(); }
+            AudioResult makeSound(std::span<const std::byte>, std::size_t, Sound &) const override
+            {
+                throw std::bad_alloc();
+            }
         };
         const LoggedLines logged;
         PlayerWorker worker([] { return std::make_unique<FailingEngine>(); });

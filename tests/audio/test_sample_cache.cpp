@@ -86,6 +86,27 @@ private slots:
         QCOMPARE(cache.find({{file(0)}, 0.5, 440}, noteFrames).ratio, 0.5);
     }
 
+    // Of a long sample only what the notes reach is decoded, and what they play is the same.
+    void longSamplesAreDecodedInPart()
+    {
+        const NoteEntry entry{{file(0)}, 0.5, 440};
+        const auto preparedFor = [&](SampleCache &cache) {
+            ParallelJobs jobs(2);
+            cache.prepare(playbacks({tracks(0.5)[0]}), jobs);
+            return cache.find(entry, noteFrames);
+        };
+        auto roomy = cacheOf(64 * sampleBytes);
+        const auto expected = preparedFor(roomy);
+        auto cache = cacheOf(4 * sampleBytes);
+        const auto found = preparedFor(cache);
+        QCOMPARE(found.ratio, 1.0);
+        QVERIFY(std::equal(found.sound->plane(0), found.sound->plane(0) + noteFrames, expected.sound->plane(0)));
+        QCOMPARE(cache.find({{file(0)}, 1, 440}, noteFrames / 2).sound->frames(), noteFrames / 2 + 1024);
+        QCOMPARE(loaded_.size(), 1);
+        QCOMPARE(cache.find(entry, never).sound->frames(), std::size_t(sampleFrames));
+        QCOMPARE(loaded_.size(), 2);
+    }
+
     // What found no room is looked at again, what cannot be decoded is not.
     void secondTries()
     {

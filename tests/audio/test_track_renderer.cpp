@@ -337,7 +337,7 @@ private slots:
         {
         public:
             SlowEngine() : BuiltinEngine(EngineOutput::Silent) {}
-            AudioResult makeSound(std::span<const std::byte>, Sound &) const override
+            AudioResult makeSound(std::span<const std::byte>, std::size_t, Sound &) const override
             {
                 std::this_thread::sleep_for(std::chrono::seconds(1));
                 return AudioResult::UnreadableSample;

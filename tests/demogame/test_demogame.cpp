@@ -20,7 +20,8 @@ namespace {
 Sound decoded(const QByteArray &bytes)
 {
     Sound sound;
-    if (decodeSample(std::as_bytes(std::span(bytes.constData(), std::size_t(bytes.size()))), sound) != AudioResult::Ok)
+    if (decodeSample(std::as_bytes(std::span(bytes.constData(), std::size_t(bytes.size()))), wholeSample, sound) !=
+        AudioResult::Ok)
         qFatal("a sample cannot be read");
     return sound;
 }

@@ -15,10 +15,10 @@ public:
 
     GatedEngine(EngineOutput output, Gate gate) : BuiltinEngine(output), gate_(std::move(gate)) {}
 
-    AudioResult makeSound(std::span<const std::byte> bytes, Sound &sound) const override
+    AudioResult makeSound(std::span<const std::byte> bytes, std::size_t mostFrames, Sound &sound) const override
     {
         gate_->wait(false);
-        return BuiltinEngine::makeSound(bytes, sound);
+        return BuiltinEngine::makeSound(bytes, mostFrames, sound);
     }
 
     static void open(const Gate &gate)

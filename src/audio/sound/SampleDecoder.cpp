@@ -88,48 +88,109 @@ float cleaned(float sample)
     return std::isfinite(sample) ? std::clamp(sample, -largestSample, largestSample) : 0.0F;
 }
 
-using Planes2 = std::vector<float>[2];
-
-// Reads all frames; their number in the header is not believed.
-AudioResult readPlanes(SNDFILE *file, const SF_INFO &info, Planes2 &planes)
+// An open file in memory, which must not move.
+class SampleFile
 {
-    const auto channels = std::size_t(info.channels);
-    const auto kept = std::min<std::size_t>(channels, 2);
-    const auto mostFrames =
-        std::min(longestSeconds * std::size_t(info.samplerate), largestBytes / (kept * sizeof(float)));
-    std::vector<float> chunk(chunkFrames * channels);
-    for (;;) {
-        const auto frames = sf_readf_float(file, chunk.data(), sf_count_t(chunkFrames));
-        if (frames <= 0)
-            return planes[0].empty() ? AudioResult::UnreadableSample : AudioResult::Ok;
-        if (planes[0].size() + std::size_t(frames) > mostFrames)
-            return AudioResult::SampleTooLong;
-        for (std::size_t channel = 0; channel < kept; ++channel)
-            for (std::size_t i = 0; i < std::size_t(frames); ++i)
-                planes[channel].push_back(cleaned(chunk[i * channels + channel]));
+public:
+    explicit SampleFile(std::span<const std::byte> bytes) : memory_{bytes}
+    {
+        SF_VIRTUAL_IO access{size, seek, read, write, tell};
+        if (hasKnownStart(bytes))
+            file_.reset(sf_open_virtual(&access, SFM_READ, &info_, &memory_));
     }
+
+    bool isReadable() const { return file_ && supported(info_.format) && info_.channels > 0 && info_.samplerate > 0; }
+    std::size_t channels() const { return std::size_t(info_.channels); }
+    int keptChannels() const { return std::min(info_.channels, 2); }
+    int sampleRate() const { return info_.samplerate; }
+
+    std::size_t longestAllowed() const
+    {
+        return std::min(longestSeconds * std::size_t(info_.samplerate),
+                        largestBytes / (std::size_t(keptChannels()) * sizeof(float)));
+    }
+    // By the header, which is not believed.
+    bool tellsLength() const { return info_.frames > 0 && info_.frames < SF_COUNT_MAX; }
+    std::size_t toldFrames() const { return std::size_t(info_.frames); }
+    // What its bytes may hold at most, in any format.
+    std::size_t plausibleFrames() const { return framesPerByte * memory_.bytes.size(); }
+
+    std::size_t readFrames(std::vector<float> &interleaved, std::size_t mostFrames)
+    {
+        interleaved.resize(mostFrames * channels());
+        const auto frames = sf_readf_float(file_.get(), interleaved.data(), sf_count_t(mostFrames));
+        return frames > 0 ? std::size_t(frames) : 0;
+    }
+
+private:
+    static constexpr std::size_t framesPerByte = 8192;
+
+    MemoryFile memory_;
+    SF_INFO info_{};
+    std::unique_ptr<SNDFILE, decltype(&sf_close)> file_{nullptr, sf_close};
+};
+
+// The beginning of a sound, or a longer one with silence behind it.
+std::shared_ptr<SoundData> resized(const SoundData &from, std::size_t frames)
+{
+    auto sound = std::make_shared<SoundData>(from.channels(), frames, from.sampleRate());
+    for (int channel = 0; channel < from.channels(); ++channel)
+        std::copy_n(from.plane(channel), std::min(frames, from.frames()), sound->plane(channel));
+    return sound;
+}
+
+void takeFrames(const std::vector<float> &interleaved, std::size_t channels, std::size_t frames, SoundData &sound,
+                std::size_t at)
+{
+    for (int channel = 0; channel < sound.channels(); ++channel) {
+        auto *const plane = sound.plane(channel) + at;
+        for (std::size_t i = 0; i < frames; ++i)
+            plane[i] = cleaned(interleaved[i * channels + std::size_t(channel)]);
+    }
+}
+
+// Where the file goes on behind the room that its header made likely, there is soon room for twice as much.
+AudioResult readSound(SampleFile &file, std::size_t mostFrames, Sound &sound)
+{
+    const auto likely = file.tellsLength() ? file.toldFrames() : file.plausibleFrames();
+    const auto room = std::min({likely, mostFrames, file.longestAllowed(), file.plausibleFrames()});
+    auto read = std::make_shared<SoundData>(file.keptChannels(), room, file.sampleRate());
+    std::vector<float> chunk;
+    std::size_t done = 0;
+    while (done < mostFrames) {
+        const auto frames = file.readFrames(chunk, std::min(chunkFrames, mostFrames - done));
+        if (frames == 0)
+            break;
+        if (done + frames > file.longestAllowed())
+            return AudioResult::SampleTooLong;
+        if (done + frames > read->frames())
+            read = resized(*read, std::min(2 * (done + frames), file.longestAllowed()));
+        takeFrames(chunk, file.channels(), frames, *read, done);
+        done += frames;
+    }
+    if (done == 0)
+        return AudioResult::UnreadableSample;
+    sound = done == read->frames() ? std::move(read) : resized(*read, done);
+    return AudioResult::Ok;
 }
 
 } // namespace
 
-AudioResult decodeSample(std::span<const std::byte> bytes, Sound &sound)
+std::optional<SampleSize> measureSample(std::span<const std::byte> bytes)
 {
-    if (!hasKnownStart(bytes))
-        return AudioResult::UnreadableSample;
-    MemoryFile memory{bytes};
-    SF_VIRTUAL_IO access{size, seek, read, write, tell};
-    SF_INFO info{};
-    const std::unique_ptr<SNDFILE, decltype(&sf_close)> file(sf_open_virtual(&access, SFM_READ, &info, &memory),
-                                                             sf_close);
-    if (!file || !supported(info.format) || info.channels < 1 || info.samplerate < 1)
-        return AudioResult::UnreadableSample;
+    const SampleFile file(bytes);
+    if (!file.isReadable())
+        return std::nullopt;
+    const auto frames = file.tellsLength() ? std::min(file.toldFrames(), file.longestAllowed()) : file.longestAllowed();
+    return SampleSize{file.keptChannels(), file.sampleRate(), frames};
+}
 
-    Planes2 planes;
-    if (const auto result = readPlanes(file.get(), info, planes); result != AudioResult::Ok)
-        return result;
-    auto decoded = std::make_shared<SoundData>(std::min(info.channels, 2), planes[0].size(), info.samplerate);
-    for (int channel = 0; channel < decoded->channels(); ++channel)
-        std::copy(planes[channel].begin(), planes[channel].end(), decoded->plane(channel));
-    sound = std::move(decoded);
-    return AudioResult::Ok;
+AudioResult decodeSample(std::span<const std::byte> bytes, std::size_t mostFrames, Sound &sound)
+{
+    SampleFile file(bytes);
+    if (!file.isReadable())
+        return AudioResult::UnreadableSample;
+    if (mostFrames != wholeSample && file.tellsLength() && file.toldFrames() > file.longestAllowed())
+        return AudioResult::SampleTooLong;
+    return readSound(file, mostFrames, sound);
 }

@@ -39,9 +39,9 @@ std::vector<float> tone(int channels, int sampleRate, std::size_t frames)
     return samples;
 }
 
-AudioResult decode(const std::vector<char> &bytes, Sound &sound)
+AudioResult decode(const std::vector<char> &bytes, Sound &sound, std::size_t mostFrames = wholeSample)
 {
-    return decodeSample(std::as_bytes(std::span(bytes)), sound);
+    return decodeSample(std::as_bytes(std::span(bytes)), mostFrames, sound);
 }
 
 } // namespace
@@ -72,13 +72,19 @@ private slots:
         QFETCH(double, least);
         constexpr std::size_t frames = 20000;
         Sound sound;
-        QCOMPARE(decode(encoded(format, channels, sampleRate, tone(channels, sampleRate, frames)), sound),
-                 AudioResult::Ok);
+        const auto bytes = encoded(format, channels, sampleRate, tone(channels, sampleRate, frames));
+        QCOMPARE(decode(bytes, sound), AudioResult::Ok);
         QCOMPARE(sound->channels(), channels);
         QCOMPARE(sound->sampleRate(), sampleRate);
         QVERIFY2(std::abs(double(sound->frames()) - double(frames)) < 2500,
                  qPrintable(QString::number(sound->frames())));
+        const auto size = measureSample(std::as_bytes(std::span(bytes)));
+        QVERIFY(size && size->bytes() == sound->frames() * std::size_t(channels) * sizeof(float));
+        Sound part;
+        QCOMPARE(decode(bytes, part, 7000), AudioResult::Ok);
+        QCOMPARE(part->frames(), std::size_t(7000));
         for (int channel = 0; channel < channels; ++channel) {
+            QVERIFY(std::equal(part->plane(channel), part->plane(channel) + 7000, sound->plane(channel)));
             const std::span<const float> middle(sound->plane(channel) + 5000, 10000);
             const double quality = signalToNoise(middle, 440.0 / sampleRate);
             QVERIFY2(quality >= least, qPrintable(QString::number(quality)));
@@ -156,7 +162,9 @@ private slots:
     {
         Sound sound;
         const std::vector<float> eleven(1000 * 60 * 11), nine(1000 * 60 * 9);
-        QCOMPARE(decode(encoded(SF_FORMAT_WAV | SF_FORMAT_PCM_U8, 1, 1000, eleven), sound), AudioResult::SampleTooLong);
+        const auto tooLong = encoded(SF_FORMAT_WAV | SF_FORMAT_PCM_U8, 1, 1000, eleven);
+        for (const auto mostFrames : {wholeSample, std::size_t(1000)})
+            QCOMPARE(decode(tooLong, sound, mostFrames), AudioResult::SampleTooLong);
         QCOMPARE(decode(encoded(SF_FORMAT_WAV | SF_FORMAT_PCM_U8, 1, 1000, nine), sound), AudioResult::Ok);
     }
 };
