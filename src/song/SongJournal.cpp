@@ -1,11 +1,11 @@
 #include "song/SongJournal.h"
 
+#include "base/JobPool.h"
 #include "song/JournalFolder.h"
 #include "song/JournalWriter.h"
 
 #include <QDeadlineTimer>
 #include <QMutex>
-#include <QThreadPool>
 #include <QWaitCondition>
 
 #include <new>
@@ -18,10 +18,9 @@ constexpr int syncPauseMs = 1000;
 constexpr int retryPauseMs = 2000;
 
 // Of its own, since the tasks of the global one may take seconds. The end of the process waits for it.
-QThreadPool &writers()
+JobPool &writers()
 {
-    static QThreadPool pool;
-    pool.setMaxThreadCount(64);
+    static JobPool pool(64);
     return pool;
 }
 
