@@ -1,7 +1,9 @@
 #include "app/MainWindow.h"
 
+#include "app/Application.h"
 #include "app/WindowMenus.h"
 #include "app/WindowToolBars.h"
+#include "ui/Dialogs.h"
 #include "ui/InstrumentComboBox.h"
 #include "ui/Theme.h"
 #include "ui/song/EmptyHint.h"
@@ -66,6 +68,11 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
 
 MainWindow::~MainWindow() = default;
 
+void MainWindow::showFailure(const QString &error)
+{
+    dialogs_.message(this, Dialogs::Severity::Critical, windowTitle(), error);
+}
+
 void MainWindow::makeActions()
 {
     for (const auto &rows :
@@ -95,6 +102,8 @@ void MainWindow::connectParts()
     connect(&export_, &ExportCommands::renderFinished, this, &MainWindow::onRenderFinished);
     connect(&export_, &ExportCommands::loadingSample, this, &MainWindow::onLoadingSample);
     connect(&settings_, &Settings::settingChanged, this, &MainWindow::onSettingChanged);
+    if (const auto *const application = qobject_cast<Application *>(QCoreApplication::instance()))
+        connect(application, &Application::failed, this, &MainWindow::showFailure);
     connect(&tracks_, &TrackList::songChanged, this, &MainWindow::updateActions);
     connect(&tracks_, &TrackList::selectionChanged, this, &MainWindow::updateActions);
     connect(&playback_, &Playback::playingChanged, this, &MainWindow::updateActions);

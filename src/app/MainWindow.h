@@ -120,6 +120,7 @@ protected:
 private:
     CommandContext context() { return {*this, settings_, dialogs_, tracks_, playback_}; }
     void makeActions();
+    void showFailure(const QString &error);
     void connectParts();
     void connectPlayer();
     void connectRow(const QString &id, TrackWidget *row);

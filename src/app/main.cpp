@@ -1,3 +1,4 @@
+#include "app/Application.h"
 #include "app/GameLocation.h"
 #include "app/MainWindow.h"
 #include "app/Screenshot.h"
@@ -100,7 +101,7 @@ int main(int argc, char *argv[])
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 #endif
-    QApplication application(argc, argv);
+    const Application application(argc, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("kelvarion-composer"));
     const auto commandLine = readCommandLine(application);
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QApplication>
+#include "app/Application.h"
+
 #include <QElapsedTimer>
 #include <QFile>
 #include <QThread>
@@ -9,10 +10,10 @@
 
 // An application that knows how long its thread was kept from handling events: the longest time that one event took,
 // without the time in which the system ran other threads and programs instead.
-class WatchedApplication : public QApplication
+class WatchedApplication : public Application
 {
 public:
-    using QApplication::QApplication;
+    using Application::Application;
 
     // Measures one piece of work; pieces within another belong to it.
     class Watch
@@ -37,9 +38,9 @@ public:
     bool notify(QObject *receiver, QEvent *event) override
     {
         if (QThread::currentThread() != thread()) // events of the audio and render threads pass here too
-            return QApplication::notify(receiver, event);
+            return Application::notify(receiver, event);
         const Watch watch;
-        return QApplication::notify(receiver, event);
+        return Application::notify(receiver, event);
     }
 
     static double takeLongestMs() { return std::exchange(longest(), 0); }

@@ -174,13 +174,20 @@ private slots:
     }
 
 #ifdef Q_OS_UNIX
+    void saysWhatWantsMemory_data()
+    {
+        const Rows<QString> row("words");
+        row("inspect", "inspect long.abc");
+        row("convert", "convert long.abc --output out");
+        row("render", "render long.abc --game . --output long.wav");
+    }
     void saysWhatWantsMemory()
     {
+        QFETCH(QString, words);
         folder_->write("long.abc", tune("Long", QByteArray("C ").repeated(10'000'000)));
         QProcess program;
         program.setWorkingDirectory(folder_->path());
-        const auto line =
-            QStringLiteral("ulimit -v 400000; exec %1 inspect long.abc").arg(QStringLiteral(COMPOSER_CLI));
+        const auto line = QStringLiteral("ulimit -v 400000; exec %1 %2").arg(QStringLiteral(COMPOSER_CLI), words);
         program.start(QStringLiteral("sh"), {QStringLiteral("-c"), line});
         const auto [status, out, error] = outcomeOf(program);
         QCOMPARE(status, 1);

@@ -1,8 +1,9 @@
 #include "Messages.h"
 
+#include "base/ErrorText.h"
+
 #include <algorithm>
 #include <cstdio>
-#include <new>
 #include <utility>
 
 #ifdef Q_OS_WIN
@@ -56,10 +57,8 @@ bool runOrPrint(const QString &file, const std::function<void()> &work)
     try {
         work();
         return true;
-    } catch (const QString &message) {
-        printFailure(file, message);
-    } catch (const std::bad_alloc &) {
-        printFailure(file, QStringLiteral("Not enough memory."));
+    } catch (...) {
+        printFailure(file, currentErrorText());
     }
     return false;
 }

@@ -2,6 +2,7 @@
 
 #include "app/services/Playback.h"
 #include "app/services/RecentFiles.h"
+#include "base/ErrorText.h"
 #include "ui/Dialogs.h"
 
 #include <QApplication>
@@ -47,7 +48,12 @@ void ImportQueue::take()
         return;
     }
     const auto [request, song] = waiting_.takeFirst();
-    take(request, song);
+    try {
+        take(request, song);
+    } catch (...) {
+        const auto text = song.readFiles.join(QStringLiteral(", ")) + QStringLiteral(": ") + currentErrorText();
+        context_.dialogs.message(&context_.window, Dialogs::Severity::Critical, request.step, text);
+    }
     take();
 }
 

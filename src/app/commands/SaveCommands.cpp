@@ -1,6 +1,7 @@
 #include "app/commands/SaveCommands.h"
 
 #include "app/services/RecentFiles.h"
+#include "base/ErrorText.h"
 #include "base/FileState.h"
 #include "base/SafeFile.h"
 #include "settings/Settings.h"
@@ -76,10 +77,15 @@ bool SaveCommands::save(const QStringList &ids)
     QStringList failures;
     bool isComplete = true;
     for (const auto &id : ids) {
-        const auto target = agreedTarget(id, targetOf(id));
-        isComplete = target && saveTo(id, *target, failures) && isComplete;
-        if (!target)
-            break;
+        try {
+            const auto target = agreedTarget(id, targetOf(id));
+            isComplete = target && saveTo(id, *target, failures) && isComplete;
+            if (!target)
+                break;
+        } catch (...) {
+            failures.append(QStringLiteral("%1: %2").arg(context_.tracks.filePath(id), currentErrorText()));
+            isComplete = false;
+        }
     }
     showFailures(failures);
     return isComplete;
@@ -164,10 +170,11 @@ bool SaveCommands::saveTo(const QString &id, const Target &target, QStringList &
     const auto *const saved = context_.tracks.find(id);
     if (!saved)
         return false;
-    auto track = *saved->track; // making the text may complete the header; a save changes nothing
     try {
+        auto track = *saved->track; // making the text may complete the header; a save changes nothing
         SafeFile::write(target.path, track.toAbc().toUtf8());
-    } catch (const QString &reason) {
+    } catch (...) {
+        const auto reason = currentErrorText();
         qWarning("%s: %s", qUtf8Printable(target.path), qUtf8Printable(reason));
         failures.append(QStringLiteral("%1\n%2: %3").arg(target.failure, target.path, reason));
         if (target.path != context_.tracks.filePath(id))

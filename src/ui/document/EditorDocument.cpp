@@ -1,5 +1,6 @@
 #include "ui/document/EditorDocument.h"
 
+#include "base/ErrorText.h"
 #include "core/AbcParser.h"
 #include "edit/NoteEditPlan.h"
 #include "edit/NoteLookup.h"
@@ -193,9 +194,9 @@ bool EditorDocument::apply(QString *error)
         auto track = exactTrack();
         track.setFilePath(applied_.filePath());
         applied_ = track;
-    } catch (const QString &message) {
+    } catch (...) {
         if (error != nullptr)
-            *error = message;
+            *error = currentErrorText();
         return false;
     }
     text_.setModified(false);

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QApplication>
+
+// The program's application. An exception that leaves the handling of an event ends neither the program nor the work
+// that is not saved yet: it is told, as Qt's manual wants it caught here ("Exception Safety").
+class Application : public QApplication
+{
+    Q_OBJECT
+
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject *receiver, QEvent *event) override; // [any]
+
+signals:
+    void failed(const QString &error); // from the event loop of the interface thread, once for failures in a row
+
+private:
+    void tellFailure(const QString &error);
+
+    bool isTelling_ = false;
+};
