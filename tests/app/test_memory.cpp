@@ -114,6 +114,8 @@ void TestMemory::drop(WindowFixture &fixture)
     scarcity::largest = fewMegabytes;
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(fixture.path("long.abc"))});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&fixture.window(), &enter);
     QDropEvent event(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(&fixture.window(), &event);
 }
