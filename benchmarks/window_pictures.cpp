@@ -35,6 +35,7 @@ void take(QWidget &widget, const char *name)
 void takeMenu(QMenu &menu, const QString &name)
 {
     menu.popup({0, 0});
+    menu.setActiveAction(menu.actions().first());
     take(menu, qPrintable(name));
     menu.close();
 }
