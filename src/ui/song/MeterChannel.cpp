@@ -46,6 +46,11 @@ bool MeterChannel::decay(qint64 elapsed, qint64 now)
     return shownRms_ != before.shownRms_ || shownPeak_ != before.shownPeak_ || hold_ != before.hold_;
 }
 
+bool MeterChannel::isSilent() const
+{
+    return rms_ == 0.0F && peak_ == 0.0F && shownRms_ == 0.0F && shownPeak_ == 0.0F && hold_ == 0.0F;
+}
+
 namespace MeterScale {
 
 double decibels(double amplitude)

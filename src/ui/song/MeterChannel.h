@@ -16,6 +16,9 @@ public:
     // The bars rise at once.
     void receive(float rms, float peak, qint64 now);
 
+    // Nothing is heard or shown, and nothing will fall.
+    bool isSilent() const;
+
     // Lets the display fall by what falls in the time since the last call; whether a value changed.
     bool decay(qint64 elapsed, qint64 now);
 

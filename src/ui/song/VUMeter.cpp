@@ -47,7 +47,6 @@ VUMeter::VUMeter(Qt::Orientation orientation, QWidget *parent)
     setSizePolicy(isVertical() ? QSizePolicy::Fixed : QSizePolicy::Preferred,
                   isVertical() ? QSizePolicy::Preferred : QSizePolicy::Fixed);
     clock_.start();
-    timer_.start(decayIntervalMs, Qt::CoarseTimer, this);
 }
 
 void VUMeter::setChannelCount(int count)
@@ -61,7 +60,12 @@ void VUMeter::setLevels(int channel, float rms, float peak)
 {
     if (channel < 0 || channel >= channelCount())
         return;
-    channels_[channel].receive(rms, peak, clock_.elapsed());
+    const auto now = clock_.elapsed();
+    channels_[channel].receive(rms, peak, now);
+    if (!timer_.isActive() && !channels_[channel].isSilent()) {
+        lastDecay_ = now;
+        timer_.start(decayIntervalMs, Qt::CoarseTimer, this);
+    }
     update(barsRect());
 }
 
@@ -76,6 +80,8 @@ void VUMeter::timerEvent(QTimerEvent *event)
     for (auto &channel : channels_)
         changed |= channel.decay(now - lastDecay_, now);
     lastDecay_ = now;
+    if (std::ranges::all_of(channels_, &MeterChannel::isSilent))
+        timer_.stop();
     if (changed)
         update(barsRect());
 }
