@@ -4,6 +4,7 @@
 #include "base/TextDecoding.h"
 #include "core/AbcParser.h"
 #include "import/ImportLimits.h"
+#include "import/standard/ForeignNotation.h"
 #include "song/SongFile.h"
 #include "song/SongMembers.h"
 #include "song/SongTracks.h"
@@ -99,6 +100,9 @@ private:
     void readContent();
     void readByText(const QString &text);
     void readAbc(const QString &text);
+    void readGameAbc(const QString &text);
+    bool readStandardAbc(const QString &text);
+    void takeStandard(const QVector<StandardTune> &tunes, const QStringList &differences);
     void readTune(const QString &text);
     void readSong(const QByteArray &bytes, const QString &folder);
     void readBytes(const QByteArray &bytes);
@@ -172,6 +176,49 @@ void SourceReader::readByText(const QString &text)
 }
 
 void SourceReader::readAbc(const QString &text)
+{
+    const bool mayBeForeign = options_.abc == AbcDialect::Auto && !isWrittenForTheGame(text);
+    const bool isStandard = options_.abc == AbcDialect::Standard || mayBeForeign;
+    if (!isStandard || !readStandardAbc(text))
+        readGameAbc(text);
+}
+
+// Whether the text was read: left alone, it means the same to the game.
+bool SourceReader::readStandardAbc(const QString &text)
+{
+    const auto tunes = importStandardAbc(text, {}, stop_);
+    QVector<Track> asTheGameReads;
+    for (const auto &tune : tunesOf(text)) {
+        try {
+            asTheGameReads.append(parseAbc(tune.text, stop_));
+        } catch (const QString &) { // the standard allows more
+        }
+    }
+    const auto differences = differencesFromTheGame(tunes, asTheGameReads);
+    if (tunes.isEmpty() || (options_.abc == AbcDialect::Auto && differences.isEmpty()))
+        return false;
+    takeStandard(tunes, differences);
+    return true;
+}
+
+void SourceReader::takeStandard(const QVector<StandardTune> &tunes, const QStringList &differences)
+{
+    song_.report.emplace();
+    song_.remark = translated("read as standard ABC");
+    if (!differences.isEmpty())
+        song_.remark += translated(" for its %1").arg(differences.join(QStringLiteral(", ")));
+    TuneErrors errors;
+    for (const auto &tune : tunes) {
+        if (!tune.error.isEmpty())
+            errors.add(translated("Tune %1: %2").arg(tune.number, tune.error));
+        song_.report->outOfRange += tune.outOfRange;
+        for (const auto &voice : tune.voices)
+            add(voice.track);
+    }
+    errors.throwIfAny();
+}
+
+void SourceReader::readGameAbc(const QString &text)
 {
     const auto tunes = tunesOf(text);
     if (tunes.size() == 1) {

@@ -15,11 +15,16 @@
 
 class QIODevice;
 
+// How ABC is understood: as the game does, as a musician does by the ABC standard, which is then written in the game's
+// words, or the one or the other by what the text shows.
+enum class AbcDialect { Game, Standard, Auto };
+
 // The settings that reading depends on, taken once.
 struct ReadingOptions
 {
     MidiImportOptions midi;
     MmlImportOptions mml;
+    AbcDialect abc = AbcDialect::Game;
 
     // Tracks to be shown have their ABC texts made, which takes long in a long track, and imported ones without notes
     // are left out.
@@ -42,8 +47,9 @@ struct ReadSong
     QVector<Track> tracks; // the only one of an ABC file has its path; of several tunes none is the file
     QVector<ReadingError> errors;
     QStringList readFiles;                   // whose tracks are there
-    std::optional<ImportReport> report = {}; // of a MIDI or MML source that was read by itself
+    std::optional<ImportReport> report = {}; // of a source that was imported by itself: MIDI, MML, standard ABC
     std::optional<Song> song = {};           // of a song file that was read by itself; its parts are the tracks
+    QString remark = {};                     // for people: that ABC was read as the standard has it, and why
 };
 
 // No file and no input may be longer, in bytes; song files have a bound of their own.

@@ -122,6 +122,26 @@ private slots:
         QVERIFY(!document.contains(u"report")); // nothing can be left out of ABC
     }
 
+    void readsAbcAsTheGameOrTheStandardHasIt_data()
+    {
+        const Rows<QString, QByteArray, QString> row("words", "notes", "remark");
+        row("convert decides", "", "C D C D ", "; read as standard ABC for its repeats, tempo\n");
+        row("as the game", "--read game", "|:CD:|", "out/Reel.abc\n");
+        row("as the standard", "--read standard", "C D C D ", "; read as standard ABC for its repeats, tempo\n");
+    }
+    void readsAbcAsTheGameOrTheStandardHasIt()
+    {
+        QFETCH(QString, words);
+        QFETCH(QByteArray, notes);
+        QFETCH(QString, remark);
+        folder_->write("reel.abc", "X:1\nT:Reel\nM:2/4\nL:1/8\nK:C\n|:CD:|\n");
+        const auto result = run(QStringLiteral("convert reel.abc --force --output out ") + words);
+        QVERIFY2(QString::fromUtf8(result.out).endsWith(remark), result.out);
+        QVERIFY2(folder_->read("out/Reel.abc").contains(notes), folder_->read("out/Reel.abc"));
+        QVERIFY(!run("inspect reel.abc").out.contains("start\":10080")); // nothing is repeated
+        QCOMPARE(run("convert reel.abc --output out --read so").status, 2);
+    }
+
     void convertNeverWritesTwoTracksToOneFile()
     {
         const auto result = run("convert a.abc b.abc slash.abc --output out");

@@ -88,6 +88,17 @@ void readSetting(Arguments &arguments, const QString &text)
     arguments.settings[row->setting] = *value;
 }
 
+AbcDialect readReading(const QString &text)
+{
+    constexpr std::pair<const char *, AbcDialect> readings[] = {
+        {"game", AbcDialect::Game}, {"standard", AbcDialect::Standard}, {"auto", AbcDialect::Auto}};
+    for (const auto &[name, reading] : readings) {
+        if (text == QLatin1String(name))
+            return reading;
+    }
+    throw WrongUsage{QStringLiteral("--read takes game, standard or auto")};
+}
+
 // Options that are given several times have their values in order; walking the names in order pairs the two.
 void readTransforms(Arguments &arguments, const QCommandLineParser &parser)
 {
@@ -105,6 +116,10 @@ void readTransforms(Arguments &arguments, const QCommandLineParser &parser)
 const char *const transformHelp = R"(
 INPUT is a .mid, .midi, .abc or .kvsong file, another text file that begins with "X:" (ABC) or "MML@" (MML), or - for
 standard input.
+
+--read says how ABC is meant: "game" as the game plays it, "standard" as musicians write it (repeats, voices and
+bar lines as in the ABC standard; the result is written for the game), "auto" by what the text shows. Only convert
+begins with auto, and says when it read a text as standard ABC.
 
 TRANSFORM, applied to every track in the order given:
   --realign quick | D1,D2,…   snap notes to the usual grids, or to the grids with these denominators
@@ -130,7 +145,7 @@ QStringList optionsOf(const Command &command)
 {
     auto names = namesIn(command.required) + namesIn(command.optional);
     if (names.removeAll(transforms) > 0) {
-        names.append(QStringLiteral("set"));
+        names += {QStringLiteral("set"), QStringLiteral("read")};
         for (const auto &option : transformOptions)
             names.append(QLatin1String(option.name));
     }
@@ -169,7 +184,7 @@ void checkUsage(const Command &command, const QStringList &options, int inputCou
 
 void addOptions(QCommandLineParser &parser)
 {
-    for (const char *name : {"output", "game", "instrument", "title", "set"})
+    for (const char *name : {"output", "game", "instrument", "title", "set", "read"})
         parser.addOption({QLatin1String(name), QString(), QStringLiteral("value")});
     for (const char *name : {"mods", "json", "force", "help"})
         parser.addOption(QCommandLineOption(QLatin1String(name)));
@@ -198,6 +213,9 @@ Invocation parseArguments(const QStringList &words, const std::vector<Command> &
     arguments.title = parser.value(QStringLiteral("title"));
     arguments.mods = parser.isSet(QStringLiteral("mods"));
     arguments.json = parser.isSet(QStringLiteral("json"));
+    arguments.reading = command.reading;
+    for (const auto &reading : parser.values(QStringLiteral("read")))
+        arguments.reading = readReading(reading);
     arguments.force = parser.isSet(QStringLiteral("force"));
     for (const auto &setting : parser.values(QStringLiteral("set")))
         readSetting(arguments, setting);
@@ -211,7 +229,8 @@ QString usageText(const std::vector<Command> &commands)
     for (const auto &command : commands) {
         text += QStringLiteral("  kelvarion-composer-cli %1 %2")
                     .arg(QLatin1String(command.name), QString::fromUtf8(command.usage));
-        text += takesTransforms(command) ? QStringLiteral(" [--set KEY=VALUE…] [TRANSFORM…]\n") : QStringLiteral("\n");
+        text += takesTransforms(command) ? QStringLiteral(" [--read HOW] [--set KEY=VALUE…] [TRANSFORM…]\n")
+                                         : QStringLiteral("\n");
     }
     return text + QString::fromUtf8(transformHelp);
 }

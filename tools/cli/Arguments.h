@@ -2,6 +2,7 @@
 
 #include "core/Track.h"
 #include "settings/SettingsTable.h"
+#include "song/SongReader.h"
 
 #include <QHash>
 #include <QStringList>
@@ -23,6 +24,7 @@ struct Arguments
     QString title;
     bool mods = false;
     bool json = false;
+    AbcDialect reading = AbcDialect::Game;
     bool force = false;            // write over files
     QHash<int, QVariant> settings; // by SettingsTable::Setting; the others have their defaults
     QVector<Transform> transforms; // in the order given
@@ -42,6 +44,7 @@ struct Command
     const char *optional; // likewise; "transforms" stands for --set and the TRANSFORM options
     int fewestInputs;
     int mostInputs;
+    AbcDialect reading;                     // unless --read says otherwise
     int (*run)(const Arguments &arguments); // gives the exit status
 };
 

@@ -58,6 +58,7 @@ struct Source
 {
     QString path;
     std::optional<ImportReport> report;
+    QString remark;
     qsizetype trackCount = 0;
 };
 
@@ -99,7 +100,7 @@ private:
 void Conversion::collectTracks()
 {
     for (const auto &[path, song] : readInputs(arguments_, failed_)) {
-        sources_.append({path, song.report, song.tracks.size()});
+        sources_.append({path, song.report, song.remark, song.tracks.size()});
         tracks_ += song.tracks;
     }
 }
@@ -159,7 +160,9 @@ void Conversion::printSources() const
         const auto what = own.isEmpty() ? QStringLiteral("wrote nothing")
                           : isMerged    ? QStringLiteral("merged into ") + own.first()
                                         : QStringLiteral("wrote ") + own.join(QStringLiteral(", "));
-        printLine(source.path + QStringLiteral(": ") + what + (source.report ? describe(*source.report) : QString()));
+        const auto remark = source.remark.isEmpty() ? QString() : QStringLiteral("; ") + source.remark;
+        const auto leftOut = source.report ? describe(*source.report) : QString();
+        printLine(source.path + QStringLiteral(": ") + what + remark + leftOut);
     }
 }
 

@@ -20,7 +20,8 @@ std::optional<ReadSong> readInput(const QString &path, const Arguments &argument
 {
     ReadSong song;
     const auto read = [&] {
-        const auto options = readingOptions([&](auto setting) { return arguments.setting(setting); });
+        auto options = readingOptions([&](auto setting) { return arguments.setting(setting); });
+        options.abc = arguments.reading;
         song = readSource(path == u"-" ? standardInput() : sourceOf(path), options);
         for (const auto &error : song.errors)
             throw error.text; // a source has no more than one

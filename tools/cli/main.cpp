@@ -21,15 +21,15 @@ constexpr int any = std::numeric_limits<int>::max();
 const std::vector<Command> &commands()
 {
     static const std::vector<Command> table{
-        {"inspect", "INPUT", "", "transforms", 1, 1, inspect},
-        {"convert", "INPUT… --output DIR [--force]", "output", "force transforms", 1, any, convert},
+        {"inspect", "INPUT", "", "transforms", 1, 1, AbcDialect::Game, inspect},
+        {"convert", "INPUT… --output DIR [--force]", "output", "force transforms", 1, any, AbcDialect::Auto, convert},
         {"render", "INPUT… --game DIR --output OUT.wav [--instrument NAME] [--mods]", "game output",
-         "instrument mods transforms", 1, any, render},
+         "instrument mods transforms", 1, any, AbcDialect::Game, render},
         {"song", "INPUT… --output FILE.kvsong [--title T] [--force]", "output", "title force transforms", 1, any,
-         writeSong},
-        {"instruments", "--game DIR [--mods] [--json]", "game", "mods json", 0, 0, listInstruments},
-        {"pak list", "PACKAGE", "", "", 1, 1, listPackage},
-        {"pak extract", "PACKAGE PATH [--output FILE]", "", "output", 2, 2, extractFromPackage},
+         AbcDialect::Game, writeSong},
+        {"instruments", "--game DIR [--mods] [--json]", "game", "mods json", 0, 0, AbcDialect::Game, listInstruments},
+        {"pak list", "PACKAGE", "", "", 1, 1, AbcDialect::Game, listPackage},
+        {"pak extract", "PACKAGE PATH [--output FILE]", "", "output", 2, 2, AbcDialect::Game, extractFromPackage},
     };
     return table;
 }
