@@ -49,7 +49,7 @@ private slots:
     void leavesNothingOfANewFileThatFails()
     {
         faults::callsUntilFault = 2;
-        QVERIFY_EXCEPTION_THROWN(SafeFile::write(path(), new_), QString);
+        QVERIFY(throws<QString>([&] { SafeFile::write(path(), new_); }));
         QCOMPARE(names(), QStringList());
     }
 
@@ -105,9 +105,9 @@ private slots:
         QVERIFY(!SafeFile::writeNew(path(), new_));
         QCOMPARE(content(), old_);
         QCOMPARE(folder_->read("song.abc.saving"), QByteArray("mine"));
-        QVERIFY_EXCEPTION_THROWN(SafeFile::writeNew(path("missing/song.abc"), new_), QString);
+        QVERIFY(throws<QString>([&] { SafeFile::writeNew(path("missing/song.abc"), new_); }));
         faults::callsUntilFault = 2; // the first is that of the name
-        QVERIFY_EXCEPTION_THROWN(SafeFile::writeNew(path("b.abc"), new_), QString);
+        QVERIFY(throws<QString>([&] { SafeFile::writeNew(path("b.abc"), new_); }));
         for (const auto &longName : {QString(255, u'a'), QString(84, QChar(0x20AC)) + QStringLiteral("abc")}) {
             SafeFile::write(path(qPrintable(longName)), new_);
             QVERIFY(QFile::remove(path(qPrintable(longName))));
@@ -131,10 +131,10 @@ private slots:
     void refusesWhatIsNoFile()
     {
         QVERIFY(QDir(folder_->path()).mkdir(QStringLiteral("song.abc")));
-        QVERIFY_EXCEPTION_THROWN(SafeFile::write(path(), new_), QString);
+        QVERIFY(throws<QString>([&] { SafeFile::write(path(), new_); }));
         QCOMPARE(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
-        QVERIFY_EXCEPTION_THROWN(SafeFile::write(path("pipe"), new_), QString);
-        QVERIFY_EXCEPTION_THROWN(SafeFile::write(path("missing/song.abc"), new_), QString);
+        QVERIFY(throws<QString>([&] { SafeFile::write(path("pipe"), new_); }));
+        QVERIFY(throws<QString>([&] { SafeFile::write(path("missing/song.abc"), new_); }));
     }
 
     void cleansNames_data()

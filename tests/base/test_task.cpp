@@ -2,6 +2,7 @@
 #include "base/ParallelJobs.h"
 #include "base/Task.h"
 #include "support/Rows.h"
+#include "support/Thrown.h"
 
 #include <QtTest>
 
@@ -181,7 +182,7 @@ private slots:
             const auto failing = [&]() -> std::optional<Job<int>> {
                 return Job<int>{[number = begun++]() -> int { throw QString::number(number); }, [](int) {}, 60};
             };
-            QVERIFY_EXCEPTION_THROWN(jobs.run<int>(failing), QString);
+            QVERIFY(throws<QString>([&] { jobs.run<int>(failing); }));
             bool isGiven = false;
             jobs.run<int>([&]() -> std::optional<Job<int>> {
                 if (std::exchange(isGiven, true))

@@ -3,6 +3,7 @@
 #include "import/MidiImport.h"
 #include "import/MmlImport.h"
 #include "support/MidiBytes.h"
+#include "support/Thrown.h"
 
 #include <QElapsedTimer>
 #include <QtTest>
@@ -58,7 +59,7 @@ void TestStopping::endsEarly()
     auto reading = std::async(std::launch::async, [&] { read(stop.get_token()); });
     reading.wait_for(std::chrono::nanoseconds(whole / 10));
     stop.request_stop();
-    QVERIFY_EXCEPTION_THROWN(reading.get(), Interrupted);
+    QVERIFY(throws<Interrupted>([&] { reading.get(); }));
     QVERIFY(clock.nsecsElapsed() < whole);
 }
 

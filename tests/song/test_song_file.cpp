@@ -163,7 +163,7 @@ private slots:
     {
         const auto bytes = SongFile::toBytes(RandomSongs(7).song(), folder_);
         for (int length = 0; length < bytes.size() - 2; ++length)
-            QVERIFY_EXCEPTION_THROWN(SongFile::fromBytes(bytes.left(length), folder_), QString);
+            QVERIFY(throws<QString>([&] { SongFile::fromBytes(bytes.left(length), folder_); }));
     }
 
 private:

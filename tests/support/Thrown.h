@@ -13,3 +13,15 @@ QString thrownBy(Action action)
     }
     return QStringLiteral("nothing");
 }
+
+// Whether it throws such a thing.
+template<typename Exception, typename Action>
+bool throws(Action action)
+{
+    try {
+        action();
+    } catch (const Exception &) {
+        return true;
+    }
+    return false;
+}
