@@ -256,7 +256,7 @@ void Performer::endMeasure()
 
 void Performer::sound(const ScoreItem &item)
 {
-    soundsLeft_ -= 1 + item.notes.size();
+    soundsLeft_ -= 1 + qint64(item.notes.size());
     if (soundsLeft_ < 0)
         throw QStringLiteral("The tune is too long.");
     const auto taken = playGraces(item);
@@ -270,7 +270,7 @@ void Performer::sound(const ScoreItem &item)
 // Each lasts a quarter of its written length; where that leaves nothing of the note they are left out.
 Fraction Performer::playGraces(const ScoreItem &item)
 {
-    if (graces_ == GraceNotes::Drop || item.notes.isEmpty())
+    if (graces_ == GraceNotes::Drop || item.notes.empty())
         return {};
     Fraction total;
     for (const auto &grace : item.graces)

@@ -2,8 +2,7 @@
 
 #include "import/standard/Fraction.h"
 
-#include <QChar>
-#include <QVector>
+#include <vector>
 
 // A voice as it is written, before repeats are played: what sounds and what steers the order, one item after the other.
 struct ScoreNote
@@ -29,11 +28,11 @@ struct ScoreItem
         Tempo,
     };
     Kind kind = Kind::Sound;
-    Fraction duration;         // Sound: how far time moves on; no note need be as long
-    QVector<ScoreNote> notes;  // Sound
-    QVector<ScoreNote> graces; // Sound: played before the notes, in time taken from them
-    quint64 passes = 0;        // Ending: bit n for pass n, from 1; RepeatEnd: how often all is played
-    quint32 first = 0;         // Key: row, Metre and Tempo: numerator; Part: the letter
-    quint32 second = 0;        // Key: mode, Metre and Tempo: denominator
-    quint32 perMinute = 0;     // Tempo
+    Fraction duration;             // Sound: how far time moves on; no note need be as long
+    std::vector<ScoreNote> notes;  // Sound
+    std::vector<ScoreNote> graces; // Sound: played before the notes, in time taken from them
+    quint64 passes = 0;            // Ending: bit n for pass n, from 1; RepeatEnd: how often all is played
+    quint32 first = 0;             // Key: row, Metre and Tempo: numerator; Part: the letter
+    quint32 second = 0;            // Key: mode, Metre and Tempo: denominator
+    quint32 perMinute = 0;         // Tempo
 };

@@ -45,14 +45,14 @@ ScoreNote Voice::scoreNote(const WrittenPitch &pitch, const Fraction &units)
 void Voice::note(const WrittenPitch &pitch, const Fraction &units)
 {
     if (isInGraces_) {
-        graces_.append(scoreNote(pitch, units));
+        graces_.push_back(scoreNote(pitch, units));
         return;
     }
     if (!chord_)
         beginSound();
     const auto written = scoreNote(pitch, units);
     if (chord_)
-        chord_->append(written);
+        chord_->push_back(written);
     else
         addSound({written}, written.length);
 }
@@ -77,15 +77,15 @@ void Voice::beginSound()
 // The first note says how far time moves on; each keeps its own length.
 void Voice::endChord(const Fraction &factor)
 {
-    auto notes = chord_.value_or(QVector<ScoreNote>());
+    auto notes = chord_.value_or(std::vector<ScoreNote>());
     chord_.reset();
-    if (notes.isEmpty())
+    if (notes.empty())
         return;
     for (auto &note : notes)
         note.length = note.length * factor;
     if (isInGraces_)
         return;
-    addSound(notes, notes.first().length);
+    addSound(notes, notes.front().length);
 }
 
 // In a chord it ties the note before it, behind the chord all of them.
@@ -97,9 +97,9 @@ void Voice::tie()
     if (isInGraces_)
         return;
     if (chord_) {
-        if (chord_->isEmpty())
+        if (chord_->empty())
             return;
-        chord_->last().isTied = true;
+        chord_->back().isTied = true;
         if (!lastSteps_.isEmpty())
             remember(lastSteps_.size() - 1);
         return;
@@ -138,7 +138,7 @@ void Voice::stretch(ScoreItem &item, const Fraction &factor)
         note.length = note.length * factor;
 }
 
-void Voice::addSound(const QVector<ScoreNote> &notes, Fraction duration)
+void Voice::addSound(const std::vector<ScoreNote> &notes, Fraction duration)
 {
     ScoreItem item;
     item.duration = duration;

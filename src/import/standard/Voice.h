@@ -5,6 +5,7 @@
 #include "import/standard/ScoreItem.h"
 
 #include <QString>
+#include <QVector>
 
 #include <map>
 #include <optional>
@@ -69,12 +70,12 @@ private:
     void beginSound();
     int sounding(const WrittenPitch &pitch);
     ScoreNote scoreNote(const WrittenPitch &pitch, const Fraction &units);
-    void addSound(const QVector<ScoreNote> &notes, Fraction duration);
+    void addSound(const std::vector<ScoreNote> &notes, Fraction duration);
     void stretch(ScoreItem &item, const Fraction &factor);
 
     QVector<ScoreItem> items_;
-    std::optional<QVector<ScoreNote>> chord_;
-    QVector<ScoreNote> graces_;        // before the next notes
+    std::optional<std::vector<ScoreNote>> chord_;
+    std::vector<ScoreNote> graces_;    // before the next notes
     std::map<int, int> accidentals_;   // of this measure, by letter or by letter and octave
     std::map<int, int> tiedSemitones_; // accidentals that ties carry, by letter and octave
     std::map<int, int> tiedOver_;      // those of them that crossed a bar line
