@@ -27,7 +27,7 @@ class PreparedEngine : public BuiltinEngine
 public:
     using BuiltinEngine::BuiltinEngine;
 
-    AudioResult makeSound(std::span<const std::byte> bytes, Sound &sound) const override
+    AudioResult makeSound(std::span<const std::byte> bytes, std::size_t /*mostFrames*/, Sound &sound) const override
     {
         const auto number = QByteArray(reinterpret_cast<const char *>(bytes.data()), int(bytes.size())).toUInt();
         sound = sounds()[number];
