@@ -5,20 +5,22 @@
 #include <QHash>
 
 #include <algorithm>
+#include <bit>
 
 namespace {
 
 using Kind = ScoreItem::Kind;
 
-constexpr qint64 mostSounds = 4'000'000;
+constexpr qint64 mostPlayed = 4'000'000; // items and notes
 
 // The order in which items are played. It walks through a stretch of items and tells each that is reached.
 class Walk
 {
 public:
     Walk(const QVector<ScoreItem> &items, qsizetype begin, qsizetype end)
-        : items_(items), end_(end), at_(begin), start_(begin)
+        : items_(items), end_(end), at_(begin), begin_(begin), start_(begin)
     {
+        lookAhead();
     }
 
     // The next item to play, null at the end.
@@ -43,13 +45,21 @@ private:
         start_ = start;
         pass_ = 1;
     }
-    bool isEndingNext(qsizetype from) const;
+    struct Ahead
+    {
+        bool isEndingNext = false; // with nothing that sounds before it
+        quint8 passes = 0;         // the greatest number of the endings to the end of the group
+    };
+    void lookAhead();
+    const Ahead &ahead(qsizetype at) const { return ahead_[int(at - begin_)]; }
     int passesOfGroup(int withoutEndings) const;
 
     const QVector<ScoreItem> &items_;
     qsizetype end_;
     qsizetype at_;
-    qsizetype start_; // where a repeat goes back to
+    qsizetype begin_;
+    qsizetype start_;      // where a repeat goes back to
+    QVector<Ahead> ahead_; // of each item, and of the end
     int pass_ = 1;
     bool isInEnding_ = false;
     int repeatsPlayed_ = 0;
@@ -75,7 +85,7 @@ bool Walk::step(const ScoreItem &item)
         return true;
     case Kind::EndingStop:
         ++at_;
-        if (isInEnding_ && !isEndingNext(at_))
+        if (isInEnding_ && !ahead(at_).isEndingNext)
             beginGroup(at_);
         isInEnding_ = false;
         return true;
@@ -112,35 +122,32 @@ void Walk::skipEnding()
     const auto kind = at < end_ ? items_[int(at)].kind : Kind::Ending;
     const bool isOwnEnd = kind == Kind::RepeatEnd || kind == Kind::EndingStop;
     at_ = isOwnEnd ? at + 1 : at;
-    if (isOwnEnd && !isEndingNext(at_))
+    if (isOwnEnd && !ahead(at_).isEndingNext)
         beginGroup(at_);
 }
 
-bool Walk::isEndingNext(qsizetype from) const
+// From the end, so that each item is looked at once. A group ends where the next begins, and at the end of a repeat
+// that no ending follows.
+void Walk::lookAhead()
 {
-    for (auto at = from; at < end_; ++at) {
-        const auto kind = items_[int(at)].kind;
-        if (kind == Kind::Ending)
-            return true;
-        if (kind != Kind::Bar && kind != Kind::Key && kind != Kind::Metre && kind != Kind::Tempo)
-            return false;
+    ahead_.resize(int(end_ - begin_) + 1);
+    for (auto at = end_ - 1; at >= begin_; --at) {
+        const auto &item = items_[int(at)];
+        const auto &next = ahead(at + 1);
+        auto &here = ahead_[int(at - begin_)];
+        const bool isSilent =
+            item.kind == Kind::Bar || item.kind == Kind::Key || item.kind == Kind::Metre || item.kind == Kind::Tempo;
+        here.isEndingNext = item.kind == Kind::Ending || (isSilent && next.isEndingNext);
+        const bool endsGroup = item.kind == Kind::RepeatStart || (item.kind == Kind::RepeatEnd && !next.isEndingNext);
+        const int own = item.kind == Kind::Ending ? std::bit_width(item.passes) - 1 : 0;
+        here.passes = endsGroup ? quint8(0) : quint8(std::max(int(next.passes), own));
     }
-    return false;
 }
 
 // The greatest number of its endings says how often a group is played.
 int Walk::passesOfGroup(int withoutEndings) const
 {
-    int passes = 0;
-    for (auto at = start_; at < end_; ++at) {
-        const auto &item = items_[int(at)];
-        if (item.kind == Kind::RepeatStart || (item.kind == Kind::RepeatEnd && !isEndingNext(at + 1)))
-            break;
-        for (int pass = 1; item.kind == Kind::Ending && pass < 64; ++pass) {
-            if ((item.passes >> pass & 1) != 0)
-                passes = std::max(passes, pass);
-        }
-    }
+    const int passes = ahead(start_).passes;
     return passes > 0 ? passes : withoutEndings;
 }
 
@@ -170,6 +177,7 @@ private:
 
     void play(qsizetype begin, qsizetype end);
     void playParts(const QString &order);
+    void spend(qint64 cost);
     void playItem(const ScoreItem &item);
     void sound(const ScoreItem &item);
     Fraction playGraces(const ScoreItem &item);
@@ -185,11 +193,20 @@ private:
     MusicTime measureStart_;
     MusicTime farthest_; // of the overlays of this measure
     QHash<int, OpenTie> ties_;
-    qint64 soundsLeft_ = mostSounds;
+    qint64 left_ = mostPlayed;
 };
+
+// A few signs may ask for any number of repeats.
+void Performer::spend(qint64 cost)
+{
+    throwIfStopped(stop_);
+    if ((left_ -= cost) < 0)
+        throw QStringLiteral("The tune is too long.");
+}
 
 void Performer::play(qsizetype begin, qsizetype end)
 {
+    spend(end - begin);
     Walk walk(items_, begin, end);
     while (const auto *const item = walk.next())
         playItem(*item);
@@ -211,7 +228,6 @@ void Performer::playParts(const QString &order)
         label = next;
     }
     for (const auto letter : order) {
-        throwIfStopped(stop_);
         if (const auto part = parts.constFind(letter.unicode()); part != parts.constEnd())
             play(part->first, part->second);
     }
@@ -219,6 +235,7 @@ void Performer::playParts(const QString &order)
 
 void Performer::playItem(const ScoreItem &item)
 {
+    spend(1 + qint64(item.notes.size()));
     const auto tick = now_.rounded();
     switch (item.kind) {
     case Kind::Sound:
@@ -248,7 +265,6 @@ void Performer::playItem(const ScoreItem &item)
 // A short overlay is filled up with a rest.
 void Performer::endMeasure()
 {
-    throwIfStopped(stop_);
     now_ = std::max(farthest_, now_);
     farthest_ = now_;
     measureStart_ = now_;
@@ -256,9 +272,6 @@ void Performer::endMeasure()
 
 void Performer::sound(const ScoreItem &item)
 {
-    soundsLeft_ -= 1 + qint64(item.notes.size());
-    if (soundsLeft_ < 0)
-        throw QStringLiteral("The tune is too long.");
     const auto taken = playGraces(item);
     auto start = now_;
     start.advance(taken);

@@ -37,6 +37,7 @@ struct StandardTune
     bool hasTempo = false; // otherwise it plays at the usual 120 quarters a minute
 };
 
-// The tunes of a text in their order; one that cannot be read carries its error. Throws Interrupted soon after a stop.
+// The tunes of a text in their order; one that cannot be read carries its error. Throws a QString when
+// there are too many, and Interrupted soon after a stop.
 QVector<StandardTune> importStandardAbc(const QString &text, const StandardAbcOptions &options = {},
                                         const std::stop_token &stop = {});

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr qsizetype mostItems = 4'000'000;
+constexpr int mostElements = 1'000'000; // notes, rests, bar lines and fields of all voices
 constexpr std::size_t mostVoices = 1'000;
 
 // A percent sign begins a comment unless a backslash stands before it.
@@ -23,13 +23,6 @@ QStringView withoutComment(QStringView line)
     return line;
 }
 
-bool isFieldLine(QStringView line)
-{
-    const auto isLetter = [](QChar c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c == u'+'; };
-    return line.size() >= 2 && isLetter(line.at(0)) && line.at(1) == u':' &&
-           !(line.size() > 2 && (line.at(2) == u'|' || line.at(2) == u':'));
-}
-
 class TuneReader : public MusicLineListener
 {
 public:
@@ -37,7 +30,7 @@ public:
 
     TuneScore read(const TunebookTune &tune, const std::stop_token &stop);
 
-    Voice &voice() override { return *current_; }
+    Voice &voice() override;
     void inlineField(QChar letter, QStringView value) override { readBodyField(letter, value); }
     void unreadable(QStringView) override { ++score_.unreadable; }
 
@@ -68,6 +61,7 @@ private:
     bool isVoiceNamed_ = false;
     QVector<QChar> parts_; // met so far in the body
     QStringList macros_;
+    int elements_ = 0;
 };
 
 TuneScore TuneReader::read(const TunebookTune &tune, const std::stop_token &stop)
@@ -83,10 +77,16 @@ TuneScore TuneReader::read(const TunebookTune &tune, const std::stop_token &stop
     for (const auto line : tune.body) {
         throwIfStopped(stop);
         readBodyLine(line);
-        if (current_->items().size() > mostItems)
-            throw QStringLiteral("The tune is too long.");
     }
     return std::move(score_);
+}
+
+// Asked for by everything in a line that adds to the voice.
+Voice &TuneReader::voice()
+{
+    if (++elements_ > mostElements)
+        throw QStringLiteral("The tune is too long.");
+    return *current_;
 }
 
 // They stand for other text, which a reader of notes would take at its word.

@@ -4,13 +4,9 @@
 
 namespace {
 
-bool isField(QStringView line)
-{
-    const auto isLetter = [](QChar c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c == u'+'; };
-    // "E:|" and "C::D" are music.
-    return line.size() >= 2 && isLetter(line.at(0)) && line.at(1) == u':' &&
-           !(line.size() > 2 && (line.at(2) == u'|' || line.at(2) == u':'));
-}
+// Each tune gets the file's header, so both are bounded.
+constexpr int mostTunes = 10'000;
+constexpr int longestFileHeader = 200; // lines
 
 bool isDirective(QStringView line)
 {
@@ -58,6 +54,7 @@ private:
     void take(QStringView line);
     void takeOutside(QStringView line);
     void takeHeader(QStringView line);
+    void addToFileHeader(QStringView line);
     void beginTune();
 
     Lines lines_;
@@ -93,6 +90,8 @@ void TunebookSplitter::take(QStringView line)
 
 void TunebookSplitter::beginTune()
 {
+    if (tunes_.size() >= mostTunes)
+        throw QStringLiteral("Too many tunes.");
     tunes_.append(TunebookTune());
     tunes_.last().header = fileHeader_;
     place_ = Place::Header;
@@ -106,26 +105,31 @@ void TunebookSplitter::takeOutside(QStringView line)
         return;
     }
     if (isDirective(line)) {
-        if (place_ == Place::FileHeader)
-            fileHeader_.append(line);
+        addToFileHeader(line);
         return;
     }
-    if (!isField(line))
+    if (!isFieldLine(line))
         return;
     // Without X: a tune may begin with its title or, at the latest, its key.
     const bool isTuneField = line.startsWith(u"T:") || line.startsWith(u"K:");
     if (isTuneField) {
         beginTune();
         takeHeader(line);
-    } else if (place_ == Place::FileHeader) {
-        fileHeader_.append(line);
+    } else {
+        addToFileHeader(line);
     }
+}
+
+void TunebookSplitter::addToFileHeader(QStringView line)
+{
+    if (place_ == Place::FileHeader && fileHeader_.size() < longestFileHeader)
+        fileHeader_.append(line);
 }
 
 void TunebookSplitter::takeHeader(QStringView line)
 {
     auto &tune = tunes_.last();
-    if (!isField(line) && !isDirective(line)) { // music without a key
+    if (!isFieldLine(line) && !isDirective(line)) { // music without a key
         place_ = Place::Body;
         tune.body.append(line);
         return;
@@ -138,6 +142,13 @@ void TunebookSplitter::takeHeader(QStringView line)
 }
 
 } // namespace
+
+bool isFieldLine(QStringView line)
+{
+    const auto isLetter = [](QChar c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c == u'+'; };
+    return line.size() >= 2 && isLetter(line.at(0)) && line.at(1) == u':' &&
+           !(line.size() > 2 && (line.at(2) == u'|' || line.at(2) == u':'));
+}
 
 QVector<TunebookTune> splitTunebook(const QString &text)
 {

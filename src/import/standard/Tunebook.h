@@ -13,6 +13,10 @@ struct TunebookTune
     QVector<QStringView> body;
 };
 
+// Whether a line is a field, "K:G", and no music like "E:|" or "C::D".
+bool isFieldLine(QStringView line);
+
 // The views point into the text, which must outlive them. A tune begins with X: and ends at an empty line; where no X:
-// stands, at the first field that tunes begin with. Free text between tunes is left out.
+// stands, at the first field that tunes begin with. Free text between tunes is left out. Throws
+// a QString when there are more tunes than any book has.
 QVector<TunebookTune> splitTunebook(const QString &text);

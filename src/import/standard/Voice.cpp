@@ -124,9 +124,8 @@ void Voice::measureRest(int measures)
 {
     const auto measure = settings.metre.isNone() ? ticksPerWholeNote : settings.metre.measureTicks();
     ScoreItem item;
-    item.duration = Fraction(std::min<Ticks>(measure, 100 * ticksPerWholeNote));
-    for (int i = 0; i < measures; ++i)
-        items_.append(item);
+    item.duration = Fraction(std::min<Ticks>(measure, 100 * ticksPerWholeNote) * measures);
+    items_.append(item);
     lastSound_ = -1;
     hasMusic_ = true;
 }

@@ -1,6 +1,7 @@
 #include "core/AbcParser.h"
 #include "import/standard/StandardAbc.h"
 #include "support/Rows.h"
+#include "support/Thrown.h"
 
 #include <QtTest>
 
@@ -159,6 +160,26 @@ private slots:
         QCOMPARE(shown,
                  QStringList({QStringLiteral("7 One 3/4 0:60"), QStringLiteral("8 Untitled - 1 3/4 0:62(0.5)"),
                               QStringLiteral("8 Untitled - Low B 3/4 0:64(0.5)"), QStringLiteral(" Three 3/4 0:65")}));
+    }
+
+    void endsSoon_data()
+    {
+        const Rows<QString, int, QString> row("sign", "times", "error");
+        row("repeats without end", ":|1", 300'000, "");
+        row("rests", "Z9999", 300'000, "");
+        row("notes", "C", 1'200'000, "The tune is too long.");
+        row("chords in many passes", "|:[CEG][1-63D:|", 20'000, "The tune is too long.");
+        row("parts of bar lines", "[P:A]C||||||||[P:B]", 20'000, "");
+    }
+
+    void endsSoon()
+    {
+        QFETCH(QString, sign);
+        QFETCH(int, times);
+        const auto tunes = importStandardAbc(tuneText(QStringLiteral("P:(AB)999; K:C"), sign.repeated(times)));
+        QTEST(tunes.first().error, "error");
+        QCOMPARE(thrownBy([] { importStandardAbc(QStringLiteral("X:1\n").repeated(10'001)); }),
+                 QStringLiteral("Too many tunes."));
     }
 
     void asksForPrograms()
