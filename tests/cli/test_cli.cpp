@@ -203,7 +203,7 @@ private slots:
     }
     void saysWhatWantsMemory()
     {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#ifdef SANITIZED_PROGRAM
         QSKIP("the sanitizers reserve terabytes");
 #endif
         QFETCH(QString, words);
