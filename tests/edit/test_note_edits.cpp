@@ -1,0 +1,227 @@
+#include "core/AbcParser.h"
+#include "edit/LiveReading.h"
+#include "edit/NoteEditPlan.h"
+#include "edit/NoteLookup.h"
+#include "edit/NoteSelection.h"
+#include "edit/PlaybackMarks.h"
+#include "support/Rows.h"
+
+#include <QRandomGenerator>
+
+namespace {
+
+constexpr Ticks unit = ticksPerQuarter;
+const QString header = QStringLiteral("X: 1\nL: 1/4\nM: 4/4\nK: C\n");
+
+// The first note of the pitch; -1 for none.
+int noteOf(const Track &track, quint32 pitch)
+{
+    const auto &events = track.events();
+    const auto found = std::find_if(events.begin(), events.end(), [pitch](const TrackEvent &event) {
+        return event.isNote() && event.pitch() == pitch;
+    });
+    return found == events.end() ? -1 : int(found - events.begin());
+}
+
+// Steps "insert START LENGTH PITCH", "remove PITCH", "change PITCH START LENGTH PITCH" with times in sixteenths.
+NoteEdit parseEdit(const Track &track, const QString &steps)
+{
+    NoteEdit edit;
+    for (const auto &step : steps.split(u';')) {
+        const auto words = step.split(u' ');
+        const auto spec = [&](int word) {
+            return NoteSpec{words[word].toInt() * unit / 4, words[word + 1].toInt() * unit / 4,
+                            words[word + 2].toUInt()};
+        };
+        if (words[0] == u"insert")
+            edit.inserted.append(spec(1));
+        else if (words[0] == u"remove")
+            edit.removed.append(noteOf(track, words[1].toUInt()));
+        else
+            edit.changed.append(NoteEdit::Change{noteOf(track, words[1].toUInt()), spec(2)});
+    }
+    return edit;
+}
+
+// The text behind the edit, empty when it changes nothing. It must mean what the edit makes of the track.
+QString edited(const QString &text, const NoteEdit &edit)
+{
+    const auto reading = readAbc(text);
+    const auto plan = NoteEditPlan::plan(text, reading, edit);
+    if (!plan)
+        return {};
+    const auto result = applyChanges(text, plan->changes);
+    const auto wanted = NoteEditPlan::editedTrack(reading.track, NoteEditPlan::cleaned(reading.track, edit));
+    const bool isRight = NoteEditPlan::haveSameEvents(parseAbc(result), wanted) &&
+                         NoteEditPlan::haveSameEvents(plan->reading.track, wanted);
+    return isRight ? result : QStringLiteral("wrong: ") + result;
+}
+
+QString numbers(const QVector<int> &notes)
+{
+    QStringList texts;
+    for (const auto note : notes)
+        texts += QString::number(note);
+    return texts.join(u' ');
+}
+
+} // namespace
+
+// Notes changed in a text, and what holds on to them while it changes.
+class TestNoteEdits : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void editsNotesInTheText_data()
+    {
+        const Rows<QString, QString, QString> row("body", "edit", "result");
+        row("pitch", "C D % keep\nE|F\n", "change 62 4 4 63", "C ^D % keep\nE|F\n");
+        row("pitch keeps the rest of the note", "C .D3/2 E\n", "change 62 4 3 65", "C .F3/2 E\n");
+        row("accidental that others leaned on", "^F G F|F\n", "change 66 0 4 67", "G G ^F|F\n");
+        row("accidental that others would inherit", "F A F\n", "change 69 4 4 66", "F ^F =F\n");
+        row("pitch in a chord", "[CEG]2\n", "change 64 0 8 63", "[C^DG]2\n");
+        row("pitch in a tuplet", "(3CDE F\n", "change 65 8 4 67", "(3CDE G\n");
+        row("remove", "C !f!D E | F\n", "remove 62", "C !f!z E | F\n");
+        row("remove the last", "C D\n", "remove 62", "C\n");
+        row("remove from a chord", "C [DFA] E\n", "remove 65", "C [DA] E\n");
+        row("longer over a rest", "C D z2 | E\n", "change 62 4 8 62", "C D2 z | E\n");
+        row("shorter", "C D2 E\n", "change 62 4 4 62", "C D z E\n");
+        row("longer over a note", "C D E F|\n", "change 60 0 8 60", "[zC2] D E F|\n");
+        row("over a bar line", "C D E F| G\n", "change 65 12 8 65", "C D E [zF2]| G\n");
+        row("into a rest", "C z4 D\n", "insert 8 4 64", "C z E z2 D\n");
+        row("into a chord", "C D\n", "insert 4 4 65", "C [DF]\n");
+        row("at the end", "C D|\n", "insert 16 4 64", "C D|\nE\n");
+        row("behind the end", "C D\n", "insert 12 4 64", "C D z E\n");
+        row("behind a comment", "C D % end", "insert 8 4 64", "C D % end\nE");
+        row("where a bar was not full", "C D|E\n", "insert 12 4 64", "C D z E |E\n");
+        row("move", "C D z2|\n", "change 60 8 4 60", "z D C z|\n");
+        row("tied note", "C4-|C2 D2\n", "change 60 0 16 60", "C4|z2 D2\n");
+        row("out of a tuplet", "(3CDE F\n", "remove 64", "C2/3 D2/3 z2/3 F\n");
+        row("batch", "C D E F\n", "remove 60;change 62 4 4 67;insert 12 4 69", "z G E [FA]\n");
+        row("line breaks", "C4\n", "insert 16 4 64", "C4\nE\n");
+        // A multi-measure rest holds its measures together; there the tune is written anew.
+        row("into a rest of measures", "Z4 | C\n", "insert 4 4 64", "z E z14 \nC \n");
+        row("nothing new", "C D\n", "change 60 0 4 60;remove 99", "");
+        row("on a note of the same pitch", "C D\n", "change 62 0 4 60", "C\n");
+        row("out of every range", "C D\n", "change 62 -9 0 200", "[c'''/10080C]\n");
+    }
+
+    void editsNotesInTheText()
+    {
+        QFETCH(QString, body);
+        QFETCH(QString, edit);
+        const auto text = header + body;
+        const auto found = edited(text, parseEdit(readAbc(text).track, edit));
+        QTEST(found.mid(std::max(0, found.indexOf(u"K: C\n")) + 5), "result");
+    }
+
+    void keepsItsMeaningInRandomEdits()
+    {
+        QRandomGenerator random(7);
+        auto text =
+            header + QStringLiteral("c>d e<<f (3abc | [ceg]2 .c2 | ^C | Z2 | (3:2:3 c[ce]d [M:3/4] C2- | C {ab} "
+                                    "c ^F ~F\nF4-|F|\n");
+        for (int i = 0; i < 300; ++i) {
+            const auto events = readAbc(text).track.events();
+            const NoteSpec note{random.bounded(60) * unit / 4, (1 + random.bounded(6)) * unit / 4,
+                                50 + quint32(random.bounded(40))};
+            const auto some = events.isEmpty() ? 0 : random.bounded(int(events.size()));
+            NoteEdit edit;
+            const int kind = random.bounded(4);
+            if (kind == 0 || events.isEmpty())
+                edit.inserted.append(note);
+            else if (kind == 1)
+                edit.removed.append(some);
+            else if (kind == 2)
+                edit.changed.append({some, note});
+            else
+                edit.changed.append(NoteEdit::Change{some, {events[some].start(), events[some].length(), note.pitch}});
+            const auto result = edited(text, edit);
+            QVERIFY2(!result.startsWith(u"wrong"), qPrintable(text + u'\n' + result));
+            if (!result.isEmpty())
+                text = result;
+        }
+    }
+
+    void findsItsWayInATextThatIsTypedOn()
+    {
+        LiveReading live;
+        live.take(readAbc(header + QStringLiteral("CD [EG]2 z A|\n")));
+        const auto body = int(header.size());
+        QStringList carets;
+        for (const int column : {0, 1, 2, 3, 5, 9, 13}) {
+            const auto caret = live.caretAt(body + column);
+            carets += QStringLiteral("%1@%2").arg(caret.note).arg(caret.tick / unit);
+        }
+        QCOMPARE(carets.join(u' '), QStringLiteral("0@0 1@1 1@1 -1@2 3@2 -1@4 -1@6"));
+        const auto places = [&] {
+            QStringList found;
+            for (int note = -1; note < 6; ++note) {
+                const auto range = live.textOf(note);
+                found += range.isEmpty() ? QStringLiteral("-") : QString::number(range.offset - body);
+            }
+            return found.join(u' ');
+        };
+        QCOMPARE(places(), QStringLiteral("- 0 1 4 5 11 -"));
+        QCOMPARE(numbers(live.notesWithin({body, 6})), QStringLiteral("0 1 2 3"));
+        QCOMPARE(numbers(live.notesWithin({body + 1, 4})), QStringLiteral("1 2"));
+
+        live.addTyping(body + 1, 0, 4); // "Czzz D [EG]2 z A|"
+        live.addTyping(body + 8, 1, 0); // E is gone
+        QCOMPARE(places(), QStringLiteral("- 0 5 - 8 14 -"));
+        QCOMPARE(live.noteAt(body + 5), 1);
+        QCOMPARE(live.beforeTyping(body + 3), body + 1);
+        QCOMPARE(numbers(live.notesWithin({body, 30})), QStringLiteral("0 1 2 3 4"));
+    }
+
+    void followsNotesToAnotherReading()
+    {
+        const auto before = readAbc(header + QStringLiteral("C D [EG] C\n")).track;
+        const auto after = readAbc(header + QStringLiteral("[C,C] D2 [EG] D\n")).track;
+        NoteSelection selection;
+        QVERIFY(selection.select({4, 3, 0, 3, 99, -1}, before));
+        QVERIFY(!selection.select({0, 3, 4}, before));
+        QCOMPARE(numbers(selection.notes()), QStringLiteral("0 3 4"));
+        selection.follow(before, after);
+        QCOMPARE(numbers(selection.notes()), QStringLiteral("1"));
+        QVERIFY(selection.clear());
+        QVERIFY(!selection.clear());
+
+        PlaybackMarks marks;
+        QVERIFY(marks.setPosition(0));
+        QVERIFY(!marks.setPosition(0));
+        const QVector<NoteSpec> notes{{2 * unit, unit, 67}, {0, unit, 60}, {unit, unit, 60}};
+        QVERIFY(marks.setNotes(notes, before));
+        QVERIFY(!marks.setNotes(notes, before));
+        QCOMPARE(numbers(marks.notes()), QStringLiteral("0 3"));
+        marks.follow(after);
+        QCOMPARE(numbers(marks.notes()), QStringLiteral("1"));
+        marks.follow(before);
+        QCOMPARE(numbers(marks.notes()), QStringLiteral("0 3"));
+    }
+
+    // Only because each start is looked through once does this come to an end.
+    void findsTheNotesOfGiantChords()
+    {
+        Track track;
+        QVector<NoteSpec> notes;
+        for (Ticks length = 300'000; length > 0; --length) {
+            notes.append({unit, length, 60 + quint32(length) % 2});
+            track.appendEvent(TrackEvent::note(notes.last().pitch, unit, length));
+        }
+        track.normalize();
+        notes.append(notes.first());
+        notes.append({unit, 1, 60});
+        const auto found = findNotes(track, notes);
+        QCOMPARE(found.size(), 300'000);
+        QCOMPARE(found.last(), 299'999);
+        const auto first = firstNotesLike(track, notes);
+        QCOMPARE(first.size(), notes.size());
+        QVERIFY(first.first() == (NoteSpec{unit, 2, 60}));
+        QVERIFY(first[1] == (NoteSpec{unit, 1, 61}));
+    }
+};
+
+QTEST_APPLESS_MAIN(TestNoteEdits)
+#include "test_note_edits.moc"
