@@ -1,6 +1,6 @@
 // What a song survives: random songs through their file, and processes that are killed while they edit one. Fails when
 // a song came back different, or a journal held something else than a state at most a second old.
-// Usage: soak_song [SONGS] [KILLS]
+// Usage: soak_song [SONGS] [KILLS] [FIRST SEED]
 #include "song/JournalKills.h"
 #include "song/SongFile.h"
 #include "support/Figures.h"
@@ -22,15 +22,15 @@ int countChangedSongs(int songs)
     return changed;
 }
 
-int countLostSongs(int kills)
+int countLostSongs(int kills, unsigned firstSeed)
 {
-    std::mt19937 random(1);
+    std::mt19937 random(firstSeed);
     int lost = 0;
     int compacting = 0;
     qint64 steps = 0;
     qint64 mostLostMs = 0;
     for (int number = 0; number < kills; ++number) {
-        const auto seed = unsigned(number + 1);
+        const auto seed = firstSeed + unsigned(number);
         const auto kill = JournalKills::killAfter(int(20 + random() % 600), seed);
         steps += kill.steps;
         compacting += kill.wasCompacting ? 1 : 0;
@@ -59,7 +59,7 @@ int main(int argc, char **argv)
         return JournalKills::editUntilKilled(QCoreApplication::arguments());
     const int changed = countChangedSongs(argument(1, 10'000));
     bool isGood = report({"Song files: songs that came back different", double(changed), 0, {}, Better::Less});
-    const int lost = countLostSongs(argument(2, 1000));
+    const int lost = countLostSongs(argument(2, 1000), unsigned(argument(3, 1)));
     isGood &= report({"Journals: songs that were lost in a kill", double(lost), 0, {}, Better::Less});
     return isGood ? 0 : 1;
 }
