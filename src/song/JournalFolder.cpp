@@ -7,6 +7,7 @@
 #include <QUuid>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -42,30 +43,46 @@ QByteArray readFile(const QString &path)
     return file.readAll();
 }
 
-struct Found
+RecoverableSong describe(const QString &journal, const JournalRecords::Contents &contents)
 {
-    RecoverableSong song;
-    bool isNeeded = true;
-};
+    const auto &[song, file, isSaved] = contents.last;
+    return {journal,
+            song.title,
+            int(song.parts.size()),
+            file,
+            QDateTime::fromMSecsSinceEpoch(contents.time, Qt::UTC),
+            contents.mark == JournalMark::Discarded,
+            {}};
+}
 
-Found look(const QString &journal)
+// Nothing for a journal that a running program owns, or whose song was saved; the latter is removed.
+std::optional<RecoverableSong> lookIfFree(const QString &journal)
 {
-    Found found;
-    found.song.journal = journal;
-    found.song.time = QFileInfo(journal).lastModified().toUTC();
+    const Hold hold(journal);
+    if (!hold.isFree())
+        return {};
     try {
         const auto contents = JournalRecords::read(readFile(journal));
-        const auto &[song, file, isSaved] = contents.last;
-        found.song.title = song.title;
-        found.song.partCount = int(song.parts.size());
-        found.song.file = file;
-        found.song.time = QDateTime::fromMSecsSinceEpoch(contents.time, Qt::UTC);
-        found.song.isDiscarded = contents.mark == JournalMark::Discarded;
-        found.isNeeded = found.song.isDiscarded || !isSaved;
+        if (contents.mark == JournalMark::Discarded || !contents.last.isSaved)
+            return describe(journal, contents);
+        QFile::remove(journal);
+        return {};
     } catch (const QString &problem) {
-        found.song.problem = problem;
+        return RecoverableSong{journal, {}, 0, {}, QFileInfo(journal).lastModified().toUTC(), false, problem};
     }
-    return found;
+}
+
+// The songs begin with the last one.
+void removeOldDiscarded(QVector<RecoverableSong> &songs, const QDateTime &now)
+{
+    int discarded = 0;
+    const auto isOver = [&](const RecoverableSong &song) {
+        if (!song.isDiscarded)
+            return false;
+        const bool isOld = ++discarded > mostDiscarded || song.time.addDays(daysOfDiscarded) < now;
+        return isOld && QFile::remove(song.journal);
+    };
+    songs.erase(std::remove_if(songs.begin(), songs.end(), isOver), songs.end());
 }
 
 // The journal of the killed program may be whole beside it, so only what stands for nothing goes.
@@ -101,25 +118,11 @@ QVector<RecoverableSong> recoverable(const QString &folder, const QDateTime &now
     removeLeftovers(directory);
     QVector<RecoverableSong> songs;
     for (const auto &name : directory.entryList({u'*' + ending}, QDir::Files)) {
-        const auto journal = directory.filePath(name);
-        const Hold hold(journal);
-        if (!hold.isFree())
-            continue;
-        const auto found = look(journal);
-        if (found.isNeeded)
-            songs.append(found.song);
-        else
-            QFile::remove(journal);
+        if (const auto found = lookIfFree(directory.filePath(name)))
+            songs.append(*found);
     }
     std::sort(songs.begin(), songs.end(), [](const auto &a, const auto &b) { return a.time > b.time; });
-    int discarded = 0;
-    const auto isOver = [&](const RecoverableSong &song) {
-        return song.isDiscarded && (++discarded > mostDiscarded || song.time.addDays(daysOfDiscarded) < now);
-    };
-    const auto kept =
-        std::stable_partition(songs.begin(), songs.end(), [&](const auto &song) { return !isOver(song); });
-    std::for_each(kept, songs.end(), [](const auto &song) { QFile::remove(song.journal); });
-    songs.erase(kept, songs.end());
+    removeOldDiscarded(songs, now);
     return songs;
 }
 

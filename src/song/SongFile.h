@@ -5,7 +5,7 @@
 #include <QByteArray>
 
 // The song file (*.kvsong): a song as one JSON object in UTF-8, laid out for people and for comparing versions. The
-// same song gives the same bytes. On any thread.
+// same song gives the same bytes. [any]
 namespace SongFile {
 
 constexpr int version = 1;

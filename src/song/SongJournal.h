@@ -8,7 +8,8 @@
 
 // Keeps a song that is being worked on through a crash: every state that it is told of is in a file of its own within
 // a second, and within another on the disk itself; JournalFolder finds the file when the program did not end in order.
-// One object for each open song. All functions return at once, on the interface thread; the file is written on another.
+// One object for each open song. All functions return at once, but waitUntilWritten(); the file is written on another
+// thread. [ui]
 class SongJournal : public QObject
 {
     Q_OBJECT

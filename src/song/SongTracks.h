@@ -5,7 +5,7 @@
 
 #include <stop_token>
 
-// Between a song's parts, which are texts, and the tracks that are played. On any thread.
+// Between a song's parts, which are texts, and the tracks that are played. [any]
 namespace SongTracks {
 
 // A part with the track's text, title, file and the instrument that its I field names; everything else is new.
