@@ -5,9 +5,9 @@
 #include "song/JournalWriter.h"
 
 #include <QDeadlineTimer>
-#include <QMutex>
-#include <QWaitCondition>
 
+#include <condition_variable>
+#include <mutex>
 #include <new>
 #include <optional>
 #include <utility>
@@ -57,8 +57,8 @@ private:
     QString problemOf(Work work);
 
     const QString path_;
-    QMutex mutex_;
-    QWaitCondition changed_;
+    std::mutex mutex_;
+    std::condition_variable_any changed_;
     SongJournal *owner_; // null once it is gone
     std::optional<JournalledSong> pending_;
     std::optional<JournalledSong> written_;
@@ -78,29 +78,29 @@ void SongJournal::Task::wake()
     if (!isRunning_) {
         isRunning_ = true;
         writers().start([self = shared_from_this()] {
-            const QMutexLocker locker(&self->mutex_);
+            const std::lock_guard locker(self->mutex_);
             self->run();
         });
     }
-    changed_.wakeAll();
+    changed_.notify_all();
 }
 
 void SongJournal::Task::record(const JournalledSong &song)
 {
-    const QMutexLocker locker(&mutex_);
+    const std::lock_guard locker(mutex_);
     pending_ = song;
     wake();
 }
 
 void SongJournal::Task::replace(const QString &journal)
 {
-    const QMutexLocker locker(&mutex_);
+    const std::lock_guard locker(mutex_);
     replaced_ = journal;
 }
 
 void SongJournal::Task::end(Ending ending)
 {
-    const QMutexLocker locker(&mutex_);
+    const std::lock_guard locker(mutex_);
     if (ending == Ending::Saved)
         isRemoved_ = true;
     else
@@ -112,19 +112,19 @@ void SongJournal::Task::end(Ending ending)
 
 void SongJournal::Task::abandon()
 {
-    const QMutexLocker locker(&mutex_);
+    const std::lock_guard locker(mutex_);
     owner_ = nullptr;
     wake();
 }
 
 bool SongJournal::Task::waitUntilWritten(int timeoutMs)
 {
-    const QMutexLocker locker(&mutex_);
+    const std::lock_guard locker(mutex_);
     isHurried_ = true;
     wake();
     const QDeadlineTimer deadline(timeoutMs);
     while (isRunning_ && !deadline.hasExpired())
-        changed_.wait(&mutex_, deadline);
+        changed_.wait_for(mutex_, deadline.remainingTimeAsDuration());
     return !isRunning_ && !pending_;
 }
 
@@ -133,7 +133,7 @@ void SongJournal::Task::run()
     while (step()) {
     }
     isRunning_ = isHurried_ = false;
-    changed_.wakeAll();
+    changed_.notify_all();
 }
 
 bool SongJournal::Task::step()
@@ -149,7 +149,7 @@ bool SongJournal::Task::step()
     if (needsSync && (syncDue_.hasExpired() || isInHurry()))
         return sync() || !isInHurry();
     if (isWanted || needsSync)
-        changed_.wait(&mutex_, isWanted ? retry_ : syncDue_);
+        changed_.wait_for(mutex_, (isWanted ? retry_ : syncDue_).remainingTimeAsDuration());
     else if (mark_ != JournalMark::Open)
         writer_.close();
     return isWanted || needsSync;
@@ -174,11 +174,13 @@ QString SongJournal::Task::problemOf(Work work)
 bool SongJournal::Task::write()
 {
     const auto song = *std::exchange(pending_, std::nullopt);
-    const auto problem = problemOf([&, mark = mark_] { writer_.write(song, mark); });
+    const auto mark = mark_;
+    const auto problem = problemOf([&] { writer_.write(song, mark); });
     written_ = song;
     if (problem.isEmpty())
         removeReplaced();
-    else if (!pending_)
+    const bool isDone = problem.isEmpty() && mark == mark_; // the end may have come meanwhile
+    if (!isDone && !pending_)
         pending_ = song;
     if (!writer_.needsSync())
         syncDue_.setRemainingTime(syncPauseMs);

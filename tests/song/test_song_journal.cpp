@@ -8,6 +8,7 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QThread>
 
 namespace {
 
@@ -239,6 +240,21 @@ private slots:
         running.end(SongJournal::Ending::Saved);
         QVERIFY(running.waitUntilWritten(5000));
         QCOMPARE(folder_->files(), QStringList());
+    }
+
+    void endsWhileItIsWritten()
+    {
+        const auto song = largeSong();
+        for (const auto pause : {0UL, 1UL, 2UL, 4UL, 8UL, 16UL}) {
+            SongJournal journal(folder_->path());
+            journal.record({song, {}, false});
+            QThread::msleep(pause);
+            journal.end(SongJournal::Ending::Discarded);
+            QVERIFY(journal.waitUntilWritten(20'000));
+            const auto found = JournalFolder::recoverable(folder_->path());
+            QVERIFY(found.size() == 1 && found[0].isDiscarded);
+            JournalFolder::remove(journal.path());
+        }
     }
 
     void keepsDiscardedSongsForAWhile()
