@@ -90,6 +90,7 @@ private:
 class PendingTies
 {
 public:
+    bool isEmpty() const { return pending_.none(); }
     TrackEvent *find(quint32 pitch) { return pending_[pitch] ? &notes_[pitch] : nullptr; }
 
     void put(const TrackEvent &note)

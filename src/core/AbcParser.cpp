@@ -411,6 +411,8 @@ void AbcParser::readElement()
 AbcRatio AbcParser::tokenLength() const
 {
     AbcRatio length;
+    if (token_.part(AbcPart::Length).isEmpty())
+        return length;
     if (token_.has(AbcPart::LengthNumerator))
         length.numerator = number(token_.part(AbcPart::LengthNumerator));
     const auto slashes = token_.part(AbcPart::LengthSlashes).size();
@@ -509,6 +511,8 @@ void AbcParser::finishElement()
     if (!element_.present)
         return;
     for (const auto &note : element_.notes) {
+        if (ties_.isEmpty())
+            break;
         const auto *const pending = ties_.find(note.pitch);
         if (pending != nullptr && pending->end() != position_)
             ties_.writeTo(events_, note.pitch);

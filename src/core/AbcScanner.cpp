@@ -1,6 +1,6 @@
 #include "core/AbcScanner.h"
 
-#include <algorithm>
+#include <limits>
 
 // The kinds of token and the order in which they are tried are those of a table of regular expressions, each of which
 // sees only so many characters of the line. The scanner cuts the same tokens by hand, thirty times as fast; the tests
@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr qsizetype wholeLine = -1;
+constexpr qsizetype wholeLine = std::numeric_limits<qsizetype>::max();
 
 bool isDigit(char16_t c)
 {
@@ -27,37 +27,6 @@ bool isSpace(char16_t c)
 }
 
 } // namespace
-
-void AbcScanner::begin(qsizetype limit)
-{
-    p_ = at_;
-    end_ = limit == wholeLine || lineEnd_ - at_ < limit ? lineEnd_ : at_ + limit;
-    token_.parts.fill({});
-}
-
-bool AbcScanner::take(char16_t c)
-{
-    if (!peek(c))
-        return false;
-    ++p_;
-    return true;
-}
-
-bool AbcScanner::takeRun(char16_t c)
-{
-    const auto *const from = p_;
-    while (take(c)) {
-    }
-    return p_ > from;
-}
-
-bool AbcScanner::takeDigits()
-{
-    const auto *const from = p_;
-    while (p_ < end_ && isDigit(*p_))
-        ++p_;
-    return p_ > from;
-}
 
 // "1", "1,3", "1-3,5"
 void AbcScanner::takeNumberList()

@@ -46,10 +46,33 @@ private:
     Type bang(AbcSymbols symbols);
 
     // Elements: each takes what is there and moves on.
-    void begin(qsizetype limit);
-    bool take(char16_t c);
-    bool takeRun(char16_t c);
-    bool takeDigits();
+    void begin(qsizetype limit)
+    {
+        p_ = at_;
+        end_ = lineEnd_ - at_ < limit ? lineEnd_ : at_ + limit;
+        token_.parts.fill({});
+    }
+    bool take(char16_t c)
+    {
+        if (!peek(c))
+            return false;
+        ++p_;
+        return true;
+    }
+    bool takeRun(char16_t c)
+    {
+        const auto *const from = p_;
+        while (take(c)) {
+        }
+        return p_ > from;
+    }
+    bool takeDigits()
+    {
+        const auto *const from = p_;
+        while (p_ < end_ && *p_ >= u'0' && *p_ <= u'9')
+            ++p_;
+        return p_ > from;
+    }
     void takeNumberList();
     bool takeUpTo(char16_t delimiter);
     void skipSpace();

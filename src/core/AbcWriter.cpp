@@ -5,6 +5,7 @@
 #include "core/TextBuffer.h"
 #include "core/Track.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <limits>
@@ -16,12 +17,14 @@ namespace {
 // the texts are remembered, each in the slot that its length hashes to.
 class LengthTexts
 {
+    static constexpr size_t longest = 44; // two 64-bit numbers and a slash
+
 public:
     struct Text
     {
         Ticks length = -1;
         int size = 0;
-        std::array<char, 44> characters; // two 64-bit numbers and a slash
+        std::array<char16_t, longest> characters;
     };
 
     explicit LengthTexts(Ticks unitLength) : unitLength_(unitLength) {}
@@ -40,16 +43,18 @@ private:
         const auto divisor = std::gcd(length, unitLength_);
         const auto numerator = length / divisor;
         const auto denominator = unitLength_ / divisor;
-        char *out = text.characters.data();
-        char *const end = out + text.characters.size();
+        std::array<char, longest> latin;
+        char *out = latin.data();
+        char *const end = out + latin.size();
         if (numerator != 1)
             out = std::to_chars(out, end, numerator).ptr;
         if (denominator != 1)
             *out++ = '/';
         if (denominator > 2)
             out = std::to_chars(out, end, denominator).ptr;
+        std::copy(latin.data(), out, text.characters.begin());
         text.length = length;
-        text.size = int(out - text.characters.data());
+        text.size = int(out - latin.data());
     }
 
     Ticks unitLength_;
@@ -175,7 +180,7 @@ void AbcWriter::writeHeader()
 void AbcWriter::writeLength(Ticks length)
 {
     const auto &text = lengthTexts_.of(length);
-    text_.put(text.characters.data(), text.size);
+    text_.put(text.characters, text.size);
 }
 
 void AbcWriter::writeNote(TrackEvent &note)

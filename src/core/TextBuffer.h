@@ -3,6 +3,8 @@
 #include <QString>
 
 #include <algorithm>
+#include <array>
+#include <cstring>
 
 // One growing buffer of UTF-16 text with cheap appends: room is made once for a whole group of characters, and then
 // each character is a store.
@@ -33,10 +35,17 @@ public:
             put(c);
     }
 
-    void put(const char *text, int length)
+    // Of the array only so many characters count. The first are copied together, as most texts are no longer: there
+    // must be room for eight.
+    template<size_t Size>
+    void put(const std::array<char16_t, Size> &text, int length)
     {
-        for (int i = 0; i < length; ++i)
-            put(text[i]);
+        constexpr int together = 8;
+        static_assert(Size >= together);
+        std::memcpy(static_cast<void *>(data_ + size_), text.data(), together * sizeof(char16_t));
+        for (int i = together; i < length; ++i)
+            data_[size_ + i] = QChar(text[size_t(i)]);
+        size_ += length;
     }
 
     void append(QStringView text)

@@ -10,7 +10,7 @@
 class ActiveNotes
 {
 public:
-    struct Note
+    struct Note // without initial values: most of the notes are never used
     {
         quint64 start; // file ticks
         quint8 velocity;
