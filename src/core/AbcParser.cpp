@@ -543,7 +543,7 @@ void AbcParser::sound(const WrittenNote &note)
     if (note.tied)
         ties_.put(event);
     else
-        events_.append(event);
+        appendInPlace(events_, event);
 }
 
 // The chord's own length and tie reach the notes that it appended and those of its notes that are tied.

@@ -75,4 +75,12 @@ private:
     QString filePath_;
 };
 
+// As events.append(event), for where millions are made: the event is written at once where it shall stand. A copy of
+// one that was just put together in small pieces would have to wait for them.
+inline void appendInPlace(QVector<TrackEvent> &events, const TrackEvent &event)
+{
+    events.resize(events.size() + 1);
+    events.last() = event;
+}
+
 Q_DECLARE_METATYPE(Track)

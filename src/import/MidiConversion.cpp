@@ -84,7 +84,8 @@ void MidiConversion::appendNote(Channel &channel, int pitch, const ActiveNotes::
     if (channel.changesSeen < changes_.size())
         catchUp(channel);
     const auto velocity = options_.processVolume ? float(note.velocity / 127.0) : 1.0F;
-    channel.events.append(TrackEvent::note(quint32(pitch), toTicks(note.start), toTicks(end - note.start), velocity));
+    appendInPlace(channel.events,
+                  TrackEvent::note(quint32(pitch), toTicks(note.start), toTicks(end - note.start), velocity));
     channel.hasNotes = true;
 }
 
