@@ -12,8 +12,8 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_AUTOMOC ON)
 
 find_program(CCACHE ccache)
-if(CCACHE)
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+if(CCACHE) # it must not look for the macros of what is precompiled
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
 endif()
 
 add_library(composer_settings INTERFACE)
@@ -45,11 +45,34 @@ endif()
 add_custom_target(libraries)
 add_custom_target(thread_tests)
 
+# The headers that most sources read, precompiled once for all rooms with widgets (in ui) and once for all others (in
+# base). Not with other compilers, so that each source is also compiled with nothing but what it includes itself.
+function(composer_precompile NAME)
+    if(NOT COMPOSER_PRECOMPILE OR NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU"
+       OR CMAKE_CURRENT_SOURCE_DIR MATCHES "/audio/(sound|engine)$") # those are without Qt
+        return()
+    endif()
+    set(OWNER base)
+    if(CMAKE_CURRENT_SOURCE_DIR MATCHES "/(ui|app)(/|$)")
+        set(OWNER ui)
+    endif()
+    if(NOT NAME STREQUAL OWNER)
+        target_precompile_headers(${NAME} REUSE_FROM ${OWNER})
+        return()
+    endif()
+    target_precompile_headers(${NAME} PRIVATE <algorithm> <functional> <memory> <optional> <QHash> <QObject> <QStringList> <QVector>)
+    if(NAME STREQUAL ui)
+        target_precompile_headers(${NAME} PRIVATE <QAction> <QApplication> <QComboBox> <QDialog> <QHBoxLayout> <QLabel>
+            <QMainWindow> <QMenu> <QMouseEvent> <QPainter> <QTimer>)
+    endif()
+endfunction()
+
 function(composer_library NAME)
     cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
     file(GLOB SOURCES CONFIGURE_DEPENDS *.cpp *.h)
     add_library(${NAME} STATIC ${SOURCES})
     target_link_libraries(${NAME} PUBLIC composer_settings ${ARG_LINKS})
+    composer_precompile(${NAME})
     add_dependencies(libraries ${NAME})
 endfunction()
 
@@ -70,6 +93,7 @@ function(composer_test NAME)
     add_executable(${NAME} ${NAME}.cpp)
     target_include_directories(${NAME} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
     target_link_libraries(${NAME} PRIVATE ${ARG_LINKS} Qt::Test)
+    composer_precompile(${NAME})
     add_test(NAME ${NAME} COMMAND ${NAME})
     if(COMPOSER_SANITIZE STREQUAL "thread")
         set_tests_properties(${NAME} PROPERTIES ENVIRONMENT
