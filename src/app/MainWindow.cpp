@@ -47,7 +47,6 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
       export_(context(), services.makeFileEngine), program_(context()), status_(*this),
       playbackView_(*rows_, *masterMeter_)
 {
-    setWindowTitle(QStringLiteral("Kelvarion Composer"));
     setWindowIcon(QIcon(QStringLiteral(":/icons/appicon.png")));
     setAcceptDrops(true);
     resize(1180, 760);
@@ -63,14 +62,14 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
     connectPlayer();
     restoreGeometry(QByteArray::fromBase64(settings_.value(Settings::WindowGeometry).toString().toLatin1()));
     restoreState(QByteArray::fromBase64(settings_.value(Settings::WindowState).toString().toLatin1()));
-    updateActions();
+    showSong();
 }
 
 MainWindow::~MainWindow() = default;
 
 void MainWindow::showFailure(const QString &error)
 {
-    dialogs_.message(this, Dialogs::Severity::Critical, windowTitle(), error);
+    dialogs_.message(this, Dialogs::Severity::Critical, QStringLiteral("Kelvarion Composer"), error);
 }
 
 void MainWindow::makeActions()
@@ -104,6 +103,9 @@ void MainWindow::connectParts()
     connect(&settings_, &Settings::settingChanged, this, &MainWindow::onSettingChanged);
     if (const auto *const application = qobject_cast<Application *>(QCoreApplication::instance()))
         connect(application, &Application::failed, this, &MainWindow::showFailure);
+    session_.setMasterVolume(masterVolume_->value());
+    connect(&session_, &SongSession::changed, this, &MainWindow::showTitle);
+    connect(&session_, &SongSession::opened, this, &MainWindow::showSong);
     connect(&tracks_, &TrackList::songChanged, this, &MainWindow::updateActions);
     connect(&tracks_, &TrackList::selectionChanged, this, &MainWindow::updateActions);
     connect(&playback_, &Playback::playingChanged, this, &MainWindow::updateActions);
@@ -164,6 +166,22 @@ void MainWindow::updateActions()
         }
         return false;
     });
+}
+
+// What belongs to the whole song.
+void MainWindow::showSong()
+{
+    masterVolume_->setValue(session_.masterVolume());
+    showTitle();
+    updateActions();
+}
+
+void MainWindow::showTitle()
+{
+    const auto program = QStringLiteral("Kelvarion Composer");
+    const auto name = session_.name().isEmpty() ? tr("Untitled") : session_.name();
+    setWindowTitle(session_.isBlank() ? program : QStringLiteral("%1[*] - %2").arg(name, program));
+    setWindowModified(session_.isUnsaved());
 }
 
 void MainWindow::showEvent(QShowEvent *event)

@@ -14,6 +14,7 @@
 #include "app/services/ChangedFiles.h"
 #include "app/services/EditorWindows.h"
 #include "app/services/Playback.h"
+#include "app/services/SongSession.h"
 #include "app/services/UpdateChecker.h"
 #include "assets/InstrumentSetModel.h"
 #include "audio/TrackPlayer.h"
@@ -49,6 +50,7 @@ public:
     ~MainWindow() override;
 
     TrackList &tracks() { return tracks_; }
+    SongSession &session() { return session_; }
 
     // As if the user had dropped them: what is neither ABC nor MIDI by its name is skipped.
     void openFiles(const QStringList &paths) { import_.openFiles(paths); }
@@ -118,7 +120,7 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
-    CommandContext context() { return {*this, settings_, dialogs_, tracks_, playback_}; }
+    CommandContext context() { return {*this, settings_, dialogs_, tracks_, session_, playback_}; }
     void makeActions();
     void showFailure(const QString &error);
     void connectParts();
@@ -127,6 +129,8 @@ private:
     void onEdited(const QString &trackId, const Track &track);
     void onSettingChanged(Settings::Setting setting, const QVariant &value);
     void updateActions();
+    void showTitle();
+    void showSong();
     bool mayClose();
 
     Settings &settings_;
@@ -134,6 +138,7 @@ private:
     InstrumentSetModel instruments_{{}};
     TrackPlayer player_;
     TrackList tracks_;
+    SongSession session_{tracks_};
     Playback playback_;
     EditorWindows editors_;
     UpdateChecker updates_;

@@ -127,6 +127,7 @@ void MainWindow::onDefaultInstrumentChanged(const QString &name)
 void MainWindow::onMasterVolumeChanged(int percent)
 {
     transport_.setMasterVolume(percent);
+    session_.setMasterVolume(percent);
 }
 
 void MainWindow::onTrackStarted(const QString &trackId)

@@ -7,7 +7,7 @@
 #include "import/standard/ForeignNotation.h"
 #include "song/SongFile.h"
 #include "song/SongMembers.h"
-#include "song/SongTracks.h"
+#include "song/SongParts.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -250,9 +250,9 @@ void SourceReader::readSong(const QByteArray &bytes, const QString &folder)
     TuneErrors errors;
     for (const auto &part : qAsConst(song_.song->parts)) {
         try {
-            add(SongTracks::trackOf(part, stop_));
+            add(SongParts::trackOf(part, stop_));
         } catch (const QString &message) {
-            add(SongTracks::silentTrackOf(part));
+            add(SongParts::silentTrackOf(part));
             errors.add(message);
         }
     }

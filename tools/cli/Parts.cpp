@@ -2,7 +2,7 @@
 
 #include "Input.h"
 #include "Messages.h"
-#include "song/SongTracks.h"
+#include "song/SongParts.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -59,13 +59,13 @@ void PartCollector::addTracks(const NamedInput &input)
         parts_.song.imports.append({path, settings, {}});
     }
     for (const auto &track : input.song.tracks)
-        addPart(SongTracks::partOf(track, SongTracks::freeId(parts_.song)));
+        addPart(SongParts::partOf(track, SongParts::freeId(parts_.song)));
 }
 
 void PartCollector::addPart(SongPart part)
 {
     if (ids_.contains(part.id))
-        part.id = SongTracks::freeId(parts_.song);
+        part.id = SongParts::freeId(parts_.song);
     ids_.insert(part.id);
     parts_.song.parts.append(std::move(part));
 }
@@ -78,7 +78,7 @@ void transform(Parts &parts, const Arguments &arguments)
     if (songParts.size() != parts.tracks.size()) { // merged
         songParts.clear();
         for (const auto &track : qAsConst(parts.tracks))
-            songParts.append(SongTracks::partOf(track, SongTracks::freeId(parts.song)));
+            songParts.append(SongParts::partOf(track, SongParts::freeId(parts.song)));
         return;
     }
     for (int i = 0; i < songParts.size(); ++i)

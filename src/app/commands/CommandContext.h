@@ -4,6 +4,7 @@ class Dialogs;
 class Playback;
 class QWidget;
 class Settings;
+class SongSession;
 class TrackList;
 
 // What the commands of a window work with; all of it outlives them.
@@ -13,5 +14,6 @@ struct CommandContext
     Settings &settings;
     Dialogs &dialogs;
     TrackList &tracks;
+    SongSession &session;
     Playback &playback;
 };

@@ -42,8 +42,8 @@ void ExportCommands::exportWav()
 bool ExportCommands::mayClose()
 {
     const auto question = tr("The export to wav is still running.\nWould you like to stop it?");
-    return !isRunning() ||
-           context_.dialogs.ask(&context_.window, context_.window.windowTitle(), question) == Dialogs::Answer::Yes;
+    return !isRunning() || context_.dialogs.ask(&context_.window, QStringLiteral("Kelvarion Composer"), question) ==
+                               Dialogs::Answer::Yes;
 }
 
 void ExportCommands::start(const QString &fileName)
@@ -72,7 +72,7 @@ void ExportCommands::openProgress()
 {
     progress_ = new QProgressDialog(QStringLiteral("Rendering to wav..."), tr("Cancel"), 0, 1, &context_.window);
     progress_->setObjectName(QStringLiteral("exportProgress"));
-    progress_->setWindowTitle(context_.window.windowTitle());
+    progress_->setWindowTitle(QStringLiteral("Kelvarion Composer"));
     progress_->setAutoReset(false);
     progress_->setMinimumDuration(500);
     connect(progress_, &QProgressDialog::canceled, renderer_.get(), &TrackRenderer::cancel);

@@ -60,7 +60,7 @@ bool SaveCommands::mayClose()
     if (unsaved.isEmpty())
         return true;
     const auto text = tr("%n track(s) are not saved yet.\nWould you like to save them?", nullptr, int(unsaved.size()));
-    switch (context_.dialogs.askToSave(&context_.window, context_.window.windowTitle(), text)) {
+    switch (context_.dialogs.askToSave(&context_.window, QStringLiteral("Kelvarion Composer"), text)) {
     case Dialogs::CloseAnswer::SaveAll:
         return save(unsaved);
     case Dialogs::CloseAnswer::Discard:

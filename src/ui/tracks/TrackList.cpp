@@ -25,6 +25,12 @@ QString textOf(const Track &track)
     return copy.toAbc();
 }
 
+// Of names such as the list gives; 0 for others.
+int numberOf(const QString &id)
+{
+    return id.startsWith(u'T') ? id.mid(1).toInt() : 0;
+}
+
 // How paths of one file are told to be the same.
 QString fileOf(const QString &path)
 {
@@ -36,10 +42,10 @@ QString fileOf(const QString &path)
 
 } // namespace
 
-class SongChange : public QUndoCommand
+class TrackListStep : public QUndoCommand
 {
 public:
-    SongChange(TrackList &list, const SongTracks &after, const QString &step, int merging, const QString &id)
+    TrackListStep(TrackList &list, const SongTracks &after, const QString &step, int merging, const QString &id)
         : QUndoCommand(step), list_(list), before_(list.song_), after_(after), merging_(merging), id_(id)
     {
         age_.start();
@@ -51,7 +57,7 @@ public:
 
     bool mergeWith(const QUndoCommand *other) override
     {
-        const auto *const next = static_cast<const SongChange *>(other); // the same id() is the same class
+        const auto *const next = static_cast<const TrackListStep *>(other); // the same id() is the same class
         if (next->id_ != id_ || age_.elapsed() > mergingPauseMs)
             return false;
         after_ = next->after_;
@@ -164,6 +170,29 @@ void TrackList::rememberSaved(const SongTrack &track, const QString &path)
         saved_.insert(track.id, {path, fileOf(path), track.track});
 }
 
+void TrackList::open(const QVector<OpenedTrack> &tracks)
+{
+    history_.clear();
+    selected_.clear();
+    saved_.clear();
+    show({}); // a row or an editor of the song before is none of this one, even of a track of the same name
+    SongTracks song;
+    for (const auto &opened : tracks) {
+        song.append(std::make_shared<const SongTrack>(opened.track));
+        lastNumber_ = std::max(lastNumber_, numberOf(opened.track.id));
+        rememberOpened(opened);
+    }
+    show(song);
+}
+
+void TrackList::rememberOpened(const OpenedTrack &opened)
+{
+    const auto &track = opened.track.track;
+    if (!opened.path.isEmpty())
+        saved_.insert(opened.track.id,
+                      {opened.path, fileOf(opened.path), opened.file == FileHolds::Track ? track : nullptr});
+}
+
 QStringList TrackList::add(const QString &step, const QVector<NewTrack> &tracks, ExistingTracks existing)
 {
     auto after = existing == ExistingTracks::Keep ? song_ : SongTracks();
@@ -257,10 +286,13 @@ void TrackList::solo(const QString &id)
 bool TrackList::isUnsaved(const QString &id) const
 {
     const auto *const track = find(id);
-    if (!track)
-        return false;
-    const auto saved = saved_.value(id).track;
-    return saved != track->track && (!saved || textOf(*saved) != textOf(*track->track));
+    return track && isUnsaved(*track);
+}
+
+bool TrackList::isUnsaved(const SongTrack &track) const
+{
+    const auto saved = saved_.value(track.id).track;
+    return saved != track.track && (!saved || textOf(*saved) != textOf(*track.track));
 }
 
 QStringList TrackList::unsavedIds() const
@@ -280,20 +312,25 @@ std::optional<QString> TrackList::savedText(const QString &id) const
 void TrackList::setFilePath(const QString &id, const QString &path)
 {
     saved_.insert(id, {path, fileOf(path), nullptr});
+    emit filesChanged();
 }
 
 void TrackList::markSaved(const QString &id, const QString &path)
 {
-    const auto *const track = find(id);
-    if (!track)
-        return;
+    if (const auto *const track = find(id))
+        markSaved(id, path, track->track);
+}
+
+void TrackList::markSaved(const QString &id, const QString &path, const std::shared_ptr<const Track> &written)
+{
     const auto file = fileOf(path);
-    const auto text = textOf(*track->track);
+    const auto text = textOf(*written);
     for (auto other = saved_.begin(); other != saved_.end();) {
         const bool isReplaced = other->file == file && !(other->track && textOf(*other->track) == text);
         other = isReplaced ? saved_.erase(other) : std::next(other);
     }
-    saved_.insert(id, {path, file, track->track});
+    saved_.insert(id, {path, file, written});
+    emit filesChanged();
 }
 
 QStringList TrackList::rivalsFor(const QString &path, const QString &id) const
@@ -330,7 +367,7 @@ void TrackList::changeEach(const QString &step, const QStringList &ids, Merging 
 void TrackList::change(const QString &step, const SongTracks &after, Merging merging, const QString &id)
 {
     if (after != song_)
-        history_.push(new SongChange(*this, after, step, int(merging), id));
+        history_.push(new TrackListStep(*this, after, step, int(merging), id));
 }
 
 void TrackList::show(const SongTracks &song)

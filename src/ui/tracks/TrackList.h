@@ -17,6 +17,15 @@ struct NewTrack
     QString instrument;
 };
 
+// A track of a song that is opened.
+enum class FileHolds { Track, Other };
+struct OpenedTrack
+{
+    SongTrack track; // its id is its own in the song; the text is made
+    QString path;    // of its file; may be empty
+    FileHolds file = FileHolds::Other;
+};
+
 enum class ExistingTracks { Keep, Remove };
 
 // The song of the window without its widgets. Every change is one step of the undo stack, and songChanged() tells the
@@ -48,6 +57,8 @@ public:
     void deselectAll();
     void invertSelection();
 
+    // Another song in the place of this one, with a history of its own.
+    void open(const QVector<OpenedTrack> &tracks);
     // Gives the identifiers of the new tracks.
     QStringList add(const QString &step, const QVector<NewTrack> &tracks,
                     ExistingTracks existing = ExistingTracks::Keep);
@@ -65,6 +76,7 @@ public:
     // A track is unsaved when it differs from its file, or has none. One without notes counts as saved as long as it
     // stays as it was added.
     bool isUnsaved(const QString &id) const;
+    bool isUnsaved(const SongTrack &track) const; // of a track that was removed, too
     QStringList unsavedIds() const;
     // Whether it has a file and does not differ from it.
     bool isFiled(const QString &id) const { return !filePath(id).isEmpty() && !isUnsaved(id); }
@@ -76,15 +88,18 @@ public:
     void setFilePath(const QString &id, const QString &path);
     // The file holds this track; every other one that it held as another text has no file from here on.
     void markSaved(const QString &id, const QString &path);
+    // The same for what the track was when it was written.
+    void markSaved(const QString &id, const QString &path, const std::shared_ptr<const Track> &written);
     // Other tracks with the same file, whose text differs from that of this one.
     QStringList rivalsFor(const QString &path, const QString &id) const;
 
 signals:
     void songChanged(const SongTracks &before, const SongTracks &after);
     void selectionChanged(const QString &id, bool isSelected);
+    void filesChanged(); // where tracks are saved, or what is known of it
 
 private:
-    friend class SongChange;
+    friend class TrackListStep;
     struct SavedAs
     {
         QString path;                       // empty where there was nothing to save
@@ -97,6 +112,7 @@ private:
     int indexOf(const QString &id) const;
     QString nextId() { return QStringLiteral("T%1").arg(++lastNumber_); }
     std::shared_ptr<const SongTrack> adopt(const NewTrack &track);
+    void rememberOpened(const OpenedTrack &opened);
     void rememberSaved(const SongTrack &track, const QString &path);
     void change(const QString &step, const SongTracks &after, Merging merging = Merging::Never, const QString &id = {});
     void changeEach(const QString &step, const QStringList &ids, Merging merging,

@@ -6,7 +6,7 @@
 #include <stop_token>
 
 // Between a song's parts, which are texts, and the tracks that are played. [any]
-namespace SongTracks {
+namespace SongParts {
 
 // A part with the track's text, title, file and the instrument that its I field names; everything else is new.
 SongPart partOf(Track track, const QString &id);
@@ -20,4 +20,4 @@ Track silentTrackOf(const SongPart &part);
 // "T1", "T2", …: the first number behind all that the song has.
 QString freeId(const Song &song);
 
-} // namespace SongTracks
+} // namespace SongParts

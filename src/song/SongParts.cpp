@@ -1,4 +1,4 @@
-#include "song/SongTracks.h"
+#include "song/SongParts.h"
 
 #include "core/AbcParser.h"
 #include "core/HeaderFields.h"
@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-namespace SongTracks {
+namespace SongParts {
 
 SongPart partOf(Track track, const QString &id)
 {
@@ -50,4 +50,4 @@ QString freeId(const Song &song)
     return QStringLiteral("T%1").arg(last + 1);
 }
 
-} // namespace SongTracks
+} // namespace SongParts

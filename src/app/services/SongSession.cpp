@@ -1,0 +1,238 @@
+#include "app/services/SongSession.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+QString textOf(const Track &track)
+{
+    auto copy = track; // has its text, which is shared
+    return copy.toAbc();
+}
+
+QString cleanPath(const QString &path)
+{
+    return path.isEmpty() ? QString() : QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+}
+
+OpenedTrack openedTrack(const SongPart &part, Track track, FileHolds file)
+{
+    track.toAbc();
+    SongTrack opened;
+    opened.id = part.id;
+    opened.track = std::make_shared<const Track>(std::move(track));
+    opened.instrument = part.instrument;
+    opened.isMuted = part.isMuted;
+    opened.volume = part.volume;
+    opened.pan = part.pan;
+    return {opened, part.path, file};
+}
+
+bool hasSameMix(const SongTrack &a, const SongTrack &b)
+{
+    return a.instrument == b.instrument && a.isMuted == b.isMuted && a.volume == b.volume && a.pan == b.pan;
+}
+
+// Where parts were imported from matters with the parts.
+bool isSameWork(Song song, const Song &saved)
+{
+    song.imports = saved.imports;
+    return song == saved;
+}
+
+} // namespace
+
+SongSession::SongSession(TrackList &tracks, QObject *parent) : QObject(parent), tracks_(tracks)
+{
+    connect(&tracks_, &TrackList::songChanged, this, &SongSession::follow);
+    connect(&tracks_, &TrackList::filesChanged, this, &SongSession::changed);
+}
+
+Song SongSession::song() const
+{
+    auto song = rest_;
+    for (const auto &track : tracks_.song())
+        song.parts.append(partOf(*track));
+    return song;
+}
+
+SongPart SongSession::partOf(const SongTrack &track) const
+{
+    const auto kept = kept_.value(track.id);
+    const auto title = track.track->title();
+    SongPart part;
+    part.id = track.id;
+    part.name = title == kept.title ? kept.name : title;
+    part.abc = textOf(*track.track);
+    part.draft = draft(track.id);
+    part.instrument = track.instrument;
+    part.volume = track.volume;
+    part.pan = track.pan;
+    part.isMuted = track.isMuted;
+    part.path = cleanPath(tracks_.filePath(track.id));
+    part.others = kept.others;
+    return part;
+}
+
+QString SongSession::name() const
+{
+    if (!rest_.title.isEmpty())
+        return rest_.title;
+    if (!file_.isEmpty())
+        return QFileInfo(file_).completeBaseName();
+    return rest_.imports.isEmpty() ? QString() : QFileInfo(rest_.imports.first().path).completeBaseName();
+}
+
+bool SongSession::isUnsaved() const
+{
+    if (saved_)
+        return !isSameWork(song(), *saved_);
+    return isRecovered_ || !tracks_.unsavedIds().isEmpty() || hasLostParts() || !isAsItCame();
+}
+
+bool SongSession::isBlank() const
+{
+    return tracks_.isEmpty() && file_.isEmpty() && !isUnsaved();
+}
+
+bool SongSession::isAsItCame() const
+{
+    int last = 0;
+    for (const auto &track : tracks_.song()) {
+        const auto seen = seen_.value(track->id);
+        if (seen.number < last || !hasSameMix(*track, *seen.first) || drafts_.contains(track->id))
+            return false;
+        last = seen.number;
+    }
+    return true;
+}
+
+bool SongSession::hasLostParts() const
+{
+    return std::any_of(seen_.begin(), seen_.end(), [this](const Seen &seen) {
+        return !tracks_.find(seen.last->id) && tracks_.isUnsaved(*seen.last);
+    });
+}
+
+void SongSession::follow(const SongTracks &, const SongTracks &after)
+{
+    for (const auto &track : after)
+        see(track);
+    if (!isOpening_)
+        emit changed();
+}
+
+void SongSession::see(const std::shared_ptr<const SongTrack> &track)
+{
+    auto &seen = seen_[track->id];
+    if (!seen.first) {
+        seen.number = int(seen_.size());
+        seen.first = track;
+    }
+    seen.last = track;
+}
+
+void SongSession::leave()
+{
+    emit left(isUnsaved() ? SongJournal::Ending::Discarded : SongJournal::Ending::Saved);
+}
+
+void SongSession::open(const OpenedSong &opened)
+{
+    leave();
+    reset();
+    take(opened);
+    emit this->opened();
+    emit changed();
+}
+
+void SongSession::startNew()
+{
+    OpenedSong blank;
+    blank.song.masterVolume = masterVolume();
+    leave();
+    reset();
+    take(blank);
+    saved_.reset(); // no file holds it
+    emit opened();
+    emit changed();
+}
+
+void SongSession::reset()
+{
+    kept_.clear();
+    drafts_.clear();
+    saved_.reset();
+    seen_.clear();
+}
+
+void SongSession::take(const OpenedSong &opened)
+{
+    file_ = opened.file;
+    isRecovered_ = opened.origin == OpenedSong::Origin::Recovered;
+    rest_ = opened.song;
+    QVector<OpenedTrack> tracks;
+    for (int i = 0; i < opened.song.parts.size(); ++i) {
+        const auto &part = opened.song.parts[i];
+        const auto &track = opened.tracks[i];
+        tracks.append(openedTrack(part, track, opened.inFiles.contains(part.id) ? FileHolds::Track : FileHolds::Other));
+        kept_.insert(part.id, {part.name, track.title(), part.others});
+        if (part.draft)
+            drafts_.insert(part.id, *part.draft);
+    }
+    rest_.parts.clear();
+    isOpening_ = true;
+    tracks_.open(tracks);
+    isOpening_ = false;
+    if (!isRecovered_)
+        saved_ = song();
+}
+
+Song SongSession::songToSave()
+{
+    emit aboutToSave();
+    return song();
+}
+
+void SongSession::markSaved(const Song &written, const QString &file)
+{
+    saved_ = written;
+    file_ = file;
+    isRecovered_ = false;
+    emit changed();
+}
+
+void SongSession::setMasterVolume(int percent)
+{
+    if (std::exchange(rest_.masterVolume, percent) != percent)
+        emit changed();
+}
+
+void SongSession::addImport(const SongImported &imported)
+{
+    if (rest_.imports.contains(imported))
+        return;
+    rest_.imports.append(imported);
+    emit changed();
+}
+
+std::optional<QString> SongSession::draft(const QString &partId) const
+{
+    const auto found = drafts_.find(partId);
+    return found != drafts_.end() ? std::optional(*found) : std::nullopt;
+}
+
+void SongSession::setDraft(const QString &partId, const std::optional<QString> &text)
+{
+    if (text == draft(partId))
+        return;
+    if (text)
+        drafts_.insert(partId, *text);
+    else
+        drafts_.remove(partId);
+    emit changed();
+}
