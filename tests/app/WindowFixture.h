@@ -2,7 +2,6 @@
 
 #include "app/AnsweringDialogs.h"
 #include "app/MainWindow.h"
-#include "app/WatchedApplication.h"
 #include "audio/engine/BuiltinEngine.h"
 #include "ui/song/TrackRows.h"
 #include "ui/song/TrackWidget.h"
@@ -33,20 +32,9 @@ public:
         window_->show();
     }
 
-    // From here on the window may not be blocked; its first show in a process loads fonts and plug-ins.
     bool waitUntilLoaded()
     {
-        const bool isLoaded = QTest::qWaitFor([this] { return !window_->isLoading(); });
-        QCoreApplication::processEvents();
-        WatchedApplication::takeLongestMs();
-        return isLoaded;
-    }
-    // For how long an event kept the interface thread; empty when that was short enough.
-    static QString blocked()
-    {
-        QCoreApplication::processEvents();
-        const auto longest = WatchedApplication::takeLongestMs();
-        return longest < WatchedApplication::limitMs ? QString() : QStringLiteral("blocked for %1 ms").arg(longest);
+        return QTest::qWaitFor([this] { return !window_->isLoading(); });
     }
 
     MainWindow &window() { return *window_; }
@@ -61,11 +49,7 @@ public:
         return window_->findChild<Widget *>(QLatin1String(name));
     }
     QAction *action(const char *name) const { return child<QAction>(name); }
-    void trigger(const char *name) const
-    {
-        const WatchedApplication::Watch watch;
-        action(name)->trigger();
-    }
+    void trigger(const char *name) const { action(name)->trigger(); }
 
     // False when there are not so many tracks in the end.
     bool import(const QString &file, int tracks)

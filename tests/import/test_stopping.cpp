@@ -32,36 +32,33 @@ class TestStopping : public QObject
     Q_OBJECT
 
 private slots:
-    void endsEarly_data();
-    void endsEarly();
+    void endsEarly_data()
+    {
+        QTest::addColumn<Reading>("read");
+        QTest::newRow("MIDI") << Reading([midi = longMidi()](const auto &stop) { importMidi(midi, {}, stop); });
+        QTest::newRow("MML") << Reading(
+            [mml = QStringLiteral("cdefgab").repeated(400'000)](const auto &stop) { importMml(mml, {}, stop); });
+        QTest::newRow("ABC") << Reading([abc = QStringLiteral("K:C\n") + QStringLiteral("cdefgab\n").repeated(400'000)](
+                                            const auto &stop) { parseAbc(abc, stop); });
+    }
+
+    void endsEarly()
+    {
+        QFETCH(Reading, read);
+        QElapsedTimer clock;
+        clock.start();
+        read({});
+        const auto whole = clock.nsecsElapsed();
+
+        std::stop_source stop;
+        clock.restart();
+        auto reading = std::async(std::launch::async, [&] { read(stop.get_token()); });
+        reading.wait_for(std::chrono::nanoseconds(whole / 10));
+        stop.request_stop();
+        QVERIFY(throws<Interrupted>([&] { reading.get(); }));
+        QVERIFY(clock.nsecsElapsed() < whole);
+    }
 };
-
-void TestStopping::endsEarly_data()
-{
-    QTest::addColumn<Reading>("read");
-    QTest::newRow("MIDI") << Reading([midi = longMidi()](const auto &stop) { importMidi(midi, {}, stop); });
-    QTest::newRow("MML") << Reading(
-        [mml = QStringLiteral("cdefgab").repeated(400'000)](const auto &stop) { importMml(mml, {}, stop); });
-    QTest::newRow("ABC") << Reading([abc = QStringLiteral("K:C\n") + QStringLiteral("cdefgab\n").repeated(400'000)](
-                                        const auto &stop) { parseAbc(abc, stop); });
-}
-
-void TestStopping::endsEarly()
-{
-    QFETCH(Reading, read);
-    QElapsedTimer clock;
-    clock.start();
-    read({});
-    const auto whole = clock.nsecsElapsed();
-
-    std::stop_source stop;
-    clock.restart();
-    auto reading = std::async(std::launch::async, [&] { read(stop.get_token()); });
-    reading.wait_for(std::chrono::nanoseconds(whole / 10));
-    stop.request_stop();
-    QVERIFY(throws<Interrupted>([&] { reading.get(); }));
-    QVERIFY(clock.nsecsElapsed() < whole);
-}
 
 QTEST_APPLESS_MAIN(TestStopping)
 #include "test_stopping.moc"

@@ -1,4 +1,5 @@
 #include "app/AnsweringDialogs.h"
+#include "support/Rows.h"
 #include "ui/preferences/ColourSwatch.h"
 #include "ui/preferences/PreferencesDialog.h"
 
@@ -10,23 +11,134 @@
 #include <QSignalSpy>
 #include <QStackedWidget>
 #include <QTemporaryDir>
-#include <QtTest>
 
 class TestPreferences : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
-    void bindsEveryCheckBox_data();
-    void bindsEveryCheckBox();
-    void showsThePageOfTheSelectedRow();
-    void explainsEveryControl();
-    void tellsAboutARestartOnce();
-    void choosesOnlyAGame();
-    void changesTheNoteColour();
-    void discardsWhenCancelled();
+    void init()
+    {
+        directory_ = std::make_unique<QTemporaryDir>();
+        dialogs_ = std::make_unique<AnsweringDialogs>();
+        settings_ = std::make_unique<Settings>(directory_->filePath(QStringLiteral("Composer.cfg")));
+        settings_->setValue(Settings::RootPath, QStringLiteral("/games/old"));
+        changes_ = std::make_unique<QSignalSpy>(settings_.get(), &Settings::settingChanged);
+        dialog_ = std::make_unique<PreferencesDialog>(*settings_, *dialogs_);
+    }
+
+    void cleanup()
+    {
+        dialog_.reset();
+        changes_.reset();
+        settings_.reset();
+    }
+
+    void bindsEveryCheckBox_data()
+    {
+        const Rows<QString, Settings::Setting> row("box", "setting");
+        row("mods", "chkLoadMods", Settings::LoadMods);
+        row("octaves", "chkPreviewDrawOctave", Settings::DrawOctaveLines);
+        row("measures", "chkPreviewDrawMeasure", Settings::DrawMeasureLines);
+        row("channels", "chkMergeChannels", Settings::MidiMergeChannels);
+        row("realign", "chkRealign", Settings::MidiAutoRealign);
+        row("bend", "chkPitchBend", Settings::MidiPitchBend);
+        row("unit", "chkOptimizeUnitLength", Settings::MidiAutoDetectUnitLength);
+        row("volume", "chkNoteVolume", Settings::MidiProcessVolume);
+        row("dark", "chkDarkPalette", Settings::DarkPalette);
+    }
+
+    void bindsEveryCheckBox()
+    {
+        QFETCH(QString, box);
+        QFETCH(Settings::Setting, setting);
+        auto *const checkBox = dialog_->findChild<QCheckBox *>(box);
+        QVERIFY(checkBox);
+        const bool before = settings_->value(setting).toBool();
+        QCOMPARE(checkBox->isChecked(), before);
+        QVERIFY(!button(QDialogButtonBox::Apply)->isEnabled());
+        checkBox->click();
+        QVERIFY(button(QDialogButtonBox::Apply)->isEnabled());
+        QCOMPARE(changes_->count(), 0);
+        button(QDialogButtonBox::Ok)->click();
+        QCOMPARE(settings_->value(setting).toBool(), !before);
+        QCOMPARE(changes_->count(), 1);
+        QCOMPARE(dialog_->result(), int(QDialog::Accepted));
+    }
+
+    void showsThePageOfTheSelectedRow()
+    {
+        auto *const selector = child<QListWidget>("propertySelector");
+        auto *const pages = child<QStackedWidget>("propertyPages");
+        QCOMPARE(selector->count(), pages->count());
+        for (int row = 0; row < selector->count(); ++row) {
+            selector->setCurrentRow(row);
+            QCOMPARE(pages->currentIndex(), row);
+        }
+    }
+
+    void tellsAboutARestartOnce()
+    {
+        child<QCheckBox>("chkLoadMods")->click();
+        child<QCheckBox>("chkLoadMods")->click();
+        child<QCheckBox>("chkRealign")->click();
+        QCOMPARE(dialogs_->messages, QStringList(restart_));
+    }
+
+    void choosesOnlyAGame()
+    {
+        auto *const path = child<QLineEdit>("txtKelvarionPath");
+        const auto game = directory_->filePath(QStringLiteral("game"));
+        QVERIFY(QDir().mkpath(game + QStringLiteral("/linux64/kelvarion")));
+        dialogs_->directories = QStringList{game};
+        click("btnBrowseKVPath");
+        QCOMPARE(dialogs_->takeMessages(),
+                 QStringList(QStringLiteral(
+                     "Kelvarion Composer|No Kelvarion installation was found at the specified directory.")));
+        QCOMPARE(path->text(), QStringLiteral("/games/old"));
+        QCOMPARE(dialogs_->starts, QStringList(QStringLiteral("/games/old")));
+        click("btnBrowseKVPath"); // cancelled
+        QVERIFY(!button(QDialogButtonBox::Apply)->isEnabled());
+
+        QVERIFY(QDir().mkpath(game + QStringLiteral("/assets")));
+        dialogs_->directories = QStringList{game};
+        click("btnBrowseKVPath");
+        QCOMPARE(dialogs_->takeMessages(), QStringList(restart_));
+        QCOMPARE(path->text(), game);
+        button(QDialogButtonBox::Apply)->click();
+        QCOMPARE(settings_->value(Settings::RootPath).toString(), game);
+        QVERIFY(!button(QDialogButtonBox::Apply)->isEnabled());
+    }
+
+    void changesTheNoteColour()
+    {
+        auto *const swatch = static_cast<ColourSwatch *>(child<QFrame>("clNoteColor"));
+        const QColor standard(32, 96, 255);
+        QCOMPARE(swatch->colour(), standard);
+        click("btnResetNoteColor"); // is shown already
+        click("btnPickNoteColor");  // cancelled
+        QVERIFY(!button(QDialogButtonBox::Apply)->isEnabled());
+
+        dialogs_->pickedColour = QColor(10, 20, 30);
+        click("btnPickNoteColor");
+        QCOMPARE(swatch->colour(), QColor(10, 20, 30));
+        button(QDialogButtonBox::Apply)->click();
+        QCOMPARE(settings_->value(Settings::NoteColor).value<QColor>(), QColor(10, 20, 30));
+        click("btnResetNoteColor");
+        button(QDialogButtonBox::Ok)->click();
+        QCOMPARE(settings_->value(Settings::NoteColor).value<QColor>(), standard);
+        QVERIFY(dialogs_->messages.isEmpty());
+    }
+
+    void discardsWhenCancelled()
+    {
+        dialogs_->pickedColour = QColor(10, 20, 30);
+        click("btnPickNoteColor");
+        child<QCheckBox>("chkRealign")->click();
+        button(QDialogButtonBox::Cancel)->click();
+        QCOMPARE(changes_->count(), 0);
+        QVERIFY(!settings_->contains(Settings::NoteColor));
+    }
 
 private:
     template<typename Widget>
@@ -48,138 +160,6 @@ private:
     const QString restart_ =
         QStringLiteral("Kelvarion Composer|This change will take effect next time you start Kelvarion Composer.");
 };
-
-void TestPreferences::init()
-{
-    directory_ = std::make_unique<QTemporaryDir>();
-    dialogs_ = std::make_unique<AnsweringDialogs>();
-    settings_ = std::make_unique<Settings>(directory_->filePath(QStringLiteral("Composer.cfg")));
-    settings_->setValue(Settings::RootPath, QStringLiteral("/games/old"));
-    changes_ = std::make_unique<QSignalSpy>(settings_.get(), &Settings::settingChanged);
-    dialog_ = std::make_unique<PreferencesDialog>(*settings_, *dialogs_);
-}
-
-void TestPreferences::cleanup()
-{
-    dialog_.reset();
-    changes_.reset();
-    settings_.reset();
-}
-
-void TestPreferences::bindsEveryCheckBox_data()
-{
-    QTest::addColumn<QString>("box");
-    QTest::addColumn<Settings::Setting>("setting");
-    QTest::newRow("mods") << QStringLiteral("chkLoadMods") << Settings::LoadMods;
-    QTest::newRow("octaves") << QStringLiteral("chkPreviewDrawOctave") << Settings::DrawOctaveLines;
-    QTest::newRow("measures") << QStringLiteral("chkPreviewDrawMeasure") << Settings::DrawMeasureLines;
-    QTest::newRow("channels") << QStringLiteral("chkMergeChannels") << Settings::MidiMergeChannels;
-    QTest::newRow("realign") << QStringLiteral("chkRealign") << Settings::MidiAutoRealign;
-    QTest::newRow("bend") << QStringLiteral("chkPitchBend") << Settings::MidiPitchBend;
-    QTest::newRow("unit") << QStringLiteral("chkOptimizeUnitLength") << Settings::MidiAutoDetectUnitLength;
-    QTest::newRow("volume") << QStringLiteral("chkNoteVolume") << Settings::MidiProcessVolume;
-    QTest::newRow("dark") << QStringLiteral("chkDarkPalette") << Settings::DarkPalette;
-}
-
-void TestPreferences::bindsEveryCheckBox()
-{
-    QFETCH(QString, box);
-    QFETCH(Settings::Setting, setting);
-    auto *const checkBox = dialog_->findChild<QCheckBox *>(box);
-    QVERIFY(checkBox);
-    const bool before = settings_->value(setting).toBool();
-    QCOMPARE(checkBox->isChecked(), before);
-    QVERIFY(!button(QDialogButtonBox::Apply)->isEnabled());
-    checkBox->click();
-    QVERIFY(button(QDialogButtonBox::Apply)->isEnabled());
-    QCOMPARE(changes_->count(), 0);
-    button(QDialogButtonBox::Ok)->click();
-    QCOMPARE(settings_->value(setting).toBool(), !before);
-    QCOMPARE(changes_->count(), 1);
-    QCOMPARE(dialog_->result(), int(QDialog::Accepted));
-}
-
-void TestPreferences::showsThePageOfTheSelectedRow()
-{
-    auto *const selector = child<QListWidget>("propertySelector");
-    auto *const pages = child<QStackedWidget>("propertyPages");
-    QCOMPARE(selector->count(), pages->count());
-    for (int row = 0; row < selector->count(); ++row) {
-        selector->setCurrentRow(row);
-        QCOMPARE(pages->currentIndex(), row);
-    }
-}
-
-void TestPreferences::explainsEveryControl()
-{
-    for (const auto *const control : child<QStackedWidget>("propertyPages")->findChildren<QWidget *>()) {
-        if (control->focusPolicy() != Qt::NoFocus)
-            QVERIFY2(!control->toolTip().isEmpty(), qPrintable(control->objectName()));
-    }
-}
-
-void TestPreferences::tellsAboutARestartOnce()
-{
-    child<QCheckBox>("chkLoadMods")->click();
-    child<QCheckBox>("chkLoadMods")->click();
-    child<QCheckBox>("chkRealign")->click();
-    QCOMPARE(dialogs_->messages, QStringList(restart_));
-}
-
-void TestPreferences::choosesOnlyAGame()
-{
-    auto *const path = child<QLineEdit>("txtKelvarionPath");
-    const auto game = directory_->filePath(QStringLiteral("game"));
-    QVERIFY(QDir().mkpath(game + QStringLiteral("/linux64/kelvarion")));
-    dialogs_->directories = QStringList{game};
-    click("btnBrowseKVPath");
-    QCOMPARE(dialogs_->takeMessages(),
-             QStringList(
-                 QStringLiteral("Kelvarion Composer|No Kelvarion installation was found at the specified directory.")));
-    QCOMPARE(path->text(), QStringLiteral("/games/old"));
-    QCOMPARE(dialogs_->starts, QStringList(QStringLiteral("/games/old")));
-    click("btnBrowseKVPath"); // cancelled
-    QVERIFY(!button(QDialogButtonBox::Apply)->isEnabled());
-
-    QVERIFY(QDir().mkpath(game + QStringLiteral("/assets")));
-    dialogs_->directories = QStringList{game};
-    click("btnBrowseKVPath");
-    QCOMPARE(dialogs_->takeMessages(), QStringList(restart_));
-    QCOMPARE(path->text(), game);
-    button(QDialogButtonBox::Apply)->click();
-    QCOMPARE(settings_->value(Settings::RootPath).toString(), game);
-    QVERIFY(!button(QDialogButtonBox::Apply)->isEnabled());
-}
-
-void TestPreferences::changesTheNoteColour()
-{
-    auto *const swatch = static_cast<ColourSwatch *>(child<QFrame>("clNoteColor"));
-    const QColor standard(32, 96, 255);
-    QCOMPARE(swatch->colour(), standard);
-    click("btnResetNoteColor"); // is shown already
-    click("btnPickNoteColor");  // cancelled
-    QVERIFY(!button(QDialogButtonBox::Apply)->isEnabled());
-
-    dialogs_->pickedColour = QColor(10, 20, 30);
-    click("btnPickNoteColor");
-    QCOMPARE(swatch->colour(), QColor(10, 20, 30));
-    button(QDialogButtonBox::Apply)->click();
-    QCOMPARE(settings_->value(Settings::NoteColor).value<QColor>(), QColor(10, 20, 30));
-    click("btnResetNoteColor");
-    button(QDialogButtonBox::Ok)->click();
-    QCOMPARE(settings_->value(Settings::NoteColor).value<QColor>(), standard);
-    QVERIFY(dialogs_->messages.isEmpty());
-}
-
-void TestPreferences::discardsWhenCancelled()
-{
-    dialogs_->pickedColour = QColor(10, 20, 30);
-    click("btnPickNoteColor");
-    child<QCheckBox>("chkRealign")->click();
-    button(QDialogButtonBox::Cancel)->click();
-    QCOMPARE(changes_->count(), 0);
-    QVERIFY(!settings_->contains(Settings::NoteColor));
-}
 
 QTEST_MAIN(TestPreferences)
 #include "test_preferences.moc"

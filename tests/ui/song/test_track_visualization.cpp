@@ -1,3 +1,4 @@
+#include "support/Rows.h"
 #include "ui/PaintCounter.h"
 #include "ui/song/NotePicture.h"
 #include "ui/song/TrackVisualizationWidget.h"
@@ -37,22 +38,205 @@ class TestTrackVisualization : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
-    void clickSeeks_data();
-    void clickSeeks();
-    void keysSeek();
-    void nothingToSeekInAnEmptySong();
-    void theLineRepaintsOnlyItself();
-    void nothingIsPaintedWhenNothingMoved();
-    void thePictureIsMadeOnlyWhenItMust();
-    void pressedNotesAreLit();
-    void ignoresNotesThatAreNotThere();
-    void mutedIsDimmed();
-    void linesFollowTheSettings();
-    void everyNoteIsSeen();
-    void oddSongsAreDrawnInTime_data();
-    void oddSongsAreDrawnInTime();
+    void init()
+    {
+        folder_ = std::make_unique<QTemporaryDir>();
+        settings_ = std::make_unique<Settings>(folder_->filePath(QStringLiteral("settings.cfg")));
+        widget_ = std::make_unique<TrackVisualizationWidget>(*settings_);
+        widget_->setTrack(song());
+        widget_->setCommonLength(songLength);
+        widget_->resize(320, 60);
+        widget_->show();
+        QVERIFY(QTest::qWaitForWindowExposed(widget_.get()));
+        settle();
+    }
+
+    void cleanup()
+    {
+        widget_.reset();
+        settings_.reset();
+    }
+
+    void seeks()
+    {
+        const QSignalSpy seeks(widget_.get(), &TrackVisualizationWidget::seek);
+        for (const int x : {0, 32, 160, 319}) {
+            QTest::mouseClick(widget_.get(), Qt::LeftButton, {}, {x, 30});
+            QTest::mouseClick(widget_.get(), Qt::RightButton, {}, {x, 30});
+        }
+        widget_->setPosition(ticksPerWholeNote / 2);
+        for (const auto key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Home})
+            QTest::keyClick(widget_.get(), key);
+        QVector<Ticks> ticks;
+        for (const auto &seek : seeks)
+            ticks.append(seek[0].toLongLong());
+        QCOMPARE(ticks, QVector<Ticks>({0, songLength / 10, songLength / 2, songLength * 319 / 320, 0,
+                                        ticksPerWholeNote * 3 / 2, 0}));
+    }
+
+    void nothingToSeekInAnEmptySong()
+    {
+        widget_->setTrack(Track());
+        widget_->setCommonLength(0);
+        widget_->setPosition(1000);
+        QCOMPARE(widget_->tickAt(100), Ticks(0));
+        QVERIFY(!shown().isNull());
+    }
+
+    void theLineRepaintsOnlyItself()
+    {
+        PaintCounter paints(widget_.get());
+        widget_->setPosition(songLength / 2);
+        settle();
+        QCOMPARE(paints.count(), 1);
+        paints.clear();
+        widget_->setPosition(songLength / 2 + songLength / 320); // a pixel further
+        settle();
+        QCOMPARE(paints.count(), 1);
+        QVERIFY(paints.area().width() <= 5);
+        QVERIFY(paints.area().contains(160, 30) && paints.area().contains(161, 30));
+    }
+
+    void nothingIsPaintedWhenNothingMoved()
+    {
+        widget_->setPosition(songLength / 2);
+        settle();
+        PaintCounter paints(widget_.get());
+        widget_->setPosition(songLength / 2);
+        widget_->setPosition(songLength / 2 + songLength / 320 / 100); // a hundredth of a pixel
+        widget_->setCommonLength(songLength);
+        widget_->setMuted(false);
+        widget_->noteReleased(0);
+        widget_->releaseAllNotes();
+        settle();
+        QCOMPARE(paints.count(), 0);
+    }
+
+    void thePictureIsMadeOnlyWhenItMust()
+    {
+        int expected = widget_->pictureCount();
+        const auto madeAnew = [&](int times) {
+            settle();
+            expected += times;
+            return widget_->pictureCount() == expected;
+        };
+        for (int i = 0; i < 50; ++i)
+            widget_->setPosition(i * songLength / 50);
+        widget_->notePressed(1);
+        widget_->setMuted(true);
+        QVERIFY(madeAnew(0));
+        settings_->setValue(Settings::AbcOpenDir, QStringLiteral("/"));
+        QVERIFY(madeAnew(0));
+        settings_->setValue(Settings::NoteColor, QStringLiteral("#ffff8000"));
+        QVERIFY(madeAnew(1));
+        widget_->setCommonLength(2 * songLength);
+        widget_->setTrack(song());
+        QVERIFY(madeAnew(1));
+        widget_->resize(400, 60);
+        QVERIFY(madeAnew(1));
+        widget_->hide();
+        widget_->setTrack(song());
+        QVERIFY(madeAnew(0)); // nobody sees it
+    }
+
+    void pressedNotesAreLit()
+    {
+        widget_->setPosition(songLength / 2);
+        settle();
+        const auto before = shown();
+        PaintCounter paints(widget_.get());
+        widget_->notePressed(1);
+        settle();
+        QVERIFY(paints.count() == 1 && paints.area().width() <= 42); // an eighth of the width, and rounding
+        QVERIFY(brightness(shown()) > brightness(before));
+        widget_->notePressed(2);
+        widget_->noteReleased(1);
+        widget_->noteReleased(2);
+        settle();
+        QCOMPARE(shown(), before);
+        widget_->notePressed(3);
+        widget_->setTrack(song());
+        QCOMPARE(shown(), before);
+    }
+
+    void ignoresNotesThatAreNotThere()
+    {
+        auto track = song();
+        track.appendEvent(TrackEvent::metre(ticksPerWholeNote, 3, 4));
+        track.normalize();
+        widget_->setTrack(track);
+        for (const int index : {-1, 3, 5, 1 << 30}) // 3 is the metre
+            widget_->notePressed(index);
+        QVERIFY(widget_->pressedNotes().isEmpty());
+    }
+
+    void looksAsItsStateAndTheSettingsSay()
+    {
+        const auto line = [this](Settings::Setting lines, bool isDrawn) {
+            settings_->setValue(lines, isDrawn);
+            return brightness(shown());
+        };
+        const auto bare = line(Settings::DrawOctaveLines, false);
+        const auto octaves = line(Settings::DrawOctaveLines, true);
+        const auto both = line(Settings::DrawMeasureLines, true);
+        QVERIFY(bare < octaves && octaves < both);
+        widget_->setMuted(true);
+        QVERIFY(brightness(shown()) < both * 3 / 4);
+        widget_->setMuted(false);
+        QCOMPARE(line(Settings::DrawMeasureLines, false), octaves);
+        QCOMPARE(line(Settings::DrawOctaveLines, false), bare);
+    }
+
+    // Also the shortest at the edge of a song that is far longer than the picture is wide.
+    void everyNoteIsSeen()
+    {
+        Track track;
+        const Ticks length = 100000 * ticksPerWholeNote;
+        for (const quint32 pitch : {21U, 60U, 108U}) {
+            track.appendEvent(TrackEvent::note(pitch, 0, 1));
+            track.appendEvent(TrackEvent::note(pitch, length, 1));
+        }
+        track.normalize();
+        const NoteLayout layout(track, length, QSize(200, 40), 1.0);
+        const QRect picture(QPoint(), layout.size());
+        for (const auto &event : track.events()) {
+            QVERIFY(picture.contains(layout.noteRect(event)));
+            QVERIFY(layout.noteRect(event).height() >= 3);
+        }
+        // Chords stay apart.
+        const NoteLayout chord(song(), songLength, QSize(320, 64), 1.0);
+        QVERIFY(!chord.noteRect(song().events()[0]).intersects(chord.noteRect(song().events()[1])));
+    }
+
+    void oddSongsAreDrawn_data()
+    {
+        const Rows<Track, Ticks> row("track", "length");
+        Track smallMeasure;
+        smallMeasure.setMetre(1, 1);
+        row("a bar line on every tick of the longest song", smallMeasure, maxTicks);
+        Track noMetre;
+        noMetre.setMetre(0, 0);
+        noMetre.appendEvent(TrackEvent::metre(10, 0, 0));
+        row("no metre", noMetre, Ticks(1000));
+        Track metres;
+        for (Ticks i = 0; i < 20000; ++i)
+            metres.appendEvent(TrackEvent::metre(i, 1U + quint32(i % 9), 4294967295U));
+        row("a metre on every tick", metres, maxTicks);
+        Track hugeNotes;
+        hugeNotes.appendEvent(TrackEvent::note(4294967295U, maxTicks, maxTicks));
+        hugeNotes.appendEvent(TrackEvent::note(0, 0, maxTicks));
+        hugeNotes.normalize();
+        row("notes beyond everything", hugeNotes, maxTicks);
+        row("notes beyond a length of nothing", hugeNotes, Ticks(0));
+    }
+
+    void oddSongsAreDrawn()
+    {
+        QFETCH(Track, track);
+        QFETCH(Ticks, length);
+        const NoteLayout layout(track, length, QSize(2000, 100), 2.0);
+        QVERIFY(!drawNotePicture(track, layout, {Qt::blue, true, true}).isNull());
+    }
 
 private:
     QImage shown() { return widget_->grab().toImage(); }
@@ -62,234 +246,6 @@ private:
     std::unique_ptr<Settings> settings_;
     std::unique_ptr<TrackVisualizationWidget> widget_;
 };
-
-void TestTrackVisualization::init()
-{
-    folder_ = std::make_unique<QTemporaryDir>();
-    settings_ = std::make_unique<Settings>(folder_->filePath(QStringLiteral("settings.cfg")));
-    widget_ = std::make_unique<TrackVisualizationWidget>(*settings_);
-    widget_->setTrack(song());
-    widget_->setCommonLength(songLength);
-    widget_->resize(320, 60);
-    widget_->show();
-    QVERIFY(QTest::qWaitForWindowExposed(widget_.get()));
-    settle();
-}
-
-void TestTrackVisualization::cleanup()
-{
-    widget_.reset();
-    settings_.reset();
-}
-
-void TestTrackVisualization::clickSeeks_data()
-{
-    QTest::addColumn<int>("x");
-    QTest::addColumn<Ticks>("ticks");
-    QTest::newRow("start") << 0 << Ticks(0);
-    QTest::newRow("a tenth") << 32 << songLength / 10;
-    QTest::newRow("middle") << 160 << songLength / 2;
-    QTest::newRow("last pixel") << 319 << songLength * 319 / 320;
-}
-
-void TestTrackVisualization::clickSeeks()
-{
-    QFETCH(int, x);
-    QFETCH(Ticks, ticks);
-    const QSignalSpy seeks(widget_.get(), &TrackVisualizationWidget::seek);
-    QTest::mouseClick(widget_.get(), Qt::LeftButton, {}, {x, 30});
-    QCOMPARE(seeks.size(), 1);
-    QCOMPARE(seeks[0][0].toLongLong(), ticks);
-    QTest::mouseClick(widget_.get(), Qt::RightButton, {}, {x, 30});
-    QCOMPARE(seeks.size(), 1);
-}
-
-void TestTrackVisualization::keysSeek()
-{
-    const QSignalSpy seeks(widget_.get(), &TrackVisualizationWidget::seek);
-    widget_->setPosition(ticksPerWholeNote / 2);
-    for (const auto key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Home})
-        QTest::keyClick(widget_.get(), key);
-    QCOMPARE(seeks.size(), 3);
-    QCOMPARE(seeks[0][0].toLongLong(), 0);
-    QCOMPARE(seeks[1][0].toLongLong(), ticksPerWholeNote * 3 / 2);
-    QCOMPARE(seeks[2][0].toLongLong(), 0);
-}
-
-void TestTrackVisualization::nothingToSeekInAnEmptySong()
-{
-    widget_->setTrack(Track());
-    widget_->setCommonLength(0);
-    widget_->setPosition(1000);
-    QCOMPARE(widget_->tickAt(100), Ticks(0));
-    QVERIFY(!shown().isNull());
-}
-
-void TestTrackVisualization::theLineRepaintsOnlyItself()
-{
-    PaintCounter paints(widget_.get());
-    widget_->setPosition(songLength / 2);
-    settle();
-    QCOMPARE(paints.count(), 1);
-    paints.clear();
-    widget_->setPosition(songLength / 2 + songLength / 320); // a pixel further
-    settle();
-    QCOMPARE(paints.count(), 1);
-    QVERIFY(paints.area().width() <= 5);
-    QVERIFY(paints.area().contains(160, 30) && paints.area().contains(161, 30));
-}
-
-void TestTrackVisualization::nothingIsPaintedWhenNothingMoved()
-{
-    widget_->setPosition(songLength / 2);
-    settle();
-    PaintCounter paints(widget_.get());
-    widget_->setPosition(songLength / 2);
-    widget_->setPosition(songLength / 2 + songLength / 320 / 100); // a hundredth of a pixel
-    widget_->setCommonLength(songLength);
-    widget_->setMuted(false);
-    widget_->noteReleased(0);
-    widget_->releaseAllNotes();
-    settle();
-    QCOMPARE(paints.count(), 0);
-}
-
-void TestTrackVisualization::thePictureIsMadeOnlyWhenItMust()
-{
-    int expected = widget_->pictureCount();
-    const auto madeAnew = [&](int times) {
-        settle();
-        expected += times;
-        return widget_->pictureCount() == expected;
-    };
-    for (int i = 0; i < 50; ++i)
-        widget_->setPosition(i * songLength / 50);
-    widget_->notePressed(1);
-    widget_->setMuted(true);
-    QVERIFY(madeAnew(0));
-    settings_->setValue(Settings::AbcOpenDir, QStringLiteral("/"));
-    QVERIFY(madeAnew(0));
-    settings_->setValue(Settings::NoteColor, QStringLiteral("#ffff8000"));
-    QVERIFY(madeAnew(1));
-    widget_->setCommonLength(2 * songLength);
-    widget_->setTrack(song());
-    QVERIFY(madeAnew(1));
-    widget_->resize(400, 60);
-    QVERIFY(madeAnew(1));
-    widget_->hide();
-    widget_->setTrack(song());
-    QVERIFY(madeAnew(0)); // nobody sees it
-}
-
-void TestTrackVisualization::pressedNotesAreLit()
-{
-    widget_->setPosition(songLength / 2);
-    settle();
-    const auto before = shown();
-    PaintCounter paints(widget_.get());
-    widget_->notePressed(1);
-    settle();
-    QVERIFY(paints.count() == 1 && paints.area().width() <= 42); // an eighth of the width, and rounding
-    QVERIFY(brightness(shown()) > brightness(before));
-    widget_->notePressed(2);
-    widget_->noteReleased(1);
-    widget_->noteReleased(2);
-    settle();
-    QCOMPARE(shown(), before);
-    widget_->notePressed(3);
-    widget_->setTrack(song());
-    QCOMPARE(shown(), before);
-}
-
-void TestTrackVisualization::ignoresNotesThatAreNotThere()
-{
-    auto track = song();
-    track.appendEvent(TrackEvent::metre(ticksPerWholeNote, 3, 4));
-    track.normalize();
-    widget_->setTrack(track);
-    for (const int index : {-1, 3, 5, 1 << 30}) // 3 is the metre
-        widget_->notePressed(index);
-    QVERIFY(widget_->pressedNotes().isEmpty());
-}
-
-void TestTrackVisualization::mutedIsDimmed()
-{
-    const auto before = shown();
-    widget_->setMuted(true);
-    QVERIFY(brightness(shown()) < brightness(before) * 3 / 4);
-    widget_->setMuted(false);
-    QCOMPARE(shown(), before);
-}
-
-void TestTrackVisualization::linesFollowTheSettings()
-{
-    settings_->setValue(Settings::DrawOctaveLines, false);
-    const auto bare = shown();
-    settings_->setValue(Settings::DrawOctaveLines, true);
-    const auto octaves = shown();
-    settings_->setValue(Settings::DrawMeasureLines, true);
-    const auto both = shown();
-    QVERIFY(brightness(bare) < brightness(octaves));
-    QVERIFY(brightness(octaves) < brightness(both));
-    settings_->setValue(Settings::DrawMeasureLines, false);
-    settings_->setValue(Settings::DrawOctaveLines, false);
-    QCOMPARE(shown(), bare);
-}
-
-// Also the shortest at the edge of a song that is far longer than the picture is wide.
-void TestTrackVisualization::everyNoteIsSeen()
-{
-    Track track;
-    const Ticks length = 100000 * ticksPerWholeNote;
-    for (const quint32 pitch : {21U, 60U, 108U}) {
-        track.appendEvent(TrackEvent::note(pitch, 0, 1));
-        track.appendEvent(TrackEvent::note(pitch, length, 1));
-    }
-    track.normalize();
-    const NoteLayout layout(track, length, QSize(200, 40), 1.0);
-    const QRect picture(QPoint(), layout.size());
-    for (const auto &event : track.events()) {
-        QVERIFY(picture.contains(layout.noteRect(event)));
-        QVERIFY(layout.noteRect(event).height() >= 3);
-    }
-    // Chords stay apart.
-    const NoteLayout chord(song(), songLength, QSize(320, 64), 1.0);
-    QVERIFY(!chord.noteRect(song().events()[0]).intersects(chord.noteRect(song().events()[1])));
-}
-
-void TestTrackVisualization::oddSongsAreDrawnInTime_data()
-{
-    QTest::addColumn<Track>("track");
-    QTest::addColumn<Ticks>("length");
-    Track smallMeasure;
-    smallMeasure.setMetre(1, 1);
-    QTest::newRow("a bar line on every tick of the longest song") << smallMeasure << maxTicks;
-    Track noMetre;
-    noMetre.setMetre(0, 0);
-    noMetre.appendEvent(TrackEvent::metre(10, 0, 0));
-    QTest::newRow("no metre") << noMetre << Ticks(1000);
-    Track metres;
-    for (Ticks i = 0; i < 20000; ++i)
-        metres.appendEvent(TrackEvent::metre(i, 1U + quint32(i % 9), 4294967295U));
-    QTest::newRow("a metre on every tick") << metres << maxTicks;
-    Track hugeNotes;
-    hugeNotes.appendEvent(TrackEvent::note(4294967295U, maxTicks, maxTicks));
-    hugeNotes.appendEvent(TrackEvent::note(0, 0, maxTicks));
-    hugeNotes.normalize();
-    QTest::newRow("notes beyond everything") << hugeNotes << maxTicks;
-    QTest::newRow("notes beyond a length of nothing") << hugeNotes << Ticks(0);
-}
-
-void TestTrackVisualization::oddSongsAreDrawnInTime()
-{
-    QFETCH(Track, track);
-    QFETCH(Ticks, length);
-    QElapsedTimer clock;
-    clock.start();
-    const NoteLayout layout(track, length, QSize(2000, 100), 2.0);
-    QVERIFY(!drawNotePicture(track, layout, {Qt::blue, true, true}).isNull());
-    QVERIFY(clock.elapsed() < 1000);
-}
 
 QTEST_MAIN(TestTrackVisualization)
 #include "test_track_visualization.moc"

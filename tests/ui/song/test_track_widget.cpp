@@ -67,23 +67,227 @@ class TestTrackWidget : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
-    void saysWhatEachControlIsFor();
-    void tabReachesEveryControl();
-    void iconsAreThere();
-    void selects();
-    void mutes();
-    void showsATrackWithoutAnnouncingIt();
-    void asksForWhatTheWindowDoes();
-    void renames();
-    void renamingKeepsTheTextOfTheTrack();
-    void transposes();
-    void instrumentSurvivesNewCatalogues();
-    void dials();
-    void theWheelScrollsTheListUntilADialHasTheFocus();
-    void showsWhatThePlayerSays();
-    void followsTheThemeAtOnce();
+    void init()
+    {
+        folder_ = std::make_unique<QTemporaryDir>();
+        settings_ = std::make_unique<Settings>(folder_->filePath(QStringLiteral("settings.cfg")));
+        settings_->setValue(Settings::AbcSaveDir, folder_->path());
+        instruments_ = std::make_unique<InstrumentSetModel>(
+            catalogue({QStringLiteral("flute"), QStringLiteral("lute"), QStringLiteral("piano")}));
+        dialogs_ = std::make_unique<RenamingDialogs>();
+        make(song(QStringLiteral("Jig")));
+    }
+
+    void cleanup() { row_.reset(); }
+
+    void tabReachesEveryControl()
+    {
+        row_->show();
+        row_->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(row_.get()));
+        child<QWidget>("chkSelect")->setFocus();
+        QStringList reached;
+        for (int i = 0; i < 11; ++i) {
+            reached.append(QApplication::focusWidget()->objectName());
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+        const QString order = QStringLiteral(
+            "chkSelect lblTitle cboInstrument wVis dlVolume dlPan btnMute btnEdit btnDelete btnUp btnDown");
+        QCOMPARE(reached.join(u' '), order);
+    }
+
+    void selects()
+    {
+        QSignalSpy selected(row_.get(), &TrackWidget::trackSelected);
+        child<QCheckBox>("chkSelect")->click();
+        QVERIFY(row_->isSelected() && selected.last()[0].toBool());
+        child<QCheckBox>("chkSelect")->click();
+        QVERIFY(!row_->isSelected() && !selected.last()[0].toBool());
+    }
+
+    void mutes()
+    {
+        auto *const visualization = child<TrackVisualizationWidget>("wVis");
+        child<QCheckBox>("btnMute")->click();
+        QVERIFY(row_->isMuted() && visualization->isMuted());
+        choose(QStringLiteral("(Un)mute"));
+        QVERIFY(!row_->isMuted() && !visualization->isMuted() && !child<QCheckBox>("btnMute")->isChecked());
+        QCOMPARE(signals_, QStringList({QStringLiteral("mute"), QStringLiteral("mute")}));
+    }
+
+    void showsATrackWithoutAnnouncingIt()
+    {
+        const SongTrack shown{
+            QStringLiteral("T1"), std::make_shared<const Track>(song({})), QStringLiteral("piano"), true, 40, -50};
+        row_->setTrack(std::make_shared<const SongTrack>(shown));
+        row_->setSelected(true);
+        row_->setPosition(100);
+        row_->setCommonLength(1000);
+        QVERIFY(signals_.isEmpty());
+        QCOMPARE(child<QLabel>("lblTitle")->text(), QStringLiteral("Untitled"));
+        QVERIFY(row_->isSelected() && row_->isMuted() && child<QCheckBox>("btnMute")->isChecked());
+        QCOMPARE(row_->volumePercent(), 40);
+        QCOMPARE(row_->panPercent(), -50);
+        QCOMPARE(child<QComboBox>("cboInstrument")->currentText(), QStringLiteral("piano"));
+    }
+
+    void asksForWhatTheWindowDoes()
+    {
+        row_->setCommonLength(1000);
+        child<QToolButton>("btnUp")->click();
+        child<QToolButton>("btnDown")->click();
+        child<QToolButton>("btnEdit")->click();
+        choose(QStringLiteral("Open ABC Editor"));
+        choose(QStringLiteral("Solo"));
+        choose(QStringLiteral("Save"));
+        choose(QStringLiteral("Save As..."));
+        emit child<TrackVisualizationWidget>("wVis")->seek(5);
+        child<QComboBox>("cboInstrument")->setCurrentIndex(1);
+        child<ValueDial>("dlVolume")->setValue(30);
+        child<ValueDial>("dlPan")->setValue(30);
+        child<QToolButton>("btnDelete")->click();
+        QCOMPARE(signals_.join(u' '),
+                 QStringLiteral("up down editor editor solo save saveAs seek instrument volume pan removed"));
+        QCOMPARE(row_->instrumentName(), QStringLiteral("lute"));
+    }
+
+    void renames()
+    {
+        dialogs_->enteredText = QStringLiteral("Reel");
+        QTest::mouseDClick(child<QLabel>("lblTitle"), Qt::LeftButton);
+        QCOMPARE(dialogs_->takeAsked(), QStringList(QStringLiteral("Rename Track|New track title:")));
+        QCOMPARE(dialogs_->prefilled, QStringLiteral("Jig"));
+        QCOMPARE(step_ + u'|' + wanted_.title(), QStringLiteral("Rename Track|Reel"));
+        QCOMPARE(child<QLabel>("lblTitle")->text(), QStringLiteral("Jig")); // until the list has it
+        dialogs_->enteredText.reset();
+        choose(QStringLiteral("Rename Track"));
+        QCOMPARE(signals_, QStringList(QStringLiteral("changed")));
+    }
+
+    void renamingKeepsTheTextOfTheTrack()
+    {
+        const auto text = QStringLiteral("X:1\nT:Jig\nT:again\nL:1/4\nK:C\nC E | G % as I like it\n");
+        dialogs_->enteredText = QStringLiteral("Reel \\1");
+        auto oneTitle = text;
+        oneTitle.remove(QStringLiteral("T:again\n"));
+        show(parseAbc(oneTitle));
+        row_->onChangeTitle();
+        QCOMPARE(wanted_.toAbc(), QString(oneTitle).replace(QStringLiteral("Jig"), QStringLiteral("Reel \\1")));
+
+        show(parseAbc(text));
+        row_->onChangeTitle();
+        QCOMPARE(parseAbc(wanted_.toAbc()).headerFields(QStringLiteral("T")), QStringList(QStringLiteral("Reel \\1")));
+    }
+
+    void transposes()
+    {
+        choose(QStringLiteral("Transpose one octave up"));
+        QCOMPARE(pitches(wanted_), QList<quint32>({72, 76, 79}));
+        QCOMPARE(step_, QStringLiteral("Transpose Track"));
+        show(wanted_);
+        choose(QStringLiteral("Transpose one octave down"));
+        QCOMPARE(pitches(wanted_), QList<quint32>({60, 64, 67}));
+        row_->onTrackChanged(song(QStringLiteral("Edited")));
+        QCOMPARE(step_ + u'|' + wanted_.title(), QStringLiteral("Edit Track|Edited"));
+    }
+
+    void instrumentSurvivesNewCatalogues()
+    {
+        auto *const box = child<QComboBox>("cboInstrument");
+        showInstrument(QStringLiteral("lute"));
+        instruments_->setInstruments(catalogue({QStringLiteral("None")}));
+        QCOMPARE(box->currentIndex(), -1);
+        QCOMPARE(row_->instrumentName(), QStringLiteral("lute"));
+        instruments_->setInstruments(
+            catalogue({QStringLiteral("bass"), QStringLiteral("drum"), QStringLiteral("lute")}));
+        QCOMPARE(box->currentText(), QStringLiteral("lute"));
+        QVERIFY(signals_.isEmpty());
+        box->setCurrentIndex(0);
+        QCOMPARE(row_->instrumentName(), QStringLiteral("bass"));
+        QCOMPARE(signals_, QStringList(QStringLiteral("instrument")));
+    }
+
+    void dials()
+    {
+        auto *const volume = child<ValueDial>("dlVolume");
+        auto *const pan = child<ValueDial>("dlPan");
+        row_->resize(row_->sizeHint());
+        QCOMPARE(row_->volumePercent(), 100);
+        QCOMPARE(row_->panPercent(), 0);
+        QCOMPARE(pan->valueText(), QStringLiteral("C"));
+
+        const auto drag = [](ValueDial *dial, QPoint from, QPoint to) {
+            QTest::mousePress(dial, Qt::LeftButton, {}, from);
+            QMouseEvent move(QEvent::MouseMove, to, dial->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
+            QApplication::sendEvent(dial, &move);
+            QTest::mouseRelease(dial, Qt::LeftButton, {}, to);
+        };
+        drag(volume, {20, 20}, {20, 60}); // 40 of 160 pixels
+        QCOMPARE(volume->value(), 75);
+        QCOMPARE(volume->valueText(), QStringLiteral("75 %"));
+        QTest::mouseDClick(volume, Qt::LeftButton);
+        QCOMPARE(row_->volumePercent(), 100);
+
+        pan->setValue(-60);
+        QCOMPARE(pan->valueText(), QStringLiteral("L 60"));
+        drag(pan, {20, 40}, {20, -6}); // to -2 or -3
+        QCOMPARE(row_->panPercent(), 0);
+        drag(pan, {20, 40}, {20, 20});
+        QCOMPARE(row_->panPercent(), 25);
+    }
+
+    void theWheelScrollsTheListUntilADialHasTheFocus()
+    {
+        row_->show();
+        row_->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(row_.get()));
+        auto *const dial = child<ValueDial>("dlVolume");
+        const auto turnWheel = [](QWidget *widget) {
+            const QPointF middle = widget->rect().center();
+            QWheelEvent event(middle, widget->mapToGlobal(middle.toPoint()), {}, {0, -120}, Qt::NoButton, {},
+                              Qt::NoScrollPhase, false);
+            QApplication::sendEvent(widget, &event);
+            return event.isAccepted();
+        };
+        showInstrument(QStringLiteral("flute"));
+        child<QWidget>("chkSelect")->setFocus();
+        QVERIFY(!turnWheel(dial) && !turnWheel(child<QComboBox>("cboInstrument")));
+        QVERIFY(signals_.isEmpty());
+        dial->setFocus();
+        turnWheel(dial);
+        QVERIFY(row_->volumePercent() < 100);
+    }
+
+    void showsWhatThePlayerSays()
+    {
+        auto *const visualization = child<TrackVisualizationWidget>("wVis");
+        auto *const meter = child<VUMeter>("vuMeter");
+        row_->setCommonLength(1000);
+        row_->setPosition(250);
+        row_->setLevels(0.1F, 0.2F, 0.3F, 0.4F);
+        row_->notePressed(1);
+        QCOMPARE(visualization->commonLength(), Ticks(1000));
+        QCOMPARE(visualization->position(), Ticks(250));
+        QCOMPARE(visualization->pressedNotes(), QSet<int>({1}));
+        QCOMPARE(meter->channel(0).rms(), 0.1F);
+        QCOMPARE(meter->channel(1).rms(), 0.2F);
+        QCOMPARE(meter->channel(0).peak(), 0.3F);
+        QCOMPARE(meter->channel(1).peak(), 0.4F);
+        row_->noteReleased(1);
+        QVERIFY(visualization->pressedNotes().isEmpty());
+    }
+
+    void followsTheThemeAtOnce()
+    {
+        QWidget window;
+        row_->setParent(&window);
+        window.show();
+        for (const bool isDark : {true, false, true, false}) {
+            applyTheme(isDark ? Theme::Dark : Theme::Light);
+            QCOMPARE(row_->styleSheet().contains(QStringLiteral("#DADADA")), !isDark);
+        }
+        row_->setParent(nullptr);
+    }
 
 private:
     template<typename Child>
@@ -94,10 +298,62 @@ private:
             qFatal("no child %s", name);
         return found;
     }
-    void choose(const QString &text);
-    void make(const Track &track);
-    void show(const Track &track);
-    void showInstrument(const QString &name);
+
+    void choose(const QString &text)
+    {
+        const auto menu = row_->contextMenu();
+        auto actions = menu->actions();
+        for (const auto *const action : menu->actions()) {
+            if (action->menu() != nullptr)
+                actions += action->menu()->actions();
+        }
+        for (auto *const action : std::as_const(actions)) {
+            if (action->text() == text)
+                return action->trigger();
+        }
+        QFAIL(qPrintable(text));
+    }
+
+    void make(const Track &track)
+    {
+        const SongTrack shown{QStringLiteral("T1"), std::make_shared<const Track>(track), {}};
+        row_ = std::make_unique<TrackWidget>(std::make_shared<const SongTrack>(shown), *instruments_, *settings_,
+                                             *dialogs_);
+        signals_.clear();
+        const auto note = [this](const char *name) { return [this, name] { signals_.append(QLatin1String(name)); }; };
+        connect(row_.get(), &TrackWidget::trackRemoved, this, note("removed"));
+        connect(row_.get(), &TrackWidget::trackChanged, this, note("changed"));
+        connect(row_.get(), &TrackWidget::trackSelected, this, note("selected"));
+        connect(row_.get(), &TrackWidget::trackMuteChanged, this, note("mute"));
+        connect(row_.get(), &TrackWidget::trackSolo, this, note("solo"));
+        connect(row_.get(), &TrackWidget::trackInstrumentChanged, this, note("instrument"));
+        connect(row_.get(), &TrackWidget::trackVolumeChanged, this, note("volume"));
+        connect(row_.get(), &TrackWidget::trackPanChanged, this, note("pan"));
+        connect(row_.get(), &TrackWidget::trackMoveUp, this, note("up"));
+        connect(row_.get(), &TrackWidget::trackMoveDown, this, note("down"));
+        connect(row_.get(), &TrackWidget::trackSeek, this, note("seek"));
+        connect(row_.get(), &TrackWidget::editorRequested, this, note("editor"));
+        connect(row_.get(), &TrackWidget::saveRequested, this, note("save"));
+        connect(row_.get(), &TrackWidget::saveAsRequested, this, note("saveAs"));
+        connect(row_.get(), &TrackWidget::trackChanged, this, [this](const QString &step, const Track &wanted) {
+            step_ = step;
+            wanted_ = wanted;
+        });
+    }
+
+    void show(const Track &track)
+    {
+        auto shown = *row_->shown();
+        shown.track = std::make_shared<const Track>(track);
+        row_->setTrack(std::make_shared<const SongTrack>(shown));
+    }
+
+    void showInstrument(const QString &name)
+    {
+        auto shown = *row_->shown();
+        shown.instrument = name;
+        row_->setTrack(std::make_shared<const SongTrack>(shown));
+    }
 
     std::unique_ptr<QTemporaryDir> folder_;
     std::unique_ptr<Settings> settings_;
@@ -108,325 +364,6 @@ private:
     Track wanted_;
     QStringList signals_; // names of the signals that the row emitted, in their order
 };
-
-void TestTrackWidget::init()
-{
-    folder_ = std::make_unique<QTemporaryDir>();
-    settings_ = std::make_unique<Settings>(folder_->filePath(QStringLiteral("settings.cfg")));
-    settings_->setValue(Settings::AbcSaveDir, folder_->path());
-    instruments_ = std::make_unique<InstrumentSetModel>(
-        catalogue({QStringLiteral("flute"), QStringLiteral("lute"), QStringLiteral("piano")}));
-    dialogs_ = std::make_unique<RenamingDialogs>();
-    make(song(QStringLiteral("Jig")));
-}
-
-void TestTrackWidget::cleanup()
-{
-    row_.reset();
-}
-
-void TestTrackWidget::show(const Track &track)
-{
-    auto shown = *row_->shown();
-    shown.track = std::make_shared<const Track>(track);
-    row_->setTrack(std::make_shared<const SongTrack>(shown));
-}
-
-void TestTrackWidget::showInstrument(const QString &name)
-{
-    auto shown = *row_->shown();
-    shown.instrument = name;
-    row_->setTrack(std::make_shared<const SongTrack>(shown));
-}
-
-void TestTrackWidget::make(const Track &track)
-{
-    const SongTrack shown{QStringLiteral("T1"), std::make_shared<const Track>(track), {}};
-    row_ =
-        std::make_unique<TrackWidget>(std::make_shared<const SongTrack>(shown), *instruments_, *settings_, *dialogs_);
-    signals_.clear();
-    const auto note = [this](const char *name) { return [this, name] { signals_.append(QLatin1String(name)); }; };
-    connect(row_.get(), &TrackWidget::trackRemoved, this, note("removed"));
-    connect(row_.get(), &TrackWidget::trackChanged, this, note("changed"));
-    connect(row_.get(), &TrackWidget::trackSelected, this, note("selected"));
-    connect(row_.get(), &TrackWidget::trackMuteChanged, this, note("mute"));
-    connect(row_.get(), &TrackWidget::trackSolo, this, note("solo"));
-    connect(row_.get(), &TrackWidget::trackInstrumentChanged, this, note("instrument"));
-    connect(row_.get(), &TrackWidget::trackVolumeChanged, this, note("volume"));
-    connect(row_.get(), &TrackWidget::trackPanChanged, this, note("pan"));
-    connect(row_.get(), &TrackWidget::trackMoveUp, this, note("up"));
-    connect(row_.get(), &TrackWidget::trackMoveDown, this, note("down"));
-    connect(row_.get(), &TrackWidget::trackSeek, this, note("seek"));
-    connect(row_.get(), &TrackWidget::editorRequested, this, note("editor"));
-    connect(row_.get(), &TrackWidget::saveRequested, this, note("save"));
-    connect(row_.get(), &TrackWidget::saveAsRequested, this, note("saveAs"));
-    connect(row_.get(), &TrackWidget::trackChanged, this, [this](const QString &step, const Track &wanted) {
-        step_ = step;
-        wanted_ = wanted;
-    });
-}
-
-void TestTrackWidget::choose(const QString &text)
-{
-    const auto menu = row_->contextMenu();
-    auto actions = menu->actions();
-    for (const auto *const action : menu->actions()) {
-        if (action->menu() != nullptr)
-            actions += action->menu()->actions();
-    }
-    for (auto *const action : std::as_const(actions)) {
-        if (action->text() == text)
-            return action->trigger();
-    }
-    QFAIL(qPrintable(text));
-}
-
-void TestTrackWidget::saysWhatEachControlIsFor()
-{
-    const std::pair<const char *, const char *> tips[] = {
-        {"chkSelect", "Select track"},   {"btnDelete", "Delete track"},
-        {"btnEdit", "Edit track"},       {"btnUp", "Move up"},
-        {"btnDown", "Move down"},        {"btnMute", "(Un)mute"},
-        {"dlVolume", "Playback Volume"}, {"dlPan", "Playback Pan"},
-        {"lblTitle", "Track Title"},     {"cboInstrument", "Instrument for this track"},
-    };
-    for (const auto &[name, tip] : tips)
-        QCOMPARE(child<QWidget>(name)->toolTip(), QLatin1String(tip));
-    QCOMPARE(child<QWidget>("dlPan")->statusTip(), QStringLiteral("The playback pan position for this track"));
-    QCOMPARE(child<QWidget>("btnUp")->statusTip(), QStringLiteral("Move track up"));
-    for (const char *name : {"wVis", "vuMeter", "chkSelect", "dlVolume", "btnMute"})
-        QVERIFY(!child<QWidget>(name)->accessibleName().isEmpty());
-    QCOMPARE(row_->accessibleName(), QStringLiteral("Jig"));
-}
-
-void TestTrackWidget::tabReachesEveryControl()
-{
-    row_->show();
-    row_->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(row_.get()));
-    child<QWidget>("chkSelect")->setFocus();
-    QStringList reached;
-    for (int i = 0; i < 11; ++i) {
-        reached.append(QApplication::focusWidget()->objectName());
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    }
-    const QString order =
-        QStringLiteral("chkSelect lblTitle cboInstrument wVis dlVolume dlPan btnMute btnEdit btnDelete btnUp btnDown");
-    QCOMPARE(reached.join(u' '), order);
-}
-
-void TestTrackWidget::iconsAreThere()
-{
-    for (const char *name : {"btnEdit", "btnDelete", "btnUp", "btnDown"})
-        QVERIFY(!child<QToolButton>(name)->icon().isNull());
-    for (const char *name : {"mutectx", "soundctx", "speaker-volume", "speaker-panning", "appicon", "play"}) {
-        const QImage image(QStringLiteral(":/icons/%1.png").arg(QLatin1String(name)));
-        const QImage twice(QStringLiteral(":/icons/%1@2x.png").arg(QLatin1String(name)));
-        QVERIFY2(!image.isNull() && twice.size() == image.size() * 2, name);
-    }
-    const auto menu = row_->contextMenu();
-    int icons = 0;
-    for (const auto *const action : menu->actions())
-        icons += action->icon().availableSizes().isEmpty() ? 0 : 1;
-    QCOMPARE(icons, 5);
-}
-
-void TestTrackWidget::selects()
-{
-    const auto normal = row_->styleSheet();
-    QSignalSpy selected(row_.get(), &TrackWidget::trackSelected);
-    child<QCheckBox>("chkSelect")->click();
-    QVERIFY(row_->isSelected());
-    QVERIFY(row_->styleSheet().contains(QStringLiteral("#EAEA9A")));
-    child<QCheckBox>("chkSelect")->click();
-    QCOMPARE(row_->styleSheet(), normal);
-    QCOMPARE(selected.size(), 2);
-    QCOMPARE(selected[0][0].toBool(), true);
-    QCOMPARE(selected[1][0].toBool(), false);
-}
-
-void TestTrackWidget::mutes()
-{
-    auto *const visualization = child<TrackVisualizationWidget>("wVis");
-    child<QCheckBox>("btnMute")->click();
-    QVERIFY(row_->isMuted() && visualization->isMuted());
-    choose(QStringLiteral("(Un)mute"));
-    QVERIFY(!row_->isMuted() && !visualization->isMuted() && !child<QCheckBox>("btnMute")->isChecked());
-    QCOMPARE(signals_, QStringList({QStringLiteral("mute"), QStringLiteral("mute")}));
-}
-
-void TestTrackWidget::showsATrackWithoutAnnouncingIt()
-{
-    const SongTrack shown{
-        QStringLiteral("T1"), std::make_shared<const Track>(song({})), QStringLiteral("piano"), true, 40, -50};
-    row_->setTrack(std::make_shared<const SongTrack>(shown));
-    row_->setSelected(true);
-    row_->setPosition(100);
-    row_->setCommonLength(1000);
-    QVERIFY(signals_.isEmpty());
-    QCOMPARE(child<QLabel>("lblTitle")->text(), QStringLiteral("Untitled"));
-    QVERIFY(row_->isSelected() && row_->isMuted() && child<QCheckBox>("btnMute")->isChecked());
-    QCOMPARE(row_->volumePercent(), 40);
-    QCOMPARE(row_->panPercent(), -50);
-    QCOMPARE(child<QComboBox>("cboInstrument")->currentText(), QStringLiteral("piano"));
-}
-
-void TestTrackWidget::asksForWhatTheWindowDoes()
-{
-    row_->setCommonLength(1000);
-    child<QToolButton>("btnUp")->click();
-    child<QToolButton>("btnDown")->click();
-    child<QToolButton>("btnEdit")->click();
-    choose(QStringLiteral("Open ABC Editor"));
-    choose(QStringLiteral("Solo"));
-    choose(QStringLiteral("Save"));
-    choose(QStringLiteral("Save As..."));
-    emit child<TrackVisualizationWidget>("wVis")->seek(5);
-    child<QComboBox>("cboInstrument")->setCurrentIndex(1);
-    child<ValueDial>("dlVolume")->setValue(30);
-    child<ValueDial>("dlPan")->setValue(30);
-    child<QToolButton>("btnDelete")->click();
-    QCOMPARE(signals_.join(u' '),
-             QStringLiteral("up down editor editor solo save saveAs seek instrument volume pan removed"));
-    QCOMPARE(row_->instrumentName(), QStringLiteral("lute"));
-}
-
-void TestTrackWidget::renames()
-{
-    dialogs_->enteredText = QStringLiteral("Reel");
-    QTest::mouseDClick(child<QLabel>("lblTitle"), Qt::LeftButton);
-    QCOMPARE(dialogs_->takeAsked(), QStringList(QStringLiteral("Rename Track|New track title:")));
-    QCOMPARE(dialogs_->prefilled, QStringLiteral("Jig"));
-    QCOMPARE(step_ + u'|' + wanted_.title(), QStringLiteral("Rename Track|Reel"));
-    QCOMPARE(child<QLabel>("lblTitle")->text(), QStringLiteral("Jig")); // until the list has it
-    dialogs_->enteredText.reset();
-    choose(QStringLiteral("Rename Track"));
-    QCOMPARE(signals_, QStringList(QStringLiteral("changed")));
-}
-
-void TestTrackWidget::renamingKeepsTheTextOfTheTrack()
-{
-    const auto text = QStringLiteral("X:1\nT:Jig\nT:again\nL:1/4\nK:C\nC E | G % as I like it\n");
-    dialogs_->enteredText = QStringLiteral("Reel \\1");
-    auto oneTitle = text;
-    oneTitle.remove(QStringLiteral("T:again\n"));
-    show(parseAbc(oneTitle));
-    row_->onChangeTitle();
-    QCOMPARE(wanted_.toAbc(), QString(oneTitle).replace(QStringLiteral("Jig"), QStringLiteral("Reel \\1")));
-
-    show(parseAbc(text));
-    row_->onChangeTitle();
-    QCOMPARE(parseAbc(wanted_.toAbc()).headerFields(QStringLiteral("T")), QStringList(QStringLiteral("Reel \\1")));
-}
-
-void TestTrackWidget::transposes()
-{
-    choose(QStringLiteral("Transpose one octave up"));
-    QCOMPARE(pitches(wanted_), QList<quint32>({72, 76, 79}));
-    QCOMPARE(step_, QStringLiteral("Transpose Track"));
-    show(wanted_);
-    choose(QStringLiteral("Transpose one octave down"));
-    QCOMPARE(pitches(wanted_), QList<quint32>({60, 64, 67}));
-    row_->onTrackChanged(song(QStringLiteral("Edited")));
-    QCOMPARE(step_ + u'|' + wanted_.title(), QStringLiteral("Edit Track|Edited"));
-}
-
-void TestTrackWidget::instrumentSurvivesNewCatalogues()
-{
-    auto *const box = child<QComboBox>("cboInstrument");
-    showInstrument(QStringLiteral("lute"));
-    instruments_->setInstruments(catalogue({QStringLiteral("None")}));
-    QCOMPARE(box->currentIndex(), -1);
-    QCOMPARE(row_->instrumentName(), QStringLiteral("lute"));
-    instruments_->setInstruments(catalogue({QStringLiteral("bass"), QStringLiteral("drum"), QStringLiteral("lute")}));
-    QCOMPARE(box->currentText(), QStringLiteral("lute"));
-    QVERIFY(signals_.isEmpty());
-    box->setCurrentIndex(0);
-    QCOMPARE(row_->instrumentName(), QStringLiteral("bass"));
-    QCOMPARE(signals_, QStringList(QStringLiteral("instrument")));
-}
-
-void TestTrackWidget::dials()
-{
-    auto *const volume = child<ValueDial>("dlVolume");
-    auto *const pan = child<ValueDial>("dlPan");
-    row_->resize(row_->sizeHint());
-    QCOMPARE(row_->volumePercent(), 100);
-    QCOMPARE(row_->panPercent(), 0);
-    QCOMPARE(pan->valueText(), QStringLiteral("C"));
-
-    const auto drag = [](ValueDial *dial, QPoint from, QPoint to) {
-        QTest::mousePress(dial, Qt::LeftButton, {}, from);
-        QMouseEvent move(QEvent::MouseMove, to, dial->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
-        QApplication::sendEvent(dial, &move);
-        QTest::mouseRelease(dial, Qt::LeftButton, {}, to);
-    };
-    drag(volume, {20, 20}, {20, 60}); // 40 of 160 pixels
-    QCOMPARE(volume->value(), 75);
-    QCOMPARE(volume->valueText(), QStringLiteral("75 %"));
-    QTest::mouseDClick(volume, Qt::LeftButton);
-    QCOMPARE(row_->volumePercent(), 100);
-
-    pan->setValue(-60);
-    QCOMPARE(pan->valueText(), QStringLiteral("L 60"));
-    drag(pan, {20, 40}, {20, -6}); // to -2 or -3
-    QCOMPARE(row_->panPercent(), 0);
-    drag(pan, {20, 40}, {20, 20});
-    QCOMPARE(row_->panPercent(), 25);
-}
-
-void TestTrackWidget::theWheelScrollsTheListUntilADialHasTheFocus()
-{
-    row_->show();
-    row_->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(row_.get()));
-    auto *const dial = child<ValueDial>("dlVolume");
-    const auto turnWheel = [](QWidget *widget) {
-        const QPointF middle = widget->rect().center();
-        QWheelEvent event(middle, widget->mapToGlobal(middle.toPoint()), {}, {0, -120}, Qt::NoButton, {},
-                          Qt::NoScrollPhase, false);
-        QApplication::sendEvent(widget, &event);
-        return event.isAccepted();
-    };
-    showInstrument(QStringLiteral("flute"));
-    child<QWidget>("chkSelect")->setFocus();
-    QVERIFY(!turnWheel(dial) && !turnWheel(child<QComboBox>("cboInstrument")));
-    QVERIFY(signals_.isEmpty());
-    dial->setFocus();
-    turnWheel(dial);
-    QVERIFY(row_->volumePercent() < 100);
-}
-
-void TestTrackWidget::showsWhatThePlayerSays()
-{
-    auto *const visualization = child<TrackVisualizationWidget>("wVis");
-    auto *const meter = child<VUMeter>("vuMeter");
-    row_->setCommonLength(1000);
-    row_->setPosition(250);
-    row_->setLevels(0.1F, 0.2F, 0.3F, 0.4F);
-    row_->notePressed(1);
-    QCOMPARE(visualization->commonLength(), Ticks(1000));
-    QCOMPARE(visualization->position(), Ticks(250));
-    QCOMPARE(visualization->pressedNotes(), QSet<int>({1}));
-    QCOMPARE(meter->channel(0).rms(), 0.1F);
-    QCOMPARE(meter->channel(1).rms(), 0.2F);
-    QCOMPARE(meter->channel(0).peak(), 0.3F);
-    QCOMPARE(meter->channel(1).peak(), 0.4F);
-    row_->noteReleased(1);
-    QVERIFY(visualization->pressedNotes().isEmpty());
-}
-
-void TestTrackWidget::followsTheThemeAtOnce()
-{
-    QWidget window;
-    row_->setParent(&window);
-    window.show();
-    for (const bool isDark : {true, false, true, false}) {
-        applyTheme(isDark ? Theme::Dark : Theme::Light);
-        QCOMPARE(row_->styleSheet().contains(QStringLiteral("#DADADA")), !isDark);
-    }
-    row_->setParent(nullptr);
-}
 
 QTEST_MAIN(TestTrackWidget)
 #include "test_track_widget.moc"

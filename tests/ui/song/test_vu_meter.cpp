@@ -1,7 +1,6 @@
+#include "support/Rows.h"
 #include "ui/PaintCounter.h"
 #include "ui/song/VUMeter.h"
-
-#include <QtTest>
 
 #include <cmath>
 
@@ -10,201 +9,133 @@ class TestVUMeter : public QObject
     Q_OBJECT
 
 private slots:
-    void scale_data();
-    void scale();
-    void barsRiseAtOnceAndFallWithTime();
-    void fallingDependsOnTimeNotOnTicks();
-    void barsStopAtTheLevelThatIsHeard();
-    void smallValuesBecomeSilence();
-    void holdWaitsTwoSecondsThenFallsSlowly();
-    void anEqualPeakHoldsAgain();
-    void ignoresChannelsThatAreNotThere();
-    void paintsOnlyWhileSomethingChanges();
-    void drawsLevels();
-    void tellsTheLevelUnderTheMouse_data();
-    void tellsTheLevelUnderTheMouse();
-};
-
-void TestVUMeter::scale_data()
-{
-    QTest::addColumn<double>("amplitude");
-    QTest::addColumn<double>("decibels");
-    QTest::addColumn<double>("position");
-    QTest::newRow("silence is nothing") << 0.0 << -100.0 << 0.0;
-    QTest::newRow("below the scale") << 0.001 << -60.0 << 0.0;
-    QTest::newRow("full scale") << 1.0 << 0.0 << 48.0 / 54.0;
-    QTest::newRow("a tenth") << 0.1 << -20.0 << 28.0 / 54.0;
-    QTest::newRow("above the scale") << 3.0 << 6.0 << 1.0;
-}
-
-void TestVUMeter::scale()
-{
-    QFETCH(double, amplitude);
-    QFETCH(double, decibels);
-    QFETCH(double, position);
-    QVERIFY(std::abs(MeterScale::decibels(amplitude) - decibels) < 1e-9);
-    QVERIFY(std::abs(MeterScale::position(decibels) - position) < 1e-9);
-    const bool isOnScale = decibels >= MeterScale::lowest;
-    QVERIFY(std::abs(MeterScale::decibelsAt(position) - (isOnScale ? decibels : MeterScale::lowest)) < 1e-9);
-}
-
-void TestVUMeter::barsRiseAtOnceAndFallWithTime()
-{
-    MeterChannel channel;
-    channel.receive(0.4F, 0.8F, 0);
-    QCOMPARE(channel.shownRms(), 0.4F);
-    QCOMPARE(channel.shownPeak(), 0.8F);
-    channel.receive(0.0F, 0.0F, 10);
-    QCOMPARE(channel.shownPeak(), 0.8F);
-    QVERIFY(channel.decay(20, 20));
-    QCOMPARE(channel.shownRms(), 0.4F * 0.75F);
-    QCOMPARE(channel.shownPeak(), 0.8F * 0.75F);
-    QCOMPARE(channel.hold(), 0.8F);
-}
-
-void TestVUMeter::fallingDependsOnTimeNotOnTicks()
-{
-    MeterChannel late;
-    MeterChannel punctual;
-    for (auto *const channel : {&late, &punctual}) {
-        channel->receive(0.5F, 1.0F, 0);
-        channel->receive(0.0F, 0.0F, 0);
+    void scale_data()
+    {
+        const Rows<double, double, double> row("amplitude", "decibels", "position");
+        row("silence is nothing", 0.0, -100.0, 0.0);
+        row("below the scale", 0.001, -60.0, 0.0);
+        row("full scale", 1.0, 0.0, 48.0 / 54.0);
+        row("a tenth", 0.1, -20.0, 28.0 / 54.0);
+        row("above the scale", 3.0, 6.0, 1.0);
     }
-    late.decay(100, 100);
-    for (int i = 1; i <= 5; ++i)
-        punctual.decay(20, 20 * i);
-    QVERIFY(std::abs(late.shownPeak() - punctual.shownPeak()) < 1e-6F);
-    QVERIFY(std::abs(late.shownRms() - punctual.shownRms()) < 1e-6F);
-}
+    void scale()
+    {
+        QFETCH(double, amplitude);
+        QFETCH(double, decibels);
+        QFETCH(double, position);
+        QVERIFY(std::abs(MeterScale::decibels(amplitude) - decibels) < 1e-9);
+        QVERIFY(std::abs(MeterScale::position(decibels) - position) < 1e-9);
+        const bool isOnScale = decibels >= MeterScale::lowest;
+        QVERIFY(std::abs(MeterScale::decibelsAt(position) - (isOnScale ? decibels : MeterScale::lowest)) < 1e-9);
+    }
 
-void TestVUMeter::barsStopAtTheLevelThatIsHeard()
-{
-    MeterChannel channel;
-    channel.receive(0.5F, 1.0F, 0);
-    channel.receive(0.4F, 0.9F, 0);
-    QVERIFY(channel.decay(20, 20));
-    QCOMPARE(channel.shownRms(), 0.4F);
-    QCOMPARE(channel.shownPeak(), 0.9F);
-    QVERIFY(!channel.decay(20, 40));
-}
+    void channels_data()
+    {
+        // steps: "RMS/PEAK@MS" is received, "+ELAPSED@MS" falls. shown: RMS, peak, hold, whether the last step fell.
+        const Rows<QString, QString> row("steps", "shown");
+        row("rises at once", "0.4/0.8@0", "0.4 0.8 0.8 -");
+        row("stays until it falls", "0.4/0.8@0 0/0@10", "0.4 0.8 0.8 -");
+        row("falls", "0.4/0.8@0 0/0@10 +20@20", "0.3 0.6 0.8 fell");
+        row("falls with time", "0.5/1@0 0/0@0 +100@100", "0.118652 0.237305 1 fell");
+        row("not with ticks", "0.5/1@0 0/0@0 +20@20 +20@40 +60@100", "0.118652 0.237305 1 fell");
+        row("stops at what is heard", "0.5/1@0 0.4/0.9@0 +20@20", "0.4 0.9 1 fell");
+        row("rests there", "0.5/1@0 0.4/0.9@0 +20@20 +20@40", "0.4 0.9 1 -");
+        row("small values are silence", "0.0013/0.0013@0 0/0@0 +20@20", "0 0 0.0013 fell");
+        row("holds for two seconds", "0/1@500 0/0@520 +1980@2500 +20@2500", "0 0 1 -");
+        row("then the hold falls", "0/1@500 0/0@520 +1980@2500 +20@2520", "0 0 0.9 fell");
+        row("slowly", "0/1@500 0/0@520 +1980@2500 +20@2520 +40@2560", "0 0 0.729 fell");
+        row("as good as equal holds again", "0/0.5@0 0/0.499995@1500 0/0@1500 +1500@3400", "0 0 0.499995 fell");
+        row("for two seconds", "0/0.5@0 0/0.499995@1500 0/0@1500 +1500@3400 +20@3520", "0 0 0.449995 fell");
+    }
+    void channels()
+    {
+        QFETCH(QString, steps);
+        MeterChannel channel;
+        bool fell = false;
+        for (const auto &step : steps.split(u' ')) {
+            const auto now = step.section(u'@', 1).toLongLong();
+            const auto what = step.section(u'@', 0, 0);
+            fell = what.startsWith(u'+') && channel.decay(what.toLongLong(), now);
+            if (!what.startsWith(u'+'))
+                channel.receive(what.section(u'/', 0, 0).toFloat(), what.section(u'/', 1).toFloat(), now);
+        }
+        QStringList shown;
+        for (const auto value : {channel.shownRms(), channel.shownPeak(), channel.hold()})
+            shown += QString::number(double(value));
+        QTEST(shown.join(u' ') + QLatin1String(fell ? " fell" : " -"), "shown");
+    }
 
-void TestVUMeter::smallValuesBecomeSilence()
-{
-    MeterChannel channel;
-    channel.receive(0.0013F, 0.0013F, 0);
-    channel.receive(0.0F, 0.0F, 0);
-    QVERIFY(channel.decay(20, 20));
-    QCOMPARE(channel.shownRms(), 0.0F);
-    QVERIFY(!channel.decay(20, 40));
-}
+    void ignoresChannelsThatAreNotThere()
+    {
+        VUMeter meter(Qt::Vertical);
+        for (const int channel : {2, -1})
+            meter.setLevels(channel, 1.0F, 1.0F);
+        QCOMPARE(meter.channel(0).peak() + meter.channel(1).peak(), 0.0F);
+        meter.setChannelCount(3);
+        meter.setLevels(2, 0.5F, 1.0F);
+        QCOMPARE(meter.channel(2).shownPeak(), 1.0F);
+        meter.setChannelCount(0);
+        meter.setLevels(0, 1.0F, 1.0F);
+        QVERIFY(!meter.grab().isNull());
+    }
 
-void TestVUMeter::holdWaitsTwoSecondsThenFallsSlowly()
-{
-    MeterChannel channel;
-    channel.receive(0.0F, 1.0F, 500);
-    channel.receive(0.0F, 0.0F, 520);
-    for (qint64 now = 520; now <= 2500; now += 20)
-        channel.decay(20, now);
-    QCOMPARE(channel.hold(), 1.0F);
-    QVERIFY(channel.decay(20, 2520));
-    QCOMPARE(channel.hold(), 0.9F);
-    channel.decay(40, 2560);
-    QVERIFY(std::abs(channel.hold() - 0.9F * 0.9F * 0.9F) < 1e-6F);
-}
+    void paintsOnlyWhileSomethingChanges()
+    {
+        VUMeter meter(Qt::Vertical);
+        PaintCounter paints(&meter);
+        meter.show();
+        QTRY_VERIFY(paints.count() > 0);
+        QTest::qWait(60);
+        paints.clear();
+        QTest::qWait(100);
+        QCOMPARE(paints.count(), 0);
 
-void TestVUMeter::anEqualPeakHoldsAgain()
-{
-    MeterChannel channel;
-    channel.receive(0.0F, 0.5F, 0);
-    channel.receive(0.0F, 0.499995F, 1500); // as good as equal
-    channel.receive(0.0F, 0.0F, 1500);
-    channel.decay(1500, 3400);
-    QCOMPARE(channel.hold(), 0.499995F);
-    channel.decay(20, 3520);
-    QVERIFY(channel.hold() < 0.49F);
-}
+        meter.setLevels(0, 0.0F, 0.01F);
+        meter.setLevels(0, 0.0F, 0.0F);
+        QTRY_COMPARE(meter.channel(0).shownPeak(), 0.0F); // its own timer lets it fall
+        QTRY_VERIFY(paints.count() > 0);
+        QVERIFY(paints.area().width() < meter.width());
+    }
 
-void TestVUMeter::ignoresChannelsThatAreNotThere()
-{
-    VUMeter meter(Qt::Vertical);
-    QCOMPARE(meter.channelCount(), 2);
-    meter.setLevels(2, 1.0F, 1.0F);
-    meter.setLevels(-1, 1.0F, 1.0F);
-    QCOMPARE(meter.channel(0).peak(), 0.0F);
-    QCOMPARE(meter.channel(1).peak(), 0.0F);
-    meter.setChannelCount(3);
-    meter.setLevels(2, 0.5F, 1.0F);
-    QCOMPARE(meter.channel(2).shownPeak(), 1.0F);
-    meter.setChannelCount(0);
-    meter.setLevels(0, 1.0F, 1.0F);
-    QVERIFY(!meter.grab().isNull());
-}
+    void drawsLevels()
+    {
+        for (const auto orientation : {Qt::Vertical, Qt::Horizontal}) {
+            VUMeter meter(orientation);
+            meter.resize(meter.sizeHint());
+            const auto silent = meter.grab().toImage();
+            meter.setLevels(0, 0.0F, 0.001F); // below the scale
+            QCOMPARE(meter.grab().toImage(), silent);
+            meter.setLevels(0, 0.1F, 0.1F);
+            const auto soft = meter.grab().toImage();
+            QVERIFY(soft != silent);
+            meter.setLevels(0, 2.1F, 2.1F);
+            const auto loudest = meter.grab().toImage();
+            meter.setLevels(0, 50.0F, 50.0F);
+            QVERIFY(loudest != soft && meter.grab().toImage() == loudest);
+        }
+    }
 
-void TestVUMeter::paintsOnlyWhileSomethingChanges()
-{
-    VUMeter meter(Qt::Vertical);
-    PaintCounter paints(&meter);
-    meter.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&meter));
-    QTest::qWait(60);
-    paints.clear();
-    QTest::qWait(150);
-    QCOMPARE(paints.count(), 0);
-
-    meter.setLevels(0, 0.0F, 0.01F);
-    meter.setLevels(0, 0.0F, 0.0F);
-    QTest::qWait(300);
-    QVERIFY(paints.count() > 2);
-    QCOMPARE(meter.channel(0).shownPeak(), 0.0F); // and its own timer has let it fall
-    QVERIFY(paints.area().width() < meter.width());
-}
-
-void TestVUMeter::drawsLevels()
-{
-    for (const auto orientation : {Qt::Vertical, Qt::Horizontal}) {
-        VUMeter meter(orientation);
-        meter.resize(meter.sizeHint());
+    void tellsTheLevelUnderTheMouse()
+    {
+        constexpr int border = 2;
+        constexpr int length = 108; // two pixels to a decibel
+        VUMeter meter(Qt::Vertical);
+        meter.resize(44, length + 2 * border);
         const auto silent = meter.grab().toImage();
-        meter.setLevels(0, 0.0F, 0.001F); // below the scale
+        for (const auto &[share, text] : {std::pair(0.0, "-48.0 dB"), {0.5, "-21.0 dB"}, {1.0, "6.0 dB"}}) {
+            const QPointF point(20, border + (1.0 - share) * length);
+            QMouseEvent move(QEvent::MouseMove, point, meter.mapToGlobal(point.toPoint()), Qt::NoButton, Qt::NoButton,
+                             {});
+            QCoreApplication::sendEvent(&meter, &move);
+            QCOMPARE(meter.hoverText(), QLatin1String(text));
+            QVERIFY(meter.grab().toImage() != silent);
+        }
+        QEvent leave(QEvent::Leave);
+        QCoreApplication::sendEvent(&meter, &leave);
+        QVERIFY(meter.hoverText().isEmpty());
         QCOMPARE(meter.grab().toImage(), silent);
-        meter.setLevels(0, 0.1F, 0.1F);
-        const auto soft = meter.grab().toImage();
-        QVERIFY(soft != silent);
-        meter.setLevels(0, 2.1F, 2.1F);
-        const auto loudest = meter.grab().toImage();
-        meter.setLevels(0, 50.0F, 50.0F);
-        QCOMPARE(meter.grab().toImage(), loudest);
     }
-}
-
-void TestVUMeter::tellsTheLevelUnderTheMouse_data()
-{
-    QTest::addColumn<double>("share"); // of the bar, from its quiet end
-    QTest::addColumn<QString>("text");
-    QTest::newRow("quiet end") << 0.0 << QStringLiteral("-48.0 dB");
-    QTest::newRow("half") << 0.5 << QStringLiteral("-21.0 dB");
-    QTest::newRow("loud end") << 1.0 << QStringLiteral("6.0 dB");
-}
-
-void TestVUMeter::tellsTheLevelUnderTheMouse()
-{
-    QFETCH(double, share);
-    QFETCH(QString, text);
-    constexpr int border = 2;
-    constexpr int length = 108; // two pixels to a decibel
-    VUMeter meter(Qt::Vertical);
-    meter.resize(44, length + 2 * border);
-    const auto silent = meter.grab().toImage();
-    const QPointF point(20, border + (1.0 - share) * length);
-    QMouseEvent move(QEvent::MouseMove, point, meter.mapToGlobal(point.toPoint()), Qt::NoButton, Qt::NoButton, {});
-    QCoreApplication::sendEvent(&meter, &move);
-    QCOMPARE(meter.hoverText(), text);
-    QVERIFY(meter.grab().toImage() != silent);
-    QEvent leave(QEvent::Leave);
-    QCoreApplication::sendEvent(&meter, &leave);
-    QVERIFY(meter.hoverText().isEmpty());
-    QCOMPARE(meter.grab().toImage(), silent);
-}
+};
 
 QTEST_MAIN(TestVUMeter)
 #include "test_vu_meter.moc"

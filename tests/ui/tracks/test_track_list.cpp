@@ -58,237 +58,227 @@ class TestTrackList : public QObject
     Q_OBJECT
 
 private slots:
-    void undoesAndRedoesEveryCommand_data();
-    void undoesAndRedoesEveryCommand();
-    void undoesTenThousandRandomCommands();
-    void mergesQuickDialDragsIntoOneStep();
-    void keepsIdsUnique();
-    void solosAndBack();
-    void mutesSelectedTogether();
-    void keepsSelectionBesideTheHistory();
-    void knowsWhatIsUnsaved();
-    void sharesUnchangedTracks();
-};
-
-void TestTrackList::undoesAndRedoesEveryCommand_data()
-{
-    using Command = std::function<void(TrackList &)>;
-    QTest::addColumn<Command>("command");
-    QTest::addColumn<QString>("step");
-    QTest::addColumn<QStringList>("after");
-    const auto row = [](const char *step, const char *after, const Command &command) {
-        QTest::newRow(step) << command << QString::fromLatin1(step)
-                            << QString::fromLatin1(after).split(u' ', Qt::SkipEmptyParts);
-    };
-    row("Remove All Tracks", "", [](auto &list) { list.remove(QStringLiteral("Remove All Tracks"), list.ids()); });
-    row("Remove Track", "a c", [](auto &list) { list.remove(QStringLiteral("Remove Track"), {t2}); });
-    row("Duplicate Tracks", "a b c c a", [](auto &list) { list.duplicate({t3, t1}); });
-    row("Move Track", "c a b", [](auto &list) { list.move(t3, 0); });
-    row("Rename Track", "a x c", [](auto &list) {
-        list.setTrack(QStringLiteral("Rename Track"), t2, track(QStringLiteral("x"), QStringLiteral("c4|")));
-    });
-    row("Transpose Track", "a b c",
-        [](auto &list) { list.setTrack(QStringLiteral("Transpose Track"), t1, transpose(*list.find(t1)->track, 12)); });
-    row("Change Instrument", "a b c", [](auto &list) { list.setInstrument({t1, t3}, QStringLiteral("Drum")); });
-    row("Change Volume", "a b c", [](auto &list) { list.setVolume(t1, 40); });
-    row("Change Pan", "a b c", [](auto &list) { list.setPan(t1, -60); });
-    row("Mute", "a b c", [](auto &list) { list.setMuted({t1, t2}, true); });
-    row("Solo", "a b c", [](auto &list) { list.solo(t2); });
-    row("Open Files", "n", [](auto &list) {
-        list.add(QStringLiteral("Open Files"), {{track(QStringLiteral("n")), {}}}, ExistingTracks::Remove);
-    });
-}
-
-void TestTrackList::undoesAndRedoesEveryCommand()
-{
-    QFETCH(std::function<void(TrackList &)>, command);
-    TrackList list;
-    fill(list);
-    const auto before = describe(list.song());
-    int changes = 0;
-    connect(&list, &TrackList::songChanged, this, [&] { ++changes; });
-    command(list);
-    const auto after = describe(list.song());
-    QVERIFY(after != before);
-    QTEST(titles(list), "after");
-    QTEST(list.history().undoText(), "step");
-    list.history().undo();
-    QCOMPARE(describe(list.song()), before);
-    list.history().redo();
-    QCOMPARE(describe(list.song()), after);
-    QCOMPARE(changes, 3);
-}
-
-void TestTrackList::undoesTenThousandRandomCommands()
-{
-    constexpr int commands = 10'000;
-    TrackList list;
-    fill(list);
-    list.history().clear();
-    const auto start = describe(list.song());
-    std::mt19937 random(20260101);
-    const auto below = [&](int limit) { return int(random() % unsigned(limit)); };
-    const auto someId = [&] { return list.ids().value(below(std::max(1, int(list.song().size())))); };
-    for (int command = 0; command < commands; ++command) {
-        const auto id = someId();
-        const QStringList two{id, someId()};
-        const auto *const found = list.find(id);
-        switch (list.song().size() > 40 ? 0 : below(13)) {
-        case 0:
-            list.remove(QStringLiteral("Remove Tracks"), list.ids().mid(0, 1 + below(3)));
-            break;
-        case 1:
-            list.duplicate(two);
-            break;
-        case 2:
-            list.add(QStringLiteral("New Track"), {{track(QString::number(command)), {}}});
-            break;
-        case 3:
-            list.move(id, below(20) - 5);
-            break;
-        case 4:
-            list.setInstrument(two, QString::number(below(4)));
-            break;
-        case 5:
-            list.setVolume(id, below(101));
-            break;
-        case 6:
-            list.setPan(id, below(201) - 100);
-            break;
-        case 7:
-            list.toggleMuted(two);
-            break;
-        case 8:
-            list.solo(id);
-            break;
-        case 9:
-            list.setTrack(QStringLiteral("Rename"), id, track(QString::number(command)));
-            break;
-        case 10:
-            if (found)
-                list.setTrack(QStringLiteral("Transpose"), id, transpose(*found->track, below(25) - 12));
-            break;
-        case 11:
-            if (list.history().canUndo())
-                list.history().undo();
-            break;
-        case 12:
-            list.invertSelection();
-            break;
-        }
+    void undoesAndRedoesEveryCommand_data()
+    {
+        using Command = std::function<void(TrackList &)>;
+        QTest::addColumn<Command>("command");
+        QTest::addColumn<QString>("step");
+        QTest::addColumn<QStringList>("after");
+        const auto row = [](const char *step, const char *after, const Command &command) {
+            QTest::newRow(step) << command << QString::fromLatin1(step)
+                                << QString::fromLatin1(after).split(u' ', Qt::SkipEmptyParts);
+        };
+        row("Remove All Tracks", "", [](auto &list) { list.remove(QStringLiteral("Remove All Tracks"), list.ids()); });
+        row("Remove Track", "a c", [](auto &list) { list.remove(QStringLiteral("Remove Track"), {t2}); });
+        row("Duplicate Tracks", "a b c c a", [](auto &list) { list.duplicate({t3, t1}); });
+        row("Move Track", "c a b", [](auto &list) { list.move(t3, 0); });
+        row("Rename Track", "a x c", [](auto &list) {
+            list.setTrack(QStringLiteral("Rename Track"), t2, track(QStringLiteral("x"), QStringLiteral("c4|")));
+        });
+        row("Transpose Track", "a b c", [](auto &list) {
+            list.setTrack(QStringLiteral("Transpose Track"), t1, transpose(*list.find(t1)->track, 12));
+        });
+        row("Change Instrument", "a b c", [](auto &list) { list.setInstrument({t1, t3}, QStringLiteral("Drum")); });
+        row("Change Volume", "a b c", [](auto &list) { list.setVolume(t1, 40); });
+        row("Change Pan", "a b c", [](auto &list) { list.setPan(t1, -60); });
+        row("Mute", "a b c", [](auto &list) { list.setMuted({t1, t2}, true); });
+        row("Solo", "a b c", [](auto &list) { list.solo(t2); });
+        row("Open Files", "n", [](auto &list) {
+            list.add(QStringLiteral("Open Files"), {{track(QStringLiteral("n")), {}}}, ExistingTracks::Remove);
+        });
     }
-    while (list.history().canRedo())
+
+    void undoesAndRedoesEveryCommand()
+    {
+        QFETCH(std::function<void(TrackList &)>, command);
+        TrackList list;
+        fill(list);
+        const auto before = describe(list.song());
+        int changes = 0;
+        connect(&list, &TrackList::songChanged, this, [&] { ++changes; });
+        command(list);
+        const auto after = describe(list.song());
+        QVERIFY(after != before);
+        QTEST(titles(list), "after");
+        QTEST(list.history().undoText(), "step");
+        list.history().undo();
+        QCOMPARE(describe(list.song()), before);
         list.history().redo();
-    const auto end = describe(list.song());
-    QVERIFY(list.history().count() > commands / 2);
-    list.history().setIndex(0);
-    QCOMPARE(describe(list.song()), start);
-    list.history().setIndex(list.history().count());
-    QCOMPARE(describe(list.song()), end);
-}
+        QCOMPARE(describe(list.song()), after);
+        QCOMPARE(changes, 3);
+    }
 
-void TestTrackList::mergesQuickDialDragsIntoOneStep()
-{
-    TrackList list;
-    fill(list);
-    for (int percent = 99; percent > 50; --percent)
-        list.setVolume(t1, percent);
-    QCOMPARE(list.history().count(), 2);
-    list.setVolume(t2, 20); // another track
-    list.setPan(t2, 20);    // another dial
-    QCOMPARE(list.history().count(), 4);
-    list.setPan(t2, 20); // no change
-    QCOMPARE(list.history().count(), 4);
-    list.history().setIndex(1);
-    QCOMPARE(list.find(t1)->volume, 100);
-    const auto up = [&] { list.setTrack(QStringLiteral("Transpose"), t1, transpose(*list.find(t1)->track, 12)); };
-    up();
-    up(); // a command is a step, however quick
-    QCOMPARE(list.history().count(), 3);
-}
+    void undoesTenThousandRandomCommands()
+    {
+        constexpr int commands = 10'000;
+        TrackList list;
+        fill(list);
+        list.history().clear();
+        const auto start = describe(list.song());
+        std::mt19937 random(20260101);
+        const auto below = [&](int limit) { return int(random() % unsigned(limit)); };
+        const auto someId = [&] { return list.ids().value(below(std::max(1, int(list.song().size())))); };
+        for (int command = 0; command < commands; ++command) {
+            const auto id = someId();
+            const QStringList two{id, someId()};
+            const auto *const found = list.find(id);
+            switch (list.song().size() > 40 ? 0 : below(13)) {
+            case 0:
+                list.remove(QStringLiteral("Remove Tracks"), list.ids().mid(0, 1 + below(3)));
+                break;
+            case 1:
+                list.duplicate(two);
+                break;
+            case 2:
+                list.add(QStringLiteral("New Track"), {{track(QString::number(command)), {}}});
+                break;
+            case 3:
+                list.move(id, below(20) - 5);
+                break;
+            case 4:
+                list.setInstrument(two, QString::number(below(4)));
+                break;
+            case 5:
+                list.setVolume(id, below(101));
+                break;
+            case 6:
+                list.setPan(id, below(201) - 100);
+                break;
+            case 7:
+                list.toggleMuted(two);
+                break;
+            case 8:
+                list.solo(id);
+                break;
+            case 9:
+                list.setTrack(QStringLiteral("Rename"), id, track(QString::number(command)));
+                break;
+            case 10:
+                if (found)
+                    list.setTrack(QStringLiteral("Transpose"), id, transpose(*found->track, below(25) - 12));
+                break;
+            case 11:
+                if (list.history().canUndo())
+                    list.history().undo();
+                break;
+            case 12:
+                list.invertSelection();
+                break;
+            }
+        }
+        while (list.history().canRedo())
+            list.history().redo();
+        const auto end = describe(list.song());
+        QVERIFY(list.history().count() > commands / 2);
+        list.history().setIndex(0);
+        QCOMPARE(describe(list.song()), start);
+        list.history().setIndex(list.history().count());
+        QCOMPARE(describe(list.song()), end);
+    }
 
-void TestTrackList::keepsIdsUnique()
-{
-    TrackList list;
-    fill(list);
-    list.history().undo();
-    fill(list);
-    QCOMPARE(list.ids(), (QStringList{QStringLiteral("T4"), QStringLiteral("T5"), QStringLiteral("T6")}));
-}
+    void mergesQuickDialDragsIntoOneStep()
+    {
+        TrackList list;
+        fill(list);
+        for (int percent = 99; percent > 50; --percent)
+            list.setVolume(t1, percent);
+        QCOMPARE(list.history().count(), 2);
+        list.setVolume(t2, 20); // another track
+        list.setPan(t2, 20);    // another dial
+        QCOMPARE(list.history().count(), 4);
+        list.setPan(t2, 20); // no change
+        QCOMPARE(list.history().count(), 4);
+        list.history().setIndex(1);
+        QCOMPARE(list.find(t1)->volume, 100);
+        const auto up = [&] { list.setTrack(QStringLiteral("Transpose"), t1, transpose(*list.find(t1)->track, 12)); };
+        up();
+        up(); // a command is a step, however quick
+        QCOMPARE(list.history().count(), 3);
+    }
 
-void TestTrackList::solosAndBack()
-{
-    TrackList list;
-    fill(list);
-    list.setMuted({t2}, true);
-    list.solo(t2);
-    QVERIFY(list.find(t1)->isMuted && !list.find(t2)->isMuted && list.find(t3)->isMuted);
-    list.solo(t3);
-    QVERIFY(list.find(t1)->isMuted && list.find(t2)->isMuted && !list.find(t3)->isMuted);
-    list.solo(t3);
-    QVERIFY(!list.find(t1)->isMuted && !list.find(t2)->isMuted && !list.find(t3)->isMuted);
-}
+    void keepsIdsUnique()
+    {
+        TrackList list;
+        fill(list);
+        list.history().undo();
+        fill(list);
+        QCOMPARE(list.ids(), (QStringList{QStringLiteral("T4"), QStringLiteral("T5"), QStringLiteral("T6")}));
+    }
 
-void TestTrackList::mutesSelectedTogether()
-{
-    TrackList list;
-    fill(list);
-    list.setMuted({t1}, true);
-    list.toggleMuted({t1, t2});
-    QVERIFY(list.find(t1)->isMuted && list.find(t2)->isMuted);
-    list.toggleMuted({t1, t2});
-    QVERIFY(!list.find(t1)->isMuted && !list.find(t2)->isMuted);
-}
+    void solosAndBack()
+    {
+        TrackList list;
+        fill(list);
+        list.setMuted({t2}, true);
+        list.solo(t2);
+        QVERIFY(list.find(t1)->isMuted && !list.find(t2)->isMuted && list.find(t3)->isMuted);
+        list.solo(t3);
+        QVERIFY(list.find(t1)->isMuted && list.find(t2)->isMuted && !list.find(t3)->isMuted);
+        list.solo(t3);
+        QVERIFY(!list.find(t1)->isMuted && !list.find(t2)->isMuted && !list.find(t3)->isMuted);
+    }
 
-void TestTrackList::keepsSelectionBesideTheHistory()
-{
-    TrackList list;
-    fill(list);
-    list.setSelected(t3, true);
-    list.setSelected(t1, true);
-    QCOMPARE(list.selectedIds(), (QStringList{t1, t3}));
-    list.invertSelection();
-    QCOMPARE(list.selectedIds(), QStringList(t2));
-    list.remove(QStringLiteral("Remove"), {t2});
-    QCOMPARE(list.selectedIds(), QStringList());
-    list.history().undo();
-    QCOMPARE(list.selectedIds(), QStringList(t2));
-    QCOMPARE(list.history().count(), 2);
-}
+    void mutesSelectedTogether()
+    {
+        TrackList list;
+        fill(list);
+        list.setMuted({t1}, true);
+        list.toggleMuted({t1, t2});
+        QVERIFY(list.find(t1)->isMuted && list.find(t2)->isMuted);
+        list.toggleMuted({t1, t2});
+        QVERIFY(!list.find(t1)->isMuted && !list.find(t2)->isMuted);
+    }
 
-void TestTrackList::knowsWhatIsUnsaved()
-{
-    TrackList list;
-    auto opened = track(QStringLiteral("opened"));
-    opened.setFilePath(QStringLiteral("/songs/opened.abc"));
-    list.add(QStringLiteral("Open"), {{opened, {}}, {track(QStringLiteral("imported")), {}}, {Track(), {}}});
-    QCOMPARE(list.unsavedIds(), QStringList(t2));
-    list.setTrack(QStringLiteral("Rename"), t1, track(QStringLiteral("other")));
-    QCOMPARE(list.unsavedIds(), (QStringList{t1, t2}));
-    QCOMPARE(list.trackWithPath(t1).filePath(), QStringLiteral("/songs/opened.abc"));
-    list.history().undo();
-    QCOMPARE(list.unsavedIds(), QStringList(t2));
-    list.markSaved(t2, QStringLiteral("/songs/imported.abc"));
-    QVERIFY(list.unsavedIds().isEmpty());
-    list.setVolume(t2, 10); // is not in the file
-    QVERIFY(list.unsavedIds().isEmpty());
-    Track titled;
-    titled.setHeaderField(QStringLiteral("T"), QStringLiteral("The beginning of a song"));
-    list.setTrack(QStringLiteral("Rename"), t3, titled);
-    QCOMPARE(list.unsavedIds(), QStringList(t3));
-}
+    void keepsSelectionBesideTheHistory()
+    {
+        TrackList list;
+        fill(list);
+        list.setSelected(t3, true);
+        list.setSelected(t1, true);
+        QCOMPARE(list.selectedIds(), (QStringList{t1, t3}));
+        list.invertSelection();
+        QCOMPARE(list.selectedIds(), QStringList(t2));
+        list.remove(QStringLiteral("Remove"), {t2});
+        QCOMPARE(list.selectedIds(), QStringList());
+        list.history().undo();
+        QCOMPARE(list.selectedIds(), QStringList(t2));
+        QCOMPARE(list.history().count(), 2);
+    }
 
-void TestTrackList::sharesUnchangedTracks()
-{
-    TrackList list;
-    fill(list);
-    const auto before = list.song();
-    list.setPan(t2, 10);
-    QCOMPARE(list.song()[0], before[0]);
-    QVERIFY(list.song()[1] != before[1]);
-    QCOMPARE(list.song()[1]->track, before[1]->track);
-    QCOMPARE(list.commonLength(), before[0]->track->length());
-}
+    void knowsWhatIsUnsaved()
+    {
+        TrackList list;
+        auto opened = track(QStringLiteral("opened"));
+        opened.setFilePath(QStringLiteral("/songs/opened.abc"));
+        list.add(QStringLiteral("Open"), {{opened, {}}, {track(QStringLiteral("imported")), {}}, {Track(), {}}});
+        QCOMPARE(list.unsavedIds(), QStringList(t2));
+        list.setTrack(QStringLiteral("Rename"), t1, track(QStringLiteral("other")));
+        QCOMPARE(list.unsavedIds(), (QStringList{t1, t2}));
+        QCOMPARE(list.trackWithPath(t1).filePath(), QStringLiteral("/songs/opened.abc"));
+        list.history().undo();
+        QCOMPARE(list.unsavedIds(), QStringList(t2));
+        list.markSaved(t2, QStringLiteral("/songs/imported.abc"));
+        QVERIFY(list.unsavedIds().isEmpty());
+        list.setVolume(t2, 10); // is not in the file
+        QVERIFY(list.unsavedIds().isEmpty());
+        Track titled;
+        titled.setHeaderField(QStringLiteral("T"), QStringLiteral("The beginning of a song"));
+        list.setTrack(QStringLiteral("Rename"), t3, titled);
+        QCOMPARE(list.unsavedIds(), QStringList(t3));
+    }
+
+    void sharesUnchangedTracks()
+    {
+        TrackList list;
+        fill(list);
+        const auto before = list.song();
+        list.setPan(t2, 10);
+        QCOMPARE(list.song()[0], before[0]);
+        QVERIFY(list.song()[1] != before[1]);
+        QCOMPARE(list.song()[1]->track, before[1]->track);
+        QCOMPARE(list.commonLength(), before[0]->track->length());
+    }
+};
 
 QTEST_GUILESS_MAIN(TestTrackList)
 #include "test_track_list.moc"

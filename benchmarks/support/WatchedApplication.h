@@ -45,12 +45,6 @@ public:
 
     static double takeLongestMs() { return std::exchange(longest(), 0); }
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-    static constexpr double limitMs = 1000; // instrumented code is several times as slow
-#else
-    static constexpr double limitMs = 100;
-#endif
-
 private:
     static int &depth()
     {
