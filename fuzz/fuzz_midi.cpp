@@ -7,7 +7,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         return 0;
     // The first byte chooses the options.
     const auto bit = [flags = data[0]](int n) { return (flags >> n & 1) != 0; };
-    const MidiImportOptions options{bit(0), bit(1), bit(2), bit(3), bit(4)};
+    MidiImportOptions options;
+    options.mergeChannels = bit(0);
+    options.autoRealign = bit(1);
+    options.pitchBend = bit(2);
+    options.autoDetectUnitLength = bit(3);
+    options.processVolume = bit(4);
+    options.endRestruck = options.sustainPedal = options.foldOctaves = bit(5);
+    options.splitPrograms = options.trackNames = options.exactTempo = bit(6);
+    options.readAllChunks = options.mergedUnitLength = bit(7);
     const auto bytes = QByteArray::fromRawData(reinterpret_cast<const char *>(data + 1), int(size - 1));
     try {
         auto result = importMidi(bytes, options);

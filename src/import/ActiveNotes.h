@@ -12,8 +12,11 @@ class ActiveNotes
 public:
     struct Note // without initial values: most of the notes are never used
     {
-        quint64 start; // file ticks
+        quint64 start; // file ticks, as is the next
         quint8 velocity;
+        quint32 strikes = 1;  // how often its key was struck without being released
+        quint64 released = 0; // when its key was released, though struck more often; 0 when it was not
+        bool isHeldByPedal = false;
     };
 
     // Keys are bytes and bends reach from -255 to 765 semitones, so no pitch lies outside.

@@ -27,6 +27,7 @@ struct ImportReport
     int belowVelocityGate = 0; // too soft to be meant
     int restruck = 0;          // cut off by the same key without having been released
     int outOfRange = 0;        // below or above the playable range
+    int folded = 0;            // moved by octaves into the playable range
     int unterminated = 0;      // never released; closed or dropped at the end of their track
     int undecodedTexts = 0;    // names that are not UTF-8 and were read as Latin-1
     ShiftReport shifts;

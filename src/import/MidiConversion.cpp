@@ -5,7 +5,6 @@
 #include "core/AbcParser.h"
 #include "core/KeyTable.h"
 #include "core/Logging.h"
-#include "import/ProgramNames.h"
 #include "import/Realign.h"
 #include "import/UnitLength.h"
 
@@ -13,8 +12,8 @@
 
 namespace {
 
-constexpr quint8 softestVelocity = 8;
-constexpr int percussionChannel = 9;
+constexpr quint8 sustainController = 64;
+constexpr quint8 resetController = 121; // all controllers, and so the pedal
 
 const QString &titleField()
 {
@@ -28,11 +27,6 @@ const QString &tempoField()
     return letter;
 }
 
-QString tempoText(quint32 bpm)
-{
-    return QStringLiteral("1/4=%1").arg(bpm);
-}
-
 // A line feed in a title would end the header field.
 QString oneLine(QString text)
 {
@@ -43,11 +37,21 @@ QString oneLine(QString text)
     return text;
 }
 
+int foldedPitch(int pitch)
+{
+    constexpr int octave = 12;
+    while (pitch < 0 || (pitch < 60 && !isPlayable(pitch)))
+        pitch += octave;
+    while (!isPlayable(pitch))
+        pitch -= octave;
+    return pitch;
+}
+
 } // namespace
 
 MidiConversion::MidiConversion(const MidiImportOptions &options, quint16 division, qsizetype fileSize)
     : options_(options), tickScale_(double(ticksPerWholeNote) / (4.0 * division)), limits_(fileSize),
-      channels_(new std::array<Channel, 16>) // make_unique would clear 300 kB that nobody reads
+      channels_(new std::array<MidiChannel, 16>) // make_unique would clear 300 kB that nobody reads
 {
 }
 
@@ -59,11 +63,21 @@ void MidiConversion::beginGroup()
         channel.active.clear();
         channel.names.clear();
         channel.events = {};
+        channel.sources.clear();
         channel.hasNotes = false;
         channel.changesSeen = 0;
         channel.program = 0;
+        channel.programs.clear();
         channel.pitchOffset = 0;
     }
+}
+
+// Chunks play together, but are read one after the other: a pedal that one leaves down holds nothing of the next.
+void MidiConversion::beginChunk()
+{
+    chunks_.addChunk();
+    for (auto &channel : *channels_)
+        channel.pedalIsDown = false;
 }
 
 Ticks MidiConversion::toTicks(quint64 fileTicks) const
@@ -72,14 +86,32 @@ Ticks MidiConversion::toTicks(quint64 fileTicks) const
     return ticks < double(maxTicks) ? Ticks(ticks) : maxTicks;
 }
 
-void MidiConversion::catchUp(Channel &channel)
+void MidiConversion::catchUp(MidiChannel &channel)
 {
     limits_.addCopies(changes_.size() - channel.changesSeen);
     for (; channel.changesSeen < changes_.size(); ++channel.changesSeen)
         channel.events.append(changes_[int(channel.changesSeen)]);
 }
 
-void MidiConversion::appendNote(Channel &channel, int pitch, const ActiveNotes::Note &note, quint64 end)
+bool MidiConversion::canBeWritten(int pitch) const
+{
+    return options_.foldOctaves || isPlayable(pitch);
+}
+
+void MidiConversion::finishNote(MidiChannel &channel, int pitch, const ActiveNotes::Note &note, quint64 end)
+{
+    if (!canBeWritten(pitch)) {
+        ++result_.report.outOfRange;
+        return;
+    }
+    if (!isPlayable(pitch)) {
+        ++result_.report.folded;
+        pitch = foldedPitch(pitch);
+    }
+    appendNote(channel, pitch, note, end);
+}
+
+void MidiConversion::appendNote(MidiChannel &channel, int pitch, const ActiveNotes::Note &note, quint64 end)
 {
     if (channel.changesSeen < changes_.size())
         catchUp(channel);
@@ -87,37 +119,72 @@ void MidiConversion::appendNote(Channel &channel, int pitch, const ActiveNotes::
     appendInPlace(channel.events,
                   TrackEvent::note(quint32(pitch), toTicks(note.start), toTicks(end - note.start), velocity));
     channel.hasNotes = true;
+    if (channel.sources.isEmpty() || channel.sources.last() != chunks_.current())
+        channel.sources.append(chunks_.current());
 }
 
 void MidiConversion::noteOn(quint8 channelNumber, quint8 key, quint8 velocity, quint64 now)
 {
-    if (velocity < softestVelocity) {
+    if (velocity < options_.velocityGate) {
         ++result_.report.belowVelocityGate;
         return;
     }
     auto &channel = (*channels_)[channelNumber];
     const int pitch = key + channel.pitchOffset;
-    if (channel.active.find(pitch) != nullptr)
-        ++result_.report.restruck;
-    channel.active.set(pitch, {now, velocity});
+    ActiveNotes::Note note{now, velocity};
+    if (const auto *const sounding = channel.active.find(pitch); sounding != nullptr) {
+        note.strikes += sounding->strikes;
+        endRestruck(channel, pitch, *sounding, now);
+    }
+    channel.active.set(pitch, note);
 }
 
+// One that began at the same time is the same note.
+void MidiConversion::endRestruck(MidiChannel &channel, int pitch, const ActiveNotes::Note &note, quint64 now)
+{
+    const bool isEnded = note.isHeldByPedal || options_.endRestruck;
+    const auto end = note.released > note.start && !channel.pedalIsDown ? note.released : now;
+    if (isEnded && end > note.start)
+        finishNote(channel, pitch, note, end);
+    else
+        ++result_.report.restruck;
+}
+
+// A key that was struck again is released as often as it was struck, but some programs release it once. So the note
+// ends with the last release before the next strike.
 void MidiConversion::noteOff(quint8 channelNumber, quint8 key, quint64 now)
 {
     auto &channel = (*channels_)[channelNumber];
     const int pitch = key + channel.pitchOffset;
-    const auto *const note = channel.active.find(pitch);
-    if (note == nullptr)
+    auto *const note = channel.active.find(pitch);
+    if (note == nullptr || note->isHeldByPedal)
         return;
-    if (isPlayable(pitch))
-        appendNote(channel, pitch, *note, now);
-    else
-        ++result_.report.outOfRange;
-    channel.active.remove(pitch);
+    if (options_.endRestruck && --note->strikes > 0) {
+        note->released = now;
+    } else if (channel.pedalIsDown) {
+        note->isHeldByPedal = true;
+        note->strikes = 0;
+    } else {
+        finishNote(channel, pitch, *note, now);
+        channel.active.remove(pitch);
+    }
+}
+
+void MidiConversion::pedal(MidiChannel &channel, bool isDown, quint64 now)
+{
+    channel.pedalIsDown = isDown;
+    if (isDown)
+        return;
+    channel.active.forEach([&](int pitch, const ActiveNotes::Note &note) {
+        if (!note.isHeldByPedal)
+            return;
+        finishNote(channel, pitch, note, now);
+        channel.active.remove(pitch);
+    });
 }
 
 // Registered parameter 0 is the range of the pitch bend, in semitones.
-void MidiConversion::controller(quint8 channelNumber, quint8 number, quint8 value)
+void MidiConversion::controller(quint8 channelNumber, quint8 number, quint8 value, quint64 now)
 {
     auto &channel = (*channels_)[channelNumber];
     auto &parameter = channel.registeredParameter;
@@ -127,11 +194,16 @@ void MidiConversion::controller(quint8 channelNumber, quint8 number, quint8 valu
         parameter = (parameter & 0xFF00U) | (value & 0x7FU);
     else if (number == 101)
         parameter = ((value & 0x7FU) << 8) | (parameter & 0xFFU);
+    else if (options_.sustainPedal && (number == sustainController || number == resetController))
+        pedal(channel, number == sustainController && value >= 64, now);
 }
 
-void MidiConversion::program(quint8 channel, quint8 program)
+void MidiConversion::program(quint8 channelNumber, quint8 program, quint64 now)
 {
-    (*channels_)[channel].program = program % 128;
+    auto &channel = (*channels_)[channelNumber];
+    channel.program = program % 128;
+    if (options_.splitPrograms)
+        channel.programs[toTicks(now)] = channel.program;
 }
 
 // ABC has no bends, so every sounding note is cut and goes on as a new note at the nearest semitone.
@@ -144,11 +216,14 @@ void MidiConversion::pitchBend(quint8 channelNumber, int value, quint64 now)
         return;
     std::vector<std::pair<int, ActiveNotes::Note>> bent;
     channel.active.forEach([&](int pitch, const ActiveNotes::Note &note) {
-        if (!isPlayable(pitch))
-            ++result_.report.outOfRange;
-        else if (note.start != now)
-            appendNote(channel, pitch, note, now);
-        bent.emplace_back(pitch + change, ActiveNotes::Note{now, note.velocity});
+        const bool isOver = note.released > note.start && !channel.pedalIsDown;
+        if (note.start != now || !canBeWritten(pitch))
+            finishNote(channel, pitch, note, isOver ? note.released : now);
+        if (isOver)
+            return;
+        auto rest = note;
+        rest.start = now;
+        bent.emplace_back(pitch + change, rest);
     });
     limits_.addBentNotes(qint64(bent.size()));
     channel.active.clear();
@@ -157,29 +232,39 @@ void MidiConversion::pitchBend(quint8 channelNumber, int value, quint64 now)
     channel.pitchOffset = offset;
 }
 
-void MidiConversion::instrumentName(quint8 channel, QByteArray name)
+QString MidiConversion::decoded(QByteArray name)
 {
     while (name.endsWith('\0')) // some programs store the end of their strings, too
         name.chop(1);
     if (!isUtf8(name))
         ++result_.report.undecodedTexts;
+    return oneLine(decodeText(name));
+}
+
+void MidiConversion::instrumentName(quint8 channel, const QByteArray &name)
+{
+    const auto text = decoded(name);
     if (channel < channels_->size())
-        (*channels_)[channel].names.append(oneLine(decodeText(name)));
+        (*channels_)[channel].names.append(text);
+}
+
+void MidiConversion::trackName(const QByteArray &name)
+{
+    chunks_.setName(decoded(name));
 }
 
 void MidiConversion::tempo(quint32 microsecondsPerQuarter, quint64 now)
 {
     if (microsecondsPerQuarter == 0)
         return;
-    const quint32 bpm = 60'000'000 / microsecondsPerQuarter;
-    if (!options_.mergeChannels) {
-        tempoList_[toTicks(now)] = bpm;
-    } else if (now == 0) {
-        start_.tempo = tempoText(bpm);
-        start_.ticksPerMinute = bpm * ticksPerQuarter;
-    } else {
-        appendChange(TrackEvent::tempo(toTicks(now), 1, 4, bpm));
-    }
+    const auto tempo =
+        options_.exactTempo ? exactTempo(microsecondsPerQuarter) : truncatedTempo(microsecondsPerQuarter);
+    if (!options_.mergeChannels)
+        tempoList_[toTicks(now)] = tempo;
+    else if (now == 0)
+        start_.tempo = tempo;
+    else
+        appendChange(tempo.eventAt(toTicks(now)));
 }
 
 void MidiConversion::timeSignature(quint8 numerator, quint8 denominatorPower, quint64 now)
@@ -212,13 +297,20 @@ void MidiConversion::closeActiveNotes(quint64 now)
 {
     for (auto &channel : *channels_) {
         channel.active.forEach([&](int pitch, const ActiveNotes::Note &note) {
-            qCDebug(notationLog, "WARNING: Unterminated notes found at track end!\n");
-            if (pitch < 0) {
-                ++result_.report.outOfRange;
+            if (note.isHeldByPedal || note.released > note.start) {
+                finishNote(channel, pitch, note, note.isHeldByPedal ? now : note.released);
                 return;
             }
+            qCDebug(notationLog, "WARNING: Unterminated notes found at track end!\n");
+            if (options_.foldOctaves && !isPlayable(pitch)) {
+                finishNote(channel, pitch, note, now);
+            } else if (pitch < 0) {
+                ++result_.report.outOfRange;
+                return;
+            } else {
+                appendNote(channel, pitch, note, now);
+            }
             ++result_.report.unterminated;
-            appendNote(channel, pitch, note, now);
         });
         channel.active.clear();
     }
@@ -232,14 +324,14 @@ void MidiConversion::dropActiveNotes()
     }
 }
 
-Track MidiConversion::makeTrack(Channel &channel, const QString &title) const
+Track MidiConversion::makeTrack(MidiPart part, const QStringList &titles) const
 {
     Track track;
-    for (const auto &name : channel.names + QStringList(title))
-        track.appendHeaderField(titleField(), name);
-    if (!start_.tempo.isEmpty()) {
-        track.setHeaderField(tempoField(), start_.tempo);
-        track.setTempo(start_.ticksPerMinute);
+    for (const auto &title : titles)
+        track.appendHeaderField(titleField(), title);
+    if (start_.tempo) {
+        track.setHeaderField(tempoField(), start_.tempo->text());
+        track.setTempo(start_.tempo->ticksPerMinute());
     }
     if (!start_.metre.isEmpty()) {
         track.setHeaderField(QStringLiteral("M"), start_.metre);
@@ -247,33 +339,49 @@ Track MidiConversion::makeTrack(Channel &channel, const QString &title) const
     }
     if (!start_.key.isEmpty())
         track.setHeaderField(QStringLiteral("K"), start_.key);
-    track.editEvents() = std::move(channel.events);
+    track.editEvents() = std::move(part.events);
     return track;
 }
 
-void MidiConversion::endGroup()
+QVector<MidiPart> MidiConversion::takeGroupParts()
 {
+    const auto programs = options_.splitPrograms ? ProgramParts::Split : ProgramParts::Joined;
+    QVector<MidiPart> parts;
     for (int c = 0; c < int(channels_->size()); ++c) {
         auto &channel = (*channels_)[size_t(c)];
         if (!channel.hasNotes)
             continue;
-        limits_.addTrack();
         catchUp(channel);
-        const auto name = c == percussionChannel ? QStringLiteral("Percussion") : programName(channel.program);
-        const int number = options_.mergeChannels ? c + 1 : titleNumber_++;
-        result_.tracks.append(makeTrack(channel, QStringLiteral("Track %1 - %2").arg(number).arg(name)));
+        parts += takeParts(channel, c, programs, limits_);
+    }
+    return parts;
+}
+
+void MidiConversion::endGroup()
+{
+    auto parts = takeGroupParts();
+    const auto trackTitles = chunks_.titles(parts, *channels_);
+    for (int i = 0; i < parts.size(); ++i) {
+        limits_.addTrack();
+        const int channel = parts[i].channel;
+        const int number = options_.mergeChannels ? channel + 1 : titleNumber_++;
+        auto titles = (*channels_)[size_t(channel)].names;
+        if (!trackTitles[i].isEmpty())
+            titles.prepend(trackTitles[i]);
+        titles.append(QStringLiteral("Track %1 - %2").arg(number).arg(instrumentTitle(parts[i])));
+        result_.tracks.append(makeTrack(std::move(parts[i]), titles));
     }
 }
 
 void MidiConversion::applyTempoList(Track &track)
 {
     limits_.addCopies(qint64(tempoList_.size()));
-    for (const auto &[time, bpm] : tempoList_) {
+    for (const auto &[time, tempo] : tempoList_) {
         if (time == 0) {
-            track.setHeaderField(tempoField(), tempoText(bpm));
-            track.setTempo(bpm * ticksPerQuarter);
+            track.setHeaderField(tempoField(), tempo.text());
+            track.setTempo(tempo.ticksPerMinute());
         } else {
-            track.appendEvent(TrackEvent::tempo(time, 1, 4, bpm));
+            track.appendEvent(tempo.eventAt(time));
         }
     }
 }
@@ -282,11 +390,11 @@ Track MidiConversion::finished(Track track)
 {
     applyTempoList(track);
     if (!track.hasHeaderField(tempoField()))
-        track.setHeaderField(tempoField(), tempoText(120));
+        track.setHeaderField(tempoField(), WrittenTempo().text());
     track.normalize();
     if (options_.autoRealign)
         track = realign(std::move(track), SnapGrid::quick(), &result_.report.shifts);
-    if (!options_.mergeChannels) {
+    if (!options_.mergeChannels || (options_.mergedUnitLength && options_.autoDetectUnitLength)) {
         const auto denominator = options_.autoDetectUnitLength ? detectUnitLength(track) : 4;
         track.setHeaderField(QStringLiteral("L"), unitLengthText(denominator));
     }

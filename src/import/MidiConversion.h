@@ -1,12 +1,13 @@
 #pragma once
 
-#include "import/ActiveNotes.h"
-#include "import/ImportLimits.h"
 #include "import/MidiImport.h"
+#include "import/MidiParts.h"
+#include "import/WrittenTempo.h"
 
 #include <array>
 #include <map>
 #include <memory>
+#include <optional>
 
 // Turns the events of a MIDI file into tracks, one for each channel that holds a note. Times are file ticks until a
 // note or change is appended.
@@ -18,40 +19,29 @@ public:
 
     // Forgets notes, programs and bends: before each chunk that is converted on its own, and once otherwise.
     void beginGroup();
+    void beginChunk();
     void noteOn(quint8 channel, quint8 key, quint8 velocity, quint64 now);
     void noteOff(quint8 channel, quint8 key, quint64 now);
-    void controller(quint8 channel, quint8 number, quint8 value);
-    void program(quint8 channel, quint8 program);
+    void controller(quint8 channel, quint8 number, quint8 value, quint64 now);
+    void program(quint8 channel, quint8 program, quint64 now);
     void pitchBend(quint8 channel, int value, quint64 now);
-    void instrumentName(quint8 channel, QByteArray name);
+    void instrumentName(quint8 channel, const QByteArray &name);
+    void trackName(const QByteArray &name);
     void tempo(quint32 microsecondsPerQuarter, quint64 now);
     void timeSignature(quint8 numerator, quint8 denominatorPower, quint64 now);
     void keySignature(int sharps, int mode, quint64 now);
-    void closeActiveNotes(quint64 now);
-    void dropActiveNotes();
+    void closeActiveNotes(quint64 now); // at an end of track
+    void dropActiveNotes();             // where there is none
 
     // Collects the tracks of the channels that hold notes.
     void endGroup();
     ImportResult finish(const std::stop_token &stop);
 
 private:
-    struct Channel
-    {
-        ActiveNotes active;
-        QStringList names;
-        QVector<TrackEvent> events;
-        bool hasNotes = false;
-        qsizetype changesSeen = 0; // how many of the group's changes stand in events
-        int program = 0;
-        int pitchOffset = 0; // semitones that the bend in force adds to each key
-        int bendRange = 2;
-        quint32 registeredParameter = 0x7F7F;
-    };
     // What the start of the group says about all of its tracks; empty texts when it is silent.
     struct Start
     {
-        QString tempo;
-        qint64 ticksPerMinute = defaultTicksPerMinute;
+        std::optional<WrittenTempo> tempo;
         QString metre;
         quint32 measureTicks = 0;
         quint32 beatsPerMeasure = 0;
@@ -59,10 +49,16 @@ private:
     };
 
     Ticks toTicks(quint64 fileTicks) const;
-    void appendNote(Channel &channel, int pitch, const ActiveNotes::Note &note, quint64 end);
+    void finishNote(MidiChannel &channel, int pitch, const ActiveNotes::Note &note, quint64 end);
+    void appendNote(MidiChannel &channel, int pitch, const ActiveNotes::Note &note, quint64 end);
+    bool canBeWritten(int pitch) const;
+    void endRestruck(MidiChannel &channel, int pitch, const ActiveNotes::Note &note, quint64 now);
+    void pedal(MidiChannel &channel, bool isDown, quint64 now);
     void appendChange(const TrackEvent &change) { changes_.append(change); }
-    void catchUp(Channel &channel);
-    Track makeTrack(Channel &channel, const QString &title) const;
+    void catchUp(MidiChannel &channel);
+    QString decoded(QByteArray name);
+    QVector<MidiPart> takeGroupParts();
+    Track makeTrack(MidiPart part, const QStringList &titles) const;
     void applyTempoList(Track &track);
     Track finished(Track track);
 
@@ -70,11 +66,12 @@ private:
     double tickScale_;
     ImportLimits limits_;
     ImportResult result_;
-    std::unique_ptr<std::array<Channel, 16>> channels_;
+    std::unique_ptr<std::array<MidiChannel, 16>> channels_;
+    ChunkNames chunks_;
     // Metre, key and tempo changes reach every channel's track in the order of the file. They are kept once and copied
     // to a channel when it gets its next note.
     QVector<TrackEvent> changes_;
     Start start_;
-    std::map<Ticks, quint32> tempoList_; // beats per minute, shared by tracks that are converted on their own
+    std::map<Ticks, WrittenTempo> tempoList_; // shared by tracks that are converted on their own
     int titleNumber_ = 1;
 };

@@ -11,6 +11,8 @@ namespace {
 
 constexpr quint32 headerMagic = 0x4D546864; // "MThd"
 constexpr quint32 trackMagic = 0x4D54726B;  // "MTrk"
+constexpr quint64 chunkHeaderSize = 8;
+constexpr quint32 shortestHeader = 6;
 constexpr quint8 metaEvent = 0xFF;
 
 [[noreturn]] void failInvalid()
@@ -35,9 +37,12 @@ public:
 
 private:
     void readHeader();
+    void readTracks();
+    bool findTrack(int number);
     void readTrack();
     void readEvent();
     void readSystemEvent();
+    QByteArray readText(quint64 length);
     void readMetaEvent();
     void readMetaData(quint8 type, quint64 length);
 
@@ -58,7 +63,7 @@ void MidiReader::readHeader()
 {
     if (in_.u32() != headerMagic)
         failInvalid();
-    in_.skip(4); // the header is taken to be 6 bytes long
+    const auto length = in_.u32();
     const auto format = in_.u16();
     trackCount_ = in_.u16();
     const auto division = in_.u16();
@@ -68,6 +73,8 @@ void MidiReader::readHeader()
         throw QStringLiteral("SMPTE time divisions are currently unsupported.");
     if (division == 0)
         failInvalid();
+    if (options_.readAllChunks && length > shortestHeader) // the header is taken to be as short otherwise
+        in_.skip(std::min(quint64(length - shortestHeader), in_.left()));
     conversion_.emplace(options_, division, bytes_.size());
 }
 
@@ -75,24 +82,41 @@ ImportResult MidiReader::read()
 {
     readHeader();
     conversion_->beginGroup();
-    for (int i = 0; i < trackCount_; ++i) {
+    readTracks();
+    if (options_.mergeChannels)
+        conversion_->endGroup();
+    return conversion_->finish(stop_);
+}
+
+void MidiReader::readTracks()
+{
+    for (int i = 0; findTrack(i); ++i) {
         if (!options_.mergeChannels)
             conversion_->beginGroup();
         readTrack();
         if (!options_.mergeChannels)
             conversion_->endGroup();
     }
-    if (options_.mergeChannels)
-        conversion_->endGroup();
-    return conversion_->finish(stop_);
 }
 
-// The length of the chunk is not used: it ends with its end-of-track event, or with the file.
+// Whether there is one more. Its chunk's length is not used: it ends with its end-of-track event, or with the file.
+bool MidiReader::findTrack(int number)
+{
+    while (options_.readAllChunks ? in_.left() >= chunkHeaderSize : number < trackCount_) {
+        const auto magic = in_.u32();
+        const auto length = in_.u32();
+        if (magic == trackMagic)
+            return true;
+        if (!options_.readAllChunks)
+            failInvalid();
+        in_.skip(std::min(quint64(length), in_.left()));
+    }
+    return false;
+}
+
 void MidiReader::readTrack()
 {
-    if (in_.u32() != trackMagic)
-        failInvalid();
-    in_.skip(4);
+    conversion_->beginChunk();
     now_ = 0;
     status_ = 0;
     channelPrefix_ = 0;
@@ -132,11 +156,11 @@ void MidiReader::readEvent()
         break;
     case 0xB: {
         const auto number = in_.u8();
-        conversion_->controller(channel, number, in_.u8());
+        conversion_->controller(channel, number, in_.u8(), now_);
         break;
     }
     case 0xC:
-        conversion_->program(channel, in_.u8());
+        conversion_->program(channel, in_.u8(), now_);
         break;
     case 0xD:
         in_.skip(1);
@@ -164,13 +188,21 @@ void MidiReader::readSystemEvent()
         throw withStatus(QStringLiteral("Unknown MIDI system event 0x%1."), status_);
 }
 
+// A file that ends early gives what there is.
+QByteArray MidiReader::readText(quint64 length)
+{
+    const auto text = in_.bytes(std::min(length, in_.left()));
+    return {text.data(), int(text.size())};
+}
+
 void MidiReader::readMetaEvent()
 {
     const auto type = in_.u8();
     const auto length = in_.variableLength();
-    if (type == 0x04) {
-        const auto name = in_.bytes(std::min(length, in_.left())); // a file that ends early gives what there is
-        conversion_->instrumentName(channelPrefix_, QByteArray(name.data(), int(name.size())));
+    if (type == 0x03 && options_.trackNames) {
+        conversion_->trackName(readText(length));
+    } else if (type == 0x04) {
+        conversion_->instrumentName(channelPrefix_, readText(length));
     } else if (type == 0x2F) {
         conversion_->closeActiveNotes(now_);
         in_.skip(length);

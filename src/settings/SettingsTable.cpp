@@ -45,6 +45,15 @@ const std::array<Row, settingCount> &rows()
         {MasterVolume, "window/masterVolume", Type::Integer, "100"},
         {WindowGeometry, "window/geometry", Type::Text, ""}, // Base64, as is the next
         {WindowState, "window/state", Type::Text, ""},
+        {MidiVelocityGate, "midi/velocityGate", Type::Integer, "8"}, // notes struck softer are left out
+        {MidiEndRestruck, "midi/endRestruck", Type::Boolean, "false"},
+        {MidiSustainPedal, "midi/sustainPedal", Type::Boolean, "false"},
+        {MidiSplitPrograms, "midi/splitPrograms", Type::Boolean, "false"},
+        {MidiTrackNames, "midi/trackNames", Type::Boolean, "false"},
+        {MidiFoldOctaves, "midi/foldOctaves", Type::Boolean, "false"},
+        {MidiExactTempo, "midi/exactTempo", Type::Boolean, "false"},
+        {MidiReadAllChunks, "midi/readAllChunks", Type::Boolean, "false"},
+        {MidiMergedUnitLength, "midi/mergedUnitLength", Type::Boolean, "false"},
     }};
     return table;
 }

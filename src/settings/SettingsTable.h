@@ -46,6 +46,15 @@ enum Setting {
     MasterVolume,
     WindowGeometry,
     WindowState,
+    MidiVelocityGate,
+    MidiEndRestruck,
+    MidiSustainPedal,
+    MidiSplitPrograms,
+    MidiTrackNames,
+    MidiFoldOctaves,
+    MidiExactTempo,
+    MidiReadAllChunks,
+    MidiMergedUnitLength,
     settingCount
 };
 

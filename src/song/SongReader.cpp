@@ -282,19 +282,34 @@ ReadingOptions readingOptions(const std::function<QVariant(SettingsTable::Settin
 {
     using namespace SettingsTable;
     const auto flag = [&](Setting which) { return setting(which).toBool(); };
-    const bool detectsUnitLength = flag(MidiAutoDetectUnitLength);
-    return {{flag(MidiMergeChannels), flag(MidiAutoRealign), flag(MidiPitchBend), detectsUnitLength,
-             flag(MidiProcessVolume)},
-            {detectsUnitLength}};
+    ReadingOptions options;
+    auto &midi = options.midi;
+    midi.mergeChannels = flag(MidiMergeChannels);
+    midi.autoRealign = flag(MidiAutoRealign);
+    midi.pitchBend = flag(MidiPitchBend);
+    midi.autoDetectUnitLength = flag(MidiAutoDetectUnitLength);
+    midi.processVolume = flag(MidiProcessVolume);
+    midi.velocityGate = setting(MidiVelocityGate).toInt();
+    midi.endRestruck = flag(MidiEndRestruck);
+    midi.sustainPedal = flag(MidiSustainPedal);
+    midi.splitPrograms = flag(MidiSplitPrograms);
+    midi.trackNames = flag(MidiTrackNames);
+    midi.foldOctaves = flag(MidiFoldOctaves);
+    midi.exactTempo = flag(MidiExactTempo);
+    midi.readAllChunks = flag(MidiReadAllChunks);
+    midi.mergedUnitLength = flag(MidiMergedUnitLength);
+    options.mml.autoDetectUnitLength = midi.autoDetectUnitLength;
+    return options;
 }
 
 QJsonObject importSettings(const std::function<QVariant(SettingsTable::Setting)> &setting)
 {
-    using namespace SettingsTable;
     QJsonObject settings;
-    for (const auto each :
-         {MidiMergeChannels, MidiAutoRealign, MidiPitchBend, MidiAutoDetectUnitLength, MidiProcessVolume})
-        settings[QLatin1String(rows()[each].key)] = setting(each).toBool();
+    for (const auto &row : SettingsTable::rows()) {
+        const auto key = QLatin1String(row.key);
+        if (key.startsWith(QLatin1String("midi/")))
+            settings[key] = QJsonValue::fromVariant(setting(row.setting));
+    }
     return settings;
 }
 

@@ -1,5 +1,6 @@
 #include "core/AbcParser.h"
 #include "import/MidiImport.h"
+#include "import/WrittenTempo.h"
 #include "support/DescribeTrack.h"
 #include "support/MidiBytes.h"
 #include "support/Rows.h"
@@ -46,6 +47,8 @@ QByteArray bend(int delta, int value)
 }
 
 } // namespace
+
+Q_DECLARE_METATYPE(MidiImportOptions)
 
 class TestMidiImport : public QObject
 {
@@ -96,6 +99,112 @@ private slots:
         const auto result = importMidi(file({events}), options(true));
         const auto left = leftOut(result.report);
         QTEST(describe(result) + (left == u"0 0 0 0 0" ? QString() : QStringLiteral(" left ") + left), "expected");
+    }
+
+    // The ways of reading that files need which were not written for the game.
+    void choices_data()
+    {
+        const Rows<MidiImportOptions, QByteArray, QString> row("options", "events", "expected");
+        const auto with = [](auto... members) {
+            auto chosen = options(true);
+            ((chosen.*members = true), ...);
+            return chosen;
+        };
+        using Options = MidiImportOptions;
+        const auto end = endOfTrack(96);
+        const auto on = noteOn(0, 60);
+        const auto restrike = with(&Options::endRestruck);
+        row("struck again, released twice", restrike, on + noteOn(48, 60) + noteOff(48, 60) + noteOff(48, 60) + end,
+            "60@0+5040 60@5040+10080");
+        row("struck again before it is released", restrike,
+            on + noteOn(48, 60) + noteOff(0, 60) + noteOff(48, 60) + end, "60@0+5040 60@5040+5040");
+        row("struck again, released once", restrike,
+            on + noteOn(48, 60) + noteOff(48, 60) + noteOn(48, 60) + noteOff(48, 60) + end,
+            "60@0+5040 60@5040+5040 60@15120+5040");
+        row("struck again, released once at the end", restrike, on + noteOn(48, 60) + noteOff(48, 60) + end,
+            "60@0+5040 60@5040+5040");
+        row("struck again, never released", restrike, on + noteOn(48, 60) + end,
+            "60@0+5040 60@5040+10080 left 0 0 0 1 0");
+        row("struck twice at once", restrike, on + on + noteOff(96, 60) + noteOff(0, 60) + end,
+            "60@0+10080 left 0 1 0 0 0");
+        row("struck again, then bent", restrike,
+            on + noteOn(24, 60) + noteOff(24, 60) + bend(48, 12288) + noteOff(48, 60) + end, "60@0+2520 60@2520+2520");
+
+        const auto pedalled = with(&Options::sustainPedal);
+        const auto down = midiEvent(0, {0xB0, 64, 127});
+        row("pedal", pedalled,
+            down + on + noteOff(48, 60) + midiEvent(48, {0xB0, 64, 64}) + midiEvent(48, {0xB0, 64, 63}) + end,
+            "60@0+15120");
+        row("pedal, reset", pedalled, down + on + noteOff(48, 60) + midiEvent(48, {0xB0, 121, 0}) + end, "60@0+10080");
+        row("pedal, never lifted", pedalled, down + on + noteOff(48, 60) + end, "60@0+15120");
+        row("pedal, struck again", pedalled, down + on + noteOff(24, 60) + noteOn(24, 60) + noteOff(24, 60) + end,
+            "60@0+5040 60@5040+12600");
+        row("pedal, bent", pedalled, down + on + noteOff(24, 60) + bend(24, 12288) + end, "60@0+5040 61@5040+10080");
+        row("pedal, by the rules", options(true), down + on + noteOff(48, 60) + end, "60@0+5040");
+
+        const auto programs = midiEvent(0, {0xC0, 40}) + on + noteOff(96, 60) + midiEvent(0, {0xC0, 56}) + on +
+                              noteOff(96, 60) + midiEvent(0, {0xC0, 40}) + on + tempo(0, 400000) + noteOff(96, 60);
+        row("programs", with(&Options::splitPrograms), programs + endOfTrack(),
+            "60@0+10080 Q1512000@20160 60@20160+10080 | 60@10080+10080 Q1512000@20160");
+        row("no notes with a program", with(&Options::splitPrograms),
+            midiEvent(0, {0xC0, 40}) + midiEvent(1, {0xC0, 56}) + on + noteOff(96, 60) + end, "60@105+10080");
+        row("by octaves", with(&Options::foldOctaves),
+            noteOn(0, 8) + noteOff(96, 8) + noteOn(0, 109) + noteOff(96, 109) + noteOn(0, 127) + end,
+            "32@0+10080 97@10080+10080 103@20160+10080 left 0 0 0 1 0");
+        auto soft = options(true);
+        soft.velocityGate = 3;
+        row("gate", soft, noteOn(0, 60, 2) + noteOn(0, 62, 3) + noteOff(96, 62) + end, "62@0+10080 left 1 0 0 0 0");
+        row("exact tempo", with(&Options::exactTempo),
+            on + noteOff(96, 60) + tempo(0, 461538) + tempo(96, 700000) + end,
+            "60@0+10080 Q1310400@10080 Q864000@20160");
+    }
+
+    void choices()
+    {
+        QFETCH(MidiImportOptions, options);
+        QFETCH(QByteArray, events);
+        const auto result = importMidi(file({events}), options);
+        const auto left = leftOut(result.report);
+        QTEST(describe(result) + (left == u"0 0 0 0 0" ? QString() : QStringLiteral(" left ") + left), "expected");
+    }
+
+    void namesOfTracks()
+    {
+        const auto name = [](const char *text) { return midiEvent(0, {0xFF, 0x03, int(strlen(text))}).append(text); };
+        const auto note = [](int channel) { return noteOn(0, 60, 100, channel) + noteOff(96, 60, channel); };
+        auto chosen = options(true);
+        chosen.trackNames = chosen.readAllChunks = true;
+        const auto bytes = file({name("Song") + endOfTrack(), name(" Right\n") + note(0) + endOfTrack(),
+                                 name("Left") + note(0) + endOfTrack(), name("Band") + note(1) + note(9) + endOfTrack(),
+                                 note(2) + endOfTrack()})
+                               .replace(11, 1, "\1")
+                               .append("XFIH" + bigEndian(3, 4) + "abc" + chunk(name("Late") + note(3) + endOfTrack()));
+        QStringList titles;
+        for (const auto &track : importMidi(bytes, chosen).tracks)
+            titles.append(track.title());
+        QCOMPARE(titles.join(u'|'),
+                 QStringLiteral("Right, Left|Band - Acoustic Grand Piano|Track 3 - Acoustic Grand Piano|Late|"
+                                "Band - Percussion"));
+    }
+
+    void tempoIsExactWithin_data()
+    {
+        const Rows<int, QString> row("microseconds", "tempo");
+        row("a whole number", 500000, "1/4=120");
+        row("half a quarter", 497925, "1/8=241");
+        row("a third", 500000 * 360 / 361, "1/12=361");
+        row("slowest", 16777215, "");
+        row("fastest", 1, "1/4=60000000");
+    }
+
+    void tempoIsExactWithin()
+    {
+        QFETCH(int, microseconds);
+        QFETCH(QString, tempo);
+        const auto written = exactTempo(quint32(microseconds));
+        const double wanted = 60e6 / microseconds * double(ticksPerQuarter);
+        QVERIFY(qAbs(double(written.ticksPerMinute()) / wanted - 1) <= 1e-4);
+        QVERIFY(tempo.isEmpty() || written.text() == tempo);
     }
 
     void roundsHalvesOfTicksUp()

@@ -43,6 +43,7 @@ QString describe(const ImportReport &report)
     add(report.belowVelocityGate, QStringLiteral("too soft"));
     add(report.restruck, QStringLiteral("struck again while sounding"));
     add(report.outOfRange, QStringLiteral("out of range"));
+    add(report.folded, QStringLiteral("moved by octaves into the range"));
     add(report.unterminated, QStringLiteral("never ended"));
     add(report.undecodedTexts, QStringLiteral("names not in UTF-8"));
     if (report.shifts.shiftedNotes > 0) {

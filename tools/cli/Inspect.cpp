@@ -130,13 +130,16 @@ void writeTrack(Track &track, QIODevice &out)
 
 QJsonObject reportObject(const ImportReport &report)
 {
-    return {{key("belowVelocityGate"), report.belowVelocityGate},
-            {key("restruck"), report.restruck},
-            {key("outOfRange"), report.outOfRange},
-            {key("unterminated"), report.unterminated},
-            {key("shiftedNotes"), report.shifts.shiftedNotes},
-            {key("largestShiftMs"), report.shifts.largestMs},
-            {key("meanShiftMs"), report.shifts.meanMs()}};
+    QJsonObject object{{key("belowVelocityGate"), report.belowVelocityGate},
+                       {key("restruck"), report.restruck},
+                       {key("outOfRange"), report.outOfRange},
+                       {key("unterminated"), report.unterminated},
+                       {key("shiftedNotes"), report.shifts.shiftedNotes},
+                       {key("largestShiftMs"), report.shifts.largestMs},
+                       {key("meanShiftMs"), report.shifts.meanMs()}};
+    if (report.folded > 0) // only by choice
+        object[key("folded")] = report.folded;
+    return object;
 }
 
 // A block of events at a time, so that a long song needs no memory for its text.
