@@ -30,6 +30,10 @@ QScrollArea *scrolled(TrackRows *rows)
     area->setWidget(rows);
     QObject::connect(rows, &TrackRows::draggedTo, area,
                      [area](int y) { area->ensureVisible(area->horizontalScrollBar()->value(), y, 0, 40); });
+    QObject::connect(rows, &TrackRows::grown, area, [area](int top, int bottom) {
+        for (const int y : {bottom, top}) // where there is no room for both, the top
+            area->ensureVisible(area->horizontalScrollBar()->value(), y, 0, 6);
+    });
     return area;
 }
 

@@ -110,7 +110,10 @@ private:
     void add(Track track);
     void readMidi(const QByteArray &bytes) { take(importMidi(bytes, options_.midi, stop_)); }
     void readMml(const QString &text) { take(importMml(text, options_.mml, stop_)); }
-    void fail(const QString &text) { song_.errors.append({errorTitle(source_.kind), text}); }
+    void fail(const QString &text)
+    {
+        song_.errors.append({errorTitle(source_.kind), text, isFile(source_.kind) ? source_.content : QString()});
+    }
 
     const SongSource &source_;
     const ReadingOptions &options_;
@@ -262,10 +265,13 @@ void SourceReader::readSong(const QByteArray &bytes, const QString &folder)
 void SourceReader::take(ImportResult result)
 {
     song_.report = result.report;
+    const bool areToBeShown = options_.tracks == ReadingOptions::Tracks::ToBeShown;
     for (auto &track : result.tracks) {
-        if (track.noteCount() > 0 || options_.tracks == ReadingOptions::Tracks::AsRead)
+        if (track.noteCount() > 0 || !areToBeShown)
             add(std::move(track));
     }
+    if (areToBeShown && song_.tracks.isEmpty())
+        throw translated("There are no notes in it.");
 }
 
 void SourceReader::add(Track track)

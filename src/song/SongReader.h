@@ -40,6 +40,7 @@ struct ReadingError
 {
     QString title;
     QString text;
+    QString path = {}; // of the file; empty when there is none
 };
 
 struct ReadSong

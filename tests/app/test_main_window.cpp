@@ -170,6 +170,7 @@ private slots:
     void mergesDuplicatesAndRemoves()
     {
         QVERIFY(fixture_->import(jig, 3));
+        fixture_->window().resize(fixture_->window().minimumSizeHint());
         fixture_->inRow<QCheckBox>(0, "chkSelect")->click();
         fixture_->inRow<QCheckBox>(1, "chkSelect")->click();
         fixture_->trigger("actionMerge_Selected");
@@ -179,6 +180,7 @@ private slots:
         QCOMPARE(fixture_->action("actionUndo")->text(), QStringLiteral("Undo Merge Tracks"));
         fixture_->trigger("actionDuplicate_Selected");
         QCOMPARE(fixture_->tracks().song().size(), 6);
+        QVERIFY(!fixture_->row(4)->visibleRegion().isEmpty());
         fixture_->trigger("actionRemove_Selected");
         QCOMPARE(fixture_->tracks().song().size(), 4);
         fixture_->trigger("actionClear_Tracks");

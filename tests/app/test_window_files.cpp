@@ -5,6 +5,7 @@
 #include "app/services/RecentFiles.h"
 #include "audio/TempoMap.h"
 #include "support/MidiBytes.h"
+#include "support/Rows.h"
 
 #include <QCheckBox>
 #include <QClipboard>
@@ -69,12 +70,32 @@ private slots:
         QVERIFY(fixture_->tracks().isEmpty());
         fixture_->trigger("actionRedo");
         QCOMPARE(fixture_->tracks().song().size(), 3);
+    }
 
-        fixture_->dialogs().files = QStringList(fixture_->write("broken.mid", "MThd"));
-        fixture_->dialogs().answer = Dialogs::Answer::Yes; // to remove the tracks, but nothing takes their place
-        fixture_->trigger("actionImport_MIDI");
+    void keepsTheTracksWhenNothingIsRead_data()
+    {
+        const Rows<QVector<QByteArray>, QString> row("files", "message"); // with the folder's name left out
+        const auto silent = MidiBytes::file({MidiBytes::endOfTrack()});
+        row("one", {"MThd"}, "Error while reading MIDI file|0.mid: Invalid MIDI file.");
+        row("without notes", {silent}, "Error while reading MIDI file|0.mid: There are no notes in it.");
+        row("several", {silent, "MThd"},
+            "Error while reading MIDI file|0.mid: There are no notes in it.\n1.mid: Invalid MIDI file.");
+        row("many", QVector<QByteArray>(22, "MThd"), "2 more could not be read.");
+    }
+    void keepsTheTracksWhenNothingIsRead()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        QFETCH(QVector<QByteArray>, files);
+        QFETCH(QString, message);
+        QStringList paths;
+        for (const auto &bytes : files)
+            paths.append(fixture_->write(qPrintable(QStringLiteral("%1.mid").arg(paths.size())), bytes));
+        fixture_->dialogs().answerOrCancel = Dialogs::Answer::Yes; // to remove the tracks
+        dropFiles(paths);
         QTRY_COMPARE(fixture_->dialogs().messages.size(), 1);
-        QVERIFY(fixture_->dialogs().messages.first().startsWith(QStringLiteral("Error while reading MIDI file|")));
+        QTest::qWait(20);
+        const auto shown = fixture_->dialogs().messages.join(u'/').remove(fixture_->path("") + u'/');
+        QVERIFY2(shown.endsWith(message) && shown.count(u'\n') <= 20, qPrintable(shown));
         QCOMPARE(fixture_->tracks().song().size(), 3);
     }
 
@@ -83,10 +104,14 @@ private slots:
         QVERIFY(fixture_->import(jig, 3));
         const int hymnTracks = int(importMidi(WindowFixture::read(hymn), {}).tracks.size());
         fixture_->dialogs().takeAsked();
-        QVERIFY(fixture_->import(hymn, 3 + hymnTracks)); // No
+        fixture_->dialogs().files = QStringList(hymn);
+        fixture_->trigger("actionImport_MIDI"); // and the user cancels
         QCOMPARE(fixture_->dialogs().takeAsked().value(1),
                  QStringLiteral("Import MIDI|Would you like to remove the existing tracks first?"));
-        fixture_->dialogs().answer = Dialogs::Answer::Yes;
+        QVERIFY(!fixture_->window().isLoading() && fixture_->tracks().song().size() == 3);
+        fixture_->dialogs().answerOrCancel = Dialogs::Answer::No;
+        QVERIFY(fixture_->import(hymn, 3 + hymnTracks));
+        fixture_->dialogs().answerOrCancel = Dialogs::Answer::Yes;
         QVERIFY(fixture_->import(hymn, hymnTracks));
     }
 
@@ -97,7 +122,8 @@ private slots:
         fixture_->trigger("actionOpen");
         QTRY_COMPARE(fixture_->titles(), (QStringList{QStringLiteral("One"), QStringLiteral("Two")}));
         QCOMPARE(fixture_->dialogs().messages,
-                 QStringList(QStringLiteral("Error while reading ABC file|Could not open file.")));
+                 QStringList(QStringLiteral("Error while reading ABC file|%1: Could not open file.")
+                                 .arg(fixture_->path("missing.abc"))));
         QCOMPARE(fixture_->dialogs().asked,
                  QStringList(QStringLiteral("Choose ABC file(s) to open|ABC files (*.abc)")));
         QCOMPARE(fixture_->tracks().filePath(QStringLiteral("T1")), fixture_->path("one.abc"));
@@ -150,6 +176,7 @@ private slots:
         QGuiApplication::clipboard()->setMimeData(urls);
         fixture_->trigger("actionImport_from_Clipboard");
         QTRY_COMPARE(fixture_->tracks().song().size(), 3);
+        fixture_->dialogs().answerOrCancel = Dialogs::Answer::No;
         fixture_->trigger("actionImport_from_Clipboard");
         QTRY_COMPARE(fixture_->tracks().song().size(), 6);
         QCOMPARE(
@@ -181,7 +208,7 @@ private slots:
         QTEST(int(fixture_->tracks().song().size()), "tracks");
         if (fixture_->tracks().isEmpty())
             return;
-        fixture_->dialogs().answer = Dialogs::Answer::Yes;
+        fixture_->dialogs().answerOrCancel = Dialogs::Answer::Yes;
         dropFiles({fixture_->write("one.abc", abc("One")), copy});
         QTRY_COMPARE(fixture_->tracks().song().size(), 4);
         QCOMPARE(fixture_->dialogs().asked,
@@ -199,6 +226,7 @@ private slots:
         menu->actions().first()->trigger();
         QTRY_COMPARE(fixture_->tracks().song().size(), 3);
         RecentFiles::add(fixture_->settings(), fixture_->path("gone.abc"));
+        fixture_->dialogs().answerOrCancel = Dialogs::Answer::No;
         fixture_->window().openFiles({fixture_->path("gone.abc")});
         QTRY_COMPARE(fixture_->dialogs().messages.size(), 1);
         QCOMPARE(RecentFiles::list(fixture_->settings()), QStringList(jig));

@@ -51,9 +51,9 @@ void ImportCommands::importMidi()
     if (file.isEmpty())
         return;
     context_.settings.setValue(Settings::MidiOpenDir, QFileInfo(file).absolutePath());
-    const auto existing = queue_.askAboutExisting(QStringLiteral("Import MIDI"));
-    queue_.load(
-        {tr("Import MIDI"), QStringLiteral("Loading MIDI file..."), {{SongSource::Kind::MidiFile, file}}, existing});
+    queue_.askAndLoad(
+        QStringLiteral("Import MIDI"),
+        {tr("Import MIDI"), QStringLiteral("Loading MIDI file..."), {{SongSource::Kind::MidiFile, file}}});
 }
 
 void ImportCommands::importClipboard()
@@ -67,8 +67,7 @@ void ImportCommands::importClipboard()
     }
     const auto step = tr("Paste Tracks");
     if (content->hasUrls())
-        queue_.load(
-            {step, tr("Loading files..."), sourcesOf(*content, FileOrigin::Pasted), queue_.askAboutExisting(title)});
+        queue_.askAndLoad(title, {step, tr("Loading files..."), sourcesOf(*content, FileOrigin::Pasted)});
     else
         queue_.load({step, tr("Reading the clipboard..."), sourcesOf(content->text())});
 }
@@ -90,8 +89,7 @@ void ImportCommands::openFiles(const QStringList &paths)
         context_.dialogs.message(&context_.window, Dialogs::Severity::Warning, tr("Open Files"),
                                  tr("These are no ABC or MIDI files."));
     else
-        queue_.load({tr("Open Files"), tr("Loading files..."), sources,
-                     queue_.askAboutExisting(QStringLiteral("Import Files"))});
+        queue_.askAndLoad(QStringLiteral("Import Files"), {tr("Open Files"), tr("Loading files..."), sources});
 }
 
 bool ImportCommands::acceptsDrop(const QMimeData &data)
@@ -103,8 +101,7 @@ bool ImportCommands::acceptsDrop(const QMimeData &data)
 void ImportCommands::takeDrop(const QMimeData &data)
 {
     const auto loadDropped = [this, sources = sourcesOf(data, FileOrigin::Dropped)] {
-        const auto existing = queue_.askAboutExisting(QStringLiteral("Import Files"));
-        queue_.load({tr("Drop Files"), tr("Loading files..."), sources, existing});
+        queue_.askAndLoad(QStringLiteral("Import Files"), {tr("Drop Files"), tr("Loading files..."), sources});
     };
     QMetaObject::invokeMethod(&queue_, loadDropped, Qt::QueuedConnection);
 }

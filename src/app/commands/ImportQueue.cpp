@@ -8,9 +8,45 @@
 #include <QApplication>
 #include <QTimer>
 
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr int longestList = 20; // lines of a message
+
+QString named(const ReadingError &error)
+{
+    return error.path.isEmpty() ? error.text : QStringLiteral("%1: %2").arg(error.path, error.text);
+}
+
+QString listOf(const QVector<ReadingError> &errors)
+{
+    if (errors.size() == 1)
+        return named(errors.first());
+    QStringList lines;
+    for (const auto &error : errors.mid(0, longestList))
+        lines.append(named(error).section(u'\n', 0, 0));
+    if (const auto more = errors.size() - lines.size(); more > 0)
+        lines.append(ImportQueue::tr("%n more could not be read.", nullptr, int(more)));
+    return lines.join(u'\n');
+}
+
+QString commonTitle(const QVector<ReadingError> &errors)
+{
+    const auto &title = errors.first().title;
+    const bool isCommon =
+        std::all_of(errors.begin(), errors.end(), [&](const auto &error) { return error.title == title; });
+    return isCommon ? title : ImportQueue::tr("Error while reading files");
+}
+
+} // namespace
+
 ImportQueue::ImportQueue(const CommandContext &context) : context_(context), reading_(context.settings)
 {
     connect(&reading_, &SongImport::imported, this, &ImportQueue::add);
+    // Queued, since the last song comes after it.
+    connect(&reading_, &SongImport::idle, this, &ImportQueue::showErrors, Qt::QueuedConnection);
 }
 
 void ImportQueue::open()
@@ -25,18 +61,22 @@ void ImportQueue::load(const ImportRequest &request)
         reading_.start(request);
 }
 
+void ImportQueue::askAndLoad(const QString &title, ImportRequest request)
+{
+    const auto question = QStringLiteral("Would you like to remove the existing tracks first?");
+    if (!context_.tracks.isEmpty() && !request.sources.isEmpty()) {
+        const auto answer = context_.dialogs.askOrCancel(&context_.window, title, question);
+        if (!answer)
+            return;
+        request.existing = answer == Dialogs::Answer::Yes ? ExistingTracks::Remove : ExistingTracks::Keep;
+    }
+    load(request);
+}
+
 void ImportQueue::add(const ImportRequest &request, const ReadSong &song)
 {
     waiting_.append({request, song});
     take();
-}
-
-ExistingTracks ImportQueue::askAboutExisting(const QString &title) const
-{
-    const auto question = QStringLiteral("Would you like to remove the existing tracks first?");
-    const bool removes =
-        !context_.tracks.isEmpty() && context_.dialogs.ask(&context_.window, title, question) == Dialogs::Answer::Yes;
-    return removes ? ExistingTracks::Remove : ExistingTracks::Keep;
 }
 
 void ImportQueue::take()
@@ -51,28 +91,39 @@ void ImportQueue::take()
     try {
         take(request, song);
     } catch (...) {
-        const auto text = song.readFiles.join(QStringLiteral(", ")) + QStringLiteral(": ") + currentErrorText();
-        context_.dialogs.message(&context_.window, Dialogs::Severity::Critical, request.step, text);
+        errors_.append({request.step, currentErrorText(), song.readFiles.join(QStringLiteral(", "))});
     }
     take();
+    showErrors();
 }
 
 void ImportQueue::take(const ImportRequest &request, const ReadSong &song)
 {
+    errors_ += song.errors;
+    if (song.tracks.isEmpty()) // then nothing is removed either
+        return;
+    if (song.tracks.size() == 1 && !request.replaced.isEmpty())
+        return replace(request, song.tracks.first());
     QVector<NewTrack> added;
     for (const auto &track : song.tracks)
         added.append({track, context_.playback.instrumentNameFor(track)});
-    const bool isRead = !added.isEmpty(); // else nothing is removed either
-    if (song.tracks.size() == 1 && !request.replaced.isEmpty()) {
-        for (const auto &id : request.replaced)
-            context_.tracks.setTrack(request.step, id, song.tracks.first());
-        for (const auto &id : request.replaced)
-            context_.tracks.markSaved(id, song.tracks.first().filePath());
-        return;
-    }
-    context_.tracks.add(request.step, added, isRead ? request.existing : ExistingTracks::Keep);
+    context_.tracks.add(request.step, added, request.existing);
     for (const auto &file : song.readFiles)
         RecentFiles::add(context_.settings, file);
-    for (const auto &error : song.errors)
-        context_.dialogs.message(&context_.window, Dialogs::Severity::Critical, error.title, error.text);
+}
+
+void ImportQueue::replace(const ImportRequest &request, const Track &track)
+{
+    for (const auto &id : request.replaced)
+        context_.tracks.setTrack(request.step, id, track);
+    for (const auto &id : request.replaced)
+        context_.tracks.markSaved(id, track.filePath());
+}
+
+void ImportQueue::showErrors()
+{
+    if (isBusy() || errors_.isEmpty())
+        return;
+    const auto errors = std::exchange(errors_, {});
+    context_.dialogs.message(&context_.window, Dialogs::Severity::Critical, commonTitle(errors), listOf(errors));
 }

@@ -19,17 +19,19 @@ public:
     void open();
 
     void load(const ImportRequest &request); // without sources it does nothing
+    // Asks first, when there are tracks, whether they are to be removed; the user may cancel the import.
+    void askAndLoad(const QString &title, ImportRequest request);
     void add(const ImportRequest &request, const ReadSong &song);
-
-    // Asks when there are tracks.
-    ExistingTracks askAboutExisting(const QString &title) const;
 
 private:
     void take();
     void take(const ImportRequest &request, const ReadSong &song);
+    void replace(const ImportRequest &request, const Track &track);
+    void showErrors();
 
     CommandContext context_;
     SongImport reading_;
     QVector<std::pair<ImportRequest, ReadSong>> waiting_;
+    QVector<ReadingError> errors_; // to be shown in one box when nothing is read any more
     bool isOpen_ = false;
 };

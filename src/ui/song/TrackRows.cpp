@@ -4,6 +4,7 @@
 #include "ui/song/EmptyHint.h"
 #include "ui/song/TrackWidget.h"
 
+#include <QCoreApplication>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -31,7 +32,7 @@ TrackRows::TrackRows(TrackList &tracks, InstrumentSetModel &instruments, Setting
     });
 }
 
-void TrackRows::follow(const SongTracks &, const SongTracks &after)
+void TrackRows::follow(const SongTracks &before, const SongTracks &after)
 {
     setUpdatesEnabled(false);
     removeAbsent(after);
@@ -43,6 +44,21 @@ void TrackRows::follow(const SongTracks &, const SongTracks &after)
         each->setCommonLength(length);
     hint_->setVisible(after.isEmpty());
     setUpdatesEnabled(true);
+    tellOfNew(before, after);
+}
+
+void TrackRows::tellOfNew(const SongTracks &before, const SongTracks &after)
+{
+    QSet<QString> known;
+    for (const auto &track : before)
+        known.insert(track->id);
+    const auto isNew = [&](const auto &track) { return !known.contains(track->id); };
+    const auto first = std::find_if(after.begin(), after.end(), isNew);
+    if (first == after.end())
+        return;
+    const auto last = std::find_if(after.rbegin(), after.rend(), isNew);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest); // so that they have their places
+    emit grown(row((*first)->id)->y(), row((*last)->id)->geometry().bottom());
 }
 
 void TrackRows::removeAbsent(const SongTracks &song)
@@ -86,6 +102,7 @@ void TrackRows::arrange(const SongTracks &song)
         if (column_->itemAt(place)->widget() != widget) {
             column_->removeWidget(widget);
             column_->insertWidget(place, widget);
+            widget->show(); // a new one; the column would do it later
             isMoved = true;
         }
     }

@@ -28,6 +28,7 @@ public:
 signals:
     void rowAdded(const QString &id, TrackWidget *row);
     void draggedTo(int y);                            // a row is being dragged, the mouse is there
+    void grown(int top, int bottom);                  // rows have come, which lie there
     void moveRequested(const QString &id, int index); // it was dropped
 
 private:
@@ -35,6 +36,7 @@ private:
     void removeAbsent(const SongTracks &song);
     void show(const std::shared_ptr<const SongTrack> &track);
     void arrange(const SongTracks &song);
+    void tellOfNew(const SongTracks &before, const SongTracks &after);
     void chainTabStops(const SongTracks &song);
     void followDrags(const QString &id, const TrackWidget &row);
     int gapAt(int y) const;

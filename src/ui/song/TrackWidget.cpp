@@ -6,11 +6,11 @@
 #include "ui/Icons.h"
 #include "ui/InstrumentComboBox.h"
 #include "ui/ValueDial.h"
-#include "ui/song/RenameTrack.h"
 #include "ui/song/TitleLabel.h"
 #include "ui/song/TrackVisualizationWidget.h"
 #include "ui/song/TrackWidgetStyles.h"
 #include "ui/song/VUMeter.h"
+#include "ui/tracks/RenameTrack.h"
 
 #include <QCheckBox>
 #include <QContextMenuEvent>

@@ -1,5 +1,7 @@
 #include "ui/tracks/TrackList.h"
 
+#include "ui/tracks/RenameTrack.h"
+
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QUndoCommand>
@@ -216,12 +218,17 @@ void TrackList::remove(const QString &step, const QStringList &ids)
 void TrackList::duplicate(const QStringList &ids)
 {
     auto after = song_;
+    QStringList titles;
+    for (const auto &track : song_)
+        titles.append(track->track->title());
     for (const auto &id : ids) {
         const auto *const source = find(id);
         if (!source)
             continue;
         auto copy = std::make_shared<SongTrack>(*source);
         copy->id = nextId();
+        titles.append(numberedTitle(source->track->title(), titles));
+        copy->track = shared(copyWithTitle(*source->track, titles.last()));
         rememberSaved(*copy, {});
         after.append(copy);
     }

@@ -66,23 +66,23 @@ private slots:
         QTest::addColumn<QStringList>("after");
         const auto row = [](const char *step, const char *after, const Command &command) {
             QTest::newRow(step) << command << QString::fromLatin1(step)
-                                << QString::fromLatin1(after).split(u' ', Qt::SkipEmptyParts);
+                                << QString::fromLatin1(after).split(u',', Qt::SkipEmptyParts);
         };
         row("Remove All Tracks", "", [](auto &list) { list.remove(QStringLiteral("Remove All Tracks"), list.ids()); });
-        row("Remove Track", "a c", [](auto &list) { list.remove(QStringLiteral("Remove Track"), {t2}); });
-        row("Duplicate Tracks", "a b c c a", [](auto &list) { list.duplicate({t3, t1}); });
-        row("Move Track", "c a b", [](auto &list) { list.move(t3, 0); });
-        row("Rename Track", "a x c", [](auto &list) {
+        row("Remove Track", "a,c", [](auto &list) { list.remove(QStringLiteral("Remove Track"), {t2}); });
+        row("Duplicate Tracks", "a,b,c,c (2),a (2),c (3)", [](auto &list) { list.duplicate({t3, t1, t3}); });
+        row("Move Track", "c,a,b", [](auto &list) { list.move(t3, 0); });
+        row("Rename Track", "a,x,c", [](auto &list) {
             list.setTrack(QStringLiteral("Rename Track"), t2, track(QStringLiteral("x"), QStringLiteral("c4|")));
         });
-        row("Transpose Track", "a b c", [](auto &list) {
+        row("Transpose Track", "a,b,c", [](auto &list) {
             list.setTrack(QStringLiteral("Transpose Track"), t1, transpose(*list.find(t1)->track, 12));
         });
-        row("Change Instrument", "a b c", [](auto &list) { list.setInstrument({t1, t3}, QStringLiteral("Drum")); });
-        row("Change Volume", "a b c", [](auto &list) { list.setVolume(t1, 40); });
-        row("Change Pan", "a b c", [](auto &list) { list.setPan(t1, -60); });
-        row("Mute", "a b c", [](auto &list) { list.setMuted({t1, t2}, true); });
-        row("Solo", "a b c", [](auto &list) { list.solo(t2); });
+        row("Change Instrument", "a,b,c", [](auto &list) { list.setInstrument({t1, t3}, QStringLiteral("Drum")); });
+        row("Change Volume", "a,b,c", [](auto &list) { list.setVolume(t1, 40); });
+        row("Change Pan", "a,b,c", [](auto &list) { list.setPan(t1, -60); });
+        row("Mute", "a,b,c", [](auto &list) { list.setMuted({t1, t2}, true); });
+        row("Solo", "a,b,c", [](auto &list) { list.solo(t2); });
         row("Open Files", "n", [](auto &list) {
             list.add(QStringLiteral("Open Files"), {{track(QStringLiteral("n")), {}}}, ExistingTracks::Remove);
         });
