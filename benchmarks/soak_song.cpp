@@ -1,9 +1,9 @@
 // What a song survives: random songs through their file, and processes that are killed while they edit one. Fails when
 // a song came back different, or a journal held something else than a state at most a second old.
 // Usage: soak_song [SONGS] [KILLS] [FIRST SEED]
-#include "song/JournalKills.h"
 #include "song/SongFile.h"
 #include "support/Figures.h"
+#include "support/JournalKills.h"
 
 #include <cstdio>
 

@@ -17,7 +17,7 @@ public:
 
     QStringList asked;
     QStringList messages;
-    QStringList starts; // folders and proposed files of file dialogs
+    QStringList starts; // folders, proposed files and texts
     QList<QUrl> opened;
 
     QStringList takeAsked() { return std::exchange(asked, {}); }
@@ -43,9 +43,9 @@ public:
         note(caption, {}, start);
         return directories.isEmpty() ? QString() : directories.takeFirst();
     }
-    std::optional<QString> text(QWidget *, const QString &title, const QString &label, const QString &) override
+    std::optional<QString> text(QWidget *, const QString &title, const QString &label, const QString &value) override
     {
-        note(title, label, {});
+        note(title, label, value);
         return enteredText;
     }
     QColor colour(QWidget *, const QString &title, const QColor &) override

@@ -3,12 +3,13 @@
 #include "app/AnsweringDialogs.h"
 #include "app/MainWindow.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "support/TestFolder.h"
 #include "ui/song/TrackRows.h"
 #include "ui/song/TrackWidget.h"
 
 #include <QAction>
-#include <QTemporaryDir>
-#include <QtTest>
+#include <QDropEvent>
+#include <QMimeData>
 
 // The real window on the demo game, with an engine that nobody hears and dialogs that the test answers.
 class WindowFixture
@@ -41,7 +42,7 @@ public:
     TrackList &tracks() { return window_->tracks(); }
     Settings &settings() { return settings_; }
     AnsweringDialogs &dialogs() { return dialogs_; }
-    QString path(const char *name) const { return directory_.filePath(QString::fromUtf8(name)); }
+    QString path(const char *name) const { return folder_.path(name); }
 
     template<typename Widget>
     Widget *child(const char *name) const
@@ -79,19 +80,32 @@ public:
         return titles;
     }
 
-    QString write(const char *name, const QByteArray &bytes) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() ? file.fileName() : QString();
-    }
+    QString write(const char *name, const QByteArray &bytes) const { return folder_.write(name, bytes); }
     static QByteArray read(const QString &path)
     {
         QFile file(path);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
+    // Over the window; the files are taken when the drop is over.
+    void drop(const QStringList &paths)
+    {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const auto &path : paths)
+            urls.append(QUrl::fromLocalFile(path));
+        data.setUrls(urls);
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        enter.ignore();
+        QCoreApplication::sendEvent(window_.get(), &enter);
+        QDropEvent event(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        if (enter.isAccepted())
+            QCoreApplication::sendEvent(window_.get(), &event);
+        QCoreApplication::processEvents();
+    }
+
 private:
-    QTemporaryDir directory_;
+    TestFolder folder_;
     AnsweringDialogs dialogs_;
     Settings settings_;
     std::unique_ptr<MainWindow> window_;

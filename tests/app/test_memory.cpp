@@ -7,8 +7,6 @@
 #include "ui/document/EditorDocument.h"
 
 #include <QClipboard>
-#include <QDropEvent>
-#include <QMimeData>
 
 #include <atomic>
 #include <cerrno>
@@ -52,126 +50,68 @@ class TestMemory : public QObject
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        fixture_ = std::make_unique<WindowFixture>(demoGame);
-        QVERIFY(fixture_->waitUntilLoaded());
-        fixture_->write("long.abc", longTune());
-    }
-
     void cleanup() { scarcity::largest = scarcity::plenty; }
 
+    // What is allocated as a whole is refused above so many bytes, of texts and events of 14 MB.
     void doors_data()
     {
-        const Rows<Door, QString> row("door", "named");
-        row("open", open, "long.abc");
-        row("drop", drop, "long.abc");
-        row("paste", paste, "the text");
-        row("import MIDI", importMidi, "long.mid");
-        row("merge", merge, "Could not merge tracks");
-        row("save", save, "long.abc");
-        row("apply", apply, "");
-        row("any event", handleEvent, "Kelvarion Composer");
+        const Rows<bool, int, QString, Door> row("isOpen", "largest", "named", "door");
+        constexpr int few = 8 << 20;
+        row("open", false, few, "long.abc", [](auto &window) { window.window().openFiles({window.path("long.abc")}); });
+        row("drop", false, few, "long.abc", [](auto &window) { window.drop({window.path("long.abc")}); });
+        row("paste", false, few, "the text", [](auto &window) { window.trigger("actionImport_from_Clipboard"); });
+        row("import MIDI", false, few, "long.mid", [](auto &window) { window.trigger("actionImport_MIDI"); });
+        row("merge", true, few, "Could not merge", [](auto &window) { window.trigger("actionMerge_Selected"); });
+        row("save", true, 200'000, "long.abc", [](auto &window) { window.trigger("actionSave_Selected"); });
+        row("apply", false, few, "", [](auto &window) {
+            EditorDocument document;
+            document.text()->setPlainText(QApplication::clipboard()->text());
+            QString error;
+            QVERIFY(!document.apply(&error));
+            window.dialogs().messages.append(error);
+        });
+        row("any event", false, few, "Kelvarion Composer", [](auto &window) {
+            const auto fail = [] { throw std::bad_alloc(); };
+            QMetaObject::invokeMethod(&window.window(), fail, Qt::QueuedConnection);
+        });
     }
 
     void doors()
     {
+        QFETCH(bool, isOpen);
+        QFETCH(int, largest);
         QFETCH(Door, door);
         QFETCH(QString, named);
-        door(*fixture_);
-        auto &messages = fixture_->dialogs().messages;
+        const auto tune =
+            "X:1\nT:Long\nL:1/8\nK:C\n" + QByteArray("CDEFGABc|").repeated(12).append('\n').repeated(notes / 96);
+        const auto note = MidiBytes::noteOn(0, 60) + MidiBytes::noteOff(24, 60);
+        WindowFixture window(demoGame);
+        QVERIFY(window.waitUntilLoaded());
+        const auto file = window.write("long.abc", tune);
+        QApplication::clipboard()->setText(QString::fromLatin1(tune));
+        window.dialogs().files =
+            QStringList(window.write("long.mid", MidiBytes::file({note.repeated(notes) + MidiBytes::endOfTrack()})));
+        if (isOpen) {
+            window.window().openFiles({file});
+            QTRY_VERIFY(window.row(0));
+            window.trigger("actionSelect_All");
+        }
+
+        scarcity::largest = std::size_t(largest);
+        door(window);
+        auto &messages = window.dialogs().messages;
         QTRY_VERIFY(!messages.isEmpty());
         scarcity::largest = scarcity::plenty;
         QCOMPARE(messages.size(), 1);
         QVERIFY2(messages[0].contains(QStringLiteral("ot enough memory")) && messages[0].contains(named),
                  qPrintable(messages[0]));
-        const auto tracks = fixture_->titles().size();
-        fixture_->trigger("actionNew_Track"); // the window works on
-        QTRY_COMPARE(fixture_->titles().size(), tracks + 1);
+        const auto tracks = window.titles().size();
+        window.trigger("actionNew_Track"); // the window works on
+        QTRY_COMPARE(window.titles().size(), tracks + 1);
     }
 
 private:
-    static constexpr int notes = 300'000; // 14 MB as events
-    static constexpr std::size_t fewMegabytes = 8 << 20;
-
-    static QByteArray longTune()
-    {
-        return "X:1\nT:Long\nL:1/8\nK:C\n" + QByteArray("CDEFGABc|").repeated(12).append('\n').repeated(notes / 96);
-    }
-
-    static void importMidi(WindowFixture &fixture)
-    {
-        const auto note = MidiBytes::noteOn(0, 60) + MidiBytes::noteOff(24, 60);
-        fixture.write("long.mid", "MThd" + MidiBytes::bigEndian(6, 4) + MidiBytes::bigEndian(0, 2) +
-                                      MidiBytes::bigEndian(1, 2) + MidiBytes::bigEndian(96, 2) +
-                                      MidiBytes::chunk(note.repeated(notes) + MidiBytes::endOfTrack()));
-        scarcity::largest = fewMegabytes;
-        fixture.dialogs().files = QStringList(fixture.path("long.mid"));
-        fixture.trigger("actionImport_MIDI");
-    }
-
-    static void drop(WindowFixture &fixture)
-    {
-        scarcity::largest = fewMegabytes;
-        QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(fixture.path("long.abc"))});
-        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&fixture.window(), &enter);
-        QDropEvent event(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&fixture.window(), &event);
-    }
-
-    static void paste(WindowFixture &fixture)
-    {
-        QApplication::clipboard()->setText(QString::fromLatin1(longTune()));
-        scarcity::largest = fewMegabytes;
-        fixture.trigger("actionImport_from_Clipboard");
-    }
-
-    static void merge(WindowFixture &fixture)
-    {
-        openWithPlenty(fixture);
-        scarcity::largest = fewMegabytes;
-        fixture.trigger("actionMerge_Selected");
-    }
-
-    static void save(WindowFixture &fixture)
-    {
-        openWithPlenty(fixture);
-        scarcity::largest = 200'000;
-        fixture.trigger("actionSave_Selected");
-    }
-
-    static void apply(WindowFixture &fixture)
-    {
-        EditorDocument document;
-        document.text()->setPlainText(QString::fromLatin1(longTune()));
-        scarcity::largest = fewMegabytes;
-        QString error;
-        QVERIFY(!document.apply(&error));
-        fixture.dialogs().messages.append(error);
-    }
-
-    static void handleEvent(WindowFixture &fixture)
-    {
-        QMetaObject::invokeMethod(
-            &fixture.window(), [] { throw std::bad_alloc(); }, Qt::QueuedConnection);
-    }
-
-    static void open(WindowFixture &fixture)
-    {
-        scarcity::largest = fewMegabytes;
-        fixture.window().openFiles({fixture.path("long.abc")});
-    }
-
-    static void openWithPlenty(WindowFixture &fixture)
-    {
-        fixture.window().openFiles({fixture.path("long.abc")});
-        QTRY_VERIFY(fixture.row(0));
-        fixture.trigger("actionSelect_All");
-    }
-
-    std::unique_ptr<WindowFixture> fixture_;
+    static constexpr int notes = 300'000;
 };
 
 int main(int argc, char *argv[])

@@ -1,6 +1,5 @@
 // How songs get into the window and out of it.
 #include "app/ExampleSongs.h"
-#include "app/GameLocation.h"
 #include "app/WindowFixture.h"
 #include "app/services/RecentFiles.h"
 #include "audio/TempoMap.h"
@@ -11,7 +10,6 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDialog>
-#include <QDropEvent>
 #include <QMenu>
 #include <QMimeData>
 #include <QToolButton>
@@ -22,22 +20,6 @@ class TestWindowFiles : public QObject
 
     std::unique_ptr<WindowFixture> fixture_;
 
-    void dropFiles(const QStringList &paths)
-    {
-        QMimeData data;
-        QList<QUrl> urls;
-        for (const auto &path : paths)
-            urls.append(QUrl::fromLocalFile(path));
-        data.setUrls(urls);
-        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        enter.ignore();
-        QCoreApplication::sendEvent(&fixture_->window(), &enter);
-        QDropEvent drop(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        if (enter.isAccepted())
-            QCoreApplication::sendEvent(&fixture_->window(), &drop);
-        QCoreApplication::processEvents(); // the files are taken when the drop is over
-    }
-
 private slots:
     void init()
     {
@@ -46,17 +28,6 @@ private slots:
     }
 
     void cleanup() { fixture_.reset(); }
-
-    void asksForTheGameAtTheFirstStart()
-    {
-        auto &settings = fixture_->settings();
-        settings.setValue(Settings::RootPath, QString());
-        fixture_->dialogs().directories = QStringList{fixture_->path("."), demoGame};
-        QVERIFY(locateGame(settings, fixture_->dialogs(), {}));
-        QCOMPARE(settings.value(Settings::RootPath).toString(), QDir(demoGame).canonicalPath());
-        fixture_->makeWindow();
-        QTRY_VERIFY(fixture_->child<QComboBox>("instrumentList")->count() > 5);
-    }
 
     void importsMidi()
     {
@@ -70,6 +41,18 @@ private slots:
         QVERIFY(fixture_->tracks().isEmpty());
         fixture_->trigger("actionRedo");
         QCOMPARE(fixture_->tracks().song().size(), 3);
+
+        const int hymnTracks = int(importMidi(WindowFixture::read(hymn), {}).tracks.size());
+        fixture_->dialogs().takeAsked();
+        fixture_->dialogs().files = QStringList(hymn);
+        fixture_->trigger("actionImport_MIDI"); // and the user cancels
+        QCOMPARE(fixture_->dialogs().takeAsked().value(1),
+                 QStringLiteral("Import MIDI|Would you like to remove the existing tracks first?"));
+        QVERIFY(!fixture_->window().isLoading() && fixture_->tracks().song().size() == 3);
+        fixture_->dialogs().answerOrCancel = Dialogs::Answer::No;
+        QVERIFY(fixture_->import(hymn, 3 + hymnTracks));
+        fixture_->dialogs().answerOrCancel = Dialogs::Answer::Yes;
+        QVERIFY(fixture_->import(hymn, hymnTracks));
     }
 
     void keepsTheTracksWhenNothingIsRead_data()
@@ -91,28 +74,12 @@ private slots:
         for (const auto &bytes : files)
             paths.append(fixture_->write(qPrintable(QStringLiteral("%1.mid").arg(paths.size())), bytes));
         fixture_->dialogs().answerOrCancel = Dialogs::Answer::Yes; // to remove the tracks
-        dropFiles(paths);
+        fixture_->drop(paths);
         QTRY_COMPARE(fixture_->dialogs().messages.size(), 1);
         QTest::qWait(20);
         const auto shown = fixture_->dialogs().messages.join(u'/').remove(fixture_->path("") + u'/');
         QVERIFY2(shown.endsWith(message) && shown.count(u'\n') <= 20, qPrintable(shown));
         QCOMPARE(fixture_->tracks().song().size(), 3);
-    }
-
-    void asksBeforeASecondImport()
-    {
-        QVERIFY(fixture_->import(jig, 3));
-        const int hymnTracks = int(importMidi(WindowFixture::read(hymn), {}).tracks.size());
-        fixture_->dialogs().takeAsked();
-        fixture_->dialogs().files = QStringList(hymn);
-        fixture_->trigger("actionImport_MIDI"); // and the user cancels
-        QCOMPARE(fixture_->dialogs().takeAsked().value(1),
-                 QStringLiteral("Import MIDI|Would you like to remove the existing tracks first?"));
-        QVERIFY(!fixture_->window().isLoading() && fixture_->tracks().song().size() == 3);
-        fixture_->dialogs().answerOrCancel = Dialogs::Answer::No;
-        QVERIFY(fixture_->import(hymn, 3 + hymnTracks));
-        fixture_->dialogs().answerOrCancel = Dialogs::Answer::Yes;
-        QVERIFY(fixture_->import(hymn, hymnTracks));
     }
 
     void opensAbcFilesAndGoesOnAfterABadOne()
@@ -148,14 +115,13 @@ private slots:
 
     void pastes_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("tracks");
-        QTest::newRow("abc") << QString::fromUtf8(abc("Pasted")) << 1;
-        QTest::newRow("two tunes") << QString::fromUtf8(abc("A") + "\n" + abc("B")) << 2;
-        QTest::newRow("lower case") << QStringLiteral("x:1\nK:C\nCDE\n") << 0;
-        QTest::newRow("mml") << QStringLiteral("MML@cdefg,c2e2;") << 2;
-        QTest::newRow("lower-case mml") << QStringLiteral("mml@cdefg;") << 0;
-        QTest::newRow("prose") << QStringLiteral("Dear diary") << 0;
+        const Rows<QString, int> row("text", "tracks");
+        row("abc", QString::fromUtf8(abc("Pasted")), 1);
+        row("two tunes", QString::fromUtf8(abc("A") + "\n" + abc("B")), 2);
+        row("lower case", "x:1\nK:C\nCDE\n", 0);
+        row("mml", "MML@cdefg,c2e2;", 2);
+        row("lower-case mml", "mml@cdefg;", 0);
+        row("prose", "Dear diary", 0);
     }
     void pastes()
     {
@@ -191,25 +157,24 @@ private slots:
 
     void takesDrops_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<int>("tracks");
-        QTest::newRow("midi") << QStringLiteral("song.mid") << 3;
-        QTest::newRow("upper case") << QStringLiteral("SONG.MID") << 3;
-        QTest::newRow("long suffix") << QStringLiteral("song.midi") << 0;
-        QTest::newRow("other") << QStringLiteral("song.txt") << 0;
+        const Rows<QString, int> row("name", "tracks");
+        row("midi", "song.mid", 3);
+        row("upper case", "SONG.MID", 3);
+        row("long suffix", "song.midi", 0);
+        row("other", "song.txt", 0);
     }
     void takesDrops()
     {
         QFETCH(QString, name);
         const auto copy = fixture_->path(qPrintable(name));
         QVERIFY(QFile::copy(jig, copy));
-        dropFiles({copy});
+        fixture_->drop({copy});
         QTRY_VERIFY(!fixture_->window().isLoading());
         QTEST(int(fixture_->tracks().song().size()), "tracks");
         if (fixture_->tracks().isEmpty())
             return;
         fixture_->dialogs().answerOrCancel = Dialogs::Answer::Yes;
-        dropFiles({fixture_->write("one.abc", abc("One")), copy});
+        fixture_->drop({fixture_->write("one.abc", abc("One")), copy});
         QTRY_COMPARE(fixture_->tracks().song().size(), 4);
         QCOMPARE(fixture_->dialogs().asked,
                  QStringList(QStringLiteral("Import Files|Would you like to remove the existing tracks first?")));
@@ -290,15 +255,12 @@ private slots:
 
     void noRowLosesItsFileToAnotherUnasked_data()
     {
-        QTest::addColumn<int>("answer");
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QByteArray>("other");
-        QTest::addColumn<QStringList>("unsaved");
+        const Rows<int, QByteArray, QByteArray, QStringList> row("answer", "file", "other", "unsaved");
         const QStringList first(QStringLiteral("T1"));
         const QStringList second(QStringLiteral("T2"));
-        QTest::newRow("cancel") << int(Dialogs::OverwriteAnswer::Cancel) << abc("Old") << QByteArray() << first;
-        QTest::newRow("overwrite") << int(Dialogs::OverwriteAnswer::Overwrite) << abc("New") << QByteArray() << second;
-        QTest::newRow("save as") << int(Dialogs::OverwriteAnswer::SaveAs) << abc("Old") << abc("New") << QStringList();
+        row("cancel", int(Dialogs::OverwriteAnswer::Cancel), abc("Old"), QByteArray(), first);
+        row("overwrite", int(Dialogs::OverwriteAnswer::Overwrite), abc("New"), QByteArray(), second);
+        row("save as", int(Dialogs::OverwriteAnswer::SaveAs), abc("Old"), abc("New"), QStringList());
     }
     void noRowLosesItsFileToAnotherUnasked()
     {
@@ -323,13 +285,11 @@ private slots:
 
     void asksBeforeWritingOver_data()
     {
-        QTest::addColumn<QByteArray>("found"); // by the save
-        QTest::addColumn<int>("permissions");
-        QTest::addColumn<QString>("objection");
+        const Rows<QByteArray, int, QString> row("found", "permissions", "objection");
         const int own = QFile::ReadOwner | QFile::WriteOwner;
-        QTest::newRow("nothing") << abc("Old") << own << QString();
-        QTest::newRow("changed") << abc("Foreign") << own << QStringLiteral("was changed by another program.");
-        QTest::newRow("read-only") << abc("Old") << int(QFile::ReadOwner) << QStringLiteral("is read-only.");
+        row("nothing", abc("Old"), own, "");
+        row("changed", abc("Foreign"), own, "was changed by another program.");
+        row("read-only", abc("Old"), int(QFile::ReadOwner), "is read-only.");
     }
     void asksBeforeWritingOver()
     {
@@ -408,13 +368,11 @@ private slots:
 
     void asksBeforeClosing_data()
     {
-        QTest::addColumn<int>("answer");
-        QTest::addColumn<bool>("canSave");
-        QTest::addColumn<bool>("closes");
-        QTest::newRow("cancel") << int(Dialogs::CloseAnswer::Cancel) << true << false;
-        QTest::newRow("discard") << int(Dialogs::CloseAnswer::Discard) << true << true;
-        QTest::newRow("save") << int(Dialogs::CloseAnswer::SaveAll) << true << true;
-        QTest::newRow("save, then cancel") << int(Dialogs::CloseAnswer::SaveAll) << false << false;
+        const Rows<int, bool, bool> row("answer", "canSave", "closes");
+        row("cancel", int(Dialogs::CloseAnswer::Cancel), true, false);
+        row("discard", int(Dialogs::CloseAnswer::Discard), true, true);
+        row("save", int(Dialogs::CloseAnswer::SaveAll), true, true);
+        row("save, then cancel", int(Dialogs::CloseAnswer::SaveAll), false, false);
     }
     void asksBeforeClosing()
     {

@@ -1,6 +1,8 @@
 #include "assets/PackageWriter.h"
 
+#include <QBuffer>
 #include <QCryptographicHash>
+#include <QImage>
 
 #include <algorithm>
 #include <map>
@@ -168,4 +170,30 @@ QByteArray legacyOf(const std::vector<QByteArray> &blocks, qint32 blockSize)
     for (const auto &block : blocks)
         bytes += block.leftJustified(blockSize, '\0', true);
     return bytes;
+}
+
+QByteArray picture(int width, int height, const char *format)
+{
+    QBuffer buffer;
+    QImage image(width, height, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    image.save(&buffer, format);
+    return buffer.data();
+}
+
+QByteArray instrumentItem(const QByteArray &name, const QByteArray &kind)
+{
+    return "{ // an item\n\"shortdescription\": \"" + name + "\", \"kind\": \"" + kind +
+           "\", \"inventoryIcon\": \"icon.png\"}";
+}
+
+NamedFiles instrumentFiles(const Text &root, const QByteArray &name, const QByteArray &kind)
+{
+    const auto path = [&root](const char *place, const QByteArray &part) {
+        return root + QString::fromLatin1(QByteArray(place).replace("%1", part));
+    };
+    return {{path("/items/instruments/%1.instrument", name), instrumentItem(name, kind)},
+            {path("/items/instruments/icon.png", {}), picture(16, 8)},
+            {path("/sfx/instruments/%1/tuning.config", kind),
+             R"({"fadeout": 0.5, "mapping": {"60": {"file": "/$instrument$ c.ogg", "f": 261.6}}})"}};
 }

@@ -65,3 +65,9 @@ struct LegacyPackage
 
 // A legacy package of blocks given one by one (each filled up to the block size); block 0 is the root.
 QByteArray legacyOf(const std::vector<QByteArray> &blocks, qint32 blockSize = 64);
+
+// A picture of one colour, and an instrument's three files below `root`, named as in a package; its tuning maps 60 to
+// "KIND c.ogg".
+QByteArray picture(int width, int height, const char *format = "png");
+QByteArray instrumentItem(const QByteArray &name, const QByteArray &kind = "lute");
+NamedFiles instrumentFiles(const Text &root, const QByteArray &name, const QByteArray &kind = "lute");

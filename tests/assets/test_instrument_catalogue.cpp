@@ -7,38 +7,11 @@
 #include "support/TestFolder.h"
 #include "support/Thrown.h"
 
-#include <QBuffer>
-
 namespace {
 // JSON with its quotes written as apostrophes.
 QByteArray json(QByteArray text)
 {
     return text.replace('\'', '"');
-}
-
-QByteArray picture(int width, int height, const char *format = "png")
-{
-    QBuffer buffer;
-    QImage image(width, height, QImage::Format_ARGB32);
-    image.fill(Qt::green);
-    image.save(&buffer, format);
-    return buffer.data();
-}
-
-QByteArray item(const char *name, const char *kind = "lute")
-{
-    return QByteArray("{ // an item\n\"shortdescription\": \"") + name + "\", \"kind\": \"" + kind +
-           "\", \"inventoryIcon\": \"icon.png\"}";
-}
-
-const QByteArray tuningBytes = json("{'fadeout': 0.5, 'mapping': {'60': {'file': '/$instrument$ c.ogg', 'f': 261.6}}}");
-
-// An instrument's files below `root`, named as in a package.
-NamedFiles instrumentFiles(const Text &root, const char *name, const char *kind = "lute")
-{
-    return {{root + QStringLiteral("/items/instruments/%1.instrument").arg(QLatin1String(name)), item(name, kind)},
-            {root + QStringLiteral("/items/instruments/icon.png"), picture(16, 8)},
-            {root + QStringLiteral("/sfx/instruments/%1/tuning.config").arg(QLatin1String(kind)), tuningBytes}};
 }
 
 NamedFiles operator+(NamedFiles left, const NamedFiles &right)
@@ -115,18 +88,16 @@ private slots:
         QCOMPARE(message == QLatin1String("nothing"), seconds > 0);
     }
 
-    void tuningRefusals_data()
-    {
-        const Rows<QByteArray, QString> row("json", "message");
-        row("not JSON", "{", "Could not read tuning file for lute. Reason: unterminated object.");
-        row("no object", "[]", "Could not read tuning file for lute, root element is not an object.");
-        row("nothing to borrow", json("{'mapping': {'62': {'f': 2}, '100': {'f': 1}, '9': {}}}"),
-            "Could not map instrument note 9 for lute.");
-    }
     void tuningRefusals()
     {
-        QFETCH(QByteArray, json);
-        QTEST(thrownBy([&] { readTuning(json, QStringLiteral("lute"), {}); }), "message");
+        const std::pair<QByteArray, const char *> refusals[] = {
+            {"{", "Could not read tuning file for lute. Reason: unterminated object."},
+            {"[]", "Could not read tuning file for lute, root element is not an object."},
+            {json("{'mapping': {'62': {'f': 2}, '100': {'f': 1}, '9': {}}}"),
+             "Could not map instrument note 9 for lute."}};
+        for (const auto &[json, message] : refusals)
+            QCOMPARE(thrownBy([&, &text = json] { readTuning(text, QStringLiteral("lute"), {}); }),
+                     QLatin1String(message));
     }
 
     void mappedFiles_data()
@@ -282,8 +253,8 @@ private slots:
     {
         const Game game;
         game.write(instrumentFiles("mods/m", "Lute"));
-        game.write("outside/secret.instrument", item("Secret"));
-        game.write("mods/m/common/harp", item("Harp"));
+        game.write("outside/secret.instrument", instrumentItem("Secret"));
+        game.write("mods/m/common/harp", instrumentItem("Harp"));
         const auto link = [&game](const char *target, const char *name) {
             return QFile::link(game.path(target), game.path(QStringLiteral("mods/m/") + QLatin1String(name)));
         };
@@ -313,20 +284,20 @@ private slots:
         const auto in = QStringLiteral("assets/items/instruments/");
         game.write(in + QStringLiteral("1.instrument"), "nonsense");
         game.write(in + QStringLiteral("2.instrument"), "[]");
-        game.write(in + QStringLiteral("3.instrument"), item("Lost", "lost"));
-        game.write(in + QStringLiteral("4.instrument"), item("Torn", "torn"));
-        game.write(in + QStringLiteral("5.instrument"), item("Stray", "../../../outside"));
+        game.write(in + QStringLiteral("3.instrument"), instrumentItem("Lost", "lost"));
+        game.write(in + QStringLiteral("4.instrument"), instrumentItem("Torn", "torn"));
+        game.write(in + QStringLiteral("5.instrument"), instrumentItem("Stray", "../../../outside"));
         game.write(in + QStringLiteral("6.instrument"), "{}");
         game.write(in + QStringLiteral(".hidden.instrument"), "nonsense");
         QVERIFY(QFile::resize(game.TestFolder::write(in + QStringLiteral("7.instrument"), {}), qint64(2) << 30));
         game.write("assets/sfx/instruments/torn/tuning.config", "{");
-        game.write("outside/tuning.config", tuningBytes);
+        game.write("outside/tuning.config", "{}");
         game.write("assets/bad.pak", "KVAsset7");
         auto files = instrumentFiles({}, "Lute");
         files[1].second = "not a picture";
         game.write("assets/good.pak", CurrentPackage(files).bytes());
         files.erase(files.begin() + 1);
-        files[0].second = item("Bare");
+        files[0].second = instrumentItem("Bare");
         game.write("assets/plain.pak", CurrentPackage(files).bytes());
 
         const auto bad = QStringLiteral("Could not read instrument file ") + game.path(in);

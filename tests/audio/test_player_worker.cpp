@@ -57,17 +57,6 @@ private slots:
         QCOMPARE(player.toldWithMeters, list("master, master"));
     }
 
-    void notesSoundOnTheirSample()
-    {
-        VirtualPlayer player;
-        player.passes(7);
-        const auto start = player.engine->clock() + leadIn;
-        playTrack(player, a, clicks(3), instrumentOf(click_));
-        player.play(leadIn + 80000);
-        QCOMPARE(player.onsets(), std::vector<DspClock>({start, start + 24000, start + 48000}));
-        QCOMPARE(player.left[start], float(0.5 * std::sqrt(0.5)));
-    }
-
     // An hour of music whose tempo changes all the time; the samples a tick are dyadic, so whole numbers give them.
     void anHourOnTheSample()
     {
@@ -415,16 +404,15 @@ private slots:
 
     void strangeTracksDoNotHang_data()
     {
-        QTest::addColumn<Track>("track");
-        QTest::addColumn<int>("pressed");
+        const Rows<Track, int> row("track", "pressed");
         const auto note = [](Ticks start, Ticks length = 100) { return TrackEvent::note(60, start, length); };
-        QTest::newRow("tempo 0") << trackOf({note(0), tempoEvent(100, 0), note(1000)}, 0) << 2;
-        QTest::newRow("a note at 2^60") << trackOf({note(0), note(maxTicks)}) << 1;
-        QTest::newRow("a note until 2^60") << trackOf({note(0, maxTicks), note(5)}) << 2;
-        QTest::newRow("ten hours' rest") << trackOf({note(0), note(Ticks(600) * defaultTicksPerMinute)}) << 1;
-        QTest::newRow("a tempo of 2^60") << trackOf({note(0), note(maxTicks / 2)}, maxTicks) << 1;
-        QTest::newRow("a tempo of 1") << trackOf({note(0), note(1)}, 1) << 1;
-        QTest::newRow("nothing") << Track() << 0;
+        row("tempo 0", trackOf({note(0), tempoEvent(100, 0), note(1000)}, 0), 2);
+        row("a note at 2^60", trackOf({note(0), note(maxTicks)}), 1);
+        row("a note until 2^60", trackOf({note(0, maxTicks), note(5)}), 2);
+        row("ten hours' rest", trackOf({note(0), note(Ticks(600) * defaultTicksPerMinute)}), 1);
+        row("a tempo of 2^60", trackOf({note(0), note(maxTicks / 2)}, maxTicks), 1);
+        row("a tempo of 1", trackOf({note(0), note(1)}, 1), 1);
+        row("nothing", Track(), 0);
     }
 
     void strangeTracksDoNotHang()

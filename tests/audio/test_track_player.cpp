@@ -78,23 +78,6 @@ private slots:
         QCOMPARE(progress.last().at(0), progress.last().at(1));
     }
 
-    void randomRequests()
-    {
-        TrackPlayer player(pacedEngine);
-        const QSignalSpy pressed(&player, &TrackPlayer::notePressed);
-        const QSignalSpy started(&player, &TrackPlayer::trackStarted);
-        const QSignalSpy stopped(&player, &TrackPlayer::trackStopped);
-        for (int i = 0; i < 300; ++i) {
-            requests_.next<TrackPlayer>()(player);
-            QTest::qWait(int(requests_.pick(8)));
-        }
-        QSignalSpy allStopped(&player, &TrackPlayer::allTracksStopped);
-        player.stopAll();
-        QVERIFY(allStopped.wait());
-        QVERIFY(started.size() > 10 && stopped.size() <= started.size());
-        QVERIFY(pressed.size() > 10);
-    }
-
     void goneWhilePlaying()
     {
         for (int i = 0; i < 5; ++i) {

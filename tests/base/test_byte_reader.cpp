@@ -25,36 +25,25 @@ class TestByteReader : public QObject
 private slots:
     void numbers_data()
     {
-        const Rows<QByteArray, Read, double, bool, quint64> row("bytes", "read", "value", "ended", "left");
-        row(
-            "u16", "\x12\x34\x56", [](auto &in) { return in.u16(); }, 0x1234, false, 1);
-        row(
-            "u24", "\x12\x34\x56", [](auto &in) { return in.u24(); }, 0x123456, false, 0);
-        row(
-            "u32", "\xFF\x34\x56\x78", [](auto &in) { return in.u32(); }, 0xFF345678, false, 0);
-        row(
-            "u64", QByteArray("\0\1\0\0\0\0\0\1", 8), [](auto &in) { return double(in.u64()); }, 0x1000000000001, false,
-            0);
-        row(
-            "float64", QByteArray("\xC0\x04\0\0\0\0\0\0", 8), [](auto &in) { return in.float64(); }, -2.5, false, 0);
-        row(
-            "little u16", "\x12\x34\x56", [](auto &in) { return in.littleU16(); }, 0x3412, false, 1);
-        row(
-            "little u32", "\x12\x34\x56\xFF", [](auto &in) { return in.littleU32(); }, 0xFF563412, false, 0);
-        row(
-            "variable length", "\x82\x80\x01z", [](auto &in) { return in.variableLength(); }, 32769, false, 1);
-        row(
-            "what is missing is zero", "\x12\x34", [](auto &in) { return in.u24(); }, 0x123400, true, 0);
-        row(
-            "endless number", "\x81\x82", [](auto &in) { return in.variableLength(); }, (1 << 14 | 2 << 7), true, 0);
-        row(
-            "peek", "\x12", [](auto &in) { return in.peek(); }, 0x12, false, 1);
-        row(
-            "string", "\2abc", [](auto &in) { return in.string() == "ab"; }, 1, false, 1);
-        row(
-            "long string", "\4abc", [](auto &in) { return in.string().empty() && in.u8() == 0; }, 1, true, 0);
-        row(
-            "skipped too far", "abc", [](auto &in) { return in.skip(~quint64(0)), in.u8(); }, 0, true, 0);
+        const Rows<QByteArray, double, bool, quint64, Read> row("bytes", "value", "ended", "left", "read");
+        row("u16", "\x12\x34\x56", 0x1234, false, 1, [](auto &in) { return in.u16(); });
+        row("u24", "\x12\x34\x56", 0x123456, false, 0, [](auto &in) { return in.u24(); });
+        row("u32", "\xFF\x34\x56\x78", 0xFF345678, false, 0, [](auto &in) { return in.u32(); });
+        row("u64", QByteArray("\0\1\0\0\0\0\0\1", 8), 0x1000000000001, false, 0,
+            [](auto &in) { return double(in.u64()); });
+        row("float64", QByteArray("\xC0\x04\0\0\0\0\0\0", 8), -2.5, false, 0, [](auto &in) { return in.float64(); });
+        row("little u16", "\x12\x34\x56", 0x3412, false, 1, [](auto &in) { return in.littleU16(); });
+        row("little u32", "\x12\x34\x56\xFF", 0xFF563412, false, 0, [](auto &in) { return in.littleU32(); });
+        row("variable length", "\x82\x80\x01z", 32769, false, 1, [](auto &in) { return in.variableLength(); });
+        row("number of one byte", "\x7F", 127, false, 0, [](auto &in) { return in.variableLength(); });
+        row("bits beyond 64 are lost", QByteArray(20, '\xFF') + '\x01', 1, false, 0,
+            [](auto &in) { return in.variableLength() == (~quint64(0) << 7 | 1); });
+        row("what is missing is zero", "\x12\x34", 0x123400, true, 0, [](auto &in) { return in.u24(); });
+        row("endless number", "\x81\x82", (1 << 14 | 2 << 7), true, 0, [](auto &in) { return in.variableLength(); });
+        row("peek", "\x12", 0x12, false, 1, [](auto &in) { return in.peek(); });
+        row("string", "\2abc", 1, false, 1, [](auto &in) { return in.string() == "ab"; });
+        row("long string", "\4abc", 1, true, 0, [](auto &in) { return in.string().empty() && in.u8() == 0; });
+        row("skipped too far", "abc", 0, true, 0, [](auto &in) { return in.skip(~quint64(0)), in.u8(); });
     }
     void numbers()
     {

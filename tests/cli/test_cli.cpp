@@ -194,27 +194,22 @@ private slots:
     }
 
 #ifdef Q_OS_UNIX
-    void saysWhatWantsMemory_data()
-    {
-        const Rows<QString> row("words");
-        row("inspect", "inspect long.abc");
-        row("convert", "convert long.abc --output out");
-        row("render", "render long.abc --game . --output long.wav");
-    }
     void saysWhatWantsMemory()
     {
 #ifdef SANITIZED_PROGRAM
         QSKIP("the sanitizers reserve terabytes");
 #endif
-        QFETCH(QString, words);
         folder_->write("long.abc", tune("Long", QByteArray("C ").repeated(10'000'000)));
-        QProcess program;
-        program.setWorkingDirectory(folder_->path());
-        const auto line = QStringLiteral("ulimit -v 400000; exec %1 %2").arg(QStringLiteral(COMPOSER_CLI), words);
-        program.start(QStringLiteral("sh"), {QStringLiteral("-c"), line});
-        const auto [status, out, error] = outcomeOf(program);
-        QCOMPARE(status, 1);
-        QCOMPARE(error, QByteArray("kelvarion-composer-cli: long.abc: Not enough memory to read long.abc.\n"));
+        for (const auto *const words :
+             {"inspect long.abc", "convert long.abc --output out", "render long.abc --game . --output long.wav"}) {
+            QProcess program;
+            program.setWorkingDirectory(folder_->path());
+            const auto line = QStringLiteral("ulimit -v 400000; exec " COMPOSER_CLI " ") + QLatin1String(words);
+            program.start(QStringLiteral("sh"), {QStringLiteral("-c"), line});
+            const auto [status, out, error] = outcomeOf(program);
+            QCOMPARE(status, 1);
+            QCOMPARE(error, QByteArray("kelvarion-composer-cli: long.abc: Not enough memory to read long.abc.\n"));
+        }
     }
 #endif
 
@@ -226,20 +221,15 @@ private slots:
         QCOMPARE(result.error.count('\n'), 2);
     }
 
-    void transformsApplyInTheOrderGiven_data()
-    {
-        const Rows<QString, QByteArray> row("words", "notes");
-        row("key, then unit length", "--key D --unit-length 1/8", "=C4 D2");
-        row("up and down again", "--transpose 12 --transpose -12", "C2 D ");
-        row("realign, then transpose", "--realign 1 --transpose 2", "[D4E4]");
-    }
     void transformsApplyInTheOrderGiven()
     {
-        QFETCH(QString, words);
-        QFETCH(QByteArray, notes);
-        QCOMPARE(run(QStringLiteral("convert --output out a.abc ") + words).status, 0);
-        const auto abc = folder_->read("out/Air.abc");
-        QVERIFY2(abc.contains(notes), abc);
+        const std::pair<const char *, const char *> cases[] = {{"--key D --unit-length 1/8", "=C4 D2"},
+                                                               {"--transpose 12 --transpose -12", "C2 D "},
+                                                               {"--realign 1 --transpose 2", "[D4E4]"}};
+        for (const auto &[words, notes] : cases) {
+            QCOMPARE(run(QStringLiteral("convert --force --output out a.abc ") + QLatin1String(words)).status, 0);
+            QVERIFY2(folder_->read("out/Air.abc").contains(notes), words);
+        }
     }
 
     void convertSaysWhatWasLeftOut()

@@ -73,27 +73,21 @@ private slots:
         QTEST(describe(track), "expected");
     }
 
-    void sortsAnyOrderStably_data()
-    {
-        const Rows<int> row("disorder");
-        row("nearly sorted", 3);
-        row("shuffled", 100000);
-    }
-
     void sortsAnyOrderStably()
     {
-        QFETCH(int, disorder);
         std::mt19937 random(1);
-        QVector<TrackEvent> events;
-        for (int i = 0; i < 5000; ++i)
-            events.append(TrackEvent::note(quint32(i), (i + Ticks(random() % unsigned(disorder))) / 4, random() % 3));
-        auto expected = events;
-        std::stable_sort(expected.begin(), expected.end(), [](const TrackEvent &a, const TrackEvent &b) {
-            return std::pair(a.start(), a.length()) < std::pair(b.start(), b.length());
-        });
-        auto track = trackOf(events);
-        track.normalize();
-        QCOMPARE(describe(track), describe(trackOf(expected)));
+        for (const unsigned disorder : {3, 100'000}) {
+            QVector<TrackEvent> events;
+            for (int i = 0; i < 5000; ++i)
+                events.append(TrackEvent::note(quint32(i), (i + Ticks(random() % disorder)) / 4, random() % 3));
+            auto expected = events;
+            std::stable_sort(expected.begin(), expected.end(), [](const TrackEvent &a, const TrackEvent &b) {
+                return std::pair(a.start(), a.length()) < std::pair(b.start(), b.length());
+            });
+            auto track = trackOf(events);
+            track.normalize();
+            QCOMPARE(describe(track), describe(trackOf(expected)));
+        }
     }
 
     void seeks()

@@ -177,22 +177,15 @@ private slots:
         QCOMPARE(describe(mergeTracks({first})), describe(first));
     }
 
-    void refusesToMergeOtherTempos_data()
-    {
-        const Rows<QString> row("other");
-        row("at the start", "Q:1/4=101\nK:C\nC");
-        row("later", "Q:1/4=100\nK:C\nC2[Q:1/4=91]D");
-        row("where the first has none", "Q:1/4=100\nK:C\nC[Q:1/4=90]D");
-    }
-
+    // At the start, later, and where the first has none.
     void refusesToMergeOtherTempos()
     {
-        QFETCH(QString, other);
         const auto first = tune("C2[Q:1/4=90]D", "Q:1/4=100\n");
-        QCOMPARE(thrownBy([&] {
-                     mergeTracks({first, parseAbc(other)});
-                 }),
-                 QStringLiteral("Cannot merge tracks with different tempos"));
+        for (const auto *const other :
+             {"Q:1/4=101\nK:C\nC", "Q:1/4=100\nK:C\nC2[Q:1/4=91]D", "Q:1/4=100\nK:C\nC[Q:1/4=90]D"}) {
+            const auto merge = [&] { mergeTracks({first, parseAbc(QString::fromLatin1(other))}); };
+            QCOMPARE(thrownBy(merge), QStringLiteral("Cannot merge tracks with different tempos"));
+        }
     }
 
     void readsMml_data()

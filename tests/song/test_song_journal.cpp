@@ -1,9 +1,11 @@
-#include "JournalKills.h"
 #include "base/SafeFile.h"
+#include "song/JournalFolder.h"
 #include "song/JournalWriter.h"
 #include "song/SongChange.h"
-#include "support/Rows.h"
+#include "song/SongJournal.h"
+#include "support/RandomSongs.h"
 #include "support/SystemFaults.h"
+#include "support/TestFolder.h"
 #include "support/Thrown.h"
 
 #include <QJsonArray>
@@ -143,21 +145,19 @@ private slots:
         QVERIFY(failures > 20);
     }
 
-    void survivesKills()
+    // As after a crash: without a last word, and without anyone who waits.
+    void isWrittenByItself()
     {
-        std::mt19937 random(1);
-        int steps = 0;
-        int compacting = 0;
-        qint64 mostLost = 0;
-        for (unsigned kill = 1; kill <= 24; ++kill) {
-            const auto outcome = JournalKills::killAfter(int(20 + random() % 400), kill);
-            QVERIFY2(outcome.problem.isEmpty(), qPrintable(outcome.problem));
-            steps += outcome.steps;
-            compacting += outcome.wasCompacting ? 1 : 0;
-            mostLost = std::max(mostLost, outcome.lostMs);
-        }
-        qInfo("%d steps, %d kills while a whole file was written, at most %lld ms lost", steps, compacting, mostLost);
-        QVERIFY(steps > 200);
+        const auto states = statesOf(6, 30);
+        SongJournal journal(folder_->path());
+        for (const auto &state : states)
+            journal.record({state, {}, false});
+        const auto found = [&] {
+            Song song;
+            thrownBy([&] { song = JournalFolder::recover(journal.path()).song; });
+            return song;
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(found() == states.last(), 30'000);
     }
 
     void aTurnOfADialIsSmall()
@@ -303,12 +303,5 @@ private:
     std::unique_ptr<TestFolder> folder_;
 };
 
-int main(int argc, char **argv)
-{
-    const QCoreApplication application(argc, argv);
-    if (QCoreApplication::arguments().value(1) == u"edit")
-        return JournalKills::editUntilKilled(QCoreApplication::arguments());
-    TestSongJournal test;
-    return QTest::qExec(&test, argc, argv);
-}
+QTEST_GUILESS_MAIN(TestSongJournal)
 #include "test_song_journal.moc"

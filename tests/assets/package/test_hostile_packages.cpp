@@ -2,7 +2,6 @@
 #include "assets/PackageWriter.h"
 #include "support/TestFolder.h"
 
-#include <QBuffer>
 #include <QLoggingCategory>
 
 #include <ctime>
@@ -48,15 +47,6 @@ QByteArray tuning(int count, const QByteArray &name)
     return "{\"mapping\":{\"1\":{\"files\":[" + names.left(names.size() - 1) + "]}}}";
 }
 
-QByteArray blackPicture()
-{
-    QBuffer buffer;
-    QImage image(1024, 1024, QImage::Format_ARGB32);
-    image.fill(Qt::transparent);
-    image.save(&buffer, "png");
-    return buffer.data();
-}
-
 CurrentPackage oneInstrument(const QByteArray &kind, const QByteArray &tuningBytes)
 {
     CurrentPackage package;
@@ -82,7 +72,7 @@ QByteArray sharedTuning(int instruments)
 QByteArray sharedIcon(int instruments)
 {
     CurrentPackage package;
-    package.add("/items/instruments/i", blackPicture());
+    package.add("/items/instruments/i", picture(1024, 1024));
     package.add(tuningPath(""), "{}");
     for (int i = 0; i < instruments; ++i)
         package.add(itemPath(i), item(QByteArray::number(i), ""));

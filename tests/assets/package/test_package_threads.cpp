@@ -3,8 +3,6 @@
 #include "assets/package/PackageRegistry.h"
 #include "support/TestFolder.h"
 
-#include <QBuffer>
-
 #include <atomic>
 #include <thread>
 
@@ -18,21 +16,11 @@ class TestPackageThreads : public QObject
     static QByteArray sample(int number) { return QByteArray(5000 + number, char('a' + number % 26)); }
     static QString samplePath(int number) { return QStringLiteral("/sfx/%1.ogg").arg(number); }
 
-    static NamedFiles instrumentFiles()
-    {
-        QBuffer icon;
-        QImage(16, 16, QImage::Format_RGB32).save(&icon, "png");
-        return {{"/items/instruments/lute.instrument",
-                 R"({"shortdescription": "Lute", "kind": "lute", "inventoryIcon": "icon.png"})"},
-                {"/items/instruments/icon.png", icon.data()},
-                {"/sfx/instruments/lute/tuning.config", "{\"mapping\": {\"60\": {\"file\": \"c\"}}} // c"}};
-    }
-
 private slots:
     void manyReaders()
     {
         const TestFolder folder;
-        auto files = instrumentFiles();
+        auto files = instrumentFiles({}, "Lute");
         for (int i = 0; i < samples; ++i)
             files.emplace_back(samplePath(i), sample(i));
         const QStringList packages{folder.write("assets/a.pak", CurrentPackage(files).bytes()),

@@ -76,9 +76,9 @@ private slots:
 
     void restsAndWakes_data()
     {
-        QTest::addColumn<int>("output");
-        QTest::newRow("paced") << int(EngineOutput::Paced);
-        QTest::newRow("device") << int(EngineOutput::Device);
+        const Rows<int> row("output");
+        row("paced", int(EngineOutput::Paced));
+        row("device", int(EngineOutput::Device));
     }
 
     void restsAndWakes()

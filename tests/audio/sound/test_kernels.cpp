@@ -125,26 +125,22 @@ private slots:
         QVERIFY2(ratioInDb >= 95, qPrintable(QString::number(ratioInDb)));
     }
 
-    void nothingAliases_data()
-    {
-        QTest::addColumn<double>("ratio");
-        for (const double ratio : {1.01, 1.1224620, 1.2, 1.5, 2.0, 3.1, 6.0, 15.9})
-            QTest::addRow("%g", ratio) << ratio;
-    }
-
     // What lies above half the new rate vanishes.
     void nothingAliases()
     {
-        QFETCH(double, ratio);
         Resampler resampler;
-        for (const double above : {1.0, 1.05, 1.3}) {
-            const double frequency = 0.5 / ratio * above;
-            if (frequency >= 0.5)
-                continue;
-            Sound sound;
-            QCOMPARE(resampler.resample(*sineSound(frequency, 40000, 48000, 1), ratio, 2000, sound), AudioResult::Ok);
-            for (std::size_t i = 100; i < 2000; ++i)
-                QVERIFY2(std::abs(sound->plane(0)[i]) < 2 * float(minus100dB), qPrintable(QString::number(above)));
+        for (const double ratio : {1.01, 1.1224620, 1.2, 1.5, 2.0, 3.1, 6.0, 15.9}) {
+            for (const double above : {1.0, 1.05, 1.3}) {
+                const double frequency = 0.5 / ratio * above;
+                if (frequency >= 0.5)
+                    continue;
+                Sound sound;
+                QCOMPARE(resampler.resample(*sineSound(frequency, 40000, 48000, 1), ratio, 2000, sound),
+                         AudioResult::Ok);
+                for (std::size_t i = 100; i < 2000; ++i)
+                    QVERIFY2(std::abs(sound->plane(0)[i]) < 2 * float(minus100dB),
+                             qPrintable(QStringLiteral("%1 %2").arg(ratio).arg(above)));
+            }
         }
     }
 

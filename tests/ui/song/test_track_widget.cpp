@@ -47,24 +47,14 @@ QList<quint32> pitches(const Track &track)
     return result;
 }
 
-// Also keeps what the text box was filled with.
-class RenamingDialogs : public AnsweringDialogs
-{
-public:
-    QString prefilled;
-    std::optional<QString> text(QWidget *parent, const QString &title, const QString &label,
-                                const QString &value) override
-    {
-        prefilled = value;
-        return AnsweringDialogs::text(parent, title, label, value);
-    }
-};
-
 } // namespace
 
 class TestTrackWidget : public QObject
 {
     Q_OBJECT
+
+public slots:
+    void note() { signals_.append(QString::fromLatin1(row_->metaObject()->method(senderSignalIndex()).name())); }
 
 private slots:
     void init()
@@ -74,11 +64,26 @@ private slots:
         settings_->setValue(Settings::AbcSaveDir, folder_->path());
         instruments_ = std::make_unique<InstrumentSetModel>(
             catalogue({QStringLiteral("flute"), QStringLiteral("lute"), QStringLiteral("piano")}));
-        dialogs_ = std::make_unique<RenamingDialogs>();
-        make(song(QStringLiteral("Jig")));
+        dialogs_ = std::make_unique<AnsweringDialogs>();
+        const SongTrack shown{QStringLiteral("T1"), std::make_shared<const Track>(song(QStringLiteral("Jig"))), {}};
+        row_ = std::make_unique<TrackWidget>(std::make_shared<const SongTrack>(shown), *instruments_, *settings_,
+                                             *dialogs_);
+        const auto *const row = row_->metaObject();
+        for (int i = row->methodOffset(); i < row->methodCount(); ++i) {
+            if (row->method(i).methodType() == QMetaMethod::Signal)
+                connect(row_.get(), row->method(i), this, metaObject()->method(metaObject()->indexOfSlot("note()")));
+        }
+        connect(row_.get(), &TrackWidget::trackChanged, this, [this](const QString &step, const Track &wanted) {
+            step_ = step;
+            wanted_ = wanted;
+        });
     }
 
-    void cleanup() { row_.reset(); }
+    void cleanup()
+    {
+        row_.reset();
+        signals_.clear();
+    }
 
     void tabReachesEveryControl()
     {
@@ -112,7 +117,7 @@ private slots:
         QVERIFY(row_->isMuted() && visualization->isMuted());
         choose(QStringLiteral("(Un)mute"));
         QVERIFY(!row_->isMuted() && !visualization->isMuted() && !child<QCheckBox>("btnMute")->isChecked());
-        QCOMPARE(signals_, QStringList({QStringLiteral("mute"), QStringLiteral("mute")}));
+        QCOMPARE(signals_, QStringList({QStringLiteral("trackMuteChanged"), QStringLiteral("trackMuteChanged")}));
     }
 
     void showsATrackWithoutAnnouncingIt()
@@ -147,7 +152,9 @@ private slots:
         child<ValueDial>("dlPan")->setValue(30);
         child<QToolButton>("btnDelete")->click();
         QCOMPARE(signals_.join(u' '),
-                 QStringLiteral("up down editor editor solo save saveAs seek instrument volume pan removed"));
+                 QStringLiteral("trackMoveUp trackMoveDown editorRequested editorRequested trackSolo saveRequested "
+                                "saveAsRequested trackSeek trackInstrumentChanged trackVolumeChanged trackPanChanged "
+                                "trackRemoved"));
         QCOMPARE(row_->instrumentName(), QStringLiteral("lute"));
     }
 
@@ -156,12 +163,12 @@ private slots:
         dialogs_->enteredText = QStringLiteral("Reel");
         QTest::mouseDClick(child<QLabel>("lblTitle"), Qt::LeftButton);
         QCOMPARE(dialogs_->takeAsked(), QStringList(QStringLiteral("Rename Track|New track title:")));
-        QCOMPARE(dialogs_->prefilled, QStringLiteral("Jig"));
+        QCOMPARE(dialogs_->starts, QStringList(QStringLiteral("Jig")));
         QCOMPARE(step_ + u'|' + wanted_.title(), QStringLiteral("Rename Track|Reel"));
         QCOMPARE(child<QLabel>("lblTitle")->text(), QStringLiteral("Jig")); // until the list has it
         dialogs_->enteredText.reset();
         choose(QStringLiteral("Rename Track"));
-        QCOMPARE(signals_, QStringList(QStringLiteral("changed")));
+        QCOMPARE(signals_, QStringList(QStringLiteral("trackChanged")));
     }
 
     void renamingKeepsTheTextOfTheTrack()
@@ -194,7 +201,7 @@ private slots:
     void instrumentSurvivesNewCatalogues()
     {
         auto *const box = child<QComboBox>("cboInstrument");
-        showInstrument(QStringLiteral("lute"));
+        show(&SongTrack::instrument, QStringLiteral("lute"));
         instruments_->setInstruments(catalogue({QStringLiteral("None")}));
         QCOMPARE(box->currentIndex(), -1);
         QCOMPARE(row_->instrumentName(), QStringLiteral("lute"));
@@ -204,7 +211,7 @@ private slots:
         QVERIFY(signals_.isEmpty());
         box->setCurrentIndex(0);
         QCOMPARE(row_->instrumentName(), QStringLiteral("bass"));
-        QCOMPARE(signals_, QStringList(QStringLiteral("instrument")));
+        QCOMPARE(signals_, QStringList(QStringLiteral("trackInstrumentChanged")));
     }
 
     void dials()
@@ -249,7 +256,7 @@ private slots:
             QApplication::sendEvent(widget, &event);
             return event.isAccepted();
         };
-        showInstrument(QStringLiteral("flute"));
+        show(&SongTrack::instrument, QStringLiteral("flute"));
         child<QWidget>("chkSelect")->setFocus();
         QVERIFY(!turnWheel(dial) && !turnWheel(child<QComboBox>("cboInstrument")));
         QVERIFY(signals_.isEmpty());
@@ -314,51 +321,20 @@ private:
         QFAIL(qPrintable(text));
     }
 
-    void make(const Track &track)
-    {
-        const SongTrack shown{QStringLiteral("T1"), std::make_shared<const Track>(track), {}};
-        row_ = std::make_unique<TrackWidget>(std::make_shared<const SongTrack>(shown), *instruments_, *settings_,
-                                             *dialogs_);
-        signals_.clear();
-        const auto note = [this](const char *name) { return [this, name] { signals_.append(QLatin1String(name)); }; };
-        connect(row_.get(), &TrackWidget::trackRemoved, this, note("removed"));
-        connect(row_.get(), &TrackWidget::trackChanged, this, note("changed"));
-        connect(row_.get(), &TrackWidget::trackSelected, this, note("selected"));
-        connect(row_.get(), &TrackWidget::trackMuteChanged, this, note("mute"));
-        connect(row_.get(), &TrackWidget::trackSolo, this, note("solo"));
-        connect(row_.get(), &TrackWidget::trackInstrumentChanged, this, note("instrument"));
-        connect(row_.get(), &TrackWidget::trackVolumeChanged, this, note("volume"));
-        connect(row_.get(), &TrackWidget::trackPanChanged, this, note("pan"));
-        connect(row_.get(), &TrackWidget::trackMoveUp, this, note("up"));
-        connect(row_.get(), &TrackWidget::trackMoveDown, this, note("down"));
-        connect(row_.get(), &TrackWidget::trackSeek, this, note("seek"));
-        connect(row_.get(), &TrackWidget::editorRequested, this, note("editor"));
-        connect(row_.get(), &TrackWidget::saveRequested, this, note("save"));
-        connect(row_.get(), &TrackWidget::saveAsRequested, this, note("saveAs"));
-        connect(row_.get(), &TrackWidget::trackChanged, this, [this](const QString &step, const Track &wanted) {
-            step_ = step;
-            wanted_ = wanted;
-        });
-    }
-
-    void show(const Track &track)
+    // What it shows, but for a part.
+    template<typename Part>
+    void show(Part SongTrack::*part, const Part &value)
     {
         auto shown = *row_->shown();
-        shown.track = std::make_shared<const Track>(track);
+        shown.*part = value;
         row_->setTrack(std::make_shared<const SongTrack>(shown));
     }
-
-    void showInstrument(const QString &name)
-    {
-        auto shown = *row_->shown();
-        shown.instrument = name;
-        row_->setTrack(std::make_shared<const SongTrack>(shown));
-    }
+    void show(const Track &track) { show(&SongTrack::track, std::make_shared<const Track>(track)); }
 
     std::unique_ptr<QTemporaryDir> folder_;
     std::unique_ptr<Settings> settings_;
     std::unique_ptr<InstrumentSetModel> instruments_;
-    std::unique_ptr<RenamingDialogs> dialogs_;
+    std::unique_ptr<AnsweringDialogs> dialogs_;
     std::unique_ptr<TrackWidget> row_;
     QString step_; // of the last change that was wanted
     Track wanted_;
