@@ -261,7 +261,7 @@ private slots:
             tempo(0, 400000) + midiEvent(0, {0xFF, 0x58, 4, 3, 2, 24, 8}) + tempo(96, 700000) + endOfTrack();
         const auto named = midiEvent(0, {0xFF, 0x20, 1, 9}) + midiEvent(0, {0xFF, 0x04, 4, 'D', '\n', 0xE9, 'x'}) +
                            midiEvent(0, {0xFF, 0x04, 5, 0xC3, 0xA9, 0, 'x', 0}) + noteOn(0, 36, 100, 9) +
-                           noteOff(48, 36, 9) + endOfTrack();
+                           noteOff(48, 36, 9) + bend(0, 12288) + endOfTrack(); // of the other's channel
         const auto plain = noteOn(0, 60) + noteOff(48, 60) + endOfTrack();
         const auto result = importMidi(file({conductor, named, plain}), options(false));
         QCOMPARE(describe(result), QStringLiteral("36@0+5040 Q856800@10080 | 60@0+5040 Q856800@10080"));
