@@ -1,5 +1,8 @@
 #include "base/SafeFile.h"
 
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
@@ -21,9 +24,37 @@ namespace {
 
 #ifdef Q_OS_UNIX
 
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("SafeFile", text);
+}
+
+// The usual causes in words for the user, the others as the system has them.
+QString causeOf(int error)
+{
+    switch (error) {
+    case ENOSPC:
+        return translated("The disk is full.");
+    case EDQUOT:
+        return translated("The space that is yours on the disk is used up.");
+    case EROFS:
+        return translated("The disk is read-only.");
+    case EACCES:
+        return translated("The folder is read-only.");
+    case EPERM:
+        return translated("The file may not be replaced.");
+    case ENOENT:
+        return translated("The folder does not exist.");
+    case ENAMETOOLONG:
+        return translated("The name is too long.");
+    default:
+        return QString::fromLocal8Bit(std::strerror(error));
+    }
+}
+
 [[noreturn]] void failWithErrno()
 {
-    throw QString::fromLocal8Bit(std::strerror(errno));
+    throw causeOf(errno);
 }
 
 class Descriptor
@@ -64,10 +95,24 @@ private:
     int descriptor_;
 };
 
+int openNew(const QString &path)
+{
+    return open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+}
+
 void create(const QString &path, const QByteArray &bytes)
 {
-    constexpr auto flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
-    Descriptor(open(QFile::encodeName(path).constData(), flags, 0666)).write(bytes);
+    Descriptor(openNew(path)).write(bytes);
+}
+
+// An empty file; false when there is something of that name.
+bool reserve(const QString &path)
+{
+    const int descriptor = openNew(path);
+    if (descriptor < 0 && errno == EEXIST)
+        return false;
+    const Descriptor file(descriptor);
+    return true;
 }
 
 void replace(const QString &target, const QString &replacement)
@@ -94,6 +139,16 @@ void create(const QString &path, const QByteArray &bytes)
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())
         throw file.errorString();
+}
+
+bool reserve(const QString &path)
+{
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        return true;
+    if (QFileInfo::exists(path))
+        return false;
+    throw file.errorString();
 }
 
 void replace(const QString &target, const QString &replacement)
@@ -126,18 +181,59 @@ void cutToBytes(QString &name, qsizetype most)
         name.chop(name.size() > 1 && name.at(name.size() - 1).isLowSurrogate() ? 2 : 1);
 }
 
-// A name that nobody else has, so that no file of the user's is in the way. What it begins with tells whose it is, and
-// it is no longer than a name that is known to be allowed.
-QString nameBeside(const QString &target)
+// Of the name of a file beside another: "NAME~", 13 digits of base 36 and the ending.
+constexpr int uniqueDigits = 13;
+const auto endingBeside = QStringLiteral(".saving");
+
+// What the names of the files beside begin with. It tells whose they are, and they are no longer than a name that is
+// known to be allowed.
+QString beginBeside(const QFileInfo &target)
 {
     constexpr qsizetype allowedAnywhere = 100;
     constexpr qsizetype longestAnywhere = 255;
-    const QFileInfo info(target);
-    const auto unique = QStringLiteral("~%1.saving").arg(QRandomGenerator::system()->generate64(), 0, 36);
-    auto name = info.fileName();
+    auto name = target.fileName();
     const auto known = std::clamp<qsizetype>(name.toUtf8().size(), allowedAnywhere, longestAnywhere);
-    cutToBytes(name, known - unique.size());
-    return info.path() + u'/' + name + unique;
+    cutToBytes(name, known - 1 - uniqueDigits - endingBeside.size());
+    return name + u'~';
+}
+
+// A name that nobody else has, so that no file of the user's is in the way.
+QString nameBeside(const QString &target)
+{
+    const QFileInfo info(target);
+    const auto number = QString::number(QRandomGenerator::system()->generate64(), 36);
+    return info.path() + u'/' + beginBeside(info) + number.rightJustified(uniqueDigits, u'0') + endingBeside;
+}
+
+bool isBeside(const QString &name, const QString &begin)
+{
+    const auto isDigit = [](QChar c) { return (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'z'); };
+    return name.size() == begin.size() + uniqueDigits + endingBeside.size() && name.startsWith(begin) &&
+           name.endsWith(endingBeside) &&
+           std::all_of(name.begin() + begin.size(), name.end() - endingBeside.size(), isDigit);
+}
+
+// What programs left that were killed while they saved the same file. Nobody writes for so long without changing it.
+void removeLeftovers(const QString &target)
+{
+    constexpr int oldAfterSeconds = 600;
+    const QFileInfo info(target);
+    const auto begin = beginBeside(info);
+    const auto old = QDateTime::currentDateTime().addSecs(-oldAfterSeconds);
+    for (QDirIterator files(info.path(), QDir::Files | QDir::Hidden | QDir::NoSymLinks); files.hasNext();) {
+        files.next();
+        if (isBeside(files.fileName(), begin) && files.fileInfo().lastModified() < old)
+            QFile::remove(files.filePath());
+    }
+}
+
+// Where writing to the path leads, also when that is not there yet.
+QString behindLinks(const QString &path)
+{
+    const QFileInfo info(path);
+    if (info.exists())
+        return info.canonicalFilePath();
+    return info.isSymLink() ? info.symLinkTarget() : path;
 }
 
 } // namespace
@@ -162,7 +258,7 @@ Replacement::Replacement(const QString &target)
     const QFileInfo info(target);
     if (info.exists() && !info.isFile())
         throw QStringLiteral("Not a regular file.");
-    target_ = info.exists() ? info.canonicalFilePath() : target;
+    target_ = behindLinks(target);
     path_ = nameBeside(target_);
 }
 
@@ -176,23 +272,18 @@ void Replacement::commit()
 {
     replace(target_, path_);
     isCommitted_ = true;
+    removeLeftovers(target_);
 }
 
 bool writeNew(const QString &path, const QByteArray &bytes)
 {
-    QFile reserved(path);
-    if (!reserved.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
-        const QFileInfo info(path);
-        if (info.exists() || info.isSymLink())
-            return false;
-        throw reserved.errorString();
-    }
-    reserved.close();
+    if (!reserve(path))
+        return false;
     try {
         write(path, bytes);
         return true;
     } catch (...) {
-        reserved.remove();
+        QFile::remove(path);
         throw;
     }
 }

@@ -8,7 +8,8 @@ class QFile;
 // Replaces a file in one step: the bytes are written and synchronised beside it and then take its place, so that a
 // crash or a full disk leaves either the old file or the new one. A symbolic link is followed. Refuses a target that
 // exists and is no regular file. Throws a QString that says why it could not be written; nothing is left behind then.
-// The file beside has a name of its own, "NAME~….saving"; only a program that is killed leaves it.
+// The file beside has a name of its own, "NAME~….saving"; only a program that is killed leaves it, and whoever saves
+// the same file later than ten minutes after removes it.
 namespace SafeFile {
 
 void write(const QString &path, const QByteArray &bytes);

@@ -115,6 +115,27 @@ private slots:
         QCOMPARE(names(), QStringList({QStringLiteral("song.abc"), QStringLiteral("song.abc.saving")}));
     }
 
+    void removesWhatTheKilledLeft_data()
+    {
+        const Rows<QString, int, bool> row("name", "ageMinutes", "isLeft");
+        row("old", "song.abc~0123456789abc.saving", 11, false);
+        row("being written", "song.abc~0123456789abc.saving", 9, true);
+        row("of another", "song.abc.abc~0123456789abc.saving", 11, true);
+        row("of the user", "song.abc~0123456789abC.saving", 11, true);
+    }
+    void removesWhatTheKilledLeft()
+    {
+        QFETCH(QString, name);
+        QFETCH(int, ageMinutes);
+        QFile left(folder_->write(name, "half"));
+        QVERIFY(left.open(QIODevice::ReadWrite));
+        QVERIFY(left.setFileTime(QDateTime::currentDateTime().addSecs(-60 * ageMinutes),
+                                 QFileDevice::FileModificationTime));
+        left.close();
+        SafeFile::write(path(), new_);
+        QTEST(left.exists(), "isLeft");
+    }
+
     void keepsPermissionsAndFollowsLinks()
     {
         SafeFile::write(path("target"), old_);
@@ -126,6 +147,9 @@ private slots:
         struct stat status = {};
         QCOMPARE(stat(QFile::encodeName(path("target")).constData(), &status), 0);
         QCOMPARE(int(status.st_mode & 07777), 0640);
+        QVERIFY(QFile::remove(path("target")));
+        SafeFile::write(path(), old_); // where the link leads, though nothing is there any more
+        QCOMPARE(folder_->read("target"), old_);
     }
 
     void refusesWhatIsNoFile()
@@ -134,7 +158,8 @@ private slots:
         QVERIFY(throws<QString>([&] { SafeFile::write(path(), new_); }));
         QCOMPARE(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
         QVERIFY(throws<QString>([&] { SafeFile::write(path("pipe"), new_); }));
-        QVERIFY(throws<QString>([&] { SafeFile::write(path("missing/song.abc"), new_); }));
+        QCOMPARE(thrownBy([&] { SafeFile::write(path("missing/song.abc"), new_); }),
+                 QStringLiteral("The folder does not exist."));
     }
 
     void cleansNames_data()
