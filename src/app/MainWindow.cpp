@@ -62,6 +62,7 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
     status_.follow(instrumentCommands_.scanning());
     status_.follow(playback_);
     status_.follow(importQueue_.reading());
+    status_.follow(settings_);
     connectParts();
     connectPlayer();
     restoreGeometry(QByteArray::fromBase64(settings_.value(Settings::WindowGeometry).toString().toLatin1()));

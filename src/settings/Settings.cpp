@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
+#include <QLockFile>
 #include <QLoggingCategory>
 #include <QSettings>
 #include <QStandardPaths>
@@ -37,22 +38,28 @@ QByteArray formatStore(const QJsonObject &store)
     return QJsonDocument(store).toJson(QJsonDocument::Indented);
 }
 
-QJsonObject readStore(const QString &fileName)
+// Nothing when there is no file. Throws a QString when it cannot be read.
+QByteArray bytesOf(const QString &fileName)
 {
-    QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly))
+    const QFileInfo info(fileName);
+    if (!info.exists())
         return {};
-    const auto bytes = file.readAll();
-    if (const auto store = parseStore(bytes))
-        return *store;
-    const auto copy = fileName + QStringLiteral(".bad");
-    qCWarning(settingsLog).noquote() << fileName << "is not readable; it is kept as" << copy;
-    try {
-        SafeFile::write(copy, bytes);
-    } catch (const QString &error) {
-        qCWarning(settingsLog).noquote() << copy << error;
-    }
-    return {};
+    if (!info.isFile())
+        throw QStringLiteral("Not a regular file.");
+    QFile file(fileName);
+    const auto bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    if (file.error() != QFileDevice::NoError)
+        throw file.errorString();
+    return bytes;
+}
+
+// Gives the name of a copy that holds these bytes; no earlier one is touched.
+QString keptCopy(const QString &fileName, const QByteArray &bytes)
+{
+    auto copy = fileName + QStringLiteral(".bad");
+    for (int number = 2; !SafeFile::writeNew(copy, bytes) && bytesOf(copy) != bytes; ++number)
+        copy = QStringLiteral("%1.bad%2").arg(fileName).arg(number);
+    return copy;
 }
 
 bool readFormat(QIODevice &device, QSettings::SettingsMap &map)
@@ -75,6 +82,48 @@ QJsonObject merged(QJsonObject store, const QJsonObject &changes)
     return store;
 }
 
+QStringList entriesOf(const QJsonValue &history)
+{
+    return history.toString().split(u'\n', Qt::SkipEmptyParts);
+}
+
+// The entries at the beginning of the history that came there since: behind them stand entries of before, in their
+// order.
+QStringList usedSince(const QStringList &before, const QStringList &now)
+{
+    int used = int(now.size());
+    for (auto place = before.size(); used > 0; --used) {
+        const auto earlier = before.lastIndexOf(now[used - 1], int(place) - 1);
+        if (place == 0 || earlier < 0)
+            break;
+        place = earlier;
+    }
+    return now.mid(0, used);
+}
+
+// Mine were used last; of the others those stay that I have not removed.
+QJsonValue mergedHistory(const QJsonValue &base, const QJsonValue &mine, const QJsonValue &theirs)
+{
+    const auto before = entriesOf(base);
+    const auto now = entriesOf(mine);
+    auto entries = usedSince(before, now);
+    for (const auto &entry : entriesOf(theirs)) {
+        const bool isRemoved = before.contains(entry) && !now.contains(entry);
+        if (!isRemoved && !entries.contains(entry))
+            entries.append(entry);
+    }
+    return entries.mid(0, SettingsTable::longestHistory).join(u'\n');
+}
+
+void mergeHistories(QJsonObject &changes, const QJsonObject &base, const QJsonObject &theirs)
+{
+    for (const auto &row : SettingsTable::rows()) {
+        const QLatin1String key(row.key);
+        if (row.type == SettingsTable::Type::History && changes.contains(key))
+            changes.insert(key, mergedHistory(base.value(key), changes.value(key), theirs.value(key)));
+    }
+}
+
 } // namespace
 
 QString Settings::defaultFile()
@@ -86,10 +135,27 @@ QString Settings::defaultFile()
     return QSettings().fileName();
 }
 
-Settings::Settings(const QString &fileName, QObject *parent)
-    : QObject(parent), fileName_(fileName), stored_(readStore(fileName))
+Settings::Settings(const QString &fileName, QObject *parent) : QObject(parent), fileName_(fileName)
 {
     qRegisterMetaType<Setting>("Settings::Setting");
+    try {
+        stored_ = base_ = read();
+    } catch (...) {
+        setFailure(tr("The settings cannot be read: %1").arg(currentErrorText()));
+    }
+}
+
+// Throws when the file cannot be read, or no copy be kept of a damaged one.
+QJsonObject Settings::read()
+{
+    const auto bytes = bytesOf(fileName_);
+    if (const auto store = parseStore(bytes))
+        return *store;
+    const auto copy = keptCopy(fileName_, bytes);
+    qCWarning(settingsLog).noquote() << fileName_ << "is damaged; it is kept as" << copy;
+    const std::lock_guard locker(lock_);
+    damage_ = tr("The settings were damaged; they are kept as %1").arg(QFileInfo(copy).fileName());
+    return {};
 }
 
 Settings::~Settings()
@@ -101,7 +167,7 @@ QVariant Settings::value(Setting setting) const
 {
     QJsonValue stored;
     {
-        const QReadLocker locker(&lock_);
+        const std::shared_lock locker(lock_);
         stored = stored_.value(keyOf(setting));
     }
     const auto value = stored.isUndefined() || stored.isNull()
@@ -112,14 +178,14 @@ QVariant Settings::value(Setting setting) const
 
 bool Settings::contains(Setting setting) const
 {
-    const QReadLocker locker(&lock_);
+    const std::shared_lock locker(lock_);
     return stored_.contains(keyOf(setting));
 }
 
 void Settings::setValue(Setting setting, const QVariant &value)
 {
     {
-        const QWriteLocker locker(&lock_);
+        const std::lock_guard locker(lock_);
         const auto json = QJsonValue::fromVariant(value);
         stored_.insert(keyOf(setting), json);
         unsaved_.insert(keyOf(setting), json);
@@ -134,24 +200,67 @@ void Settings::saveLater()
     saver_.start([this] { save(); });
 }
 
+QString Settings::problem() const
+{
+    const std::shared_lock locker(lock_);
+    return failure_.isEmpty() ? damage_ : failure_;
+}
+
+void Settings::setFailure(const QString &failure)
+{
+    if (!failure.isEmpty())
+        qCWarning(settingsLog).noquote() << fileName_ << failure;
+    const std::lock_guard locker(lock_);
+    failure_ = failure;
+}
+
 bool Settings::save()
 {
-    const QMutexLocker savers(&saving_);
+    const auto before = problem();
+    const bool isSaved = saveChanges();
+    if (const auto now = problem(); now != before)
+        emit problemChanged(now);
+    return isSaved;
+}
+
+bool Settings::saveChanges()
+{
+    const std::lock_guard savers(saving_);
     QJsonObject changes;
     {
-        const QWriteLocker locker(&lock_);
+        const std::lock_guard locker(lock_);
         changes = std::exchange(unsaved_, {});
     }
     if (changes.isEmpty())
         return true;
     try {
-        QDir().mkpath(QFileInfo(fileName_).absolutePath());
-        SafeFile::write(fileName_, formatStore(merged(readStore(fileName_), changes)));
+        write(changes);
+        setFailure({});
         return true;
     } catch (...) {
-        qCWarning(settingsLog).noquote() << fileName_ << currentErrorText();
+        setFailure(tr("The settings are not saved: %1").arg(currentErrorText()));
     }
-    const QWriteLocker locker(&lock_);
+    const std::lock_guard locker(lock_);
     unsaved_ = merged(changes, unsaved_);
     return false;
+}
+
+// Without the lock, where there can be none, a change that another program makes at the same moment may be lost.
+void Settings::write(const QJsonObject &changes)
+{
+    constexpr int longestWaitMs = 1000;
+    QDir().mkpath(QFileInfo(fileName_).absolutePath());
+    QLockFile otherPrograms(fileName_ + QStringLiteral(".lock"));
+    otherPrograms.tryLock(longestWaitMs);
+    const auto theirs = read();
+    auto mine = changes;
+    mergeHistories(mine, base_, theirs);
+    SafeFile::write(fileName_, formatStore(merged(theirs, mine)));
+    const std::lock_guard locker(lock_);
+    for (auto member = mine.constBegin(); member != mine.constEnd(); ++member) {
+        const bool isChangedMeanwhile = unsaved_.contains(member.key());
+        base_.insert(member.key(), isChangedMeanwhile ? changes.value(member.key()) : member.value());
+        if (!isChangedMeanwhile)
+            stored_.insert(member.key(), member.value());
+    }
 }

@@ -4,9 +4,10 @@
 #include "settings/SettingsTable.h"
 
 #include <QJsonObject>
-#include <QMutex>
 #include <QObject>
-#include <QReadWriteLock>
+
+#include <mutex>
+#include <shared_mutex>
 
 // The user's preferences, kept in one JSON file whose members are the keys of the settings table. One object is made at
 // start-up and handed to whoever needs it. Every function may be called from any thread unless it says otherwise.
@@ -22,7 +23,8 @@ public:
     // application's organisation domain and name.
     static QString defaultFile();
 
-    // Reads the file, which need not exist. One that is not JSON is copied to "<file>.bad", and the defaults apply.
+    // Reads the file, which need not exist. Of one that is not JSON a copy is kept, "<file>.bad", and the defaults
+    // apply.
     explicit Settings(const QString &fileName, QObject *parent = nullptr);
     ~Settings() override; // saves what has changed
 
@@ -35,19 +37,32 @@ public:
     // file follows on another thread, when the event loop of this object's thread is idle.
     void setValue(Setting setting, const QVariant &value);
 
-    // Writes the changes to the file at once; keys that somebody else changed meanwhile stay. False, with a logged
-    // warning, when it cannot be written.
+    // Writes the changes to the file at once; keys that somebody else changed meanwhile stay, and so do entries that
+    // somebody else added to a history. False, with a logged warning and a problem, when the file cannot be read or
+    // written; the changes wait for the next time then.
     bool save();
+
+    const QString &fileName() const { return fileName_; }
+    // Why settings are not kept, or that they were damaged, in words for the user; empty when nothing is wrong.
+    QString problem() const;
 
 signals:
     void settingChanged(Settings::Setting setting, const QVariant &value);
+    void problemChanged(const QString &problem); // on the thread that saves
 
 private:
+    QJsonObject read();
     void saveLater();
+    bool saveChanges();
+    void write(const QJsonObject &changes);
+    void setFailure(const QString &failure);
 
     const QString fileName_;
-    QMutex saving_;               // one writer of the file at a time
-    mutable QReadWriteLock lock_; // the two below
+    std::mutex saving_;              // one writer of the file at a time
+    QJsonObject base_;               // what the changes are changes of; of the writer
+    mutable std::shared_mutex lock_; // all below
+    QString damage_;
+    QString failure_;
     QJsonObject stored_;
     QJsonObject unsaved_;
     JobPool saver_{1}; // last: at the end it waits for what is still to be written

@@ -41,7 +41,7 @@ const std::array<Row, settingCount> &rows()
         {MidiOpenDir, "dirs/midi/open", Type::Text, ""},
         {WavSaveDir, "dirs/wav/save", Type::Text, ""},
         {DarkPalette, "window/darkPalette", Type::Boolean, "false"},
-        {RecentFiles, "window/recentFiles", Type::Text, ""}, // one path a line, the last used first
+        {RecentFiles, "window/recentFiles", Type::History, ""}, // paths
         {MasterVolume, "window/masterVolume", Type::Integer, "100"},
         {WindowGeometry, "window/geometry", Type::Text, ""}, // Base64, as is the next
         {WindowState, "window/state", Type::Text, ""},
@@ -75,6 +75,7 @@ std::optional<QVariant> parse(const Row &row, const QString &text)
 {
     switch (row.type) {
     case Type::Text:
+    case Type::History:
         return text;
     case Type::Boolean: {
         const auto words = QStringList{QStringLiteral("false"), QStringLiteral("true"), QStringLiteral("0"),

@@ -58,7 +58,10 @@ enum Setting {
     settingCount
 };
 
-enum class Type { Text, Boolean, Integer, Colour };
+// A history is a text of entries, one a line, the last used first.
+enum class Type { Text, History, Boolean, Integer, Colour };
+
+constexpr int longestHistory = 10; // entries
 
 struct Row
 {

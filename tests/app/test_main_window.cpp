@@ -339,6 +339,15 @@ private slots:
         QVERIFY(QApplication::palette().color(QPalette::Window).lightness() < light.lightness() / 2);
         fixture_->settings().setValue(Settings::DarkPalette, false);
         QVERIFY(QApplication::palette().color(QPalette::Window).lightness() > 200);
+
+        QVERIFY(fixture_->settings().save() && QFile::remove(fixture_->path("Composer.cfg")));
+        QVERIFY(QDir().mkdir(fixture_->path("Composer.cfg"))); // is in the way
+        fixture_->settings().setValue(Settings::LoadMods, true);
+        auto *const problem = fixture_->child<QLabel>("settingsProblem");
+        QTRY_VERIFY(problem->isVisible() && problem->text().startsWith(QStringLiteral("The settings are not saved")));
+        QVERIFY(QDir().rmdir(fixture_->path("Composer.cfg")));
+        fixture_->settings().setValue(Settings::LoadMods, false);
+        QTRY_VERIFY(!problem->isVisible());
     }
 
     // Whatever the server says.

@@ -73,16 +73,65 @@ private slots:
         QTEST(Settings(file()).value(Settings::RealignRegular).toInt(), "grid");
     }
 
-    void keepsAnUnreadableFile()
+    void keepsADamagedFile()
     {
-        folder_->write("config/Composer.cfg", "my precious");
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("is not readable")));
-        Settings settings(file());
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("is not readable")));
-        settings.setValue(Settings::LoadMods, true);
-        QVERIFY(settings.save());
+        for (const auto *const precious : {"my precious", "[1]", "my precious"}) { // each is kept, once
+            folder_->write("config/Composer.cfg", precious);
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("is damaged")));
+            Settings settings(file());
+            QVERIFY(settings.problem().contains(QStringLiteral("Composer.cfg.bad")));
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("is damaged")));
+            settings.setValue(Settings::LoadMods, true);
+            QVERIFY(settings.save());
+            QVERIFY(content().contains("instruments/loadMods"));
+        }
         QCOMPARE(content(".bad"), QByteArray("my precious"));
-        QVERIFY(content().contains("instruments/loadMods"));
+        QCOMPARE(content(".bad2"), QByteArray("[1]"));
+        QCOMPARE(folder_->files("config").size(), 3);
+    }
+
+    // What cannot be read is not replaced by the few values that are known.
+    void keepsAFileThatItCannotRead()
+    {
+        const auto unreadable = QStringLiteral("/proc/self/mem"); // at its beginning, for everybody
+        if (!QFile::exists(unreadable))
+            QSKIP("There is no file that nobody can read");
+        QVERIFY(QDir(folder_->path()).mkdir(QStringLiteral("config")) && QFile::link(unreadable, file()));
+        Settings settings(file());
+        QVERIFY(settings.problem().startsWith(QStringLiteral("The settings cannot be read: ")));
+        settings.setValue(Settings::LoadMods, true);
+        QVERIFY(!settings.save() && QFileInfo(file()).isSymLink());
+        QVERIFY(QFile::remove(file()));
+        folder_->write("config/Composer.cfg", "{\"realign/regular\": 9}");
+        QSignalSpy spy(&settings, &Settings::problemChanged);
+        QVERIFY(settings.save());
+        QVERIFY(content().contains("instruments/loadMods") && content().contains("realign/regular"));
+        QVERIFY(spy.size() == 1 && settings.problem().isEmpty());
+    }
+
+    void keepsRecentEntriesOfOtherWriters_data()
+    {
+        const Rows<QString, QString, QString, QString> row("before", "mine", "theirs", "merged");
+        row("both add", "a b", "m a b", "t a b", "m t a b");
+        row("I use again", "a b c", "c a b", "t a b c", "c t a b");
+        row("I remove", "a b c", "a c", "t a b c", "t a c");
+        row("they remove", "a b c", "m a b c", "a c", "m a c");
+        row("both add the same", "a b", "m a b", "m a b", "m a b");
+        row("many", "1 2 3 4 5 6 7 8 9 0", "m 1 2 3 4 5 6 7 8 9", "t 1 2 3 4 5 6 7 8 9", "m t 1 2 3 4 5 6 7 8");
+    }
+    void keepsRecentEntriesOfOtherWriters()
+    {
+        const auto use = [](Settings &settings, const char *column) {
+            auto entries = *static_cast<QString *>(QTest::qData(column, QMetaType::QString));
+            settings.setValue(Settings::RecentFiles, entries.replace(u' ', u'\n'));
+            return settings.save();
+        };
+        Settings mine(file());
+        QVERIFY(use(mine, "before"));
+        Settings theirs(file());
+        QVERIFY(use(theirs, "theirs") && use(mine, "mine"));
+        for (const auto &entries : {mine.value(Settings::RecentFiles), Settings(file()).value(Settings::RecentFiles)})
+            QTEST(entries.toString().replace(u'\n', u' '), "merged");
     }
 
     void announcesEveryWriteOutsideTheLock()

@@ -3,6 +3,7 @@
 #include "app/services/InstrumentScanTask.h"
 #include "app/services/Playback.h"
 #include "app/services/SongImport.h"
+#include "settings/Settings.h"
 #include "ui/BusyIndicator.h"
 
 #include <QLabel>
@@ -10,14 +11,33 @@
 #include <QShortcut>
 #include <QStatusBar>
 
-StatusIndicators::StatusIndicators(QMainWindow &window) : bar_(*window.statusBar()), outputProblem_(new QLabel)
+namespace {
+
+void show(QLabel &notice, const QString &problem)
+{
+    notice.setText(problem);
+    notice.setVisible(!problem.isEmpty());
+}
+
+} // namespace
+
+StatusIndicators::StatusIndicators(QMainWindow &window) : bar_(*window.statusBar())
 {
     // Here, since a key belongs to one thing only and several indicators may be shown.
     auto *const escape = new QShortcut(Qt::Key_Escape, &window);
     connect(escape, &QShortcut::activated, this, &StatusIndicators::cancelAll);
-    outputProblem_->setObjectName(QStringLiteral("outputProblem"));
-    outputProblem_->hide();
-    bar_.addPermanentWidget(outputProblem_);
+    outputProblem_ = addNotice("outputProblem");
+    settingsProblem_ = addNotice("settingsProblem");
+}
+
+QLabel *StatusIndicators::addNotice(const char *name)
+{
+    auto *const notice = new QLabel;
+    notice->setObjectName(QLatin1String(name));
+    notice->setTextFormat(Qt::PlainText);
+    notice->hide();
+    bar_.addPermanentWidget(notice);
+    return notice;
 }
 
 BusyIndicator *StatusIndicators::addIndicator(const char *name)
@@ -78,6 +98,13 @@ void StatusIndicators::showLoadingSample(const QString &samplePath)
 
 void StatusIndicators::showOutputProblem(const QString &problem)
 {
-    outputProblem_->setText(problem);
-    outputProblem_->setVisible(!problem.isEmpty());
+    show(*outputProblem_, problem);
+}
+
+void StatusIndicators::follow(const Settings &settings)
+{
+    settingsProblem_->setToolTip(settings.fileName());
+    show(*settingsProblem_, settings.problem());
+    connect(&settings, &Settings::problemChanged, settingsProblem_,
+            [this](const QString &problem) { show(*settingsProblem_, problem); });
 }

@@ -9,10 +9,11 @@ class Playback;
 class QLabel;
 class QMainWindow;
 class QStatusBar;
+class Settings;
 class SongImport;
 
-// The status bar: what the window is busy with, each with a button to cancel it and Esc for all, and why nothing is
-// heard. On the interface thread.
+// The status bar: what the window is busy with, each with a button to cancel it and Esc for all, why nothing is
+// heard, and what is wrong with the settings. On the interface thread.
 class StatusIndicators : public QObject
 {
     Q_OBJECT
@@ -26,12 +27,15 @@ public:
 
     void showLoadingSample(const QString &samplePath);
     void showOutputProblem(const QString &problem); // empty: there is none
+    void follow(const Settings &settings);
 
 private:
     BusyIndicator *addIndicator(const char *name);
+    QLabel *addNotice(const char *name);
     void cancelAll();
 
     QStatusBar &bar_;
     QLabel *outputProblem_;
+    QLabel *settingsProblem_;
     QVector<BusyIndicator *> indicators_;
 };

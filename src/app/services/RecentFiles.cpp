@@ -6,11 +6,9 @@
 
 namespace {
 
-constexpr int longestList = 10;
-
 void store(Settings &settings, const QStringList &paths)
 {
-    settings.setValue(Settings::RecentFiles, paths.mid(0, longestList).join(u'\n'));
+    settings.setValue(Settings::RecentFiles, paths.mid(0, SettingsTable::longestHistory).join(u'\n'));
 }
 
 } // namespace
