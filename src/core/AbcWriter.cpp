@@ -121,9 +121,7 @@ AbcWriter::AbcWriter(Track &track)
     : track_(track), text_(512 + 6 * qsizetype(track.events().size())), events_(track.editEvents().data()),
       eventCount_(track.events().size()),
       lengthTexts_(HeaderFields::parseUnitLength(track.headerField(QStringLiteral("L")))),
-      keyRow_(HeaderFields::parseKey(track.headerField(QStringLiteral("K"), QStringLiteral("C")),
-                                     HeaderFields::ModeReading::LetterM)
-                  .row)
+      keyRow_(HeaderFields::parseKey(track.headerField(QStringLiteral("K"), QStringLiteral("C"))).row)
 {
 }
 

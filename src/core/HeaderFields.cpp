@@ -99,23 +99,20 @@ constexpr std::array<ModeName, 7> modeNames{{{"MAJ", Major},
                                              {"LYD", Lydian},
                                              {"LOC", Locrian}}};
 
-quint32 readMode(QStringView text, HeaderFields::ModeReading reading)
+quint32 readMode(QStringView text)
 {
-    const bool startsWithM = !text.isEmpty() && text[0].toUpper() == QLatin1Char('M');
-    if (startsWithM && reading == HeaderFields::ModeReading::LetterM)
-        return Minor;
     for (const auto &name : modeNames) {
         if (text.startsWith(QLatin1String(name.text), Qt::CaseInsensitive))
             return name.mode;
     }
-    return startsWithM ? Minor : Major;
+    return text.startsWith(QLatin1Char('M'), Qt::CaseInsensitive) ? Minor : Major;
 }
 
 } // namespace
 
 namespace HeaderFields {
 
-std::optional<Key> findKey(const QString &text, ModeReading reading)
+std::optional<Key> findKey(const QString &text)
 {
     const QStringView view(text);
     const auto tonicStart = skipWhile(view, 0, [](QChar c) { return !isLetter(c); });
@@ -126,7 +123,7 @@ std::optional<Key> findKey(const QString &text, ModeReading reading)
     auto tonicEnd = tonicStart + 1;
     if (hasCharAt(view, tonicEnd, '#') || hasCharAt(view, tonicEnd, 'b') || hasCharAt(view, tonicEnd, 'B'))
         ++tonicEnd;
-    const auto mode = readMode(view.mid(skipWhile(view, tonicEnd, isSpace)), reading);
+    const auto mode = readMode(view.mid(skipWhile(view, tonicEnd, isSpace)));
     const auto tonic = view.mid(tonicStart, tonicEnd - tonicStart).toString().toUpper();
     const auto row = KeyTable::rowOfTonic(tonic, mode);
     if (row == keyRowCount) {
@@ -136,9 +133,9 @@ std::optional<Key> findKey(const QString &text, ModeReading reading)
     return Key{row, mode};
 }
 
-Key parseKey(const QString &text, ModeReading reading)
+Key parseKey(const QString &text)
 {
-    return findKey(text, reading).value_or(Key());
+    return findKey(text).value_or(Key());
 }
 
 quint32 parseUnitLength(QStringView text)

@@ -17,12 +17,10 @@ struct Key
     quint32 mode = 0;
 };
 
-// Two readings of the mode after the tonic. WholeWord reads "maj" as major and "min" as minor. LetterM takes a leading
-// "m" for minor, so it reads "maj" and "mix" as minor too; it is the writer's reading, and songs depend on it.
-enum class ModeReading { WholeWord, LetterM };
-std::optional<Key> findKey(const QString &text, ModeReading reading);
+// The reader and the writer of ABC must find the same key, or the accidentals of the one mean other notes to the other.
+std::optional<Key> findKey(const QString &text);
 // The neutral key where there is none to be found.
-Key parseKey(const QString &text, ModeReading reading);
+Key parseKey(const QString &text);
 
 // Ticks of "1/8", "3/16" or "2" (two whole notes). A quarter note when the text is empty, cannot be read or comes to
 // nothing.

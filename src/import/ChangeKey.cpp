@@ -11,7 +11,7 @@ QString keyText(quint32 row, quint32 mode, MajorQualifier major)
 
 std::optional<HeaderFields::Key> keyPosition(const QString &keyText)
 {
-    return HeaderFields::findKey(keyText, HeaderFields::ModeReading::WholeWord);
+    return HeaderFields::findKey(keyText);
 }
 
 Track changeKey(const Track &track, const QString &keyText)

@@ -52,6 +52,8 @@ private slots:
         row("tie", common, "c2-c2", "72@0+40320");
         row("tie over a bar and a chord", common, "C-|[CE]C",
             "60@0+10080 60@40320+10080 64@40320+10080 60@50400+10080");
+        row("tie of an accidental over a bar", common, "^F4-|F2F-[FA]|", "66@0+60480 65@60480+20160 69@70560+10080");
+        row("tie of an accidental to another step", common, "^F4-|G3_G-|G", "66@0+40320 67@40320+30240 66@70560+20160");
         row("tie to nowhere", common, "C-D", "60@0+10080 62@10080+10080");
         row("staccato", common, ".c2c", "72@0+10080 72@20160+10080");
         row("chord advances by its shortest", common, "[C2E]G", "64@0+10080 60@0+20160 67@10080+10080");
@@ -127,26 +129,32 @@ private slots:
 
     void keys_data()
     {
-        const Rows<int, int, int> row("row", "mode", "writersMode");
-        row("Bb", 9, 0, 0);
-        row("F#m", 4, 1, 1);
-        row("Dmix", 6, 2, 1);
-        row("cMAJ", 7, 0, 1);
-        row("A min", 7, 1, 1);
-        row("Aaeo", 4, 0, 0);
-        row("Ddor", 7, 3, 3);
-        row("Hm", 7, 0, 0);
-        row("", 7, 0, 0);
-        row("<G>", 6, 0, 0);
+        const Rows<int, int> row("row", "mode");
+        row("Bb", 9, 0);
+        row("F#m", 4, 1);
+        row("Dmix", 6, 2);
+        row("cMAJ", 7, 0);
+        row("A min", 7, 1);
+        row("Aaeo", 4, 0);
+        row("Ddor", 7, 3);
+        row("Hm", 7, 0);
+        row("", 7, 0);
+        row("<G>", 6, 0);
     }
 
     void keys()
     {
         const auto text = QString::fromLatin1(QTest::currentDataTag());
-        const auto key = HeaderFields::parseKey(text, HeaderFields::ModeReading::WholeWord);
+        const auto key = HeaderFields::parseKey(text);
         QTEST(int(key.row), "row");
         QTEST(int(key.mode), "mode");
-        QTEST(int(HeaderFields::parseKey(text, HeaderFields::ModeReading::LetterM).mode), "writersMode");
+        Track track; // is read as it was written
+        track.setHeaderField(QStringLiteral("K"), text);
+        for (quint32 pitch = 60; pitch < 72; ++pitch)
+            track.appendEvent(TrackEvent::note(pitch, track.events().size() * ticksPerQuarter, ticksPerQuarter));
+        const auto read = parseAbc(track.toAbc());
+        for (int i = 0; i < 12; ++i)
+            QCOMPARE(read.events()[i].pitch(), track.events()[i].pitch());
     }
 
     void headerNumbers_data()

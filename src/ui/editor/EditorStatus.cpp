@@ -65,8 +65,7 @@ void EditorStatus::showCaret()
         return;
     }
     const auto &event = document_.track().events()[note];
-    const auto key = HeaderFields::parseKey(document_.track().headerField(QStringLiteral("K")),
-                                            HeaderFields::ModeReading::WholeWord);
+    const auto key = HeaderFields::parseKey(document_.track().headerField(QStringLiteral("K")));
     note_->setText(tr("%1, %2").arg(NoteText::pitch(int(event.pitch()), key.row), NoteText::length(event.length())));
 }
 

@@ -58,8 +58,7 @@ void RollState::readTrack(const EditorDocument &document)
     measures = Measures(track);
     notes = RollNotes(track);
     length = track.length();
-    const auto key =
-        HeaderFields::findKey(track.headerField(QStringLiteral("K")), HeaderFields::ModeReading::WholeWord);
+    const auto key = HeaderFields::findKey(track.headerField(QStringLiteral("K")));
     keyRow = key.value_or(HeaderFields::Key()).row;
     if (document.unitLength() > 0)
         snap.setUnit(document.unitLength());
