@@ -4,6 +4,8 @@
 #include "import/ImportLimits.h"
 #include "import/UnitLength.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <limits>
 #include <map>
@@ -273,6 +275,17 @@ ImportResult MmlParser::parse()
 }
 
 } // namespace
+
+bool looksLikeMml(const QString &text)
+{
+    // Possessive, so that a long text is looked through once.
+    static const QRegularExpression commands(
+        QStringLiteral("\\A(?:[a-g][-+#]?+[0-9]*+\\.?+&?+|r[0-9]*+\\.?+&?+|[ntlov][0-9]++\\.?+|[<>,;\\s]|"
+                       "/\\*[^*/]*+\\*/|//[^\\n]*+)*+\\z"),
+        QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression setting(QStringLiteral("[tlov][0-9]"), QRegularExpression::CaseInsensitiveOption);
+    return commands.match(text).hasMatch() && setting.match(text).hasMatch();
+}
 
 ImportResult importMml(const QString &text, const MmlImportOptions &options, const std::stop_token &stop)
 {

@@ -109,7 +109,7 @@ private:
     void take(ImportResult result);
     void add(Track track);
     void readMidi(const QByteArray &bytes) { take(importMidi(bytes, options_.midi, stop_)); }
-    void readMml(const QString &text) { take(importMml(text, options_.mml, stop_)); }
+    void readMml(const QString &text);
     void fail(const QString &text)
     {
         song_.errors.append({errorTitle(source_.kind), text, isFile(source_.kind) ? source_.content : QString()});
@@ -260,6 +260,15 @@ void SourceReader::readSong(const QByteArray &bytes, const QString &folder)
         }
     }
     errors.throwIfAny();
+}
+
+// MML has no names.
+void SourceReader::readMml(const QString &text)
+{
+    auto result = importMml(text, options_.mml, stop_);
+    for (int i = 0; i < result.tracks.size(); ++i)
+        result.tracks[i].setHeaderField(QStringLiteral("T"), translated("Part %1").arg(i + 1));
+    take(std::move(result));
 }
 
 void SourceReader::take(ImportResult result)

@@ -1,5 +1,7 @@
 #include "song/SongSource.h"
 
+#include "import/MmlImport.h"
+
 #include <QFileInfo>
 #include <QMimeData>
 #include <QUrl>
@@ -78,7 +80,7 @@ QVector<SongSource> sourcesOf(const QString &text)
 {
     if (text.startsWith(QLatin1String("X:")))
         return {{Kind::AbcText, text}};
-    if (text.startsWith(QLatin1String("MML@")))
+    if (text.startsWith(QLatin1String("MML@")) || looksLikeMml(text))
         return {{Kind::MmlText, text}};
     return {};
 }

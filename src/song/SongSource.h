@@ -12,7 +12,7 @@ struct SongSource
     enum class Kind {
         AbcFile,
         MidiFile,
-        TextFile, // ABC when its text begins with "X:", MML when it begins with "MML@"
+        TextFile, // ABC when its text begins with "X:", MML when it begins with "MML@" or looks like it
         AbcText,
         MmlText,
         SongFile,
@@ -30,7 +30,7 @@ SongSource sourceOf(const QString &path);
 enum class FileOrigin { Pasted, Dropped };
 QVector<SongSource> sourcesOf(const QMimeData &data, FileOrigin origin);
 
-// A text that begins as ABC or MML does; nothing when it is neither.
+// A text that begins as ABC or MML does, or is MML by what is in it; nothing when it is neither.
 QVector<SongSource> sourcesOf(const QString &text);
 
 // One tune of a text.

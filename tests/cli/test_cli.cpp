@@ -93,6 +93,14 @@ private slots:
         QVERIFY2(result.error.startsWith("kelvarion-composer-cli: " + error), result.error);
     }
 
+    void convertTellsWhyItWroteNothing()
+    {
+        QCOMPARE(run("convert - --output out", "MML@;").out,
+                 QByteArray("-: wrote nothing, since there are no notes in it\n"));
+        QCOMPARE(run("convert - --output out", "MML@n200;").out,
+                 QByteArray("-: wrote nothing, since all notes were left out; notes: 1 out of range\n"));
+    }
+
     void readsStandardInputByItsText()
     {
         QFile midi(QStringLiteral(COMPOSER_EXAMPLES "/harbour-jig.mid"));

@@ -74,7 +74,11 @@ private slots:
             "2 more tunes could not be read.");
         row("a.midi", midi, "Track 1 - Acoustic Grand Piano");
         row("text.abc.txt", tune, "A text.abc.txt");
-        row("b.txt", "MML@c", "Untitled");
+        row("b.txt", "MML@c,,d", "Part 1,Part 2");
+        row("unmarked.txt", "T120 l8 o4c+4.&c4. /* M 2 */ r>d-,\r\nv9n60;", "Part 1,Part 2");
+        row("long.txt", "l4" + QByteArray("cdef").repeated(500'000), "Part 1");
+        row("letters.txt", "a bad cabbage", "Unknown file type.");
+        row("prose.txt", "Meet at l4 or t2", "Unknown file type.");
         row("c.txt", "T:B\n" + tune, "Unknown file type.");
         row("absent.txt", {}, "Could not open file.");
     }

@@ -114,8 +114,8 @@ void readTransforms(Arguments &arguments, const QCommandLineParser &parser)
 }
 
 const char *const transformHelp = R"(
-INPUT is a .mid, .midi, .abc or .kvsong file, another text file that begins with "X:" (ABC) or "MML@" (MML), or - for
-standard input.
+INPUT is a .mid, .midi, .abc or .kvsong file, another text file that begins with "X:" (ABC) or "MML@" (MML) or holds
+nothing but commands of MML, or - for standard input.
 
 --read says how ABC is meant: "game" as the game plays it, "standard" as musicians write it (repeats, voices and
 bar lines as in the ABC standard; the result is written for the game), "auto" by what the text shows. Only convert

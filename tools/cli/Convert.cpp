@@ -63,6 +63,15 @@ struct Source
     qsizetype trackCount = 0;
 };
 
+QString causeOfNothing(const Source &source)
+{
+    if (source.trackCount > 0)
+        return QStringLiteral("that failed"); // which was printed
+    const auto report = source.report.value_or(ImportReport());
+    const int leftOut = report.belowVelocityGate + report.restruck + report.outOfRange + report.unterminated;
+    return leftOut > 0 ? QStringLiteral("all notes were left out") : QStringLiteral("there are no notes in it");
+}
+
 // Everything that is read, written and printed on the way from the inputs to the files.
 class Conversion
 {
@@ -158,7 +167,7 @@ void Conversion::printSources() const
         if (!isMerged)
             files = files.mid(int(source.trackCount));
         own.removeAll(QString());
-        const auto what = own.isEmpty() ? QStringLiteral("wrote nothing")
+        const auto what = own.isEmpty() ? QStringLiteral("wrote nothing, since ") + causeOfNothing(source)
                           : isMerged    ? QStringLiteral("merged into ") + own.first()
                                         : QStringLiteral("wrote ") + own.join(QStringLiteral(", "));
         const auto remark = source.remark.isEmpty() ? QString() : QStringLiteral("; ") + source.remark;
