@@ -120,10 +120,10 @@ void takeEditor(WindowFixture &fixture)
     takeEditorDialogs(fixture);
 }
 
-void takeMessages(MainWindow &window)
+void takeMessages()
 {
     QProgressDialog progress(QStringLiteral("Rendering to wav..."), QStringLiteral("Cancel"), 0, 100);
-    progress.setWindowTitle(window.windowTitle());
+    progress.setWindowTitle(QStringLiteral("Kelvarion Composer"));
     progress.setValue(40);
     take(progress, "export");
     QMessageBox question(QMessageBox::Question, QStringLiteral("Import MIDI"),
@@ -131,8 +131,8 @@ void takeMessages(MainWindow &window)
                          QMessageBox::Yes | QMessageBox::No);
     take(question, "question");
     QMessageBox closing(QMessageBox::Warning, QStringLiteral("Kelvarion Composer"),
-                        QStringLiteral("3 tracks are not saved yet.\nWould you like to save them?"),
-                        QMessageBox::SaveAll | QMessageBox::Discard | QMessageBox::Cancel);
+                        QStringLiteral("The song 'harbour-jig' is not saved yet.\nWould you like to save it?"),
+                        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
     take(closing, "closing");
     QMessageBox about(QMessageBox::NoIcon, QStringLiteral("About Kelvarion Composer"), aboutHtml());
     about.setIconPixmap(QPixmap(QStringLiteral(":/icons/appicon.png")));
@@ -163,7 +163,7 @@ void takeAll(const QString &game, const QStringList &songs)
     take(window, "small");
     takeDrag(fixture);
     takePreferences(fixture);
-    takeMessages(window);
+    takeMessages();
     takeEditor(fixture);
     takeLoading(fixture, songs);
 }

@@ -13,6 +13,8 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDir>
+#include <QFileInfo>
 #include <QMimeData>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -45,11 +47,11 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
       editors_(tracks_, playback_, settings_, dialogs_, services.makeEngine, this), updates_(services.updateAddress),
       rows_(new TrackRows(tracks_, instruments_, settings_, dialogs_, this)),
       instrumentList_(new InstrumentComboBox(instruments_, this)), masterMeter_(new VUMeter(Qt::Horizontal, this)),
-      masterVolume_(new QSlider(Qt::Horizontal, this)), importQueue_(context()), import_(context(), importQueue_),
-      save_(context()), trackCommands_(context(), importQueue_),
-      instrumentCommands_(context(), instruments_, *instrumentList_), transport_(context(), player_, *masterVolume_),
-      export_(context(), services.makeFileEngine), program_(context()), status_(*this),
-      playbackView_(*rows_, *masterMeter_)
+      masterVolume_(new QSlider(Qt::Horizontal, this)), importQueue_(context()), save_(context()),
+      songs_(context(), save_, [this] { return editors_.closeAll(); }), import_(context(), importQueue_, songs_),
+      trackCommands_(context(), importQueue_), instrumentCommands_(context(), instruments_, *instrumentList_),
+      transport_(context(), player_, *masterVolume_), export_(context(), services.makeFileEngine), program_(context()),
+      status_(*this), playbackView_(*rows_, *masterMeter_)
 {
     setWindowIcon(QIcon(QStringLiteral(":/icons/appicon.png")));
     setAcceptDrops(true);
@@ -63,6 +65,7 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
     status_.follow(playback_);
     status_.follow(importQueue_.reading());
     status_.follow(settings_);
+    status_.follow(songs_);
     connectParts();
     connectPlayer();
     restoreGeometry(QByteArray::fromBase64(settings_.value(Settings::WindowGeometry).toString().toLatin1()));
@@ -79,9 +82,9 @@ void MainWindow::showFailure(const QString &error)
 
 void MainWindow::makeActions()
 {
-    for (const auto &rows :
-         {ImportCommands::actions(), SaveCommands::actions(), TrackCommands::actions(), InstrumentCommands::actions(),
-          TransportCommands::actions(), ExportCommands::actions(), ProgramCommands::actions()})
+    for (const auto &rows : {ImportCommands::actions(), SaveCommands::actions(), SongCommands::actions(),
+                             TrackCommands::actions(), InstrumentCommands::actions(), TransportCommands::actions(),
+                             ExportCommands::actions(), ProgramCommands::actions()})
         actions_.add(rows);
     actions_.add(tracks_.history().createUndoAction(this), "actionUndo", "Ctrl+Z");
     actions_.add(tracks_.history().createRedoAction(this), "actionRedo", "Ctrl+Shift+Z");
@@ -95,6 +98,7 @@ void MainWindow::connectParts()
     connect(rows_->hint(), &EmptyHint::openAbc, this, &MainWindow::onLoadABC);
     connect(&editors_, &EditorWindows::applied, this, &MainWindow::onEdited);
     connect(&instrumentCommands_, &InstrumentCommands::scanned, &importQueue_, &ImportQueue::open);
+    connect(&instrumentCommands_, &InstrumentCommands::scanned, &songs_, &SongCommands::begin);
     connect(instrumentList_, &QComboBox::currentTextChanged, this, &MainWindow::onDefaultInstrumentChanged);
     connect(masterVolume_, &QSlider::valueChanged, this, &MainWindow::onMasterVolumeChanged);
     connect(&changedFiles_, &ChangedFiles::found, this,
@@ -111,6 +115,9 @@ void MainWindow::connectParts()
     session_.setMasterVolume(masterVolume_->value());
     connect(&session_, &SongSession::changed, this, &MainWindow::showTitle);
     connect(&session_, &SongSession::opened, this, &MainWindow::showSong);
+    connect(&songs_, &SongCommands::leaving, this, &MainWindow::stopArrivals);
+    connect(&importQueue_.reading(), &SongImport::imported, this,
+            [this](const ImportRequest &, const ReadSong &song) { noteImport(song); });
     connect(&tracks_, &TrackList::songChanged, this, &MainWindow::updateActions);
     connect(&tracks_, &TrackList::selectionChanged, this, &MainWindow::updateActions);
     connect(&playback_, &Playback::playingChanged, this, &MainWindow::updateActions);
@@ -156,6 +163,8 @@ void MainWindow::connectRow(const QString &id, TrackWidget *row)
 void MainWindow::updateActions()
 {
     const bool isSelected = !tracks_.selectedIds().isEmpty();
+    actions_.find(QStringLiteral("actionSave_Song"))
+        ->setShortcut(isSelected ? QKeySequence() : QKeySequence(QStringLiteral("Ctrl+S"))); // else of the rows
     actions_.update([=, this](Available available) {
         switch (available) {
         case Available::Always:
@@ -173,6 +182,23 @@ void MainWindow::updateActions()
     });
 }
 
+// What is still on its way belongs to the song that goes.
+void MainWindow::stopArrivals()
+{
+    trackCommands_.cancelMerging();
+    importQueue_.reading().cancel();
+}
+
+void MainWindow::noteImport(const ReadSong &song)
+{
+    const auto settings = importSettings([this](Settings::Setting setting) { return settings_.value(setting); });
+    for (const auto &file : song.readFiles) {
+        const auto kind = sourceOf(file).kind;
+        if (kind == SongSource::Kind::MidiFile || kind == SongSource::Kind::TextFile)
+            session_.addImport({QDir::cleanPath(QFileInfo(file).absoluteFilePath()), settings, {}});
+    }
+}
+
 // What belongs to the whole song.
 void MainWindow::showSong()
 {
@@ -184,7 +210,7 @@ void MainWindow::showSong()
 void MainWindow::showTitle()
 {
     const auto program = QStringLiteral("Kelvarion Composer");
-    const auto name = session_.name().isEmpty() ? tr("Untitled") : session_.name();
+    const auto name = session_.name().replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")); // as Qt has it
     setWindowTitle(session_.isBlank() ? program : QStringLiteral("%1[*] - %2").arg(name, program));
     setWindowModified(session_.isUnsaved());
 }
@@ -224,6 +250,8 @@ void MainWindow::closeEvent(QCloseEvent *event)
         event->ignore();
         return;
     }
+    session_.leave();
+    songs_.cancelOpening();
     importQueue_.reading().cancel();
     playback_.stop();
     settings_.setValue(Settings::WindowGeometry, QString::fromLatin1(saveGeometry().toBase64()));
@@ -234,7 +262,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
 
 bool MainWindow::mayClose()
 {
-    return editors_.closeAll() && save_.mayClose() && export_.mayClose();
+    return editors_.closeAll() && export_.mayClose() && songs_.mayLeave([this] { close(); });
 }
 
 void MainWindow::onSettingChanged(Settings::Setting setting, const QVariant &value)

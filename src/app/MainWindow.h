@@ -7,6 +7,7 @@
 #include "app/commands/PlaybackView.h"
 #include "app/commands/ProgramCommands.h"
 #include "app/commands/SaveCommands.h"
+#include "app/commands/SongCommands.h"
 #include "app/commands/StatusIndicators.h"
 #include "app/commands/TrackCommands.h"
 #include "app/commands/TransportCommands.h"
@@ -52,11 +53,15 @@ public:
     TrackList &tracks() { return tracks_; }
     SongSession &session() { return session_; }
 
-    // As if the user had dropped them: what is neither ABC nor MIDI by its name is skipped.
+    // As if the user had dropped them: what is neither ABC nor MIDI nor a song by its name is skipped.
     void openFiles(const QStringList &paths) { import_.openFiles(paths); }
 
     // Whether files are still being read, or the game is still to be looked through for instruments.
-    bool isLoading() const { return instruments_.instruments().isEmpty() || importQueue_.isBusy(); }
+    bool isLoading() const
+    {
+        return instruments_.instruments().isEmpty() || importQueue_.isBusy() || songs_.isOpening();
+    }
+    bool isSaving() const { return songs_.isSaving(); }
 
 public slots:
     void onLoadABC();
@@ -79,6 +84,10 @@ public slots:
     void onCheckUpdates();
     void onSaveSelected();
     void onSaveAll();
+    void onNewSong();
+    void onSaveSong();
+    void onSaveSongAs();
+    void onSaveParts();
     void onMuteSelected();
     void onDonate();
     void onWebsite();
@@ -131,6 +140,8 @@ private:
     void updateActions();
     void showTitle();
     void showSong();
+    void noteImport(const ReadSong &song);
+    void stopArrivals();
     bool mayClose();
 
     Settings &settings_;
@@ -150,8 +161,9 @@ private:
     QSlider *masterVolume_;
 
     ImportQueue importQueue_;
-    ImportCommands import_;
     SaveCommands save_;
+    SongCommands songs_;
+    ImportCommands import_;
     TrackCommands trackCommands_;
     InstrumentCommands instrumentCommands_;
     TransportCommands transport_;

@@ -104,6 +104,26 @@ void MainWindow::onSaveAll()
     save_.saveAll();
 }
 
+void MainWindow::onNewSong()
+{
+    songs_.startNew();
+}
+
+void MainWindow::onSaveSong()
+{
+    songs_.save();
+}
+
+void MainWindow::onSaveSongAs()
+{
+    songs_.saveAs();
+}
+
+void MainWindow::onSaveParts()
+{
+    songs_.savePartsToFolder();
+}
+
 void MainWindow::onMuteSelected()
 {
     trackCommands_.muteSelected();

@@ -41,7 +41,7 @@ void makeMenus(QMainWindow &window, const WindowActions &actions, ImportCommands
 {
     auto *const bar = window.menuBar();
     auto *const file = addMenu(bar, "menuFile", "&File");
-    actions.addTo(*file, "actionOpen");
+    actions.addTo(*file, "actionNew_Song actionOpen");
     addRecentMenu(file, import, settings);
     auto *const imports = addMenu(file, "menuImport", "Import");
     imports->setIcon(icon("import"));
@@ -49,7 +49,8 @@ void makeMenus(QMainWindow &window, const WindowActions &actions, ImportCommands
     auto *const exports = addMenu(file, "menuExport", "Export");
     exports->setIcon(icon("export"));
     actions.addTo(*exports, "actionExport_to_Wav");
-    actions.addTo(*file, "- actionSave_Selected actionSave_All - actionExit");
+    actions.addTo(*file, "- actionSave_Song actionSave_Song_As actionSave_Parts - actionSave_Selected actionSave_All - "
+                         "actionExit");
 
     actions.addTo(*addMenu(bar, "menuEdit", "&Edit"),
                   "actionUndo actionRedo - actionSelect_All actionDeselect_All actionInvert_Selection");

@@ -2,12 +2,29 @@
 
 #include "base/TextDecoding.h"
 
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 
 #ifdef Q_OS_UNIX
 #include <unistd.h>
 #endif
+
+namespace {
+
+enum class Comparison { Unknown, Same, Differs };
+
+// A character takes at most four bytes, and a mark may stand before.
+Comparison comparison(const QString &path, const QString &text)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        return Comparison::Unknown;
+    const bool isSame = file.size() <= 4 * qint64(text.size()) + 4 && decodeText(file.readAll()) == text;
+    return isSame ? Comparison::Same : Comparison::Differs;
+}
+
+} // namespace
 
 FileProtection protectionOf(const QString &path)
 {
@@ -21,11 +38,20 @@ FileProtection protectionOf(const QString &path)
     return file.permission(QFile::WriteOwner) ? FileProtection::None : FileProtection::ReadOnly;
 }
 
-// A character takes at most four bytes, and a mark may stand before.
 bool holdsAnotherText(const QString &path, const QString &text)
 {
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
-        return false;
-    return file.size() > 4 * qint64(text.size()) + 4 || decodeText(file.readAll()) != text;
+    return comparison(path, text) == Comparison::Differs;
+}
+
+bool holdsText(const QString &path, const QString &text)
+{
+    return comparison(path, text) == Comparison::Same;
+}
+
+QString stampOf(const QString &path)
+{
+    const QFileInfo file(path);
+    if (!file.exists())
+        return {};
+    return QStringLiteral("%1 %2").arg(file.size()).arg(file.lastModified().toMSecsSinceEpoch());
 }

@@ -1,11 +1,13 @@
 #include "song/SongParts.h"
 
+#include "base/SafeFile.h"
 #include "core/AbcParser.h"
 #include "core/HeaderFields.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QSet>
 
 #include <algorithm>
 
@@ -48,6 +50,21 @@ QString freeId(const Song &song)
             last = std::max(last, part.id.mid(1).toULongLong());
     }
     return QStringLiteral("T%1").arg(last + 1);
+}
+
+QStringList fileNames(const Song &song, const QString &songName)
+{
+    QSet<QString> taken;
+    QStringList names;
+    for (const auto &part : song.parts) {
+        const auto stem = SafeFile::cleanName(QStringLiteral("%1 - %2").arg(songName, part.name));
+        auto name = stem;
+        for (int number = 2; taken.contains(name.toLower()); ++number)
+            name = QStringLiteral("%1 (%2)").arg(stem, QString::number(number));
+        taken.insert(name.toLower());
+        names.append(name + QStringLiteral(".abc"));
+    }
+    return names;
 }
 
 } // namespace SongParts

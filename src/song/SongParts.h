@@ -3,6 +3,8 @@
 #include "core/Track.h"
 #include "song/Song.h"
 
+#include <QStringList>
+
 #include <stop_token>
 
 // Between a song's parts, which are texts, and the tracks that are played. [any]
@@ -19,5 +21,8 @@ Track silentTrackOf(const SongPart &part);
 
 // "T1", "T2", …: the first number behind all that the song has.
 QString freeId(const Song &song);
+
+// A file name for each part, "<song> - <part>.abc"; those that a file system takes for the same are numbered.
+QStringList fileNames(const Song &song, const QString &songName);
 
 } // namespace SongParts

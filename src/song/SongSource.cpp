@@ -72,6 +72,8 @@ QVector<SongSource> sourcesOf(const QMimeData &data, FileOrigin origin)
             sources.append({Kind::AbcFile, name});
         else if (endsWith(".mid") || (origin == FileOrigin::Pasted && endsWith(".midi")))
             sources.append({Kind::MidiFile, name});
+        else if (endsWith(".kvsong"))
+            sources.append({Kind::SongFile, name});
     }
     return sources;
 }

@@ -26,7 +26,8 @@ struct SongSource
 // A file by its ending, whose case does not matter: .abc, .mid, .midi, .kvsong, and text for every other.
 SongSource sourceOf(const QString &path);
 
-// Which of the files the user may mean: pasted files may end in .abc, .mid and .midi, dropped ones in .abc and .mid.
+// Which of the files the user may mean: pasted files may end in .abc, .mid and .midi, dropped ones in .abc and
+// .mid; songs in .kvsong.
 enum class FileOrigin { Pasted, Dropped };
 QVector<SongSource> sourcesOf(const QMimeData &data, FileOrigin origin);
 

@@ -106,10 +106,10 @@ std::optional<Dialogs::Answer> DesktopDialogs::askOrCancel(QWidget *parent, cons
 
 Dialogs::CloseAnswer DesktopDialogs::askToSave(QWidget *parent, const QString &title, const QString &text)
 {
-    const auto buttons = QMessageBox::SaveAll | QMessageBox::Discard | QMessageBox::Cancel;
-    switch (show(parent, QMessageBox::Warning, title, text, buttons, QMessageBox::SaveAll)) {
-    case QMessageBox::SaveAll:
-        return CloseAnswer::SaveAll;
+    const auto buttons = QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel;
+    switch (show(parent, QMessageBox::Warning, title, text, buttons, QMessageBox::Save)) {
+    case QMessageBox::Save:
+        return CloseAnswer::Save;
     case QMessageBox::Discard:
         return CloseAnswer::Discard;
     default:

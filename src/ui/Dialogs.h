@@ -16,7 +16,7 @@ class Dialogs
 public:
     enum class Severity { Information, Warning, Critical };
     enum class Answer { Yes, No };
-    enum class CloseAnswer { SaveAll, Discard, Cancel };
+    enum class CloseAnswer { Save, Discard, Cancel };
     enum class OverwriteAnswer { Overwrite, SaveAs, Cancel };
 
     virtual ~Dialogs() = default;

@@ -51,6 +51,11 @@ public:
     }
     QAction *action(const char *name) const { return child<QAction>(name); }
     void trigger(const char *name) const { action(name)->trigger(); }
+    // Files are written beside the interface thread.
+    bool waitUntilSaved()
+    {
+        return QTest::qWaitFor([this] { return !window_->isSaving(); });
+    }
 
     // False when there are not so many tracks in the end.
     bool import(const QString &file, int tracks)

@@ -92,7 +92,8 @@ private slots:
                  QStringList(QStringLiteral("Error while reading ABC file|%1: Could not open file.")
                                  .arg(fixture_->path("missing.abc"))));
         QCOMPARE(fixture_->dialogs().asked,
-                 QStringList(QStringLiteral("Choose ABC file(s) to open|ABC files (*.abc)")));
+                 QStringList(QStringLiteral("Choose ABC file(s) to open|ABC files (*.abc);;Songs (*.kvsong);;All music "
+                                            "(*.abc *.kvsong *.mid *.midi *.mml)")));
         QCOMPARE(fixture_->tracks().filePath(QStringLiteral("T1")), fixture_->path("one.abc"));
         QVERIFY(fixture_->tracks().unsavedIds().isEmpty());
     }
@@ -190,9 +191,11 @@ private slots:
         QCOMPARE(menu->actions().first()->text(), QStringLiteral("harbour-jig.mid"));
         menu->actions().first()->trigger();
         QTRY_COMPARE(fixture_->tracks().song().size(), 3);
-        RecentFiles::add(fixture_->settings(), fixture_->path("gone.abc"));
+        RecentFiles::add(fixture_->settings(), {fixture_->path("gone.abc"), fixture_->path("too.abc")});
+        emit menu->aboutToShow();
+        QCOMPARE(menu->actions().size(), 2);
         fixture_->dialogs().answerOrCancel = Dialogs::Answer::No;
-        fixture_->window().openFiles({fixture_->path("gone.abc")});
+        menu->actions().first()->trigger(); // both of the entry
         QTRY_COMPARE(fixture_->dialogs().messages.size(), 1);
         QCOMPARE(RecentFiles::list(fixture_->settings()), QStringList(jig));
     }
@@ -204,6 +207,7 @@ private slots:
         fixture_->dialogs().files =
             QStringList{fixture_->path("1.abc"), fixture_->path("2.abc"), fixture_->path("3.abc")};
         fixture_->trigger("actionSave_All");
+        QVERIFY(fixture_->waitUntilSaved());
         QVERIFY(fixture_->tracks().unsavedIds().isEmpty());
         const auto saved = [this](int row) {
             auto track = *fixture_->tracks().song()[row]->track;
@@ -219,6 +223,7 @@ private slots:
         QVERIFY(QFile::remove(fixture_->path("3.abc")));
         fixture_->dialogs().takeAsked();
         fixture_->trigger("actionSave_All"); // without a dialog
+        QVERIFY(fixture_->waitUntilSaved());
         QVERIFY(fixture_->dialogs().takeAsked().isEmpty());
         QVERIFY(fixture_->tracks().unsavedIds().isEmpty());
         QCOMPARE(WindowFixture::read(fixture_->path("1.abc")), QByteArray("of another program"));
@@ -247,6 +252,7 @@ private slots:
                 fixture_->row(0)->onSave();
             else
                 fixture_->row(0)->onSaveAs();
+            QVERIFY(fixture_->waitUntilSaved());
             QVERIFY(dialogs.takeMessages().value(0).startsWith(
                 QStringLiteral("Kelvarion Composer|%1\n%2: ").arg(failure, nowhere)));
         }
@@ -277,6 +283,7 @@ private slots:
         dialogs.takeAsked();
         dialogs.files = QStringList(fixture_->path("new.abc"));
         fixture_->trigger("actionSave_All");
+        QVERIFY(fixture_->waitUntilSaved());
         QVERIFY(dialogs.takeAsked().first().contains(QStringLiteral("'Old'")));
         QTEST(WindowFixture::read(file), "file");
         QTEST(WindowFixture::read(fixture_->path("new.abc")), "other");
@@ -304,10 +311,12 @@ private slots:
         QVERIFY(QFile::setPermissions(file, QFile::Permissions(permissions)));
         fixture_->row(0)->onTransposeUp();
         fixture_->row(0)->onSave();
+        QVERIFY(fixture_->waitUntilSaved());
         QVERIFY(objection.isEmpty() ? dialogs.asked.isEmpty() : dialogs.asked.value(0).contains(objection));
         QCOMPARE(WindowFixture::read(file) == found, !objection.isEmpty());
         dialogs.overwriteAnswer = Dialogs::OverwriteAnswer::Overwrite;
         fixture_->row(0)->onSave();
+        QVERIFY(fixture_->waitUntilSaved());
         QVERIFY(WindowFixture::read(file) != found);
         QVERIFY(fixture_->tracks().unsavedIds().isEmpty() && dialogs.messages.isEmpty());
     }
@@ -348,6 +357,7 @@ private slots:
         fixture_->dialogs().takeAsked();
         fixture_->dialogs().files = QStringList{fixture_->path("1.abc")};
         fixture_->trigger("actionSave_All");
+        QVERIFY(fixture_->waitUntilSaved());
         QCOMPARE(fixture_->dialogs().asked.size(), 2); // the second was cancelled
         QCOMPARE(fixture_->tracks().unsavedIds().size(), 2);
     }
@@ -364,33 +374,6 @@ private slots:
         fixture_->child<QWidget>("importIndicator")->findChild<QToolButton *>()->click();
         QVERIFY(!fixture_->window().isLoading());
         QVERIFY(fixture_->import(jig, 3)); // is not in the way of the next, and adds nothing
-    }
-
-    void asksBeforeClosing_data()
-    {
-        const Rows<int, bool, bool> row("answer", "canSave", "closes");
-        row("cancel", int(Dialogs::CloseAnswer::Cancel), true, false);
-        row("discard", int(Dialogs::CloseAnswer::Discard), true, true);
-        row("save", int(Dialogs::CloseAnswer::SaveAll), true, true);
-        row("save, then cancel", int(Dialogs::CloseAnswer::SaveAll), false, false);
-    }
-    void asksBeforeClosing()
-    {
-        QFETCH(int, answer);
-        QFETCH(bool, canSave);
-        QVERIFY(fixture_->window().close()); // nothing is unsaved
-        fixture_->window().show();
-        QGuiApplication::clipboard()->setText(QString::fromUtf8(abc("Pasted")));
-        fixture_->trigger("actionImport_from_Clipboard");
-        QTRY_COMPARE(fixture_->tracks().song().size(), 1);
-        fixture_->dialogs().closeAnswer = Dialogs::CloseAnswer(answer);
-        if (canSave)
-            fixture_->dialogs().files = QStringList(fixture_->path("pasted.abc"));
-        fixture_->trigger("actionExit");
-        QTEST(!fixture_->window().isVisible(), "closes");
-        QVERIFY(fixture_->dialogs().asked.first().startsWith(QStringLiteral("Kelvarion Composer|")));
-        const bool isSaved = canSave && Dialogs::CloseAnswer(answer) == Dialogs::CloseAnswer::SaveAll;
-        QCOMPARE(QFile::exists(fixture_->path("pasted.abc")), isSaved);
     }
 
     void exportsWaves()

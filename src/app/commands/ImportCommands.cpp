@@ -1,6 +1,7 @@
 #include "app/commands/ImportCommands.h"
 
 #include "app/commands/ImportQueue.h"
+#include "app/commands/SongCommands.h"
 #include "app/services/RecentFiles.h"
 #include "settings/Settings.h"
 #include "ui/Dialogs.h"
@@ -12,16 +13,34 @@
 #include <QMenu>
 #include <QMimeData>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int longestList = 20; // lines of a message
+
+// What is chosen to be opened is ABC unless its name says something else.
+SongSource chosenSource(const QString &file)
+{
+    auto source = sourceOf(file);
+    const auto suffix = QFileInfo(file).suffix().toLower();
+    if (source.kind == SongSource::Kind::TextFile && suffix != u"mml")
+        source.kind = SongSource::Kind::AbcFile;
+    return source;
+}
+
+QString nameOf(const QStringList &files)
+{
+    const auto first = QFileInfo(files.first()).fileName();
+    return files.size() == 1 ? first : ImportCommands::tr("%1 and %n more", nullptr, int(files.size()) - 1).arg(first);
+}
 
 } // namespace
 
 QVector<ActionRow> ImportCommands::actions()
 {
     return {
-        {"actionOpen", "Open", "Ctrl+O", "Open ABC file", "open", "onLoadABC()"},
+        {"actionOpen", "Open", "Ctrl+O", "Open ABC files or a song", "open", "onLoadABC()"},
         {"actionImport_MIDI", "Import MIDI", "Ctrl+Shift+M", "Import MIDI file into the editor", "midiimport",
          "onImportMidi()"},
         {"actionImport_from_Clipboard", "Import from Clipboard", "Ctrl+V", "Import an ABC track from the clipboard",
@@ -33,14 +52,16 @@ void ImportCommands::openAbc()
 {
     const auto start = context_.settings.value(Settings::AbcOpenDir).toString();
     const auto files = context_.dialogs.openFiles(&context_.window, QStringLiteral("Choose ABC file(s) to open"), start,
-                                                  QStringLiteral("ABC files (*.abc)"));
+                                                  QStringLiteral("ABC files (*.abc)") + tr(";;Songs (*.kvsong)") +
+                                                      tr(";;All music (*.abc *.kvsong *.mid *.midi *.mml)"));
     if (files.isEmpty())
         return;
     context_.settings.setValue(Settings::AbcOpenDir, QFileInfo(files.first()).absolutePath());
     QVector<SongSource> sources;
     for (const auto &file : files)
-        sources.append({SongSource::Kind::AbcFile, file});
-    queue_.load({tr("Open Tracks"), tr("Loading ABC files..."), sources});
+        sources.append(chosenSource(file));
+    if (!openSong(sources))
+        queue_.load({tr("Open Tracks"), tr("Loading ABC files..."), sources});
 }
 
 void ImportCommands::importMidi()
@@ -78,17 +99,14 @@ void ImportCommands::openFiles(const QStringList &paths)
         return;
     QMimeData files;
     QList<QUrl> urls;
-    for (const auto &path : paths) {
+    for (const auto &path : paths)
         urls.append(QUrl::fromLocalFile(path));
-        if (!QFileInfo::exists(path))
-            RecentFiles::forget(context_.settings, path);
-    }
     files.setUrls(urls);
     const auto sources = sourcesOf(files, FileOrigin::Pasted);
     if (sources.isEmpty())
         context_.dialogs.message(&context_.window, Dialogs::Severity::Warning, tr("Open Files"),
-                                 tr("These are no ABC or MIDI files."));
-    else
+                                 tr("These are no ABC or MIDI files, and no songs."));
+    else if (!openSong(sources))
         queue_.askAndLoad(QStringLiteral("Import Files"), {tr("Open Files"), tr("Loading files..."), sources});
 }
 
@@ -101,7 +119,8 @@ bool ImportCommands::acceptsDrop(const QMimeData &data)
 void ImportCommands::takeDrop(const QMimeData &data)
 {
     const auto loadDropped = [this, sources = sourcesOf(data, FileOrigin::Dropped)] {
-        queue_.askAndLoad(QStringLiteral("Import Files"), {tr("Drop Files"), tr("Loading files..."), sources});
+        if (!openSong(sources))
+            queue_.askAndLoad(QStringLiteral("Import Files"), {tr("Drop Files"), tr("Loading files..."), sources});
     };
     QMetaObject::invokeMethod(&queue_, loadDropped, Qt::QueuedConnection);
 }
@@ -109,12 +128,30 @@ void ImportCommands::takeDrop(const QMimeData &data)
 void ImportCommands::fillRecentMenu(QMenu &menu)
 {
     menu.clear();
-    for (const auto &path : RecentFiles::list(context_.settings)) {
-        auto *const entry = menu.addAction(QFileInfo(path).fileName().replace(u'&', QStringLiteral("&&")));
-        entry->setToolTip(path);
-        entry->setStatusTip(path);
-        QObject::connect(entry, &QAction::triggered, &context_.window, [=, this] { openFiles({path}); });
+    for (const auto &recent : RecentFiles::list(context_.settings)) {
+        const auto files = RecentFiles::filesOf(recent);
+        auto *const entry = menu.addAction(nameOf(files).replace(u'&', QStringLiteral("&&")));
+        entry->setToolTip(files.mid(0, longestList).join(u'\n'));
+        entry->setStatusTip(files.join(QStringLiteral(", ")));
+        QObject::connect(entry, &QAction::triggered, &context_.window, [=, this] { openRecent(recent); });
     }
+}
+
+// An entry whose files are gone goes when it is asked for.
+void ImportCommands::openRecent(const QString &entry)
+{
+    const auto files = RecentFiles::filesOf(entry);
+    if (std::none_of(files.begin(), files.end(), [](const auto &file) { return QFileInfo::exists(file); }))
+        RecentFiles::forget(context_.settings, entry);
+    openFiles(files);
+}
+
+bool ImportCommands::openSong(const QVector<SongSource> &sources)
+{
+    const bool isSong = sources.size() == 1 && sources.first().kind == SongSource::Kind::SongFile;
+    if (isSong)
+        songs_.open(sources.first().content);
+    return isSong;
 }
 
 void ImportCommands::offerToReadAgain(const QStringList &ids)

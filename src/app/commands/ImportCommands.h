@@ -2,11 +2,13 @@
 
 #include "app/commands/ActionRow.h"
 #include "app/commands/CommandContext.h"
+#include "song/SongSource.h"
 
 #include <QCoreApplication>
 #include <QVector>
 
 class ImportQueue;
+class SongCommands;
 class QMenu;
 class QMimeData;
 
@@ -16,14 +18,18 @@ class ImportCommands
     Q_DECLARE_TR_FUNCTIONS(ImportCommands)
 
 public:
-    ImportCommands(const CommandContext &context, ImportQueue &queue) : context_(context), queue_(queue) {}
+    ImportCommands(const CommandContext &context, ImportQueue &queue, SongCommands &songCommands)
+        : context_(context), queue_(queue), songs_(songCommands)
+    {
+    }
 
     static QVector<ActionRow> actions();
 
     void openAbc();
     void importMidi();
     void importClipboard();
-    // What is neither ABC nor MIDI by its name is skipped.
+    // A song file by itself takes the place of the song, among others its parts are added. What is neither ABC nor MIDI
+    // nor a song by its name is skipped.
     void openFiles(const QStringList &paths);
     static bool acceptsDrop(const QMimeData &data);
     void takeDrop(const QMimeData &data);
@@ -32,6 +38,11 @@ public:
     void offerToReadAgain(const QStringList &ids);
 
 private:
+    void openRecent(const QString &entry);
+    // Whether it was a song by itself, which is opened.
+    bool openSong(const QVector<SongSource> &sources);
+
     CommandContext context_;
     ImportQueue &queue_;
+    SongCommands &songs_;
 };

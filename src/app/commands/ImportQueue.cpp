@@ -108,8 +108,7 @@ void ImportQueue::take(const ImportRequest &request, const ReadSong &song)
     for (const auto &track : song.tracks)
         added.append({track, context_.playback.instrumentNameFor(track)});
     context_.tracks.add(request.step, added, request.existing);
-    for (const auto &file : song.readFiles)
-        RecentFiles::add(context_.settings, file);
+    RecentFiles::add(context_.settings, song.readFiles);
 }
 
 void ImportQueue::replace(const ImportRequest &request, const Track &track)

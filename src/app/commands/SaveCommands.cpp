@@ -1,13 +1,13 @@
 #include "app/commands/SaveCommands.h"
 
 #include "app/services/RecentFiles.h"
-#include "base/ErrorText.h"
 #include "base/FileState.h"
 #include "base/SafeFile.h"
 #include "settings/Settings.h"
 #include "ui/Dialogs.h"
 #include "ui/tracks/TrackList.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QWidget>
@@ -20,6 +20,36 @@ QString shownTitle(const Track &track)
 {
     const auto title = track.title();
     return title.isEmpty() ? QStringLiteral("Untitled") : title;
+}
+
+QString textOf(const Track &track)
+{
+    auto copy = track; // making the text may complete the header; a save changes nothing
+    return copy.toAbc();
+}
+
+// What a file on the way is looked at with.
+struct Found
+{
+    QString path;
+    std::optional<QString> expected; // of the track's own file
+};
+
+// Why the user is to be asked before the file is replaced; empty when he need not be.
+QString objectionTo(const Found &found)
+{
+    const auto tr = [](const char *text) { return QCoreApplication::translate("SaveCommands", text); };
+    if (found.expected && holdsAnotherText(found.path, *found.expected))
+        return tr("'%1' was changed by another program.").arg(found.path);
+    switch (protectionOf(found.path)) {
+    case FileProtection::ReadOnly:
+        return tr("'%1' is read-only.").arg(found.path);
+    case FileProtection::OfAnotherUser:
+        return tr("'%1' belongs to another user.").arg(found.path);
+    case FileProtection::None:
+        break;
+    }
+    return {};
 }
 
 } // namespace
@@ -54,49 +84,56 @@ bool SaveCommands::isInItsFile(const QString &id) const
     return context_.tracks.isFiled(id) && QFileInfo::exists(context_.tracks.filePath(id));
 }
 
-bool SaveCommands::mayClose()
+void SaveCommands::save(const QStringList &ids, const Then &then)
 {
-    const auto unsaved = context_.tracks.unsavedIds();
-    if (unsaved.isEmpty())
-        return true;
-    const auto text = tr("%n track(s) are not saved yet.\nWould you like to save them?", nullptr, int(unsaved.size()));
-    switch (context_.dialogs.askToSave(&context_.window, QStringLiteral("Kelvarion Composer"), text)) {
-    case Dialogs::CloseAnswer::SaveAll:
-        return save(unsaved);
-    case Dialogs::CloseAnswer::Discard:
-        return true;
-    case Dialogs::CloseAnswer::Cancel:
-        break;
-    }
-    return false;
-}
-
-// A dialog that is cancelled ends the command; a file that cannot be written does not.
-bool SaveCommands::save(const QStringList &ids)
-{
-    QStringList failures;
-    bool isComplete = true;
-    for (const auto &id : ids) {
-        try {
-            const auto target = agreedTarget(id, targetOf(id));
-            isComplete = target && saveTo(id, *target, failures) && isComplete;
-            if (!target)
-                break;
-        } catch (...) {
-            failures.append(QStringLiteral("%1: %2").arg(context_.tracks.filePath(id), currentErrorText()));
-            isComplete = false;
-        }
-    }
-    showFailures(failures);
-    return isComplete;
+    start({ids, Where::InItsFile, then});
 }
 
 void SaveCommands::saveAs(const QString &id)
 {
-    QStringList failures;
-    if (const auto target = agreedTarget(id, chosenTarget(id)))
-        saveTo(id, *target, failures);
-    showFailures(failures);
+    start({{id}, Where::AsChosen, {}});
+}
+
+void SaveCommands::start(const Job &job)
+{
+    jobs_.enqueue(job);
+    if (jobs_.size() == 1)
+        next();
+}
+
+void SaveCommands::next()
+{
+    auto &job = jobs_.head();
+    if (job.ids.isEmpty())
+        return finish();
+    const auto id = job.ids.takeFirst();
+    consider(id, job.where == Where::AsChosen ? chosenTarget(id) : targetOf(id));
+}
+
+// A dialog that is cancelled ends the command; a file that cannot be written does not.
+void SaveCommands::giveUp()
+{
+    jobs_.head().ids.clear();
+    jobs_.head().isComplete = false;
+    finish();
+}
+
+void SaveCommands::finish()
+{
+    const auto job = jobs_.head();
+    RecentFiles::add(context_.settings, job.written);
+    if (!job.failures.isEmpty())
+        context_.dialogs.message(&context_.window, Dialogs::Severity::Warning, programName,
+                                 job.failures.join(QStringLiteral("\n\n")));
+    jobs_.dequeue();
+    if (!jobs_.isEmpty())
+        next();
+    if (!job.written.isEmpty())
+        emit saved(job.written);
+    if (job.then)
+        job.then(job.isComplete);
+    if (jobs_.isEmpty())
+        emit idle();
 }
 
 std::optional<SaveCommands::Target> SaveCommands::targetOf(const QString &id)
@@ -124,71 +161,79 @@ std::optional<SaveCommands::Target> SaveCommands::chosenTarget(const QString &id
     return Target{path, tr("Could not open the file for saving.")};
 }
 
-// What the user wants after being told what speaks against it; nothing when he cancels.
-std::optional<SaveCommands::Target> SaveCommands::agreedTarget(const QString &id, std::optional<Target> target)
+// What speaks against a target is told before it is written; nothing was chosen when the user cancelled.
+void SaveCommands::consider(const QString &id, const std::optional<Target> &target)
 {
-    while (target) {
-        const auto objection = objectionTo(id, target->path);
+    const auto *const track = context_.tracks.find(id);
+    if (!target || !track)
+        return giveUp();
+    const auto rival = rivalOf(id, target->path);
+    if (!rival.isEmpty())
+        return decide(id, *target, rival);
+    Found found{target->path, {}};
+    if (target->path == context_.tracks.filePath(id))
+        found.expected = context_.tracks.savedText(id).value_or(textOf(*track->track));
+    const auto tell = [=, this](const QString &objection) {
         if (objection.isEmpty())
-            return target;
-        const auto question = objection + u'\n' + tr("Would you like to overwrite it?");
-        switch (context_.dialogs.askToOverwrite(&context_.window, programName, question)) {
-        case Dialogs::OverwriteAnswer::Overwrite:
-            return target;
-        case Dialogs::OverwriteAnswer::SaveAs:
-            target = chosenTarget(id);
-            break;
-        case Dialogs::OverwriteAnswer::Cancel:
-            return {};
-        }
-    }
-    return target;
+            write(id, *target);
+        else
+            decide(id, *target, objection);
+    };
+    task_.start([found](const TaskControl &) { return objectionTo(found); }, tell,
+                [=, this](const QString &reason) { noteFailure(id, *target, reason); });
 }
 
-QString SaveCommands::objectionTo(const QString &id, const QString &path) const
+void SaveCommands::decide(const QString &id, const Target &target, const QString &objection)
+{
+    const auto question = objection + u'\n' + tr("Would you like to overwrite it?");
+    switch (context_.dialogs.askToOverwrite(&context_.window, programName, question)) {
+    case Dialogs::OverwriteAnswer::Overwrite:
+        return write(id, target);
+    case Dialogs::OverwriteAnswer::SaveAs:
+        return consider(id, chosenTarget(id));
+    case Dialogs::OverwriteAnswer::Cancel:
+        return giveUp();
+    }
+}
+
+QString SaveCommands::rivalOf(const QString &id, const QString &path) const
 {
     const auto rivals = context_.tracks.rivalsFor(path, id);
-    if (!rivals.isEmpty())
-        return tr("'%1' is also the file of the track '%2', which would be lost from it.")
-            .arg(path, shownTitle(*context_.tracks.find(rivals.first())->track));
-    const auto known = context_.tracks.savedText(id);
-    if (known && path == context_.tracks.filePath(id) && holdsAnotherText(path, *known))
-        return tr("'%1' was changed by another program.").arg(path);
-    switch (protectionOf(path)) {
-    case FileProtection::ReadOnly:
-        return tr("'%1' is read-only.").arg(path);
-    case FileProtection::OfAnotherUser:
-        return tr("'%1' belongs to another user.").arg(path);
-    case FileProtection::None:
-        break;
-    }
-    return {};
+    if (rivals.isEmpty())
+        return {};
+    return tr("'%1' is also the file of the track '%2', which would be lost from it.")
+        .arg(path, shownTitle(*context_.tracks.find(rivals.first())->track));
 }
 
-bool SaveCommands::saveTo(const QString &id, const Target &target, QStringList &failures)
+void SaveCommands::write(const QString &id, const Target &target)
 {
-    const auto *const saved = context_.tracks.find(id);
-    if (!saved)
-        return false;
-    try {
-        auto track = *saved->track; // making the text may complete the header; a save changes nothing
-        SafeFile::write(target.path, track.toAbc().toUtf8());
-    } catch (...) {
-        const auto reason = currentErrorText();
-        qWarning("%s: %s", qUtf8Printable(target.path), qUtf8Printable(reason));
-        failures.append(QStringLiteral("%1\n%2: %3").arg(target.failure, target.path, reason));
-        if (target.path != context_.tracks.filePath(id))
-            context_.tracks.setFilePath(id, target.path);
-        return false;
-    }
-    context_.tracks.markSaved(id, target.path);
-    RecentFiles::add(context_.settings, target.path);
-    return true;
+    const auto *const found = context_.tracks.find(id);
+    if (!found)
+        return giveUp();
+    const auto track = found->track;
+    const auto work = [track, path = target.path](const TaskControl &) {
+        SafeFile::write(path, textOf(*track).toUtf8());
+        return track;
+    };
+    emit saving(target.path);
+    task_.start(
+        work, [=, this](const std::shared_ptr<const Track> &written) { noteWritten(id, target.path, written); },
+        [=, this](const QString &reason) { noteFailure(id, target, reason); }, std::size_t(4 * textOf(*track).size()));
 }
 
-void SaveCommands::showFailures(const QStringList &failures)
+void SaveCommands::noteWritten(const QString &id, const QString &path, const std::shared_ptr<const Track> &track)
 {
-    if (!failures.isEmpty())
-        context_.dialogs.message(&context_.window, Dialogs::Severity::Warning, programName,
-                                 failures.join(QStringLiteral("\n\n")));
+    context_.tracks.markSaved(id, path, track);
+    jobs_.head().written.append(path);
+    next();
+}
+
+void SaveCommands::noteFailure(const QString &id, const Target &target, const QString &reason)
+{
+    qWarning("%s: %s", qUtf8Printable(target.path), qUtf8Printable(reason));
+    jobs_.head().failures.append(QStringLiteral("%1\n%2: %3").arg(target.failure, target.path, reason));
+    jobs_.head().isComplete = false;
+    if (target.path != context_.tracks.filePath(id))
+        context_.tracks.setFilePath(id, target.path);
+    next();
 }

@@ -1,5 +1,6 @@
 #include "app/commands/StatusIndicators.h"
 
+#include "app/commands/SongCommands.h"
 #include "app/services/InstrumentScanTask.h"
 #include "app/services/Playback.h"
 #include "app/services/SongImport.h"
@@ -12,6 +13,8 @@
 #include <QStatusBar>
 
 namespace {
+
+constexpr int savedMs = 5000; // how long it is told
 
 void show(QLabel &notice, const QString &problem)
 {
@@ -68,6 +71,20 @@ void StatusIndicators::follow(SongImport &import)
     connect(&import, &SongImport::idle, busy, [=, this] {
         bar_.clearMessage();
         busy->finish();
+    });
+}
+
+void StatusIndicators::follow(SongCommands &songs)
+{
+    auto *const busy = addIndicator("songIndicator");
+    connect(busy, &BusyIndicator::cancelled, &songs, &SongCommands::cancelOpening);
+    connect(&songs, &SongCommands::opening, busy, [=](const QString &status) { busy->showProgress(status, 0, 0); });
+    connect(&songs, &SongCommands::openingEnded, busy, &BusyIndicator::finish);
+    connect(&songs, &SongCommands::saving, this,
+            [this](const QString &path) { bar_.showMessage(tr("Saving %1...").arg(path)); });
+    connect(&songs, &SongCommands::saved, this, [this](const QStringList &paths) {
+        const auto what = paths.size() == 1 ? paths.first() : tr("%n part(s)", nullptr, int(paths.size()));
+        bar_.showMessage(tr("Saved %1").arg(what), savedMs);
     });
 }
 

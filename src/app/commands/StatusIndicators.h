@@ -10,6 +10,7 @@ class QLabel;
 class QMainWindow;
 class QStatusBar;
 class Settings;
+class SongCommands;
 class SongImport;
 
 // The status bar: what the window is busy with, each with a button to cancel it and Esc for all, why nothing is
@@ -22,6 +23,7 @@ public:
     explicit StatusIndicators(QMainWindow &window); // all of them outlive this
 
     void follow(SongImport &import);
+    void follow(SongCommands &songs);
     void follow(InstrumentScanTask &scan);
     void follow(Playback &playback);
 

@@ -3,8 +3,6 @@
 #include "base/FileState.h"
 #include "ui/tracks/TrackList.h"
 
-#include <QDateTime>
-#include <QFileInfo>
 #include <QVector>
 
 namespace {
@@ -21,12 +19,6 @@ struct Findings
     QHash<QString, QString> known;
     QStringList changed;
 };
-
-QString stampOf(const QString &path)
-{
-    const QFileInfo file(path);
-    return QStringLiteral("%1 %2").arg(file.size()).arg(file.lastModified().toMSecsSinceEpoch());
-}
 
 QVector<FiledTrack> filedTracks(const TrackList &list)
 {

@@ -84,7 +84,7 @@ QString SongSession::name() const
         return rest_.title;
     if (!file_.isEmpty())
         return QFileInfo(file_).completeBaseName();
-    return rest_.imports.isEmpty() ? QString() : QFileInfo(rest_.imports.first().path).completeBaseName();
+    return rest_.imports.isEmpty() ? tr("Untitled") : QFileInfo(rest_.imports.first().path).completeBaseName();
 }
 
 bool SongSession::isUnsaved() const
@@ -92,6 +92,14 @@ bool SongSession::isUnsaved() const
     if (saved_)
         return !isSameWork(song(), *saved_);
     return isRecovered_ || !tracks_.unsavedIds().isEmpty() || hasLostParts() || !isAsItCame();
+}
+
+bool SongSession::isSavedByPartsAlone() const
+{
+    const auto unsaved = tracks_.unsavedIds();
+    const auto hasFile = [this](const QString &id) { return !tracks_.filePath(id).isEmpty(); };
+    return !saved_ && !isRecovered_ && !hasLostParts() && isAsItCame() &&
+           std::all_of(unsaved.begin(), unsaved.end(), hasFile);
 }
 
 bool SongSession::isBlank() const

@@ -45,11 +45,13 @@ public:
     JournalledSong journalled() const { return {song(), file_, !isUnsaved()}; }
     // The song file, absolute; empty while there is none.
     const QString &file() const { return file_; }
-    // For people: its title, or the name of its file or of what it was imported from; empty when it has none.
+    // For people: its title, or the name of its file or of what it was imported from; or else "Untitled".
     QString name() const;
     // Whether something would be lost now. A song without a song file is saved when all its parts are in their files,
     // none was removed that was not, and their mix, order and instruments are as they came.
     bool isUnsaved() const;
+    // Whether it would be saved when its parts were written to the files that they have.
+    bool isSavedByPartsAlone() const;
     // Nothing is in it, and nothing would be lost.
     bool isBlank() const;
 

@@ -5,6 +5,8 @@
 #include <QStyle>
 #include <QStyleOptionFocusRect>
 
+#include <utility>
+
 TitleLabel::TitleLabel(QWidget *parent) : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
@@ -16,10 +18,18 @@ QSize TitleLabel::minimumSizeHint() const
     return {fontMetrics().averageCharWidth() * 4, QLabel::minimumSizeHint().height()};
 }
 
+void TitleLabel::setMarked(bool isMarked)
+{
+    if (std::exchange(isMarked_, isMarked) != isMarked)
+        update();
+}
+
 void TitleLabel::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    const auto shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
+    const auto mark = isMarked_ ? QStringLiteral("*") : QString();
+    const auto room = width() - fontMetrics().horizontalAdvance(mark);
+    const auto shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, room) + mark;
     style()->drawItemText(&painter, rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), shown,
                           foregroundRole());
     if (!hasFocus())

@@ -13,6 +13,9 @@ public:
 
     QSize minimumSizeHint() const override;
 
+    // Shows a mark behind the title.
+    void setMarked(bool isMarked);
+
 signals:
     void doubleClicked();
 
@@ -20,4 +23,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    bool isMarked_ = false;
 };

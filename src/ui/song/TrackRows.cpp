@@ -26,6 +26,7 @@ TrackRows::TrackRows(TrackList &tracks, InstrumentSetModel &instruments, Setting
     dropMark_->setBackgroundRole(QPalette::Highlight);
     dropMark_->hide();
     connect(&tracks_, &TrackList::songChanged, this, &TrackRows::follow);
+    connect(&tracks_, &TrackList::filesChanged, this, &TrackRows::markChanged);
     connect(&tracks_, &TrackList::selectionChanged, this, [this](const QString &id, bool isSelected) {
         if (auto *const selected = row(id))
             selected->setSelected(isSelected);
@@ -42,6 +43,7 @@ void TrackRows::follow(const SongTracks &before, const SongTracks &after)
     const auto length = tracks_.commonLength();
     for (auto *const each : std::as_const(rows_))
         each->setCommonLength(length);
+    markChanged();
     hint_->setVisible(after.isEmpty());
     setUpdatesEnabled(true);
     tellOfNew(before, after);
@@ -59,6 +61,12 @@ void TrackRows::tellOfNew(const SongTracks &before, const SongTracks &after)
     const auto last = std::find_if(after.rbegin(), after.rend(), isNew);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest); // so that they have their places
     emit grown(row((*first)->id)->y(), row((*last)->id)->geometry().bottom());
+}
+
+void TrackRows::markChanged()
+{
+    for (auto each = rows_.begin(); each != rows_.end(); ++each)
+        (*each)->setDiffersFromFile(!tracks_.filePath(each.key()).isEmpty() && tracks_.isUnsaved(each.key()));
 }
 
 void TrackRows::removeAbsent(const SongTracks &song)

@@ -35,6 +35,7 @@ private:
     void follow(const SongTracks &before, const SongTracks &after);
     void removeAbsent(const SongTracks &song);
     void show(const std::shared_ptr<const SongTrack> &track);
+    void markChanged();
     void arrange(const SongTracks &song);
     void tellOfNew(const SongTracks &before, const SongTracks &after);
     void chainTabStops(const SongTracks &song);

@@ -90,6 +90,14 @@ void TrackWidget::showMuted(bool isMuted)
     wVis_->setMuted(isMuted);
 }
 
+void TrackWidget::setDiffersFromFile(bool differs)
+{
+    const auto title = tr("Track Title");
+    lblTitle_->setMarked(differs);
+    lblTitle_->setToolTip(differs ? tr("%1; the track differs from its file").arg(title) : title);
+    lblTitle_->setAccessibleDescription(differs ? tr("differs from its file") : QString());
+}
+
 int TrackWidget::volumePercent() const
 {
     return dlVolume_->value();

@@ -38,6 +38,9 @@ public:
     bool isSelected() const;
     void setSelected(bool selected);
 
+    // That its file holds something else.
+    void setDiffersFromFile(bool differs);
+
     // What the controls say: what is shown, and while its signal is announced what the user wants.
     bool isMuted() const;
     int volumePercent() const; // 0..100
