@@ -6,6 +6,7 @@
 #include "ui/Dialogs.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QTimer>
 
 #include <algorithm>
@@ -15,18 +16,24 @@ namespace {
 
 constexpr int longestList = 20; // lines of a message
 
-QString named(const ReadingError &error)
+QString named(const QString &file, const QString &text)
 {
-    return error.path.isEmpty() ? error.text : QStringLiteral("%1: %2").arg(error.path, error.text);
+    return file.isEmpty() ? text : QStringLiteral("%1: %2").arg(file, text);
+}
+
+// Short enough for one line of the box.
+QString lineOf(const ReadingError &error)
+{
+    return named(QFileInfo(error.path).fileName(), error.text.section(u'\n', 0, 0));
 }
 
 QString listOf(const QVector<ReadingError> &errors)
 {
     if (errors.size() == 1)
-        return named(errors.first());
+        return named(errors.first().path, errors.first().text);
     QStringList lines;
     for (const auto &error : errors.mid(0, longestList))
-        lines.append(named(error).section(u'\n', 0, 0));
+        lines.append(lineOf(error));
     if (const auto more = errors.size() - lines.size(); more > 0)
         lines.append(ImportQueue::tr("%n more could not be read.", nullptr, int(more)));
     return lines.join(u'\n');
