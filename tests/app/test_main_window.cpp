@@ -11,6 +11,8 @@
 #include <QDial>
 #include <QDialog>
 #include <QLabel>
+#include <QMenu>
+#include <QMessageBox>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTcpServer>
@@ -41,6 +43,7 @@ private slots:
     {
         QVERIFY(fixture_->child<QWidget>("emptyHint")->isVisible());
         QVERIFY(fixture_->child<QComboBox>("instrumentList")->count() > 5);
+        QVERIFY(fixture_->child<QComboBox>("instrumentList")->isVisible());
         QVERIFY(!fixture_->action("actionPlay")->isEnabled());
         for (const auto *const button : {"btnHintImport", "btnHintOpen"})
             fixture_->child<QPushButton>(button)->click();
@@ -49,6 +52,19 @@ private slots:
         QCOMPARE(fixture_->titles(), QStringList(QStringLiteral("Untitled")));
         QVERIFY(!fixture_->child<QWidget>("emptyHint")->isVisible());
         QCOMPARE(fixture_->row(0)->instrumentName(), fixture_->child<QComboBox>("instrumentList")->currentText());
+    }
+
+    void everyCommandIsInAMenu()
+    {
+        QSet<QAction *> inMenus;
+        for (const auto *const menu : fixture_->window().findChildren<QMenu *>()) {
+            for (auto *const action : menu->actions())
+                inMenus.insert(action);
+        }
+        for (auto *const action : fixture_->window().findChildren<QAction *>()) {
+            if (action->objectName().startsWith(QStringLiteral("action")))
+                QVERIFY2(inMenus.contains(action), qPrintable(action->objectName()));
+        }
     }
 
     void showsTracksOfAGameWithoutInstruments()
@@ -223,6 +239,7 @@ private slots:
         fixture_->inRow<QToolButton>(2, "btnUp")->click();
         QCOMPARE(fixture_->titles(), (QStringList{names[0], names[2], names[1]}));
         QCoreApplication::processEvents();
+        QVERIFY(fixture_->child<TrackRows>("scrollAreaWidgetContents")->updatesEnabled());
         QVERIFY(fixture_->row(1)->y() < fixture_->row(2)->y() && fixture_->row(0)->y() < fixture_->row(1)->y());
         fixture_->window().activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&fixture_->window()));
@@ -320,6 +337,8 @@ private slots:
         for (auto *const editor : fixture_->window().findChildren<AbcEditorWindow *>())
             editor->document().replaceText(QString::fromUtf8(abc("Edited")), QStringLiteral("Type"));
         fixture_->trigger("actionClear_Tracks");
+        fixture_->dialogs().closeAnswer = Dialogs::CloseAnswer::Discard;
+        QVERIFY(!fixture_->window().close()); // an editor's question is not answered
         fixture_->dialogs().answerOrCancel = Dialogs::Answer::Yes;
         fixture_->dialogs().closeAnswer = Dialogs::CloseAnswer::Cancel;
         QVERIFY(!fixture_->window().close());
@@ -348,6 +367,23 @@ private slots:
         QVERIFY(QDir().rmdir(fixture_->path("Composer.cfg")));
         fixture_->settings().setValue(Settings::LoadMods, false);
         QTRY_VERIFY(!problem->isVisible());
+    }
+
+    void showsMessages()
+    {
+        using Severity = Dialogs::Severity;
+        for (const auto &[severity, icon] : {std::pair(Severity::Information, QMessageBox::Information),
+                                             {Severity::Warning, QMessageBox::Warning},
+                                             {Severity::Critical, QMessageBox::Critical}}) {
+            int shown = -1;
+            QTimer::singleShot(0, this, [&] {
+                auto *const box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+                shown = box ? int(box->icon()) : -1;
+                QApplication::activeModalWidget()->close();
+            });
+            DesktopDialogs().message(&fixture_->window(), severity, {}, QStringLiteral("Text"));
+            QCOMPARE(shown, int(icon));
+        }
     }
 
     // Whatever the server says.

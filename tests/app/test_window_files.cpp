@@ -12,6 +12,7 @@
 #include <QDialog>
 #include <QMenu>
 #include <QMimeData>
+#include <QStatusBar>
 #include <QToolButton>
 
 class TestWindowFiles : public QObject
@@ -192,6 +193,7 @@ private slots:
         menu->actions().first()->trigger();
         QTRY_COMPARE(fixture_->tracks().song().size(), 3);
         RecentFiles::add(fixture_->settings(), {fixture_->path("gone.abc"), fixture_->path("too.abc")});
+        RecentFiles::add(fixture_->settings(), {QStringLiteral("/two\nlines.abc")});
         emit menu->aboutToShow();
         QCOMPARE(menu->actions().size(), 2);
         fixture_->dialogs().answerOrCancel = Dialogs::Answer::No;
@@ -371,8 +373,9 @@ private slots:
         fixture_->dialogs().files =
             QStringList(fixture_->write("long.mid", MidiBytes::file({notes + MidiBytes::endOfTrack()})));
         fixture_->trigger("actionImport_MIDI");
+        QVERIFY(!fixture_->window().statusBar()->currentMessage().isEmpty());
         fixture_->child<QWidget>("importIndicator")->findChild<QToolButton *>()->click();
-        QVERIFY(!fixture_->window().isLoading());
+        QVERIFY(!fixture_->window().isLoading() && fixture_->window().statusBar()->currentMessage().isEmpty());
         QVERIFY(fixture_->import(jig, 3)); // is not in the way of the next, and adds nothing
     }
 

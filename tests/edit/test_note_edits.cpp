@@ -201,6 +201,23 @@ private slots:
         QCOMPARE(numbers(marks.notes()), QStringLiteral("0 3"));
     }
 
+    void findsTheDifferenceOfTexts()
+    {
+        const QStringList texts{QString(),
+                                QStringLiteral("a"),
+                                QStringLiteral("aa"),
+                                QStringLiteral("ab"),
+                                QStringLiteral("abcab"),
+                                QStringLiteral("xab")};
+        for (const auto &from : texts) {
+            for (const auto &to : texts) {
+                const auto change = difference(from, to);
+                QCOMPARE(applyChanges(from, {change}), to);
+                QVERIFY(from != to || (change.range.length == 0 && change.text.isEmpty()));
+            }
+        }
+    }
+
     // Only because each start is looked through once does this come to an end.
     void findsTheNotesOfGiantChords()
     {

@@ -245,6 +245,11 @@ private slots:
         reader.close();
         QVERIFY(reader.hasFile(file));
         QCOMPARE(reader.getFile(file), QByteArray("abc"));
+
+        const auto legacy = opened<LegacyPakReader>(LegacyPackage{{{file, "abc"}}}.bytes());
+        QVERIFY(legacy->hasFile(file));
+        legacy->open();
+        QCOMPARE(legacy->getFile(file), QByteArray("abc"));
     }
 
     void legacyFiles_data()

@@ -149,8 +149,9 @@ private slots:
     {
         const auto tunes =
             importStandardAbc(QStringLiteral("%abc-2.1\r\nL:1/4\r\nM:3/4\r\n\r\nfree CDE text\r\n\r\n"
-                                             "X:7\r\nT:One\r\nK:C\r\nC\r\n \r\nmore free text: CCC\r\n\r\n"
+                                             "X:7\r\nT:One\r\nC:Me\r\nK:C\r\nC\r\n \r\nmore free text: CCC\r\n\r\n"
                                              "X:8\nL:1/8\nK:C\nV:1\nD\nV:2 name=\"Low B\"\nE\n\nT:Three\nK:C\nF"));
+        QCOMPARE(tunes[0].voices[0].track.headerField(QStringLiteral("C")), QStringLiteral("Me"));
         QStringList shown;
         for (const auto &tune : tunes) {
             for (const auto &voice : tune.voices)

@@ -4,6 +4,7 @@
 #include "ui/roll/PianoRoll.h"
 
 #include <QDialogButtonBox>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QSlider>
 #include <QTimer>
@@ -68,6 +69,16 @@ private slots:
         QCOMPARE(editor.body(), QStringLiteral("C D [EG] F\n"));
         document.setCaretTick(2 * ticksPerQuarter);
         QVERIFY(editor.plainText().mid(editor.text->textCursor().position()).startsWith(QStringLiteral("[EG]")));
+    }
+
+    void beginsWithTheRollAsItWas()
+    {
+        EditorFixture editor;
+        for (const bool isVisible : {true, false}) {
+            editor.settings.setValue(Settings::PianoRollVisible, isVisible);
+            AbcEditorWindow other(editor.settings, editor.dialogs, editor.player);
+            QCOMPARE(other.findChild<PianoRoll *>()->isVisibleTo(&other), isVisible);
+        }
     }
 
     void transforms()
@@ -164,6 +175,8 @@ private slots:
         QVERIFY(!editor.window.isWindowModified());
         QCOMPARE(describe(applied.first().first().value<Track>()),
                  QStringLiteral("64@0+10080 60@10080+10080 62@20160+10080"));
+        emit qobject_cast<QMenu *>(editor.window.menuBar()->actions()[1]->menu())->aboutToShow();
+        QCOMPARE(editor.child<QAction>("actionUndo")->text(), QStringLiteral("&Undo Typing"));
         editor.trigger("actionUndo");
         QVERIFY(editor.window.isWindowModified());
         QCOMPARE(editor.body(), QStringLiteral("C D\n"));

@@ -1,6 +1,7 @@
 #include "ui/EditorFixture.h"
 #include "ui/text/EditorColours.h"
 #include "ui/text/FindBar.h"
+#include "ui/text/LineNumbers.h"
 #include "ui/text/ProblemList.h"
 
 #include <QComboBox>
@@ -138,13 +139,13 @@ private slots:
 
     void statusTellsTheCaret()
     {
-        EditorFixture editor("C4 | ^F2 z\n");
+        EditorFixture editor("[M:3/4]C3 | ^F2 z\n");
         const auto status = [&editor](int column) {
             editor.select(column, column);
             return QStringList{editor.label("lblPlace"), editor.label("lblTime"), editor.label("lblNote")}.join(u'|');
         };
-        QCOMPARE(status(6), QStringLiteral("Line 7, column 7|Measure 2, beat 1, tick 40320|F♯4, 1/2"));
-        QCOMPARE(status(9), QStringLiteral("Line 7, column 10|Measure 2, beat 3, tick 60480|"));
+        QCOMPARE(status(13), QStringLiteral("Line 7, column 14|Measure 2, beat 1, tick 30240|F♯4, 1/2"));
+        QCOMPARE(status(16), QStringLiteral("Line 7, column 17|Measure 2, beat 3, tick 50400|"));
     }
 
     void goesToLines()
@@ -161,6 +162,10 @@ private slots:
         QVERIFY(editor.text->viewport()->rect().contains(editor.text->cursorRect()));
         QCOMPARE(lineFor("99999999999"), 249);
         QCOMPARE(lineFor("5000"), editor.text->blockCount() - 1);
+        const auto numbers = editor.text->findChild<LineNumbers *>()->grab().toImage();
+        auto blank = numbers;
+        blank.fill(numbers.pixelColor(0, 0));
+        QVERIFY(numbers != blank);
         const auto size = editor.text->font().pointSizeF();
         editor.trigger("actionZoomIn");
         QVERIFY(editor.text->font().pointSizeF() > size);
