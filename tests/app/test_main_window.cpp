@@ -82,6 +82,10 @@ private slots:
     {
         QVERIFY(fixture_->import(jig, 3));
         auto *const overview = fixture_->inRow<TrackVisualizationWidget>(0, "wVis");
+        QSignalSpy loading(fixture_->window().findChild<TrackPlayer *>(), &TrackPlayer::loadingSample);
+        emit fixture_->row(0)->previewNote(60);
+        QTRY_COMPARE(loading.size(), 1);
+        emit fixture_->row(0)->stopPreview();
         fixture_->trigger("actionPlay");
         QTRY_VERIFY(overview->position() > 40320);
         QVERIFY(fixture_->action("actionStop")->isEnabled());
@@ -284,7 +288,10 @@ private slots:
         QCOMPARE(fixture_->tracks().history().undoText(), QStringLiteral("Move Track"));
         QVERIFY(drop(1, 0, 0.8)); // where it is
         QVERIFY(drop(1, 2, 0.2));
-        QTest::keyClick(drag(0, 2, 0.8), Qt::Key_Escape);
+        auto *const held = drag(0, 2, 0.8);
+        QTest::mouseRelease(held, Qt::RightButton, {}, mouse); // which did not begin it
+        QVERIFY(mark->isVisible());
+        QTest::keyClick(held, Qt::Key_Escape);
         QVERIFY(!mark->isVisible());
         QCOMPARE(fixture_->tracks().history().count(), 3);
         fixture_->trigger("actionUndo");

@@ -134,6 +134,8 @@ private slots:
         row("halves", "Q:1/4=72.5; K:C", "72.5");
         row("from to", "Q:1/4=100-120; K:C", "100");
         row("nonsense", "Q:quick; K:C", "120");
+        row("none at all", "Q:1/4=0; K:C", "120");
+        row("too many", "Q:1/4=200000; K:C", "120");
     }
 
     void readsTempos()

@@ -156,6 +156,7 @@ private slots:
         row("as long as the last one", "C3", "1.5:60 Shift+Right Esc End Ins", "0+4:60 4+4:60* @8:60", 2);
         row("duplicate", "CDE", "1.5:62 Shift+2.5:64 Ctrl+D", "0+1:60 1+1:62 2+1:64 3+1:62* 4+1:64* @2:64", 1);
         row("cut and paste", "CDEF", "1.5:62 Ctrl+X End Ctrl+V", "0+1:60 2+1:64 3+1:65 4+1:62* @5:62", 2);
+        row("paste among others", "CDEF", "1.5:62 Ctrl+C Home Ctrl+V", "0+1:60 0+1:62* 1+1:62 2+1:64 3+1:65 @1:62", 1);
         row("from keys alone", "", "Home Ins Ins Up Up Ins Esc Right Shift+Right Ins Shift+Right",
             "0+1:60 1+1:62 2+1:62 4+2:62* @5:62", 7);
         row("paste what was typed", "C", "End =G2_[ce]_]]_nonsense Ctrl+V",
