@@ -26,11 +26,12 @@ Sound decoded(const QByteArray &bytes)
     return sound;
 }
 
-// How loud the first channel is at a frequency, up to a factor, after its noisy beginning.
+// How loud the first channel is at a frequency, up to a factor, after its noisy beginning: in as many cycles as tell it
+// from a semitone beside it.
 double loudnessAt(const SoundData &sound, double hertz)
 {
     const auto begin = std::size_t(sound.sampleRate() / 20);
-    const auto end = std::min(sound.frames(), std::size_t(sound.sampleRate() * 2));
+    const auto end = std::min(sound.frames(), begin + std::size_t(sound.sampleRate() * std::min(2.0, 100 / hertz)));
     const auto turn = std::polar(1.0, -2 * std::numbers::pi * hertz / sound.sampleRate());
     std::complex<double> sum = 0, phase = 1;
     for (auto i = begin; i < end; ++i, phase *= turn) {

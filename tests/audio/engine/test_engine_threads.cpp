@@ -17,7 +17,7 @@ private slots:
     void ringKeepsOrder()
     {
         SpscRing<int, 8> ring;
-        constexpr int items = 20000;
+        constexpr int items = 5000;
         std::thread writer([&ring] {
             for (int i = 0; i < items;)
                 if (ring.push(i))

@@ -61,7 +61,6 @@ private slots:
     {
         folder_ = std::make_unique<QTemporaryDir>();
         settings_ = std::make_unique<Settings>(folder_->filePath(QStringLiteral("settings.cfg")));
-        settings_->setValue(Settings::AbcSaveDir, folder_->path());
         instruments_ = std::make_unique<InstrumentSetModel>(
             catalogue({QStringLiteral("flute"), QStringLiteral("lute"), QStringLiteral("piano")}));
         dialogs_ = std::make_unique<AnsweringDialogs>();
@@ -82,6 +81,7 @@ private slots:
     void cleanup()
     {
         row_.reset();
+        settings_.reset(); // before their folder, which they would make again
         signals_.clear();
     }
 
