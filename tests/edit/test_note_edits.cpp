@@ -102,6 +102,9 @@ private slots:
         row("line breaks", "C4\n", "insert 16 4 64", "C4\nE\n");
         // A multi-measure rest holds its measures together; there the tune is written anew.
         row("into a rest of measures", "Z4 | C\n", "insert 4 4 64", "z E z14 \nC \n");
+        row("the same twice, and one that is not there", "C D\n", "change 99 0 4 60;change 62 4 4 64;change 62 4 4 65",
+            "C E\n");
+        row("spelled in its key", "[K:F]C D\n", "change 62 4 4 63", "[K:F]C _E\n");
         row("nothing new", "C D\n", "change 60 0 4 60;remove 99", "");
         row("on a note of the same pitch", "C D\n", "change 62 0 4 60", "C\n");
         row("out of every range", "C D\n", "change 62 -9 0 200", "[c'''/10080C]\n");

@@ -383,6 +383,8 @@ private slots:
 
     void showsWhereThingsHappen()
     {
+        Fixture high("c'''8");
+        QVERIFY(high.canvas()->rect().contains(high.at(1, 108)));
         Fixture fixture(longTune);
         const auto isVisible = [&](double eighths) {
             return fixture.canvas()->rect().contains(fixture.at(eighths, 60));
