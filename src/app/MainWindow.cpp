@@ -44,8 +44,8 @@ QScrollArea *scrolled(TrackRows *rows)
 MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
     : QMainWindow(parent), settings_(services.settings), dialogs_(services.dialogs), player_(services.makeEngine, this),
       playback_(tracks_, instruments_, player_),
-      editors_(tracks_, playback_, settings_, dialogs_, services.makeEngine, this), updates_(services.updateAddress),
-      rows_(new TrackRows(tracks_, instruments_, settings_, dialogs_, this)),
+      editors_(session_, tracks_, playback_, settings_, dialogs_, services.makeEngine, this),
+      updates_(services.updateAddress), rows_(new TrackRows(tracks_, instruments_, settings_, dialogs_, this)),
       instrumentList_(new InstrumentComboBox(instruments_, this)), masterMeter_(new VUMeter(Qt::Horizontal, this)),
       masterVolume_(new QSlider(Qt::Horizontal, this)), importQueue_(context()), save_(context()),
       songs_(context(), save_, [this] { return editors_.closeAll(); }), import_(context(), importQueue_, songs_),
@@ -97,6 +97,7 @@ void MainWindow::connectParts()
     connect(rows_->hint(), &EmptyHint::importMidi, this, &MainWindow::onImportMidi);
     connect(rows_->hint(), &EmptyHint::openAbc, this, &MainWindow::onLoadABC);
     connect(&editors_, &EditorWindows::applied, this, &MainWindow::onEdited);
+    connect(&editors_, &EditorWindows::saveRequested, this, [this](const QString &id) { save_.save(id); });
     connect(&instrumentCommands_, &InstrumentCommands::scanned, &importQueue_, &ImportQueue::open);
     connect(&instrumentCommands_, &InstrumentCommands::scanned, &songs_, &SongCommands::begin);
     connect(instrumentList_, &QComboBox::currentTextChanged, this, &MainWindow::onDefaultInstrumentChanged);
@@ -114,6 +115,7 @@ void MainWindow::connectParts()
         connect(application, &Application::failed, this, &MainWindow::showFailure);
     session_.setMasterVolume(masterVolume_->value());
     connect(&session_, &SongSession::changed, this, &MainWindow::showTitle);
+    connect(&session_, &SongSession::changed, this, &MainWindow::showDrafts);
     connect(&session_, &SongSession::opened, this, &MainWindow::showSong);
     connect(&songs_, &SongCommands::leaving, this, &MainWindow::stopArrivals);
     connect(&importQueue_.reading(), &SongImport::imported, this,
@@ -140,6 +142,7 @@ void MainWindow::connectPlayer()
 
 void MainWindow::connectRow(const QString &id, TrackWidget *row)
 {
+    row->setHasDraft(session_.draft(id).has_value());
     connect(row, &TrackWidget::trackMuteChanged, this, [=, this] { onTrackMuteChanged(id); });
     connect(row, &TrackWidget::trackSolo, this, [=, this] { onTrackSolo(id); });
     connect(row, &TrackWidget::trackInstrumentChanged, this, [=, this] { onTrackInstrumentChanged(id); });
@@ -158,6 +161,14 @@ void MainWindow::connectRow(const QString &id, TrackWidget *row)
     connect(row, &TrackWidget::editorRequested, this, [=, this] { editors_.open(id); });
     connect(row, &TrackWidget::saveRequested, this, [=, this] { save_.save(id); });
     connect(row, &TrackWidget::saveAsRequested, this, [=, this] { save_.saveAs(id); });
+}
+
+void MainWindow::showDrafts()
+{
+    for (const auto &id : tracks_.ids()) {
+        if (auto *const row = rows_->row(id))
+            row->setHasDraft(session_.draft(id).has_value());
+    }
 }
 
 void MainWindow::updateActions()

@@ -137,6 +137,7 @@ private:
     void connectRow(const QString &id, TrackWidget *row);
     void onEdited(const QString &trackId, const Track &track);
     void onSettingChanged(Settings::Setting setting, const QVariant &value);
+    void showDrafts();
     void updateActions();
     void showTitle();
     void showSong();

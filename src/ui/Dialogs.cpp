@@ -131,6 +131,23 @@ Dialogs::OverwriteAnswer DesktopDialogs::askToOverwrite(QWidget *parent, const Q
     return box.clickedButton() == saveAs ? OverwriteAnswer::SaveAs : OverwriteAnswer::Cancel;
 }
 
+Dialogs::DraftAnswer DesktopDialogs::askAboutDraft(QWidget *parent, const QString &title, const QString &text)
+{
+    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText);
+    auto *const fix = box.addButton(QCoreApplication::translate("Dialogs", "&Fix Errors"), QMessageBox::RejectRole);
+    const auto *const keep =
+        box.addButton(QCoreApplication::translate("Dialogs", "&Keep as Draft"), QMessageBox::AcceptRole);
+    const auto *const discard =
+        box.addButton(QCoreApplication::translate("Dialogs", "&Discard Changes"), QMessageBox::DestructiveRole);
+    box.setDefaultButton(fix);
+    box.setEscapeButton(fix);
+    box.exec();
+    if (box.clickedButton() == keep)
+        return DraftAnswer::KeepAsDraft;
+    return box.clickedButton() == discard ? DraftAnswer::Discard : DraftAnswer::Fix;
+}
+
 void DesktopDialogs::openInBrowser(const QUrl &address)
 {
     if (address.scheme() == QLatin1String("http") || address.scheme() == QLatin1String("https"))

@@ -18,6 +18,7 @@ public:
     enum class Answer { Yes, No };
     enum class CloseAnswer { Save, Discard, Cancel };
     enum class OverwriteAnswer { Overwrite, SaveAs, Cancel };
+    enum class DraftAnswer { Fix, KeepAsDraft, Discard };
 
     virtual ~Dialogs() = default;
 
@@ -38,6 +39,7 @@ public:
     virtual std::optional<Answer> askOrCancel(QWidget *parent, const QString &title, const QString &text) = 0;
     virtual CloseAnswer askToSave(QWidget *parent, const QString &title, const QString &text) = 0;
     virtual OverwriteAnswer askToOverwrite(QWidget *parent, const QString &title, const QString &text) = 0;
+    virtual DraftAnswer askAboutDraft(QWidget *parent, const QString &title, const QString &text) = 0;
 
     virtual void openInBrowser(const QUrl &address) = 0; // http and https only; others are ignored
 };
@@ -60,5 +62,6 @@ public:
     std::optional<Answer> askOrCancel(QWidget *parent, const QString &title, const QString &text) override;
     CloseAnswer askToSave(QWidget *parent, const QString &title, const QString &text) override;
     OverwriteAnswer askToOverwrite(QWidget *parent, const QString &title, const QString &text) override;
+    DraftAnswer askAboutDraft(QWidget *parent, const QString &title, const QString &text) override;
     void openInBrowser(const QUrl &address) override;
 };

@@ -14,6 +14,7 @@ public:
     std::optional<Answer> answerOrCancel;
     CloseAnswer closeAnswer = CloseAnswer::Cancel;
     OverwriteAnswer overwriteAnswer = OverwriteAnswer::Cancel;
+    DraftAnswer draftAnswer = DraftAnswer::Fix;
 
     QStringList asked;
     QStringList messages;
@@ -77,6 +78,11 @@ public:
     {
         note(title, text, {});
         return overwriteAnswer;
+    }
+    DraftAnswer askAboutDraft(QWidget *, const QString &title, const QString &text) override
+    {
+        note(title, text, {});
+        return draftAnswer;
     }
     void openInBrowser(const QUrl &address) override { opened.append(address); }
 

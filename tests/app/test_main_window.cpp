@@ -332,6 +332,39 @@ private slots:
         QVERIFY(editors.first()->close());
     }
 
+    void keepsDrafts()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        const auto open = [&]() -> AbcEditorWindow & {
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            fixture_->inRow<QToolButton>(0, "btnEdit")->click();
+            return *fixture_->window().findChild<AbcEditorWindow *>();
+        };
+        auto &first = open();
+        const auto applied = first.document().text()->toPlainText();
+        const auto broken = applied + QStringLiteral("?\n");
+        first.document().replaceText(broken, QStringLiteral("Type"));
+        QTRY_VERIFY(fixture_->inRow<QLabel>(0, "lblDraft")->isVisible());
+        fixture_->dialogs().draftAnswer = Dialogs::DraftAnswer::KeepAsDraft;
+        QVERIFY(first.close());
+        QVERIFY(fixture_->inRow<QLabel>(0, "lblDraft")->isVisible());
+        fixture_->inRow<QToolButton>(0, "btnDelete")->click();
+        fixture_->trigger("actionUndo");
+        QTRY_VERIFY(fixture_->inRow<QLabel>(0, "lblDraft")->isVisible());
+
+        auto &second = open();
+        QCOMPARE(second.document().text()->toPlainText(), broken);
+        QVERIFY(second.isWindowModified());
+        second.document().undo();
+        QCOMPARE(second.document().text()->toPlainText(), applied);
+        QTRY_VERIFY(!fixture_->inRow<QLabel>(0, "lblDraft")->isVisible());
+        second.document().redo();
+        fixture_->dialogs().draftAnswer = Dialogs::DraftAnswer::Discard;
+        QVERIFY(second.close());
+        QVERIFY(!fixture_->inRow<QLabel>(0, "lblDraft")->isVisible());
+        QCOMPARE(open().document().text()->toPlainText(), applied);
+    }
+
     // Their files hold what was there before the edits.
     void closesWithEditsOfRemovedTracks()
     {

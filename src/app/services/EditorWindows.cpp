@@ -1,41 +1,120 @@
 #include "app/services/EditorWindows.h"
 
+#include "app/services/SongSession.h"
 #include "ui/editor/AbcEditorWindow.h"
 
-EditorWindows::EditorWindows(TrackList &tracks, const Playback &playback, Settings &settings, Dialogs &dialogs,
-                             EngineFactory makeEngine, QWidget *parent)
-    : QObject(parent), tracks_(tracks), playback_(playback), settings_(settings), dialogs_(dialogs),
+namespace {
+
+constexpr int typingPauseMs = 300; // while somebody types, the draft is handed in so often
+
+}
+
+EditorWindows::EditorWindows(SongSession &session, TrackList &tracks, const Playback &playback, Settings &settings,
+                             Dialogs &dialogs, EngineFactory makeEngine, QWidget *parent)
+    : QObject(parent), session_(session), tracks_(tracks), playback_(playback), settings_(settings), dialogs_(dialogs),
       makeEngine_(std::move(makeEngine)), parent_(parent)
 {
+    typing_.setSingleShot(true);
+    typing_.setInterval(typingPauseMs);
+    connect(&typing_, &QTimer::timeout, this, &EditorWindows::handInDrafts);
+    // No state of the song lacks what was typed before it.
+    connect(&session_, &SongSession::changed, this, [this] {
+        if (typing_.isActive())
+            handInDrafts();
+    });
+    connect(&session_, &SongSession::aboutToSave, this, &EditorWindows::applyAll);
+    connect(&session_, &SongSession::left, this, &EditorWindows::leaveAll);
     connect(&tracks_, &TrackList::songChanged, this, &EditorWindows::follow);
 }
 
 // The windows use the player to their end.
 EditorWindows::~EditorWindows()
 {
-    for (const auto &window : std::as_const(windows_))
-        delete window;
+    qDeleteAll(windows_);
+    qDeleteAll(retired_);
 }
 
 void EditorWindows::open(const QString &trackId)
 {
-    const auto *const track = tracks_.find(trackId);
-    if (!track)
+    if (!tracks_.find(trackId))
         return;
-    auto &window = windows_[trackId];
-    if (!window) {
-        if (!player_)
-            player_ = std::make_unique<TrackPlayer>(makeEngine_);
-        window = new AbcEditorWindow(settings_, dialogs_, *player_, parent_);
-        window->setAttribute(Qt::WA_DeleteOnClose);
-        window->setTrack(tracks_.trackWithPath(trackId));
-        window->setInstrument(playback_.instrument(track->instrument));
-        connect(window, &AbcEditorWindow::applied, this,
-                [this, applying = window](const Track &edited) { emit applied(windows_.key(applying), edited); });
-    }
+    if (!windows_.value(trackId))
+        addWindow(trackId);
+    const auto window = windows_.value(trackId);
     window->show();
     window->raise();
     window->activateWindow();
+}
+
+void EditorWindows::addWindow(const QString &trackId)
+{
+    if (!player_)
+        player_ = std::make_unique<TrackPlayer>(makeEngine_);
+    const Window window = new AbcEditorWindow(settings_, dialogs_, *player_, parent_);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->setTrack(tracks_.trackWithPath(trackId));
+    window->setInstrument(playback_.instrument(tracks_.find(trackId)->instrument));
+    if (const auto draft = session_.draft(trackId))
+        window->document().setDraft(*draft);
+    windows_.insert(trackId, window);
+    connect(window, &AbcEditorWindow::applied, this,
+            [=, this](const Track &edited) { emit applied(windows_.key(window), edited); });
+    connect(window, &AbcEditorWindow::saveRequested, this, [=, this] { emit saveRequested(windows_.key(window)); });
+    connect(window, &AbcEditorWindow::closing, this,
+            [=, this](const std::optional<QString> &draft) { session_.setDraft(retire(window), draft); });
+    const auto &document = window->document();
+    // Not before what is applied is in the song: no moment is without both.
+    connect(&document, &EditorDocument::isAppliedChanged, this, &EditorWindows::handInDrafts, Qt::QueuedConnection);
+    connect(&document, &EditorDocument::charactersChanged, this, [this] {
+        if (!typing_.isActive())
+            typing_.start();
+    });
+}
+
+void EditorWindows::handInDrafts()
+{
+    typing_.stop();
+    for (auto each = windows_.cbegin(); each != windows_.cend(); ++each) {
+        if (*each)
+            session_.setDraft(each.key(), (*each)->document().draft());
+    }
+}
+
+// What has errors stays a draft.
+void EditorWindows::applyAll()
+{
+    const auto windows = windows_; // one may come to belong to another track
+    for (const auto &window : windows) {
+        if (window && !window->document().isApplied())
+            window->document().apply();
+    }
+    handInDrafts();
+}
+
+// Without a question, since whoever ends the song has asked: its drafts are part of it.
+void EditorWindows::leaveAll()
+{
+    handInDrafts();
+    const auto windows = windows_;
+    for (const auto &window : windows) {
+        if (!window)
+            continue;
+        retire(window);
+        window->document().text()->setModified(false);
+        window->close();
+    }
+}
+
+// Nothing of it counts any more. Gives the track that it was about.
+QString EditorWindows::retire(const Window &window)
+{
+    const auto trackId = windows_.key(window);
+    window->document().disconnect(this);
+    window->disconnect(this);
+    windows_.remove(trackId);
+    retired_.removeAll({});
+    retired_.append(window);
+    return trackId;
 }
 
 void EditorWindows::bringBack(const QString &trackId, const Track &track)
@@ -46,6 +125,7 @@ void EditorWindows::bringBack(const QString &trackId, const Track &track)
     const auto id = tracks_.add(tr("Edit Track"), {{unsaved, instrument}}).first();
     const auto window = windows_.take(trackId);
     windows_.insert(id, window);
+    session_.setDraft(trackId, {});
     if (window)
         window->setInstrument(playback_.instrument(instrument));
 }

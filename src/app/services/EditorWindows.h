@@ -5,21 +5,24 @@
 
 #include <QMap>
 #include <QPointer>
+#include <QTimer>
 
 class AbcEditorWindow;
 class Dialogs;
 class Settings;
+class SongSession;
 
 // The ABC editors that are open, at most one a track. They share one player beside the song's. An editor without
-// unapplied changes follows its track. On the interface thread.
+// unapplied changes follows its track; what another one holds is handed to the session as the track's draft, in the
+// middle of typing too, and comes back when an editor opens on the track. On the interface thread.
 class EditorWindows : public QObject
 {
     Q_OBJECT
 
 public:
     // What is referred to outlives it; the parent is also that of the windows.
-    EditorWindows(TrackList &tracks, const Playback &playback, Settings &settings, Dialogs &dialogs,
-                  EngineFactory makeEngine, QWidget *parent);
+    EditorWindows(SongSession &session, TrackList &tracks, const Playback &playback, Settings &settings,
+                  Dialogs &dialogs, EngineFactory makeEngine, QWidget *parent);
     ~EditorWindows() override;
 
     void open(const QString &trackId);
@@ -30,10 +33,18 @@ public:
 
 signals:
     void applied(const QString &trackId, const Track &track);
+    void saveRequested(const QString &trackId);
 
 private:
+    using Window = QPointer<AbcEditorWindow>;
+    void addWindow(const QString &trackId);
+    void handInDrafts();
+    void applyAll();
+    void leaveAll();
+    QString retire(const Window &window);
     void follow(const SongTracks &before, const SongTracks &after);
 
+    SongSession &session_;
     TrackList &tracks_;
     const Playback &playback_;
     Settings &settings_;
@@ -41,5 +52,7 @@ private:
     EngineFactory makeEngine_;
     QWidget *parent_;
     std::unique_ptr<TrackPlayer> player_; // made for the first editor
-    QMap<QString, QPointer<AbcEditorWindow>> windows_;
+    QMap<QString, Window> windows_;
+    QVector<Window> retired_; // closed, and about to be deleted
+    QTimer typing_;
 };

@@ -46,6 +46,7 @@ void EditorDocument::onContentsChange(int position, int removed, int added)
     ++revision_;
     reading_.addTyping(position, removed, added);
     restTimer_.start();
+    emit charactersChanged();
 }
 
 void EditorDocument::startReading()
@@ -181,6 +182,16 @@ void EditorDocument::redo()
 {
     text_.redo();
     update();
+}
+
+std::optional<QString> EditorDocument::draft() const
+{
+    return isApplied() ? std::nullopt : std::optional(text_.toPlainText());
+}
+
+void EditorDocument::setDraft(const QString &text)
+{
+    replaceText(text, tr("Draft"));
 }
 
 Track EditorDocument::exactTrack()

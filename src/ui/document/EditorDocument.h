@@ -13,6 +13,8 @@
 #include <QTextDocument>
 #include <QTimer>
 
+#include <optional>
+
 // The one tune under the text and the piano roll of the ABC editor. Its QTextDocument holds the tune and the only undo
 // history; track() is what the text means. All of it lives on the user interface's thread.
 //
@@ -72,6 +74,10 @@ public:
     // --- the applied state: what the song holds.
     bool isApplied() const { return !text_.isModified(); }
     const Track &appliedTrack() const { return applied_; }
+    // The text where it is not applied.
+    std::optional<QString> draft() const;
+    // Makes it the text, not applied, as one undo step.
+    void setDraft(const QString &text);
     // Makes the text the applied state and emits applied(); when the text has an error, says it and changes nothing.
     bool apply(QString *error = nullptr);
     // What the text holds without errors, as the song would get it; throws a QString otherwise.
@@ -107,6 +113,7 @@ signals:
     void caretChanged();
     void caretMoveRequested(int offset);
     void isAppliedChanged(bool applied);
+    void charactersChanged(); // of the text, at once
     void applied(const Track &track);
     void instrumentChanged();
     void playPositionChanged(Ticks tick);

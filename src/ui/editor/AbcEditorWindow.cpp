@@ -178,6 +178,7 @@ void AbcEditorWindow::connectEditing()
         connect((*actions_)[id], &QAction::triggered, receiver, slot);
     };
     on(Id::Apply, transforms_, &EditorTransforms::apply);
+    on(Id::Save, this, &AbcEditorWindow::save);
     on(Id::Revert, this, &AbcEditorWindow::revert);
     on(Id::Close, this, &QWidget::close);
     on(Id::Undo, this, &AbcEditorWindow::stepBack);
@@ -308,6 +309,14 @@ void AbcEditorWindow::switchView()
     }
 }
 
+void AbcEditorWindow::save()
+{
+    document_.apply();
+    if (!document_.isApplied())
+        status_->say(tr("The text has errors: it is a draft, and the part stays as it was applied last."));
+    emit saveRequested();
+}
+
 void AbcEditorWindow::revert()
 {
     auto applied = document_.appliedTrack();
@@ -340,10 +349,12 @@ void AbcEditorWindow::stepForward()
 
 void AbcEditorWindow::closeEvent(QCloseEvent *event)
 {
-    if (!transforms_->settlePendingChanges()) {
+    const auto wanted = transforms_->settleBeforeClosing();
+    if (wanted == EditorTransforms::Closing::Stay) {
         event->ignore();
         return;
     }
     playback_->stop();
+    emit closing(wanted == EditorTransforms::Closing::KeepDraft ? document_.draft() : std::nullopt);
     QMainWindow::closeEvent(event);
 }

@@ -38,6 +38,8 @@ public:
 
 signals:
     void applied(const Track &track);
+    void saveRequested();                              // what has no errors is applied
+    void closing(const std::optional<QString> &draft); // the text that is to be kept without being applied
 
 protected:
     void closeEvent(QCloseEvent *event) override; // asks about changes that are not applied
@@ -52,6 +54,7 @@ private:
     void connectPlaying();
     void connectViews();
     void connectDocument();
+    void save();
     void revert();
     void goToLine();
     void stepBack();

@@ -27,6 +27,7 @@ constexpr auto group = Starts::Group;
 // In the order of EditorActions::Id, which is the order of the menus.
 constexpr std::array<Row, EditorActions::idCount> rows{{
     {"actionApply", "&Apply", "Ctrl+Return", "Make the song sound as the text says", "save"},
+    {"actionSave", "Apply and &Save", "Ctrl+S", "Apply the changes, and save them to disk", "saveall"},
     {"actionRevert", "&Revert to Applied", "", "Take back every change since the last Apply, as one step to undo",
      "revert"},
     {"actionClose", "&Close", "Ctrl+W", "Close the editor", "exit", Scope::Window, group},

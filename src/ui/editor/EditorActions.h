@@ -17,6 +17,7 @@ class EditorActions : public QObject
 public:
     enum Id {
         Apply,
+        Save,
         Revert,
         Close,
         Undo,

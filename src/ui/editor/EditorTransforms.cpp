@@ -1,5 +1,6 @@
 #include "ui/editor/EditorTransforms.h"
 
+#include "base/ErrorText.h"
 #include "import/ChangeKey.h"
 #include "import/Realign.h"
 #include "import/Transpose.h"
@@ -32,6 +33,38 @@ bool EditorTransforms::settlePendingChanges()
     const auto answer = dialogs_.askOrCancel(&window_, tr("ABC Editor"),
                                              tr("There are unapplied changes. Would you like to apply these first?"));
     return answer && (*answer == Dialogs::Answer::No || apply());
+}
+
+EditorTransforms::Closing EditorTransforms::settleBeforeClosing()
+{
+    if (document_.isApplied())
+        return Closing::Close;
+    try {
+        document_.exactTrack();
+    } catch (...) {
+        return askAboutErrors(currentErrorText());
+    }
+    return settlePendingChanges() ? Closing::Close : Closing::Stay;
+}
+
+QString EditorTransforms::questionAboutErrors(const QString &error)
+{
+    return tr("The text cannot be applied, since it has errors:\n%1\n\nA draft stays with the song as it is, to go on "
+              "with later. Until then the part plays as it was applied last.")
+        .arg(error);
+}
+
+EditorTransforms::Closing EditorTransforms::askAboutErrors(const QString &error)
+{
+    switch (dialogs_.askAboutDraft(&window_, tr("ABC Editor"), questionAboutErrors(error))) {
+    case Dialogs::DraftAnswer::KeepAsDraft:
+        return Closing::KeepDraft;
+    case Dialogs::DraftAnswer::Discard:
+        return Closing::Close;
+    case Dialogs::DraftAnswer::Fix:
+        break;
+    }
+    return Closing::Stay;
 }
 
 void EditorTransforms::become(Track track, const QString &name)

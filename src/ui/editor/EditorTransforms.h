@@ -26,6 +26,11 @@ public:
     // Whether to go on: there are no changes that are not applied, or the user said what to do with them.
     bool settlePendingChanges();
 
+    // What the user wants of the changes before the editor closes.
+    enum class Closing { Stay, Close, KeepDraft };
+    Closing settleBeforeClosing();
+    static QString questionAboutErrors(const QString &error);
+
 public slots:
     void quickRealign();
     void realignNotes();
@@ -34,6 +39,7 @@ public slots:
     void changeKey();
 
 private:
+    Closing askAboutErrors(const QString &error);
     void become(Track track, const QString &name);
 
     EditorDocument &document_;

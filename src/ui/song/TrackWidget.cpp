@@ -14,6 +14,7 @@
 
 #include <QCheckBox>
 #include <QContextMenuEvent>
+#include <QLabel>
 #include <QMenu>
 #include <QSignalBlocker>
 
@@ -69,6 +70,11 @@ void TrackWidget::setSelected(bool selected)
 {
     chkSelect_->setChecked(selected);
     showSelection();
+}
+
+void TrackWidget::setHasDraft(bool hasDraft)
+{
+    lblDraft_->setVisible(hasDraft);
 }
 
 void TrackWidget::showSelection()

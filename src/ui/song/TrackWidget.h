@@ -11,6 +11,7 @@ class DragHandle;
 class InstrumentComboBox;
 class InstrumentSetModel;
 class QCheckBox;
+class QLabel;
 class QMenu;
 class QToolButton;
 class Settings;
@@ -37,6 +38,7 @@ public:
 
     bool isSelected() const;
     void setSelected(bool selected);
+    void setHasDraft(bool hasDraft); // its editor holds text that is not applied
 
     // That its file holds something else.
     void setDiffersFromFile(bool differs);
@@ -121,6 +123,7 @@ private:
     DragHandle *dragHandle_ = nullptr;
     QCheckBox *chkSelect_;
     TitleLabel *lblTitle_;
+    QLabel *lblDraft_;
     InstrumentComboBox *cboInstrument_;
     QToolButton *btnEdit_;
     QToolButton *btnDelete_;

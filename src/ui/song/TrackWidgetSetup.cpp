@@ -82,6 +82,12 @@ void TrackWidget::createChildren()
     lblTitle_ = new TitleLabel(this);
     name(lblTitle_, "lblTitle", tr("Track Title"), tr("Track Title"));
 
+    lblDraft_ = new QLabel(tr("Draft"), this);
+    name(lblDraft_, "lblDraft", tr("The editor holds text of this track that is not applied"),
+         tr("The editor holds text of this track that is not applied"));
+    lblDraft_->setStyleSheet(TrackWidgetStyles::draftMark());
+    lblDraft_->hide();
+
     cboInstrument_ = new InstrumentComboBox(instruments_, this);
     name(cboInstrument_, "cboInstrument", tr("Instrument for this track"), tr("Instrument for this track"));
 
@@ -119,7 +125,8 @@ void TrackWidget::layOut()
     caption->setSpacing(4);
     caption->addWidget(chkSelect_, 0, 0);
     caption->addWidget(lblTitle_, 0, 1);
-    caption->addWidget(cboInstrument_, 1, 0, 1, 2);
+    caption->addWidget(lblDraft_, 0, 2);
+    caption->addWidget(cboInstrument_, 1, 0, 1, 3);
     caption->setColumnStretch(1, 1);
 
     auto *const frVisContainer = new QFrame(this);

@@ -55,4 +55,10 @@ QString muteBox()
                           "QCheckBox::indicator:unchecked\n{\n\timage: url(:/icons/soundctx.png);\n}");
 }
 
+// As the editor marks what is not applied.
+QString draftMark()
+{
+    return QStringLiteral("QLabel { background: #E8A317; color: black; border-radius: 3px; padding: 0px 5px; }");
+}
+
 } // namespace TrackWidgetStyles

@@ -13,5 +13,6 @@ QString row(Look look);
 QString visualizationFrame();
 QString selectionBox();
 QString muteBox();
+QString draftMark();
 
 } // namespace TrackWidgetStyles

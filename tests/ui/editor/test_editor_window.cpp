@@ -163,6 +163,43 @@ private slots:
         QVERIFY(editor.dialogs.takeAsked().isEmpty());
     }
 
+    void closingKeepsWhatHasErrors()
+    {
+        EditorFixture editor("C D\n");
+        using Draft = std::optional<QString>;
+        QVector<Draft> closing;
+        connect(&editor.window, &AbcEditorWindow::closing, this, [&](const Draft &draft) { closing.append(draft); });
+        const auto closesWith = [&editor](Dialogs::DraftAnswer answer) {
+            editor.show();
+            editor.dialogs.draftAnswer = answer;
+            return editor.window.close();
+        };
+        editor.insert("? ");
+        const auto broken = editor.plainText();
+        QVERIFY(!closesWith(Dialogs::DraftAnswer::Fix));
+        QVERIFY(closing.isEmpty());
+        QVERIFY(closesWith(Dialogs::DraftAnswer::KeepAsDraft));
+        editor.insert("? ");
+        QVERIFY(closesWith(Dialogs::DraftAnswer::Discard));
+        QCOMPARE(editor.dialogs.takeAsked().size(), 3);
+        QCOMPARE(closing, (QVector<Draft>{broken, std::nullopt}));
+    }
+
+    void savesWhatIsApplied()
+    {
+        EditorFixture editor("C D\n");
+        QSignalSpy applied(&editor.window, &AbcEditorWindow::applied);
+        QSignalSpy wanted(&editor.window, &AbcEditorWindow::saveRequested);
+        editor.insert("E ");
+        editor.trigger("actionSave");
+        QCOMPARE(applied.size(), 1);
+        editor.insert("? ");
+        editor.trigger("actionSave");
+        QCOMPARE(applied.size(), 1);
+        QCOMPARE(wanted.size(), 2);
+        QVERIFY(editor.window.isWindowModified());
+    }
+
     void appliesAndReverts()
     {
         EditorFixture editor("C D\n");
