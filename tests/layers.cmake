@@ -27,7 +27,8 @@ set(LAYERS
     "src/ui/editor|base settings core import edit assets audio ui ui/document ui/text ui/roll ui/transform"
     "src/app/services|base settings core import song assets audio ui ui/tracks ui/editor"
     "src/app/commands|base settings core import song assets audio ui ui/tracks ui/song ui/preferences app/services"
-    "src/app|base settings core song assets audio audio/engine ui ui/tracks ui/song app/services app/commands"
+    "src/app/recovery|base core song ui ui/tracks app/services app/commands"
+    "src/app|base settings core song assets audio audio/engine ui ui/tracks ui/song app/services app/commands app/recovery"
     "tools/cli|base settings core import song assets assets/package audio audio/engine"
     "tools/demogame|")
 set(LAYERS_WITHOUT_QT "src/audio/sound" "src/audio/engine")

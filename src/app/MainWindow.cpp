@@ -45,10 +45,12 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
     : QMainWindow(parent), settings_(services.settings), dialogs_(services.dialogs), player_(services.makeEngine, this),
       playback_(tracks_, instruments_, player_),
       editors_(session_, tracks_, playback_, settings_, dialogs_, services.makeEngine, this),
-      updates_(services.updateAddress), rows_(new TrackRows(tracks_, instruments_, settings_, dialogs_, this)),
+      journal_(session_, services.journalFolder), updates_(services.updateAddress),
+      rows_(new TrackRows(tracks_, instruments_, settings_, dialogs_, this)),
       instrumentList_(new InstrumentComboBox(instruments_, this)), masterMeter_(new VUMeter(Qt::Horizontal, this)),
       masterVolume_(new QSlider(Qt::Horizontal, this)), importQueue_(context()), save_(context()),
       songs_(context(), save_, [this] { return editors_.closeAll(); }), import_(context(), importQueue_, songs_),
+      recovery_(context(), journal_, services.journalFolder, [this](const auto &then) { songs_.leaveFor(then); }),
       trackCommands_(context(), importQueue_), instrumentCommands_(context(), instruments_, *instrumentList_),
       transport_(context(), player_, *masterVolume_), export_(context(), services.makeFileEngine), program_(context()),
       status_(*this), playbackView_(*rows_, *masterMeter_)
@@ -83,8 +85,8 @@ void MainWindow::showFailure(const QString &error)
 void MainWindow::makeActions()
 {
     for (const auto &rows : {ImportCommands::actions(), SaveCommands::actions(), SongCommands::actions(),
-                             TrackCommands::actions(), InstrumentCommands::actions(), TransportCommands::actions(),
-                             ExportCommands::actions(), ProgramCommands::actions()})
+                             SongRecovery::actions(), TrackCommands::actions(), InstrumentCommands::actions(),
+                             TransportCommands::actions(), ExportCommands::actions(), ProgramCommands::actions()})
         actions_.add(rows);
     actions_.add(tracks_.history().createUndoAction(this), "actionUndo", "Ctrl+Z");
     actions_.add(tracks_.history().createRedoAction(this), "actionRedo", "Ctrl+Shift+Z");
@@ -116,6 +118,7 @@ void MainWindow::connectParts()
     session_.setMasterVolume(masterVolume_->value());
     connect(&session_, &SongSession::changed, this, &MainWindow::showTitle);
     connect(&session_, &SongSession::changed, this, &MainWindow::showDrafts);
+    connect(&journal_, &SessionJournal::problemChanged, &status_, &StatusIndicators::showJournalProblem);
     connect(&session_, &SongSession::opened, this, &MainWindow::showSong);
     connect(&songs_, &SongCommands::leaving, this, &MainWindow::stopArrivals);
     connect(&importQueue_.reading(), &SongImport::imported, this,

@@ -12,6 +12,8 @@
 #include "app/commands/TrackCommands.h"
 #include "app/commands/TransportCommands.h"
 #include "app/commands/WindowActions.h"
+#include "app/recovery/SessionJournal.h"
+#include "app/recovery/SongRecovery.h"
 #include "app/services/ChangedFiles.h"
 #include "app/services/EditorWindows.h"
 #include "app/services/Playback.h"
@@ -38,6 +40,7 @@ struct WindowServices
     EngineFactory makeEngine;         // of the player
     FileEngineFactory makeFileEngine; // of exports
     QUrl updateAddress = UpdateChecker::releaseAddress();
+    QString journalFolder = {}; // of what survives a crash; empty: nothing does
 };
 
 // The program's window: the tracks as a list of rows, with menus, toolbars and meters around it. It puts together what
@@ -55,6 +58,8 @@ public:
 
     // As if the user had dropped them: what is neither ABC nor MIDI nor a song by its name is skipped.
     void openFiles(const QStringList &paths) { import_.openFiles(paths); }
+    // Songs that were lost in a crash.
+    void offerRecovery() { recovery_.offerAtStart(); }
 
     // Whether files are still being read, or the game is still to be looked through for instruments.
     bool isLoading() const
@@ -88,6 +93,7 @@ public slots:
     void onSaveSong();
     void onSaveSongAs();
     void onSaveParts();
+    void onRecover();
     void onMuteSelected();
     void onDonate();
     void onWebsite();
@@ -153,6 +159,7 @@ private:
     SongSession session_{tracks_};
     Playback playback_;
     EditorWindows editors_;
+    SessionJournal journal_; // hears after the editors that a song is left
     UpdateChecker updates_;
     ChangedFiles changedFiles_;
 
@@ -165,6 +172,7 @@ private:
     SaveCommands save_;
     SongCommands songs_;
     ImportCommands import_;
+    SongRecovery recovery_;
     TrackCommands trackCommands_;
     InstrumentCommands instrumentCommands_;
     TransportCommands transport_;

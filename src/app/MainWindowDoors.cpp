@@ -124,6 +124,11 @@ void MainWindow::onSaveParts()
     songs_.savePartsToFolder();
 }
 
+void MainWindow::onRecover()
+{
+    recovery_.open();
+}
+
 void MainWindow::onMuteSelected()
 {
     trackCommands_.muteSelected();

@@ -50,7 +50,7 @@ void makeMenus(QMainWindow &window, const WindowActions &actions, ImportCommands
     exports->setIcon(icon("export"));
     actions.addTo(*exports, "actionExport_to_Wav");
     actions.addTo(*file, "- actionSave_Song actionSave_Song_As actionSave_Parts - actionSave_Selected actionSave_All - "
-                         "actionExit");
+                         "actionRecover - actionExit");
 
     actions.addTo(*addMenu(bar, "menuEdit", "&Edit"),
                   "actionUndo actionRedo - actionSelect_All actionDeselect_All actionInvert_Selection");

@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <exception>
@@ -71,18 +72,28 @@ int answerAboutProgram(int &argc, char *argv[])
     return 0;
 }
 
+QString journalFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + QStringLiteral("/journals");
+}
+
 int runWindow(Settings &settings, Dialogs &dialogs, const CommandLine &commandLine)
 {
     const bool isPicture = !commandLine.screenshot.isEmpty();
     const auto output = isPicture ? EngineOutput::Paced : EngineOutput::Device;
-    const WindowServices services{settings, dialogs, [output] { return std::make_unique<BuiltinEngine>(output); },
+    const WindowServices services{settings,
+                                  dialogs,
+                                  [output] { return std::make_unique<BuiltinEngine>(output); },
                                   [](const QString &file) {
                                       return std::make_unique<BuiltinEngine>(EngineOutput::WavFile,
                                                                              file.toStdU16String());
-                                  }};
+                                  },
+                                  UpdateChecker::releaseAddress(),
+                                  isPicture ? QString() : journalFolder()};
     MainWindow window(services);
     window.show();
     window.openFiles(commandLine.files);
+    window.offerRecovery();
     if (isPicture)
         saveScreenshot(window, commandLine.screenshot);
     return QCoreApplication::exec();

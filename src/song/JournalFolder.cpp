@@ -43,11 +43,21 @@ QByteArray readFile(const QString &path)
     return file.readAll();
 }
 
+// As the window names a song that has no title.
+QString titleOf(const Song &song, const QString &file)
+{
+    if (!song.title.isEmpty() || !file.isEmpty())
+        return song.title.isEmpty() ? QFileInfo(file).completeBaseName() : song.title;
+    if (!song.imports.isEmpty() && !song.imports.first().path.isEmpty())
+        return QFileInfo(song.imports.first().path).completeBaseName();
+    return song.parts.isEmpty() ? QString() : song.parts.first().name;
+}
+
 RecoverableSong describe(const QString &journal, const JournalRecords::Contents &contents)
 {
     const auto &[song, file, isSaved] = contents.last;
     return {journal,
-            song.title,
+            titleOf(song, file),
             int(song.parts.size()),
             file,
             QDateTime::fromMSecsSinceEpoch(contents.time, Qt::UTC),

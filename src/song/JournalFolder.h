@@ -10,7 +10,7 @@
 struct RecoverableSong
 {
     QString journal; // the journal's path
-    QString title;
+    QString title;   // or the name of its file, of what it was imported from or of its first part
     int partCount = 0;
     QString file;             // the song file that it belongs to; empty when it never had one
     QDateTime time;           // of the last change, UTC

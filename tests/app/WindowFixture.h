@@ -29,7 +29,7 @@ public:
                                                                   return std::make_unique<BuiltinEngine>(
                                                                       EngineOutput::WavFile, file.toStdString());
                                                               },
-                                                              updateAddress});
+                                                              updateAddress, path("journals")});
         window_->show();
     }
 

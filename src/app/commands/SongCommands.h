@@ -44,6 +44,8 @@ public:
     // Asks whether to save. True when nothing is in the way of leaving the song; otherwise it stays, and `later` is
     // called when it was saved meanwhile.
     bool mayLeave(const std::function<void()> &later);
+    // Goes on once the song may be replaced, which `then` does.
+    void leaveFor(const std::function<void()> &then);
 
 signals:
     void opening(const QString &status);
@@ -65,7 +67,6 @@ private:
     void show(const FoundSong &found);
     void replaceWith(FoundSong found);
     void showErrors(const FoundSong &found);
-    void leaveFor(const std::function<void()> &then);
     void saveToLeave(const std::function<void()> &later);
     void onIdle();
 

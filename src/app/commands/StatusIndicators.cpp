@@ -31,6 +31,7 @@ StatusIndicators::StatusIndicators(QMainWindow &window) : bar_(*window.statusBar
     connect(escape, &QShortcut::activated, this, &StatusIndicators::cancelAll);
     outputProblem_ = addNotice("outputProblem");
     settingsProblem_ = addNotice("settingsProblem");
+    journalProblem_ = addNotice("journalProblem");
 }
 
 QLabel *StatusIndicators::addNotice(const char *name)
@@ -116,6 +117,11 @@ void StatusIndicators::showLoadingSample(const QString &samplePath)
 void StatusIndicators::showOutputProblem(const QString &problem)
 {
     show(*outputProblem_, problem);
+}
+
+void StatusIndicators::showJournalProblem(const QString &problem)
+{
+    show(*journalProblem_, problem.isEmpty() ? problem : tr("A crash would lose your work: %1").arg(problem));
 }
 
 void StatusIndicators::follow(const Settings &settings)

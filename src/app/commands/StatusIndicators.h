@@ -28,7 +28,9 @@ public:
     void follow(Playback &playback);
 
     void showLoadingSample(const QString &samplePath);
-    void showOutputProblem(const QString &problem); // empty: there is none
+    // Both stay while they are there; empty: there is none.
+    void showOutputProblem(const QString &problem);
+    void showJournalProblem(const QString &problem);
     void follow(const Settings &settings);
 
 private:
@@ -39,5 +41,6 @@ private:
     QStatusBar &bar_;
     QLabel *outputProblem_;
     QLabel *settingsProblem_;
+    QLabel *journalProblem_;
     QVector<BusyIndicator *> indicators_;
 };

@@ -112,7 +112,7 @@ QString EditorWindows::retire(const Window &window)
     window->document().disconnect(this);
     window->disconnect(this);
     windows_.remove(trackId);
-    retired_.removeAll({});
+    retired_.removeAll(Window());
     retired_.append(window);
     return trackId;
 }

@@ -1,0 +1,54 @@
+#include "app/recovery/SessionJournal.h"
+
+#include <utility>
+
+SessionJournal::SessionJournal(SongSession &session, const QString &folder, QObject *parent)
+    : QObject(parent), session_(session), folder_(folder)
+{
+    soon_.setSingleShot(true);
+    soon_.setInterval(0);
+    connect(&soon_, &QTimer::timeout, this, &SessionJournal::record);
+    if (folder_.isEmpty())
+        return;
+    connect(&session_, &SongSession::changed, &soon_, qOverload<>(&QTimer::start));
+    connect(&session_, &SongSession::left, this, &SessionJournal::end);
+}
+
+SessionJournal::~SessionJournal() = default;
+
+void SessionJournal::record()
+{
+    const auto song = session_.journalled();
+    if (!journal_ && song.isSaved)
+        return; // there is nothing to lose yet
+    if (!journal_)
+        begin();
+    journal_->record(song);
+}
+
+void SessionJournal::begin()
+{
+    journal_ = std::make_unique<SongJournal>(folder_);
+    connect(journal_.get(), &SongJournal::failed, this, &SessionJournal::problemChanged);
+    connect(journal_.get(), &SongJournal::resumed, this, [this] { emit problemChanged({}); });
+    if (!recovered_.isEmpty())
+        journal_->replace(std::exchange(recovered_, {}));
+}
+
+void SessionJournal::end(SongJournal::Ending ending)
+{
+    if (soon_.isActive())
+        record();
+    soon_.stop();
+    if (!journal_)
+        return;
+    journal_->end(ending);
+    journal_.reset();
+    emit problemChanged({});
+}
+
+void SessionJournal::openRecovered(const OpenedSong &song, const QString &journal)
+{
+    session_.open(song);
+    recovered_ = journal;
+}

@@ -1,0 +1,168 @@
+#include "app/ExampleSongs.h"
+#include "app/WindowFixture.h"
+#include "app/recovery/RecoveryDialog.h"
+#include "ui/ValueDial.h"
+#include "ui/editor/AbcEditorWindow.h"
+
+#include <QDir>
+#include <QLabel>
+#include <QPushButton>
+#include <QToolButton>
+#include <QTreeWidget>
+
+// A window that is destroyed without having been closed leaves its journal as a crash does.
+class TestRecovery : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<WindowFixture> fixture_;
+
+    SongSession &session() { return fixture_->window().session(); }
+    QString folder() const { return fixture_->path("journals"); }
+    AbcEditorWindow &openEditor(int row)
+    {
+        fixture_->inRow<QToolButton>(row, "btnEdit")->click();
+        return *fixture_->window().findChildren<AbcEditorWindow *>().last();
+    }
+    // Three parts of which everything is changed, with a draft in an open editor and one of an editor that is closed.
+    void work()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        auto &tracks = fixture_->tracks();
+        const auto ids = tracks.ids();
+        tracks.setVolume(ids[0], 17);
+        tracks.setPan(ids[1], -40);
+        tracks.setMuted({ids[2]}, true);
+        tracks.move(ids[2], 0);
+        session().setMasterVolume(61);
+        fixture_->dialogs().draftAnswer = Dialogs::DraftAnswer::KeepAsDraft;
+        for (const int row : {0, 1}) {
+            auto &document = openEditor(row).document();
+            document.replaceText(document.text()->toPlainText() + QStringLiteral("[c9 ?\n"), QStringLiteral("Type"));
+            QTRY_VERIFY(session().draft(tracks.ids()[row]));
+        }
+        fixture_->window().findChild<AbcEditorWindow *>()->close();
+        QVERIFY(session().draft(tracks.ids()[0]) && session().draft(tracks.ids()[1]));
+    }
+    void crash()
+    {
+        QCoreApplication::processEvents();
+        fixture_->makeWindow();
+        QTRY_COMPARE(JournalFolder::recoverable(folder()).size(), 1); // written to its end
+        QVERIFY(fixture_->waitUntilLoaded());
+    }
+    RecoveryDialog *dialog() { return fixture_->window().findChild<RecoveryDialog *>(); }
+    QStringList shown()
+    {
+        QStringList rows;
+        auto *const list = dialog()->findChild<QTreeWidget *>();
+        for (int row = 0; row < list->topLevelItemCount(); ++row)
+            rows.append(list->topLevelItem(row)->text(0) + u'|' + list->topLevelItem(row)->text(1) + u'|' +
+                        list->topLevelItem(row)->text(3));
+        return rows;
+    }
+    QPushButton *button(const char *name) { return dialog()->findChild<QPushButton *>(QLatin1String(name)); }
+    int journals() { return int(QDir(folder()).entryList({QStringLiteral("*.journal")}).size()); }
+
+private slots:
+    void init()
+    {
+        fixture_ = std::make_unique<WindowFixture>(demoGame);
+        QVERIFY(fixture_->waitUntilLoaded());
+    }
+
+    void bringsTheWholeSongBack()
+    {
+        work();
+        const auto song = session().song();
+        const auto name = session().name();
+        QCOMPARE(song.parts.size(), 3);
+        crash();
+        QVERIFY(session().isBlank());
+        fixture_->window().offerRecovery();
+        QTRY_VERIFY(dialog() && !shown().isEmpty());
+        QCOMPARE(shown().join(u'\n'), QStringLiteral("%1|3|Not saved").arg(name));
+        button("btnRecover")->click();
+        QTRY_VERIFY(session().song() == song);
+        QVERIFY(session().isUnsaved());
+        QCOMPARE(fixture_->inRow<ValueDial>(1, "dlVolume")->value(), 17);
+        QVERIFY(fixture_->row(0)->isMuted());
+        QVERIFY(fixture_->inRow<QLabel>(0, "lblDraft")->isVisible());
+        QVERIFY(!fixture_->inRow<QLabel>(2, "lblDraft")->isVisible());
+        auto &editor = openEditor(0);
+        QCOMPARE(editor.document().text()->toPlainText(), *song.parts[0].draft);
+        QVERIFY(editor.isWindowModified());
+
+        // The new journal has replaced the old one, and what is changed now is in it.
+        QTRY_COMPARE(journals(), 1);
+        fixture_->tracks().setVolume(fixture_->tracks().ids()[2], 5);
+        const auto next = session().song();
+        crash();
+        const auto lost = JournalFolder::recoverable(folder());
+        QVERIFY(JournalFolder::recover(lost.first().journal).song == next);
+    }
+
+    void keepsDiscardedSongs()
+    {
+        work();
+        fixture_->dialogs().draftAnswer = Dialogs::DraftAnswer::Discard;
+        fixture_->dialogs().closeAnswer = Dialogs::CloseAnswer::Discard;
+        QVERIFY(fixture_->window().close());
+        crash();
+        fixture_->window().offerRecovery(); // nothing crashed
+        fixture_->trigger("actionRecover");
+        QTRY_VERIFY(dialog() && !shown().isEmpty());
+        QVERIFY(shown().first().endsWith(QStringLiteral("|Discarded")));
+
+        button("btnDelete")->click();
+        QCOMPARE(journals(), 1); // asked first
+        fixture_->dialogs().answer = Dialogs::Answer::Yes;
+        button("btnDelete")->click();
+        QTRY_VERIFY(!dialog());
+        QCOMPARE(journals(), 0);
+        fixture_->trigger("actionRecover");
+        QTRY_COMPARE(fixture_->dialogs().messages.size(), 1);
+    }
+
+    void leavesNothingOfSavedSongs()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        QTRY_COMPARE(journals(), 1);
+        fixture_->dialogs().files =
+            QStringList{fixture_->path("a.abc"), fixture_->path("b.abc"), fixture_->path("c.abc")};
+        fixture_->trigger("actionSave_All");
+        QTRY_VERIFY(!session().isUnsaved() && !fixture_->window().isSaving());
+        QVERIFY(fixture_->window().close());
+        QTRY_COMPARE(journals(), 0);
+    }
+
+    void showsWhatCannotBeRead()
+    {
+        QDir().mkpath(folder());
+        fixture_->write("journals/foreign.journal", "no journal");
+        fixture_->window().offerRecovery();
+        QTRY_VERIFY(dialog() && !shown().isEmpty());
+        QVERIFY(shown().first().contains(QStringLiteral("Cannot be read: This is not a journal.")));
+        QVERIFY(!button("btnRecover")->isEnabled());
+        button("btnLater")->click();
+        QTRY_VERIFY(!dialog());
+        QCOMPARE(journals(), 1);
+    }
+
+    void workGoesOnWithoutAJournal()
+    {
+        fixture_->write("journals", "in the way");
+        QVERIFY(fixture_->import(jig, 3));
+        auto *const problem = fixture_->child<QLabel>("journalProblem");
+        QTRY_VERIFY(problem->isVisible());
+        fixture_->tracks().setVolume(fixture_->tracks().ids()[0], 3);
+        QVERIFY(QFile::remove(folder()));
+        QTRY_VERIFY(!problem->isVisible());
+        const auto song = session().song();
+        crash();
+        QVERIFY(JournalFolder::recover(JournalFolder::recoverable(folder()).first().journal).song == song);
+    }
+};
+
+QTEST_MAIN(TestRecovery)
+#include "test_recovery.moc"
