@@ -3,9 +3,11 @@
 
 #include "app/WindowFixture.h"
 #include "app/commands/About.h"
+#include "app/recovery/RecoveryDialog.h"
 #include "support/GatedEngine.h"
 #include "ui/Theme.h"
 #include "ui/editor/AbcEditorWindow.h"
+#include "ui/editor/EditorTransforms.h"
 #include "ui/preferences/PreferencesDialog.h"
 #include "ui/transform/KeyDialog.h"
 #include "ui/transform/RealignNotesDialog.h"
@@ -139,6 +141,49 @@ void takeMessages()
     take(about, "about");
 }
 
+RecoverableSong lostSong(const char *title, int parts, int hoursAgo, const char *problem = "")
+{
+    RecoverableSong song;
+    song.title = QString::fromUtf8(title);
+    song.partCount = parts;
+    song.time = QDateTime::currentDateTimeUtc().addSecs(-3600 * hoursAgo);
+    song.problem = QString::fromUtf8(problem);
+    return song;
+}
+
+void takeRecovery(MainWindow &window)
+{
+    QVector<RecoverableSong> lost{lostSong("Winter Hymn", 4, 0), lostSong("A tune for the harbour festival", 12, 30),
+                                  lostSong("", 0, 50, "The beginning of the journal is damaged.")};
+    RecoveryDialog start(RecoveryDialog::Occasion::Start, &window);
+    start.setSongs(lost);
+    take(start, "recovery-start");
+    lost[1].isDiscarded = true;
+    RecoveryDialog command(RecoveryDialog::Occasion::Command, &window);
+    command.setSongs(lost);
+    take(command, "recovery-command");
+}
+
+void takeDraft(WindowFixture &fixture)
+{
+    fixture.inRow<QAbstractButton>(1, "btnEdit")->click();
+    auto &editor = *fixture.window().findChildren<AbcEditorWindow *>().last();
+    const auto text = editor.document().text()->toPlainText();
+    editor.document().replaceText(text + QStringLiteral("[c9 ?\n"), QStringLiteral("Break"));
+    QTest::qWait(500);
+    take(fixture.window(), "draft");
+    QTimer::singleShot(0, &editor, [] {
+        take(*QApplication::activeModalWidget(), "draft-question");
+        QApplication::activeModalWidget()->close();
+    });
+    QString error;
+    editor.document().apply(&error);
+    DesktopDialogs().askAboutDraft(&editor, EditorTransforms::tr("ABC Editor"),
+                                   EditorTransforms::questionAboutErrors(error));
+    editor.document().setTrack(editor.document().appliedTrack());
+    editor.close();
+}
+
 void takeAll(const QString &game, const QStringList &songs)
 {
     WindowFixture fixture(game);
@@ -165,6 +210,8 @@ void takeAll(const QString &game, const QStringList &songs)
     takePreferences(fixture);
     takeMessages();
     takeEditor(fixture);
+    takeRecovery(window);
+    takeDraft(fixture);
     takeLoading(fixture, songs);
 }
 
