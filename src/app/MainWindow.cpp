@@ -49,7 +49,7 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
       rows_(new TrackRows(tracks_, instruments_, settings_, dialogs_, this)),
       instrumentList_(new InstrumentComboBox(instruments_, this)), masterMeter_(new VUMeter(Qt::Horizontal, this)),
       masterVolume_(new QSlider(Qt::Horizontal, this)), importQueue_(context()), save_(context()),
-      songs_(context(), save_, [this] { return editors_.closeAll(); }), import_(context(), importQueue_, songs_),
+      songs_(context(), save_, [this] { return editors_.closeStrays(); }), import_(context(), importQueue_, songs_),
       recovery_(context(), journal_, services.journalFolder, [this](const auto &then) { songs_.leaveFor(then); }),
       trackCommands_(context(), importQueue_), instrumentCommands_(context(), instruments_, *instrumentList_),
       transport_(context(), player_, *masterVolume_), export_(context(), services.makeFileEngine), program_(context()),
@@ -99,7 +99,7 @@ void MainWindow::connectParts()
     connect(rows_->hint(), &EmptyHint::importMidi, this, &MainWindow::onImportMidi);
     connect(rows_->hint(), &EmptyHint::openAbc, this, &MainWindow::onLoadABC);
     connect(&editors_, &EditorWindows::applied, this, &MainWindow::onEdited);
-    connect(&editors_, &EditorWindows::saveRequested, this, [this](const QString &id) { save_.save(id); });
+    connect(&editors_, &EditorWindows::saveRequested, this, [this](const QString &id) { saveEdited(id); });
     connect(&instrumentCommands_, &InstrumentCommands::scanned, &importQueue_, &ImportQueue::open);
     connect(&instrumentCommands_, &InstrumentCommands::scanned, &songs_, &SongCommands::begin);
     connect(instrumentList_, &QComboBox::currentTextChanged, this, &MainWindow::onDefaultInstrumentChanged);
@@ -164,6 +164,15 @@ void MainWindow::connectRow(const QString &id, TrackWidget *row)
     connect(row, &TrackWidget::editorRequested, this, [=, this] { editors_.open(id); });
     connect(row, &TrackWidget::saveRequested, this, [=, this] { save_.save(id); });
     connect(row, &TrackWidget::saveAsRequested, this, [=, this] { save_.saveAs(id); });
+}
+
+// What cannot be applied is in no file but the song's.
+void MainWindow::saveEdited(const QString &trackId)
+{
+    if (session_.file().isEmpty() && !session_.draft(trackId))
+        save_.save(trackId);
+    else
+        songs_.save();
 }
 
 void MainWindow::showDrafts()
@@ -276,7 +285,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
 
 bool MainWindow::mayClose()
 {
-    return editors_.closeAll() && export_.mayClose() && songs_.mayLeave([this] { close(); });
+    return editors_.closeStrays() && export_.mayClose() && songs_.mayLeave([this] { close(); });
 }
 
 void MainWindow::onSettingChanged(Settings::Setting setting, const QVariant &value)

@@ -143,6 +143,7 @@ private:
     void connectRow(const QString &id, TrackWidget *row);
     void onEdited(const QString &trackId, const Track &track);
     void onSettingChanged(Settings::Setting setting, const QVariant &value);
+    void saveEdited(const QString &trackId);
     void showDrafts();
     void updateActions();
     void showTitle();

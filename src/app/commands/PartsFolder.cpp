@@ -38,7 +38,7 @@ void PartsFolder::save()
 
 PartsFolder::Parts PartsFolder::partsFor(const QString &folder) const
 {
-    const auto names = SongParts::fileNames(context_.session.song(), context_.session.name());
+    const auto names = SongParts::fileNames(context_.session.songToSave(), context_.session.name());
     const auto &tracks = context_.tracks.song();
     Parts parts;
     for (int i = 0; i < tracks.size(); ++i)

@@ -1,6 +1,7 @@
 #include "app/commands/SaveCommands.h"
 
 #include "app/services/RecentFiles.h"
+#include "app/services/SongSession.h"
 #include "base/FileState.h"
 #include "base/SafeFile.h"
 #include "settings/Settings.h"
@@ -71,6 +72,7 @@ void SaveCommands::saveSelected()
 
 void SaveCommands::saveAll()
 {
+    context_.session.takeEdits(context_.tracks.ids());
     QStringList changed;
     for (const auto &id : context_.tracks.ids()) {
         if (!isInItsFile(id))
@@ -96,6 +98,7 @@ void SaveCommands::saveAs(const QString &id)
 
 void SaveCommands::start(const Job &job)
 {
+    context_.session.takeEdits(job.ids);
     jobs_.enqueue(job);
     if (jobs_.size() == 1)
         next();

@@ -180,6 +180,7 @@ bool SongCommands::mayLeave(const std::function<void()> &later)
 // Who works with ABC files alone is not asked for a song file.
 void SongCommands::saveToLeave(const std::function<void()> &later)
 {
+    context_.session.takeEdits(context_.tracks.ids());
     const auto then = [this, later](bool isSaved) { // called by what has to end first
         if (isSaved)
             QMetaObject::invokeMethod(this, later, Qt::QueuedConnection);

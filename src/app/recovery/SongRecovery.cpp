@@ -5,7 +5,6 @@
 #include "song/SongParts.h"
 #include "ui/Dialogs.h"
 
-#include <QFileInfo>
 #include <QWidget>
 
 #include <algorithm>
@@ -31,7 +30,7 @@ OpenedSong readJournal(const QString &journal, const std::stop_token &stop)
     OpenedSong opened{kept.song, {}, {}, kept.file, OpenedSong::Origin::Recovered};
     for (const auto &part : kept.song.parts) {
         opened.tracks.append(shownTrack(part, stop));
-        if (QFileInfo::exists(part.path) && !holdsAnotherText(part.path, part.abc))
+        if (!part.path.isEmpty() && holdsText(part.path, part.abc))
             opened.inFiles.insert(part.id);
     }
     return opened;

@@ -22,7 +22,7 @@ EditorWindows::EditorWindows(SongSession &session, TrackList &tracks, const Play
         if (typing_.isActive())
             handInDrafts();
     });
-    connect(&session_, &SongSession::aboutToSave, this, &EditorWindows::applyAll);
+    connect(&session_, &SongSession::aboutToSave, this, &EditorWindows::apply);
     connect(&session_, &SongSession::left, this, &EditorWindows::leaveAll);
     connect(&tracks_, &TrackList::songChanged, this, &EditorWindows::follow);
 }
@@ -59,7 +59,10 @@ void EditorWindows::addWindow(const QString &trackId)
     windows_.insert(trackId, window);
     connect(window, &AbcEditorWindow::applied, this,
             [=, this](const Track &edited) { emit applied(windows_.key(window), edited); });
-    connect(window, &AbcEditorWindow::saveRequested, this, [=, this] { emit saveRequested(windows_.key(window)); });
+    connect(window, &AbcEditorWindow::saveRequested, this, [=, this] {
+        handInDrafts();
+        emit saveRequested(windows_.key(window));
+    });
     connect(window, &AbcEditorWindow::closing, this,
             [=, this](const std::optional<QString> &draft) { session_.setDraft(retire(window), draft); });
     const auto &document = window->document();
@@ -81,17 +84,17 @@ void EditorWindows::handInDrafts()
 }
 
 // What has errors stays a draft.
-void EditorWindows::applyAll()
+void EditorWindows::apply(const QStringList &trackIds)
 {
-    const auto windows = windows_; // one may come to belong to another track
-    for (const auto &window : windows) {
+    for (const auto &id : trackIds) {
+        const auto window = windows_.value(id);
         if (window && !window->document().isApplied())
             window->document().apply();
     }
     handInDrafts();
 }
 
-// Without a question, since whoever ends the song has asked: its drafts are part of it.
+// What they hold is part of the song, which may be discarded.
 void EditorWindows::leaveAll()
 {
     handInDrafts();
@@ -130,11 +133,11 @@ void EditorWindows::bringBack(const QString &trackId, const Track &track)
         window->setInstrument(playback_.instrument(instrument));
 }
 
-bool EditorWindows::closeAll()
+bool EditorWindows::closeStrays()
 {
-    const auto windows = windows_; // an applied change may reassign one
-    for (const auto &window : windows) {
-        if (window && !window->close())
+    const auto windows = windows_; // an applied change reassigns one
+    for (auto each = windows.cbegin(); each != windows.cend(); ++each) {
+        if (*each && !tracks_.find(each.key()) && !(*each)->close())
             return false;
     }
     return true;

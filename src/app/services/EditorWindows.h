@@ -28,8 +28,9 @@ public:
     void open(const QString &trackId);
     // Adds what was edited of a track that was removed; the editor belongs to the new track from then on.
     void bringBack(const QString &trackId, const Track &track);
-    // Each may ask about its changes; false when one stays open.
-    bool closeAll();
+    // Those of tracks that are gone, whose changes no song has, ask about them; false when one stays open. The others
+    // close without a question when the song is left, since whoever leaves it has asked.
+    bool closeStrays();
 
 signals:
     void applied(const QString &trackId, const Track &track);
@@ -39,7 +40,7 @@ private:
     using Window = QPointer<AbcEditorWindow>;
     void addWindow(const QString &trackId);
     void handInDrafts();
-    void applyAll();
+    void apply(const QStringList &trackIds);
     void leaveAll();
     QString retire(const Window &window);
     void follow(const SongTracks &before, const SongTracks &after);

@@ -202,7 +202,7 @@ void SongSession::take(const OpenedSong &opened)
 
 Song SongSession::songToSave()
 {
-    emit aboutToSave();
+    takeEdits(tracks_.ids());
     return song();
 }
 

@@ -60,7 +60,9 @@ public:
     void startNew();
     // The window goes.
     void leave();
-    // Lets editors hand in what they hold; then the song is as it is to be written.
+    // Lets editors hand in what they hold of these parts.
+    void takeEdits(const QStringList &partIds) { emit aboutToSave(partIds); }
+    // The same for all; then the song is as it is to be written.
     Song songToSave();
     // The file holds this song, which is the window's as it was when it was written.
     void markSaved(const Song &written, const QString &file);
@@ -75,7 +77,7 @@ signals:
     void changed(); // song(), file() or isUnsaved(), after each step of the history too
     void opened();  // another song is in the window
     void left(SongJournal::Ending ending);
-    void aboutToSave();
+    void aboutToSave(const QStringList &partIds);
 
 private:
     // How a part came into the window, and how it last was there.
