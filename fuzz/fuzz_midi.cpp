@@ -1,5 +1,5 @@
 // A MIDI file of any bytes is read or refused, and what was read can be written.
-#include "import/MidiImport.h"
+#include "import/quantise/CleanQuantise.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
@@ -18,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     options.readAllChunks = options.mergedUnitLength = bit(7);
     const auto bytes = QByteArray::fromRawData(reinterpret_cast<const char *>(data + 1), int(size - 1));
     try {
-        auto result = importMidi(bytes, options);
+        auto result = (bit(7) ? importMidiCleanly : importMidi)(bytes, options, {});
         for (auto &track : result.tracks)
             track.toAbc();
     } catch (const QString &) {

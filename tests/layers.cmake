@@ -8,8 +8,9 @@ set(LAYERS
     "src/settings|base"
     "src/core|base"
     "src/import|base core"
+    "src/import/quantise|base core import"
     "src/import/standard|base core import"
-    "src/song|base settings core import import/standard"
+    "src/song|base settings core import import/quantise import/standard"
     "src/edit|base core"
     "src/assets/package|base"
     "src/assets|base assets/package"
@@ -29,7 +30,7 @@ set(LAYERS
     "src/app/commands|base settings core import song assets audio ui ui/tracks ui/song ui/preferences app/services"
     "src/app/recovery|base core song ui ui/tracks app/services app/commands"
     "src/app|base settings core song assets audio audio/engine ui ui/tracks ui/song app/services app/commands app/recovery"
-    "tools/cli|base settings core import song assets assets/package audio audio/engine"
+    "tools/cli|base settings core import import/quantise song assets assets/package audio audio/engine"
     "tools/demogame|")
 set(LAYERS_WITHOUT_QT "src/audio/sound" "src/audio/engine")
 

@@ -54,6 +54,7 @@ const std::array<Row, settingCount> &rows()
         {MidiExactTempo, "midi/exactTempo", Type::Boolean, "false"},
         {MidiReadAllChunks, "midi/readAllChunks", Type::Boolean, "false"},
         {MidiMergedUnitLength, "midi/mergedUnitLength", Type::Boolean, "false"},
+        {MidiCleanQuantise, "midi/cleanQuantise", Type::Boolean, "false"}, // instead of realigning
     }};
     return table;
 }

@@ -55,6 +55,7 @@ enum Setting {
     MidiExactTempo,
     MidiReadAllChunks,
     MidiMergedUnitLength,
+    MidiCleanQuantise,
     settingCount
 };
 

@@ -4,6 +4,7 @@
 #include "base/TextDecoding.h"
 #include "core/AbcParser.h"
 #include "import/ImportLimits.h"
+#include "import/quantise/CleanQuantise.h"
 #include "import/standard/ForeignNotation.h"
 #include "song/SongFile.h"
 #include "song/SongMembers.h"
@@ -108,7 +109,10 @@ private:
     void readBytes(const QByteArray &bytes);
     void take(ImportResult result);
     void add(Track track);
-    void readMidi(const QByteArray &bytes) { take(importMidi(bytes, options_.midi, stop_)); }
+    void readMidi(const QByteArray &bytes)
+    {
+        take((options_.cleanQuantise ? importMidiCleanly : importMidi)(bytes, options_.midi, stop_));
+    }
     void readMml(const QString &text);
     void fail(const QString &text)
     {
@@ -313,6 +317,7 @@ ReadingOptions readingOptions(const std::function<QVariant(SettingsTable::Settin
     midi.exactTempo = flag(MidiExactTempo);
     midi.readAllChunks = flag(MidiReadAllChunks);
     midi.mergedUnitLength = flag(MidiMergedUnitLength);
+    options.cleanQuantise = flag(MidiCleanQuantise);
     options.mml.autoDetectUnitLength = midi.autoDetectUnitLength;
     return options;
 }

@@ -23,6 +23,7 @@ enum class AbcDialect { Game, Standard, Auto };
 struct ReadingOptions
 {
     MidiImportOptions midi;
+    bool cleanQuantise = false; // MIDI, instead of realigning
     MmlImportOptions mml;
     AbcDialect abc = AbcDialect::Game;
 

@@ -5,6 +5,7 @@
 #include "import/Realign.h"
 #include "import/Transpose.h"
 #include "import/UnitLength.h"
+#include "import/quantise/CleanQuantise.h"
 
 #include <QCommandLineParser>
 #include <QRegularExpression>
@@ -34,6 +35,11 @@ Transform makeRealign(const QString &value)
         denominators.append(denominator);
     }
     return forEachTrack([grid = SnapGrid(denominators)](const Track &track) { return realign(track, grid); });
+}
+
+Transform makeQuantise(const QString &)
+{
+    return forEachTrack([](const Track &track) { return cleanQuantised(track); });
 }
 
 Transform makeTranspose(const QString &value)
@@ -73,7 +79,7 @@ struct TransformOption
 constexpr TransformOption transformOptions[] = {
     {"realign", "grids", makeRealign}, {"transpose", "semitones", makeTranspose},
     {"key", "key", makeKey},           {"unit-length", "length", makeUnitLength},
-    {"merge", "", makeMerge},
+    {"merge", "", makeMerge},          {"quantise", "", makeQuantise},
 };
 
 void readSetting(Arguments &arguments, const QString &text)
@@ -123,6 +129,7 @@ begins with auto, and says when it read a text as standard ABC.
 
 TRANSFORM, applied to every track in the order given:
   --realign quick | D1,D2,…   snap notes to the usual grids, or to the grids with these denominators
+  --quantise                  write notes as a musician would, on the grid of each measure
   --transpose N               move notes by N semitones, -48 to 48
   --key TEXT                  the new key, for example Am
   --unit-length auto | N/D    the new unit note length
