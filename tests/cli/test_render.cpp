@@ -72,6 +72,16 @@ private slots:
         QCOMPARE(click(), std::pair(int(std::lround(level * std::sqrt(0.5))), 48000));
     }
 
+    void guessesInstruments()
+    {
+        const auto [status, out, error] = render("X:1\nT:Track 2 - Lute\nL:1/4\nQ:1/4=60\nK:C\nzC\n");
+        QCOMPARE(status, 0);
+        QCOMPARE(error,
+                 QByteArray("kelvarion-composer-cli: Track 2 - Lute: No instrument is given; playing lute, chosen "
+                            "by its name.\n"));
+        QCOMPARE(click().first, int(std::lround(20000 * std::sqrt(0.5))));
+    }
+
     // A song's parts sound as the window has them.
     void songs()
     {

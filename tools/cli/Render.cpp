@@ -3,6 +3,7 @@
 #include "Instruments.h"
 #include "Messages.h"
 #include "Parts.h"
+#include "assets/InstrumentGuess.h"
 #include "audio/TrackRenderer.h"
 #include "audio/engine/BuiltinEngine.h"
 
@@ -11,6 +12,7 @@
 #include <QLoggingCategory>
 #include <QTimer>
 
+#include <array>
 #include <csignal>
 
 namespace {
@@ -24,6 +26,22 @@ extern "C" void onInterrupt(int signal)
     std::signal(signal, SIG_DFL);
 }
 
+// By the part's titles and notes; empty when that says nothing. A guess that is more than the first of the catalogue is
+// printed.
+QString guessFor(const SongPart &part, const Track &track, const InstrumentSet &instruments)
+{
+    const auto titles = QStringList(part.name) + track.headerFields(QStringLiteral("T"));
+    const auto guess = guessInstrument(titles, track.pitchCounts(), instruments);
+    if (!guess)
+        return {};
+    constexpr std::array reasons{"its name", "its kind", "its range"};
+    if (guess->basis != GuessBasis::Range || guess->name != instruments.names().first()) {
+        printFailure(part.name, QStringLiteral("No instrument is given; playing %1, chosen by %2.")
+                                    .arg(guess->name, QLatin1String(reasons[size_t(guess->basis)])));
+    }
+    return guess->name;
+}
+
 class Rendering
 {
 public:
@@ -32,7 +50,7 @@ public:
 
 private:
     void refuseInputAsOutput() const;
-    Instrument instrumentFor(const SongPart &part, const InstrumentSet &instruments) const;
+    Instrument instrumentFor(const SongPart &part, const Track &track, const InstrumentSet &instruments) const;
     void addParts(TrackRenderer &renderer, const Parts &parts, const InstrumentSet &instruments) const;
     void renderParts(const Parts &parts, const InstrumentSet &instruments);
     void showProgress(quint64 tick, quint64 total);
@@ -72,9 +90,13 @@ void Rendering::refuseInputAsOutput() const
     }
 }
 
-Instrument Rendering::instrumentFor(const SongPart &part, const InstrumentSet &instruments) const
+Instrument Rendering::instrumentFor(const SongPart &part, const Track &track, const InstrumentSet &instruments) const
 {
-    const auto fallback = arguments_.instrument.isEmpty() ? instruments.names().value(0) : arguments_.instrument;
+    auto fallback = arguments_.instrument;
+    if (fallback.isEmpty() && part.instrument.isEmpty())
+        fallback = guessFor(part, track, instruments);
+    if (fallback.isEmpty())
+        fallback = instruments.names().value(0);
     const auto &name = part.instrument;
     if (instruments.contains(name))
         return instruments.instrument(name);
@@ -91,7 +113,8 @@ void Rendering::addParts(TrackRenderer &renderer, const Parts &parts, const Inst
         const auto &part = parts.song.parts[i];
         const float volume = float(part.volume * parts.song.masterVolume) / 10'000;
         if (!part.isMuted)
-            renderer.addTrack(parts.tracks[i], instrumentFor(part, instruments), {volume, float(part.pan) / 100});
+            renderer.addTrack(parts.tracks[i], instrumentFor(part, parts.tracks[i], instruments),
+                              {volume, float(part.pan) / 100});
     }
 }
 
