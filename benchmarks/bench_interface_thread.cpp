@@ -69,6 +69,8 @@ public:
         QTest::qWait(200);
         trigger("actionStop");
         mergeAndSave();
+        saveAndOpenTheSong();
+        trigger("actionSelect_All");
         trigger("actionDuplicate_Selected");
         QCoreApplication::processEvents();
     }
@@ -116,7 +118,19 @@ private:
         trigger("actionMerge_Selected");
         waitForTracks(65);
         trigger("actionSave_All");
-        require(QTest::qWaitFor([&] { return fixture_.tracks().unsavedIds().isEmpty(); }));
+        require(QTest::qWaitFor([&] { return fixture_.tracks().unsavedIds().isEmpty(); }, 300'000));
+    }
+
+    void saveAndOpenTheSong()
+    {
+        fixture_.dialogs().files = QStringList(fixture_.path("song.kvsong"));
+        trigger("actionSave_Song");
+        require(QTest::qWaitFor([&] { return !fixture_.window().isSaving(); }, 300'000));
+        trigger("actionNew_Song");
+        waitForTracks(0);
+        fixture_.window().openFiles({fixture_.path("song.kvsong")});
+        waitForTracks(65);
+        QCoreApplication::processEvents();
     }
 
     WindowFixture fixture_{demoGame};

@@ -196,6 +196,7 @@ void takeAll(const QString &game, const QStringList &songs)
         QTest::qWait(50);
     takeMenus(window, {});
     takeMenu(*fixture.row(0)->contextMenu(), QStringLiteral("row-menu"));
+    fixture.row(0)->onTransposeUp(); // so that it differs from its file
     fixture.tracks().setSelected(fixture.tracks().ids().value(1), true);
     fixture.tracks().setMuted({fixture.tracks().ids().value(2)}, true);
     window.onPlay();

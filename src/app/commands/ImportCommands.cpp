@@ -87,10 +87,10 @@ void ImportCommands::importClipboard()
         return;
     }
     const auto step = tr("Paste Tracks");
-    if (content->hasUrls())
-        queue_.askAndLoad(title, {step, tr("Loading files..."), sourcesOf(*content, FileOrigin::Pasted)});
-    else
+    if (!content->hasUrls())
         queue_.load({step, tr("Reading the clipboard..."), sourcesOf(content->text())});
+    else if (const auto sources = sourcesOf(*content, FileOrigin::Pasted); !openSong(sources))
+        queue_.askAndLoad(title, {step, tr("Loading files..."), sources});
 }
 
 void ImportCommands::openFiles(const QStringList &paths)

@@ -44,7 +44,8 @@ public:
     // Asks whether to save. True when nothing is in the way of leaving the song; otherwise it stays, and `later` is
     // called when it was saved meanwhile.
     bool mayLeave(const std::function<void()> &later);
-    // Goes on once the song may be replaced, which `then` does.
+    // Calls `then`, now or when the song was saved, once another one may take its place; editors are closed, and what
+    // plays or arrives is stopped.
     void leaveFor(const std::function<void()> &then);
 
 signals:

@@ -15,6 +15,7 @@ public:
 
     // Shows a mark behind the title.
     void setMarked(bool isMarked);
+    bool isMarked() const { return isMarked_; }
 
 signals:
     void doubleClicked();

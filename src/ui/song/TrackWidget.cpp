@@ -98,6 +98,8 @@ void TrackWidget::showMuted(bool isMuted)
 
 void TrackWidget::setDiffersFromFile(bool differs)
 {
+    if (lblTitle_->isMarked() == differs)
+        return;
     const auto title = tr("Track Title");
     lblTitle_->setMarked(differs);
     lblTitle_->setToolTip(differs ? tr("%1; the track differs from its file").arg(title) : title);
