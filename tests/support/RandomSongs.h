@@ -2,6 +2,7 @@
 
 #include "song/Song.h"
 
+#include <functional>
 #include <random>
 
 // Songs of anything that a song may hold, and random changes of them; the same seed gives the same.
@@ -33,42 +34,21 @@ public:
             song.parts.append(part());
         const int index = below(int(song.parts.size()));
         auto &part = song.parts[index];
-        switch (below(12)) {
-        case 0:
-            part.volume = below(101);
-            break;
-        case 1:
-            part.pan = below(201) - 100;
-            break;
-        case 2:
-            part.isMuted = !part.isMuted;
-            break;
-        case 3:
-            part.draft = below(2) == 0 ? std::optional(text(100)) : std::nullopt;
-            break;
-        case 4:
-            song.parts.move(index, below(int(song.parts.size())));
-            break;
-        case 5:
-            song.title = text(20);
-            break;
-        case 6:
-            song.masterVolume = below(101);
-            break;
-        case 7:
-            song.loop = below(2) == 0 ? std::optional(SongLoop{below(9), 10, {}}) : std::nullopt;
-            break;
-        case 8:
-            part.path = path();
-            break;
-        case 9:
-            if (below(4) == 0)
-                song.parts.remove(index);
-            break;
-        default:
-            splice(part.abc);
-            break;
-        }
+        const std::function<void()> changes[] = {
+            [&] { part.volume = below(101); },
+            [&] { part.pan = below(201) - 100; },
+            [&] { part.isMuted = !part.isMuted; },
+            [&] { part.draft = below(2) == 0 ? std::optional(text(100)) : std::nullopt; },
+            [&] { song.parts.move(index, below(int(song.parts.size()))); },
+            [&] { song.title = text(20); },
+            [&] { song.masterVolume = below(101); },
+            [&] {
+                song.loop = below(2) == 0 ? std::optional(SongLoop{below(9), 10, {}}) : std::nullopt;
+            },
+            [&] { part.path = path(); },
+            [&] { below(4) == 0 ? song.parts.remove(index) : void(); },
+            [&] { splice(part.abc); }};
+        changes[std::min(below(12), 10)]();
     }
 
     int below(int bound) { return int(random_() % unsigned(bound)); }
@@ -116,16 +96,8 @@ private:
     QString path()
     {
         const auto name = QString::number(below(1000)) + QStringLiteral(" \u00e9.abc");
-        switch (below(4)) {
-        case 0:
-            return {};
-        case 1:
-            return QStringLiteral("/songs/") + name;
-        case 2:
-            return QStringLiteral("/songs/parts/") + name;
-        default:
-            return QStringLiteral("/elsewhere/") + name;
-        }
+        return QStringList{QString(), QStringLiteral("/songs/") + name, QStringLiteral("/songs/parts/") + name,
+                           QStringLiteral("/elsewhere/") + name}[below(4)];
     }
 
     QJsonObject others()
