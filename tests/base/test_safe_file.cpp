@@ -63,7 +63,7 @@ private slots:
 
     void keepsTheOldOrTheNewFileWhenKilled()
     {
-        constexpr int kills = 300;
+        constexpr int kills = 60;
         std::mt19937 random(1);
         auto *const shared =
             mmap(nullptr, sizeof(std::atomic<int>), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);

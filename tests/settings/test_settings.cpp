@@ -187,6 +187,7 @@ private slots:
                 for (int round = 0; round < 500; ++round) {
                     settings.setValue(Settings::Setting(Settings::RealignRegular + thread), round);
                     settings.value(Settings::RealignRegular);
+                    settings.contains(Settings::RealignTriplets);
                 }
             });
         }
