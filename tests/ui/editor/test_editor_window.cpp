@@ -78,6 +78,7 @@ private slots:
             editor.settings.setValue(Settings::PianoRollVisible, isVisible);
             AbcEditorWindow other(editor.settings, editor.dialogs, editor.player);
             QCOMPARE(other.findChild<PianoRoll *>()->isVisibleTo(&other), isVisible);
+            QCOMPARE(other.findChild<QAction *>(QStringLiteral("actionShowRoll"))->isChecked(), isVisible);
         }
     }
 
@@ -87,6 +88,11 @@ private slots:
         for (const auto setting : {Settings::RealignTriplets, Settings::RealignQuintuplets, Settings::RealignSeptuplets,
                                    Settings::RealignNonuplets})
             editor.settings.setValue(setting, 0);
+        for (const auto &[command, child] :
+             {std::pair("actionChangeUnitLength", "cboUnitLength"), {"actionChangeKey", "cboAccidentals"}}) {
+            perform(editor, command, QDialogButtonBox::Ok, child, "toolTip", 0);
+            QCOMPARE(editor.body(), QStringLiteral("C D/ ^F2 \n")); // it begins with what the tune has
+        }
         QSignalSpy applied(&editor.window, &AbcEditorWindow::applied);
         const auto start = editor.plainText();
         const struct
