@@ -142,7 +142,9 @@ private slots:
         fixture_->write("journals/foreign.journal", "no journal");
         fixture_->window().offerRecovery();
         QTRY_VERIFY(dialog() && !shown().isEmpty());
-        QVERIFY(shown().first().contains(QStringLiteral("Cannot be read: This is not a journal.")));
+        QVERIFY(shown().first().endsWith(QStringLiteral("|Cannot be read")));
+        QCOMPARE(dialog()->findChild<QLabel *>(QStringLiteral("lblNote"))->text(),
+                 QStringLiteral("This is not a journal."));
         QVERIFY(!button("btnRecover")->isEnabled());
         button("btnLater")->click();
         QTRY_VERIFY(!dialog());

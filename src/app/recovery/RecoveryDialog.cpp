@@ -22,7 +22,7 @@ QString titleOf(const RecoverableSong &song)
 QString stateOf(const RecoverableSong &song)
 {
     if (!song.problem.isEmpty())
-        return RecoveryDialog::tr("Cannot be read: %1").arg(song.problem);
+        return RecoveryDialog::tr("Cannot be read");
     return song.isDiscarded ? RecoveryDialog::tr("Discarded") : RecoveryDialog::tr("Not saved");
 }
 
@@ -34,9 +34,17 @@ QTreeWidgetItem *itemOf(const RecoverableSong &song)
     item->setData(Parts, Qt::TextAlignmentRole, int(Qt::AlignRight | Qt::AlignVCenter));
     item->setText(Changed, QLocale().toString(song.time.toLocalTime(), QLocale::ShortFormat));
     item->setText(State, stateOf(song));
-    item->setToolTip(Title, song.file.isEmpty() ? RecoveryDialog::tr("It never had a song file") : song.file);
-    item->setToolTip(State, item->text(State));
+    item->setToolTip(Title, item->text(Title));
     return item;
+}
+
+// What the columns have no room for.
+QString noteOn(const RecoverableSong &song)
+{
+    if (!song.problem.isEmpty())
+        return song.problem;
+    return song.file.isEmpty() ? RecoveryDialog::tr("It was never saved as a song.")
+                               : RecoveryDialog::tr("Its song file: %1").arg(song.file);
 }
 
 QTreeWidget *makeList(QWidget *parent)
@@ -55,7 +63,8 @@ QTreeWidget *makeList(QWidget *parent)
 
 } // namespace
 
-RecoveryDialog::RecoveryDialog(Occasion occasion, QWidget *parent) : QDialog(parent), list_(makeList(this))
+RecoveryDialog::RecoveryDialog(Occasion occasion, QWidget *parent)
+    : QDialog(parent), list_(makeList(this)), note_(new QLabel(this))
 {
     const bool isStart = occasion == Occasion::Start;
     setObjectName(QStringLiteral("recoveryDialog"));
@@ -85,8 +94,12 @@ RecoveryDialog::RecoveryDialog(Occasion occasion, QWidget *parent) : QDialog(par
     auto *const column = new QVBoxLayout(this);
     column->addWidget(text);
     column->addWidget(list_, 1);
+    column->addWidget(note_);
     column->addWidget(buttons);
-    resize(640, 320);
+    note_->setObjectName(QStringLiteral("lblNote"));
+    note_->setTextFormat(Qt::PlainText);
+    note_->setWordWrap(true);
+    resize(720, 340);
     showChoice();
 }
 
@@ -96,11 +109,9 @@ void RecoveryDialog::setSongs(const QVector<RecoverableSong> &songs)
     list_->clear();
     for (const auto &song : songs_)
         list_->addTopLevelItem(itemOf(song));
-    list_->header()->setSectionResizeMode(Title, QHeaderView::Stretch);
     list_->header()->setStretchLastSection(false);
-    for (int i = Title + 1; i < columnCount; ++i)
-        list_->resizeColumnToContents(i);
-    list_->setColumnWidth(State, std::min(list_->columnWidth(State), width() / 2));
+    for (int i = 0; i < columnCount; ++i)
+        list_->header()->setSectionResizeMode(i, i == Title ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
     list_->setCurrentItem(list_->topLevelItem(0));
 }
 
@@ -117,11 +128,12 @@ QStringList RecoveryDialog::chosen() const
 void RecoveryDialog::showChoice()
 {
     const auto journals = chosen();
+    const auto isChosen = [&](const RecoverableSong &song) { return journals.contains(song.journal); };
+    const auto song = std::find_if(songs_.cbegin(), songs_.cend(), isChosen);
+    const bool isOne = journals.size() == 1 && song != songs_.cend();
     remove_->setEnabled(!journals.isEmpty());
-    recover_->setEnabled(journals.size() == 1 &&
-                         std::any_of(songs_.cbegin(), songs_.cend(), [&](const RecoverableSong &song) {
-                             return song.journal == journals.first() && song.problem.isEmpty();
-                         }));
+    recover_->setEnabled(isOne && song->problem.isEmpty());
+    note_->setText(isOne ? noteOn(*song) : QString());
 }
 
 void RecoveryDialog::recover()

@@ -4,6 +4,7 @@
 
 #include <QDialog>
 
+class QLabel;
 class QPushButton;
 class QTreeWidget;
 
@@ -30,6 +31,7 @@ private:
 
     QVector<RecoverableSong> songs_;
     QTreeWidget *list_;
+    QLabel *note_; // on the chosen song
     QPushButton *recover_;
     QPushButton *remove_;
 };
