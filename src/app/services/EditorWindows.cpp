@@ -135,6 +135,7 @@ void EditorWindows::bringBack(const QString &trackId, const Track &track)
 
 bool EditorWindows::closeStrays()
 {
+    handInDrafts();                // whoever asks about the song next is to know of them
     const auto windows = windows_; // an applied change reassigns one
     for (auto each = windows.cbegin(); each != windows.cend(); ++each) {
         if (*each && !tracks_.find(each.key()) && !(*each)->close())

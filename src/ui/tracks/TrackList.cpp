@@ -27,10 +27,12 @@ QString textOf(const Track &track)
     return copy.toAbc();
 }
 
-// Of names such as the list gives; 0 for others.
+// Of names such as the list gives; 0 for others, and for those that it never comes to.
 int numberOf(const QString &id)
 {
-    return id.startsWith(u'T') ? id.mid(1).toInt() : 0;
+    constexpr int largest = 1'000'000'000;
+    const int number = id.startsWith(u'T') ? id.mid(1).toInt() : 0;
+    return number <= largest ? number : 0;
 }
 
 // How paths of one file are told to be the same.

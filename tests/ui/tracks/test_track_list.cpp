@@ -181,6 +181,18 @@ private slots:
         list.history().undo();
         fill(list);
         QCOMPARE(list.ids(), (QStringList{QStringLiteral("T4"), QStringLiteral("T5"), QStringLiteral("T6")}));
+
+        QVector<OpenedTrack> opened; // as song files name them
+        for (const auto *const id : {"Lute", "T8", "T2147483647"}) {
+            OpenedTrack each;
+            each.track = *list.find(QStringLiteral("T4"));
+            each.track.id = QLatin1String(id);
+            opened.append(each);
+        }
+        list.open(opened);
+        list.duplicate({QStringLiteral("T8")});
+        QCOMPARE(list.ids().last(), QStringLiteral("T9"));
+        QCOMPARE(list.history().count(), 1);
     }
 
     void solosAndBack()
