@@ -87,12 +87,10 @@ private slots:
     {
         PaintCounter paints(widget_.get());
         widget_->setPosition(songLength / 2);
-        settle();
-        QCOMPARE(paints.count(), 1);
+        QTRY_COMPARE(paints.count(), 1);
         paints.clear();
         widget_->setPosition(songLength / 2 + songLength / 320); // a pixel further
-        settle();
-        QCOMPARE(paints.count(), 1);
+        QTRY_COMPARE(paints.count(), 1);
         QVERIFY(paints.area().width() <= 5);
         QVERIFY(paints.area().contains(160, 30) && paints.area().contains(161, 30));
     }
@@ -118,7 +116,7 @@ private slots:
         const auto madeAnew = [&](int times) {
             settle();
             expected += times;
-            return widget_->pictureCount() == expected;
+            return QTest::qWaitFor([&] { return widget_->pictureCount() == expected; });
         };
         for (int i = 0; i < 50; ++i)
             widget_->setPosition(i * songLength / 50);
@@ -146,8 +144,8 @@ private slots:
         const auto before = shown();
         PaintCounter paints(widget_.get());
         widget_->notePressed(1);
-        settle();
-        QVERIFY(paints.count() == 1 && paints.area().width() <= 42); // an eighth of the width, and rounding
+        QTRY_COMPARE(paints.count(), 1);
+        QVERIFY(paints.area().width() <= 42); // an eighth of the width, and rounding
         QVERIFY(brightness(shown()) > brightness(before));
         widget_->notePressed(2);
         widget_->noteReleased(1);
