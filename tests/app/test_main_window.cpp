@@ -1,6 +1,7 @@
 // What the window does with the tracks that it has.
 #include "app/ExampleSongs.h"
 #include "app/WindowFixture.h"
+#include "song/SongFile.h"
 #include "support/GatedEngine.h"
 #include "ui/editor/AbcEditorWindow.h"
 #include "ui/song/TrackVisualizationWidget.h"
@@ -363,6 +364,34 @@ private slots:
         QVERIFY(second.close());
         QVERIFY(!fixture_->inRow<QLabel>(0, "lblDraft")->isVisible());
         QCOMPARE(open().document().text()->toPlainText(), applied);
+    }
+
+    // One editor holds a tune, the other one something that cannot be read.
+    void savesWhatEditorsHold()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        const auto &session = fixture_->window().session();
+        const auto ids = fixture_->tracks().ids();
+        const auto broken = fixture_->tracks().song()[1]->track->title() + QStringLiteral("\n[c9 ?\n");
+        const QStringList texts{QString::fromUtf8(abc("Edited")), broken};
+        for (const int row : {0, 1}) {
+            fixture_->inRow<QToolButton>(row, "btnEdit")->click();
+            fixture_->window().findChildren<AbcEditorWindow *>().last()->document().replaceText(texts[row],
+                                                                                                QStringLiteral("Type"));
+        }
+        const auto file = fixture_->path("song.kvsong");
+        fixture_->dialogs().files = QStringList(file);
+        fixture_->dialogs().closeAnswer = Dialogs::CloseAnswer::Save;
+        fixture_->dialogs().takeAsked();
+        QVERIFY(!fixture_->window().close()); // it closes when the song is written
+        QTRY_VERIFY(!fixture_->window().isVisible());
+        QCOMPARE(fixture_->dialogs().takeAsked().size(), 2); // whether to save, and where
+        const auto saved = SongFile::fromBytes(WindowFixture::read(file), fixture_->path(""));
+        QCOMPARE(saved.parts[0].abc, texts[0]);
+        QVERIFY(!saved.parts[0].draft);
+        QCOMPARE(saved.parts[1].draft, std::optional(broken));
+        QCOMPARE(session.draft(ids[1]), std::optional(broken));
+        QVERIFY(!session.isUnsaved());
     }
 
     // Their files hold what was there before the edits.
