@@ -25,7 +25,7 @@ set(LAYERS
     "src/ui/text|base settings core edit ui ui/document"
     "src/ui/roll|base settings core edit ui ui/document"
     "src/ui/transform|base settings core import ui"
-    "src/ui/editor|base settings core import edit assets audio ui ui/document ui/text ui/roll ui/transform"
+    "src/ui/editor|base settings core import import/quantise edit assets audio ui ui/document ui/text ui/roll ui/transform"
     "src/app/services|base settings core import song assets audio ui ui/tracks ui/editor"
     "src/app/commands|base settings core import song assets audio ui ui/tracks ui/song ui/preferences app/services"
     "src/app/recovery|base core song ui ui/tracks app/services app/commands"

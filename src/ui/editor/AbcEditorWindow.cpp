@@ -196,6 +196,7 @@ void AbcEditorWindow::connectEditing()
     on(Id::PreviousProblem, problems_, &ProblemList::goToPrevious);
     on(Id::QuickRealign, transforms_, &EditorTransforms::quickRealign);
     on(Id::RealignNotes, transforms_, &EditorTransforms::realignNotes);
+    on(Id::CleanQuantise, transforms_, &EditorTransforms::cleanQuantise);
     on(Id::Transpose, transforms_, &EditorTransforms::transposeNotes);
     on(Id::ChangeUnitLength, transforms_, &EditorTransforms::changeUnitLength);
     on(Id::ChangeKey, transforms_, &EditorTransforms::changeKey);

@@ -46,6 +46,8 @@ constexpr std::array<Row, EditorActions::idCount> rows{{
     {"actionPreviousProblem", "Previous Pro&blem", "Shift+F8", "Go to the previous error of the text", ""},
     {"actionQuickRealign", "&Quick Realign", "Ctrl+R", "Move all notes onto the nearest 128th or tuplet of it", "snap"},
     {"actionRealignNotes", "&Realign Notes…", "Ctrl+Shift+R", "Move all notes onto the grids of your choice", ""},
+    {"actionCleanQuantise", "&Clean Quantise", "", "Write all notes as a musician would, on the grid of each measure",
+     ""},
     {"actionTranspose", "&Transpose…", "Ctrl+T", "Move all notes up or down", "transposeup", Scope::Window, group},
     {"actionChangeUnitLength", "Change &Unit Length…", "Ctrl+U", "Write all lengths in another unit", "", Scope::Window,
      group},

@@ -35,6 +35,7 @@ public:
         PreviousProblem,
         QuickRealign,
         RealignNotes,
+        CleanQuantise,
         Transpose,
         ChangeUnitLength,
         ChangeKey,

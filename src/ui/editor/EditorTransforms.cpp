@@ -5,6 +5,7 @@
 #include "import/Realign.h"
 #include "import/Transpose.h"
 #include "import/UnitLength.h"
+#include "import/quantise/CleanQuantise.h"
 #include "ui/Dialogs.h"
 #include "ui/document/EditorDocument.h"
 #include "ui/transform/KeyDialog.h"
@@ -86,6 +87,12 @@ void EditorTransforms::realignNotes()
     RealignNotesDialog dialog(settings_, &window_);
     if (dialog.exec() == QDialog::Accepted)
         become(realign(document_.appliedTrack(), SnapGrid(dialog.grids())), tr("Realign Notes"));
+}
+
+void EditorTransforms::cleanQuantise()
+{
+    if (settlePendingChanges())
+        become(cleanQuantised(document_.appliedTrack()), tr("Clean Quantise"));
 }
 
 void EditorTransforms::transposeNotes()

@@ -34,6 +34,7 @@ public:
 public slots:
     void quickRealign();
     void realignNotes();
+    void cleanQuantise();
     void transposeNotes();
     void changeUnitLength();
     void changeKey();

@@ -119,6 +119,13 @@ private slots:
         QCOMPARE(editor.plainText(), start);
     }
 
+    void quantises()
+    {
+        EditorFixture editor("C65/64 D63/64 E F\n");
+        editor.trigger("actionCleanQuantise");
+        QCOMPARE(editor.body(), QStringLiteral("C D E F \n"));
+    }
+
     void asksAboutPendingChanges()
     {
         EditorFixture editor("C4/7 D\n");
