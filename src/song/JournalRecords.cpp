@@ -10,6 +10,7 @@
 #include <QJsonDocument>
 #include <QtEndian>
 
+#include <algorithm>
 #include <optional>
 
 namespace {
@@ -19,6 +20,7 @@ const QByteArray magic("kelvarion-journal 1\n");
 constexpr int lengthSize = 4;
 constexpr int checksumSize = 8;
 constexpr int frameSize = lengthSize + checksumSize;
+constexpr double latestTime = 8.64e15; // milliseconds since 1970, as far as ECMAScript's dates reach
 
 const auto timeKey = QStringLiteral("time");
 const auto fileKey = QStringLiteral("file");
@@ -68,7 +70,7 @@ void apply(JournalRecords::Contents &contents, const QJsonObject &payload)
         last.file = payload[fileKey].toString();
     last.isSaved = payload[savedKey].toBool();
     contents.mark = payload[discardedKey].toBool() ? JournalMark::Discarded : JournalMark::Open;
-    contents.time = qint64(payload[timeKey].toDouble());
+    contents.time = qint64(std::clamp(payload[timeKey].toDouble(), 0.0, latestTime));
 }
 
 QJsonObject parse(const QByteArray &payload)
