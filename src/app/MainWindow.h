@@ -1,14 +1,14 @@
 #pragma once
 
+#include "app/PlaybackView.h"
+#include "app/StatusIndicators.h"
 #include "app/commands/ExportCommands.h"
 #include "app/commands/ImportCommands.h"
 #include "app/commands/ImportQueue.h"
 #include "app/commands/InstrumentCommands.h"
-#include "app/commands/PlaybackView.h"
 #include "app/commands/ProgramCommands.h"
 #include "app/commands/SaveCommands.h"
 #include "app/commands/SongCommands.h"
-#include "app/commands/StatusIndicators.h"
 #include "app/commands/TrackCommands.h"
 #include "app/commands/TransportCommands.h"
 #include "app/commands/WindowActions.h"

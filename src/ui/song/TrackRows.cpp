@@ -4,7 +4,7 @@
 #include "ui/song/EmptyHint.h"
 #include "ui/song/TrackWidget.h"
 
-#include <QCoreApplication>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -59,8 +59,11 @@ void TrackRows::tellOfNew(const SongTracks &before, const SongTracks &after)
     if (first == after.end())
         return;
     const auto last = std::find_if(after.rbegin(), after.rend(), isNew);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest); // so that they have their places
-    emit grown(row((*first)->id)->y(), row((*last)->id)->geometry().bottom());
+    const auto tell = [this, first = (*first)->id, last = (*last)->id] {
+        if (rows_.contains(first) && rows_.contains(last))
+            emit grown(row(first)->y(), row(last)->geometry().bottom());
+    };
+    QTimer::singleShot(0, this, tell); // when they have been given their places
 }
 
 void TrackRows::markChanged()

@@ -1,4 +1,4 @@
-#include "app/commands/PlaybackView.h"
+#include "app/PlaybackView.h"
 
 #include "ui/song/TrackRows.h"
 #include "ui/song/TrackWidget.h"

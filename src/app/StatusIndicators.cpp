@@ -1,4 +1,4 @@
-#include "app/commands/StatusIndicators.h"
+#include "app/StatusIndicators.h"
 
 #include "app/commands/SongCommands.h"
 #include "app/services/InstrumentScanTask.h"
