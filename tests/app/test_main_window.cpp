@@ -212,7 +212,7 @@ private slots:
         QCOMPARE(fixture_->action("actionUndo")->text(), QStringLiteral("Undo Merge Tracks"));
         fixture_->trigger("actionDuplicate_Selected");
         QCOMPARE(fixture_->tracks().song().size(), 6);
-        QVERIFY(!fixture_->row(4)->visibleRegion().isEmpty());
+        QTRY_VERIFY(!fixture_->row(4)->visibleRegion().isEmpty());
         fixture_->trigger("actionRemove_Selected");
         QCOMPARE(fixture_->tracks().song().size(), 4);
         fixture_->trigger("actionClear_Tracks");

@@ -4,7 +4,7 @@
 #include "ui/song/EmptyHint.h"
 #include "ui/song/TrackWidget.h"
 
-#include <QTimer>
+#include <QEvent>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -46,10 +46,10 @@ void TrackRows::follow(const SongTracks &before, const SongTracks &after)
     markChanged();
     hint_->setVisible(after.isEmpty());
     setUpdatesEnabled(true);
-    tellOfNew(before, after);
+    rememberNew(before, after);
 }
 
-void TrackRows::tellOfNew(const SongTracks &before, const SongTracks &after)
+void TrackRows::rememberNew(const SongTracks &before, const SongTracks &after)
 {
     QSet<QString> known;
     for (const auto &track : before)
@@ -59,11 +59,26 @@ void TrackRows::tellOfNew(const SongTracks &before, const SongTracks &after)
     if (first == after.end())
         return;
     const auto last = std::find_if(after.rbegin(), after.rend(), isNew);
-    const auto tell = [this, first = (*first)->id, last = (*last)->id] {
-        if (rows_.contains(first) && rows_.contains(last))
-            emit grown(row(first)->y(), row(last)->geometry().bottom());
-    };
-    QTimer::singleShot(0, this, tell); // when they have been given their places
+    newRows_ = {(*first)->id, (*last)->id};
+}
+
+// The column shows new rows one by one, and grows with them.
+bool TrackRows::event(QEvent *event)
+{
+    const bool isHandled = QWidget::event(event);
+    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Resize)
+        tellOfNew();
+    return isHandled;
+}
+
+void TrackRows::tellOfNew()
+{
+    const auto *const first = row(newRows_.first);
+    const auto *const last = row(newRows_.second);
+    if (!first || !last || last->isHidden() || column_->minimumSize().height() > height())
+        return;
+    newRows_ = {};
+    emit grown(first->y(), last->geometry().bottom());
 }
 
 void TrackRows::markChanged()
@@ -98,7 +113,7 @@ void TrackRows::show(const std::shared_ptr<const SongTrack> &track)
             shown->setTrack(track);
         return;
     }
-    shown = new TrackWidget(track, instruments_, settings_, dialogs_);
+    shown = new TrackWidget(track, instruments_, settings_, dialogs_, this);
     shown->setSelected(tracks_.isSelected(track->id));
     followDrags(track->id, *shown);
     emit rowAdded(track->id, shown);
@@ -113,7 +128,6 @@ void TrackRows::arrange(const SongTracks &song)
         if (column_->itemAt(place)->widget() != widget) {
             column_->removeWidget(widget);
             column_->insertWidget(place, widget);
-            widget->show(); // a new one; the column would do it later
             isMoved = true;
         }
     }

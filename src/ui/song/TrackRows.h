@@ -31,13 +31,17 @@ signals:
     void grown(int top, int bottom);                  // rows have come, which lie there
     void moveRequested(const QString &id, int index); // it was dropped
 
+protected:
+    bool event(QEvent *event) override;
+
 private:
     void follow(const SongTracks &before, const SongTracks &after);
     void removeAbsent(const SongTracks &song);
     void show(const std::shared_ptr<const SongTrack> &track);
     void markChanged();
     void arrange(const SongTracks &song);
-    void tellOfNew(const SongTracks &before, const SongTracks &after);
+    void rememberNew(const SongTracks &before, const SongTracks &after);
+    void tellOfNew();
     void chainTabStops(const SongTracks &song);
     void followDrags(const QString &id, const TrackWidget &row);
     int gapAt(int y) const;
@@ -48,6 +52,7 @@ private:
     Settings &settings_;
     Dialogs &dialogs_;
     QHash<QString, TrackWidget *> rows_;
+    QPair<QString, QString> newRows_; // the first and the last, until they have their places
     QVBoxLayout *column_;
     EmptyHint *hint_;
     QWidget *dropMark_; // where a dragged row would come to lie
