@@ -7,6 +7,7 @@
 #include <QUuid>
 
 #include <algorithm>
+#include <mutex>
 #include <optional>
 
 namespace {
@@ -124,6 +125,8 @@ QString lockPath(const QString &journal)
 
 QVector<RecoverableSong> recoverable(const QString &folder, const QDateTime &now)
 {
+    static std::mutex oneAtATime; // a journal that another thread looks at would seem to be in use
+    const std::lock_guard lock(oneAtATime);
     const QDir directory(folder);
     removeLeftovers(directory);
     QVector<RecoverableSong> songs;

@@ -87,7 +87,7 @@ private slots:
         QVERIFY(session().isUnsaved());
         QCOMPARE(fixture_->inRow<ValueDial>(1, "dlVolume")->value(), 17);
         QVERIFY(fixture_->row(0)->isMuted());
-        QVERIFY(fixture_->inRow<QLabel>(0, "lblDraft")->isVisible());
+        QTRY_VERIFY(fixture_->inRow<QLabel>(0, "lblDraft")->isVisible());
         QVERIFY(!fixture_->inRow<QLabel>(2, "lblDraft")->isVisible());
         auto &editor = openEditor(0);
         QCOMPARE(editor.document().text()->toPlainText(), *song.parts[0].draft);
@@ -109,7 +109,8 @@ private slots:
         fixture_->dialogs().closeAnswer = Dialogs::CloseAnswer::Discard;
         QVERIFY(fixture_->window().close());
         crash();
-        fixture_->window().offerRecovery(); // nothing crashed
+        QTRY_VERIFY(QDir(folder()).entryList({QStringLiteral("*.lock")}).isEmpty()); // it is written to its end
+        fixture_->window().offerRecovery();                                          // nothing crashed
         fixture_->trigger("actionRecover");
         QTRY_VERIFY(dialog() && !shown().isEmpty());
         QVERIFY(shown().first().endsWith(QStringLiteral("|Discarded")));
