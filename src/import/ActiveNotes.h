@@ -14,9 +14,9 @@ public:
     {
         quint64 start; // file ticks, as is the next
         quint8 velocity;
-        quint32 strikes = 1;  // how often its key was struck without being released
-        quint64 released = 0; // when its key was released, though struck more often; 0 when it was not
-        bool isHeldByPedal = false;
+        quint32 strikes;  // how often its key was struck without being released
+        quint64 released; // when its key was released, though struck more often; 0 when it was not
+        bool isHeldByPedal;
     };
 
     // Keys are bytes and bends reach from -255 to 765 semitones, so no pitch lies outside.

@@ -131,7 +131,7 @@ void MidiConversion::noteOn(quint8 channelNumber, quint8 key, quint8 velocity, q
     }
     auto &channel = (*channels_)[channelNumber];
     const int pitch = key + channel.pitchOffset;
-    ActiveNotes::Note note{now, velocity};
+    ActiveNotes::Note note{now, velocity, 1, 0, false};
     if (const auto *const sounding = channel.active.find(pitch); sounding != nullptr) {
         note.strikes += sounding->strikes;
         endRestruck(channel, pitch, *sounding, now);
