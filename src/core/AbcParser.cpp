@@ -21,7 +21,6 @@ public:
         : text_(text), stop_(stop), listener_(listener), tokens_(text)
     {
         accidentals_.clear();
-        lastAccidentals_.clear();
     }
     Track parse();
 
@@ -48,7 +47,6 @@ private:
     void tieEventsFrom(qsizetype firstEvent);
     AbcRatio tokenLength() const;
     int accidental(int octave, int letter);
-    int accidentalInForce(int octave, int letter);
     bool goesOnBehind(AbcRefusal why, const AbcToken &last) const;
     bool refuse(AbcRefusal why) const;
 
@@ -68,7 +66,6 @@ private:
     quint32 barCount_ = 0;    // since then
     bool compound_ = false;
     MeasureAccidentals accidentals_;
-    MeasureAccidentals lastAccidentals_; // that each step sounded with last, in whatever measure
 
     quint32 tupletNotesLeft_ = 0;
     AbcRatio tuplet_;
@@ -432,31 +429,12 @@ void AbcParser::addToElement(Ticks length)
     element_.isEmpty = false;
 }
 
-// Without accidentals.
-int pitchOf(int octave, int letter)
-{
-    constexpr std::array<int, 7> semitones{0, 2, 4, 5, 7, 9, 11};
-    return 60 + 12 * octave + semitones[size_t(letter)];
-}
-
-// A tie carries the accidental of its first note over a bar line, to the note that it leads to and no further.
-int AbcParser::accidentalInForce(int octave, int letter)
-{
-    const int inForce = accidentals_.value(octave, letter, KeyTable::accidental(keyRow_, letter));
-    const int last = lastAccidentals_.value(octave, letter, inForce);
-    if (last == inForce || ties_.isEmpty())
-        return inForce;
-    const int pitch = pitchOf(octave, letter) + last;
-    const auto *const pending = isPlayable(pitch) ? ties_.find(quint32(pitch)) : nullptr;
-    return pending != nullptr && pending->end() == position_ ? last : inForce;
-}
-
 // The accidental that the current note token writes, or the one that holds for it.
 int AbcParser::accidental(int octave, int letter)
 {
     const auto written = token_.part(AbcPart::Accidental);
     if (written.isEmpty())
-        return accidentalInForce(octave, letter);
+        return accidentals_.value(octave, letter, KeyTable::accidental(keyRow_, letter));
     const int size = int(written.size());
     const int value = written[0] == u'^' ? size : written[0] == u'_' ? -size : 0;
     accidentals_.set(octave, letter, value);
@@ -465,14 +443,14 @@ int AbcParser::accidental(int octave, int letter)
 
 void AbcParser::readNote()
 {
+    constexpr std::array<int, 7> semitones{0, 2, 4, 5, 7, 9, 11};
     const auto name = token_.part(AbcPart::Letter)[0].unicode();
     const int letter = ((name | 0x20) - u'c' + 7) % 7;
     const auto marks = token_.part(AbcPart::Octave);
     const int octaves = int(marks.size());
     const int octave = (name >= u'a' ? 1 : 0) + (octaves > 0 && marks[0] == u',' ? -octaves : octaves);
     const int inForce = accidental(octave, letter);
-    lastAccidentals_.set(octave, letter, inForce);
-    const int pitch = pitchOf(octave, letter) + inForce;
+    const int pitch = 60 + 12 * octave + semitones[size_t(letter)] + inForce;
     if (listener_ != nullptr)
         listener_->note(token_, {octave * 7 + letter, inForce, pitch});
 

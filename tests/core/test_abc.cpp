@@ -52,8 +52,6 @@ private slots:
         row("tie", common, "c2-c2", "72@0+40320");
         row("tie over a bar and a chord", common, "C-|[CE]C",
             "60@0+10080 60@40320+10080 64@40320+10080 60@50400+10080");
-        row("tie of an accidental over a bar", common, "^F4-|F2F-[FA]|", "66@0+60480 65@60480+20160 69@70560+10080");
-        row("tie of an accidental to another step", common, "^F4-|G3_G-|G", "66@0+40320 67@40320+30240 66@70560+20160");
         row("tie to nowhere", common, "C-D", "60@0+10080 62@10080+10080");
         row("staccato", common, ".c2c", "72@0+10080 72@20160+10080");
         row("chord advances by its shortest", common, "[C2E]G", "64@0+10080 60@0+20160 67@10080+10080");
