@@ -4,6 +4,7 @@
 #include "assets/ItemReader.h"
 #include "assets/PackageWriter.h"
 #include "assets/TuningReader.h"
+#include "support/LogOneByOne.h"
 #include "support/TestFolder.h"
 #include "support/Thrown.h"
 
@@ -48,6 +49,8 @@ class TestInstrumentCatalogue : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase() { logOneByOne(); }
+
     void installations_data()
     {
         const Rows<QString, bool> row("files", "isGame");
