@@ -5,6 +5,7 @@
 #include "app/commands/About.h"
 #include "app/recovery/RecoveryDialog.h"
 #include "support/GatedEngine.h"
+#include "ui/InstrumentComboBox.h"
 #include "ui/Theme.h"
 #include "ui/editor/AbcEditorWindow.h"
 #include "ui/editor/EditorTransforms.h"
@@ -54,7 +55,10 @@ void takeMenus(const QWidget &window, const QString &prefix)
 
 void takePreferences(WindowFixture &fixture)
 {
-    PreferencesDialog dialog(fixture.settings(), fixture.dialogs());
+    fixture.settings().setValue(Settings::ProgramInstrument, QStringLiteral("0=Grand piano\n40=Violin\n128=Drums"));
+    const auto *const model = fixture.inRow<InstrumentComboBox>(0, "cboInstrument")->model();
+    PreferencesDialog dialog(fixture.settings(), fixture.dialogs(),
+                             static_cast<const InstrumentSetModel *>(model)->instruments());
     auto *const selector = dialog.findChild<QListWidget *>(QStringLiteral("propertySelector"));
     for (int row = 0; row < selector->count(); ++row) {
         selector->setCurrentRow(row);

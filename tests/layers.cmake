@@ -20,7 +20,7 @@ set(LAYERS
     "src/ui|base settings assets"
     "src/ui/tracks|core"
     "src/ui/song|base settings core import assets ui ui/tracks"
-    "src/ui/preferences|base settings assets ui"
+    "src/ui/preferences|base settings import assets ui"
     "src/ui/document|base core edit assets"
     "src/ui/text|base settings core edit ui ui/document"
     "src/ui/roll|base settings core edit ui ui/document"

@@ -55,6 +55,8 @@ const std::array<Row, settingCount> &rows()
         {MidiReadAllChunks, "midi/readAllChunks", Type::Boolean, "false"},
         {MidiMergedUnitLength, "midi/mergedUnitLength", Type::Boolean, "false"},
         {MidiCleanQuantise, "midi/cleanQuantise", Type::Boolean, "false"}, // instead of realigning
+        {ChooseParts, "import/chooseParts", Type::Boolean, "true"},
+        {ProgramInstrument, "instruments/forPrograms", Type::Text, ""}, // see ProgramInstruments.h
     }};
     return table;
 }

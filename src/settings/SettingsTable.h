@@ -56,6 +56,8 @@ enum Setting {
     MidiReadAllChunks,
     MidiMergedUnitLength,
     MidiCleanQuantise,
+    ChooseParts,
+    ProgramInstrument,
     settingCount
 };
 

@@ -1,6 +1,7 @@
 #include "app/commands/ProgramCommands.h"
 
 #include "app/commands/About.h"
+#include "app/services/Playback.h"
 #include "ui/Dialogs.h"
 #include "ui/preferences/PreferencesDialog.h"
 
@@ -19,7 +20,7 @@ QVector<ActionRow> ProgramCommands::actions()
 
 void ProgramCommands::editPreferences()
 {
-    PreferencesDialog(context_.settings, context_.dialogs, &context_.window).exec();
+    PreferencesDialog(context_.settings, context_.dialogs, context_.playback.instruments(), &context_.window).exec();
 }
 
 void ProgramCommands::showAbout()

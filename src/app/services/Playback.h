@@ -18,6 +18,7 @@ class Playback : public QObject
 public:
     Playback(TrackList &list, const InstrumentSetModel &catalogue, TrackPlayer &player, QObject *parent = nullptr);
 
+    const InstrumentSet &instruments() const { return catalogue_.instruments(); }
     // What a track without an instrument of the catalogue plays.
     void setDefaultInstrument(const QString &name) { defaultInstrument_ = name; }
     // The name that is played under this name: itself, the default, or the first of the catalogue; empty while the

@@ -2,7 +2,9 @@
 
 #include "assets/GameInstallation.h"
 #include "ui/Dialogs.h"
+#include "ui/MidiSettingsBox.h"
 #include "ui/preferences/ColourSwatch.h"
+#include "ui/preferences/ProgramsPage.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -50,7 +52,8 @@ QWidget *pageOf(const QString &groupTitle, QLayout *rows)
 
 } // namespace
 
-PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, QWidget *parent)
+PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, const InstrumentSet &instruments,
+                                     QWidget *parent)
     : QDialog(parent), settings_(settings), dialogs_(dialogs), selector_(new QListWidget), pages_(new QStackedWidget)
 {
     setWindowTitle(QStringLiteral("Preferences"));
@@ -73,6 +76,7 @@ PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, QWidg
     addPage(QStringLiteral("Instruments"), QStringLiteral(":/icons/instrument.png"), instrumentsPage());
     addPage(QStringLiteral("Track Preview"), QStringLiteral(":/icons/preview.png"), previewPage());
     addPage(QStringLiteral("Midi Import"), QStringLiteral(":/icons/midiimport.png"), midiPage());
+    addPage(tr("MIDI Instruments"), QStringLiteral(":/icons/applyinstrument.png"), programsPage(instruments));
     addPage(QStringLiteral("Appearance"), QStringLiteral(":/icons/preferences.png"), appearancePage());
     selector_->setCurrentRow(0);
 
@@ -154,35 +158,27 @@ QWidget *PreferencesDialog::previewPage()
 
 QWidget *PreferencesDialog::midiPage()
 {
-    struct Row
-    {
-        Settings::Setting setting;
-        const char *name;
-        const char *text;
-        const char *tip;
-    };
-    static const Row table[] = {
-        {Settings::MidiMergeChannels, "chkMergeChannels", "Create one track per MIDI channel",
-         "If checked, all notes playing on the same channel will be merged into a single track, even if they are in "
-         "separate tracks in the MIDI."},
-        {Settings::MidiAutoRealign, "chkRealign", "Automatically re-align notes after importing",
-         "If checked, all notes will automatically be re-aligned after importing a MIDI."},
-        {Settings::MidiPitchBend, "chkPitchBend", "Process pitch bending",
-         "If checked, pitch bending in MIDIs will be approximated with additional notes"},
-        {Settings::MidiAutoDetectUnitLength, "chkOptimizeUnitLength",
-         "Auto-detect default note length to minimize ABC size",
-         "If checked, the unit length (L: header) of imported tracks will be optimized to produce the smallest ABC "
-         "size. Otherwise the default of 1/4 will be used."},
-        {Settings::MidiProcessVolume, "chkNoteVolume", "Process note volume (Will not work in Kelvarion!)",
-         "If checked, the volume of notes will be imported as well. Do note that this will only affect the preview, "
-         "the generated ABC is not affected as Kelvarin does not support volume changes."},
-    };
-    auto *const rows = new QVBoxLayout;
-    for (const auto &row : table) {
-        rows->addWidget(
-            addCheckBox(row.setting, QLatin1String(row.name), QLatin1String(row.text), QLatin1String(row.tip)));
-    }
-    return pageOf(QStringLiteral("Import Settings"), rows);
+    auto *const midi = new MidiSettingsBox(settings_);
+    connect(midi, &MidiSettingsBox::changed, this,
+            qOverload<Settings::Setting, const QVariant &>(&PreferencesDialog::change));
+    auto *const page = new QWidget;
+    auto *const rows = new QVBoxLayout(page);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addWidget(addCheckBox(Settings::ChooseParts, QStringLiteral("chkChooseParts"),
+                                tr("Choose parts when importing"),
+                                tr("Show what would become parts, and how, before Import MIDI brings them in")));
+    rows->addWidget(midi);
+    rows->addStretch();
+    return page;
+}
+
+QWidget *PreferencesDialog::programsPage(const InstrumentSet &instruments)
+{
+    auto *const programs =
+        new ProgramsPage(ProgramInstruments(settings_.value(Settings::ProgramInstrument).toString()), instruments);
+    connect(programs, &ProgramsPage::changed, this,
+            [this](const QString &text) { change(Settings::ProgramInstrument, text); });
+    return programs;
 }
 
 QWidget *PreferencesDialog::appearancePage()
@@ -227,7 +223,12 @@ void PreferencesDialog::change(const Binding &binding, const QVariant &value)
     if (binding.restart == Restart::Needed && !pending_.contains(binding.setting))
         dialogs_.message(this, Dialogs::Severity::Information, QStringLiteral("Kelvarion Composer"),
                          QStringLiteral("This change will take effect next time you start Kelvarion Composer."));
-    pending_.insert(binding.setting, value);
+    change(binding.setting, value);
+}
+
+void PreferencesDialog::change(Settings::Setting setting, const QVariant &value)
+{
+    pending_.insert(setting, value);
     apply_->setEnabled(true);
 }
 

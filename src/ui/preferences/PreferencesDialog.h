@@ -1,5 +1,6 @@
 #pragma once
 
+#include "assets/InstrumentSet.h"
 #include "settings/Settings.h"
 
 #include <QDialog>
@@ -8,6 +9,7 @@
 
 class Dialogs;
 class ColourSwatch;
+class MidiSettingsBox;
 class QCheckBox;
 class QLineEdit;
 class QListWidget;
@@ -20,7 +22,9 @@ class PreferencesDialog : public QDialog
     Q_OBJECT
 
 public:
-    PreferencesDialog(Settings &settings, Dialogs &dialogs, QWidget *parent = nullptr);
+    // instruments: what a program of MIDI can be played on.
+    PreferencesDialog(Settings &settings, Dialogs &dialogs, const InstrumentSet &instruments = {},
+                      QWidget *parent = nullptr);
 
     void accept() override; // applies and closes
 
@@ -42,11 +46,13 @@ private:
     QWidget *instrumentsPage();
     QWidget *previewPage();
     QWidget *midiPage();
+    QWidget *programsPage(const InstrumentSet &instruments);
     QWidget *appearancePage();
     QCheckBox *addCheckBox(Settings::Setting setting, const QString &name, const QString &text, const QString &tip,
                            Restart restart = Restart::NotNeeded);
     void bind(const Binding &binding);
     void change(const Binding &binding, const QVariant &value);
+    void change(Settings::Setting setting, const QVariant &value);
     void browse(const Binding &binding);
     void changeColour(const Binding &binding, const QColor &colour);
     void apply();

@@ -4,13 +4,16 @@
 #include "ui/preferences/PreferencesDialog.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QSpinBox>
 #include <QStackedWidget>
 #include <QTemporaryDir>
+#include <QTreeWidget>
 
 class TestPreferences : public QObject
 {
@@ -45,6 +48,8 @@ private slots:
         row("bend", "chkPitchBend", Settings::MidiPitchBend);
         row("unit", "chkOptimizeUnitLength", Settings::MidiAutoDetectUnitLength);
         row("volume", "chkNoteVolume", Settings::MidiProcessVolume);
+        row("choosing parts", "chkChooseParts", Settings::ChooseParts);
+        row("pedal", "chkSustainPedal", Settings::MidiSustainPedal);
         row("dark", "chkDarkPalette", Settings::DarkPalette);
     }
 
@@ -128,6 +133,30 @@ private slots:
         button(QDialogButtonBox::Ok)->click();
         QCOMPARE(settings_->value(Settings::NoteColor).value<QColor>(), standard);
         QVERIFY(dialogs_->messages.isEmpty());
+    }
+
+    void keepsInstrumentsForPrograms()
+    {
+        InstrumentSet instruments;
+        for (const auto *const name : {"Drums", "Lute", "Violin"})
+            instruments.add({QLatin1String(name), {}, {}});
+        settings_->setValue(Settings::ProgramInstrument, QStringLiteral("40=Violin\n24=Lute\n900=Lute\nx\n128=Violin"));
+        dialog_ = std::make_unique<PreferencesDialog>(*settings_, *dialogs_, instruments);
+        auto *const list = child<QTreeWidget>("rememberedPrograms");
+        auto *const instrument = child<QComboBox>("cboProgramInstrument");
+        QCOMPARE(list->topLevelItemCount(), 3);
+        QVERIFY(!instrument->isEnabled());
+        list->topLevelItem(2)->setSelected(true);
+        QCOMPARE(instrument->currentText(), QStringLiteral("Violin"));
+        instrument->setCurrentIndex(0);
+        emit instrument->activated(0);
+        list->clearSelection();
+        list->topLevelItem(1)->setSelected(true);
+        click("btnForgetProgram");
+        child<QSpinBox>("spnVelocityGate")->setValue(20);
+        button(QDialogButtonBox::Ok)->click();
+        QCOMPARE(settings_->value(Settings::ProgramInstrument).toString(), QStringLiteral("24=Lute\n128=Drums"));
+        QCOMPARE(settings_->value(Settings::MidiVelocityGate).toInt(), 20);
     }
 
     void discardsWhenCancelled()

@@ -1,0 +1,149 @@
+#include "ui/MidiSettingsBox.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QSpinBox>
+#include <QVBoxLayout>
+
+// Texts in the first group are fixed; those of the second are translated.
+enum class SettingsGroup { Rules, Choices };
+
+struct MidiSettingsBox::Row
+{
+    Settings::Setting setting;
+    SettingsGroup group;
+    const char *name;
+    const char *text;
+    const char *tip;
+};
+
+const QVector<MidiSettingsBox::Row> &MidiSettingsBox::rows()
+{
+    using Group = SettingsGroup;
+    static const QVector<Row> table{
+        {Settings::MidiMergeChannels, Group::Rules, "chkMergeChannels", "Create one track per MIDI channel",
+         "If checked, all notes playing on the same channel will be merged into a single track, even if they are in "
+         "separate tracks in the MIDI."},
+        {Settings::MidiAutoRealign, Group::Rules, "chkRealign", "Automatically re-align notes after importing",
+         "If checked, all notes will automatically be re-aligned after importing a MIDI."},
+        {Settings::MidiPitchBend, Group::Rules, "chkPitchBend", "Process pitch bending",
+         "If checked, pitch bending in MIDIs will be approximated with additional notes"},
+        {Settings::MidiAutoDetectUnitLength, Group::Rules, "chkOptimizeUnitLength",
+         "Auto-detect default note length to minimize ABC size",
+         "If checked, the unit length (L: header) of imported tracks will be optimized to produce the smallest ABC "
+         "size. Otherwise the default of 1/4 will be used."},
+        {Settings::MidiProcessVolume, Group::Rules, "chkNoteVolume",
+         "Process note volume (Will not work in Kelvarion!)",
+         "If checked, the volume of notes will be imported as well. Do note that this will only affect the preview, "
+         "the generated ABC is not affected as Kelvarin does not support volume changes."},
+        {Settings::MidiEndRestruck, Group::Choices, "chkEndRestruck",
+         QT_TRANSLATE_NOOP("MidiSettingsBox", "End notes that are struck again"),
+         QT_TRANSLATE_NOOP("MidiSettingsBox",
+                           "A note that is struck again while it sounds ends there, instead of being lost")},
+        {Settings::MidiSustainPedal, Group::Choices, "chkSustainPedal",
+         QT_TRANSLATE_NOOP("MidiSettingsBox", "Use the sustain pedal"),
+         QT_TRANSLATE_NOOP("MidiSettingsBox", "Notes sound on while the pedal is down")},
+        {Settings::MidiSplitPrograms, Group::Choices, "chkSplitPrograms",
+         QT_TRANSLATE_NOOP("MidiSettingsBox", "One part for each program of a channel"),
+         QT_TRANSLATE_NOOP("MidiSettingsBox", "A channel that changes its instrument becomes several parts")},
+        {Settings::MidiTrackNames, Group::Choices, "chkTrackNames",
+         QT_TRANSLATE_NOOP("MidiSettingsBox", "Use the names of MIDI tracks"),
+         QT_TRANSLATE_NOOP("MidiSettingsBox", "Parts are named after the tracks that they are from")},
+        {Settings::MidiFoldOctaves, Group::Choices, "chkFoldOctaves",
+         QT_TRANSLATE_NOOP("MidiSettingsBox", "Move notes out of range by octaves"),
+         QT_TRANSLATE_NOOP("MidiSettingsBox", "Notes that are too low or too high to be written are moved, instead of "
+                                              "being left out")},
+        {Settings::MidiExactTempo, Group::Choices, "chkExactTempo",
+         QT_TRANSLATE_NOOP("MidiSettingsBox", "Keep the tempo exactly"),
+         QT_TRANSLATE_NOOP("MidiSettingsBox", "The tempo is not rounded to whole beats a minute")},
+        {Settings::MidiReadAllChunks, Group::Choices, "chkReadAllChunks",
+         QT_TRANSLATE_NOOP("MidiSettingsBox", "Read tracks that the file does not count"),
+         QT_TRANSLATE_NOOP("MidiSettingsBox", "All tracks are read, however many the beginning of the file speaks of")},
+        {Settings::MidiMergedUnitLength, Group::Choices, "chkMergedUnitLength",
+         QT_TRANSLATE_NOOP("MidiSettingsBox", "Auto-detect the note length of channels, too"),
+         QT_TRANSLATE_NOOP("MidiSettingsBox", "The note length is also detected where there is one track per channel")},
+        {Settings::MidiCleanQuantise, Group::Choices, "chkCleanQuantise",
+         QT_TRANSLATE_NOOP("MidiSettingsBox", "Quantise cleanly instead of re-aligning"),
+         QT_TRANSLATE_NOOP("MidiSettingsBox", "Notes move to the grid that the music is on, measure by measure, and "
+                                              "get lengths that are simple to write")},
+        {Settings::MidiVelocityGate, Group::Choices, "spnVelocityGate",
+         QT_TRANSLATE_NOOP("MidiSettingsBox", "Leave out notes softer than"),
+         QT_TRANSLATE_NOOP("MidiSettingsBox", "How hard a note must be struck to be meant: 0 to 127")},
+    };
+    return table;
+}
+
+MidiSettingsBox::MidiSettingsBox(const Settings &settings, QWidget *parent) : QWidget(parent), settings_(settings)
+{
+    auto *const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    for (const auto group : {SettingsGroup::Rules, SettingsGroup::Choices}) {
+        auto *const frame =
+            new QGroupBox(group == SettingsGroup::Rules ? QStringLiteral("Import Settings") : tr("By Choice"));
+        auto *const controls = new QVBoxLayout(frame);
+        for (const auto &row : rows()) {
+            if (row.group == group)
+                addRow(row, *controls);
+        }
+        column->addWidget(frame);
+    }
+}
+
+void MidiSettingsBox::addRow(const Row &row, QVBoxLayout &column)
+{
+    const bool isNumber = SettingsTable::rows()[row.setting].type == SettingsTable::Type::Integer;
+    auto *const control = isNumber ? numberBox(row) : checkBox(row);
+    control->setObjectName(QLatin1String(row.name));
+    control->setToolTip(tr(row.tip));
+    if (!isNumber) {
+        column.addWidget(control);
+        return;
+    }
+    auto *const label = new QLabel(tr(row.text));
+    label->setBuddy(control);
+    label->setToolTip(control->toolTip());
+    auto *const line = new QHBoxLayout;
+    line->addWidget(label);
+    line->addWidget(control);
+    line->addStretch();
+    column.addLayout(line);
+}
+
+QWidget *MidiSettingsBox::checkBox(const Row &row)
+{
+    auto *const box = new QCheckBox(tr(row.text));
+    box->setChecked(settings_.value(row.setting).toBool());
+    connect(box, &QCheckBox::toggled, this, [=, this, setting = row.setting](bool is) { change(setting, is); });
+    return box;
+}
+
+QWidget *MidiSettingsBox::numberBox(const Row &row)
+{
+    auto *const box = new QSpinBox;
+    box->setRange(0, 127);
+    box->setValue(settings_.value(row.setting).toInt());
+    box->setAccessibleName(tr(row.text));
+    connect(box, qOverload<int>(&QSpinBox::valueChanged), this,
+            [=, this, setting = row.setting](int number) { change(setting, number); });
+    return box;
+}
+
+void MidiSettingsBox::change(Settings::Setting setting, const QVariant &value)
+{
+    changes_.insert(setting, value);
+    emit changed(setting, value);
+}
+
+QVariant MidiSettingsBox::value(Settings::Setting setting) const
+{
+    const auto change = changes_.constFind(setting);
+    return change != changes_.constEnd() ? *change : settings_.value(setting);
+}
+
+void MidiSettingsBox::store(Settings &settings) const
+{
+    for (auto change = changes_.constBegin(); change != changes_.constEnd(); ++change)
+        settings.setValue(change.key(), change.value());
+}
