@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
-
-#include <algorithm>
+#include "core/Ticks.h"
 
 // How far realignment moved the starts of notes, in milliseconds of the song's own tempo.
 struct ShiftReport
@@ -10,14 +8,18 @@ struct ShiftReport
     int shiftedNotes = 0;
     double largestMs = 0;
     double totalMs = 0;
+    Ticks largestAt = 0; // where the first of the largest was
 
     double meanMs() const { return shiftedNotes > 0 ? totalMs / shiftedNotes : 0; }
 
-    void add(double ms)
+    void add(double ms, Ticks place)
     {
         ++shiftedNotes;
-        largestMs = std::max(largestMs, ms);
         totalMs += ms;
+        if (ms > largestMs) {
+            largestMs = ms;
+            largestAt = place;
+        }
     }
 };
 

@@ -68,6 +68,7 @@ void MidiConversion::beginGroup()
         channel.changesSeen = 0;
         channel.program = 0;
         channel.programs.clear();
+        channel.found.clear();
         channel.pitchOffset = 0;
     }
 }
@@ -101,11 +102,11 @@ bool MidiConversion::canBeWritten(int pitch) const
 void MidiConversion::finishNote(MidiChannel &channel, int pitch, const ActiveNotes::Note &note, quint64 end)
 {
     if (!canBeWritten(pitch)) {
-        ++result_.report.outOfRange;
+        channel.add(ImportFinding::OutOfRange, toTicks(note.start));
         return;
     }
     if (!isPlayable(pitch)) {
-        ++result_.report.folded;
+        channel.add(ImportFinding::Folded, toTicks(note.start));
         pitch = foldedPitch(pitch);
     }
     appendNote(channel, pitch, note, end);
@@ -125,11 +126,11 @@ void MidiConversion::appendNote(MidiChannel &channel, int pitch, const ActiveNot
 
 void MidiConversion::noteOn(quint8 channelNumber, quint8 key, quint8 velocity, quint64 now)
 {
+    auto &channel = (*channels_)[channelNumber];
     if (velocity < options_.velocityGate) {
-        ++result_.report.belowVelocityGate;
+        channel.add(ImportFinding::BelowVelocityGate, toTicks(now));
         return;
     }
-    auto &channel = (*channels_)[channelNumber];
     const int pitch = key + channel.pitchOffset;
     ActiveNotes::Note note{now, velocity, 1, 0, false};
     if (const auto *const sounding = channel.active.find(pitch); sounding != nullptr) {
@@ -147,7 +148,7 @@ void MidiConversion::endRestruck(MidiChannel &channel, int pitch, const ActiveNo
     if (isEnded && end > note.start)
         finishNote(channel, pitch, note, end);
     else
-        ++result_.report.restruck;
+        channel.add(ImportFinding::Restruck, toTicks(note.start));
 }
 
 // A key that was struck again is released as often as it was struck, but some programs release it once. So the note
@@ -305,12 +306,12 @@ void MidiConversion::closeActiveNotes(quint64 now)
             if (options_.foldOctaves && !isPlayable(pitch)) {
                 finishNote(channel, pitch, note, now);
             } else if (pitch < 0) {
-                ++result_.report.outOfRange;
+                channel.add(ImportFinding::OutOfRange, toTicks(note.start));
                 return;
             } else {
                 appendNote(channel, pitch, note, now);
             }
-            ++result_.report.unterminated;
+            channel.add(ImportFinding::Unterminated, toTicks(note.start));
         });
         channel.active.clear();
     }
@@ -319,7 +320,8 @@ void MidiConversion::closeActiveNotes(quint64 now)
 void MidiConversion::dropActiveNotes()
 {
     for (auto &channel : *channels_) {
-        channel.active.forEach([&](int, const ActiveNotes::Note &) { ++result_.report.unterminated; });
+        channel.active.forEach(
+            [&](int, const ActiveNotes::Note &note) { channel.add(ImportFinding::Unterminated, toTicks(note.start)); });
         channel.active.clear();
     }
 }
@@ -349,8 +351,11 @@ QVector<MidiPart> MidiConversion::takeGroupParts()
     QVector<MidiPart> parts;
     for (int c = 0; c < int(channels_->size()); ++c) {
         auto &channel = (*channels_)[size_t(c)];
-        if (!channel.hasNotes)
+        if (!channel.hasNotes) {
+            for (const auto &[program, found] : channel.found)
+                result_.elsewhere.add(found);
             continue;
+        }
         catchUp(channel);
         parts += takeParts(channel, c, programs, limits_);
     }
@@ -369,6 +374,7 @@ void MidiConversion::endGroup()
         if (!trackTitles[i].isEmpty())
             titles.prepend(trackTitles[i]);
         titles.append(QStringLiteral("Track %1 - %2").arg(number).arg(instrumentTitle(parts[i])));
+        result_.parts.append(parts[i].report);
         result_.tracks.append(makeTrack(std::move(parts[i]), titles));
     }
 }
@@ -386,14 +392,17 @@ void MidiConversion::applyTempoList(Track &track)
     }
 }
 
-Track MidiConversion::finished(Track track)
+Track MidiConversion::finished(Track track, PartReport &report)
 {
     applyTempoList(track);
     if (!track.hasHeaderField(tempoField()))
         track.setHeaderField(tempoField(), WrittenTempo().text());
     track.normalize();
-    if (options_.autoRealign)
-        track = realign(std::move(track), SnapGrid::quick(), &result_.report.shifts);
+    if (options_.autoRealign) {
+        report.shifts = addShifts(result_.report.shifts, [&](ShiftReport *shifts) {
+            track = realign(std::move(track), SnapGrid::quick(), shifts);
+        });
+    }
     if (!options_.mergeChannels || (options_.mergedUnitLength && options_.autoDetectUnitLength)) {
         const auto denominator = options_.autoDetectUnitLength ? detectUnitLength(track) : 4;
         track.setHeaderField(QStringLiteral("L"), unitLengthText(denominator));
@@ -404,9 +413,12 @@ Track MidiConversion::finished(Track track)
 ImportResult MidiConversion::finish(const std::stop_token &stop)
 {
     // Each track leaves the list before it is worked on, so that its events are not copied more often than needed.
-    for (auto &track : result_.tracks) {
+    for (int i = 0; i < result_.tracks.size(); ++i) {
         throwIfStopped(stop);
-        track = finished(std::move(track));
+        auto &track = result_.tracks[i];
+        track = finished(std::move(track), result_.parts[i]);
+        addNotes(result_.report, result_.parts[i]);
     }
+    addNotes(result_.report, result_.elsewhere);
     return std::move(result_);
 }

@@ -60,7 +60,7 @@ private:
     QVector<MidiPart> takeGroupParts();
     Track makeTrack(MidiPart part, const QStringList &titles) const;
     void applyTempoList(Track &track);
-    Track finished(Track track);
+    Track finished(Track track, PartReport &report);
 
     MidiImportOptions options_;
     double tickScale_;

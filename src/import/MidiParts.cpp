@@ -38,17 +38,27 @@ QVector<MidiPart> emptyParts(const MidiChannel &channel, int number)
     return parts;
 }
 
-} // namespace
-
-QVector<MidiPart> takeParts(MidiChannel &channel, int number, ProgramParts programs, ImportLimits &limits)
+void describe(MidiPart &part)
 {
-    const bool isSplit = programs == ProgramParts::Split && channel.programs.size() > 1 && number != percussionChannel;
-    auto parts = isSplit ? emptyParts(channel, number) : QVector<MidiPart>{{number, channel.program, {}}};
-    if (parts.size() == 1) {
-        parts.first().events = std::move(channel.events);
-        return parts;
+    part.report.channel = part.channel + 1;
+    part.report.program = part.program;
+    part.report.isPercussion = part.channel == percussionChannel;
+    part.report.notes = int(
+        std::count_if(part.events.begin(), part.events.end(), [](const TrackEvent &event) { return event.isNote(); }));
+}
+
+void takeFindings(MidiChannel &channel, QVector<MidiPart> &parts)
+{
+    for (const auto &[program, found] : channel.found) {
+        const auto isOwn = [program = program](const MidiPart &part) { return part.program == program; };
+        const auto own = std::find_if(parts.begin(), parts.end(), isOwn);
+        (own != parts.end() ? *own : parts.first()).report.add(found);
     }
-    limits.addCopies(channel.changesSeen * (parts.size() - 1));
+    channel.found.clear();
+}
+
+void takeEvents(MidiChannel &channel, QVector<MidiPart> &parts)
+{
     for (const auto &event : qAsConst(channel.events)) {
         const int program = programAt(channel.programs, event.start());
         for (auto &part : parts) {
@@ -56,6 +66,27 @@ QVector<MidiPart> takeParts(MidiChannel &channel, int number, ProgramParts progr
                 part.events.append(event);
         }
     }
+}
+
+} // namespace
+
+void MidiChannel::add(ImportFinding finding, Ticks place)
+{
+    found[programAt(programs, place)].add(finding, place);
+}
+
+QVector<MidiPart> takeParts(MidiChannel &channel, int number, ProgramParts programs, ImportLimits &limits)
+{
+    const bool isSplit = programs == ProgramParts::Split && channel.programs.size() > 1 && number != percussionChannel;
+    auto parts = isSplit ? emptyParts(channel, number) : QVector<MidiPart>{{number, channel.program, {}}};
+    takeFindings(channel, parts);
+    if (parts.size() == 1) {
+        parts.first().events = std::move(channel.events);
+    } else {
+        limits.addCopies(channel.changesSeen * (parts.size() - 1));
+        takeEvents(channel, parts);
+    }
+    std::for_each(parts.begin(), parts.end(), describe);
     return parts;
 }
 

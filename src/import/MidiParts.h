@@ -3,6 +3,7 @@
 #include "core/Track.h"
 #include "import/ActiveNotes.h"
 #include "import/ImportLimits.h"
+#include "import/PartReport.h"
 
 #include <QStringList>
 
@@ -19,11 +20,14 @@ struct MidiChannel
     bool hasNotes = false;
     qsizetype changesSeen = 0; // how many of the group's changes stand in events
     int program = 0;
-    std::map<Ticks, int> programs; // by when they came into force
+    std::map<Ticks, int> programs;   // by when they came into force
+    std::map<int, PartReport> found; // by the program that was in force there
     bool pedalIsDown = false;
     int pitchOffset = 0; // semitones that the bend in force adds to each key
     int bendRange = 2;
     quint32 registeredParameter = 0x7F7F;
+
+    void add(ImportFinding finding, Ticks place);
 };
 
 // What becomes a track: the notes of a channel, or those with one of its programs.
@@ -32,11 +36,12 @@ struct MidiPart
     int channel = 0;
     int program = 0;
     QVector<TrackEvent> events; // with a copy of all changes of tempo, metre and key
+    PartReport report = {};     // of what was found; what has no part of its own is in the first
 };
 
 enum class ProgramParts { Joined, Split };
 
-// Takes the channel's events. In the order of their first notes; not parted, they get the last program.
+// Takes the channel's events and findings. In the order of their first notes; not parted, they get the last program.
 QVector<MidiPart> takeParts(MidiChannel &channel, int number, ProgramParts programs, ImportLimits &limits);
 
 // "Percussion" on the tenth channel, the program's name elsewhere.

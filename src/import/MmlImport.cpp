@@ -55,6 +55,7 @@ private:
 
     Track track_;
     bool trackHasNotes_ = false;
+    PartReport found_; // in the track
     quint32 octave_ = 0;
     Ticks defaultLength_ = 0;
     Ticks time_ = 0;
@@ -137,7 +138,7 @@ void MmlParser::numberedNoteCommand()
     if (!number)
         return;
     if (*number > highestNoteNumber)
-        ++result_.report.outOfRange;
+        found_.add(ImportFinding::OutOfRange, time_);
     else
         writeNote(*number, defaultLength_);
 }
@@ -200,9 +201,14 @@ void MmlParser::endTrack()
 {
     if (trackHasNotes_) {
         limits_.addTrack();
+        found_.notes = track_.noteCount();
+        result_.parts.append(found_);
         result_.tracks.append(track_);
+    } else {
+        result_.elsewhere.add(found_);
     }
     track_ = {};
+    found_ = {};
     trackHasNotes_ = false;
 }
 
@@ -264,13 +270,16 @@ ImportResult MmlParser::parse()
         throwIfStopped(stop_);
         command(text_[int(at_++)]);
     }
-    endTrack();
     if (tieLength_ != 0)
-        ++result_.report.unterminated;
+        found_.add(ImportFinding::Unterminated, time_);
+    endTrack();
     for (auto &track : result_.tracks) {
         throwIfStopped(stop_);
         finish(track);
     }
+    for (const auto &part : qAsConst(result_.parts))
+        addNotes(result_.report, part);
+    addNotes(result_.report, result_.elsewhere);
     return std::move(result_);
 }
 

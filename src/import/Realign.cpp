@@ -72,7 +72,7 @@ Track realign(Track track, const SnapGrid &grid, ShiftReport *shifts)
         const auto snappedLength = grid.snap(start + event.length()) - snappedStart;
         event.setLength(snappedLength > 0 ? snappedLength : grid.minimumLength());
         if (shifts != nullptr && snappedStart != start)
-            shifts->add(double(std::abs(snappedStart - start)) * tempo);
+            shifts->add(double(std::abs(snappedStart - start)) * tempo, snappedStart);
     }
     track.normalize();
     return track;

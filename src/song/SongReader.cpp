@@ -3,6 +3,7 @@
 #include "base/Interrupted.h"
 #include "base/TextDecoding.h"
 #include "core/AbcParser.h"
+#include "import/GameAbc.h"
 #include "import/ImportLimits.h"
 #include "import/quantise/CleanQuantise.h"
 #include "import/standard/ForeignNotation.h"
@@ -108,7 +109,8 @@ private:
     void readSong(const QByteArray &bytes, const QString &folder);
     void readBytes(const QByteArray &bytes);
     void take(ImportResult result);
-    void add(Track track);
+    void add(Track track, const PartReport &report);
+    bool areToBeShown() const { return options_.tracks == ReadingOptions::Tracks::ToBeShown; }
     void readMidi(const QByteArray &bytes)
     {
         take((options_.cleanQuantise ? importMidiCleanly : importMidi)(bytes, options_.midi, stop_));
@@ -219,8 +221,9 @@ void SourceReader::takeStandard(const QVector<StandardTune> &tunes, const QStrin
         if (!tune.error.isEmpty())
             errors.add(translated("Tune %1: %2").arg(tune.number, tune.error));
         song_.report->outOfRange += tune.outOfRange;
+        song_.elsewhere.add(tune.silent);
         for (const auto &voice : tune.voices)
-            add(voice.track);
+            add(voice.track, voice.report);
     }
     errors.throwIfAny();
 }
@@ -248,7 +251,9 @@ void SourceReader::readGameAbc(const QString &text)
 
 void SourceReader::readTune(const QString &text)
 {
-    add(parseAbc(text, stop_));
+    PartReport report;
+    auto track = areToBeShown() ? parseAbcWithReport(text, report, stop_) : parseAbc(text, stop_);
+    add(std::move(track), report);
 }
 
 void SourceReader::readSong(const QByteArray &bytes, const QString &folder)
@@ -257,9 +262,9 @@ void SourceReader::readSong(const QByteArray &bytes, const QString &folder)
     TuneErrors errors;
     for (const auto &part : qAsConst(song_.song->parts)) {
         try {
-            add(SongParts::trackOf(part, stop_));
+            add(SongParts::trackOf(part, stop_), {});
         } catch (const QString &message) {
-            add(SongParts::silentTrackOf(part));
+            add(SongParts::silentTrackOf(part), {});
             errors.add(message);
         }
     }
@@ -278,21 +283,36 @@ void SourceReader::readMml(const QString &text)
 void SourceReader::take(ImportResult result)
 {
     song_.report = result.report;
-    const bool areToBeShown = options_.tracks == ReadingOptions::Tracks::ToBeShown;
-    for (auto &track : result.tracks) {
-        if (track.noteCount() > 0 || !areToBeShown)
-            add(std::move(track));
+    song_.elsewhere = result.elsewhere;
+    for (int i = 0; i < result.tracks.size(); ++i) {
+        auto &track = result.tracks[i];
+        if (track.noteCount() > 0 || !areToBeShown())
+            add(std::move(track), result.parts[i]);
+        else
+            song_.elsewhere.add(result.parts[i]);
     }
-    if (areToBeShown && song_.tracks.isEmpty())
+    if (areToBeShown() && song_.tracks.isEmpty())
         throw translated("There are no notes in it.");
 }
 
-void SourceReader::add(Track track)
+void SourceReader::add(Track track, const PartReport &report)
 {
     throwIfStopped(stop_);
-    if (options_.tracks == ReadingOptions::Tracks::ToBeShown)
+    if (areToBeShown())
         track.toAbc();
     song_.tracks.append(std::move(track));
+    song_.parts.append(report);
+    song_.sources.append(0);
+}
+
+void append(ReadSong &song, const ReadSong &read, int number)
+{
+    song.tracks += read.tracks;
+    song.errors += read.errors;
+    song.readFiles += read.readFiles;
+    song.parts += read.parts;
+    song.elsewhere.add(read.elsewhere);
+    song.sources += QVector<int>(read.tracks.size(), number);
 }
 
 } // namespace
@@ -359,10 +379,7 @@ ReadSong readSong(const QVector<SongSource> &sources, const ReadingOptions &opti
     try {
         for (int number = 0; number < sources.size(); ++number) {
             step(number);
-            const auto read = readSource(sources[number], options, stop);
-            song.tracks += read.tracks;
-            song.errors += read.errors;
-            song.readFiles += read.readFiles;
+            append(song, readSource(sources[number], options, stop), number);
         }
     } catch (const Interrupted &) {
     }

@@ -27,8 +27,8 @@ struct ReadingOptions
     MmlImportOptions mml;
     AbcDialect abc = AbcDialect::Game;
 
-    // Tracks to be shown have their ABC texts made, which takes long in a long track, and imported ones without notes
-    // are left out.
+    // Tracks to be shown have their ABC texts made, which takes long in a long track, ABC tells what the game makes of
+    // it, and imported tracks without notes are left out.
     enum class Tracks { AsRead, ToBeShown };
     Tracks tracks = Tracks::AsRead;
 };
@@ -52,6 +52,9 @@ struct ReadSong
     std::optional<ImportReport> report = {}; // of a source that was imported by itself: MIDI, MML, standard ABC
     std::optional<Song> song = {};           // of a song file that was read by itself; its parts are the tracks
     QString remark = {};                     // for people: that ABC was read as the standard has it, and why
+    QVector<PartReport> parts = {};          // of the tracks, one each
+    PartReport elsewhere = {};               // what was found where no note became part of a track
+    QVector<int> sources = {};               // of the tracks, by their number among those that were asked for
 };
 
 // No file and no input may be longer, in bytes; song files have a bound of their own.

@@ -23,7 +23,33 @@ protected:
     qint64 writeData(const char *, qint64) override { return -1; }
 };
 
+// Kinds of findings by the letters of their names, each with its places.
+QString describe(const PartReport &report)
+{
+    static constexpr const char *names[] = {"soft",    "restruck", "range",  "folded", "open",  "silence",
+                                            "overlap", "tempo",    "repeat", "tie",    "unread"};
+    static_assert(std::size(names) == importFindingCount);
+    QStringList words;
+    if (report.channel)
+        words.append(QStringLiteral("%1/%2").arg(*report.channel).arg(report.program.value_or(-1)));
+    for (int i = 0; i < importFindingCount; ++i) {
+        const auto finding = ImportFinding(i);
+        if (report.count(finding) == 0)
+            continue;
+        QStringList places;
+        for (const auto place : report.places(finding))
+            places.append(QString::number(double(place) / ticksPerQuarter));
+        words.append(
+            QStringLiteral("%1 %2@%3").arg(report.count(finding)).arg(QLatin1String(names[i]), places.join(u'+')));
+    }
+    if (report.barLineSilence > 0)
+        words.append(QStringLiteral("%1 silent").arg(double(report.barLineSilence) / ticksPerQuarter));
+    return words.join(u' ');
+}
+
 } // namespace
+
+Q_DECLARE_METATYPE(AbcDialect)
 
 class TestSongReader : public QObject
 {
@@ -101,6 +127,52 @@ private slots:
         QVERIFY(isTextByEnding || bytes.isEmpty() || unnamed.tracks.size() == song.tracks.size());
     }
 
+    void reports_data()
+    {
+        using namespace MidiBytes;
+        // of each part, then what is in none
+        const Rows<QByteArray, AbcDialect, QString> row("bytes", "dialect", "report");
+        const auto game = AbcDialect::Game;
+        const auto abc = [](const char *music) { return QByteArray("X:1\nM:4/4\nL:1/4\nQ:1/4=90\nK:C\n") + music; };
+        row("nothing", abc("CDEF|GABc|]"), game, "|");
+        row("silences", abc("C|DEFG| |GA|z"), game, "3 silence@1+8+14 9 silent|");
+        row("too full a measure", abc("CDEFG|A|]"), game, "1 overlap@4|");
+        row("behind the end", abc("CDEF|G|]"), game, "|");
+        row("repeats and ties", abc("|:C2 -C2:|D4::E4:|"), game, "1 silence@0 3 repeat@8+12+16 1 tie@4 4 silent|");
+        row("no tempo", "X:1\nM:4/4\nL:1/4\nK:C\nC", game, "1 tempo@0|");
+        row("standard", "X:1\nL:1/4\nK:C\nV:1\nC-|D C,,,,,|\nL:x\nV:2\n%%MIDI program 7\nC- C-|]", AbcDialect::Standard,
+            "1 range@2 1 tempo@0 1 tie@1 1 unread@|1 tie@2|");
+        const auto lost = midiEvent(0, {0xC0, 40}) + noteOn(0, 60) + noteOn(96, 60) + noteOn(0, 62, 3) +
+                          noteOff(96, 60) + noteOn(0, 109, 90, 9) + noteOff(96, 109, 9) + noteOn(0, 36, 90, 9) +
+                          noteOn(0, 62, 1, 3) + endOfTrack(96);
+        row("MIDI", file({lost}), game, "1/40 1 soft@1 1 restruck@0|10/0 1 range@2 1 open@3|1 soft@3");
+        row("MML", "MML@t120n200,cn128d&", game, "1 range@1 1 open@1|1 range@0");
+    }
+    void reports()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(AbcDialect, dialect);
+        ReadingOptions options;
+        options.abc = dialect;
+        options.tracks = ReadingOptions::Tracks::ToBeShown;
+        const auto song = readSource({SongSource::Kind::Bytes, {}, bytes}, options);
+        QCOMPARE(song.parts.size(), song.tracks.size());
+        QStringList parts;
+        auto sum = song.elsewhere;
+        for (const auto &part : song.parts) {
+            parts.append(describe(part));
+            sum.add(part);
+        }
+        parts.append(describe(song.elsewhere));
+        QTEST(parts.join(u'|'), "report");
+        if (song.report) {
+            QCOMPARE(song.report->restruck, sum.count(ImportFinding::Restruck));
+            QCOMPARE(song.report->outOfRange, sum.count(ImportFinding::OutOfRange));
+            QCOMPARE(song.report->belowVelocityGate, sum.count(ImportFinding::BelowVelocityGate));
+            QCOMPARE(song.report->shifts.totalMs, sum.shifts.totalMs);
+        }
+    }
+
     void limits()
     {
         EndlessDevice endless;
@@ -129,6 +201,7 @@ private slots:
                                           {SongSource::Kind::AbcText, QStringLiteral("X:1\nK:C\n")}};
         const auto song = readSong(sources, options, {}, [](int) {});
         QCOMPARE(song.tracks.size(), 3);
+        QCOMPARE(song.sources, QVector<int>({0, 0, 1}));
         QVERIFY(std::all_of(song.tracks.begin(), song.tracks.end(), [](const Track &track) { return track.hasAbc(); }));
         std::stop_source stop;
         const auto stopped = readSong(sources, options, stop.get_token(), [&](int number) {

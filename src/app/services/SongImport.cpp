@@ -4,9 +4,10 @@
 
 namespace {
 
-ReadingOptions optionsOf(const Settings &settings)
+ReadingOptions optionsOf(const ImportRequest &request, const Settings &settings)
 {
-    auto options = readingOptions([&](Settings::Setting setting) { return settings.value(setting); });
+    auto options = request.options ? *request.options
+                                   : readingOptions([&](Settings::Setting setting) { return settings.value(setting); });
     options.tracks = ReadingOptions::Tracks::ToBeShown;
     return options;
 }
@@ -35,7 +36,7 @@ void SongImport::readNext()
 {
     const auto request = requests_.head();
     emit progress(request.status, 0, int(request.sources.size()));
-    const auto work = [request, options = optionsOf(settings_)](const TaskControl &control) {
+    const auto work = [request, options = optionsOf(request, settings_)](const TaskControl &control) {
         return readSong(request.sources, options, control.stop(),
                         [&](int number) { control.report(number, int(request.sources.size())); });
     };

@@ -7,6 +7,8 @@
 #include <QObject>
 #include <QQueue>
 
+#include <optional>
+
 class Settings;
 
 // What one action of the user is to bring into the song.
@@ -16,7 +18,8 @@ struct ImportRequest
     QString status; // while it runs
     QVector<SongSource> sources;
     ExistingTracks existing = ExistingTracks::Keep;
-    QStringList replaced = {}; // the tracks whose file is read again
+    QStringList replaced = {};                  // the tracks whose file is read again
+    std::optional<ReadingOptions> options = {}; // where they are not those of the preferences; always to be shown
 };
 
 // Reads songs beside the interface thread, one request after another.

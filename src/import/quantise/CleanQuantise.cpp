@@ -117,7 +117,7 @@ void Quantiser::moveNotes(ShiftReport *shifts)
         const auto onset = notes[number].onset;
         const auto place = places_[onset].time;
         if (shifts != nullptr && place != event.start())
-            shifts->add(double(std::abs(place - event.start())) * onsets_[onset].msPerTick);
+            shifts->add(double(std::abs(place - event.start())) * onsets_[onset].msPerTick, place);
         event.setStart(place);
         event.setLength(lengths[number++]);
     }
@@ -188,9 +188,11 @@ ImportResult importMidiCleanly(const QByteArray &bytes, const MidiImportOptions 
     options.autoRealign = false;
     auto result = importMidi(bytes, options, stop);
     const auto l = QStringLiteral("L");
-    for (auto &track : result.tracks) {
+    for (int i = 0; i < result.tracks.size(); ++i) {
+        auto &track = result.tracks[i];
         const bool hasUnit = track.hasHeaderField(l);
-        track = cleanQuantised(std::move(track), &result.report.shifts, stop);
+        result.parts[i].shifts = addShifts(
+            result.report.shifts, [&](ShiftReport *shifts) { track = cleanQuantised(std::move(track), shifts, stop); });
         if (hasUnit && options.autoDetectUnitLength)
             track.setHeaderField(l, unitLengthText(detectUnitLength(track)));
     }

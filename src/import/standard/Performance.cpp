@@ -165,6 +165,7 @@ public:
             play(0, items_.size());
         else
             playParts(partOrder);
+        loseTies();
         return std::move(performed_);
     }
 
@@ -183,6 +184,8 @@ private:
     Fraction playGraces(const ScoreItem &item);
     void playNote(const ScoreNote &note, const MusicTime &start, const Fraction &length);
     int appendNote(int pitch, const MusicTime &start, const MusicTime &end);
+    void loseTie(const OpenTie &tie) { performed_.report.add(ImportFinding::TieLost, tie.end.rounded()); }
+    void loseTies();
     void endMeasure();
 
     const QVector<ScoreItem> &items_;
@@ -312,17 +315,30 @@ void Performer::playNote(const ScoreNote &note, const MusicTime &start, const Fr
         auto &held = performed_.notes[index];
         held.setLength(end.rounded() - held.start());
     }
+    if (tie != ties_.end() && !isContinued) {
+        loseTie(*tie);
+        ties_.erase(tie);
+    }
     if (note.isTied && index >= 0)
         ties_.insert(note.pitch, {index, end});
     else if (isContinued)
         ties_.remove(note.pitch);
 }
 
+// In the order of time, whatever the table's is.
+void Performer::loseTies()
+{
+    auto open = ties_.values();
+    std::sort(open.begin(), open.end(), [](const OpenTie &a, const OpenTie &b) { return a.end < b.end; });
+    for (const auto &tie : qAsConst(open))
+        loseTie(tie);
+}
+
 // The index of the new note, -1 when it is too low to have a number.
 int Performer::appendNote(int pitch, const MusicTime &start, const MusicTime &end)
 {
     if (pitch < 0) {
-        ++performed_.belowRange;
+        performed_.report.add(ImportFinding::OutOfRange, start.rounded());
         return -1;
     }
     const auto length = std::max<Ticks>(1, end.rounded() - start.rounded());

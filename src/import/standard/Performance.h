@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/TrackEvent.h"
+#include "import/PartReport.h"
 #include "import/standard/ScoreItem.h"
 
 #include <QString>
@@ -17,7 +18,7 @@ struct PerformedVoice
     QVector<TrackEvent> notes;   // of any pitch from 0 on; not sorted
     QVector<TrackEvent> changes; // keys and metres
     QVector<TrackEvent> tempos;
-    int belowRange = 0;    // notes under pitch 0
+    PartReport report;     // notes under pitch 0, and ties that lead to no note
     int repeatsPlayed = 0; // how often the music went back
 };
 

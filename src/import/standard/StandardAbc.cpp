@@ -30,10 +30,13 @@ public:
             addVoice(score_.voices[i], performed[i]);
         tune_.unreadable = score_.unreadable;
         tune_.hasTempo = score_.tempo || !tempos_.isEmpty();
+        if (!tune_.voices.isEmpty())
+            describeTune(tune_.voices.first().report);
     }
 
 private:
     void addVoice(const Voice &voice, const PerformedVoice &performed);
+    void describeTune(PartReport &report) const;
     QString titleOf(const Voice &voice) const;
     void writeHeader(Track &track, const Voice &voice) const;
 
@@ -45,7 +48,7 @@ private:
 void TuneConversion::addVoice(const Voice &voice, const PerformedVoice &performed)
 {
     tune_.repeatsPlayed += performed.repeatsPlayed;
-    tune_.outOfRange += performed.belowRange;
+    auto report = performed.report;
     Track track;
     writeHeader(track, voice);
     track.editEvents() = tempos_ + performed.changes;
@@ -53,11 +56,26 @@ void TuneConversion::addVoice(const Voice &voice, const PerformedVoice &performe
         if (isPlayable(note.pitch()))
             track.appendEvent(note);
         else
-            ++tune_.outOfRange;
+            report.add(ImportFinding::OutOfRange, note.start());
     }
     track.normalize();
-    if (track.noteCount() > 0)
-        tune_.voices.append({track, voice.program, voice.channel});
+    tune_.outOfRange += report.count(ImportFinding::OutOfRange);
+    report.channel = voice.channel;
+    report.program = voice.program;
+    report.isPercussion = voice.channel == 10;
+    report.notes = track.noteCount();
+    if (report.notes > 0)
+        tune_.voices.append({track, voice.program, voice.channel, report});
+    else
+        tune_.silent.add(report);
+}
+
+void TuneConversion::describeTune(PartReport &report) const
+{
+    if (tune_.unreadable > 0)
+        report.addWithoutPlace(ImportFinding::Unreadable, tune_.unreadable);
+    if (!tune_.hasTempo)
+        report.add(ImportFinding::DefaultTempo, 0);
 }
 
 QString TuneConversion::titleOf(const Voice &voice) const

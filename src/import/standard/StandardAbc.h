@@ -23,6 +23,7 @@ struct StandardVoice
     Track track;                // normalised, without a text
     std::optional<int> program; // of General MIDI, that the tune asks for
     std::optional<int> channel; // 1..16; drums on 10
+    PartReport report;          // what is said once of a tune is in its first voice
 };
 
 struct StandardTune
@@ -32,6 +33,7 @@ struct StandardTune
     QVector<StandardVoice> voices; // those with notes
     QString error;                 // why it could not be read; then there are no voices
     int outOfRange = 0;            // notes that no instrument plays
+    PartReport silent;             // of voices without notes
     int unreadable = 0;            // fields and characters without a meaning
     int repeatsPlayed = 0;
     bool hasTempo = false; // otherwise it plays at the usual 120 quarters a minute
