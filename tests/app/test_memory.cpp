@@ -61,7 +61,9 @@ private slots:
         row("drop", false, few, "long.abc", [](auto &window) { window.drop({window.path("long.abc")}); });
         row("paste", false, few, "the text", [](auto &window) { window.trigger("actionImport_from_Clipboard"); });
         row("import MIDI", false, few, "long.mid", [](auto &window) { window.trigger("actionImport_MIDI"); });
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0) // the lists of Qt 6.4 do not notice that their copy found no memory
         row("merge", true, few, "Could not merge", [](auto &window) { window.trigger("actionMerge_Selected"); });
+#endif
         row("save", true, 200'000, "long.abc", [](auto &window) { window.trigger("actionSave_Selected"); });
         row("apply", false, few, "", [](auto &window) {
             EditorDocument document;

@@ -116,7 +116,7 @@ private slots:
         QFETCH(QString, edit);
         const auto text = header + body;
         const auto found = edited(text, parseEdit(readAbc(text).track, edit));
-        QTEST(found.mid(std::max(0, found.indexOf(u"K: C\n")) + 5), "result");
+        QTEST(found.mid(std::max<qsizetype>(0, found.indexOf(u"K: C\n")) + 5), "result");
     }
 
     void keepsItsMeaningInRandomEdits()

@@ -184,10 +184,8 @@ void PianoRoll::onSoundingChanged()
     const auto changed = state_.readSounding(document_);
     updateNotes(before);
     updateNotes(shownSounding_);
-    for (size_t pitch = 0; changed.any() && pitch < changed.size(); ++pitch) {
-        if (changed.test(pitch))
-            keyboard_->updateKey(int(pitch));
-    }
+    if (changed.any())
+        keyboard_->update();
 }
 
 void PianoRoll::onPlayPositionChanged(Ticks tick)
@@ -255,13 +253,8 @@ void PianoRoll::soundBriefly(int pitch)
 
 void PianoRoll::setKeyUnderMouse(std::optional<int> pitch)
 {
-    const auto before = std::exchange(state_.keyUnderMouse, pitch);
-    if (before == pitch)
-        return;
-    for (const auto changed : {before, pitch}) {
-        if (changed)
-            keyboard_->updateKey(*changed);
-    }
+    if (std::exchange(state_.keyUnderMouse, pitch) != pitch)
+        keyboard_->update();
 }
 
 // --- commands about the view

@@ -1,6 +1,7 @@
 // The events of the piano roll.
 #include "edit/NoteText.h"
 #include "settings/Settings.h"
+#include "ui/SharpPainter.h"
 #include "ui/roll/PianoRoll.h"
 #include "ui/roll/RollKeyboard.h"
 #include "ui/roll/RollRuler.h"
@@ -36,9 +37,7 @@ void PianoRoll::scrollContentsBy(int dx, int dy)
         viewport()->update();
     if (dx != 0)
         ruler_->update(); // its marks at the left edge stay
-    if (dy != 0 && moves)
-        keyboard_->scroll(0, dy);
-    else if (dy != 0)
+    if (dy != 0)
         keyboard_->update();
 }
 
@@ -62,7 +61,7 @@ bool PianoRoll::viewportEvent(QEvent *event)
 
 void PianoRoll::paintEvent(QPaintEvent *event)
 {
-    QPainter painter(viewport());
+    SharpPainter painter(viewport());
     for (const auto &rect : event->region()) {
         painter.setClipRect(rect);
         painter_.paint(painter, state_, mouse_.drag(), rect);

@@ -3,6 +3,7 @@
 #include "core/AbcParser.h"
 #include "core/KeyTable.h"
 #include "edit/NoteText.h"
+#include "ui/SharpPainter.h"
 #include "ui/roll/RollState.h"
 
 #include <QHelpEvent>
@@ -29,13 +30,6 @@ RollKeyboard::RollKeyboard(const RollState &state, QWidget *parent) : QWidget(pa
 QSize RollKeyboard::sizeHint() const
 {
     return {keyboardWidth, 200};
-}
-
-void RollKeyboard::updateKey(int pitch)
-{
-    // A white key reaches into the rows of the black keys beside it.
-    const auto row = state_.geometry.rowHeight();
-    update(QRectF(0, state_.geometry.top(pitch) - row, width(), 3 * row).toAlignedRect());
 }
 
 QString RollKeyboard::describe(int pitch) const
@@ -68,7 +62,7 @@ QColor RollKeyboard::keyColour(int pitch) const
 
 void RollKeyboard::paintEvent(QPaintEvent *event)
 {
-    QPainter painter(this);
+    SharpPainter painter(this);
     const auto &geometry = state_.geometry;
     painter.fillRect(event->rect(), state_.colours.ruler);
     painter.setBrushOrigin(0, -geometry.scroll().y()); // the hatching scrolls with the keys
@@ -145,7 +139,7 @@ void RollKeyboard::press(int pitch)
         return;
     release();
     pressed_ = pitch;
-    updateKey(pitch);
+    update();
     emit pressed(pitch);
 }
 
@@ -153,7 +147,7 @@ void RollKeyboard::release()
 {
     if (!pressed_)
         return;
-    updateKey(*pressed_);
+    update();
     pressed_.reset();
     emit released();
 }

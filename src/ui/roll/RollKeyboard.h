@@ -16,7 +16,6 @@ public:
     explicit RollKeyboard(const RollState &state, QWidget *parent = nullptr);
 
     QSize sizeHint() const override;
-    void updateKey(int pitch);
 
 signals:
     void pressed(int pitch);

@@ -1,5 +1,6 @@
 #include "ui/roll/RollRuler.h"
 
+#include "ui/SharpPainter.h"
 #include "ui/roll/RollState.h"
 
 #include <QMouseEvent>
@@ -54,7 +55,7 @@ void RollRuler::updateMark(Ticks tick)
 
 void RollRuler::paintEvent(QPaintEvent *event)
 {
-    QPainter painter(this);
+    SharpPainter painter(this);
     const auto clip = event->rect();
     const auto &geometry = state_.geometry;
     painter.fillRect(clip, state_.colours.ruler);
