@@ -3,6 +3,8 @@
 #include <QSet>
 #include <QString>
 
+#include <algorithm>
+
 namespace {
 
 constexpr qint64 largestNumber = 10'000;
@@ -24,6 +26,15 @@ bool isDecoration(const QString &name)
         return QSet<QString>(words.begin(), words.end());
     }();
     return names.contains(name);
+}
+
+bool areNotes(QStringView text)
+{
+    const auto letters = QStringLiteral("CDEFGABcdefgab");
+    const auto others = QStringLiteral("^_=,'/0123456789- ");
+    const auto isLetter = [&](QChar c) { return letters.contains(c); };
+    return std::any_of(text.begin(), text.end(), isLetter) &&
+           std::all_of(text.begin(), text.end(), [&](QChar c) { return isLetter(c) || others.contains(c); });
 }
 
 class MusicLineReader
@@ -49,10 +60,12 @@ private:
 
     void readNext();
     bool readSkipped();
+    bool readMarked(QChar mark);
     bool readGrouping();
     bool readBracket();
     bool readBarLine();
     void readEnding();
+    void closeChord();
     bool readNote();
     bool readRest();
     void readTuplet();
@@ -66,6 +79,7 @@ private:
     QStringView line_;
     MusicLineListener &listener_;
     qsizetype at_ = 0;
+    bool isOldChord_ = false; // between the signs of "+CEG+"
 };
 
 bool isDigit(QChar c)
@@ -109,13 +123,27 @@ bool MusicLineReader::readSkipped()
         skipBehind(u'"');
         return true;
     }
-    if (c == u'!' || c == u'+') {
-        const auto end = line_.indexOf(c, at_ + 1);
-        const bool isName = end > at_ && isDecoration(line_.mid(at_ + 1, end - at_ - 1).toString());
-        at_ = isName ? end + 1 : at_ + 1;
+    return (c == u'!' || c == u'+') && readMarked(c);
+}
+
+// A decoration; a chord in the signs of old texts, "+CEG+"; or a sign alone, which is a line break or nothing.
+bool MusicLineReader::readMarked(QChar mark)
+{
+    if (mark == u'+' && voice().isInChord() && isOldChord_) {
+        ++at_;
+        isOldChord_ = false;
+        voice().endChord(readLength());
         return true;
     }
-    return false;
+    const auto end = line_.indexOf(mark, at_ + 1);
+    const auto name = end > at_ ? line_.mid(at_ + 1, end - at_ - 1) : QStringView();
+    const bool isName = isDecoration(name.toString());
+    at_ = isName ? end + 1 : at_ + 1;
+    if (!isName && mark == u'+' && !voice().isInChord() && areNotes(name)) {
+        isOldChord_ = true;
+        voice().beginChord();
+    }
+    return true;
 }
 
 bool MusicLineReader::readGrouping()
@@ -123,8 +151,10 @@ bool MusicLineReader::readGrouping()
     switch (peek().unicode()) {
     case u'(':
         ++at_;
-        if (isDigit(peek()))
+        if (isDigit(peek())) {
+            closeChord();
             readTuplet();
+        }
         return true;
     case u')':
         ++at_;
@@ -186,6 +216,14 @@ bool MusicLineReader::readBracket()
     return true;
 }
 
+// A chord that was forgotten to end ends at the latest where none can go on: with its measure, or before a tuplet.
+void MusicLineReader::closeChord()
+{
+    isOldChord_ = false;
+    if (voice().isInChord())
+        voice().endChord(1);
+}
+
 bool MusicLineReader::isBarLineHere() const
 {
     return peek() == u'|' || peek() == u':' || (peek() == u'[' && peek(1) == u'|');
@@ -216,6 +254,7 @@ bool MusicLineReader::readBarLine()
         return true;
     if (strokes == 0)
         after = 1; // "::"
+    closeChord();
     auto &voice = this->voice();
     voice.bar();
     ScoreItem item;

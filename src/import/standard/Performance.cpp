@@ -38,13 +38,26 @@ public:
 private:
     // Whether the item was a sign for the walk alone, which then stands at the next item.
     bool step(const ScoreItem &item);
+    void startRepeat();
     void endRepeat(const ScoreItem &item);
+    void stopEnding();
     void skipEnding();
-    void beginGroup(qsizetype start)
+    void goBack()
+    {
+        ++pass_;
+        ++repeatsPlayed_;
+        at_ = start_;
+        isInEnding_ = false;
+    }
+    enum class Begun { BySign, Silently };
+    void beginGroup(qsizetype start, Begun begun = Begun::Silently)
     {
         start_ = start;
         pass_ = 1;
+        begun_ = begun;
+        isFirstGroup_ = false;
     }
+    bool soundsSinceStart() const;
     struct Ahead
     {
         bool isEndingNext = false; // with nothing that sounds before it
@@ -61,6 +74,8 @@ private:
     qsizetype start_;      // where a repeat goes back to
     QVector<Ahead> ahead_; // of each item, and of the end
     int pass_ = 1;
+    Begun begun_ = Begun::Silently; // whether |: stands at the start
+    bool isFirstGroup_ = true;      // which begins with the music, wherever double bar lines are
     bool isInEnding_ = false;
     int repeatsPlayed_ = 0;
 };
@@ -69,8 +84,7 @@ bool Walk::step(const ScoreItem &item)
 {
     switch (item.kind) {
     case Kind::RepeatStart:
-        beginGroup(++at_);
-        isInEnding_ = false;
+        startRepeat();
         return true;
     case Kind::RepeatEnd:
         endRepeat(item);
@@ -85,12 +99,12 @@ bool Walk::step(const ScoreItem &item)
         return true;
     case Kind::EndingStop:
         ++at_;
-        if (isInEnding_ && !ahead(at_).isEndingNext)
-            beginGroup(at_);
-        isInEnding_ = false;
+        stopEnding();
         return true;
-    case Kind::Part:
+    case Kind::Part: // a heading ends an ending, too, but may stand within a section
         ++at_;
+        if (isInEnding_)
+            stopEnding();
         return true;
     default:
         ++at_;
@@ -98,15 +112,36 @@ bool Walk::step(const ScoreItem &item)
     }
 }
 
+// A repeat that began with a sign and that the next one meets unended was meant to end there.
+void Walk::startRepeat()
+{
+    if (begun_ == Begun::BySign && pass_ == 1 && !isInEnding_ && soundsSinceStart())
+        return goBack();
+    beginGroup(++at_, Begun::BySign);
+    isInEnding_ = false;
+}
+
+bool Walk::soundsSinceStart() const
+{
+    const auto begin = items_.begin();
+    return std::any_of(begin + start_, begin + at_, [](const ScoreItem &item) { return item.kind == Kind::Sound; });
+}
+
 void Walk::endRepeat(const ScoreItem &item)
 {
-    if (pass_ < passesOfGroup(int(item.passes))) {
-        ++pass_;
-        ++repeatsPlayed_;
-        at_ = start_;
-    } else {
-        beginGroup(++at_);
-    }
+    if (pass_ < passesOfGroup(int(item.passes)))
+        return goBack();
+    beginGroup(++at_);
+    isInEnding_ = false;
+}
+
+// Behind a double bar line that ends an ending something new begins; behind others, too, where a repeat may end that no
+// sign begins (ABC standard 2.1, section 4.8).
+void Walk::stopEnding()
+{
+    const bool mayBegin = isInEnding_ || (begun_ == Begun::Silently && !isFirstGroup_ && pass_ == 1);
+    if (mayBegin && !ahead(at_).isEndingNext)
+        beginGroup(at_);
     isInEnding_ = false;
 }
 
@@ -144,11 +179,12 @@ void Walk::lookAhead()
     }
 }
 
-// The greatest number of its endings says how often a group is played.
+// The greatest number of its endings says how often a group is played. Of a first ending alone the second is what
+// follows.
 int Walk::passesOfGroup(int withoutEndings) const
 {
     const int passes = ahead(start_).passes;
-    return passes > 0 ? passes : withoutEndings;
+    return passes > 1 ? passes : passes == 1 ? 2 : withoutEndings;
 }
 
 class Performer

@@ -243,10 +243,11 @@ void TuneReader::readTempo(QStringView value)
     current_->append(item);
 }
 
-// A part is one of the whole tune, so every voice begins it. Longer texts, "P:D.S.", are remarks.
+// A part is one of the whole tune, so every voice begins it. "P:A (twice)" is one; words, "P:D.S.", are remarks.
 void TuneReader::readPart(QStringView value)
 {
-    if (value.size() != 1 && !(value.size() == 2 && value.at(1) == u'.'))
+    static const QRegularExpression label(QStringLiteral("^\\S(?:[.:]?(?:\\s|$)|\\()"));
+    if (!label.match(value.toString()).hasMatch())
         return;
     ScoreItem item;
     item.kind = ScoreItem::Kind::Part;

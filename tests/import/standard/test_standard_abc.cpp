@@ -69,6 +69,9 @@ private slots:
         row("chord lengths multiply", "L:1/4; K:C", "[C2E2]2 G|", "0:60(4) 0:64(4) 4:67");
         row("the first note sets the pace", "L:1/4; K:C", "[C2E]G|", "0:64 0:60(2) 2:67");
         row("a tied note of a chord", "L:1/4; K:C", "[C-E]C [CE]-[CE]|", "0:64 0:60(2) 2:60(2) 2:64(2)");
+        row("old chords", "L:1/4; K:C", "+CE+2+f+D", "0:60(2) 0:64(2) 2:62");
+        row("chords without an end", "L:1/4; K:C", "[CE|D [C (3EFG",
+            "0:60 0:64 1:62 2:60 3:64(0.6667) 3.667:65(0.6667) 4.333:67(0.6667)");
         row("ties behind blanks and bar lines", "L:1/4; K:C", "C - | C D -\nD|", "0:60(2) 2:62(2)");
         row("tuplets", "L:1/4; K:C", "(3CDE (3:2:2C2D|",
             "0:60(0.6667) 0.6667:62(0.6667) 1.333:64(0.6667) 2:60(1.333) 3.333:62(0.6667)");
@@ -85,10 +88,14 @@ private slots:
         row("two repeats in one sign", "L:1/4; K:C", "|:C::D:|", "0:60 1:60 2:62 3:62");
         row("three times", "L:1/4; K:C", "|:C::|D", "0:60 1:60 2:60 3:62");
         row("a repeat after endings", "L:1/4; K:C", "|:C|1D:|2E||F:|G", "0:60 1:62 2:60 3:64 4:65 5:65 6:67");
-        row("an unclosed repeat", "L:1/4; K:C", "|:C|:D:|", "0:60 1:62 2:62");
+        row("an unclosed repeat", "L:1/4; K:C", "|:C|:D:|", "0:60 1:60 2:62 3:62");
+        row("no second ending", "L:1/4; K:C", "|:C|1D:|E", "0:60 1:62 2:60 3:64");
+        row("repeats from a double bar", "L:1/4; K:C", "C|]D:|E||F:|", "0:60 1:62 2:60 3:62 4:64 5:65 6:65");
+        row("a heading ends the ending", "L:1/4; K:C", "|:C|1D:|2E|[P:B]F:|", "0:60 1:62 2:60 3:64 4:65 5:65");
         row("parts", "L:1/4; P:((AB)2C)2; K:C", "[P:A]C|[P:B]D|[P:C]E|",
             "0:60 1:62 2:60 3:62 4:64 5:60 6:62 7:60 8:62 9:64");
-        row("parts by lines, with a preface", "L:1/4; P:BAX; K:C", "G\nP:A\n|:C:|\nP:B\nD", "0:67 1:62 2:60 3:60");
+        row("parts by lines, with a preface", "L:1/4; P:BAX; K:C", "G\nP:A (slow)\n|:C:|\nP:B\nD\nP:D.S.\nE",
+            "0:67 1:62 2:64 3:60 4:60");
         row("overlay", "L:1/4; K:C", "C4|CDEF & G2|c4|", "0:60(4) 4:60 4:67(2) 5:62 6:64 7:65 8:72(4)");
         row("measures of any length", "M:4/4; L:1/4; K:C", "C|DEFGA|B4|", "0:60 1:62 2:64 3:65 4:67 5:69 6:71(4)");
         row("voices", "L:1/4; V:1; V:2 clef=bass-8; K:C", "V:1\nC|\nV:2\nC|\n[V:1]D|", "0:60 1:62 / 0:48");
