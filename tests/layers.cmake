@@ -20,6 +20,7 @@ set(LAYERS
     "src/ui|base settings assets"
     "src/ui/tracks|core"
     "src/ui/song|base settings core import assets ui ui/tracks"
+    "src/ui/report|core import ui"
     "src/ui/preferences|base settings import assets ui"
     "src/ui/document|base core edit assets"
     "src/ui/text|base settings core edit ui ui/document"
@@ -27,9 +28,9 @@ set(LAYERS
     "src/ui/transform|base settings core import ui"
     "src/ui/editor|base settings core import import/quantise edit assets audio ui ui/document ui/text ui/roll ui/transform"
     "src/app/services|base settings core import song assets audio ui ui/tracks ui/editor"
-    "src/app/commands|base settings core import song assets audio ui ui/tracks ui/song ui/preferences app/services"
+    "src/app/commands|base settings core import import/quantise song assets audio ui ui/tracks ui/song ui/preferences app/services"
     "src/app/recovery|base core song ui ui/tracks app/services app/commands"
-    "src/app|base settings core song assets audio audio/engine ui ui/tracks ui/song app/services app/commands app/recovery"
+    "src/app|base settings core song assets audio audio/engine ui ui/tracks ui/song ui/report app/services app/commands app/recovery"
     "tools/cli|base settings core import import/quantise song assets assets/package audio audio/engine"
     "tools/demogame|")
 set(LAYERS_WITHOUT_QT "src/audio/sound" "src/audio/engine")

@@ -15,6 +15,7 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
+#include <QMenu>
 #include <QMimeData>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -53,7 +54,7 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
       recovery_(context(), journal_, services.journalFolder, [this](const auto &then) { songs_.leaveFor(then); }),
       trackCommands_(context(), importQueue_), instrumentCommands_(context(), instruments_, *instrumentList_),
       transport_(context(), player_, *masterVolume_), export_(context(), services.makeFileEngine), program_(context()),
-      status_(*this), playbackView_(*rows_, *masterMeter_)
+      status_(*this), reports_(new ImportReports(*this)), playbackView_(*rows_, *masterMeter_)
 {
     setWindowIcon(QIcon(QStringLiteral(":/icons/appicon.png")));
     setAcceptDrops(true);
@@ -63,6 +64,7 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
     makeMenus(*this, actions_, import_, settings_);
     makeToolBars(*this, actions_, {*instrumentList_, *masterMeter_, *masterVolume_});
     makeHistoryDock(*this, tracks_.history());
+    findChild<QMenu *>(QStringLiteral("menuImport"))->addAction(reports_->toggleAction());
     status_.follow(instrumentCommands_.scanning());
     status_.follow(playback_);
     status_.follow(importQueue_.reading());
@@ -123,10 +125,19 @@ void MainWindow::connectParts()
     connect(&songs_, &SongCommands::leaving, this, &MainWindow::stopArrivals);
     connect(&importQueue_.reading(), &SongImport::imported, this,
             [this](const ImportRequest &, const ReadSong &song) { noteImport(song); });
+    connect(&importQueue_, &ImportQueue::added, reports_,
+            [this](const ImportRequest &request, const ReadSong &song, const QStringList &ids) {
+                if (!request.sources.isEmpty())
+                    reports_->show(song, ids);
+            });
+    connect(&session_, &SongSession::opened, reports_, &ImportReports::clear);
+    connect(reports_, &ImportReports::placeChosen, this, &MainWindow::showPlace);
+    connect(reports_, &ImportReports::editRequested, this,
+            [this](const ReportedPlace &place) { editors_.openAt(place.trackId, place.tick); });
     connect(&tracks_, &TrackList::songChanged, this, &MainWindow::updateActions);
     connect(&tracks_, &TrackList::selectionChanged, this, &MainWindow::updateActions);
     connect(&playback_, &Playback::playingChanged, this, &MainWindow::updateActions);
-    connect(&trackCommands_, &TrackCommands::mergingChanged, this, &MainWindow::updateActions);
+    connect(&trackCommands_, &TrackCommands::workingChanged, this, &MainWindow::updateActions);
 }
 
 void MainWindow::connectPlayer()
@@ -196,8 +207,8 @@ void MainWindow::updateActions()
             return !tracks_.isEmpty();
         case Available::WithSelection:
             return isSelected;
-        case Available::ToMerge:
-            return isSelected && !trackCommands_.isMerging();
+        case Available::ToWorkOn:
+            return isSelected && !trackCommands_.isWorking();
         case Available::WhilePlaying:
             return playback_.isPlaying();
         }
@@ -205,10 +216,21 @@ void MainWindow::updateActions()
     });
 }
 
+// In its overview.
+void MainWindow::showPlace(const ReportedPlace &place)
+{
+    auto *const row = rows_->row(place.trackId);
+    if (!row)
+        return;
+    findChild<QScrollArea *>(QStringLiteral("scrTrackArea"))->ensureWidgetVisible(row);
+    if (!playback_.isPlaying())
+        row->setPosition(place.tick);
+}
+
 // What is still on its way belongs to the song that goes.
 void MainWindow::stopArrivals()
 {
-    trackCommands_.cancelMerging();
+    trackCommands_.cancelWork();
     importQueue_.reading().cancel();
 }
 
@@ -268,7 +290,7 @@ void MainWindow::dropEvent(QDropEvent *event)
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    trackCommands_.cancelMerging();
+    trackCommands_.cancelWork();
     if (!mayClose()) {
         event->ignore();
         return;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ImportReports.h"
 #include "app/PlaybackView.h"
 #include "app/StatusIndicators.h"
 #include "app/commands/ExportCommands.h"
@@ -95,6 +96,7 @@ public slots:
     void onSaveParts();
     void onRecover();
     void onMuteSelected();
+    void onCleanQuantise();
     void onDonate();
     void onWebsite();
     void onDefaultInstrumentChanged(const QString &name);
@@ -149,6 +151,7 @@ private:
     void showTitle();
     void showSong();
     void noteImport(const ReadSong &song);
+    void showPlace(const ReportedPlace &place);
     void stopArrivals();
     bool mayClose();
 
@@ -180,6 +183,7 @@ private:
     ExportCommands export_;
     ProgramCommands program_;
     StatusIndicators status_;
+    ImportReports *reports_; // of this window
     PlaybackView playbackView_;
     WindowActions actions_{*this};
 };

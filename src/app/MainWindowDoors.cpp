@@ -134,6 +134,11 @@ void MainWindow::onMuteSelected()
     trackCommands_.muteSelected();
 }
 
+void MainWindow::onCleanQuantise()
+{
+    trackCommands_.cleanQuantiseSelected();
+}
+
 void MainWindow::onDonate()
 {
     program_.openDonationPage();

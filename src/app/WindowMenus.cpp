@@ -54,9 +54,10 @@ void makeMenus(QMainWindow &window, const WindowActions &actions, ImportCommands
 
     actions.addTo(*addMenu(bar, "menuEdit", "&Edit"),
                   "actionUndo actionRedo - actionSelect_All actionDeselect_All actionInvert_Selection");
-    actions.addTo(*addMenu(bar, "menuTrack", "&Track"),
-                  "actionNew_Track actionDuplicate_Selected actionMerge_Selected actionApplyInstrument "
-                  "actionMute_Selected - actionRemove_Selected actionClear_Tracks - actionPlay actionStop");
+    actions.addTo(
+        *addMenu(bar, "menuTrack", "&Track"),
+        "actionNew_Track actionDuplicate_Selected actionMerge_Selected actionClean_Quantise actionApplyInstrument "
+        "actionMute_Selected - actionRemove_Selected actionClear_Tracks - actionPlay actionStop");
     actions.addTo(*addMenu(bar, "menuTools", "T&ools"), "actionPreferences");
     actions.addTo(*addMenu(bar, "menuHelp", "&Help"),
                   "actionCheck_for_updates - actionWebsite actionDonate - actionAbout_Kelvarion_Composer");

@@ -312,6 +312,8 @@ void append(ReadSong &song, const ReadSong &read, int number)
     song.readFiles += read.readFiles;
     song.parts += read.parts;
     song.elsewhere.add(read.elsewhere);
+    if (song.remark.isEmpty())
+        song.remark = read.remark;
     song.sources += QVector<int>(read.tracks.size(), number);
 }
 

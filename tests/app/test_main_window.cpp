@@ -3,6 +3,7 @@
 #include "app/WindowFixture.h"
 #include "song/SongFile.h"
 #include "support/GatedEngine.h"
+#include "support/MidiBytes.h"
 #include "ui/editor/AbcEditorWindow.h"
 #include "ui/song/TrackVisualizationWidget.h"
 
@@ -235,6 +236,25 @@ private slots:
                      QStringList(QStringLiteral(
                          "Merge Tracks|Could not merge tracks: Cannot merge tracks with different tempos")));
         QCOMPARE(fixture_->tracks().song().size(), 2);
+    }
+
+    void quantisesTheSelectedTracks()
+    {
+        QByteArray played;
+        for (int note = 0; note < 8; ++note)
+            played += MidiBytes::noteOn(note == 0 ? 1 : 4 + (note % 2 == 0 ? 1 : -1), 60) + MidiBytes::noteOff(92, 60);
+        played += MidiBytes::endOfTrack();
+        fixture_->settings().setValue(Settings::MidiAutoRealign, false);
+        fixture_->settings().setValue(Settings::MidiMergeChannels, false);
+        QVERIFY(fixture_->import(fixture_->write("played.mid", MidiBytes::file({played, played})), 2));
+        const auto before = fixture_->tracks().song();
+        fixture_->trigger("actionSelect_All");
+        fixture_->trigger("actionClean_Quantise");
+        QTRY_COMPARE(fixture_->tracks().history().undoText(), QStringLiteral("Clean Quantise"));
+        for (const auto &track : fixture_->tracks().song())
+            QCOMPARE(track->track->events()[1].start(), ticksPerQuarter);
+        fixture_->trigger("actionUndo");
+        QCOMPARE(fixture_->tracks().song(), before);
     }
 
     void movesRows()

@@ -5,15 +5,19 @@
 #include "audio/TempoMap.h"
 #include "support/MidiBytes.h"
 #include "support/Rows.h"
+#include "ui/editor/AbcEditorWindow.h"
+#include "ui/song/TrackVisualizationWidget.h"
 
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QDialog>
+#include <QLabel>
 #include <QMenu>
 #include <QMimeData>
 #include <QStatusBar>
 #include <QToolButton>
+#include <QTreeView>
 
 class TestWindowFiles : public QObject
 {
@@ -54,6 +58,30 @@ private slots:
         QVERIFY(fixture_->import(hymn, 3 + hymnTracks));
         fixture_->dialogs().answerOrCancel = Dialogs::Answer::Yes;
         QVERIFY(fixture_->import(hymn, hymnTracks));
+    }
+
+    void tellsWhatAnImportLost()
+    {
+        const auto *const line = fixture_->child<QLabel>("importLine");
+        auto *const report = fixture_->child<QTreeView>("importReport");
+        fixture_->settings().setValue(Settings::MidiAutoRealign, false);
+        const auto again = MidiBytes::noteOn(384, 60) + MidiBytes::noteOn(96, 60) + MidiBytes::noteOff(96, 60);
+        QVERIFY(fixture_->import(fixture_->write("again.mid", MidiBytes::file({again + MidiBytes::endOfTrack()})), 1));
+        QTRY_VERIFY(line->isVisible());
+        QVERIFY2(line->text().startsWith(QStringLiteral("1 of 2 notes were struck again and lost - ")),
+                 qPrintable(line->text()));
+        emit const_cast<QLabel *>(line)->linkActivated({});
+        QVERIFY(report->isVisible());
+        auto *const model = report->model();
+        emit report->clicked(model->index(0, 0, model->index(0, 0)));
+        QCOMPARE(fixture_->row(0)->findChild<TrackVisualizationWidget *>()->position(), ticksPerWholeNote);
+        emit report->doubleClicked(model->index(0, 0, model->index(0, 0)));
+        QVERIFY(fixture_->window().findChild<AbcEditorWindow *>());
+
+        fixture_->dialogs().answerOrCancel = Dialogs::Answer::No;
+        const auto whole = MidiBytes::noteOn(0, 60) + MidiBytes::noteOff(96, 60) + MidiBytes::endOfTrack();
+        QVERIFY(fixture_->import(fixture_->write("whole.mid", MidiBytes::file({whole})), 2));
+        QVERIFY(!line->isVisible() && model->rowCount() == 0);
     }
 
     void keepsTheTracksWhenNothingIsRead_data()

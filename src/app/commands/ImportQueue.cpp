@@ -111,10 +111,11 @@ void ImportQueue::take(const ImportRequest &request, const ReadSong &song)
         return;
     if (song.tracks.size() == 1 && !request.replaced.isEmpty())
         return replace(request, song.tracks.first());
-    QVector<NewTrack> added;
+    QVector<NewTrack> tracks;
     for (const auto &track : song.tracks)
-        added.append({track, context_.playback.instrumentNameFor(track)});
-    context_.tracks.add(request.step, added, request.existing);
+        tracks.append({track, context_.playback.instrumentNameFor(track)});
+    const auto ids = context_.tracks.add(request.step, tracks, request.existing);
+    emit added(request, song, ids);
     RecentFiles::add(context_.settings, song.readFiles);
 }
 

@@ -23,6 +23,9 @@ public:
     void askAndLoad(const QString &title, ImportRequest request);
     void add(const ImportRequest &request, const ReadSong &song);
 
+signals:
+    void added(const ImportRequest &request, const ReadSong &song, const QStringList &trackIds); // to the song
+
 private:
     void take();
     void take(const ImportRequest &request, const ReadSong &song);

@@ -2,8 +2,11 @@
 
 #include "app/commands/ImportQueue.h"
 #include "import/MergeTracks.h"
+#include "import/quantise/CleanQuantise.h"
 #include "ui/Dialogs.h"
 #include "ui/tracks/TrackList.h"
+
+#include <QMap>
 
 namespace {
 
@@ -12,6 +15,19 @@ Track merged(const QVector<Track> &sources)
     auto track = mergeTracks(sources);
     track.toAbc();
     return track;
+}
+
+using Sources = QMap<QString, std::shared_ptr<const Track>>; // by the tracks' ids
+
+QMap<QString, Track> quantised(const Sources &sources, const std::stop_token &stop)
+{
+    QMap<QString, Track> tracks;
+    for (auto each = sources.begin(); each != sources.end(); ++each) {
+        auto track = cleanQuantised(**each, nullptr, stop);
+        track.toAbc();
+        tracks.insert(each.key(), track);
+    }
+    return tracks;
 }
 
 } // namespace
@@ -23,7 +39,11 @@ QVector<ActionRow> TrackCommands::actions()
         {"actionClear_Tracks", "Remove All Tracks", "Shift+Del", "Remove all tracks", "removetrack", "onClearTracks()",
          Available::WithTracks},
         {"actionMerge_Selected", "Merge Selected", "Ctrl+J", "Merges the selected tracks together", "merge",
-         "onMergeTracks()", Available::ToMerge},
+         "onMergeTracks()", Available::ToWorkOn},
+        {"actionClean_Quantise", "Clean Quantise", "",
+         "Write the selected tracks as a musician would, on the grid of "
+         "each measure",
+         "", "onCleanQuantise()", Available::ToWorkOn},
         {"actionRemove_Selected", "Remove Selected", "", "Remove the selected tracks", "removeone",
          "onRemoveSelectedTracks()", Available::WithSelection},
         {"actionSelect_All", "Select All", "Ctrl+A", "", "", "onSelectAll()", Available::WithTracks},
@@ -71,26 +91,52 @@ void TrackCommands::moveBy(const QString &id, int places)
 void TrackCommands::mergeSelected()
 {
     const auto ids = context_.tracks.selectedIds();
-    if (ids.isEmpty() || isMerging())
+    if (ids.isEmpty() || isWorking())
         return;
     QVector<Track> sources;
     for (const auto &id : ids)
         sources.append(*context_.tracks.find(id)->track);
     const auto take = [this, instrument = context_.tracks.find(ids.first())->instrument](const Track &track) {
-        emit mergingChanged();
+        emit workingChanged();
         context_.tracks.add(tr("Merge Tracks"), {{track, instrument}});
     };
     const auto fail = [this](const QString &error) {
-        emit mergingChanged();
+        emit workingChanged();
         context_.dialogs.message(&context_.window, Dialogs::Severity::Critical, QStringLiteral("Merge Tracks"),
                                  QStringLiteral("Could not merge tracks: %1").arg(error));
     };
-    merging_.start([sources](const TaskControl &) { return merged(sources); }, take, fail);
-    emit mergingChanged();
+    work_.start([sources](const TaskControl &) { return merged(sources); }, take, fail);
+    emit workingChanged();
 }
 
-void TrackCommands::cancelMerging()
+// A track that was changed meanwhile stays as it is.
+void TrackCommands::cleanQuantiseSelected()
 {
-    merging_.cancel(); // its sources are there
-    emit mergingChanged();
+    const auto ids = context_.tracks.selectedIds();
+    if (ids.isEmpty() || isWorking())
+        return;
+    Sources sources;
+    for (const auto &id : ids)
+        sources.insert(id, context_.tracks.find(id)->track);
+    const auto take = [this, sources](QMap<QString, Track> tracks) {
+        for (auto each = sources.begin(); each != sources.end(); ++each) {
+            const auto *const now = context_.tracks.find(each.key());
+            if (!now || now->track != *each)
+                tracks.remove(each.key());
+        }
+        emit workingChanged();
+        context_.tracks.setTracks(tr("Clean Quantise"), tracks);
+    };
+    const auto fail = [this](const QString &error) {
+        emit workingChanged();
+        context_.dialogs.message(&context_.window, Dialogs::Severity::Critical, tr("Clean Quantise"), error);
+    };
+    work_.start([sources](const TaskControl &control) { return quantised(sources, control.stop()); }, take, fail);
+    emit workingChanged();
+}
+
+void TrackCommands::cancelWork()
+{
+    work_.cancel(); // its sources are there
+    emit workingChanged();
 }

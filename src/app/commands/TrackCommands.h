@@ -27,16 +27,17 @@ public:
     void muteSelected();
     void moveBy(const QString &id, int places);
 
-    // Beside the interface thread, since a million notes take a while. The sources stay.
-    void mergeSelected();
-    bool isMerging() const { return merging_.isRunning(); }
-    void cancelMerging();
+    // These two beside the interface thread, since a million notes take a while, and one at a time.
+    void mergeSelected(); // the sources stay
+    void cleanQuantiseSelected();
+    bool isWorking() const { return work_.isRunning(); }
+    void cancelWork();
 
 signals:
-    void mergingChanged();
+    void workingChanged();
 
 private:
     CommandContext context_;
     ImportQueue &queue_;
-    Task merging_;
+    Task work_;
 };

@@ -46,6 +46,13 @@ void EditorWindows::open(const QString &trackId)
     window->activateWindow();
 }
 
+void EditorWindows::openAt(const QString &trackId, Ticks tick)
+{
+    open(trackId);
+    if (const auto window = windows_.value(trackId))
+        window->document().setCaretTick(tick);
+}
+
 void EditorWindows::addWindow(const QString &trackId)
 {
     if (!player_)

@@ -26,6 +26,7 @@ public:
     ~EditorWindows() override;
 
     void open(const QString &trackId);
+    void openAt(const QString &trackId, Ticks tick); // with the caret there
     // Adds what was edited of a track that was removed; the editor belongs to the new track from then on.
     void bringBack(const QString &trackId, const Track &track);
     // Those of tracks that are gone, whose changes no song has, ask about them; false when one stays open. The others

@@ -253,6 +253,12 @@ void TrackList::setTrack(const QString &step, const QString &id, const Track &tr
     changeEach(step, {id}, Merging::Never, [&](SongTrack &changed) { changed.track = value; });
 }
 
+void TrackList::setTracks(const QString &step, const QMap<QString, Track> &tracks)
+{
+    changeEach(step, tracks.keys(), Merging::Never,
+               [&](SongTrack &changed) { changed.track = shared(tracks[changed.id]); });
+}
+
 void TrackList::setInstrument(const QStringList &ids, const QString &instrument)
 {
     changeEach(tr("Change Instrument"), ids, Merging::Instrument,

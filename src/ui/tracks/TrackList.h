@@ -3,6 +3,7 @@
 #include "ui/tracks/SongTrack.h"
 
 #include <QHash>
+#include <QMap>
 #include <QObject>
 #include <QSet>
 #include <QUndoStack>
@@ -66,6 +67,7 @@ public:
     void duplicate(const QStringList &ids);
     void move(const QString &id, int index);
     void setTrack(const QString &step, const QString &id, const Track &track);
+    void setTracks(const QString &step, const QMap<QString, Track> &tracks); // by their ids
     void setInstrument(const QStringList &ids, const QString &instrument);
     void setVolume(const QString &id, int percent);
     void setPan(const QString &id, int pan);
