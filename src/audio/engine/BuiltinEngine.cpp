@@ -10,11 +10,13 @@
 // What exists between initialize() and release(). The output comes last, so that its threads end first.
 struct BuiltinEngine::Session
 {
+    explicit Session(std::chrono::milliseconds searchInterval) : realTime(mixer, searchInterval) {}
+
     Mixer mixer;
     VoiceTable table;
     std::vector<float> block; // of an output that mixes in update()
     WavWriter file;
-    RealTimeOutput realTime{mixer};
+    RealTimeOutput realTime;
 
     void reap()
     {
@@ -33,6 +35,7 @@ struct BuiltinEngine::Parts
 {
     EngineOutput output;
     std::filesystem::path wavFile;
+    std::chrono::milliseconds searchInterval;
     std::unique_ptr<Session> session;
 
     AudioResult openOutput();
@@ -54,10 +57,13 @@ AudioResult BuiltinEngine::Parts::openOutput()
     return AudioResult::InvalidArgument;
 }
 
-BuiltinEngine::BuiltinEngine(EngineOutput output, std::filesystem::path wavFile) : parts_(std::make_unique<Parts>())
+BuiltinEngine::BuiltinEngine(EngineOutput output, std::filesystem::path wavFile,
+                             std::chrono::milliseconds searchInterval)
+    : parts_(std::make_unique<Parts>())
 {
     parts_->output = output;
     parts_->wavFile = std::move(wavFile);
+    parts_->searchInterval = searchInterval;
 }
 
 BuiltinEngine::~BuiltinEngine()
@@ -73,7 +79,7 @@ const char *BuiltinEngine::name() const
 AudioResult BuiltinEngine::initialize()
 {
     release();
-    parts_->session = std::make_unique<Session>();
+    parts_->session = std::make_unique<Session>(parts_->searchInterval);
     const auto result = parts_->openOutput();
     if (result == AudioResult::CannotWrite)
         parts_->session.reset();

@@ -2,6 +2,7 @@
 
 #include "audio/AudioEngine.h"
 
+#include <chrono>
 #include <filesystem>
 #include <memory>
 
@@ -26,8 +27,10 @@ class BuiltinEngine : public AudioEngine
 {
 public:
     // Opens nothing yet. wavFile: the file that a WavFile output creates in initialize(); an existing one is replaced.
-    // It has a valid header from the start and its sizes after release(). The caller removes or renames it. [any]
-    explicit BuiltinEngine(EngineOutput output, std::filesystem::path wavFile = {});
+    // It has a valid header from the start and its sizes after release(). The caller removes or renames it.
+    // searchInterval: between two looks for a device while there is none. [any]
+    explicit BuiltinEngine(EngineOutput output, std::filesystem::path wavFile = {},
+                           std::chrono::milliseconds searchInterval = std::chrono::seconds(4));
     ~BuiltinEngine() override;
 
     const char *name() const override;

@@ -4,8 +4,6 @@
 
 namespace {
 
-constexpr std::chrono::seconds searchInterval{4};
-
 auto now()
 {
     return std::chrono::steady_clock::now();
@@ -17,7 +15,7 @@ AudioResult RealTimeOutput::openDevice()
 {
     wanted_ = Wanted::Device;
     if (!device_.open(0)) {
-        nextSearch_ = now() + searchInterval;
+        nextSearch_ = now() + searchInterval_;
         paced_.start(mixer_, sampleRate_);
         return AudioResult::NoDevice;
     }
@@ -61,7 +59,7 @@ void RealTimeOutput::beginSearch()
 
 void RealTimeOutput::endSearch()
 {
-    nextSearch_ = now() + searchInterval;
+    nextSearch_ = now() + searchInterval_;
     if (search_.wait_for(std::chrono::seconds(0)) != std::future_status::ready)
         return;
     isDeviceAway_ = false;
@@ -74,7 +72,7 @@ void RealTimeOutput::endSearch()
 void RealTimeOutput::loseDevice()
 {
     device_.close();
-    nextSearch_ = now() + searchInterval;
+    nextSearch_ = now() + searchInterval_;
     paced_.start(mixer_, sampleRate_);
 }
 

@@ -13,7 +13,11 @@ class RealTimeOutput
 public:
     static constexpr int ownSampleRate = 48000; // where no device has one
 
-    explicit RealTimeOutput(Mixer &mixer) : mixer_(mixer), device_(mixer) {}
+    // searchInterval: between two looks for a device while there is none.
+    RealTimeOutput(Mixer &mixer, std::chrono::milliseconds searchInterval)
+        : mixer_(mixer), searchInterval_(searchInterval), device_(mixer)
+    {
+    }
 
     AudioResult openDevice(); // Ok or NoDevice
     void openPaced();         // no device is wanted
@@ -38,6 +42,7 @@ private:
     bool reopenDevice();
 
     Mixer &mixer_;
+    std::chrono::milliseconds searchInterval_;
     Wanted wanted_ = Wanted::Nothing;
     int sampleRate_ = ownSampleRate;
     bool isResting_ = false;

@@ -127,15 +127,54 @@ private slots:
     void deviceMissingAndFound()
     {
         qputenv("SDL_AUDIODRIVER", "none of them");
-        BuiltinEngine engine(EngineOutput::Device);
+        BuiltinEngine engine(EngineOutput::Device, {}, searchInterval);
         QCOMPARE(engine.initialize(), AudioResult::NoDevice);
         QCOMPARE(engine.outputState(), OutputState::NoDevice);
         QTRY_VERIFY(engine.clock() > 5000); // playback runs on
+        engine.rest();
+        engine.wake(); // there is none yet to open at once
+        QCOMPARE(engine.outputState(), OutputState::NoDevice);
         qputenv("SDL_AUDIODRIVER", "dummy");
         QTRY_VERIFY_WITH_TIMEOUT(engine.update() == AudioResult::Ok && engine.outputState() == OutputState::Running,
                                  10000);
+        // The device alone drives the clock, and is itself again after a rest.
+        QElapsedTimer timer;
+        timer.start();
         const auto clock = engine.clock();
-        QTRY_VERIFY(engine.clock() > clock + 5000);
+        QTRY_VERIFY(engine.clock() > clock + 20'000);
+        QVERIFY(double(engine.clock() - clock) <= 48e-6 * double(timer.nsecsElapsed()) + 4 * 2048);
+        engine.rest();
+        const auto rested = engine.clock();
+        QTest::qWait(100);
+        QCOMPARE(engine.clock(), rested);
+        engine.wake();
+        QCOMPARE(engine.outputState(), OutputState::Running);
+        QTRY_VERIFY(engine.clock() > rested + 5000);
+    }
+
+    // A device that runs dry gets longer blocks; the clock runs on meanwhile.
+    void queueGrows()
+    {
+        qputenv("SDL_AUDIODRIVER", "disk");
+        qputenv("SDL_DISKAUDIOFILE", "/dev/null");
+        qputenv("SDL_DISKAUDIODELAY", "110"); // ms between blocks of 43 ms, later 85 ms
+        BuiltinEngine engine(EngineOutput::Device, {}, searchInterval);
+        QCOMPARE(engine.initialize(), AudioResult::Ok);
+        const auto longestStep = [&] {
+            std::uint64_t longest = 0;
+            auto last = engine.clock();
+            for (int i = 0; i < 250; ++i) {
+                QTest::qSleep(1);
+                const auto now = engine.clock();
+                longest = std::max(longest, now - std::exchange(last, now));
+            }
+            return longest;
+        };
+        QVERIFY(longestStep() <= 2048);
+        QTRY_VERIFY(engine.underruns() > 0);
+        QTRY_VERIFY_WITH_TIMEOUT(engine.update() == AudioResult::Ok && longestStep() > 2048, 10000);
+        QCOMPARE(engine.outputState(), OutputState::Running);
+        qunsetenv("SDL_DISKAUDIODELAY");
     }
 
     // A device that writes to a full disk fails at its first block.
@@ -143,7 +182,7 @@ private slots:
     {
         qputenv("SDL_AUDIODRIVER", "disk");
         qputenv("SDL_DISKAUDIOFILE", "/dev/full");
-        BuiltinEngine engine(EngineOutput::Device);
+        BuiltinEngine engine(EngineOutput::Device, {}, searchInterval);
         QCOMPARE(engine.initialize(), AudioResult::Ok);
         QCOMPARE(engine.outputState(), OutputState::Running);
         VoiceId voice{};
@@ -167,6 +206,8 @@ private slots:
     }
 
 private:
+    static constexpr std::chrono::milliseconds searchInterval{50};
+
     std::string path(const char *name) const { return folder_.path(name).toStdString(); }
 
     WaveFile waveAt(const char *name) const
