@@ -1,9 +1,11 @@
 #include "SampleFiles.h"
 #include "audio/TempoMap.h"
+#include "audio/TrackPlayback.h"
 #include "support/Rows.h"
 
 #include <QtTest>
 
+#include <cmath>
 #include <random>
 
 class TestTempoMap : public QObject
@@ -41,6 +43,78 @@ private slots:
         QFETCH(const qint64, tick);
         QFETCH(const quint64, samples);
         QCOMPARE(TempoMap(track, 48000).samplesAt(tick), samples);
+    }
+
+    void ticksOfSamples_data()
+    {
+        const Rows<Track, quint64, qint64> row("track", "sample", "tick");
+        const auto faster = trackOf({tempoEvent(3, 7'000'000), tempoEvent(8, 1000)}, 1000);
+        row("start", faster, 0, 0);
+        row("just before a tick", faster, 2879, 0);
+        row("on it", faster, 2880, 1);
+        row("on a change", faster, 8640, 3);
+        row("behind it", faster, 8641, 5);
+        row("where the next segment starts", faster, 8642, 8);
+        row("in it", faster, 8642 + 2880, 9);
+    }
+
+    void ticksOfSamples()
+    {
+        QFETCH(const Track, track);
+        QFETCH(const quint64, sample);
+        QTEST(TempoMap(track, 48000).tickAt(sample), "tick");
+    }
+
+    // At 2880 samples a tick; "joins" with the tick at which the other one is.
+    void takesNotesInTheirOrder()
+    {
+        QVector<TrackEvent> events{tempoEvent(5, 2000)};
+        for (const Ticks start : {0, 2, 2, 4, 9})
+            events.append(TrackEvent::note(60, start, 1));
+        const auto track = trackOf(events, 1000);
+        const Instrument instrument;
+        TrackPlayback playback(track, instrument, 48000, 100);
+        const auto take = [&](Ticks horizon) {
+            QStringList taken;
+            while (const auto note = playback.takeNote(horizon))
+                taken += QString::number(note->start);
+            return taken.join(u' ');
+        };
+        QCOMPARE(playback.tickAt(50), Ticks(0));
+        QCOMPARE(take(1), QStringLiteral("100"));
+        QCOMPARE(take(1), QString());
+        QCOMPARE(take(2), QStringLiteral("5860 5860"));
+        QCOMPARE(take(8), QStringLiteral("11620"));
+        QVERIFY(!playback.isExhausted());
+        QCOMPARE(take(9), QStringLiteral("20260"));
+        QVERIFY(playback.isExhausted());
+        QCOMPARE(playback.lastEventClock(), DspClock(20260));
+        playback.seek(2, 50'000);
+        QCOMPARE(take(4), QStringLiteral("50000 50000 55760"));
+
+        const TrackPlayback leader(track, instrument, 48000, 0);
+        for (const auto &[from, taken] :
+             {std::pair(0, "0 5760 5760 11520"), {1, "5760 5760 11520"}, {5760, "5760 5760 11520"}, {5761, "11520"}}) {
+            playback.join(leader, DspClock(from));
+            QCOMPARE(take(4), QLatin1String(taken)); // what is past is left out
+        }
+        QCOMPARE(TrackPlayback(Track(), instrument, 48000, 7).lastEventClock(), DspClock(7));
+    }
+
+    void fades_data()
+    {
+        const Rows<double, qint64> row("seconds", "samples");
+        row("half a second", 0.5, 24000);
+        row("none", 0.0, 0);
+        row("less than none", -1.0, 0);
+        row("no number", std::nan(""), 0);
+        row("a day at most", 1e30, qint64(48000) * 86400);
+    }
+
+    void fades()
+    {
+        QFETCH(double, seconds);
+        QTEST(qint64(fadeSamples(seconds, 48000)), "samples");
     }
 
     // A tick must be found again at its sample, or one earlier where truncation put that sample before the tick.
