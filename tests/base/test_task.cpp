@@ -113,6 +113,30 @@ private slots:
         QVERIFY(delivered > 0);
     }
 
+    void poolBoundsWhatWaits()
+    {
+        std::atomic<bool> isOpen = false;
+        std::atomic<int> accepted = 0, done = 0;
+        JobPool pool(1, 2);
+        std::thread giver([&] {
+            for (int i = 0; i < 5; ++i) {
+                pool.start([&] {
+                    while (!isOpen)
+                        std::this_thread::yield();
+                    ++done;
+                });
+                ++accepted;
+            }
+        });
+        QTRY_COMPARE(accepted.load(), 3); // one runs, two wait
+        QTest::qWait(20);
+        QCOMPARE(accepted.load(), 3);
+        isOpen = true;
+        giver.join();
+        pool.wait();
+        QCOMPARE(done.load(), 5);
+    }
+
     void progressIsThrottled()
     {
         Task task;
@@ -169,6 +193,27 @@ private slots:
         QVector<int> all(12);
         std::iota(all.begin(), all.end(), 0);
         QCOMPARE(taken, all);
+    }
+
+    // In the order in which they came; whoever gives up makes room, and whoever goes takes nothing along.
+    void budgetIsGivenInOrder()
+    {
+        ByteBudget budget(100);
+        QString granted;
+        std::vector<std::unique_ptr<ByteShare>> shares;
+        for (const auto &[name, bytes] : {std::pair('a', 60), {'b', 50}, {'c', 40}, {'d', 40}, {'e', 0}, {'f', 100}}) {
+            shares.push_back(std::make_unique<ByteShare>(budget, std::size_t(bytes)));
+            shares.back()->ask([&granted, name = name] { granted += QLatin1Char(name); });
+        }
+        const auto after = [&](const char *expected) { return granted == QLatin1String(expected); };
+        QVERIFY(after("ae")); // c has to stand behind b
+        shares[1]->withdraw();
+        QVERIFY(after("aec"));
+        shares[3].reset(); // while it waits
+        shares[0].reset();
+        QVERIFY(after("aec"));
+        shares[2].reset();
+        QVERIFY(after("aecf"));
     }
 
     // A run that ends with a failure leaves neither work nor budget behind.
