@@ -7,7 +7,10 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QSlider>
+#include <QStatusBar>
 #include <QTimer>
+
+#include <functional>
 
 namespace {
 
@@ -69,6 +72,87 @@ private slots:
         QCOMPARE(editor.body(), QStringLiteral("C D [EG] F\n"));
         document.setCaretTick(2 * ticksPerQuarter);
         QVERIFY(editor.plainText().mid(editor.text->textCursor().position()).startsWith(QStringLiteral("[EG]")));
+    }
+
+    void commandsSayWhetherTheyCan()
+    {
+        EditorFixture editor("C D\n");
+        editor.show();
+        editor.text->setFocus();
+        const auto enabled = [&] {
+            QStringList names;
+            for (const auto *const name : {"Apply", "Revert", "Undo", "Redo", "Cut", "Copy", "Stop"}) {
+                if (editor.child<QAction>(qPrintable(QStringLiteral("action") + QLatin1String(name)))->isEnabled())
+                    names += QLatin1String(name);
+            }
+            return names.join(u' ');
+        };
+        QCOMPARE(enabled(), QString());
+        editor.insert("E ");
+        QCOMPARE(enabled(), QStringLiteral("Apply Revert Undo"));
+        editor.trigger("actionUndo");
+        QCOMPARE(enabled(), QStringLiteral("Redo"));
+        editor.trigger("actionRedo");
+        QCOMPARE(editor.body(), QStringLiteral("E C D\n"));
+        QVERIFY(editor.window.document().isCurrent());
+        editor.trigger("actionApply");
+        QCOMPARE(editor.window.statusBar()->currentMessage(), QStringLiteral("The changes are applied."));
+        editor.trigger("actionSelectAll");
+        QCOMPARE(enabled(), QStringLiteral("Undo Cut Copy"));
+        const auto all = editor.plainText();
+        editor.trigger("actionCut");
+        QCOMPARE(editor.plainText(), QString());
+        editor.trigger("actionPaste");
+        QCOMPARE(editor.plainText(), all);
+        editor.select(0, 2);
+        editor.trigger("actionCopy");
+        editor.trigger("actionPaste");
+        editor.trigger("actionPaste");
+        QCOMPARE(editor.body(), QStringLiteral("E E C D\n"));
+        editor.trigger("actionPlayFromStart");
+        QVERIFY(enabled().endsWith(QStringLiteral("Stop")));
+        editor.open("C\n"); // another tune: silence
+        QCOMPARE(enabled(), QString());
+    }
+
+    void commandsOfTheView()
+    {
+        EditorFixture editor("C D\n");
+        editor.show();
+        const struct
+        {
+            const char *command;
+            std::function<bool()> isOn;
+        } switches[] = {
+            {"actionShowRoll", [&] { return editor.child<PianoRoll>("pianoRoll")->isVisible(); }},
+            {"actionShowProblems", [&] { return editor.child<QWidget>("problemList")->isVisible(); }},
+            {"actionWrapLines", [&] { return editor.text->lineWrapMode() == QPlainTextEdit::WidgetWidth; }},
+        };
+        for (const auto &change : switches) {
+            auto *const action = editor.child<QAction>(change.command);
+            for (int i = 0; i < 3; ++i) {
+                QCOMPARE(change.isOn(), action->isChecked());
+                action->trigger();
+            }
+        }
+        QVERIFY(editor.child<QAction>("actionFollow")->isChecked());
+        if (editor.child<QAction>("actionShowRoll")->isChecked())
+            editor.trigger("actionShowRoll");
+        QVERIFY(!editor.settings.value(Settings::PianoRollVisible).toBool());
+        auto *const roll = editor.child<PianoRoll>("pianoRoll");
+        QTRY_VERIFY(editor.text->hasFocus());
+        editor.trigger("actionSwitchView");
+        QVERIFY(roll->isVisible() && roll->hasFocus() && editor.settings.value(Settings::PianoRollVisible).toBool());
+        editor.trigger("actionSwitchView");
+        QVERIFY(roll->isVisible() && editor.text->hasFocus());
+
+        auto *const tempo = editor.child<QSlider>("sldTempo");
+        QStringList tempos;
+        for (const auto *const command : {"actionFaster", "actionFaster", "actionNormalTempo", "actionSlower"}) {
+            editor.trigger(command);
+            tempos += QString::number(tempo->value());
+        }
+        QCOMPARE(tempos.join(u' '), QStringLiteral("105 110 100 95"));
     }
 
     void beginsWithTheRollAsItWas()
@@ -315,13 +399,47 @@ private slots:
         QVERIFY(document.isApplied());
     }
 
-    void soundsPreviewNotes()
+    // Whatever begins to sound ends when it is told to, long before its sample does.
+    void endsWhatSounds_data()
     {
-        EditorFixture editor;
+        const Rows<bool, QString> row("isPreview", "ending");
+        row("preview", true, "stop");
+        row("stop", false, "actionStop");
+        row("another tune", false, "open");
+        row("closed", false, "actionClose");
+    }
+
+    void endsWhatSounds()
+    {
+        QFETCH(bool, isPreview);
+        QFETCH(QString, ending);
+        EditorFixture editor("C400\n");
+        editor.show();
+        double level = -1;
+        connect(&editor.player, &TrackPlayer::masterMeter, this, [&](float left) { level = left; });
+        editor.window.setInstrument(instrumentOf(editor.samples.level(16384, 4'800'000)));
+        if (isPreview)
+            editor.window.document().playPreviewNote(60);
+        else
+            editor.trigger("actionPlayFromStart");
+        QTRY_VERIFY(level > 0);
+        if (isPreview)
+            editor.window.document().stopPreviewNote();
+        else if (ending == u"open")
+            editor.open("C\n");
+        else
+            editor.trigger(qPrintable(ending));
+        QTRY_COMPARE_WITH_TIMEOUT(level, 0.0, 3000);
+    }
+
+    void playsAnotherInstrumentAtOnce()
+    {
+        EditorFixture editor(QStringLiteral("C").repeated(400));
         QSignalSpy loading(&editor.player, &TrackPlayer::loadingSample);
-        editor.window.document().playPreviewNote(60);
+        editor.trigger("actionPlayFromStart");
         QVERIFY(loading.wait());
-        editor.window.document().stopPreviewNote();
+        editor.window.setInstrument(instrumentOf(editor.samples.level(16384, 100)));
+        QTRY_VERIFY(loading.last().first().toString().endsWith(QStringLiteral("level-16384-100.wav")));
     }
 };
 

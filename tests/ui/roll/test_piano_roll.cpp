@@ -322,8 +322,74 @@ private slots:
         for (const auto *key : {"Ctrl++", "Ctrl+-", "Ctrl+-", "Ctrl+Shift+Up", "Ctrl+Shift+Down", "Ctrl+0"}) {
             fixture.act(key);
             scales += QStringLiteral("%1/%2").arg(fixture.geometry().hScale()).arg(fixture.geometry().vScale());
+            const auto &down = *fixture.roll.verticalScrollBar();
+            QCOMPARE(across.maximum(), fixture.geometry().contentWidth(136 * eighth));
+            QCOMPARE(down.maximum(), std::max(0, fixture.geometry().contentHeight() - fixture.canvas()->height()));
+            QCOMPARE(across.pageStep(), fixture.canvas()->width());
+            QCOMPARE(down.pageStep(), fixture.canvas()->height());
+            QCOMPARE(down.singleStep() * 2, across.singleStep());
         }
         QCOMPARE(scales.join(u' '), QStringLiteral("6/1 5/1 4/1 4/2 4/1 4/2"));
+    }
+
+    void followsTheMouse()
+    {
+        Fixture fixture("C2D2");
+        QString said;
+        connect(&fixture.roll, &PianoRoll::statusChanged, this, [&](const QString &text) { said = text; });
+        const auto hover = [&](double eighths, int pitch) {
+            Fixture::move(fixture.canvas(), fixture.at(eighths, pitch), Qt::NoButton);
+            return said.remove(QRegularExpression(QStringLiteral("tick \\d+ · "))) + u'|' +
+                   QString::number(fixture.canvas()->cursor().shape());
+        };
+        const auto with = [](const char *text, Qt::CursorShape shape) {
+            return QString::fromUtf8(text) + u'|' + QString::number(shape);
+        };
+        QCOMPARE(hover(3, 62), with("Measure 1, beat 2 + 1/8 · D4 · length 1/4", Qt::PointingHandCursor));
+        QCOMPARE(hover(3.95, 62), with("Measure 1, beat 2 + 1/8 · D4 · length 1/4", Qt::SizeHorCursor));
+        QCOMPARE(hover(5.2, 67), with("Measure 1, beat 3 + 1/8 · G4", Qt::ArrowCursor));
+        QCOMPARE(fixture.state().keyUnderMouse, std::optional(67));
+        fixture.act("D");
+        QCOMPARE(hover(5.2, 67), with("Measure 1, beat 3 + 1/8 · G4", Qt::CrossCursor));
+        QTest::mousePress(fixture.canvas(), Qt::LeftButton, {}, fixture.at(5.2, 67));
+        fixture.moveTo(fixture.at(8, 67));
+        QVERIFY2(said.endsWith(QStringLiteral("length 3/8")), qPrintable(said));
+        fixture.roll.clearFocus(); // breaks it off
+        QTest::mouseRelease(fixture.canvas(), Qt::LeftButton, {}, fixture.at(8, 67));
+        QCOMPARE(fixture.result(), QStringLiteral("0+2:60 2+2:62 @0:60"));
+        QEvent leave(QEvent::Leave);
+        QCoreApplication::sendEvent(fixture.canvas(), &leave);
+        QVERIFY(said.isEmpty() && !fixture.state().keyUnderMouse);
+        auto *const keyboard = fixture.roll.findChild<RollKeyboard *>();
+        Fixture::move(keyboard, {50, fixture.at(0, 69).y()}, Qt::NoButton);
+        QCOMPARE(fixture.state().keyUnderMouse, std::optional(69));
+    }
+
+    void actionsSayWhatHolds()
+    {
+        Fixture fixture("C2D2");
+        auto &actions = fixture.roll.actions();
+        const auto states = [&] {
+            QString flags;
+            for (const auto id : {RollActions::SelectTool, RollActions::DrawTool, RollActions::Follow})
+                flags += actions.action(id)->isChecked() ? u'x' : u'-';
+            for (const auto id : {RollActions::Cut, RollActions::Copy, RollActions::Duplicate, RollActions::Delete,
+                                  RollActions::Lengthen, RollActions::Shorten, RollActions::Paste})
+                flags += actions.action(id)->isEnabled() ? u'x' : u'-';
+            for (const auto *const action : actions.snapActions())
+                flags += action->isChecked() ? action->text() : QString();
+            return flags;
+        };
+        QCOMPARE(states(), QStringLiteral("x-x------x1/8"));
+        fixture.act("D 1:60 ] F");
+        QCOMPARE(states(), QStringLiteral("-x-xxxxxxx1/16"));
+        fixture.act("S Esc");
+        actions.snapActions().at(7)->trigger();
+        QCOMPARE(states(), QStringLiteral("x--------x1/8 triplet"));
+        QCOMPARE(fixture.state().snap.choice(), 7);
+        const auto picture = fixture.canvas()->grab().toImage();
+        fixture.settings.setValue(Settings::NoteColor, QStringLiteral("#ffff8000"));
+        QVERIFY(fixture.canvas()->grab().toImage() != picture);
     }
 
     void positionRepaintsItself()

@@ -4,10 +4,15 @@
 #include "ui/text/LineNumbers.h"
 #include "ui/text/ProblemList.h"
 
+#include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPainter>
+#include <QStatusBar>
 #include <QTextBlock>
 #include <QTextLayout>
+#include <QWheelEvent>
 
 // What the window does with its text: search, colours, problems, places.
 class TestEditorText : public QObject
@@ -46,6 +51,246 @@ private slots:
         QCOMPARE(editor.settings.value(Settings::SearchMode).toInt(), 2);
         QTest::keyClick(bar, Qt::Key_Escape);
         QVERIFY(!bar->isVisible());
+    }
+
+    void opensWithWhatIsSelected()
+    {
+        EditorFixture editor("c d c d c\n");
+        editor.show();
+        auto *const bar = editor.child<FindBar>("findBar");
+        auto *const find = editor.child<QLineEdit>("txtFind");
+        editor.select(2, 3);
+        editor.trigger("actionFind");
+        QCOMPARE(find->text(), QStringLiteral("d"));
+        QCOMPARE(find->selectedText(), QStringLiteral("d"));
+        QCOMPARE(bar->countText(), QStringLiteral("1 of 2"));
+        QVERIFY(!editor.child<QLineEdit>("txtReplace")->isVisible());
+        editor.select(0, 1);
+        editor.child<QComboBox>("cboSearchMode")->setCurrentIndex(2); // an expression stays what it is
+        editor.trigger("actionReplace");
+        QCOMPARE(find->text(), QStringLiteral("d"));
+        QVERIFY(editor.child<QLineEdit>("txtReplace")->isVisible());
+        const QMap<QString, QString> counts{{QStringLiteral("("), QStringLiteral("Not an expression")},
+                                            {QStringLiteral("y"), QStringLiteral("No matches")},
+                                            {QStringLiteral("d"), QStringLiteral("2 matches")},
+                                            {QString(), QString()}};
+        for (auto count = counts.begin(); count != counts.end(); ++count) {
+            find->setText(count.key());
+            QCOMPARE(bar->countText(), count.value());
+        }
+        find->setText(QStringLiteral("j"));
+        editor.insert("j");
+        QTRY_COMPARE(bar->countText(), QStringLiteral("1 match")); // when typing rests
+    }
+
+    void returnFindsAndReplaces_data()
+    {
+        // of "c d c d c" with the selection at "from"; "c" becomes "e"
+        const Rows<QString, int, int, int, QString, int, QString> row("box", "key", "direction", "from", "body", "to",
+                                                                      "said");
+        const int down = SearchOptions::Down, up = SearchOptions::Up, shift = Qt::SHIFT;
+        row("next", "txtFind", 0, down, 4, "c d c d c\n", 8, "");
+        row("previous", "txtFind", shift, down, 4, "c d c d c\n", 0, "");
+        row("upwards", "txtFind", 0, up, 4, "c d c d c\n", 0, "");
+        row("around", "txtFind", 0, down, 8, "c d c d c\n", 0, "The search went on from the other end of the text.");
+        row("around, upwards", "txtFind", 0, up, 0, "c d c d c\n", 8,
+            "The search went on from the other end of the text.");
+        row("replace", "txtReplace", 0, down, 4, "c d e d c\n", 8, "");
+        row("replace upwards", "txtReplace", 0, up, 4, "c d e d c\n", 0, "");
+        row("nothing to replace yet", "txtReplace", 0, down, 2, "c d c d c\n", 4, "");
+    }
+
+    void returnFindsAndReplaces()
+    {
+        QFETCH(QString, box);
+        QFETCH(int, key);
+        QFETCH(int, direction);
+        QFETCH(int, from);
+        QFETCH(int, to);
+        EditorFixture editor("c d c d c\n");
+        editor.show();
+        editor.settings.setValue(Settings::MatchCase, true);
+        editor.trigger("actionReplace");
+        editor.child<QCheckBox>("chkMatchCase")->setChecked(true);
+        editor.child<QComboBox>("cboDirection")->setCurrentIndex(direction);
+        editor.child<QLineEdit>("txtFind")->setText(QStringLiteral("c"));
+        editor.child<QLineEdit>("txtReplace")->setText(QStringLiteral("e"));
+        editor.select(from, from + 1);
+        editor.window.statusBar()->showMessage(QStringLiteral("said before"));
+        auto *const field = editor.child<QLineEdit>(qPrintable(box));
+        field->setFocus();
+        QTRY_VERIFY(field->hasFocus());
+        QTest::keyClick(field, Qt::Key_Return, Qt::KeyboardModifiers(key));
+        QTEST(editor.body(), "body");
+        QTEST(editor.window.statusBar()->currentMessage(), "said");
+        const auto cursor = editor.text->textCursor();
+        QCOMPARE(cursor.selectionStart() - int(editor.plainText().size() - editor.body().size()), to);
+        QCOMPARE(cursor.selectedText(), QStringLiteral("c"));
+    }
+
+    void lightsUp_data()
+    {
+        // steps: "caret COLUMN", "select NOTE…", "sound PITCH…", "find TEXT", "type TEXT" (at the beginning)
+        // lit: for each column c caret, S selected, s sounding, b bracket, f found, w a wave below
+        const Rows<QString, QString> row("steps", "lit");
+        row("nothing", "caret -1", "              w");
+        row("caret", "caret 1", " c            w");
+        row("bracket of a chord", "caret 3", "   b  b       w");
+        row("bracket of a slur", "caret 12", "        b  bc w");
+        row("selected", "caret -1;select 0 3", "S    S        w");
+        row("sounding", "caret -1;select 0 3;sound 60 64", "s   sS        w");
+        row("found", "caret -1;find c", "f           f w");
+        row("typed since", "caret -1;sound 60 64;type zz", "  s   s         w");
+    }
+
+    // The middle of the upper edge of each character is never ink.
+    void lightsUp()
+    {
+        QFETCH(QString, steps);
+        EditorFixture editor("CD [EG] (AB)c \n");
+        editor.select(14, 14);
+        editor.insert("?");
+        editor.window.document().update();
+        editor.show();
+        editor.child<FindBar>("findBar")->setFocus();
+        editor.text->clearFocus();
+        for (const auto &step : steps.split(u';')) {
+            const auto verb = step.section(u' ', 0, 0), rest = step.section(u' ', 1);
+            auto &document = editor.window.document();
+            QVector<int> notes;
+            QVector<NoteSpec> specs;
+            for (const auto &number : rest.split(u' ')) {
+                notes += number.toInt();
+                for (const auto &event : document.track().events()) {
+                    if (event.pitch() == number.toUInt())
+                        specs.append({event.start(), event.length(), event.pitch()});
+                }
+            }
+            if (verb == u"caret")
+                editor.select(notes.first(), notes.first());
+            else if (verb == u"select")
+                document.selectNotes(notes);
+            else if (verb == u"sound")
+                document.setSoundingNotes(specs);
+            else if (verb == u"find")
+                editor.text->setFound(QRegularExpression(rest, QRegularExpression::CaseInsensitiveOption));
+            else
+                QTextCursor(document.text()->lastBlock().previous()).insertText(rest);
+        }
+        QTEST(lit(editor), "lit");
+    }
+
+    void numbersLines()
+    {
+        EditorFixture editor;
+        editor.open(QStringLiteral("C\n").repeated(121));
+        editor.show();
+        editor.text->goToLine(67); // the header has six lines
+        editor.insert("?");
+        editor.window.document().update();
+        editor.text->goToLine(66);
+        auto *const margin = editor.text->findChild<LineNumbers *>();
+        const auto described = [&] {
+            QCoreApplication::processEvents();
+            const auto image = margin->grab().toImage();
+            const auto paper = QColor(image.pixel(1, image.height() - 1));
+            QStringList lines;
+            for (int y = 0; y + 20 < image.height(); ++y) {
+                const auto block = editor.text->cursorForPosition({0, y}).block();
+                const auto top = editor.text->cursorRect(QTextCursor(block)).top();
+                const auto height = editor.text->cursorRect(QTextCursor(block)).height();
+                const auto number = block.blockNumber() + 1;
+                if (y != top)
+                    continue;
+                int ink = 0, red = 0;
+                for (int x = 0; x < image.width(); ++x) {
+                    for (int i = top + 2; i < top + height - 2; ++i) {
+                        const QColor colour(image.pixel(x, i));
+                        red += colour.red() - colour.green() > 80 ? 1 : 0;
+                        ink += x > 14 && std::abs(colour.green() - paper.green()) > 60 ? 1 : 0;
+                    }
+                }
+                const bool isLit = std::abs(QColor(image.pixel(1, top + 1)).red() - paper.red()) > 4;
+                if (isLit || red > 10 || ink < 8)
+                    lines += QStringLiteral("%1%2%3%4")
+                                 .arg(number)
+                                 .arg(isLit ? u">" : u"", red > 10 ? u"*" : u"", ink < 8 ? u"?" : u"");
+            }
+            return lines.join(u' ');
+        };
+        QCOMPARE(described(), QStringLiteral("66> 67*"));
+        const auto y = editor.text->cursorRect().bottom() + 5;
+        QVERIFY(editor.text->problemAtLine(y).contains(QStringLiteral("line 67")) ||
+                !editor.text->problemAtLine(y).isEmpty());
+        QVERIFY(editor.text->problemAtLine(y - 20).isEmpty());
+        QTest::mouseClick(editor.text->findChild<LineNumbers *>(), Qt::LeftButton, {}, {3, y});
+        QCOMPARE(described(), QStringLiteral("67>*"));
+        editor.text->moveCursor(QTextCursor::PreviousBlock);
+        QCOMPARE(described(), QStringLiteral("66> 67*"));
+    }
+
+    void followsWhatSounds()
+    {
+        EditorFixture editor;
+        editor.open(QStringLiteral("C\n").repeated(200) + QString(300, u'z') + QStringLiteral("D\n"));
+        editor.show();
+        auto &document = editor.window.document();
+        const auto &events = document.track().events();
+        const auto isSeen = [&](int note) {
+            document.setSoundingNotes({{events[note].start(), events[note].length(), events[note].pitch()}});
+            QTextCursor cursor(document.text());
+            cursor.setPosition(document.textOf(note).offset);
+            return editor.text->viewport()->rect().contains(editor.text->cursorRect(cursor));
+        };
+        QVERIFY(isSeen(100) && isSeen(3) && isSeen(200) && isSeen(100));
+        editor.trigger("actionFollow");
+        QVERIFY(!isSeen(3) && !isSeen(200));
+    }
+
+    // Lines of the text are what the reader takes for lines.
+    void keepsLinesAsTheyAreRead()
+    {
+        EditorFixture editor("C\n");
+        const auto lines = editor.text->blockCount();
+        QTest::keyClick(editor.text, Qt::Key_Return, Qt::ShiftModifier);
+        QCOMPARE(editor.text->blockCount(), lines + 1);
+        QGuiApplication::clipboard()->setText(QStringLiteral("D\u2028E"));
+        editor.trigger("actionPaste");
+        QCOMPARE(editor.text->blockCount(), lines + 2);
+        QVERIFY(!editor.window.document().isCurrent());
+        QTest::keyClick(editor.text, Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(editor.window.document().isCurrent());
+        QCOMPARE(editor.text->blockCount(), lines + 1);
+    }
+
+    void zooms()
+    {
+        EditorFixture editor("C D E F\n");
+        editor.show();
+        const auto size = [&] { return editor.text->font().pointSizeF(); };
+        const auto normal = size();
+        const auto margin = editor.text->lineNumberWidth();
+        const auto wheel = [&](int angle, Qt::KeyboardModifiers keys) {
+            QWheelEvent event({50, 50}, editor.text->viewport()->mapToGlobal(QPoint(50, 50)), {}, {0, angle},
+                              Qt::NoButton, keys, Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(editor.text->viewport(), &event);
+        };
+        wheel(60, Qt::ControlModifier);
+        QCOMPARE(size(), normal);
+        wheel(60, Qt::ControlModifier);
+        QCOMPARE(size(), normal + 1);
+        wheel(-120, Qt::NoModifier);
+        QCOMPARE(size(), normal + 1);
+        for (int i = 0; i < 10; ++i)
+            editor.trigger("actionZoomIn");
+        QCOMPARE(size(), normal + 11);
+        QVERIFY(editor.text->lineNumberWidth() > margin);
+        QCOMPARE(editor.text->findChild<LineNumbers *>()->width(), editor.text->lineNumberWidth());
+        for (int i = 0; i < 60; ++i)
+            editor.trigger("actionZoomOut");
+        QCOMPARE(size(), 6);
+        editor.trigger("actionZoomNormal");
+        QCOMPARE(size(), normal);
     }
 
     void replacesAllInOneStep()
@@ -162,15 +407,51 @@ private slots:
         QVERIFY(editor.text->viewport()->rect().contains(editor.text->cursorRect()));
         QCOMPARE(lineFor("99999999999"), 249);
         QCOMPARE(lineFor("5000"), editor.text->blockCount() - 1);
-        const auto numbers = editor.text->findChild<LineNumbers *>()->grab().toImage();
-        auto blank = numbers;
-        blank.fill(numbers.pixelColor(0, 0));
-        QVERIFY(numbers != blank);
-        const auto size = editor.text->font().pointSizeF();
-        editor.trigger("actionZoomIn");
-        QVERIFY(editor.text->font().pointSizeF() > size);
-        editor.trigger("actionZoomNormal");
-        QCOMPARE(editor.text->font().pointSizeF(), size);
+    }
+
+private:
+    // What lies behind and below each character of the tune's first line.
+    static QString lit(EditorFixture &editor)
+    {
+        QCoreApplication::processEvents();
+        const auto &c = EditorColours::of(editor.text->palette());
+        const std::pair<QColor, char> letters[] = {{c.caretNote, 'c'}, {c.selectedNote, 'S'},
+                                                   {c.bracket, 'b'},   {c.soundingNote, 's'},
+                                                   {c.found, 'f'},     {QColor(0, 0, 0, 0), ' '}};
+        const auto image = editor.text->viewport()->grab().toImage();
+        const auto block = editor.text->document()->findBlockByNumber(6);
+        QString found;
+        for (int column = 0; column < block.length() - 1; ++column) {
+            QTextCursor cursor(block);
+            cursor.movePosition(QTextCursor::Right, QTextCursor::MoveAnchor, column);
+            const auto left = editor.text->cursorRect(cursor);
+            cursor.movePosition(QTextCursor::Right);
+            const auto x = (left.center().x() + editor.text->cursorRect(cursor).center().x()) / 2;
+            const auto difference = [&](const QColor &colour) {
+                QImage dot(1, 1, QImage::Format_RGB32);
+                dot.fill(editor.text->palette().color(QPalette::Base));
+                QPainter painter(&dot);
+                if (block == editor.text->textCursor().block())
+                    painter.fillRect(dot.rect(), c.currentLine);
+                painter.fillRect(dot.rect(), colour);
+                const QColor wanted(dot.pixel(0, 0)), seen(image.pixel(x, left.top() + 1));
+                return std::abs(wanted.red() - seen.red()) + std::abs(wanted.green() - seen.green()) +
+                       std::abs(wanted.blue() - seen.blue());
+            };
+            const auto *const best =
+                std::min_element(std::begin(letters), std::end(letters), [&](const auto &a, const auto &b) {
+                    return difference(a.first) < difference(b.first);
+                });
+            bool hasWave = false;
+            for (int y = left.bottom() - 3; y <= left.bottom(); ++y) {
+                const QColor colour(image.pixel(x, y));
+                hasWave = hasWave || colour.red() - colour.green() > 60;
+            }
+            found += hasWave ? u'w' : QChar(QLatin1Char(best->second));
+        }
+        while (found.endsWith(u' '))
+            found.chop(1);
+        return found;
     }
 };
 

@@ -136,6 +136,9 @@ private slots:
         row("lower case", "bbmin", "Bbm");
         row("mode", "F#lyd", "F#lyd");
         row("major", "Ebmaj", "Eb");
+        row("ends of the list", "C#", "C#");
+        row("other end", "Abm", "Abm");
+        row("mixolydian", "G mix", "Gmix");
         row("no key", "?", "C");
     }
 
@@ -144,8 +147,10 @@ private slots:
         QFETCH(QString, value);
         AnsweringDialogs dialogs;
         KeyDialog dialog(dialogs);
+        QCOMPARE(child<QLabel>(dialog, "lblNewKey")->text(), QStringLiteral("C"));
         dialog.preset(value);
         QTEST(dialog.key(), "key");
+        QTEST(child<QLabel>(dialog, "lblNewKey")->text(), "key");
     }
 
     void keyIsChosen()
@@ -154,6 +159,7 @@ private slots:
         KeyDialog dialog(dialogs);
         QCOMPARE(dialog.key(), QStringLiteral("C"));
         child<QCheckBox>(dialog, "chkIncludeMajor")->click();
+        QCOMPARE(child<QLabel>(dialog, "lblNewKey")->text(), QStringLiteral("Cmaj"));
         const auto chosen = [&](int mode, int accidentals) {
             child<QComboBox>(dialog, "cboMode")->setCurrentIndex(mode);
             child<QComboBox>(dialog, "cboAccidentals")->setCurrentIndex(accidentals);
