@@ -2,10 +2,8 @@
 #include "app/ExampleSongs.h"
 #include "app/WindowFixture.h"
 #include "song/SongFile.h"
-#include "support/GatedEngine.h"
 #include "support/MidiBytes.h"
 #include "ui/editor/AbcEditorWindow.h"
-#include "ui/song/TrackVisualizationWidget.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -56,6 +54,55 @@ private slots:
         QCOMPARE(fixture_->row(0)->instrumentName(), fixture_->child<QComboBox>("instrumentList")->currentText());
     }
 
+    void barsHoldTheirControls()
+    {
+        for (const auto &[bar, control] :
+             {std::pair("tbInstrument", "instrumentList"), {"tbVU", "masterMeter"}, {"tbVU", "slMasterVolume"}}) {
+            auto *const widget = fixture_->child<QWidget>(control);
+            QVERIFY(fixture_->child<QWidget>(bar)->isAncestorOf(widget) && widget->isVisible());
+        }
+    }
+
+    void comesBackWithItsSizeAndBars()
+    {
+        fixture_->window().resize(760, 540);
+        fixture_->child<QWidget>("tbPlayback")->hide();
+        fixture_->child<QWidget>("dockHistory")->show();
+        QCoreApplication::processEvents();
+        const auto size = fixture_->window().size();
+        QVERIFY(fixture_->window().close());
+        fixture_->makeWindow();
+        QCOMPARE(fixture_->window().size(), size);
+        QVERIFY(!fixture_->child<QWidget>("tbPlayback")->isVisible());
+        QVERIFY(fixture_->child<QWidget>("dockHistory")->isVisible());
+        QVERIFY(Settings(fixture_->path("Composer.cfg")).contains(Settings::WindowGeometry));
+    }
+
+    void commandsSayWhetherTheyCan()
+    {
+        const auto enabled = [this] {
+            QString flags;
+            for (const auto *const name :
+                 {"New_Track", "Open", "Play", "Clear_Tracks", "Save_All", "Export_to_Wav", "Save_Parts", "Select_All",
+                  "Merge_Selected", "Remove_Selected", "Save_Selected", "Stop", "Undo", "Redo"})
+                flags += fixture_->action(qPrintable(QStringLiteral("action") + QLatin1String(name)))->isEnabled()
+                             ? u'x'
+                             : u'-';
+            return flags;
+        };
+        QCOMPARE(enabled(), QStringLiteral("xx------------"));
+        QVERIFY(fixture_->import(jig, 3));
+        QCOMPARE(enabled(), QStringLiteral("xxxxxxxx----x-"));
+        fixture_->tracks().setSelected(fixture_->tracks().ids().first(), true);
+        QCOMPARE(enabled(), QStringLiteral("xxxxxxxxxxx-x-"));
+        fixture_->trigger("actionMerge_Selected");
+        QCOMPARE(enabled(), QStringLiteral("xxxxxxxx-xx-x-"));
+        QTRY_COMPARE(fixture_->tracks().song().size(), 4);
+        fixture_->trigger("actionPlay");
+        fixture_->trigger("actionUndo");
+        QCOMPARE(enabled(), QStringLiteral("xxxxxxxxxxxxxx"));
+    }
+
     void everyCommandIsInAMenu()
     {
         QSet<QAction *> inMenus;
@@ -78,84 +125,6 @@ private slots:
         QTRY_COMPARE(bare.tracks().ids().size(), 1);
         bare.trigger("actionPlay");
         QTRY_VERIFY(!bare.window().isLoading());
-    }
-
-    void playsAndStops()
-    {
-        QVERIFY(fixture_->import(jig, 3));
-        auto *const overview = fixture_->inRow<TrackVisualizationWidget>(0, "wVis");
-        QSignalSpy loading(fixture_->window().findChild<TrackPlayer *>(), &TrackPlayer::loadingSample);
-        emit fixture_->row(0)->previewNote(60);
-        QTRY_COMPARE(loading.size(), 1);
-        emit fixture_->row(0)->stopPreview();
-        fixture_->trigger("actionPlay");
-        QTRY_VERIFY(overview->position() > 40320);
-        QVERIFY(fixture_->action("actionStop")->isEnabled());
-        emit overview->seek(0);
-        QTRY_VERIFY(overview->position() < 40320);
-        QVERIFY(fixture_->action("actionStop")->isEnabled());
-        fixture_->trigger("actionStop");
-        QTRY_VERIFY(!fixture_->action("actionStop")->isEnabled());
-        QCOMPARE(overview->position(), Ticks(0));
-
-        fixture_->trigger("actionPlay"); // to its end
-        QTRY_VERIFY(overview->position() > 0);
-        const auto nearEnd = overview->commonLength() - 40320;
-        emit overview->seek(nearEnd);
-        QTRY_VERIFY(overview->position() >= nearEnd);
-        QTRY_VERIFY_WITH_TIMEOUT(!fixture_->action("actionStop")->isEnabled(), 60'000);
-    }
-
-    void showsTheLoadingOfSamplesAndCancelsIt()
-    {
-        const auto gate = GatedEngine::makeGate(false);
-        const auto opener = qScopeGuard([&] { GatedEngine::open(gate); }); // also when the test fails
-        fixture_->makeEngine = [gate] { return std::make_unique<GatedEngine>(EngineOutput::Silent, gate); };
-        fixture_->makeWindow();
-        QTRY_VERIFY(!fixture_->window().isLoading());
-        QVERIFY(fixture_->import(hymn, 4));
-        fixture_->window().activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&fixture_->window()));
-        auto *const busy = fixture_->child<QWidget>("samplesIndicator");
-        fixture_->trigger("actionPlay");
-        QVERIFY(!busy->isVisible());
-        QTRY_VERIFY(busy->isVisible());
-        QCOMPARE(busy->findChild<QLabel *>()->text(), QStringLiteral("Loading samples, track 1 of 4..."));
-        QTest::keyClick(&fixture_->window(), Qt::Key_Escape);
-        QTRY_VERIFY(!busy->isVisible());
-        QVERIFY(!fixture_->action("actionStop")->isEnabled());
-
-        fixture_->trigger("actionPlay");
-        fixture_->tracks().setVolume(fixture_->tracks().ids().first(), 50); // a change while it loads
-        QTRY_VERIFY(busy->isVisible());
-        QVERIFY(fixture_->action("actionStop")->isEnabled());
-        GatedEngine::open(gate);
-        QTRY_VERIFY(!busy->isVisible());
-        QTRY_VERIFY(fixture_->inRow<TrackVisualizationWidget>(0, "wVis")->position() > 0);
-        fixture_->trigger("actionStop");
-        QTRY_VERIFY(!fixture_->action("actionStop")->isEnabled());
-    }
-
-    void followsUndoWhilePlaying()
-    {
-        QVERIFY(fixture_->import(jig, 3));
-        fixture_->trigger("actionPlay");
-        const auto first = [this] { return fixture_->inRow<TrackVisualizationWidget>(0, "wVis"); };
-        QTRY_VERIFY(first()->position() > 40320);
-        QSignalSpy stopped(fixture_->window().findChild<TrackPlayer *>(), &TrackPlayer::trackStopped);
-        fixture_->inRow<QToolButton>(0, "btnDelete")->click();
-        QTRY_COMPARE(stopped.count(), 1);
-        QCOMPARE(stopped[0][0].toString(), QStringLiteral("T1"));
-        QSignalSpy started(fixture_->window().findChild<TrackPlayer *>(), &TrackPlayer::trackStarted);
-        fixture_->trigger("actionUndo");
-        QTRY_VERIFY(first()->position() > 40320); // it goes on with the others
-        fixture_->row(0)->onTransposeUp();
-        QCOMPARE(fixture_->tracks().history().undoText(), QStringLiteral("Transpose Track"));
-        QTRY_COMPARE(started.count(), 2);
-        QCOMPARE(stopped.count(), 1);
-        QTRY_VERIFY(first()->position() > 40320);
-        fixture_->trigger("actionStop");
-        QTRY_VERIFY(!fixture_->action("actionStop")->isEnabled());
     }
 
     void mutesAndSolosFromTheRows()

@@ -4,9 +4,12 @@
 #include "app/services/RecentFiles.h"
 #include "song/SongFile.h"
 #include "support/Rows.h"
+#include "ui/editor/AbcEditorWindow.h"
 
 #include <QClipboard>
 #include <QSlider>
+#include <QStatusBar>
+#include <QToolButton>
 
 namespace {
 
@@ -275,6 +278,81 @@ private slots:
         QCOMPARE(RecentFiles::filesOf(RecentFiles::list(fixture_->settings()).first()).size(), 3);
     }
 
+    void tellsWhichPartsCouldNotBeWritten()
+    {
+        openParts(*fixture_);
+        QVERIFY(QDir().mkpath(fixture_->path("set/Untitled - One.abc"))); // is in the way
+        fixture_->dialogs().answer = Dialogs::Answer::Yes;
+        fixture_->dialogs().directories = QStringList(fixture_->path("set"));
+        fixture_->trigger("actionSave_Parts");
+        QVERIFY(fixture_->waitUntilSaved());
+        const auto messages = fixture_->dialogs().takeMessages();
+        QVERIFY(messages.size() == 1 && messages[0].contains(QStringLiteral("Untitled - One.abc: ")));
+        QVERIFY(!messages[0].contains(QStringLiteral("Two.abc")));
+        QVERIFY(QFile::exists(fixture_->path("set/Untitled - Two.abc")));
+    }
+
+    // A part goes to its file, or with the song that holds it; what has errors only with a song.
+    void savesFromAnEditor_data()
+    {
+        const Rows<Steps, QString, QString, QString> row("steps", "typed", "asked", "written");
+        const auto good = QString::fromUtf8(abc("Good"));
+        row("part of a file", Steps{openParts}, good, "", "one.abc");
+        row("part without a file", Steps{importJig}, good, "Save track", "chosen.kvsong");
+        row("part of a song", Steps{importJig, saveSong}, good, "", "song.kvsong");
+        row("draft", Steps{openParts}, QStringLiteral("X:1\n[c9?\n"), "Save Song As", "chosen.kvsong");
+    }
+    void savesFromAnEditor()
+    {
+        QFETCH(Steps, steps);
+        QFETCH(QString, typed);
+        QFETCH(QString, asked);
+        QFETCH(QString, written);
+        for (const auto step : steps)
+            step(*fixture_);
+        const auto file = fixture_->path(qPrintable(written));
+        const auto before = WindowFixture::read(file);
+        fixture_->dialogs().takeAsked();
+        fixture_->dialogs().files = QStringList(fixture_->path("chosen.kvsong"));
+        fixture_->inRow<QToolButton>(0, "btnEdit")->click();
+        auto &editor = *fixture_->window().findChild<AbcEditorWindow *>();
+        editor.document().replaceText(typed, QStringLiteral("Type"));
+        editor.findChild<QAction *>(QStringLiteral("actionSave"))->trigger();
+        QVERIFY(fixture_->waitUntilSaved());
+        const auto question = fixture_->dialogs().takeAsked().join(u' ');
+        QVERIFY2(asked.isEmpty() ? question.isEmpty() : question.startsWith(asked), qPrintable(question));
+        QVERIFY(QFile::exists(file) && WindowFixture::read(file) != before);
+    }
+
+    void savesTheSongElsewhere()
+    {
+        importJig(*fixture_);
+        saveSong(*fixture_);
+        QTRY_COMPARE(fixture_->window().statusBar()->currentMessage(),
+                     QStringLiteral("Saved ") + fixture_->path("song.kvsong"));
+        const auto first = WindowFixture::read(fixture_->path("song.kvsong"));
+        turnVolume(*fixture_);
+        auto &dialogs = fixture_->dialogs();
+        dialogs.takeAsked();
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("no/folder.kvsong: .")));
+        for (const auto *const name : {"no/folder.kvsong", "second.kvsong"}) {
+            dialogs.files = QStringList(fixture_->path(name));
+            fixture_->trigger("actionSave_Song_As");
+            QVERIFY(fixture_->waitUntilSaved());
+            const bool isSaved = QFile::exists(fixture_->path(name));
+            QCOMPARE(fixture_->window().isWindowModified(), !isSaved);
+            QCOMPARE(dialogs.takeMessages().join(u' ').contains(QLatin1String(name)), !isSaved);
+            QCOMPARE(fixture_->window().session().name(), isSaved ? QStringLiteral("second") : QStringLiteral("song"));
+        }
+        QCOMPARE(dialogs.starts.last(), fixture_->path("song.kvsong")); // proposed
+        turnVolume(*fixture_);
+        fixture_->tracks().setVolume(only(*fixture_), 3);
+        fixture_->trigger("actionSave_Song");
+        QVERIFY(fixture_->waitUntilSaved());
+        QCOMPARE(WindowFixture::read(fixture_->path("song.kvsong")), first);
+        QVERIFY(!fixture_->window().isWindowModified());
+    }
+
     void whatCannotBeOpenedReplacesNothing_data()
     {
         const Rows<QByteArray, QString> row("bytes", "says");
@@ -305,6 +383,7 @@ private slots:
         row("own", false, int(Dialogs::OverwriteAnswer::Cancel), true);
         row("changed, cancel", true, int(Dialogs::OverwriteAnswer::Cancel), false);
         row("changed, overwrite", true, int(Dialogs::OverwriteAnswer::Overwrite), true);
+        row("changed, elsewhere", true, int(Dialogs::OverwriteAnswer::SaveAs), false);
     }
     void asksBeforeWritingOver()
     {
@@ -319,11 +398,14 @@ private slots:
         auto &dialogs = fixture_->dialogs();
         dialogs.takeAsked();
         dialogs.overwriteAnswer = Dialogs::OverwriteAnswer(answer);
+        dialogs.files = QStringList(fixture_->path("other.kvsong"));
         fixture_->trigger("actionSave_Song");
         QVERIFY(fixture_->waitUntilSaved());
-        QCOMPARE(int(dialogs.asked.size()), isChanged ? 1 : 0);
+        const bool isElsewhere = QFile::exists(fixture_->path("other.kvsong"));
+        QCOMPARE(isElsewhere, answer == int(Dialogs::OverwriteAnswer::SaveAs));
+        QCOMPARE(int(dialogs.asked.size()), (isChanged ? 1 : 0) + (isElsewhere ? 1 : 0));
         QCOMPARE(WindowFixture::read(fixture_->path("song.kvsong")) != "foreign", isReplaced);
-        QCOMPARE(fixture_->window().isWindowModified(), !isReplaced);
+        QCOMPARE(fixture_->window().isWindowModified(), !isReplaced && !isElsewhere);
     }
 
     // What a song file says of a part's file is only its claim.

@@ -212,9 +212,14 @@ private slots:
 
     void opensRecentFiles()
     {
-        QVERIFY(fixture_->import(jig, 3));
-        fixture_->trigger("actionClear_Tracks");
         auto *const menu = fixture_->child<QMenu>("menuRecent");
+        auto *const file = fixture_->child<QMenu>("menuFile");
+        emit file->aboutToShow();
+        QVERIFY(!menu->isEnabled());
+        QVERIFY(fixture_->import(jig, 3));
+        emit file->aboutToShow();
+        QVERIFY(menu->isEnabled());
+        fixture_->trigger("actionClear_Tracks");
         emit menu->aboutToShow();
         QCOMPARE(menu->actions().size(), 1);
         QCOMPARE(menu->actions().first()->text(), QStringLiteral("harbour-jig.mid"));
@@ -228,6 +233,12 @@ private slots:
         menu->actions().first()->trigger(); // both of the entry
         QTRY_COMPARE(fixture_->dialogs().messages.size(), 1);
         QCOMPARE(RecentFiles::list(fixture_->settings()), QStringList(jig));
+
+        for (int i = 0; i < 20; ++i) // the last ones, each once
+            RecentFiles::add(fixture_->settings(), {QStringLiteral("/%1.abc").arg(i % 15)});
+        emit menu->aboutToShow();
+        QCOMPARE(menu->actions().size(), 10);
+        QCOMPARE(menu->actions()[0]->text() + menu->actions()[9]->text(), QStringLiteral("4.abc10.abc"));
     }
 
     void savesWhatDiffersFromItsFile()
@@ -239,6 +250,7 @@ private slots:
         fixture_->trigger("actionSave_All");
         QVERIFY(fixture_->waitUntilSaved());
         QVERIFY(fixture_->tracks().unsavedIds().isEmpty());
+        QCOMPARE(fixture_->window().statusBar()->currentMessage(), QStringLiteral("Saved 3 part(s)"));
         const auto saved = [this](int row) {
             auto track = *fixture_->tracks().song()[row]->track;
             return track.toAbc().toUtf8();
