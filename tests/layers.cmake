@@ -18,7 +18,7 @@ set(LAYERS
     "src/audio|base core assets assets/package audio/sound"
     "src/audio/engine|audio/AudioEngine.h audio/sound"
     "src/ui|base settings assets"
-    "src/ui/tracks|core"
+    "src/ui/tracks|base core"
     "src/ui/song|base settings core import assets ui ui/tracks"
     "src/ui/report|core import ui"
     "src/ui/preferences|base settings import assets ui"

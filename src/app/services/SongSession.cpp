@@ -37,13 +37,6 @@ bool hasSameMix(const SongTrack &a, const SongTrack &b)
     return a.instrument == b.instrument && a.isMuted == b.isMuted && a.volume == b.volume && a.pan == b.pan;
 }
 
-// Where parts were imported from matters with the parts.
-bool isSameWork(Song song, const Song &saved)
-{
-    song.imports = saved.imports;
-    return song == saved;
-}
-
 } // namespace
 
 SongSession::SongSession(TrackList &tracks, QObject *parent) : QObject(parent), tracks_(tracks)
@@ -90,8 +83,24 @@ QString SongSession::name() const
 bool SongSession::isUnsaved() const
 {
     if (saved_)
-        return !isSameWork(song(), *saved_);
+        return !isAsSaved();
     return isRecovered_ || !tracks_.unsavedIds().isEmpty() || hasLostParts() || !isAsItCame();
+}
+
+// Where parts were imported from matters with the parts.
+bool SongSession::isAsSaved() const
+{
+    auto now = song();
+    now.imports = saved_->imports;
+    const auto count = std::min(now.parts.size(), saved_->parts.size());
+    for (int i = 0; i < count; ++i) {
+        auto &text = now.parts[i].abc;
+        const auto &savedText = saved_->parts[i].abc;
+        if (!compared_.areSame(now.parts[i].id, text, savedText))
+            return false;
+        text = savedText; // which is seen to be the same at once
+    }
+    return now == *saved_;
 }
 
 bool SongSession::isSavedByPartsAlone() const
@@ -122,7 +131,7 @@ bool SongSession::isAsItCame() const
 bool SongSession::hasLostParts() const
 {
     return std::any_of(seen_.begin(), seen_.end(), [this](const Seen &seen) {
-        return !tracks_.find(seen.last->id) && tracks_.isUnsaved(*seen.last);
+        return !tracks_.find(seen.last->id) && tracks_.isUnsaved(*seen.last) && tracks_.wasRemoved(seen.last->id);
     });
 }
 
@@ -175,6 +184,7 @@ void SongSession::reset()
     kept_.clear();
     drafts_.clear();
     saved_.reset();
+    compared_.clear();
     seen_.clear();
 }
 

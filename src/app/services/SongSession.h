@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/ComparedTexts.h"
 #include "song/JournalRecords.h"
 #include "song/SongJournal.h"
 #include "ui/tracks/TrackList.h"
@@ -48,7 +49,8 @@ public:
     // For people: its title, or the name of its file or of what it was imported from; or else "Untitled".
     QString name() const;
     // Whether something would be lost now. A song without a song file is saved when all its parts are in their files,
-    // none was removed that was not, and their mix, order and instruments are as they came.
+    // none was removed that was not (that its coming was undone is no matter), and their mix, order and instruments are
+    // as they came.
     bool isUnsaved() const;
     // Whether it would be saved when its parts were written to the files that they have.
     bool isSavedByPartsAlone() const;
@@ -100,6 +102,7 @@ private:
     void reset();
     void take(const OpenedSong &opened);
     SongPart partOf(const SongTrack &track) const;
+    bool isAsSaved() const;
     bool isAsItCame() const;
     bool hasLostParts() const;
 
@@ -110,6 +113,7 @@ private:
     QHash<QString, Seen> seen_; // of removed parts, too
     QString file_;
     std::optional<Song> saved_; // what the song file holds
+    mutable ComparedTexts compared_;
     bool isRecovered_ = false;
     bool isOpening_ = false;
 };

@@ -35,18 +35,27 @@ TrackRows::TrackRows(TrackList &tracks, InstrumentSetModel &instruments, Setting
 
 void TrackRows::follow(const SongTracks &before, const SongTracks &after)
 {
-    setUpdatesEnabled(false);
-    removeAbsent(after);
-    for (const auto &track : after)
+    const auto hasSameId = [](const auto &a, const auto &b) { return a->id == b->id; };
+    const bool isRearranged = !std::equal(before.begin(), before.end(), after.begin(), after.end(), hasSameId);
+    if (isRearranged)
+        setUpdatesEnabled(false); // enabling them paints all rows
+    showAll(after);
+    if (isRearranged)
+        setUpdatesEnabled(true);
+    rememberNew(before, after);
+}
+
+void TrackRows::showAll(const SongTracks &song)
+{
+    removeAbsent(song);
+    for (const auto &track : song)
         show(track);
-    arrange(after);
+    arrange(song);
     const auto length = tracks_.commonLength();
     for (auto *const each : std::as_const(rows_))
         each->setCommonLength(length);
     markChanged();
-    hint_->setVisible(after.isEmpty());
-    setUpdatesEnabled(true);
-    rememberNew(before, after);
+    hint_->setVisible(song.isEmpty());
 }
 
 void TrackRows::rememberNew(const SongTracks &before, const SongTracks &after)

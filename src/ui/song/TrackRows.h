@@ -36,6 +36,7 @@ protected:
 
 private:
     void follow(const SongTracks &before, const SongTracks &after);
+    void showAll(const SongTracks &song);
     void removeAbsent(const SongTracks &song);
     void show(const std::shared_ptr<const SongTrack> &track);
     void markChanged();

@@ -35,6 +35,14 @@ int numberOf(const QString &id)
     return number <= largest ? number : 0;
 }
 
+QSet<QString> idsOf(const SongTracks &song)
+{
+    QSet<QString> ids;
+    for (const auto &track : song)
+        ids.insert(track->id);
+    return ids;
+}
+
 // How paths of one file are told to be the same.
 QString fileOf(const QString &path)
 {
@@ -50,13 +58,22 @@ class TrackListStep : public QUndoCommand
 {
 public:
     TrackListStep(TrackList &list, const SongTracks &after, const QString &step, int merging, const QString &id)
-        : QUndoCommand(step), list_(list), before_(list.song_), after_(after), merging_(merging), id_(id)
+        : QUndoCommand(step), list_(list), before_(list.song_), after_(after), removed_(idsOf(before_) - idsOf(after_)),
+          merging_(merging), id_(id)
     {
         age_.start();
     }
 
-    void undo() override { list_.show(before_); }
-    void redo() override { list_.show(after_); }
+    void undo() override
+    {
+        list_.countRemovals(removed_, -1);
+        list_.show(before_);
+    }
+    void redo() override
+    {
+        list_.countRemovals(removed_, 1);
+        list_.show(after_);
+    }
     int id() const override { return merging_ == int(TrackList::Merging::Never) ? -1 : merging_; }
 
     bool mergeWith(const QUndoCommand *other) override
@@ -73,6 +90,7 @@ private:
     TrackList &list_;
     SongTracks before_;
     SongTracks after_;
+    QSet<QString> removed_;
     int merging_;
     QString id_;
     QElapsedTimer age_;
@@ -179,6 +197,8 @@ void TrackList::open(const QVector<OpenedTrack> &tracks)
     history_.clear();
     selected_.clear();
     saved_.clear();
+    compared_.clear();
+    removals_.clear();
     show({}); // a row or an editor of the song before is none of this one, even of a track of the same name
     SongTracks song;
     for (const auto &opened : tracks) {
@@ -307,7 +327,7 @@ bool TrackList::isUnsaved(const QString &id) const
 bool TrackList::isUnsaved(const SongTrack &track) const
 {
     const auto saved = saved_.value(track.id).track;
-    return saved != track.track && (!saved || textOf(*saved) != textOf(*track.track));
+    return saved != track.track && (!saved || !compared_.areSame(track.id, textOf(*saved), textOf(*track.track)));
 }
 
 QStringList TrackList::unsavedIds() const
@@ -383,6 +403,12 @@ void TrackList::change(const QString &step, const SongTracks &after, Merging mer
 {
     if (after != song_)
         history_.push(new TrackListStep(*this, after, step, int(merging), id));
+}
+
+void TrackList::countRemovals(const QSet<QString> &ids, int steps)
+{
+    for (const auto &id : ids)
+        removals_[id] += steps;
 }
 
 void TrackList::show(const SongTracks &song)

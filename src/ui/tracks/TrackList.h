@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/ComparedTexts.h"
 #include "ui/tracks/SongTrack.h"
 
 #include <QHash>
@@ -75,6 +76,9 @@ public:
     void toggleMuted(const QStringList &ids); // mutes all when one of them sounds
     void solo(const QString &id);             // or unmutes all when it alone sounds
 
+    // Whether a step that is done took it out; one whose coming was undone was not.
+    bool wasRemoved(const QString &id) const { return !find(id) && removals_.value(id) > 0; }
+
     // A track is unsaved when it differs from its file, or has none. One without notes counts as saved as long as it
     // stays as it was added.
     bool isUnsaved(const QString &id) const;
@@ -119,11 +123,14 @@ private:
     void change(const QString &step, const SongTracks &after, Merging merging = Merging::Never, const QString &id = {});
     void changeEach(const QString &step, const QStringList &ids, Merging merging,
                     const std::function<void(SongTrack &)> &edit);
+    void countRemovals(const QSet<QString> &ids, int steps);
     void show(const SongTracks &song);
 
     SongTracks song_;
     QSet<QString> selected_;
-    QHash<QString, SavedAs> saved_; // by track, also of removed ones: undo may bring them back
+    QHash<QString, SavedAs> saved_;  // by track, also of removed ones: undo may bring them back
+    QHash<QString, int> removals_;   // by how many steps that are done
+    mutable ComparedTexts compared_; // a track's with that of its file
     QUndoStack history_;
     int lastNumber_ = 0;
 };
