@@ -30,6 +30,7 @@ inline QByteArray waveBytes(const QVector<qint16> &samples, quint32 rate = 48000
 class SampleFiles
 {
 public:
+    SampleFiles() {} // written out, so that clang 14 makes constant ones, too
     QString path(const QString &name) const { return directory_.filePath(name); }
 
     QString write(const QString &name, const QByteArray &bytes) const

@@ -11,6 +11,7 @@
 class TestFolder
 {
 public:
+    TestFolder() {} // written out, so that clang 14 makes constant ones, too
     QString path(const Text &name = {}) const { return directory_.filePath(name); }
 
     // Makes the folders on the way too. Returns the path.

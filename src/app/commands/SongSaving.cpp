@@ -8,6 +8,7 @@
 #include "song/SongFile.h"
 #include "ui/Dialogs.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
