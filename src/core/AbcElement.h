@@ -1,27 +1,15 @@
 #pragma once
 
-#include "core/AbcParser.h"
+#include "core/AbcNumbers.h"
+#include "core/HeaderFields.h"
 #include "core/Ticks.h"
-#include "core/TrackEvent.h"
 
-#include <QVector>
-
+#include <algorithm>
 #include <array>
-#include <bitset>
 #include <vector>
 
-// What AbcParser keeps while it reads: the element at hand, the measure's accidentals and the ties that are open.
+// What AbcParser keeps while it reads: the element at hand, the measure's accidentals and the position.
 // Private to it.
-
-// A factor of lengths.
-struct AbcRatio
-{
-    quint64 numerator = 1;
-    quint64 denominator = 1;
-
-    Ticks of(Ticks length) const { return scaled(length, numerator, denominator); }
-    bool isOne() const { return numerator == denominator; }
-};
 
 // A note as written, before it sounds: lengths can still change while the rhythm around it is read.
 struct WrittenNote
@@ -46,6 +34,8 @@ struct AbcElement
     AbcRatio chordLength;
     bool chordTied = false;
 
+    Ticks length() const { return chordLength.of(advance); }
+
     void clear()
     {
         present = isChord = chordTied = false;
@@ -53,6 +43,13 @@ struct AbcElement
         notes.clear();
         advance = 0;
         chordLength = {};
+    }
+
+    // A note or rest of this length.
+    void add(Ticks length)
+    {
+        advance = isEmpty ? length : std::min(advance, length);
+        isEmpty = false;
     }
 
     void scale(const AbcRatio &ratio)
@@ -69,8 +66,10 @@ struct AbcElement
 class MeasureAccidentals
 {
 public:
+    MeasureAccidentals() { clear(); }
+
     void clear() { accidentals_.fill(none); }
-    void set(int octave, int letter, int accidental) { at(octave, letter) = qint8(accidental); }
+    void set(int octave, int letter, int accidental) { accidentals_[index(octave, letter)] = qint8(accidental); }
     int value(int octave, int letter, int fromKey) const
     {
         const auto accidental = accidentals_[index(octave, letter)];
@@ -81,33 +80,49 @@ private:
     static constexpr qint8 none = -128;
     // A note's text is at most 20 characters, so octaves stay within -20..20.
     static size_t index(int octave, int letter) { return size_t((octave + 20) * 7 + letter); }
-    qint8 &at(int octave, int letter) { return accidentals_[index(octave, letter)]; }
 
     std::array<qint8, 41 * 7> accidentals_;
 };
 
-// Tied notes that wait for their continuation, at most one a pitch.
-class PendingTies
+// When the music at hand sounds, and the grid of measures that bar lines put it on.
+class AbcPosition
 {
 public:
-    bool isEmpty() const { return pending_.none(); }
-    TrackEvent *find(quint32 pitch) { return pending_[pitch] ? &notes_[pitch] : nullptr; }
+    Ticks now() const { return now_; }
+    Ticks measureTicks() const { return measureTicks_ != 0 ? measureTicks_ : ticksPerWholeNote; }
+    bool isCompound() const { return isCompound_; }
 
-    void put(const TrackEvent &note)
+    void advance(Ticks length) { now_ = std::min(maxTicks, now_ + length); }
+
+    // Measures are counted from here on.
+    void setMetre(const HeaderFields::Metre &metre)
     {
-        notes_[note.pitch()] = note;
-        pending_.set(note.pitch());
+        begin_ = now_;
+        bars_ = 0;
+        measureTicks_ = metre.measureTicks();
+        isCompound_ = metre.isCompound();
     }
 
-    void writeTo(QVector<TrackEvent> &events, quint32 pitch)
+    // Back on the grid, even if the notes did not fill the measure.
+    void barLine()
     {
-        if (!pending_[pitch])
+        if (measureTicks_ == 0)
             return;
-        events.append(notes_[pitch]);
-        pending_.reset(pitch);
+        ++bars_;
+        now_ = std::min(maxTicks, begin_ + scaled(measureTicks_, bars_, 1));
+    }
+
+    // A rest of several measures: the next bar line counts for the last of them.
+    void skipBarLines(quint64 measures)
+    {
+        if (measures > 0)
+            bars_ += quint32(measures - 1);
     }
 
 private:
-    std::array<TrackEvent, highestPlayablePitch + 1> notes_;
-    std::bitset<highestPlayablePitch + 1> pending_;
+    Ticks now_ = 0;
+    Ticks begin_ = 0;        // of the metre in force
+    Ticks measureTicks_ = 0; // 0 without a metre
+    quint32 bars_ = 0;       // since then
+    bool isCompound_ = false;
 };

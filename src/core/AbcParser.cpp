@@ -1,9 +1,10 @@
 #include "core/AbcParser.h"
 
-#include "base/Interrupted.h"
 #include "core/AbcElement.h"
+#include "core/AbcEvents.h"
 #include "core/AbcListener.h"
-#include "core/AbcTokenizer.h"
+#include "core/AbcNumbers.h"
+#include "core/AbcTokenSource.h"
 #include "core/HeaderFields.h"
 #include "core/KeyTable.h"
 
@@ -11,16 +12,12 @@
 
 namespace {
 
-// Many times the keys of a piano; a chord is held in memory beside the events until its end.
-constexpr size_t largestChord = 10'000;
-
 class AbcParser
 {
 public:
     AbcParser(const QString &text, const std::stop_token &stop, AbcListener *listener)
-        : text_(text), stop_(stop), listener_(listener), tokens_(text)
+        : text_(text), listener_(listener), source_(text, stop, listener)
     {
-        accidentals_.clear();
     }
     Track parse();
 
@@ -28,9 +25,6 @@ private:
     int readHeader();
     void applyHeader();
     void readBody();
-    bool isReadable();
-    bool isChordReadable();
-    bool isReadableInChord();
     void bodyToken();
     void bodyField();
     void barLine();
@@ -40,104 +34,26 @@ private:
     void readNote();
     void readRest();
     void readChord();
-    void addToElement(Ticks length);
+    void endChord();
     void finishElement();
-    void sound(const WrittenNote &note);
-    void finishChord(qsizetype firstEvent);
-    void tieEventsFrom(qsizetype firstEvent);
-    AbcRatio tokenLength() const;
     int accidental(int octave, int letter);
-    bool goesOnBehind(AbcRefusal why, const AbcToken &last) const;
-    bool refuse(AbcRefusal why) const;
 
     const QString &text_;
-    const std::stop_token &stop_;
     AbcListener *const listener_; // may be null
-    AbcTokenizer tokens_;
-    AbcToken token_;
+    AbcTokenSource source_;
+    const AbcToken &token_ = source_.token();
     Track track_;
-    QVector<TrackEvent> events_;
+    AbcEvents events_;
 
     quint32 keyRow_ = neutralKeyRow;
     quint32 unitLength_ = 0;
-    Ticks position_ = 0;
-    Ticks measureBase_ = 0;   // where the metre in force began
-    Ticks measureLength_ = 0; // 0 without a metre
-    quint32 barCount_ = 0;    // since then
-    bool compound_ = false;
+    AbcPosition position_;
     MeasureAccidentals accidentals_;
-
     quint32 tupletNotesLeft_ = 0;
     AbcRatio tuplet_;
-    bool inGraceNotes_ = false;
     AbcElement element_;   // read, but not sounded before what follows it is known
     int brokenRhythm_ = 0; // length of the mark behind the element, negative for "<"
-    PendingTies ties_;
 };
-
-QString unexpectedInChord()
-{
-    return QStringLiteral("Unexpected token found in chord at line %1, column %2.");
-}
-
-// With room for a line and a column, as far as it tells them.
-QString messageOf(AbcRefusal why, AbcTokenType type)
-{
-    switch (why) {
-    case AbcRefusal::HeaderText:
-        return QStringLiteral("Unexpected token found in ABC header: line %1, column %2.");
-    case AbcRefusal::EmptyChord:
-        return QStringLiteral("Empty chord");
-    case AbcRefusal::OpenChord:
-    case AbcRefusal::GiantChord:
-        return unexpectedInChord();
-    case AbcRefusal::ForeignInChord:
-        if (type != AbcTokenType::Character)
-            return unexpectedInChord();
-        break;
-    case AbcRefusal::UnknownToken:
-    case AbcRefusal::HugeNumber:
-        break;
-    }
-    return QStringLiteral("Unknown token found in ABC body at line %1, column %2.");
-}
-
-QString at(const QString &message, int line, int column)
-{
-    return message.contains(u'%') ? message.arg(line + 1).arg(column + 1) : message;
-}
-
-// Of at most as many digits as a token has characters, 20.
-quint64 number(QStringView digits)
-{
-    quint64 value = 0;
-    for (const auto digit : digits)
-        value = value * 10 + quint64(digit.unicode() - u'0');
-    return value;
-}
-
-// Of a note or rest; no other token is long enough.
-bool hasHugeNumber(const AbcToken &token)
-{
-    constexpr qsizetype fittingDigits = 9;
-    constexpr quint64 largest = 0xFFFFFFFF;
-    return token.text.size() > fittingDigits && (number(token.part(AbcPart::LengthNumerator)) > largest ||
-                                                 number(token.part(AbcPart::LengthDenominator)) > largest);
-}
-
-// Whether a listener wants to hear what comes behind the refused: from the token at hand to the last.
-bool AbcParser::goesOnBehind(AbcRefusal why, const AbcToken &last) const
-{
-    return listener_ != nullptr && listener_->refused(why, token_, last);
-}
-
-// Throws, or gives false, the answer to whether the token is read.
-bool AbcParser::refuse(AbcRefusal why) const
-{
-    if (!goesOnBehind(why, token_))
-        throw at(messageOf(why, token_.type), token_.line, token_.column);
-    return false;
-}
 
 Track AbcParser::parse()
 {
@@ -146,7 +62,7 @@ Track AbcParser::parse()
     if (listener_ != nullptr)
         listener_->bodyBegins(bodyLine, keyRow_);
     readBody();
-    track_.editEvents() = std::move(events_);
+    track_.editEvents() = events_.take();
     track_.setAbc(text_);
     track_.normalize();
     return std::move(track_);
@@ -167,25 +83,15 @@ QString fieldName(QStringView letter)
 // Gives the line behind the header.
 int AbcParser::readHeader()
 {
-    while (tokens_.next(token_)) {
-        switch (token_.type) {
-        case AbcTokenType::FieldLine: {
-            const auto name = fieldName(token_.part(AbcPart::Name));
-            track_.appendHeaderField(name, token_.part(AbcPart::Value).trimmed().toString());
-            if (name == u"K")
-                return token_.line + 1;
-            break;
-        }
-        case AbcTokenType::Instruction:
-        case AbcTokenType::WhiteSpace:
-        case AbcTokenType::Comment:
-            break;
-        default:
-            refuse(AbcRefusal::HeaderText);
-            tokens_.skipLine();
-        }
+    while (source_.nextInHeader()) {
+        if (token_.type != AbcTokenType::FieldLine)
+            continue;
+        const auto name = fieldName(token_.part(AbcPart::Name));
+        track_.appendHeaderField(name, token_.part(AbcPart::Value).trimmed().toString());
+        if (name == u"K")
+            return token_.line + 1;
     }
-    return tokens_.line();
+    return source_.line();
 }
 
 void AbcParser::applyHeader()
@@ -194,10 +100,9 @@ void AbcParser::applyHeader()
     keyRow_ = parseKey(track_.headerField(fieldName(u"K"), fieldName(u"C"))).row;
     unitLength_ = parseUnitLength(track_.headerField(fieldName(u"L")));
     const auto metre = parseMetre(track_.headerField(fieldName(u"M")));
-    measureLength_ = metre.measureTicks();
-    compound_ = metre.isCompound();
+    position_.setMetre(metre);
     if (!metre.isNone())
-        track_.setMetre(quint32(measureLength_), metre.numerator);
+        track_.setMetre(quint32(metre.measureTicks()), metre.numerator);
     track_.setTempo(headerTempo(track_.headerField(fieldName(u"Q")), unitLength_));
 }
 
@@ -208,71 +113,9 @@ void AbcParser::readBody()
         const auto lower = c.unicode() | 0x20;
         return lower >= u'a' && lower <= u'g';
     }));
-    while (tokens_.next(token_)) {
-        throwIfStopped(stop_);
-        if (isReadable())
-            bodyToken();
-    }
+    while (source_.nextInBody())
+        bodyToken();
     finishElement();
-    for (auto pitch = lowestPlayablePitch; pitch <= highestPlayablePitch; ++pitch)
-        ties_.writeTo(events_, pitch);
-}
-
-bool AbcParser::isReadable()
-{
-    switch (token_.type) {
-    case AbcTokenType::Character:
-        return refuse(AbcRefusal::UnknownToken);
-    case AbcTokenType::Note:
-    case AbcTokenType::Rest:
-        return inGraceNotes_ || !hasHugeNumber(token_) || refuse(AbcRefusal::HugeNumber);
-    case AbcTokenType::ChordStart:
-        return inGraceNotes_ || listener_ == nullptr || isChordReadable();
-    default:
-        return true;
-    }
-}
-
-// What an open chord meets: its bracket is the mistake then, not all that follows.
-bool endsOpenChord(AbcTokenType type)
-{
-    return type == AbcTokenType::BarLine || type == AbcTokenType::FieldLine || type == AbcTokenType::InlineField ||
-           type == AbcTokenType::ChordStart || type == AbcTokenType::Comment;
-}
-
-// Looks ahead, so that the listener never hears of half a chord. Where it does not want to go on, readChord() throws.
-bool AbcParser::isChordReadable()
-{
-    auto ahead = tokens_;
-    AbcToken last;
-    bool holdsMusic = false;
-    do {
-        if (!ahead.next(last) || endsOpenChord(last.type))
-            return !goesOnBehind(AbcRefusal::OpenChord, token_);
-        holdsMusic |= (last.type == AbcTokenType::Note || last.type == AbcTokenType::Rest) && !hasHugeNumber(last);
-    } while (last.type != AbcTokenType::ChordEnd);
-    if (holdsMusic || !goesOnBehind(AbcRefusal::EmptyChord, last))
-        return true;
-    while (tokens_.next(token_) && token_.type != AbcTokenType::ChordEnd)
-        isReadableInChord();
-    return false;
-}
-
-bool AbcParser::isReadableInChord()
-{
-    switch (token_.type) {
-    case AbcTokenType::WhiteSpace:
-    case AbcTokenType::ChordEnd:
-        return true;
-    case AbcTokenType::Note:
-        if (element_.notes.size() >= largestChord)
-            return refuse(AbcRefusal::GiantChord);
-        [[fallthrough]];
-    case AbcTokenType::Rest:
-        return !hasHugeNumber(token_) || refuse(AbcRefusal::HugeNumber);
-    default:
-        return refuse(AbcRefusal::ForeignInChord);
-    }
 }
 
 void AbcParser::bodyToken()
@@ -283,7 +126,7 @@ void AbcParser::bodyToken()
     case AbcTokenType::Note:
     case AbcTokenType::Rest:
     case AbcTokenType::ChordStart:
-        if (!inGraceNotes_)
+        if (!source_.inGraceNotes())
             readElement();
         break;
     case AbcTokenType::BrokenRhythm:
@@ -300,12 +143,6 @@ void AbcParser::bodyToken()
     case AbcTokenType::Tuplet:
         beginTuplet();
         break;
-    case AbcTokenType::GraceStart:
-        inGraceNotes_ = true;
-        break;
-    case AbcTokenType::GraceEnd:
-        inGraceNotes_ = false;
-        break;
     default:
         break;
     }
@@ -319,21 +156,18 @@ void AbcParser::bodyField()
     case u'K': {
         const auto key = HeaderFields::parseKey(value.toString());
         keyRow_ = key.row;
-        events_.append(TrackEvent::key(position_, key.row, key.mode));
+        events_.append(TrackEvent::key(position_.now(), key.row, key.mode));
         if (listener_ != nullptr)
             listener_->keyChange(token_, keyRow_);
         break;
     }
     case u'Q':
-        events_.append(HeaderFields::inlineTempo(position_, value, unitLength_));
+        events_.append(HeaderFields::inlineTempo(position_.now(), value, unitLength_));
         break;
     case u'M': {
         const auto metre = HeaderFields::parseMetre(value.toString());
-        measureBase_ = position_;
-        barCount_ = 0;
-        measureLength_ = metre.measureTicks();
-        compound_ = metre.isCompound();
-        events_.append(TrackEvent::metre(position_, metre.numerator, metre.denominator));
+        position_.setMetre(metre);
+        events_.append(TrackEvent::metre(position_.now(), metre.numerator, metre.denominator));
         break;
     }
     default:
@@ -341,31 +175,19 @@ void AbcParser::bodyField()
     }
 }
 
-// Puts the position back on the measure grid, even if the notes did not fill the measure.
 void AbcParser::barLine()
 {
     finishElement();
     accidentals_.clear();
-    if (measureLength_ != 0) {
-        ++barCount_;
-        position_ = std::min(maxTicks, measureBase_ + scaled(measureLength_, barCount_, 1));
-    }
+    position_.barLine();
     if (listener_ != nullptr)
-        listener_->barLine(token_, keyRow_, position_);
+        listener_->barLine(token_, keyRow_, position_.now());
 }
 
 void AbcParser::beginTuplet()
 {
-    constexpr std::array<quint32, 8> simple{3, 2, 3, 2, 2, 2, 3, 2};
-    constexpr std::array<quint32, 8> compound{3, 2, 3, 3, 2, 3, 3, 3};
-    const auto p = quint32(number(token_.part(AbcPart::TupletP)));
-    auto q = p;
-    if (token_.has(AbcPart::TupletQ))
-        q = quint32(number(token_.part(AbcPart::TupletQ)));
-    else if (p >= 2 && p <= 9)
-        q = (compound_ ? compound : simple)[p - 2];
-    tupletNotesLeft_ = p;
-    tuplet_ = {q, p};
+    tuplet_ = writtenTuplet(token_, position_.isCompound());
+    tupletNotesLeft_ = quint32(tuplet_.denominator);
 }
 
 // A broken rhythm counts between two elements that no bar line or field parts. Lengthens or shortens the element before
@@ -407,28 +229,6 @@ void AbcParser::readElement()
     element_.scale(rhythm);
 }
 
-// "3/4" as it stands; each "/" without a number halves, and a denominator of 0 counts as 1.
-AbcRatio AbcParser::tokenLength() const
-{
-    AbcRatio length;
-    if (token_.part(AbcPart::Length).isEmpty())
-        return length;
-    if (token_.has(AbcPart::LengthNumerator))
-        length.numerator = number(token_.part(AbcPart::LengthNumerator));
-    const auto slashes = token_.part(AbcPart::LengthSlashes).size();
-    if (token_.has(AbcPart::LengthDenominator))
-        length.denominator = std::max<quint64>(1, number(token_.part(AbcPart::LengthDenominator))) << (slashes - 1);
-    else
-        length.denominator = quint64(1) << slashes;
-    return length;
-}
-
-void AbcParser::addToElement(Ticks length)
-{
-    element_.advance = element_.isEmpty ? length : std::min(element_.advance, length);
-    element_.isEmpty = false;
-}
-
 // The accidental that the current note token writes, or the one that holds for it.
 int AbcParser::accidental(int octave, int letter)
 {
@@ -454,8 +254,8 @@ void AbcParser::readNote()
     if (listener_ != nullptr)
         listener_->note(token_, {octave * 7 + letter, inForce, pitch});
 
-    const auto length = tokenLength().of(unitLength_);
-    addToElement(length);
+    const auto length = writtenLength(token_).of(unitLength_);
+    element_.add(length);
     if (!isPlayable(pitch))
         return;
     element_.notes.push_back({quint32(pitch), length, token_.has(AbcPart::Staccato), token_.has(AbcPart::Tie),
@@ -465,23 +265,20 @@ void AbcParser::readNote()
 void AbcParser::readRest()
 {
     const auto name = token_.part(AbcPart::Letter)[0];
+    const auto length = writtenLength(token_);
     if (name == u'z' || name == u'x') {
-        addToElement(tokenLength().of(unitLength_));
+        element_.add(length.of(unitLength_));
         return;
     }
-    const auto measures = tokenLength().numerator;
-    addToElement(scaled(measureLength_ != 0 ? measureLength_ : ticksPerWholeNote, measures, 1));
-    // The next bar line counts for the last of the measures.
-    if (measures > 0)
-        barCount_ += quint32(measures - 1);
+    const auto measures = length.numerator;
+    element_.add(scaled(position_.measureTicks(), measures, 1));
+    position_.skipBarLines(measures);
 }
 
 void AbcParser::readChord()
 {
     element_.isChord = true;
-    while (tokens_.next(token_)) {
-        if (!isReadableInChord())
-            continue;
+    while (source_.nextInChord(element_.notes.size())) {
         if (listener_ != nullptr)
             listener_->token(token_);
         switch (token_.type) {
@@ -492,16 +289,21 @@ void AbcParser::readChord()
             readRest();
             break;
         case AbcTokenType::ChordEnd:
-            if (element_.isEmpty)
-                refuse(AbcRefusal::EmptyChord);
-            element_.chordLength = tokenLength();
-            element_.chordTied = token_.part(AbcPart::Tie).contains(u'-');
+            endChord();
             return;
         default:
             break;
         }
     }
-    throw at(unexpectedInChord(), token_.line, token_.column + int(token_.text.size()));
+    source_.failBehindToken();
+}
+
+void AbcParser::endChord()
+{
+    if (element_.isEmpty)
+        source_.refuse(AbcRefusal::EmptyChord);
+    element_.chordLength = writtenLength(token_);
+    element_.chordTied = token_.part(AbcPart::Tie).contains(u'-');
 }
 
 // Turns the element that was read last into events and moves on behind it.
@@ -510,66 +312,11 @@ void AbcParser::finishElement()
     brokenRhythm_ = 0;
     if (!element_.present)
         return;
-    for (const auto &note : element_.notes) {
-        if (ties_.isEmpty())
-            break;
-        const auto *const pending = ties_.find(note.pitch);
-        if (pending != nullptr && pending->end() != position_)
-            ties_.writeTo(events_, note.pitch);
-    }
-    const auto firstEvent = events_.size();
-    for (const auto &note : element_.notes)
-        sound(note);
-    if (element_.isChord)
-        finishChord(firstEvent);
-    position_ = std::min(maxTicks, position_ + element_.chordLength.of(element_.advance));
+    events_.sound(element_, position_.now());
+    position_.advance(element_.length());
     element_.clear();
     if (listener_ != nullptr)
-        listener_->elementSounds(position_);
-}
-
-void AbcParser::sound(const WrittenNote &note)
-{
-    const auto length = note.staccato ? note.length / 2 : note.length;
-    if (auto *const pending = ties_.find(note.pitch); pending != nullptr && pending->end() == position_) {
-        pending->setLength(std::min(maxTicks, pending->length() + length));
-        if (!note.tied)
-            ties_.writeTo(events_, note.pitch);
-        return;
-    }
-    ties_.writeTo(events_, note.pitch);
-    auto event = TrackEvent::note(note.pitch, position_, length);
-    event.setTextPosition(note.textLine, note.textColumn, note.textLength);
-    if (note.tied)
-        ties_.put(event);
-    else
-        appendInPlace(events_, event);
-}
-
-// The chord's own length and tie reach the notes that it appended and those of its notes that are tied.
-void AbcParser::finishChord(qsizetype firstEvent)
-{
-    if (!element_.chordLength.isOne()) {
-        for (auto event = events_.begin() + firstEvent; event != events_.end(); ++event)
-            event->setLength(element_.chordLength.of(event->length()));
-        for (auto pitch = lowestPlayablePitch; pitch <= highestPlayablePitch; ++pitch) {
-            auto *const pending = ties_.find(pitch);
-            if (pending != nullptr && pending->start() == position_)
-                pending->setLength(element_.chordLength.of(pending->length()));
-        }
-    }
-    if (element_.chordTied)
-        tieEventsFrom(firstEvent);
-}
-
-void AbcParser::tieEventsFrom(qsizetype firstEvent)
-{
-    const auto tied = events_.mid(firstEvent);
-    events_.resize(firstEvent);
-    for (const auto &event : tied) {
-        ties_.writeTo(events_, event.pitch());
-        ties_.put(event);
-    }
+        listener_->elementSounds(position_.now());
 }
 
 } // namespace

@@ -76,7 +76,7 @@ struct AbcToken
     QStringView part(AbcPart part) const
     {
         const auto &span = parts[size_t(part)];
-        return span.begin < 0 ? QStringView() : text.mid(span.begin, span.end - span.begin);
+        return span.begin < 0 ? QStringView() : QStringView(text.begin() + span.begin, span.end - span.begin);
     }
     bool has(AbcPart part) const { return parts[size_t(part)].begin >= 0; }
 
