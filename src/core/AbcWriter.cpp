@@ -2,14 +2,13 @@
 
 #include "core/HeaderFields.h"
 #include "core/KeyTable.h"
-#include "core/TextBuffer.h"
 #include "core/Track.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <limits>
 #include <numeric>
+#include <string>
 
 namespace {
 
@@ -17,48 +16,41 @@ namespace {
 // the texts are remembered, each in the slot that its length hashes to.
 class LengthTexts
 {
-    static constexpr size_t longest = 44; // two 64-bit numbers and a slash
-
 public:
-    struct Text
-    {
-        Ticks length = -1;
-        int size = 0;
-        std::array<char16_t, longest> characters;
-    };
-
     explicit LengthTexts(Ticks unitLength) : unitLength_(unitLength) {}
 
-    const Text &of(Ticks length)
+    const std::u16string &of(Ticks length)
     {
         auto &slot = slots_[(quint64(length) * 0x9E3779B97F4A7C15U) >> 57];
         if (slot.length != length)
-            fill(slot, length);
-        return slot;
+            slot = {length, written(length)};
+        return slot.text;
     }
 
 private:
-    void fill(Text &text, Ticks length) const
+    struct Slot
+    {
+        Ticks length = -1;
+        std::u16string text;
+    };
+
+    std::u16string written(Ticks length) const
     {
         const auto divisor = std::gcd(length, unitLength_);
         const auto numerator = length / divisor;
         const auto denominator = unitLength_ / divisor;
-        std::array<char, longest> latin;
-        char *out = latin.data();
-        char *const end = out + latin.size();
+        QString text;
         if (numerator != 1)
-            out = std::to_chars(out, end, numerator).ptr;
+            text += QString::number(numerator);
         if (denominator != 1)
-            *out++ = '/';
+            text += u'/';
         if (denominator > 2)
-            out = std::to_chars(out, end, denominator).ptr;
-        std::copy(latin.data(), out, text.characters.begin());
-        text.length = length;
-        text.size = int(out - latin.data());
+            text += QString::number(denominator);
+        return text.toStdU16String();
     }
 
     Ticks unitLength_;
-    std::array<Text, 128> slots_;
+    std::array<Slot, 128> slots_;
 };
 
 // The accidental last written for each diatonic step of the tune.
@@ -82,9 +74,8 @@ private:
     std::array<qint8, 1024> accidentals_{};
 };
 
-// Far above what any reader produces; keeps the steps within WrittenAccidentals and a note's text within its reserve.
+// Far above what any reader produces; keeps the steps within WrittenAccidentals.
 constexpr quint32 highestPitch = 1199;
-constexpr qsizetype longestNoteText = 256;
 
 class AbcWriter
 {
@@ -99,27 +90,28 @@ private:
     void writeFieldOnOwnLine(const TrackEvent &event);
     qsizetype writeGroup(qsizetype first);
     void writeNote(TrackEvent &note);
-    void writeLength(Ticks length);
+    void write(QStringView text) { text_.append(text.utf16(), size_t(text.size())); }
+    void writeRun(char16_t c, int count) { text_.append(size_t(std::max(count, 0)), c); }
+    void writeLength(Ticks length) { text_ += lengthTexts_.of(length); }
     void writeGap(Ticks start);
     void endLine();
     bool lineHoldsText() const { return text_.size() > lineBegin_; }
 
     Track &track_;
-    TextBuffer text_;
+    std::u16string text_;
     TrackEvent *events_;
     qsizetype eventCount_;
     LengthTexts lengthTexts_;
     WrittenAccidentals accidentals_;
     quint32 keyRow_;
     quint32 line_ = 0;
-    qsizetype lineBegin_ = 0;
+    size_t lineBegin_ = 0;
     Ticks cursor_ = 0;    // music is written up to here
     Ticks lineStart_ = 0; // where the current line of music began
 };
 
 AbcWriter::AbcWriter(Track &track)
-    : track_(track), text_(512 + 6 * qsizetype(track.events().size())), events_(track.editEvents().data()),
-      eventCount_(track.events().size()),
+    : track_(track), events_(track.editEvents().data()), eventCount_(track.events().size()),
       lengthTexts_(HeaderFields::parseUnitLength(track.headerField(QStringLiteral("L")))),
       keyRow_(HeaderFields::parseKey(track.headerField(QStringLiteral("K"), QStringLiteral("C"))).row)
 {
@@ -138,17 +130,16 @@ void AbcWriter::addMissingFields()
 
 void AbcWriter::endLine()
 {
-    text_.reserve(1);
-    text_.put('\n');
+    text_ += u'\n';
     lineBegin_ = text_.size();
     ++line_;
 }
 
 void AbcWriter::writeField(QStringView letter, QStringView value)
 {
-    text_.append(letter);
-    text_.append(u": ");
-    text_.append(value);
+    write(letter);
+    text_ += u": ";
+    write(value);
     endLine();
 }
 
@@ -175,15 +166,8 @@ void AbcWriter::writeHeader()
     writeField(u"K", track_.headerField(QStringLiteral("K")));
 }
 
-void AbcWriter::writeLength(Ticks length)
-{
-    const auto &text = lengthTexts_.of(length);
-    text_.put(text.characters, text.size);
-}
-
 void AbcWriter::writeNote(TrackEvent &note)
 {
-    text_.reserve(longestNoteText);
     const auto begin = text_.size();
 
     const auto pitch = std::min(note.pitch(), highestPitch);
@@ -192,14 +176,13 @@ void AbcWriter::writeNote(TrackEvent &note)
     const int step = (octave + 6) * 7 + spelling.letter; // never negative: the lowest octave is -6
     if (accidentals_.change(step, spelling.accidental, KeyTable::accidental(keyRow_, spelling.letter))) {
         if (spelling.accidental == 0)
-            text_.put('=');
-        text_.put('^', spelling.accidental);
-        text_.put('_', -spelling.accidental);
+            text_ += u'=';
+        writeRun(u'^', spelling.accidental);
+        writeRun(u'_', -spelling.accidental);
     }
-    const char upperLetter = "CDEFGAB"[spelling.letter];
-    text_.put(octave >= 1 ? char(upperLetter | 0x20) : upperLetter);
-    text_.put('\'', octave - 1);
-    text_.put(',', -octave);
+    text_ += (octave >= 1 ? u"cdefgab" : u"CDEFGAB")[spelling.letter];
+    writeRun(u'\'', octave - 1);
+    writeRun(u',', -octave);
     writeLength(note.length());
 
     note.setTextPosition(line_, quint32(begin - lineBegin_), quint32(text_.size() - begin));
@@ -221,20 +204,18 @@ qsizetype AbcWriter::writeGroup(qsizetype first)
         advance = std::min(advance, events_[last].start() - cursor_);
     const bool isCut = advance < shortest;
 
-    text_.reserve(longestNoteText);
     const bool hasBracket = isCut || last - first > 1;
     if (hasBracket)
-        text_.put('[');
+        text_ += u'[';
     if (isCut) {
-        text_.put('z');
+        text_ += u'z';
         writeLength(advance);
     }
     for (auto i = first; i < last; ++i)
         writeNote(events_[i]);
-    text_.reserve(2);
     if (hasBracket)
-        text_.put(']');
-    text_.put(' ');
+        text_ += u']';
+    text_ += u' ';
 
     cursor_ += advance;
     return last;
@@ -272,15 +253,15 @@ void AbcWriter::writeGap(Ticks start)
 {
     if (start <= cursor_)
         return;
-    text_.reserve(longestNoteText);
-    text_.put('z');
+    text_ += u'z';
     writeLength(start - cursor_);
-    text_.put(' ');
+    text_ += u' ';
     cursor_ = start;
 }
 
 QString AbcWriter::write()
 {
+    text_.reserve(512 + 6 * size_t(eventCount_));
     writeHeader();
     for (qsizetype i = 0; i < eventCount_;) {
         writeGap(events_[i].start());
@@ -297,7 +278,7 @@ QString AbcWriter::write()
     }
     if (lineHoldsText())
         endLine();
-    return text_.take();
+    return QStringView(text_).toString(); // copies; fromStdU16String() would decode
 }
 
 } // namespace

@@ -13,28 +13,6 @@ bool sortsBefore(const TrackEvent &a, const TrackEvent &b)
     return startA != startB ? startA < startB : quint64(a.length()) < quint64(b.length());
 }
 
-// A stable insertion sort that gives up after a few moves per event. Lists are nearly sorted when they arrive (a note
-// is appended when it ends, a little after others that began later), and then this is much faster than a merge sort.
-bool insertionSortWithinBudget(TrackEvent *events, qsizetype count)
-{
-    auto budget = 8 * count;
-    for (qsizetype i = 1; i < count; ++i) {
-        if (!sortsBefore(events[i], events[i - 1]))
-            continue;
-        const auto event = events[i];
-        auto hole = i;
-        while (hole > 0 && budget > 0 && sortsBefore(event, events[hole - 1])) {
-            events[hole] = events[hole - 1];
-            --hole;
-            --budget;
-        }
-        events[hole] = event;
-        if (budget == 0)
-            return false;
-    }
-    return true;
-}
-
 // Whether normalize() drops the event, given the one after it (null for the last) and the tempo in force before it.
 bool isRedundant(const TrackEvent &event, const TrackEvent *next, qint64 runningTempo)
 {
@@ -85,21 +63,13 @@ int Track::firstEventAtOrAfter(Ticks tick) const
     return int(std::lower_bound(events_.begin(), events_.end(), tick, startsBefore) - events_.begin());
 }
 
-void Track::sortEvents()
-{
-    if (std::is_sorted(events_.cbegin(), events_.cend(), sortsBefore))
-        return;
-    // An interrupted insertion sort leaves equal events in their order, so the stable sort can go on from there.
-    if (!insertionSortWithinBudget(events_.data(), events_.size()))
-        std::stable_sort(events_.begin(), events_.end(), sortsBefore);
-}
-
 void Track::normalize()
 {
     length_ = 0;
     if (events_.isEmpty())
         return;
-    sortEvents();
+    if (!std::is_sorted(events_.cbegin(), events_.cend(), sortsBefore))
+        std::stable_sort(events_.begin(), events_.end(), sortsBefore);
 
     auto runningTempo = ticksPerMinute_;
     const auto end = events_.end();

@@ -63,8 +63,6 @@ public:
     void setFilePath(const QString &path) { filePath_ = path; }
 
 private:
-    void sortEvents();
-
     QMap<QString, QStringList> headerFields_;
     qint64 ticksPerMinute_ = defaultTicksPerMinute;
     quint32 measureTicks_ = quint32(ticksPerWholeNote);
@@ -74,13 +72,5 @@ private:
     QString abc_;
     QString filePath_;
 };
-
-// As events.append(event), for where millions are made: the event is written at once where it shall stand. A copy of
-// one that was just put together in small pieces would have to wait for them.
-inline void appendInPlace(QVector<TrackEvent> &events, const TrackEvent &event)
-{
-    events.resize(events.size() + 1);
-    events.last() = event;
-}
 
 Q_DECLARE_METATYPE(Track)

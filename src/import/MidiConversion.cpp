@@ -117,8 +117,7 @@ void MidiConversion::appendNote(MidiChannel &channel, int pitch, const ActiveNot
     if (channel.changesSeen < changes_.size())
         catchUp(channel);
     const auto velocity = options_.processVolume ? float(note.velocity / 127.0) : 1.0F;
-    appendInPlace(channel.events,
-                  TrackEvent::note(quint32(pitch), toTicks(note.start), toTicks(end - note.start), velocity));
+    channel.events.append(TrackEvent::note(quint32(pitch), toTicks(note.start), toTicks(end - note.start), velocity));
     channel.hasNotes = true;
     if (channel.sources.isEmpty() || channel.sources.last() != chunks_.current())
         channel.sources.append(chunks_.current());
