@@ -1,3 +1,4 @@
+#include "assets/Catalogue.h"
 #include "assets/InstrumentGuess.h"
 #include "support/Rows.h"
 
@@ -6,21 +7,6 @@
 class TestInstrumentGuess : public QObject
 {
     Q_OBJECT
-
-    // "Lute 40-85, Harp 36-96"
-    static InstrumentSet catalogue(const QString &text)
-    {
-        InstrumentSet set;
-        for (const auto &entry : text.split(QStringLiteral(", "))) {
-            Instrument instrument;
-            instrument.name = entry.section(u' ', 0, -2);
-            const auto range = entry.section(u' ', -1).split(u'-');
-            for (auto pitch = range[0].toUInt(); pitch <= range[1].toUInt(); ++pitch)
-                instrument.tuning.notes[pitch].rate = 1;
-            set.add(instrument);
-        }
-        return set;
-    }
 
 private slots:
     void guesses_data()
@@ -50,7 +36,7 @@ private slots:
         QFETCH(QString, titles);
         QFETCH(QString, catalogue);
         const QMap<quint32, int> notes{{60, 3}, {64, 2}, {67, 1}};
-        const auto guess = guessInstrument(titles.split(u'|'), notes, TestInstrumentGuess::catalogue(catalogue));
+        const auto guess = guessInstrument(titles.split(u'|'), notes, ::catalogue(catalogue));
         const std::array bases{" by name", " by kind", " by range"};
         QTEST(guess ? guess->name + QLatin1String(bases[size_t(guess->basis)]) : QStringLiteral("nothing"), "guess");
     }
