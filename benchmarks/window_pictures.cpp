@@ -22,6 +22,7 @@
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QProgressDialog>
+#include <QTableView>
 
 namespace {
 
@@ -64,6 +65,30 @@ void takePreferences(WindowFixture &fixture)
         selector->setCurrentRow(row);
         take(dialog, qPrintable(QStringLiteral("preferences-%1").arg(row)));
     }
+}
+
+void takeImport(WindowFixture &fixture, const QString &midi)
+{
+    fixture.settings().setValue(Settings::ChooseParts, true);
+    fixture.dialogs().files = QStringList(midi);
+    fixture.dialogs().answerOrCancel = Dialogs::Answer::No;
+    fixture.dialogs().inDialog = [](QDialog &dialog) {
+        QTest::qWait(500);
+        take(dialog, "import");
+        auto *const table = dialog.findChild<QTableView *>();
+        table->model()->setData(table->model()->index(1, 0), Qt::Unchecked, Qt::CheckStateRole);
+        table->setCurrentIndex(table->model()->index(0, 1));
+        table->edit(table->currentIndex());
+        QTest::qWait(100);
+        if (auto *const choices = QApplication::activePopupWidget())
+            take(*choices, "import-instruments");
+        take(dialog, "import-choosing");
+        dialog.resize(900, 420);
+        take(dialog, "import-small");
+        dialog.reject();
+    };
+    fixture.trigger("actionImport_MIDI");
+    QTest::qWait(1000);
 }
 
 // Everything of the window while the samples of the song are being loaded.
@@ -213,6 +238,8 @@ void takeAll(const QString &game, const QStringList &songs)
     take(window, "small");
     takeDrag(fixture);
     takePreferences(fixture);
+    if (const auto midi = songs.filter(QStringLiteral(".mid")); !midi.isEmpty())
+        takeImport(fixture, midi.first());
     takeMessages();
     takeEditor(fixture);
     takeRecovery(window);

@@ -15,24 +15,40 @@ class WatchedApplication : public Application
 public:
     using Application::Application;
 
-    // Measures one piece of work; pieces within another belong to it.
+    // The event loop that a piece of work runs in.
+    struct Loop
+    {
+        int level = 0;
+        bool hasWaited = false; // in a loop within it
+    };
+
+    // Measures one piece of work; pieces within another belong to it. Where it waits in an event loop of its own, as a
+    // dialog does, each event there is a piece, and what comes after them another.
     class Watch
     {
     public:
-        Watch()
+        Watch() : begins_(depth()++ == 0 || QThread::currentThread()->loopLevel() > loop().level), outer_(loop())
         {
-            if (depth()++ == 0) {
-                waited() = waitedMs();
-                clock().start();
-            }
+            if (!begins_)
+                return;
+            if (depth() > 1 && !loop().hasWaited)
+                takeTime();
+            loop() = {QThread::currentThread()->loopLevel(), false};
+            start();
         }
         ~Watch()
         {
-            if (--depth() > 0)
+            --depth();
+            if (!begins_)
                 return;
-            const auto wall = double(clock().nsecsElapsed()) / 1e6;
-            longest() = std::max(longest(), wall < 20 ? wall : wall - (waitedMs() - waited()));
+            takeTime();
+            loop() = {outer_.level, true};
+            start();
         }
+
+    private:
+        bool begins_;
+        Loop outer_;
     };
 
     bool notify(QObject *receiver, QEvent *event) override
@@ -51,6 +67,11 @@ private:
         static int value = 0;
         return value;
     }
+    static Loop &loop()
+    {
+        static Loop value;
+        return value;
+    }
     static QElapsedTimer &clock()
     {
         static QElapsedTimer value;
@@ -65,6 +86,17 @@ private:
     {
         static double value = 0;
         return value;
+    }
+
+    static void start()
+    {
+        waited() = waitedMs();
+        clock().start();
+    }
+    static void takeTime()
+    {
+        const auto wall = double(clock().nsecsElapsed()) / 1e6;
+        longest() = std::max(longest(), wall < 20 ? wall : wall - (waitedMs() - waited()));
     }
 
     // How long this thread was ready but not running; 0 where the system does not tell.

@@ -49,7 +49,7 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
       journal_(session_, services.journalFolder), updates_(services.updateAddress),
       rows_(new TrackRows(tracks_, instruments_, settings_, dialogs_, this)),
       instrumentList_(new InstrumentComboBox(instruments_, this)), masterMeter_(new VUMeter(Qt::Horizontal, this)),
-      masterVolume_(new QSlider(Qt::Horizontal, this)), importQueue_(context()), save_(context()),
+      masterVolume_(new QSlider(Qt::Horizontal, this)), importQueue_(context(), services.makeEngine), save_(context()),
       songs_(context(), save_, [this] { return editors_.closeStrays(); }), import_(context(), importQueue_, songs_),
       recovery_(context(), journal_, services.journalFolder, [this](const auto &then) { songs_.leaveFor(then); }),
       trackCommands_(context(), importQueue_), instrumentCommands_(context(), instruments_, *instrumentList_),
@@ -123,7 +123,7 @@ void MainWindow::connectParts()
     connect(&journal_, &SessionJournal::problemChanged, &status_, &StatusIndicators::showJournalProblem);
     connect(&session_, &SongSession::opened, this, &MainWindow::showSong);
     connect(&songs_, &SongCommands::leaving, this, &MainWindow::stopArrivals);
-    connect(&importQueue_.reading(), &SongImport::imported, this,
+    connect(&importQueue_, &ImportQueue::added, this,
             [this](const ImportRequest &, const ReadSong &song) { noteImport(song); });
     connect(&importQueue_, &ImportQueue::added, reports_,
             [this](const ImportRequest &request, const ReadSong &song, const QStringList &ids) {

@@ -148,6 +148,11 @@ Dialogs::DraftAnswer DesktopDialogs::askAboutDraft(QWidget *parent, const QStrin
     return box.clickedButton() == discard ? DraftAnswer::Discard : DraftAnswer::Fix;
 }
 
+bool DesktopDialogs::run(QDialog &dialog)
+{
+    return dialog.exec() == QDialog::Accepted;
+}
+
 void DesktopDialogs::openInBrowser(const QUrl &address)
 {
     if (address.scheme() == QLatin1String("http") || address.scheme() == QLatin1String("https"))

@@ -7,6 +7,7 @@
 
 #include <optional>
 
+class QDialog;
 class QWidget;
 
 // The one door to whatever asks the user or shows a message and waits: the windows are handed a Dialogs, and tests hand
@@ -41,6 +42,9 @@ public:
     virtual OverwriteAnswer askToOverwrite(QWidget *parent, const QString &title, const QString &text) = 0;
     virtual DraftAnswer askAboutDraft(QWidget *parent, const QString &title, const QString &text) = 0;
 
+    // Shows a dialog that somebody else made, and waits; whether it was accepted.
+    virtual bool run(QDialog &dialog) = 0;
+
     virtual void openInBrowser(const QUrl &address) = 0; // http and https only; others are ignored
 };
 
@@ -63,5 +67,6 @@ public:
     CloseAnswer askToSave(QWidget *parent, const QString &title, const QString &text) override;
     OverwriteAnswer askToOverwrite(QWidget *parent, const QString &title, const QString &text) override;
     DraftAnswer askAboutDraft(QWidget *parent, const QString &title, const QString &text) override;
+    bool run(QDialog &dialog) override;
     void openInBrowser(const QUrl &address) override;
 };

@@ -2,6 +2,11 @@
 
 #include "ui/Dialogs.h"
 
+#include <QDialog>
+#include <QTimer>
+
+#include <functional>
+
 // Answers at once with what the test has put in, and keeps what was asked ("Title|Text").
 class AnsweringDialogs : public Dialogs
 {
@@ -15,6 +20,7 @@ public:
     CloseAnswer closeAnswer = CloseAnswer::Cancel;
     OverwriteAnswer overwriteAnswer = OverwriteAnswer::Cancel;
     DraftAnswer draftAnswer = DraftAnswer::Fix;
+    std::function<void(QDialog &)> inDialog = [](QDialog &dialog) { dialog.accept(); };
 
     QStringList asked;
     QStringList messages;
@@ -83,6 +89,11 @@ public:
     {
         note(title, text, {});
         return draftAnswer;
+    }
+    bool run(QDialog &dialog) override
+    {
+        QTimer::singleShot(0, &dialog, [&] { inDialog(dialog); });
+        return dialog.exec() == QDialog::Accepted;
     }
     void openInBrowser(const QUrl &address) override { opened.append(address); }
 

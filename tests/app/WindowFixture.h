@@ -18,6 +18,7 @@ public:
     explicit WindowFixture(const QString &gameRoot) : settings_(path("Composer.cfg"))
     {
         settings_.setValue(Settings::RootPath, gameRoot);
+        settings_.setValue(Settings::ChooseParts, false); // unless a test is about it
         makeWindow();
     }
 

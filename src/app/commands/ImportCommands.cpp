@@ -72,9 +72,10 @@ void ImportCommands::importMidi()
     if (file.isEmpty())
         return;
     context_.settings.setValue(Settings::MidiOpenDir, QFileInfo(file).absolutePath());
-    queue_.askAndLoad(
-        QStringLiteral("Import MIDI"),
-        {tr("Import MIDI"), QStringLiteral("Loading MIDI file..."), {{SongSource::Kind::MidiFile, file}}});
+    ImportRequest request{
+        tr("Import MIDI"), QStringLiteral("Loading MIDI file..."), {{SongSource::Kind::MidiFile, file}}};
+    request.preview = ImportRequest::Preview::IfPreferred;
+    queue_.askAndLoad(QStringLiteral("Import MIDI"), request);
 }
 
 void ImportCommands::importClipboard()

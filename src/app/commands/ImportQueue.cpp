@@ -3,7 +3,9 @@
 #include "app/services/Playback.h"
 #include "app/services/RecentFiles.h"
 #include "base/ErrorText.h"
+#include "settings/Settings.h"
 #include "ui/Dialogs.h"
+#include "ui/importing/ImportPreviewDialog.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -49,7 +51,8 @@ QString commonTitle(const QVector<ReadingError> &errors)
 
 } // namespace
 
-ImportQueue::ImportQueue(const CommandContext &context) : context_(context), reading_(context.settings)
+ImportQueue::ImportQueue(const CommandContext &context, EngineFactory makeEngine)
+    : context_(context), makeEngine_(std::move(makeEngine)), reading_(context.settings)
 {
     connect(&reading_, &SongImport::imported, this, &ImportQueue::add);
     // Queued, since the last song comes after it.
@@ -106,14 +109,40 @@ void ImportQueue::take()
 
 void ImportQueue::take(const ImportRequest &request, const ReadSong &song)
 {
+    const bool isChosenFrom = request.preview == ImportRequest::Preview::IfPreferred &&
+                              context_.settings.value(Settings::ChooseParts).toBool();
+    if (isChosenFrom && !song.tracks.isEmpty())
+        return choose(request, song);
     errors_ += song.errors;
     if (song.tracks.isEmpty()) // then nothing is removed either
         return;
     if (song.tracks.size() == 1 && !request.replaced.isEmpty())
         return replace(request, song.tracks.first());
+    addTracks(request, song);
+}
+
+void ImportQueue::choose(ImportRequest request, const ReadSong &song)
+{
+    auto &playback = context_.playback;
+    const PreviewServices services{context_.settings, playback.instruments(), playback.resolvedName({}), makeEngine_};
+    ImportPreviewDialog dialog(request.sources, song, reading_.optionsOf(request), services, &context_.window);
+    connect(&dialog, &ImportPreviewDialog::aboutToListen, &playback, &Playback::stop);
+    if (!context_.dialogs.run(dialog))
+        return;
+    const auto chosen = dialog.preview().song();
+    errors_ += chosen.errors;
+    request.options = dialog.preview().options();
+    addTracks(request, chosen, dialog.preview().instruments());
+}
+
+// Without instruments of their own tracks get those of their headers, or the default.
+void ImportQueue::addTracks(const ImportRequest &request, const ReadSong &song, const QStringList &instruments)
+{
     QVector<NewTrack> tracks;
-    for (const auto &track : song.tracks)
-        tracks.append({track, context_.playback.instrumentNameFor(track)});
+    for (int i = 0; i < song.tracks.size(); ++i) {
+        const auto &track = song.tracks[i];
+        tracks.append({track, instruments.isEmpty() ? context_.playback.instrumentNameFor(track) : instruments[i]});
+    }
     const auto ids = context_.tracks.add(request.step, tracks, request.existing);
     emit added(request, song, ids);
     RecentFiles::add(context_.settings, song.readFiles);

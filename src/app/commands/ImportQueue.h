@@ -2,15 +2,16 @@
 
 #include "app/commands/CommandContext.h"
 #include "app/services/SongImport.h"
+#include "audio/PlayerWorker.h"
 
-// The way of songs into the track list: they are read, and wait until the instruments' names are known and no dialog is
-// open that may belong to a row. On the interface thread.
+// The way of songs into the track list: they are read, wait until the instruments' names are known and no dialog is
+// open that may belong to a row, and are chosen from where that is wanted. On the interface thread.
 class ImportQueue : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit ImportQueue(const CommandContext &context);
+    ImportQueue(const CommandContext &context, EngineFactory makeEngine); // of what is heard before it is imported
 
     SongImport &reading() { return reading_; }
     bool isBusy() const { return reading_.isRunning() || !waiting_.isEmpty(); }
@@ -29,10 +30,13 @@ signals:
 private:
     void take();
     void take(const ImportRequest &request, const ReadSong &song);
+    void choose(ImportRequest request, const ReadSong &song);
+    void addTracks(const ImportRequest &request, const ReadSong &song, const QStringList &instruments = {});
     void replace(const ImportRequest &request, const Track &track);
     void showErrors();
 
     CommandContext context_;
+    EngineFactory makeEngine_;
     SongImport reading_;
     QVector<std::pair<ImportRequest, ReadSong>> waiting_;
     QVector<ReadingError> errors_; // to be shown in one box when nothing is read any more

@@ -2,19 +2,16 @@
 
 #include "settings/Settings.h"
 
-namespace {
+SongImport::SongImport(const Settings &settings, QObject *parent) : QObject(parent), settings_(settings) {}
 
-ReadingOptions optionsOf(const ImportRequest &request, const Settings &settings)
+ReadingOptions SongImport::optionsOf(const ImportRequest &request) const
 {
-    auto options = request.options ? *request.options
-                                   : readingOptions([&](Settings::Setting setting) { return settings.value(setting); });
+    auto options = request.options
+                       ? *request.options
+                       : readingOptions([this](Settings::Setting setting) { return settings_.value(setting); });
     options.tracks = ReadingOptions::Tracks::ToBeShown;
     return options;
 }
-
-} // namespace
-
-SongImport::SongImport(const Settings &settings, QObject *parent) : QObject(parent), settings_(settings) {}
 
 void SongImport::start(const ImportRequest &request)
 {
@@ -36,7 +33,7 @@ void SongImport::readNext()
 {
     const auto request = requests_.head();
     emit progress(request.status, 0, int(request.sources.size()));
-    const auto work = [request, options = optionsOf(request, settings_)](const TaskControl &control) {
+    const auto work = [request, options = optionsOf(request)](const TaskControl &control) {
         return readSong(request.sources, options, control.stop(),
                         [&](int number) { control.report(number, int(request.sources.size())); });
     };

@@ -20,6 +20,8 @@ struct ImportRequest
     ExistingTracks existing = ExistingTracks::Keep;
     QStringList replaced = {};                  // the tracks whose file is read again
     std::optional<ReadingOptions> options = {}; // where they are not those of the preferences; always to be shown
+    enum class Preview { No, IfPreferred };
+    Preview preview = Preview::No; // of the parts, to choose from
 };
 
 // Reads songs beside the interface thread, one request after another.
@@ -31,7 +33,8 @@ public:
     explicit SongImport(const Settings &settings, QObject *parent = nullptr);
 
     void start(const ImportRequest &request);
-    void cancel(); // all requests; nothing of them is delivered
+    void cancel();                                                // all requests; nothing of them is delivered
+    ReadingOptions optionsOf(const ImportRequest &request) const; // as it is read now
     bool isRunning() const { return !requests_.isEmpty(); }
 
 signals:
