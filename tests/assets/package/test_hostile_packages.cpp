@@ -12,7 +12,7 @@ constexpr double secondsPerKilobyte = 0.05;
 constexpr qint64 memoryPerKilobyte = 16 << 20;
 
 // The sanitizers keep freed memory, so that what they leave cannot be told from what the scan takes.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#ifdef SANITIZED_PROGRAM
 constexpr bool memoryTells = false;
 #else
 constexpr bool memoryTells = true;

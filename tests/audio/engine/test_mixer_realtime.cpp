@@ -27,7 +27,7 @@ Function next(const char *name)
 } // namespace
 
 // The sanitizers bring their own; there the operators and locks are counted alone.
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+#ifndef SANITIZED_PROGRAM
 extern "C" void *__libc_malloc(std::size_t);
 extern "C" void __libc_free(void *);
 
