@@ -56,6 +56,13 @@ void ChoiceDelegate::finish(QComboBox *box)
     emit closeEditor(box);
 }
 
+// Where the cell is drawn, not only its text.
+void ChoiceDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                                          const QModelIndex &) const
+{
+    editor->setGeometry(option.rect);
+}
+
 void ChoiceDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
 {
     if (auto *const box = qobject_cast<QComboBox *>(editor))

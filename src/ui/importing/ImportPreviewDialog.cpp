@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTableView>
@@ -68,13 +69,21 @@ ImportPreviewDialog::ImportPreviewDialog(const QVector<SongSource> &sources, con
     : QDialog(parent), settings_(services.settings), instruments_(services.instruments),
       preview_(sources, basisOf(services)),
       player_(new PreviewPlayer(preview_, services.instruments, services.makeEngine, this)),
-      parts_(new PartsTable(preview_, services.instruments, this))
+      parts_(new PartsTable(preview_, services.instruments, this)), summary_(new QLabel(this)), loss_(new QLabel(this))
 {
     setObjectName(QStringLiteral("importPreview"));
+    loss_->setObjectName(QStringLiteral("lblLoss"));
+    loss_->setTextFormat(Qt::PlainText);
+    loss_->setWordWrap(true);
+    loss_->setMinimumHeight(2 * fontMetrics().lineSpacing());
+    loss_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    summary_->setObjectName(QStringLiteral("lblSummary"));
+    summary_->setTextFormat(Qt::PlainText);
     setWindowTitle(titleOf(sources));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     auto *const left = new QVBoxLayout;
     left->addWidget(makeTable(), 1);
+    left->addWidget(loss_);
     left->addWidget(makeListening());
     auto *const middle = new QHBoxLayout;
     middle->addLayout(left, 1);
@@ -84,7 +93,8 @@ ImportPreviewDialog::ImportPreviewDialog(const QVector<SongSource> &sources, con
     auto *const column = new QVBoxLayout(this);
     column->addLayout(middle, 1);
     column->addWidget(makeButtons());
-    resize(1240, 640);
+    const auto room = screen()->availableSize() * 0.95;
+    resize(QSize(1440, 700).boundedTo(room));
 
     connect(&preview_, &ImportPreview::partsChanged, this, &ImportPreviewDialog::showState);
     connect(&preview_, &ImportPreview::partChanged, this, &ImportPreviewDialog::showState);
@@ -125,9 +135,9 @@ QWidget *ImportPreviewDialog::makeTable()
     header->setResizeContentsPrecision(0); // long lists would take long
     header->setHighlightSections(false);
     header->setSectionResizeMode(QHeaderView::ResizeToContents);
-    header->setSectionResizeMode(PartsTable::Lost, QHeaderView::Stretch);
     header->setSectionResizeMode(PartsTable::Name, QHeaderView::Interactive);
-    header->resizeSection(PartsTable::Name, 190);
+    header->resizeSection(PartsTable::Name, table_->fontMetrics().averageCharWidth() * 24);
+    connect(table_->selectionModel(), &QItemSelectionModel::currentChanged, this, &ImportPreviewDialog::showState);
     return table_;
 }
 
@@ -137,15 +147,12 @@ QWidget *ImportPreviewDialog::makeListening()
     listenAll_ = namedButton("btnListenAll", tr("&Listen to All"), tr("Play all parts that are ticked, or stop"));
     auto *const all = namedButton("btnTakeAll", tr("Tick &All"), tr("Every part is imported"));
     auto *const none = namedButton("btnTakeNone", tr("Tick &None"), tr("No part is imported"));
-    summary_ = new QLabel;
-    summary_->setObjectName(QStringLiteral("lblSummary"));
-    summary_->setTextFormat(Qt::PlainText);
     auto *const line = new QWidget;
     auto *const widgets = new QHBoxLayout(line);
     widgets->setContentsMargins(0, 0, 0, 0);
     for (auto *const button : {listenPart_, listenAll_, all, none})
         widgets->addWidget(button);
-    widgets->addWidget(summary_, 1, Qt::AlignRight);
+    widgets->addStretch();
     connect(listenPart_, &QPushButton::clicked, this, [this] {
         if (const int row = table_->currentIndex().row(); row >= 0)
             listen({row});
@@ -178,7 +185,12 @@ QWidget *ImportPreviewDialog::makeButtons()
     buttons->button(QDialogButtonBox::Cancel)->setAutoDefault(false);
     connect(buttons, &QDialogButtonBox::accepted, this, &ImportPreviewDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &ImportPreviewDialog::reject);
-    return buttons;
+    auto *const line = new QWidget;
+    auto *const widgets = new QHBoxLayout(line);
+    widgets->setContentsMargins(0, 0, 0, 0);
+    widgets->addWidget(summary_, 1);
+    widgets->addWidget(buttons);
+    return line;
 }
 
 void ImportPreviewDialog::readAgain()
@@ -226,6 +238,8 @@ QString ImportPreviewDialog::summary() const
 
 void ImportPreviewDialog::showState()
 {
+    if (!table_->currentIndex().isValid())
+        table_->selectRow(0);
     const bool isPlaying = player_->isPlaying();
     const auto playIcon = icon(isPlaying ? "stop" : "play");
     listenPart_->setIcon(playIcon);
@@ -235,10 +249,11 @@ void ImportPreviewDialog::showState()
     listenAll_->setEnabled(isPlaying || isAnyTaken);
     import_->setEnabled(isAnyTaken || preview_.isBusy());
     summary_->setText(summary());
+    const int current = table_->currentIndex().row();
+    loss_->setText(current >= 0 && current < preview_.parts().size() ? parts_->lossText(current) : QString());
     const bool hasChannels = std::any_of(preview_.parts().begin(), preview_.parts().end(),
                                          [](const PartPreview &part) { return part.channel().has_value(); });
-    for (const auto column : {PartsTable::Program, PartsTable::Channel})
-        table_->setColumnHidden(column, !hasChannels);
+    table_->setColumnHidden(PartsTable::Program, !hasChannels && !preview_.parts().isEmpty());
     if (isAccepted_ && !preview_.isBusy())
         accept();
 }

@@ -61,7 +61,8 @@ private:
     PartsTable *parts_;
     QTableView *table_;
     MidiSettingsBox *midi_;
-    QLabel *summary_;
+    QLabel *summary_; // of all that are taken
+    QLabel *loss_;    // of the current part
     QPushButton *listenPart_;
     QPushButton *listenAll_;
     QPushButton *import_;

@@ -29,17 +29,15 @@ constexpr std::array<ColumnRow, PartsTable::columnCount_> columns{{
     {PartsTable::Octaves, false, QT_TRANSLATE_NOOP("PartsTable", "Octaves"),
      QT_TRANSLATE_NOOP("PartsTable", "By how many octaves the notes are moved")},
     {PartsTable::Program, false, QT_TRANSLATE_NOOP("PartsTable", "Program"),
-     QT_TRANSLATE_NOOP("PartsTable", "What it is played on in the file")},
-    {PartsTable::Channel, true, QT_TRANSLATE_NOOP("PartsTable", "Channel"),
-     QT_TRANSLATE_NOOP("PartsTable", "The MIDI channel that it is from")},
+     QT_TRANSLATE_NOOP("PartsTable", "The MIDI channel that it is from, and what it is played on there")},
     {PartsTable::Notes, true, QT_TRANSLATE_NOOP("PartsTable", "Notes"),
      QT_TRANSLATE_NOOP("PartsTable", "How many notes it has")},
+    {PartsTable::Lost, true, QT_TRANSLATE_NOOP("PartsTable", "Lost"),
+     QT_TRANSLATE_NOOP("PartsTable", "How many notes nobody would hear")},
     {PartsTable::Range, false, QT_TRANSLATE_NOOP("PartsTable", "Range"),
      QT_TRANSLATE_NOOP("PartsTable", "Its lowest and its highest note")},
     {PartsTable::AtOnce, true, QT_TRANSLATE_NOOP("PartsTable", "At once"),
      QT_TRANSLATE_NOOP("PartsTable", "The most notes that sound at the same time")},
-    {PartsTable::Lost, false, QT_TRANSLATE_NOOP("PartsTable", "Lost or changed"),
-     QT_TRANSLATE_NOOP("PartsTable", "What would not be heard, or otherwise than in the file, and why")},
     {PartsTable::Characters, true, QT_TRANSLATE_NOOP("PartsTable", "Characters"),
      QT_TRANSLATE_NOOP("PartsTable", "The length of its ABC text")},
 }};
@@ -58,18 +56,9 @@ QString rangeText(const PartPreview &part)
                                          NoteText::pitch(int(range->second), neutralKeyRow));
 }
 
-QString lossText(const PartPreview &part)
+QString programText(const PartPreview &part)
 {
-    QStringList texts;
-    const auto add = [&](int count, const QString &text) {
-        if (count > 0)
-            texts.append(text.arg(numberText(count)));
-    };
-    add(part.silentNotes(), PartsTable::tr("%1 not on the instrument"));
-    add(part.droppedNotes(), PartsTable::tr("%1 moved out of range"));
-    if (const auto line = lineOf(part.report()); !line.isEmpty())
-        texts.append(line);
-    return texts.join(QStringLiteral(", "));
+    return part.channel() ? PartsTable::tr("%1: %2").arg(*part.channel()).arg(part.programName()) : QString();
 }
 
 } // namespace
@@ -85,6 +74,21 @@ PartsTable::PartsTable(ImportPreview &preview, const InstrumentSet &instruments,
             [this] { emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount_ - 1)); });
     connect(&preview_, &ImportPreview::partChanged, this,
             [this](int part) { emit dataChanged(index(part, 0), index(part, columnCount_ - 1)); });
+}
+
+QString PartsTable::lossText(int part) const
+{
+    const auto &shown = preview_.parts()[part];
+    QStringList texts;
+    const auto add = [&](int count, const QString &text) {
+        if (count > 0)
+            texts.append(text.arg(numberText(count)));
+    };
+    add(shown.silentNotes(), tr("%1 notes are not on the instrument"));
+    add(shown.droppedNotes(), tr("%1 notes are moved out of range"));
+    if (const auto line = lineOf(shown.report()); !line.isEmpty())
+        texts.append(line);
+    return texts.join(QStringLiteral(", "));
 }
 
 int PartsTable::rowCount(const QModelIndex &parent) const
@@ -113,9 +117,7 @@ QString PartsTable::text(int row, int column) const
     case Octaves:
         return octavesText(preview_.octaves(row));
     case Program:
-        return part.programName();
-    case Channel:
-        return part.channel() ? QString::number(*part.channel()) : QString();
+        return programText(part);
     case Notes:
         return numberText(part.notes());
     case Range:
@@ -123,7 +125,7 @@ QString PartsTable::text(int row, int column) const
     case AtOnce:
         return numberText(part.mostAtOnce());
     case Lost:
-        return lossText(part);
+        return part.lostNotes() > 0 ? numberText(part.lostNotes()) : QString();
     case Characters:
         return numberText(part.characters());
     case columnCount_:
@@ -150,8 +152,9 @@ QVariant PartsTable::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
-    case Qt::ToolTipRole:
         return text(index.row(), column);
+    case Qt::ToolTipRole:
+        return column == Lost ? lossText(index.row()) : text(index.row(), column);
     case Qt::CheckStateRole:
         return column == Name ? QVariant(preview_.isTaken(index.row()) ? Qt::Checked : Qt::Unchecked) : QVariant();
     case Qt::DecorationRole:

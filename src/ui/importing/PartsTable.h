@@ -12,7 +12,7 @@ class PartsTable : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    enum Column { Name, Instrument, Octaves, Program, Channel, Notes, Range, AtOnce, Lost, Characters, columnCount_ };
+    enum Column { Name, Instrument, Octaves, Program, Notes, Lost, Range, AtOnce, Characters, columnCount_ };
 
     PartsTable(ImportPreview &preview, const InstrumentSet &instruments, QObject *parent = nullptr);
 
@@ -25,6 +25,8 @@ public:
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
 
     static QString octavesText(int octaves);
+    // What would not be heard of a part, or otherwise than in its source, and why; empty when there is nothing.
+    QString lossText(int part) const;
 
 private:
     QString text(int row, int column) const;

@@ -76,7 +76,7 @@ PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, const
     addPage(QStringLiteral("Instruments"), QStringLiteral(":/icons/instrument.png"), instrumentsPage());
     addPage(QStringLiteral("Track Preview"), QStringLiteral(":/icons/preview.png"), previewPage());
     addPage(QStringLiteral("Midi Import"), QStringLiteral(":/icons/midiimport.png"), midiPage());
-    addPage(tr("MIDI Instruments"), QStringLiteral(":/icons/applyinstrument.png"), programsPage(instruments));
+    addPage(tr("Programs"), QStringLiteral(":/icons/applyinstrument.png"), programsPage(instruments));
     addPage(QStringLiteral("Appearance"), QStringLiteral(":/icons/preferences.png"), appearancePage());
     selector_->setCurrentRow(0);
 

@@ -69,6 +69,7 @@ ProgramsPage::ProgramsPage(const ProgramInstruments &programs, const InstrumentS
     connect(instrument_, qOverload<int>(&QComboBox::activated), this, [this] { change(instrument_->currentText()); });
     connect(forget_, &QPushButton::clicked, this, [this] { change({}); });
     fill();
+    list_->setCurrentItem(list_->topLevelItem(0));
 }
 
 void ProgramsPage::fill()

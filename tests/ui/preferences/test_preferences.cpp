@@ -145,6 +145,7 @@ private slots:
         auto *const list = child<QTreeWidget>("rememberedPrograms");
         auto *const instrument = child<QComboBox>("cboProgramInstrument");
         QCOMPARE(list->topLevelItemCount(), 3);
+        list->clearSelection();
         QVERIFY(!instrument->isEnabled());
         list->topLevelItem(2)->setSelected(true);
         QCOMPARE(instrument->currentText(), QStringLiteral("Violin"));
