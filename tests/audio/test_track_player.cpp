@@ -49,6 +49,25 @@ private slots:
         QVERIFY(positions.last().at(1).toULongLong() >= 2000);
     }
 
+    void seeks()
+    {
+        TrackPlayer player([] { return std::make_unique<BuiltinEngine>(EngineOutput::Silent); });
+        Ticks position = 0;
+        connect(&player, &TrackPlayer::trackPositionChanged, this,
+                [&](const QString &, quint64 tick) { position = Ticks(tick); });
+        const auto far = 5000 * ticksPerWholeNote;
+        const auto id = QStringLiteral("a");
+        player.playTrack({id, trackOf({TrackEvent::note(60, 2 * far, 1)}), requests_.anyInstrument()});
+        QTRY_VERIFY(position > 0);
+        player.seek(id, quint64(far));
+        QTRY_VERIFY(position >= far);
+        player.seekAll(0);
+        QTRY_VERIFY(position < far);
+        QSignalSpy stopped(&player, &TrackPlayer::trackStopped);
+        player.stopTrack(id);
+        QVERIFY(stopped.wait());
+    }
+
     void stopAllEndsTheLoadingAndDropsWhatWaits()
     {
         const auto gate = GatedEngine::makeGate(false);

@@ -56,6 +56,10 @@ private slots:
         const auto reading = readAbc(QStringLiteral("X: 1\nwhat is this\nL: 1/4\nK: C\nC # [EG D\n"));
         QCOMPARE(reading.problems.size(), 3);
         QCOMPARE(reading.problems.first().line, 1);
+        QCOMPARE(reading.problems.first().range.length, 12); // the whole line
+        QCOMPARE(readAbc(QStringLiteral("X:1\nno end")).problems.first().range.length, 6);
+        QCOMPARE(readAbc(QStringLiteral("X:1\nK:C\n") + QString(3000, u'?')).problems.size(), AbcReading::maxProblems);
+        QVERIFY(unreadableAbc(QStringLiteral("why")).problems.first().message == u"why");
         QCOMPARE(describe(reading.track), QStringLiteral("60@0+10080 64@10080+10080 67@20160+10080 62@30240+10080"));
     }
 
@@ -75,6 +79,15 @@ private slots:
             ++checked;
         }
         QCOMPARE(checked, 26);
+        const auto &layout = reading.layout;
+        for (int i = 0; i < layout.elements.size(); ++i) { // bar lines take time back: the last one counts
+            const auto found = layout.elementAtTick(layout.elements[i].start);
+            QVERIFY(found >= i || layout.elements[i].advance == 0);
+            QVERIFY(layout.elements[found].start <= layout.elements[i].start);
+            QVERIFY(layout.elements[i].start < layout.elements[found].end() || layout.elements[i].advance == 0);
+        }
+        QCOMPARE(layout.elementAtTick(maxTicks), int(layout.elements.size()) - 1);
+        QCOMPARE(readAbc(QString()).layout.elementAtTick(0), -1);
     }
 };
 

@@ -108,6 +108,11 @@ private slots:
         row("unit and metre on the way", "L:1/4; M:4/4; K:C", "C[L:1/8]C[M:3/4]Z|C", "0:60 1:60(0.5) 4.5:60(0.5)");
         row("a repeat sign at the line's begin", "L:1/4; K:C", "|:C\nE:|\nC::D\n",
             "0:60 1:64 2:60 3:64 4:60 5:60 6:62");
+        row("quarter tones and triple sharps", "L:1/4; K:C", "^/C _3/2D ^^^E|", "0:61 1:61 2:66");
+        row("tuplets of no size", "L:1/4; K:C", "(1CD (0E (65F|", "0:60 1:62 2:64 3:65");
+        row("gaps in print", "L:1/4; K:C", "Cy2D[CE&G]y|E", "0:60 1:62 2:60 2:64 2:67 3:64");
+        row("an open string", "L:1/4; K:C", "C\"abc D\nE|", "0:60 1:64");
+        row("octaves", "L:1/4; K:C", "C,,c''C,'c|", "0:36 1:96 2:60 3:72");
         row("a macro that is used", "m:~G = G{A}G; K:C", "~G",
             "The tune uses the macro \"~G\" (m:), which cannot be read.");
         row("parts without end", "P:((((((A99)99)99)99)99)99; K:C", "[P:A]C", "Too many parts.");
@@ -190,6 +195,25 @@ private slots:
         QTEST(tunes.first().error, "error");
         QCOMPARE(thrownBy([] { importStandardAbc(QStringLiteral("X:1\n").repeated(10'001)); }),
                  QStringLiteral("Too many tunes."));
+    }
+
+    void countsWhatIsLeftOut_data()
+    {
+        const Rows<QString, int, int, int> row("body", "outOfRange", "unreadable", "repeatsPlayed");
+        row("nothing", "C|", 0, 0, 0);
+        row("too high and too low", "c'''''C,,,,,C,,,,,,,,,,|", 3, 0, 0);
+        row("repeats", "|:C:|:C::|", 0, 0, 3);
+        row("signs", "C\u00a7 D\u00a7|", 0, 2, 0);
+    }
+
+    void countsWhatIsLeftOut()
+    {
+        QFETCH(QString, body);
+        const auto tune =
+            importStandardAbc(tuneText(QStringLiteral("L:1/4; K:C"), body + QStringLiteral("\nC"))).first();
+        QTEST(tune.outOfRange, "outOfRange");
+        QTEST(tune.unreadable, "unreadable");
+        QTEST(tune.repeatsPlayed, "repeatsPlayed");
     }
 
     void asksForPrograms()
