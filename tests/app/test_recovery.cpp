@@ -152,6 +152,40 @@ private slots:
         QCOMPARE(journals(), 1);
     }
 
+    void choosesAmongSongs_data()
+    {
+        const Rows<QString, QString, QString> row("rows", "note", "asks"); // of the buttons, and of a double click
+        row("none", "", "", "");
+        row("fresh", "0", "It was never saved as a song.", "recover a;remove a;recover a");
+        row("discarded", "1", "Its song file: /b.kvsong", "recover b;remove b;recover b");
+        row("broken", "2", "No journal.", "remove c");
+        row("two", "0 2", "", "remove a,c");
+    }
+    void choosesAmongSongs()
+    {
+        QFETCH(QString, rows);
+        RecoveryDialog chooser(RecoveryDialog::Occasion::Command);
+        const auto name = [](const char *text) { return QString::fromLatin1(text); };
+        chooser.setSongs({{name("a"), {}, 1, {}, {}, false, {}},
+                          {name("b"), name("B"), 2, name("/b.kvsong"), {}, true, {}},
+                          {name("c"), {}, 0, {}, {}, false, name("No journal.")}});
+        QStringList asked;
+        connect(&chooser, &RecoveryDialog::recoverRequested, this,
+                [&](const QString &journal) { asked += QStringLiteral("recover ") + journal; });
+        connect(&chooser, &RecoveryDialog::removeRequested, this,
+                [&](const QStringList &journals) { asked += QStringLiteral("remove ") + journals.join(u','); });
+        auto *const list = chooser.findChild<QTreeWidget *>();
+        QVERIFY(list->topLevelItem(0)->isSelected());
+        list->clearSelection();
+        for (const auto &row : rows.split(u' ', Qt::SkipEmptyParts))
+            list->topLevelItem(row.toInt())->setSelected(true);
+        QTEST(chooser.findChild<QLabel *>(QStringLiteral("lblNote"))->text(), "note");
+        for (const auto *const button : {"btnRecover", "btnDelete"})
+            chooser.findChild<QPushButton *>(QLatin1String(button))->click();
+        emit list->itemActivated(list->topLevelItem(0), 0);
+        QTEST(asked.join(u';'), "asks");
+    }
+
     void workGoesOnWithoutAJournal()
     {
         fixture_->write("journals", "in the way");

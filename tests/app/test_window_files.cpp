@@ -404,6 +404,25 @@ private slots:
         QCOMPARE(fixture_->tracks().unsavedIds().size(), 2);
     }
 
+    void waitsForTheEndOfADialog()
+    {
+        QDialog modal;
+        modal.setModal(true);
+        modal.show();
+        fixture_->window().openFiles({fixture_->write("one.abc", abc("One"))});
+        QTest::qWait(150);
+        QVERIFY(fixture_->tracks().isEmpty());
+        modal.close();
+        QTRY_COMPARE(fixture_->tracks().song().size(), 1);
+        fixture_->dialogs().answerOrCancel = Dialogs::Answer::No;
+        fixture_->window().openFiles({fixture_->write("a.mid", "MThd"), fixture_->write("b.abc", "X:1\nK:C\n[c?")});
+        QTRY_COMPARE(fixture_->dialogs().messages.size(), 1); // of both
+        QVERIFY(
+            fixture_->dialogs().takeMessages().first().startsWith(QStringLiteral("Error while reading files|a.mid")));
+        fixture_->window().openFiles({fixture_->write("c.txt", "?")});
+        QVERIFY(fixture_->dialogs().messages.value(0).startsWith(QStringLiteral("Open Files|")));
+    }
+
     void cancelsAnImport()
     {
         fixture_->settings().setValue(Settings::MidiMergeChannels, false);
@@ -417,6 +436,19 @@ private slots:
         fixture_->child<QWidget>("importIndicator")->findChild<QToolButton *>()->click();
         QVERIFY(!fixture_->window().isLoading() && fixture_->window().statusBar()->currentMessage().isEmpty());
         QVERIFY(fixture_->import(jig, 3)); // is not in the way of the next, and adds nothing
+    }
+
+    void tellsWhyAnExportFailed()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        auto &dialogs = fixture_->dialogs();
+        for (const bool isCancelled : {true, false}) {
+            dialogs.files = isCancelled ? QStringList() : QStringList(fixture_->path("no/folder.wav"));
+            fixture_->trigger("actionExport_to_Wav");
+            QTRY_COMPARE(dialogs.messages.size(), isCancelled ? 0 : 1);
+            QTRY_VERIFY(!fixture_->child<QDialog>("exportProgress"));
+        }
+        QVERIFY(dialogs.messages.first().startsWith(QStringLiteral("Export to Wav|")));
     }
 
     void exportsWaves()
@@ -437,6 +469,7 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(wave), 30'000);
         QTRY_VERIFY(!fixture_->child<QDialog>("exportProgress"));
         QVERIFY(WindowFixture::read(wave).startsWith("RIFF"));
+        QCOMPARE(fixture_->settings().value(Settings::WavSaveDir).toString(), QFileInfo(wave).path());
         const auto frames = (QFileInfo(wave).size() - 44) / 4;
         const auto &track = *fixture_->tracks().song()[0]->track;
         const auto written = qint64(TempoMap(track, 48000).samplesAt(track.length()));

@@ -3,10 +3,16 @@
 #include "app/WindowFixture.h"
 #include "support/GatedEngine.h"
 #include "ui/song/TrackVisualizationWidget.h"
+#include "ui/song/VUMeter.h"
 
+#include <QClipboard>
+#include <QComboBox>
 #include <QLabel>
+#include <QSlider>
+#include <QStatusBar>
 #include <QToolButton>
 
+#include <algorithm>
 #include <atomic>
 
 class TestWindowPlayback : public QObject
@@ -14,18 +20,45 @@ class TestWindowPlayback : public QObject
     Q_OBJECT
 
     std::unique_ptr<WindowFixture> fixture_;
+    QHash<QString, std::pair<float, float>> loudest_; // left and right peak of each track; of the master by ""
 
     TrackPlayer &player() { return *fixture_->window().findChild<TrackPlayer *>(); }
     TrackVisualizationWidget *overview(int row) { return fixture_->inRow<TrackVisualizationWidget>(row, "wVis"); }
+
+    // The highest levels of two seconds of music, when what was scheduled before has gone.
+    void listen()
+    {
+        for (const bool isOver : {false, true}) {
+            const auto begin = overview(1)->position();
+            QVERIFY(QTest::qWaitFor([&] { return overview(1)->position() > begin + ticksPerWholeNote; }));
+            if (!isOver)
+                loudest_.clear();
+        }
+    }
+    float left(const char *id) { return loudest_.value(QLatin1String(id)).first; }
+    float right(const char *id) { return loudest_.value(QLatin1String(id)).second; }
 
 private slots:
     void init()
     {
         fixture_ = std::make_unique<WindowFixture>(demoGame);
         QVERIFY(fixture_->waitUntilLoaded());
+        connect(&player(), &TrackPlayer::trackMeter, this,
+                [this](const QString &id, float, float, float left, float right) {
+                    auto &loudest = loudest_[id];
+                    loudest = {std::max(loudest.first, left), std::max(loudest.second, right)};
+                });
+        connect(&player(), &TrackPlayer::masterMeter, this, [this](float, float, float left, float right) {
+            auto &loudest = loudest_[QString()];
+            loudest = {std::max(loudest.first, left), std::max(loudest.second, right)};
+        });
     }
 
-    void cleanup() { fixture_.reset(); }
+    void cleanup()
+    {
+        fixture_.reset();
+        loudest_.clear();
+    }
 
     void playsAndStops()
     {
@@ -99,6 +132,71 @@ private slots:
         QTRY_VERIFY(first()->position() > 40320);
         fixture_->trigger("actionStop");
         QTRY_VERIFY(!fixture_->action("actionStop")->isEnabled());
+    }
+
+    // Two tracks of notes without end.
+    void soundsAsTheSongIsMixed()
+    {
+        const auto notes = QByteArray("CEGc|").repeated(2000);
+        QGuiApplication::clipboard()->setText(QString::fromUtf8(
+            "X:1\nT:A\nL:1/4\nQ:1/4=120\nK:C\n" + notes + "\n\nX:2\nT:B\nL:1/4\nQ:1/4=120\nK:C\n" + notes + "\n"));
+        fixture_->trigger("actionImport_from_Clipboard");
+        QTRY_COMPARE(fixture_->tracks().song().size(), 2);
+        auto &tracks = fixture_->tracks();
+        const auto id = tracks.ids().first();
+        fixture_->trigger("actionPlay");
+        QTRY_VERIFY(overview(0)->position() > 0 && overview(1)->position() > 0);
+        listen();
+        const auto usual = left("T1");
+        QVERIFY(usual > 0 && right("T1") > 0 && left("T2") > 0 && left("") > 0);
+        const auto *const meter = fixture_->inRow<VUMeter>(0, "vuMeter");
+        const auto *const master = fixture_->child<VUMeter>("masterMeter");
+        QVERIFY(meter->channel(0).shownPeak() > 0 && meter->channel(1).shownPeak() > 0);
+        QVERIFY(master->channel(0).shownPeak() > 0 && master->channel(1).shownPeak() > 0);
+        QTRY_VERIFY(!overview(0)->pressedNotes().isEmpty());
+
+        tracks.setMuted({id}, true);
+        listen();
+        QVERIFY(left("T1") == 0 && left("T2") > 0);
+        tracks.setMuted({id}, false);
+        tracks.setPan(id, 100);
+        listen();
+        QVERIFY(left("T1") == 0 && right("T1") > 0);
+        tracks.history().undo();
+        tracks.setVolume(id, 0);
+        listen();
+        QVERIFY(left("T1") == 0 && right("T1") == 0);
+        tracks.setVolume(id, 50);
+        listen();
+        QVERIFY(left("T1") > 0 && left("T1") < 0.9F * usual);
+        fixture_->child<QSlider>("slMasterVolume")->setValue(0);
+        QCOMPARE(fixture_->settings().value(Settings::MasterVolume).toInt(), 0);
+        listen();
+        QVERIFY(left("") == 0 && left("T1") > 0);
+
+        QSignalSpy loading(&player(), &TrackPlayer::loadingSample);
+        auto *const list = fixture_->child<QComboBox>("instrumentList");
+        for (int i = 0; i < list->count() && loading.isEmpty(); ++i) { // some have no samples of their own
+            tracks.setInstrument({id}, list->itemText(i));
+            QTest::qWait(100);
+        }
+        QVERIFY(!loading.isEmpty());
+        QVERIFY(fixture_->window().statusBar()->currentMessage().startsWith(QStringLiteral("Loading sample ")));
+
+        fixture_->trigger("actionStop");
+        QTRY_VERIFY(!fixture_->action("actionStop")->isEnabled());
+        QVERIFY(overview(0)->pressedNotes().isEmpty() && overview(0)->position() == 0);
+        QTRY_VERIFY(meter->channel(0).shownPeak() == 0 && master->channel(0).shownPeak() == 0);
+    }
+
+    void tellsThatNothingIsHeard()
+    {
+        const auto *const notice = fixture_->child<QLabel>("outputProblem");
+        for (const auto &problem : {QStringLiteral("There is no sound device."), QString()}) {
+            emit player().outputChanged(problem);
+            QCOMPARE(notice->text(), problem);
+            QCOMPARE(notice->isVisible(), !problem.isEmpty());
+        }
     }
 
     void endsAPreview()

@@ -9,6 +9,7 @@
 #include "ui/ValueDial.h"
 
 #include <QColorDialog>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
@@ -46,6 +47,11 @@ class TestControls : public QObject
         }
         qFatal("no button %s", qPrintable(text));
     }
+
+    QStringList opened_;
+
+public slots:
+    void noteAddress(const QUrl &address) { opened_.append(address.scheme()); }
 
 private slots:
     void initTestCase() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
@@ -106,6 +112,31 @@ private slots:
             QTest::keyClick(&box, Qt::Key_Escape);
         });
         QCOMPARE(ask(dialogs), last);
+    }
+
+    void showsMessages()
+    {
+        using Severity = Dialogs::Severity;
+        for (const auto &[severity, icon] : {std::pair(Severity::Information, QMessageBox::Information),
+                                             {Severity::Warning, QMessageBox::Warning},
+                                             {Severity::Critical, QMessageBox::Critical}}) {
+            withNext<QMessageBox>([wanted = icon](QMessageBox &box) {
+                QCOMPARE(int(box.icon()), int(wanted));
+                box.close();
+            });
+            DesktopDialogs().message(nullptr, severity, {}, QStringLiteral("Text"));
+        }
+    }
+
+    // Whatever the server says.
+    void opensOnlyWebPages()
+    {
+        for (const auto *const scheme : {"http", "file", "https", "ftp"}) {
+            QDesktopServices::setUrlHandler(QLatin1String(scheme), this, "noteAddress");
+            DesktopDialogs().openInBrowser(QUrl(QLatin1String(scheme) + QStringLiteral("://host.example/x")));
+            QDesktopServices::unsetUrlHandler(QLatin1String(scheme));
+        }
+        QCOMPARE(opened_, QStringList({QStringLiteral("http"), QStringLiteral("https")}));
     }
 
     void asksForTextsColoursAndFiles()

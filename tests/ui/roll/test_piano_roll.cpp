@@ -285,6 +285,12 @@ private slots:
         const auto place = fixture.at(5.2, 60);
         QTest::mouseClick(ruler, Qt::LeftButton, {}, {place.x(), 10});
         QCOMPARE(fixture.state().cursor, 5 * eighth);
+        Fixture::move(ruler, {fixture.at(7.1, 60).x(), 10}, Qt::LeftButton);
+        QCOMPARE(fixture.state().cursor, 7 * eighth);
+        Fixture::move(ruler, {place.x(), 10}, Qt::NoButton);
+        QTest::mouseClick(ruler, Qt::RightButton, {}, {place.x(), 10});
+        QTest::mouseDClick(ruler, Qt::RightButton, {}, {place.x(), 10});
+        QCOMPARE(fixture.state().cursor, 7 * eighth);
         QTest::mouseClick(ruler, Qt::LeftButton, Qt::AltModifier, {place.x(), 10});
         QVERIFY(fixture.state().cursor > 5 * eighth);
         QTest::mouseDClick(ruler, Qt::LeftButton, {}, {place.x() + 24, 10});

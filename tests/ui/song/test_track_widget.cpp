@@ -169,6 +169,10 @@ private slots:
         dialogs_->enteredText.reset();
         choose(QStringLiteral("Rename Track"));
         QCOMPARE(signals_, QStringList(QStringLiteral("trackChanged")));
+        dialogs_->takeAsked();
+        for (const auto key : {Qt::Key_F2, Qt::Key_Return, Qt::Key_Enter, Qt::Key_X})
+            QTest::keyClick(child<QLabel>("lblTitle"), key);
+        QCOMPARE(dialogs_->asked.size(), 3);
     }
 
     void renamingKeepsTheTextOfTheTrack()
@@ -282,6 +286,24 @@ private slots:
         QCOMPARE(meter->channel(1).peak(), 0.4F);
         row_->noteReleased(1);
         QVERIFY(visualization->pressedNotes().isEmpty());
+        row_->notePressed(0);
+        row_->releaseAllNotes();
+        QVERIFY(visualization->pressedNotes().isEmpty());
+    }
+
+    void marksWhatItsFileLacks()
+    {
+        row_->show();
+        const auto picture = [this] { return child<QLabel>("lblTitle")->grab().toImage(); };
+        const auto plain = picture();
+        row_->setDiffersFromFile(true);
+        QVERIFY(picture() != plain);
+        row_->setDiffersFromFile(false);
+        QCOMPARE(picture(), plain);
+        for (const bool hasDraft : {true, false}) {
+            row_->setHasDraft(hasDraft);
+            QCOMPARE(child<QLabel>("lblDraft")->isVisible(), hasDraft);
+        }
     }
 
     void followsTheThemeAtOnce()
