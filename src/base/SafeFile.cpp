@@ -115,6 +115,18 @@ bool reserve(const QString &path)
     return true;
 }
 
+void moveTo(const QString &target, const QString &replacement)
+{
+    if (rename(QFile::encodeName(replacement).constData(), QFile::encodeName(target).constData()) != 0)
+        failWithErrno();
+}
+
+void syncFolderOf(const QString &path)
+{
+    const auto folder = QFile::encodeName(QFileInfo(path).absolutePath());
+    Descriptor(open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)).sync();
+}
+
 void replace(const QString &target, const QString &replacement)
 {
     const auto oldName = QFile::encodeName(target);
@@ -126,10 +138,8 @@ void replace(const QString &target, const QString &replacement)
             file.setMode(old.st_mode & 07777);
         file.sync();
     }
-    if (rename(newName.constData(), oldName.constData()) != 0)
-        failWithErrno();
-    const auto directory = QFile::encodeName(QFileInfo(target).absolutePath());
-    Descriptor(open(directory.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)).sync();
+    moveTo(target, replacement);
+    syncFolderOf(target);
 }
 
 #else
@@ -151,12 +161,19 @@ bool reserve(const QString &path)
     throw file.errorString();
 }
 
-void replace(const QString &target, const QString &replacement)
+void syncFolderOf(const QString &) {} // it cannot be done
+
+void moveTo(const QString &target, const QString &replacement)
 {
     std::error_code error;
     std::filesystem::rename(replacement.toStdU16String(), target.toStdU16String(), error);
     if (error)
         throw QString::fromLocal8Bit(error.message().c_str());
+}
+
+void replace(const QString &target, const QString &replacement)
+{
+    moveTo(target, replacement);
 }
 
 #endif
@@ -273,6 +290,24 @@ void Replacement::commit()
     replace(target_, path_);
     isCommitted_ = true;
     removeLeftovers(target_);
+}
+
+void Replacement::commitUnsynchronised()
+{
+    moveTo(target_, path_);
+    isCommitted_ = true;
+}
+
+void synchroniseFolder(const QString &path)
+{
+    syncFolderOf(path);
+}
+
+void writeUnsynchronised(const QString &path, const QByteArray &bytes)
+{
+    Replacement replacement(path);
+    create(replacement.path(), bytes);
+    replacement.commitUnsynchronised();
 }
 
 bool writeNew(const QString &path, const QByteArray &bytes)

@@ -18,6 +18,10 @@ void write(const QString &path, const QByteArray &bytes);
 // however short ago.
 bool writeNew(const QString &path, const QByteArray &bytes);
 
+// The same, without waiting for the disk: after a crash of the system there may be no file, or half of one, until
+// synchronise() and synchroniseFolder() have returned. For a file that is not there yet.
+void writeUnsynchronised(const QString &path, const QByteArray &bytes);
+
 // The same for a file that somebody writes who needs a name for it. What is not committed is removed.
 class Replacement
 {
@@ -31,6 +35,7 @@ public:
     // Where to write the new contents; the file must be closed before commit().
     const QString &path() const { return path_; }
     void commit();
+    void commitUnsynchronised(); // as writeUnsynchronised()
 
 private:
     QString target_;
@@ -40,6 +45,7 @@ private:
 
 // Returns when everything that was written to an open file is on the disk; throws a QString when it cannot be.
 void synchronise(QFile &file);
+void synchroniseFolder(const QString &path); // of this file: its name
 
 // A title as the name of a file: what a file system refuses becomes "_", at most 200 bytes of UTF-8.
 QString cleanName(const QString &title);

@@ -49,10 +49,12 @@ void JournalWriter::begin(const JournalledSong &song, JournalMark mark)
 {
     const auto bytes = JournalRecords::beginning(song, mark, now());
     file_.close();
-    SafeFile::write(file_.fileName(), bytes);
     needsSync_ = false;
+    const bool isNew = !file_.exists(); // then there is nothing to lose, and no step waits for the disk
+    (isNew ? SafeFile::writeUnsynchronised : SafeFile::write)(file_.fileName(), bytes);
     if (!file_.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
         throw file_.errorString();
+    needsSync_ = isNew;
     last_ = song;
     beginningSize_ = size_ = bytes.size();
 }
@@ -75,13 +77,30 @@ void JournalWriter::sync()
     if (!needsSync_)
         return;
     try {
-        SafeFile::synchronise(file_);
-        needsSync_ = false;
+        synchronisation()();
     } catch (const QString &) {
-        file_.close(); // nobody knows what of it is on the disk
-        needsSync_ = false;
+        startAnew();
         throw;
     }
+}
+
+std::function<void()> JournalWriter::synchronisation()
+{
+    needsSync_ = false;
+    return [path = file_.fileName()] {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered))
+            throw file.errorString();
+        SafeFile::synchronise(file);
+        SafeFile::synchroniseFolder(path);
+    };
+}
+
+// Nobody knows what of the file is on the disk.
+void JournalWriter::startAnew()
+{
+    file_.close();
+    needsSync_ = false;
 }
 
 void JournalWriter::remove()

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QLockFile>
 
+#include <functional>
 #include <optional>
 
 // One journal's file. It appears with the first write, and is locked until this object ends, so that other processes
@@ -20,6 +21,10 @@ public:
     // makes up for it.
     void write(const JournalledSong &song, JournalMark mark = JournalMark::Open);
     void sync();
+    // The same in two halves: what it gives puts all that is written by now on the disk, on any thread, while more is
+    // written here. When that throws, startAnew() before the next write().
+    std::function<void()> synchronisation();
+    void startAnew();
 
     bool needsSync() const { return needsSync_; }
 

@@ -26,7 +26,8 @@ JobPool &writers()
 
 } // namespace
 
-// The writing of one journal. Runs on a thread of the pool only while there is something to do. The mutex guards
+// The writing of one journal. Runs on a thread of the pool only while there is something to do. The disk is waited for
+// on another, since that may take seconds, and what is written survives the program without it. The mutex guards
 // everything but the writer, which belongs to whoever runs.
 class SongJournal::Task : public std::enable_shared_from_this<Task>
 {
@@ -46,7 +47,9 @@ private:
     void run();
     bool step(); // false when nothing is left to do
     bool write();
-    bool sync();
+    void startSync();
+    bool takeSyncProblem();
+    void wait(bool isWanted);
     void removeFiles();
     void removeReplaced();
     bool isInHurry() const { return isHurried_ || owner_ == nullptr || isRemoved_ || mark_ != JournalMark::Open; }
@@ -68,6 +71,8 @@ private:
     bool isHurried_ = false;
     bool isRunning_ = false;
     bool isFailing_ = false;
+    bool isSyncing_ = false;
+    QString syncProblem_;
     QDeadlineTimer retry_;
     QDeadlineTimer syncDue_;
     JournalWriter writer_;
@@ -138,21 +143,32 @@ void SongJournal::Task::run()
 
 bool SongJournal::Task::step()
 {
-    if (isRemoved_) {
+    if (isRemoved_ && !isSyncing_) {
         removeFiles();
         return false;
     }
-    const bool isWanted = pending_.has_value();
-    const bool needsSync = writer_.needsSync();
+    if (!syncProblem_.isEmpty())
+        return takeSyncProblem();
+    const bool isWanted = pending_.has_value() && !isRemoved_;
+    const bool needsSync = writer_.needsSync() || isSyncing_;
     if (isWanted && (retry_.hasExpired() || isInHurry()))
         return write() || !isInHurry();
-    if (needsSync && (syncDue_.hasExpired() || isInHurry()))
-        return sync() || !isInHurry();
-    if (isWanted || needsSync)
-        changed_.wait_for(mutex_, (isWanted ? retry_ : syncDue_).remainingTimeAsDuration());
+    if (needsSync && !isSyncing_ && (syncDue_.hasExpired() || isInHurry()))
+        startSync();
+    else if (isWanted || needsSync)
+        wait(isWanted);
     else if (mark_ != JournalMark::Open)
         writer_.close();
     return isWanted || needsSync;
+}
+
+// For the next thing to do, or for news.
+void SongJournal::Task::wait(bool isWanted)
+{
+    if (isSyncing_ && !isWanted)
+        changed_.wait(mutex_);
+    else
+        changed_.wait_for(mutex_, (isWanted ? retry_ : syncDue_).remainingTimeAsDuration());
 }
 
 template<typename Work>
@@ -177,7 +193,7 @@ bool SongJournal::Task::write()
     const auto mark = mark_;
     const auto problem = problemOf([&] { writer_.write(song, mark); });
     written_ = song;
-    if (problem.isEmpty())
+    if (problem.isEmpty() && !writer_.needsSync())
         removeReplaced();
     const bool isDone = problem.isEmpty() && mark == mark_; // the end may have come meanwhile
     if (!isDone && !pending_)
@@ -188,16 +204,28 @@ bool SongJournal::Task::write()
     return problem.isEmpty();
 }
 
-bool SongJournal::Task::sync()
+void SongJournal::Task::startSync()
 {
-    const auto problem = problemOf([this] { writer_.sync(); });
-    syncDue_.setRemainingTime(syncPauseMs);
-    if (problem.isEmpty())
-        return true;
+    isSyncing_ = true;
+    writers().start([self = shared_from_this(), synchronise = writer_.synchronisation()] {
+        const std::lock_guard locker(self->mutex_);
+        const auto problem = self->problemOf(synchronise);
+        if (problem.isEmpty())
+            self->removeReplaced();
+        self->syncProblem_ = problem;
+        self->isSyncing_ = false;
+        self->syncDue_.setRemainingTime(syncPauseMs);
+        self->changed_.notify_all();
+    });
+}
+
+bool SongJournal::Task::takeSyncProblem()
+{
+    writer_.startAnew();
     if (!pending_)
         pending_ = written_;
-    report(problem);
-    return false;
+    report(std::exchange(syncProblem_, {}));
+    return !isInHurry();
 }
 
 // One that stays is listed once more.

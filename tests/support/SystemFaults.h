@@ -16,6 +16,7 @@ namespace faults {
 
 inline std::atomic<int> callsUntilFault = 0; // 0: none is armed
 inline size_t longestWrite = SIZE_MAX;
+inline std::atomic<int> fsyncMs = 0; // of a slow disk
 
 inline bool isDue()
 {
@@ -63,6 +64,7 @@ ssize_t write(int descriptor, const void *bytes, size_t size)
 
 int fsync(int descriptor)
 {
+    usleep(useconds_t(faults::fsyncMs) * 1000);
     return faults::isDue() ? -1 : faults::original<int (*)(int)>("fsync")(descriptor);
 }
 

@@ -5,16 +5,26 @@
 SessionJournal::SessionJournal(SongSession &session, const QString &folder, QObject *parent)
     : QObject(parent), session_(session), folder_(folder)
 {
-    soon_.setSingleShot(true);
-    soon_.setInterval(0);
-    connect(&soon_, &QTimer::timeout, this, &SessionJournal::record);
     if (folder_.isEmpty())
         return;
-    connect(&session_, &SongSession::changed, &soon_, qOverload<>(&QTimer::start));
+    connect(&session_, &SongSession::changed, this, &SessionJournal::recordSoon);
     connect(&session_, &SongSession::left, this, &SessionJournal::end);
 }
 
 SessionJournal::~SessionJournal() = default;
+
+// With the next events, whatever keeps the thread busy besides; timers may come late.
+void SessionJournal::recordSoon()
+{
+    if (!std::exchange(isDue_, true))
+        QMetaObject::invokeMethod(this, &SessionJournal::recordDue, Qt::QueuedConnection);
+}
+
+void SessionJournal::recordDue()
+{
+    if (std::exchange(isDue_, false))
+        record();
+}
 
 void SessionJournal::record()
 {
@@ -37,9 +47,7 @@ void SessionJournal::begin()
 
 void SessionJournal::end(SongJournal::Ending ending)
 {
-    if (soon_.isActive())
-        record();
-    soon_.stop();
+    recordDue();
     if (!journal_)
         return;
     journal_->end(ending);

@@ -2,8 +2,6 @@
 
 #include "app/services/SongSession.h"
 
-#include <QTimer>
-
 #include <memory>
 
 // Keeps the journal of the window's song: every state of it that is not saved is written down, and whatever is left of
@@ -25,6 +23,8 @@ signals:
     void problemChanged(const QString &problem); // why nothing is written; empty when it is again
 
 private:
+    void recordSoon();
+    void recordDue();
     void record();
     void begin();
     void end(SongJournal::Ending ending);
@@ -33,5 +33,5 @@ private:
     QString folder_;
     QString recovered_; // the journal that the song comes from, while that is needed
     std::unique_ptr<SongJournal> journal_;
-    QTimer soon_; // several changes of one step are one state
+    bool isDue_ = false; // several changes of one step are one state
 };
