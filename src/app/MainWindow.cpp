@@ -266,12 +266,18 @@ void MainWindow::showEvent(QShowEvent *event)
     QTimer::singleShot(0, &instrumentCommands_, &InstrumentCommands::scan); // after the first paint
 }
 
-// Back from another program, which may have changed files.
 void MainWindow::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        changedFiles_.check(tracks_);
+        comeBack();
+}
+
+// From another program, which may have changed files.
+void MainWindow::comeBack()
+{
+    changedFiles_.check(tracks_);
+    songs_.checkFile();
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)
@@ -319,8 +325,8 @@ void MainWindow::onSettingChanged(Settings::Setting setting, const QVariant &val
 // A track that was removed meanwhile comes back as a new one, which its editor belongs to from then on.
 void MainWindow::onEdited(const QString &trackId, const Track &track)
 {
-    if (auto *const row = rows_->row(trackId))
-        row->onTrackChanged(track);
+    if (tracks_.find(trackId))
+        tracks_.setTrack(tr("Edit Track"), trackId, track);
     else
         editors_.bringBack(trackId, track);
 }

@@ -94,6 +94,7 @@ public slots:
     void onSaveSong();
     void onSaveSongAs();
     void onSaveParts();
+    void onSongTitle();
     void onRecover();
     void onMuteSelected();
     void onCleanQuantise();
@@ -153,6 +154,7 @@ private:
     void noteImport(const ReadSong &song);
     void showPlace(const ReportedPlace &place);
     void stopArrivals();
+    void comeBack();
     bool mayClose();
 
     Settings &settings_;

@@ -124,6 +124,11 @@ void MainWindow::onSaveParts()
     songs_.savePartsToFolder();
 }
 
+void MainWindow::onSongTitle()
+{
+    songs_.editTitle();
+}
+
 void MainWindow::onRecover()
 {
     recovery_.open();

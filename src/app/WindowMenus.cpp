@@ -49,8 +49,10 @@ void makeMenus(QMainWindow &window, const WindowActions &actions, ImportCommands
     auto *const exports = addMenu(file, "menuExport", "Export");
     exports->setIcon(icon("export"));
     actions.addTo(*exports, "actionExport_to_Wav");
-    actions.addTo(*file, "- actionSave_Song actionSave_Song_As actionSave_Parts - actionSave_Selected actionSave_All - "
-                         "actionRecover - actionExit");
+    actions.addTo(
+        *file,
+        "- actionSave_Song actionSave_Song_As actionSave_Parts actionSong_Title - actionSave_Selected actionSave_All - "
+        "actionRecover - actionExit");
 
     actions.addTo(*addMenu(bar, "menuEdit", "&Edit"),
                   "actionUndo actionRedo - actionSelect_All actionDeselect_All actionInvert_Selection");

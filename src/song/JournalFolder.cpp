@@ -56,7 +56,7 @@ QString titleOf(const Song &song, const QString &file)
 
 RecoverableSong describe(const QString &journal, const JournalRecords::Contents &contents)
 {
-    const auto &[song, file, isSaved] = contents.last;
+    const auto &[song, file, isSaved, fileStamp] = contents.last;
     return {journal,
             titleOf(song, file),
             int(song.parts.size()),

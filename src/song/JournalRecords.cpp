@@ -24,6 +24,7 @@ constexpr double latestTime = 8.64e15; // milliseconds since 1970, as far as ECM
 
 const auto timeKey = QStringLiteral("time");
 const auto fileKey = QStringLiteral("file");
+const auto stampKey = QStringLiteral("stamp");
 const auto savedKey = QStringLiteral("saved");
 const auto discardedKey = QStringLiteral("discarded");
 const auto songKey = QStringLiteral("song");
@@ -68,6 +69,8 @@ void apply(JournalRecords::Contents &contents, const QJsonObject &payload)
         last.song = SongChange::applied(last.song, payload[changeKey].toObject());
     if (payload.contains(fileKey))
         last.file = payload[fileKey].toString();
+    if (payload.contains(stampKey))
+        last.fileStamp = payload[stampKey].toString();
     last.isSaved = payload[savedKey].toBool();
     contents.mark = payload[discardedKey].toBool() ? JournalMark::Discarded : JournalMark::Open;
     contents.time = qint64(std::clamp(payload[timeKey].toDouble(), 0.0, latestTime));
@@ -125,6 +128,7 @@ QByteArray beginning(const JournalledSong &song, JournalMark mark, qint64 time)
     SongJson::checkSize(song.song);
     auto payload = payloadOf(song, mark, time);
     payload[fileKey] = song.file;
+    payload[stampKey] = song.fileStamp;
     payload[songKey] = SongJson::fromSong(song.song);
     return magic + bytesOf(payload);
 }
@@ -135,6 +139,8 @@ QByteArray change(const JournalledSong &before, const JournalledSong &after, Jou
     auto payload = payloadOf(after, mark, time);
     if (after.file != before.file)
         payload[fileKey] = after.file;
+    if (after.fileStamp != before.fileStamp)
+        payload[stampKey] = after.fileStamp;
     const auto difference = SongChange::between(before.song, after.song);
     if (!difference.isEmpty())
         payload[changeKey] = difference;

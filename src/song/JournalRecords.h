@@ -8,8 +8,9 @@
 struct JournalledSong
 {
     Song song;
-    QString file;         // the song file that it belongs to, absolute; empty when it never had one
-    bool isSaved = false; // nothing would be lost if it were closed
+    QString file;           // the song file that it belongs to, absolute; empty when it never had one
+    bool isSaved = false;   // nothing would be lost if it were closed
+    QString fileStamp = {}; // of the song file when it was read or written last; empty where that is not known
 };
 
 // What happens to a journal when its song is closed.

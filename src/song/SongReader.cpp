@@ -267,6 +267,7 @@ void SourceReader::readSong(const QByteArray &bytes, const QString &folder)
             add(SongParts::silentTrackOf(part), {});
             errors.add(message);
         }
+        song_.songParts.insert(int(song_.tracks.size()) - 1, part);
     }
     errors.throwIfAny();
 }
@@ -307,6 +308,8 @@ void SourceReader::add(Track track, const PartReport &report)
 
 void append(ReadSong &song, const ReadSong &read, int number)
 {
+    for (auto part = read.songParts.begin(); part != read.songParts.end(); ++part)
+        song.songParts.insert(int(song.tracks.size()) + part.key(), *part);
     song.tracks += read.tracks;
     song.errors += read.errors;
     song.readFiles += read.readFiles;

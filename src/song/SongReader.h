@@ -6,6 +6,7 @@
 #include "song/Song.h"
 #include "song/SongSource.h"
 
+#include <QHash>
 #include <QStringList>
 #include <QVariant>
 
@@ -54,6 +55,7 @@ struct ReadSong
     QString remark = {};                     // for people: that ABC was read as the standard has it, and why
     QVector<PartReport> parts = {};          // of the tracks, one each
     PartReport elsewhere = {};               // what was found where no note became part of a track
+    QHash<int, SongPart> songParts = {};     // of those tracks that are parts of a song file
     QVector<int> sources = {};               // of the tracks, by their number among those that were asked for
 };
 

@@ -102,6 +102,33 @@ private slots:
         QVERIFY(JournalFolder::recover(lost.first().journal).song == next);
     }
 
+    // Over its own file a recovered song is saved as any other, unless the file is another one by now.
+    void asksOnlyAboutAFileThatChanged()
+    {
+        work();
+        auto &dialogs = fixture_->dialogs();
+        const auto file = fixture_->path("song.kvsong");
+        dialogs.files = QStringList(file);
+        fixture_->trigger("actionSave_Song");
+        QVERIFY(fixture_->waitUntilSaved());
+        for (const bool isChanged : {false, true}) {
+            fixture_->tracks().setVolume(fixture_->tracks().ids()[0], isChanged ? 9 : 8);
+            const auto song = session().song();
+            crash();
+            if (isChanged)
+                fixture_->write("song.kvsong", "of another program");
+            fixture_->window().offerRecovery();
+            QTRY_VERIFY(dialog() && !shown().isEmpty());
+            button("btnRecover")->click();
+            QTRY_VERIFY(session().song() == song && !dialog());
+            dialogs.takeAsked();
+            fixture_->trigger("actionSave_Song");
+            QVERIFY(fixture_->waitUntilSaved());
+            QCOMPARE(int(dialogs.takeAsked().size()), isChanged ? 1 : 0);
+            QCOMPARE(session().isUnsaved(), isChanged);
+        }
+    }
+
     void keepsDiscardedSongs()
     {
         work();

@@ -73,6 +73,12 @@ void type(WindowFixture &fixture)
     fixture.window().session().setDraft(only(fixture), QStringLiteral("X:1\n[c"));
 }
 
+void entitle(WindowFixture &fixture)
+{
+    fixture.dialogs().enteredText = QStringLiteral(" Two  Jigs ");
+    fixture.trigger("actionSong_Title");
+}
+
 void undo(WindowFixture &fixture)
 {
     fixture.trigger("actionUndo");
@@ -146,10 +152,13 @@ private slots:
         row("order", Steps{openParts, move}, true);
         row("instrument", Steps{openParts, chooseInstrument}, true);
         row("draft", Steps{openParts, type}, true);
+        row("title", Steps{openParts, entitle}, true);
+        row("title, undone", Steps{openParts, entitle, undo}, false);
         row("all parts in a folder", Steps{importJig, saveToFolder}, false);
         row("mix of parts in a folder", Steps{importJig, turnVolume, saveToFolder}, true);
         row("song saved", Steps{importJig, turnVolume, move, type, saveSong}, false);
         row("song changed", Steps{importJig, saveSong, turnVolume}, true);
+        row("song's title", Steps{importJig, saveSong, entitle}, true);
         row("song's master volume", Steps{importJig, saveSong, turnMasterVolume}, true);
         row("part removed from the song", Steps{importJig, saveSong, removeFirst}, true);
     }
@@ -210,6 +219,77 @@ private slots:
         saveSong(*fixture_); // the same song gives the same bytes
         QVERIFY(fixture_->dialogs().takeAsked().isEmpty());
         QVERIFY(SongFile::fromBytes(WindowFixture::read(file), QFileInfo(file).path()) == left);
+    }
+
+    void hasATitle()
+    {
+        importJig(*fixture_);
+        const auto before = fixture_->window().windowTitle();
+        entitle(*fixture_);
+        QCOMPARE(song().title, QStringLiteral("Two Jigs"));
+        QCOMPARE(fixture_->window().windowTitle(), QStringLiteral("Two Jigs[*] - Kelvarion Composer"));
+        QCOMPARE(fixture_->tracks().history().undoText(), QStringLiteral("Change Song Title"));
+        undo(*fixture_);
+        QCOMPARE(fixture_->window().windowTitle(), before);
+        fixture_->dialogs().enteredText.reset(); // cancelled
+        fixture_->trigger("actionSong_Title");
+        QVERIFY(song().title.isEmpty() && fixture_->tracks().history().canRedo());
+    }
+
+    void keepsTheMixOfASongAmongOthers()
+    {
+        for (const auto step : {importJig, turnVolume, mute, chooseInstrument, type, saveSong})
+            step(*fixture_);
+        const auto parts = song().parts;
+        fixture_->trigger("actionNew_Song");
+        fixture_->window().openFiles(
+            {fixture_->write("one.abc", abc("One")), fixture_->path("song.kvsong"), fixture_->path("one.abc")});
+        QTRY_COMPARE(fixture_->tracks().song().size(), 5);
+        for (int i = 0; i < parts.size(); ++i) {
+            auto part = song().parts[i + 1];
+            part.id = parts[i].id;
+            QVERIFY(part == parts[i]);
+        }
+        QCOMPARE(song().parts[4].volume, 100);
+    }
+
+    // Only a song that would lose nothing is offered to be read again, once for each change.
+    void offersToReadAChangedSongAgain_data()
+    {
+        const Rows<Steps, bool, int> row("steps", "isRead", "volume");
+        row("unchanged here", Steps{}, true, 77);
+        row("unchanged here, refused", Steps{}, false, 40);
+        row("changed here", Steps{mute}, false, 40);
+    }
+    void offersToReadAChangedSongAgain()
+    {
+        QFETCH(Steps, steps);
+        QFETCH(bool, isRead);
+        QFETCH(int, volume);
+        for (const auto step : Steps{importJig, turnVolume, saveSong} + steps)
+            step(*fixture_);
+        const auto comeBack = [this] {
+            fixture_->window().activateWindow();
+            QEvent event(QEvent::ActivationChange);
+            QCoreApplication::sendEvent(&fixture_->window(), &event);
+            QTest::qWait(100);
+        };
+        auto &dialogs = fixture_->dialogs();
+        dialogs.takeAsked();
+        comeBack();
+        QVERIFY(dialogs.asked.isEmpty());
+        auto changed = song();
+        changed.parts[0].volume = 77;
+        changed.title = QStringLiteral("Foreign");
+        fixture_->write("song.kvsong", SongFile::toBytes(changed, fixture_->path("")));
+        dialogs.answer = isRead ? Dialogs::Answer::Yes : Dialogs::Answer::No;
+        const int asked = steps.isEmpty() ? 1 : 0;
+        comeBack();
+        QTRY_COMPARE(int(dialogs.asked.size()), asked);
+        QTRY_COMPARE(song().parts.value(0).volume, volume);
+        comeBack();
+        QCOMPARE(int(dialogs.asked.size()), asked);
+        QCOMPARE(fixture_->window().isWindowModified(), !steps.isEmpty());
     }
 
     void savesBeforeItIsLeft_data()

@@ -89,7 +89,8 @@ private slots:
         for (int i = 1; i + 1 < states.size(); ++i)
             bytes += JournalRecords::change({states[i - 1], {}, false}, {states[i], {}, false}, JournalMark::Open, i);
         const auto &before = states[states.size() - 2];
-        const auto last = JournalRecords::change({before, {}, false}, {states.last(), QStringLiteral("/x"), true},
+        const auto last = JournalRecords::change({before, {}, false},
+                                                 {states.last(), QStringLiteral("/x"), true, QStringLiteral("7")},
                                                  JournalMark::Discarded, 99);
         for (int length = 0; length < last.size(); ++length) {
             auto changed = last;
@@ -102,7 +103,7 @@ private slots:
         }
         const auto whole = JournalRecords::read(bytes + last);
         QVERIFY(whole.last.song == states.last() && whole.last.isSaved && whole.mark == JournalMark::Discarded);
-        QCOMPARE(whole.last.file, QStringLiteral("/x"));
+        QCOMPARE(whole.last.file + whole.last.fileStamp, QStringLiteral("/x7"));
         QCOMPARE(whole.time, 99);
         for (int length = 0; length < 20; ++length)
             QVERIFY(throws<QString>([&] { JournalRecords::read(bytes.left(length)); }));
@@ -158,6 +159,26 @@ private slots:
             return song;
         };
         QTRY_VERIFY_WITH_TIMEOUT(found() == states.last(), 30'000);
+    }
+
+    // A disk that takes long keeps no step from the file, the first neither.
+    void stepsDoNotWaitForTheDisk()
+    {
+        const auto states = statesOf(7, 4);
+        faults::fsyncMs = 3000;
+        SongJournal journal(folder_->path());
+        for (const auto &state : states) {
+            journal.record({state, {}, false});
+            const auto isThere = [&] {
+                Song song;
+                thrownBy([&] { song = JournalFolder::recover(journal.path()).song; });
+                return song == state;
+            };
+            QTRY_VERIFY_WITH_TIMEOUT(isThere(), 1000);
+        }
+        QVERIFY(!journal.waitUntilWritten(100)); // on the disk
+        faults::fsyncMs = 0;
+        QVERIFY(journal.waitUntilWritten(20'000));
     }
 
     void aTurnOfADialIsSmall()

@@ -28,8 +28,8 @@ public:
     void openAbc();
     void importMidi();
     void importClipboard();
-    // A song file by itself takes the place of the song, among others its parts are added. What is neither ABC nor MIDI
-    // nor a song by its name is skipped.
+    // A song file by itself takes the place of the song, among others its parts are added with their mix. What is
+    // neither ABC nor MIDI nor a song by its name is skipped.
     void openFiles(const QStringList &paths);
     static bool acceptsDrop(const QMimeData &data);
     void takeDrop(const QMimeData &data);

@@ -2,6 +2,7 @@
 
 #include "app/services/Playback.h"
 #include "app/services/RecentFiles.h"
+#include "app/services/SongSession.h"
 #include "base/ErrorText.h"
 #include "settings/Settings.h"
 #include "ui/Dialogs.h"
@@ -139,13 +140,22 @@ void ImportQueue::choose(ImportRequest request, const ReadSong &song)
 void ImportQueue::addTracks(const ImportRequest &request, const ReadSong &song, const QStringList &instruments)
 {
     QVector<NewTrack> tracks;
-    for (int i = 0; i < song.tracks.size(); ++i) {
-        const auto &track = song.tracks[i];
-        tracks.append({track, instruments.isEmpty() ? context_.playback.instrumentNameFor(track) : instruments[i]});
-    }
+    for (int i = 0; i < song.tracks.size(); ++i)
+        tracks.append(newTrack(song.tracks[i], song.songParts.value(i), instruments.value(i)));
     const auto ids = context_.tracks.add(request.step, tracks, request.existing);
+    for (auto part = song.songParts.begin(); part != song.songParts.end(); ++part)
+        context_.session.setDraft(ids.value(part.key()), part->draft);
     emit added(request, song, ids);
     RecentFiles::add(context_.settings, song.readFiles);
+}
+
+// A song's part has its mix; one that was not chosen an instrument has that of the part, or of its header.
+NewTrack ImportQueue::newTrack(const Track &track, const SongPart &part, const QString &chosen) const
+{
+    auto instrument = chosen.isEmpty() ? part.instrument : chosen;
+    if (instrument.isEmpty())
+        instrument = context_.playback.instrumentNameFor(track);
+    return {track, instrument, part.isMuted, part.volume, part.pan};
 }
 
 void ImportQueue::replace(const ImportRequest &request, const Track &track)

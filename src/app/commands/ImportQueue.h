@@ -32,6 +32,7 @@ private:
     void take(const ImportRequest &request, const ReadSong &song);
     void choose(ImportRequest request, const ReadSong &song);
     void addTracks(const ImportRequest &request, const ReadSong &song, const QStringList &instruments = {});
+    NewTrack newTrack(const Track &track, const SongPart &part, const QString &chosen) const;
     void replace(const ImportRequest &request, const Track &track);
     void showErrors();
 

@@ -58,6 +58,7 @@ QVector<ActionRow> SongCommands::actions()
         {"actionSave_Song_As", "Save Song As...", "", "Save the song in another file", "saveas", "onSaveSongAs()"},
         {"actionSave_Parts", "Save Parts to Folder...", "", "Save each part as an ABC file of one folder", "",
          "onSaveParts()", Available::WithTracks},
+        {"actionSong_Title", "Song Title...", "", "Change the title of the song", "", "onSongTitle()"},
     };
 }
 
@@ -80,8 +81,47 @@ void SongCommands::open(const QString &path)
     };
     reading_.start([=](const TaskControl &control) { return read(file, options, control.stop()); }, wait,
                    [=](const QString &error) {
-                       wait({{}, {{tr("Error while reading song file"), error, file}}, {}});
+                       wait({{}, {{tr("Error while reading song file"), error, file}}});
                    });
+}
+
+void SongCommands::editTitle()
+{
+    const auto title =
+        context_.dialogs.text(&context_.window, tr("Song Title"), tr("Title of the song:"),
+                              context_.session.title().isEmpty() ? context_.session.name() : context_.session.title());
+    if (title)
+        context_.session.setTitle(title->simplified());
+}
+
+// What happened to the file while this looked at it is not another program's.
+void SongCommands::checkFile()
+{
+    const auto &session = context_.session;
+    const auto file = session.file();
+    const auto known = session.fileStamp();
+    if (file.isEmpty() || checking_.isRunning() || isSaving() || isOpening())
+        return;
+    const auto tell = [=, this, &session](const QString &stamp) {
+        const bool isForeign = !stamp.isEmpty() && stamp != known && stamp != refusedStamp_;
+        if (isForeign && session.file() == file && session.fileStamp() == known && !isSaving() && !isOpening())
+            offerToReadAgain(stamp);
+    };
+    checking_.start([file](const TaskControl &) { return stampOf(file); }, tell,
+                    [](const QString &error) { qWarning("%s", qUtf8Printable(error)); });
+}
+
+// A song that is not saved stays; its next save asks.
+void SongCommands::offerToReadAgain(const QString &stamp)
+{
+    const auto file = context_.session.file();
+    if (context_.session.isUnsaved() || QApplication::activeModalWidget())
+        return;
+    refusedStamp_ = stamp;
+    const auto question =
+        tr("The song was changed by another program:\n%1\nWould you like to read it again?").arg(file);
+    if (context_.dialogs.ask(&context_.window, tr("Changed Song"), question) == Dialogs::Answer::Yes)
+        open(file);
 }
 
 void SongCommands::cancelOpening()
@@ -96,12 +136,12 @@ void SongCommands::cancelOpening()
 SongCommands::FoundSong SongCommands::read(const QString &path, const ReadingOptions &options,
                                            const std::stop_token &stop)
 {
-    FoundSong found;
-    found.stamp = stampOf(path);
+    const auto stamp = stampOf(path);
     const auto read = readSource({SongSource::Kind::SongFile, path}, options, stop);
-    found.errors = read.errors;
+    FoundSong found{{}, read.errors};
     if (read.song)
-        found.song = {*read.song, read.tracks, partsInTheirFiles(*read.song, stop), path};
+        found.song = {*read.song, read.tracks, partsInTheirFiles(*read.song, stop), path, OpenedSong::Origin::File,
+                      stamp};
     return found;
 }
 
@@ -133,7 +173,6 @@ void SongCommands::replaceWith(FoundSong found)
             part.instrument = context_.playback.instrumentNameFor(opened.tracks[i]);
     }
     context_.session.open(opened);
-    saving_.setKnownStamp(found.stamp);
     RecentFiles::add(context_.settings, {opened.file});
     showErrors(found);
 }

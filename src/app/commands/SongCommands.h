@@ -33,6 +33,9 @@ public:
     void save() { saving_.save(); }
     void saveAs() { saving_.saveAs(); }
     void savePartsToFolder() { folder_.save(); }
+    void editTitle();
+    // Offers to read the song again when another program changed its file and nothing would be lost.
+    void checkFile();
 
     // The instruments' names are known: from here on songs come into the window.
     void begin() { isReady_ = true; }
@@ -60,7 +63,6 @@ private:
     {
         std::optional<OpenedSong> song;
         QVector<ReadingError> errors;
-        QString stamp;
     };
 
     static FoundSong read(const QString &path, const ReadingOptions &options, const std::stop_token &stop);
@@ -68,6 +70,7 @@ private:
     void show(const FoundSong &found);
     void replaceWith(FoundSong found);
     void showErrors(const FoundSong &found);
+    void offerToReadAgain(const QString &stamp);
     void saveToLeave(const std::function<void()> &later);
     void onIdle();
 
@@ -77,6 +80,8 @@ private:
     SongSaving saving_;
     PartsFolder folder_;
     Task reading_;
+    Task checking_;
+    QString refusedStamp_;           // of a change that was told
     std::optional<FoundSong> found_; // waits until it can be shown
     QTimer waiting_;
     bool isReady_ = false;

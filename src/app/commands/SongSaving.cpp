@@ -52,11 +52,6 @@ QString writeSong(const Song &song, const QString &path)
 
 } // namespace
 
-SongSaving::SongSaving(const CommandContext &context) : context_(context)
-{
-    connect(&context_.session, &SongSession::opened, this, [this] { knownStamp_.clear(); });
-}
-
 void SongSaving::save(const Then &then)
 {
     start({Where::InItsFile, then});
@@ -109,7 +104,7 @@ void SongSaving::consider(const QString &path)
 {
     std::optional<QString> known;
     if (path == context_.session.file())
-        known = knownStamp_;
+        known = context_.session.fileStamp();
     const auto tell = [=, this](const QString &objection) {
         if (objection.isEmpty())
             write(path);
@@ -138,8 +133,7 @@ void SongSaving::write(const QString &path)
 {
     const auto song = context_.session.songToSave();
     const auto done = [=, this](const QString &stamp) {
-        knownStamp_ = stamp;
-        context_.session.markSaved(song, path);
+        context_.session.markSaved(song, path, stamp);
         RecentFiles::add(context_.settings, {path});
         emit saved({path});
         finish(true);

@@ -18,14 +18,11 @@ class SongSaving : public QObject
 public:
     using Then = std::function<void(bool isSaved)>; // not when the user cancelled, either
 
-    explicit SongSaving(const CommandContext &context);
+    explicit SongSaving(const CommandContext &context) : context_(context) {}
 
     void save(const Then &then = {}); // asks for a file when there is none
     void saveAs(const Then &then = {});
     bool isBusy() const { return !jobs_.isEmpty(); }
-
-    // The song file's stamp when the song was read from it.
-    void setKnownStamp(const QString &stamp) { knownStamp_ = stamp; }
 
 signals:
     void saving(const QString &path);
@@ -50,6 +47,5 @@ private:
 
     CommandContext context_;
     QQueue<Job> jobs_; // the first is under way
-    QString knownStamp_;
     Task task_;
 };

@@ -27,7 +27,7 @@ Track shownTrack(const SongPart &part, const std::stop_token &stop)
 OpenedSong readJournal(const QString &journal, const std::stop_token &stop)
 {
     const auto kept = JournalFolder::recover(journal);
-    OpenedSong opened{kept.song, {}, {}, kept.file, OpenedSong::Origin::Recovered};
+    OpenedSong opened{kept.song, {}, {}, kept.file, OpenedSong::Origin::Recovered, kept.fileStamp};
     for (const auto &part : kept.song.parts) {
         opened.tracks.append(shownTrack(part, stop));
         if (!part.path.isEmpty() && holdsText(part.path, part.abc))

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QUndoCommand>
 
 #include <algorithm>
 #include <utility>
@@ -38,6 +39,23 @@ bool hasSameMix(const SongTrack &a, const SongTrack &b)
 }
 
 } // namespace
+
+class TitleStep : public QUndoCommand
+{
+public:
+    TitleStep(SongSession &session, const QString &title)
+        : QUndoCommand(SongSession::tr("Change Song Title")), session_(session), before_(session.title()), after_(title)
+    {
+    }
+
+    void undo() override { session_.showTitle(before_); }
+    void redo() override { session_.showTitle(after_); }
+
+private:
+    SongSession &session_;
+    QString before_;
+    QString after_;
+};
 
 SongSession::SongSession(TrackList &tracks, QObject *parent) : QObject(parent), tracks_(tracks)
 {
@@ -118,6 +136,8 @@ bool SongSession::isBlank() const
 
 bool SongSession::isAsItCame() const
 {
+    if (!rest_.title.isEmpty()) // which no part's file holds
+        return false;
     int last = 0;
     for (const auto &track : tracks_.song()) {
         const auto seen = seen_.value(track->id);
@@ -191,6 +211,7 @@ void SongSession::reset()
 void SongSession::take(const OpenedSong &opened)
 {
     file_ = opened.file;
+    fileStamp_ = opened.fileStamp;
     isRecovered_ = opened.origin == OpenedSong::Origin::Recovered;
     rest_ = opened.song;
     QVector<OpenedTrack> tracks;
@@ -216,11 +237,24 @@ Song SongSession::songToSave()
     return song();
 }
 
-void SongSession::markSaved(const Song &written, const QString &file)
+void SongSession::markSaved(const Song &written, const QString &file, const QString &stamp)
 {
     saved_ = written;
     file_ = file;
+    fileStamp_ = stamp;
     isRecovered_ = false;
+    emit changed();
+}
+
+void SongSession::setTitle(const QString &title)
+{
+    if (title != rest_.title)
+        tracks_.history().push(new TitleStep(*this, title));
+}
+
+void SongSession::showTitle(const QString &title)
+{
+    rest_.title = title;
     emit changed();
 }
 

@@ -21,13 +21,15 @@ struct OpenedSong
     // Whether the file holds it as it is; what was recovered is not saved anywhere.
     enum class Origin { File, Recovered };
     Origin origin = Origin::File;
+    QString fileStamp = {}; // of the song file when it held the song, or what the song came from
 };
 
 // The window's song as one document: what is saved of it, where, and whether it is.
 //
 // The parts' notes and mix, their order and the history are the TrackList's. This adds what is no part of the history:
 // the master volume, drafts of editors, where the song was imported from, what a song file had that this program does
-// not show, and the song file itself. song() composes all of it; the parts' texts are shared, so that it costs little.
+// not show, and the song file itself; and the title, whose changes are steps of the history. song() composes all of it;
+// the parts' texts are shared, so that it costs little.
 //
 // - Whoever keeps something of every state (the journal) listens to changed(), and takes journalled().
 // - Whoever edits a part's text calls setDraft() while the text is not applied, and again with nothing when it is; a
@@ -43,9 +45,11 @@ public:
     explicit SongSession(TrackList &tracks, QObject *parent = nullptr); // the list outlives it
 
     Song song() const;
-    JournalledSong journalled() const { return {song(), file_, !isUnsaved()}; }
+    JournalledSong journalled() const { return {song(), file_, !isUnsaved(), fileStamp_}; }
     // The song file, absolute; empty while there is none.
     const QString &file() const { return file_; }
+    // The song file's stamp when it was read or written last; empty where that is not known.
+    const QString &fileStamp() const { return fileStamp_; }
     // For people: its title, or the name of its file or of what it was imported from; or else "Untitled".
     QString name() const;
     // Whether something would be lost now. A song without a song file is saved when all its parts are in their files,
@@ -67,8 +71,10 @@ public:
     // The same for all; then the song is as it is to be written.
     Song songToSave();
     // The file holds this song, which is the window's as it was when it was written.
-    void markSaved(const Song &written, const QString &file);
+    void markSaved(const Song &written, const QString &file, const QString &stamp = {});
 
+    const QString &title() const { return rest_.title; }    // may be empty; name() is not
+    void setTitle(const QString &title);                    // a step of the history
     int masterVolume() const { return rest_.masterVolume; } // percent
     void setMasterVolume(int percent);
     void addImport(const SongImported &imported);
@@ -82,6 +88,7 @@ signals:
     void aboutToSave(const QStringList &partIds);
 
 private:
+    friend class TitleStep;
     // How a part came into the window, and how it last was there.
     struct Seen
     {
@@ -101,6 +108,7 @@ private:
     void see(const std::shared_ptr<const SongTrack> &track);
     void reset();
     void take(const OpenedSong &opened);
+    void showTitle(const QString &title);
     SongPart partOf(const SongTrack &track) const;
     bool isAsSaved() const;
     bool isAsItCame() const;
@@ -112,6 +120,7 @@ private:
     QHash<QString, QString> drafts_;
     QHash<QString, Seen> seen_; // of removed parts, too
     QString file_;
+    QString fileStamp_;
     std::optional<Song> saved_; // what the song file holds
     mutable ComparedTexts compared_;
     bool isRecovered_ = false;

@@ -43,6 +43,12 @@ QSet<QString> idsOf(const SongTracks &song)
     return ids;
 }
 
+bool hasNotes(const Track &track)
+{
+    const auto &events = track.events();
+    return std::any_of(events.begin(), events.end(), [](const TrackEvent &event) { return event.isNote(); });
+}
+
 // How paths of one file are told to be the same.
 QString fileOf(const QString &path)
 {
@@ -182,13 +188,16 @@ std::shared_ptr<const SongTrack> TrackList::adopt(const NewTrack &added)
     track->id = nextId();
     track->track = shared(added.track);
     track->instrument = added.instrument;
+    track->isMuted = added.isMuted;
+    track->volume = added.volume;
+    track->pan = added.pan;
     rememberSaved(*track, added.track.filePath());
     return track;
 }
 
 void TrackList::rememberSaved(const SongTrack &track, const QString &path)
 {
-    if (!path.isEmpty() || track.track->noteCount() == 0)
+    if (!path.isEmpty() || !hasNotes(*track.track))
         saved_.insert(track.id, {path, fileOf(path), track.track});
 }
 

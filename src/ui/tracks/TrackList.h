@@ -17,6 +17,9 @@ struct NewTrack
 {
     Track track; // with its file path when that file holds it as it is
     QString instrument;
+    bool isMuted = false;
+    int volume = 100; // as in SongTrack
+    int pan = 0;
 };
 
 // A track of a song that is opened.
