@@ -39,17 +39,23 @@ public:
         return numerator_ * other.denominator_ <=> other.numerator_ * denominator_;
     }
 
-    constexpr qint64 floor() const { return numerator_ / denominator_; }
-    constexpr Ticks rounded() const { return (2 * numerator_ + denominator_) / (2 * denominator_); }
+    constexpr bool isWhole() const { return denominator_ == 1; }
+    constexpr qint64 floor() const { return isWhole() ? numerator_ : numerator_ / denominator_; }
+    constexpr Ticks rounded() const
+    {
+        return isWhole() ? numerator_ : (2 * numerator_ + denominator_) / (2 * denominator_);
+    }
 
 private:
     static constexpr qint64 limit = qint64(1) << 30;
 
     constexpr void reduce()
     {
-        const auto divisor = std::gcd(numerator_, denominator_);
-        numerator_ /= divisor;
-        denominator_ /= divisor;
+        if (!isWhole()) { // nearly all are
+            const auto divisor = std::gcd(numerator_, denominator_);
+            numerator_ /= divisor;
+            denominator_ /= divisor;
+        }
         if (numerator_ >= limit || denominator_ >= limit) {
             numerator_ = std::min(limit - 1, (numerator_ + denominator_ / 2) / denominator_);
             denominator_ = 1;

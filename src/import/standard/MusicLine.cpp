@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <algorithm>
+#include <string_view>
 
 namespace {
 
@@ -369,17 +370,17 @@ bool MusicLineReader::readNote()
     const auto begin = at_;
     WrittenPitch pitch;
     pitch.accidental = readAccidental();
-    const auto letters = QStringLiteral("CDEFGABcdefgab");
-    const auto index = at_ < line_.size() ? int(letters.indexOf(peek())) : -1;
-    if (index < 0) {
+    constexpr std::u16string_view letters = u"CDEFGABcdefgab";
+    const auto index = letters.find(peek().unicode());
+    if (index == letters.npos) {
         if (at_ == begin)
             return false;
         listener_.unreadable(line_.mid(begin, at_ - begin));
         return true;
     }
     ++at_;
-    pitch.letter = index % 7;
-    pitch.octave = index / 7;
+    pitch.letter = int(index % 7);
+    pitch.octave = int(index / 7);
     for (; peek() == u',' || peek() == u'\''; ++at_)
         pitch.octave = std::clamp(pitch.octave + (peek() == u',' ? -1 : 1), -9, 9);
     voice().note(pitch, readLength());

@@ -193,6 +193,7 @@ public:
     Performer(const QVector<ScoreItem> &items, GraceNotes graces, const std::stop_token &stop)
         : items_(items), graces_(graces), stop_(stop)
     {
+        performed_.notes.reserve(items.size());
     }
 
     PerformedVoice perform(const QString &partOrder)

@@ -2,6 +2,8 @@
 
 #include "import/standard/Fraction.h"
 
+#include <QTypeInfo>
+
 #include <vector>
 
 // A voice as it is written, before repeats are played: what sounds and what steers the order, one item after the other.
@@ -36,3 +38,5 @@ struct ScoreItem
     quint32 second = 0;            // Key: mode, Metre and Tempo: denominator
     quint32 perMinute = 0;         // Tempo
 };
+
+Q_DECLARE_TYPEINFO(ScoreItem, Q_MOVABLE_TYPE);

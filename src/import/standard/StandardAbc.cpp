@@ -51,7 +51,8 @@ void TuneConversion::addVoice(const Voice &voice, const PerformedVoice &performe
     auto report = performed.report;
     Track track;
     writeHeader(track, voice);
-    track.editEvents() = tempos_ + performed.changes;
+    track.editEvents().reserve(tempos_.size() + performed.changes.size() + performed.notes.size());
+    track.editEvents() += tempos_ + performed.changes;
     for (const auto &note : performed.notes) {
         if (isPlayable(note.pitch()))
             track.appendEvent(note);

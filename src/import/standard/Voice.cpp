@@ -1,5 +1,7 @@
 #include "import/standard/Voice.h"
 
+#include <utility>
+
 namespace {
 
 constexpr std::array<int, 7> naturalPitchClass{0, 2, 4, 5, 7, 9, 11};
@@ -29,10 +31,8 @@ int Voice::sounding(const WrittenPitch &pitch)
         if (settings.reach != AccidentalReach::Note)
             accidentals_[place] = semitones;
     }
-    if (!isInGraces_) {
-        lastSteps_.append(step);
-        lastAccidentals_.append(semitones);
-    }
+    if (!isInGraces_)
+        lastSteps_.push_back({step, semitones});
     return middleC + 12 * pitch.octave + naturalPitchClass[size_t(pitch.letter)] + semitones +
            settings.shift.semitones() + settings.playedTranspose;
 }
@@ -71,7 +71,6 @@ void Voice::beginSound()
         tiedOver_.insert(tiedSemitones_.begin(), tiedSemitones_.end());
     tiedSemitones_.clear();
     lastSteps_.clear();
-    lastAccidentals_.clear();
 }
 
 // The first note says how far time moves on; each keeps its own length.
@@ -85,31 +84,30 @@ void Voice::endChord(const Fraction &factor)
         note.length = note.length * factor;
     if (isInGraces_)
         return;
-    addSound(notes, notes.front().length);
+    const auto duration = notes.front().length;
+    addSound(std::move(notes), duration);
 }
 
 // In a chord it ties the note before it, behind the chord all of them.
 void Voice::tie()
 {
-    const auto remember = [this](qsizetype index) {
-        tiedSemitones_[lastSteps_[int(index)]] = lastAccidentals_[int(index)];
-    };
+    const auto remember = [this](const SoundedStep &last) { tiedSemitones_[last.step] = last.semitones; };
     if (isInGraces_)
         return;
     if (chord_) {
         if (chord_->empty())
             return;
         chord_->back().isTied = true;
-        if (!lastSteps_.isEmpty())
-            remember(lastSteps_.size() - 1);
+        if (!lastSteps_.empty())
+            remember(lastSteps_.back());
         return;
     }
     if (lastSound_ < 0)
         return;
     for (auto &note : items_[int(lastSound_)].notes)
         note.isTied = true;
-    for (qsizetype i = 0; i < lastSteps_.size(); ++i)
-        remember(i);
+    for (const auto &last : lastSteps_)
+        remember(last);
 }
 
 void Voice::rest(const Fraction &units)
@@ -137,13 +135,12 @@ void Voice::stretch(ScoreItem &item, const Fraction &factor)
         note.length = note.length * factor;
 }
 
-void Voice::addSound(const std::vector<ScoreNote> &notes, Fraction duration)
+void Voice::addSound(std::vector<ScoreNote> notes, Fraction duration)
 {
     ScoreItem item;
     item.duration = duration;
-    item.notes = notes;
-    item.graces = graces_;
-    graces_.clear();
+    item.notes = std::move(notes);
+    item.graces = std::exchange(graces_, {});
     if (tuplet_.notesLeft > 0) {
         --tuplet_.notesLeft;
         stretch(item, tuplet_.ratio);
@@ -151,7 +148,7 @@ void Voice::addSound(const std::vector<ScoreNote> &notes, Fraction duration)
     stretch(item, nextFactor_);
     nextFactor_ = 1;
     lastSound_ = items_.size();
-    items_.append(item);
+    items_.append(std::move(item));
     hasMusic_ = true;
     tiedOver_.clear();
 }

@@ -67,20 +67,24 @@ private:
         Fraction ratio;
         int notesLeft = 0;
     };
+    struct SoundedStep
+    {
+        int step = 0;      // letter and octave
+        int semitones = 0; // its accidental
+    };
     void beginSound();
     int sounding(const WrittenPitch &pitch);
     ScoreNote scoreNote(const WrittenPitch &pitch, const Fraction &units);
-    void addSound(const std::vector<ScoreNote> &notes, Fraction duration);
+    void addSound(std::vector<ScoreNote> notes, Fraction duration);
     void stretch(ScoreItem &item, const Fraction &factor);
 
     QVector<ScoreItem> items_;
     std::optional<std::vector<ScoreNote>> chord_;
-    std::vector<ScoreNote> graces_;    // before the next notes
-    std::map<int, int> accidentals_;   // of this measure, by letter or by letter and octave
-    std::map<int, int> tiedSemitones_; // accidentals that ties carry, by letter and octave
-    std::map<int, int> tiedOver_;      // those of them that crossed a bar line
-    QVector<int> lastSteps_;           // letter and octave of the notes that a tie may follow
-    QVector<int> lastAccidentals_;
+    std::vector<ScoreNote> graces_;      // before the next notes
+    std::map<int, int> accidentals_;     // of this measure, by letter or by letter and octave
+    std::map<int, int> tiedSemitones_;   // accidentals that ties carry, by letter and octave
+    std::map<int, int> tiedOver_;        // those of them that crossed a bar line
+    std::vector<SoundedStep> lastSteps_; // of the notes that a tie may follow
     Tuplet tuplet_;
     Fraction nextFactor_ = 1; // of broken rhythm
     qsizetype lastSound_ = -1;
