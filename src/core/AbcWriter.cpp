@@ -8,7 +8,6 @@
 #include <array>
 #include <limits>
 #include <numeric>
-#include <string>
 
 namespace {
 
@@ -19,7 +18,7 @@ class LengthTexts
 public:
     explicit LengthTexts(Ticks unitLength) : unitLength_(unitLength) {}
 
-    const std::u16string &of(Ticks length)
+    const QString &of(Ticks length)
     {
         auto &slot = slots_[(quint64(length) * 0x9E3779B97F4A7C15U) >> 57];
         if (slot.length != length)
@@ -31,10 +30,10 @@ private:
     struct Slot
     {
         Ticks length = -1;
-        std::u16string text;
+        QString text;
     };
 
-    std::u16string written(Ticks length) const
+    QString written(Ticks length) const
     {
         const auto divisor = std::gcd(length, unitLength_);
         const auto numerator = length / divisor;
@@ -46,7 +45,7 @@ private:
             text += u'/';
         if (denominator > 2)
             text += QString::number(denominator);
-        return text.toStdU16String();
+        return text;
     }
 
     Ticks unitLength_;
@@ -90,22 +89,21 @@ private:
     void writeFieldOnOwnLine(const TrackEvent &event);
     qsizetype writeGroup(qsizetype first);
     void writeNote(TrackEvent &note);
-    void write(QStringView text) { text_.append(text.utf16(), size_t(text.size())); }
-    void writeRun(char16_t c, int count) { text_.append(size_t(std::max(count, 0)), c); }
-    void writeLength(Ticks length) { text_ += lengthTexts_.of(length); }
+    void writeRun(char16_t c, int count);
+    void writeLength(Ticks length);
     void writeGap(Ticks start);
     void endLine();
     bool lineHoldsText() const { return text_.size() > lineBegin_; }
 
     Track &track_;
-    std::u16string text_;
+    QString text_;
     TrackEvent *events_;
     qsizetype eventCount_;
     LengthTexts lengthTexts_;
     WrittenAccidentals accidentals_;
     quint32 keyRow_;
     quint32 line_ = 0;
-    size_t lineBegin_ = 0;
+    qsizetype lineBegin_ = 0;
     Ticks cursor_ = 0;    // music is written up to here
     Ticks lineStart_ = 0; // where the current line of music began
 };
@@ -128,6 +126,18 @@ void AbcWriter::addMissingFields()
     setDefault(QStringLiteral("K"), QStringLiteral("C"));
 }
 
+void AbcWriter::writeRun(char16_t c, int count)
+{
+    for (; count > 0; --count)
+        text_ += c;
+}
+
+void AbcWriter::writeLength(Ticks length)
+{
+    for (const auto c : lengthTexts_.of(length)) // two or three, which is faster one by one
+        text_ += c;
+}
+
 void AbcWriter::endLine()
 {
     text_ += u'\n';
@@ -137,9 +147,7 @@ void AbcWriter::endLine()
 
 void AbcWriter::writeField(QStringView letter, QStringView value)
 {
-    write(letter);
-    text_ += u": ";
-    write(value);
+    text_.append(letter).append(QStringLiteral(": ")).append(value);
     endLine();
 }
 
@@ -261,7 +269,7 @@ void AbcWriter::writeGap(Ticks start)
 
 QString AbcWriter::write()
 {
-    text_.reserve(512 + 6 * size_t(eventCount_));
+    text_.reserve(512 + 6 * int(eventCount_));
     writeHeader();
     for (qsizetype i = 0; i < eventCount_;) {
         writeGap(events_[i].start());
@@ -278,7 +286,7 @@ QString AbcWriter::write()
     }
     if (lineHoldsText())
         endLine();
-    return QStringView(text_).toString(); // copies; fromStdU16String() would decode
+    return text_;
 }
 
 } // namespace

@@ -6,12 +6,12 @@
 
 namespace {
 
-bool sortsBefore(const TrackEvent &a, const TrackEvent &b)
-{
+// Not a function, as the sorting would call it by its address then.
+constexpr auto sortsBefore = [](const TrackEvent &a, const TrackEvent &b) {
     const auto startA = quint64(a.start());
     const auto startB = quint64(b.start());
     return startA != startB ? startA < startB : quint64(a.length()) < quint64(b.length());
-}
+};
 
 // Whether normalize() drops the event, given the one after it (null for the last) and the tempo in force before it.
 bool isRedundant(const TrackEvent &event, const TrackEvent *next, qint64 runningTempo)
