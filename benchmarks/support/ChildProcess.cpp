@@ -42,7 +42,8 @@ ChildProcess ChildProcess::run(const QStringList &command)
     int status = 0;
     rusage usage = {};
     wait4(child, &status, 0, &usage);
-    return {WIFEXITED(status) && WEXITSTATUS(status) == 0, seconds(usage.ru_utime) + seconds(usage.ru_stime)};
+    return {WIFEXITED(status) && WEXITSTATUS(status) == 0, seconds(usage.ru_utime) + seconds(usage.ru_stime),
+            seconds(usage.ru_utime)};
 }
 
 double ChildProcess::startSeconds(const QStringList &command)

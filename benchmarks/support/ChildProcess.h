@@ -7,6 +7,7 @@ struct ChildProcess
 {
     bool succeeded = false; // ended by itself with status 0
     double cpuSeconds = 0;  // user and system time
+    double userSeconds = 0; // without what the system did for it, such as writing files
 
     // Waits for the end of the program. Its output is thrown away.
     static ChildProcess run(const QStringList &command);
