@@ -5,6 +5,7 @@
 #include "app/commands/About.h"
 #include "app/recovery/RecoveryDialog.h"
 #include "support/GatedEngine.h"
+#include "support/MidiBytes.h"
 #include "ui/InstrumentComboBox.h"
 #include "ui/Theme.h"
 #include "ui/editor/AbcEditorWindow.h"
@@ -213,6 +214,50 @@ void takeDraft(WindowFixture &fixture)
     editor.close();
 }
 
+// What an import lost, and what is asked before one.
+void takeImports(WindowFixture &fixture)
+{
+    using namespace MidiBytes;
+    QByteArray lossy = midiEvent(0, {0xC0, 40});
+    for (int note = 0; note < 40; ++note) {
+        const int pitch = 60 + note * 5 % 12;
+        lossy += noteOn(97, pitch) + noteOn(90, pitch) + noteOff(100, pitch) + noteOn(0, 110, 90, 9) +
+                 noteOff(9, 110, 9) + noteOn(0, 40, 90, 9) + noteOff(30, 40, 9) + noteOn(0, 50, 3);
+    }
+    auto &dialogs = fixture.dialogs();
+    dialogs.answerOrCancel = Dialogs::Answer::Yes;
+    fixture.import(fixture.write("lossy.mid", file({lossy + endOfTrack()})), 2);
+    fixture.child<QDockWidget>("dockImportReport")->show();
+    take(fixture.window(), "import-report");
+
+    dialogs.inDialog = [](QDialog &dialog) {
+        take(dialog, "import-again");
+        dialog.reject();
+    };
+    fixture.trigger("actionImport_Again");
+    const QByteArray tune("M:4/4\nL:1/4\nK:C\n|:CDEF:|\n");
+    dialogs.files = QStringList(fixture.write("book.abc", "X:1\nT:The Mill\n" + tune + "\nX:2\nT:The Weir\n" + tune));
+    dialogs.foreignAnswer = Dialogs::ForeignAnswer::Convert;
+    dialogs.inDialog = [](QDialog &dialog) {
+        take(dialog, "choose-tunes");
+        dialog.accept();
+    };
+    fixture.trigger("actionOpen");
+    while (fixture.window().isLoading())
+        QTest::qWait(50);
+    QTest::qWait(200);
+    take(fixture.window(), "import-report-abc");
+    QTimer::singleShot(0, qApp, [] {
+        take(*QApplication::activeModalWidget(), "foreign-question");
+        QApplication::activeModalWidget()->close();
+    });
+    DesktopDialogs().askAboutForeign(
+        &fixture.window(), QStringLiteral("Open Tracks"),
+        QStringLiteral(
+            "book.abc uses notation that the game reads otherwise: repeats, tempo.\n\nConverted for the game, "
+            "it sounds as it is written. Opened as it is, it stays the same text and file."));
+}
+
 void takeAll(const QString &game, const QStringList &songs)
 {
     WindowFixture fixture(game);
@@ -245,6 +290,7 @@ void takeAll(const QString &game, const QStringList &songs)
     takeRecovery(window);
     takeDraft(fixture);
     takeLoading(fixture, songs);
+    takeImports(fixture);
 }
 
 } // namespace

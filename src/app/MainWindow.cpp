@@ -123,8 +123,6 @@ void MainWindow::connectParts()
     connect(&journal_, &SessionJournal::problemChanged, &status_, &StatusIndicators::showJournalProblem);
     connect(&session_, &SongSession::opened, this, &MainWindow::showSong);
     connect(&songs_, &SongCommands::leaving, this, &MainWindow::stopArrivals);
-    connect(&importQueue_, &ImportQueue::added, this,
-            [this](const ImportRequest &, const ReadSong &song) { noteImport(song); });
     connect(&importQueue_, &ImportQueue::added, reports_,
             [this](const ImportRequest &request, const ReadSong &song, const QStringList &ids) {
                 if (!request.sources.isEmpty())
@@ -209,6 +207,8 @@ void MainWindow::updateActions()
             return isSelected;
         case Available::ToWorkOn:
             return isSelected && !trackCommands_.isWorking();
+        case Available::WithImports:
+            return import_.canImportAgain();
         case Available::WhilePlaying:
             return playback_.isPlaying();
         }
@@ -232,16 +232,6 @@ void MainWindow::stopArrivals()
 {
     trackCommands_.cancelWork();
     importQueue_.reading().cancel();
-}
-
-void MainWindow::noteImport(const ReadSong &song)
-{
-    const auto settings = importSettings([this](Settings::Setting setting) { return settings_.value(setting); });
-    for (const auto &file : song.readFiles) {
-        const auto kind = sourceOf(file).kind;
-        if (kind == SongSource::Kind::MidiFile || kind == SongSource::Kind::TextFile)
-            session_.addImport({QDir::cleanPath(QFileInfo(file).absoluteFilePath()), settings, {}});
-    }
 }
 
 // What belongs to the whole song.

@@ -83,6 +83,7 @@ public slots:
     void onMergeTracks();
     void onRemoveSelectedTracks();
     void onImportClipboard();
+    void onImportAgain();
     void onSelectAll();
     void onDeselectAll();
     void onInvertSelection();
@@ -151,7 +152,6 @@ private:
     void updateActions();
     void showTitle();
     void showSong();
-    void noteImport(const ReadSong &song);
     void showPlace(const ReportedPlace &place);
     void stopArrivals();
     void comeBack();

@@ -69,6 +69,11 @@ void MainWindow::onImportClipboard()
     import_.importClipboard();
 }
 
+void MainWindow::onImportAgain()
+{
+    import_.importAgain();
+}
+
 void MainWindow::onSelectAll()
 {
     tracks_.selectAll();

@@ -45,7 +45,7 @@ void makeMenus(QMainWindow &window, const WindowActions &actions, ImportCommands
     addRecentMenu(file, import, settings);
     auto *const imports = addMenu(file, "menuImport", "Import");
     imports->setIcon(icon("import"));
-    actions.addTo(*imports, "actionImport_MIDI actionImport_from_Clipboard");
+    actions.addTo(*imports, "actionImport_MIDI actionImport_from_Clipboard actionImport_Again -");
     auto *const exports = addMenu(file, "menuExport", "Export");
     exports->setIcon(icon("export"));
     actions.addTo(*exports, "actionExport_to_Wav");

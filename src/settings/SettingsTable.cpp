@@ -57,6 +57,7 @@ const std::array<Row, settingCount> &rows()
         {MidiCleanQuantise, "midi/cleanQuantise", Type::Boolean, "false"}, // instead of realigning
         {ChooseParts, "import/chooseParts", Type::Boolean, "true"},
         {ProgramInstrument, "instruments/forPrograms", Type::Text, ""}, // see ProgramInstruments.h
+        {AbcForeign, "abc/foreign", Type::Integer, "0"},                // see ForeignAbc
     }};
     return table;
 }

@@ -58,6 +58,7 @@ enum Setting {
     MidiCleanQuantise,
     ChooseParts,
     ProgramInstrument,
+    AbcForeign,
     settingCount
 };
 

@@ -21,6 +21,7 @@ struct SongPart
     int pan = 0;                  // -100 left … 100 right
     bool isMuted = false;
     QString path;       // of the ABC file that it was read from or saved to, absolute and clean; may be empty
+    QString import;     // the id of the import that it came from; empty, or that of none, when it is not known
     QJsonObject others; // members of the song file that only a newer version knows
 
     bool operator==(const SongPart &) const = default;
@@ -42,6 +43,7 @@ struct SongImported
     QString path; // absolute and clean; empty for the clipboard
     QJsonObject settings;
     QJsonObject others; // as in SongPart
+    QString id = {};    // its own in its song, "I1", "I2", …; older songs have none
 
     bool operator==(const SongImported &) const = default;
 };

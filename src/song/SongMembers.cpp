@@ -58,6 +58,8 @@ QJsonValue importsValue(const Song &song)
         object[key("settings")] = imported.settings;
         if (!imported.path.isEmpty())
             object[key("file")] = imported.path;
+        if (!imported.id.isEmpty())
+            object[key("id")] = imported.id;
         imports.append(object);
     }
     return imports.isEmpty() ? QJsonValue(QJsonValue::Undefined) : imports;
@@ -73,7 +75,8 @@ void readImports(Song &song, const QJsonValue &value)
         const auto settings = object[key("settings")];
         song.imports.append({optionalTextOf("file", object[key("file")]),
                              settings.isUndefined() ? QJsonObject() : objectOf("settings", settings),
-                             without(object, {key("file"), key("settings")})});
+                             without(object, {key("file"), key("settings"), key("id")}),
+                             optionalTextOf("id", object[key("id")])});
     }
 }
 
@@ -204,6 +207,8 @@ const std::vector<SongMember<SongPart>> &partMembers()
          [](SongPart &part, const QJsonValue &value) { part.isMuted = flagOf("muted", value); }},
         {"file", [](const SongPart &part) { return unlessEmpty(part.path); },
          [](SongPart &part, const QJsonValue &value) { part.path = optionalTextOf("file", value); }},
+        {"import", [](const SongPart &part) { return unlessEmpty(part.import); },
+         [](SongPart &part, const QJsonValue &value) { part.import = optionalTextOf("import", value); }},
     };
     return members;
 }

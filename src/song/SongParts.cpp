@@ -52,6 +52,17 @@ QString freeId(const Song &song)
     return QStringLiteral("T%1").arg(last + 1);
 }
 
+QString freeImportId(const QVector<SongImported> &imports)
+{
+    QSet<QString> taken;
+    for (const auto &imported : imports)
+        taken.insert(imported.id);
+    int number = 1;
+    while (taken.contains(QStringLiteral("I%1").arg(number)))
+        ++number;
+    return QStringLiteral("I%1").arg(number);
+}
+
 QStringList fileNames(const Song &song, const QString &songName)
 {
     QSet<QString> taken;

@@ -22,6 +22,9 @@ Track silentTrackOf(const SongPart &part);
 // "T1", "T2", …: the first number behind all that the song has.
 QString freeId(const Song &song);
 
+// "I1", "I2", …: the first that none of them has.
+QString freeImportId(const QVector<SongImported> &imports);
+
 // A file name for each part, "<song> - <part>.abc"; those that a file system takes for the same are numbered.
 QStringList fileNames(const Song &song, const QString &songName);
 

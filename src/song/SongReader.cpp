@@ -103,13 +103,14 @@ private:
     void readByText(const QString &text);
     void readAbc(const QString &text);
     void readGameAbc(const QString &text);
+    QVector<StandardTune> standardTunes(const QString &text);
     bool readStandardAbc(const QString &text);
     void takeStandard(const QVector<StandardTune> &tunes, const QStringList &differences);
     void readTune(const QString &text);
     void readSong(const QByteArray &bytes, const QString &folder);
     void readBytes(const QByteArray &bytes);
     void take(ImportResult result);
-    void add(Track track, const PartReport &report);
+    void add(Track track, const PartReport &report, int tune = -1);
     bool areToBeShown() const { return options_.tracks == ReadingOptions::Tracks::ToBeShown; }
     void readMidi(const QByteArray &bytes)
     {
@@ -192,10 +193,22 @@ void SourceReader::readAbc(const QString &text)
         readGameAbc(text);
 }
 
+// What the standard cannot read at all is left to the game, unless it is asked for.
+QVector<StandardTune> SourceReader::standardTunes(const QString &text)
+{
+    try {
+        return importStandardAbc(text, {}, stop_);
+    } catch (const QString &) {
+        if (options_.abc == AbcDialect::Standard)
+            throw;
+        return {};
+    }
+}
+
 // Whether the text was read: left alone, it means the same to the game.
 bool SourceReader::readStandardAbc(const QString &text)
 {
-    const auto tunes = importStandardAbc(text, {}, stop_);
+    const auto tunes = standardTunes(text);
     QVector<Track> asTheGameReads;
     for (const auto &tune : tunesOf(text)) {
         try {
@@ -217,14 +230,18 @@ void SourceReader::takeStandard(const QVector<StandardTune> &tunes, const QStrin
     if (!differences.isEmpty())
         song_.remark += translated(" for its %1").arg(differences.join(QStringLiteral(", ")));
     TuneErrors errors;
+    ConvertedAbc converted{0, differences, {}};
     for (const auto &tune : tunes) {
+        const auto number = int(converted.tunes.size());
+        converted.tunes.append(translated("%1. %2").arg(tune.number, tune.title));
         if (!tune.error.isEmpty())
             errors.add(translated("Tune %1: %2").arg(tune.number, tune.error));
         song_.report->outOfRange += tune.outOfRange;
         song_.elsewhere.add(tune.silent);
         for (const auto &voice : tune.voices)
-            add(voice.track, voice.report);
+            add(voice.track, voice.report, number);
     }
+    song_.converted.append(converted);
     errors.throwIfAny();
 }
 
@@ -296,7 +313,7 @@ void SourceReader::take(ImportResult result)
         throw translated("There are no notes in it.");
 }
 
-void SourceReader::add(Track track, const PartReport &report)
+void SourceReader::add(Track track, const PartReport &report, int tune)
 {
     throwIfStopped(stop_);
     if (areToBeShown())
@@ -304,6 +321,7 @@ void SourceReader::add(Track track, const PartReport &report)
     song_.tracks.append(std::move(track));
     song_.parts.append(report);
     song_.sources.append(0);
+    song_.tunes.append(tune);
 }
 
 void append(ReadSong &song, const ReadSong &read, int number)
@@ -318,33 +336,74 @@ void append(ReadSong &song, const ReadSong &read, int number)
     if (song.remark.isEmpty())
         song.remark = read.remark;
     song.sources += QVector<int>(read.tracks.size(), number);
+    song.tunes += read.tunes;
+    for (auto converted : read.converted) {
+        converted.source = number;
+        song.converted.append(converted);
+    }
+}
+
+} // namespace
+
+namespace {
+
+struct MidiFlag
+{
+    SettingsTable::Setting setting;
+    bool MidiImportOptions::*member;
+};
+constexpr MidiFlag midiFlags[] = {
+    {SettingsTable::MidiMergeChannels, &MidiImportOptions::mergeChannels},
+    {SettingsTable::MidiAutoRealign, &MidiImportOptions::autoRealign},
+    {SettingsTable::MidiPitchBend, &MidiImportOptions::pitchBend},
+    {SettingsTable::MidiAutoDetectUnitLength, &MidiImportOptions::autoDetectUnitLength},
+    {SettingsTable::MidiProcessVolume, &MidiImportOptions::processVolume},
+    {SettingsTable::MidiEndRestruck, &MidiImportOptions::endRestruck},
+    {SettingsTable::MidiSustainPedal, &MidiImportOptions::sustainPedal},
+    {SettingsTable::MidiSplitPrograms, &MidiImportOptions::splitPrograms},
+    {SettingsTable::MidiTrackNames, &MidiImportOptions::trackNames},
+    {SettingsTable::MidiFoldOctaves, &MidiImportOptions::foldOctaves},
+    {SettingsTable::MidiExactTempo, &MidiImportOptions::exactTempo},
+    {SettingsTable::MidiReadAllChunks, &MidiImportOptions::readAllChunks},
+    {SettingsTable::MidiMergedUnitLength, &MidiImportOptions::mergedUnitLength},
+};
+
+QVariant settingOf(const ReadingOptions &options, SettingsTable::Setting setting)
+{
+    for (const auto &flag : midiFlags) {
+        if (flag.setting == setting)
+            return options.midi.*flag.member;
+    }
+    if (setting == SettingsTable::MidiVelocityGate)
+        return options.midi.velocityGate;
+    return setting == SettingsTable::MidiCleanQuantise ? QVariant(options.cleanQuantise)
+                                                       : SettingsTable::defaultValue(setting);
 }
 
 } // namespace
 
 ReadingOptions readingOptions(const std::function<QVariant(SettingsTable::Setting)> &setting)
 {
-    using namespace SettingsTable;
-    const auto flag = [&](Setting which) { return setting(which).toBool(); };
     ReadingOptions options;
-    auto &midi = options.midi;
-    midi.mergeChannels = flag(MidiMergeChannels);
-    midi.autoRealign = flag(MidiAutoRealign);
-    midi.pitchBend = flag(MidiPitchBend);
-    midi.autoDetectUnitLength = flag(MidiAutoDetectUnitLength);
-    midi.processVolume = flag(MidiProcessVolume);
-    midi.velocityGate = setting(MidiVelocityGate).toInt();
-    midi.endRestruck = flag(MidiEndRestruck);
-    midi.sustainPedal = flag(MidiSustainPedal);
-    midi.splitPrograms = flag(MidiSplitPrograms);
-    midi.trackNames = flag(MidiTrackNames);
-    midi.foldOctaves = flag(MidiFoldOctaves);
-    midi.exactTempo = flag(MidiExactTempo);
-    midi.readAllChunks = flag(MidiReadAllChunks);
-    midi.mergedUnitLength = flag(MidiMergedUnitLength);
-    options.cleanQuantise = flag(MidiCleanQuantise);
-    options.mml.autoDetectUnitLength = midi.autoDetectUnitLength;
+    for (const auto &flag : midiFlags)
+        options.midi.*flag.member = setting(flag.setting).toBool();
+    options.midi.velocityGate = setting(SettingsTable::MidiVelocityGate).toInt();
+    options.cleanQuantise = setting(SettingsTable::MidiCleanQuantise).toBool();
+    options.mml.autoDetectUnitLength = options.midi.autoDetectUnitLength;
     return options;
+}
+
+ReadingOptions readingOptions(const QJsonObject &settings)
+{
+    return readingOptions([&](SettingsTable::Setting setting) {
+        const auto value = settings[QLatin1String(SettingsTable::rows()[setting].key)];
+        return value.isUndefined() ? SettingsTable::defaultValue(setting) : value.toVariant();
+    });
+}
+
+QJsonObject importSettings(const ReadingOptions &options)
+{
+    return importSettings([&](SettingsTable::Setting setting) { return settingOf(options, setting); });
 }
 
 QJsonObject importSettings(const std::function<QVariant(SettingsTable::Setting)> &setting)

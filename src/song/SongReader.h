@@ -35,14 +35,24 @@ struct ReadingOptions
 };
 ReadingOptions readingOptions(const std::function<QVariant(SettingsTable::Setting)> &setting);
 
-// The same settings by their keys, for SongImported.
+// The same settings by their keys, for SongImported, and back; what is missing is as by default.
 QJsonObject importSettings(const std::function<QVariant(SettingsTable::Setting)> &setting);
+QJsonObject importSettings(const ReadingOptions &options);
+ReadingOptions readingOptions(const QJsonObject &settings);
 
 struct ReadingError
 {
     QString title;
     QString text;
     QString path = {}; // of the file; empty when there is none
+};
+
+// An ABC source that was read as the standard has it.
+struct ConvertedAbc
+{
+    int source = 0;          // its number among those that were asked for
+    QStringList differences; // what the game reads otherwise
+    QStringList tunes;       // names for people
 };
 
 struct ReadSong
@@ -57,6 +67,8 @@ struct ReadSong
     PartReport elsewhere = {};               // what was found where no note became part of a track
     QHash<int, SongPart> songParts = {};     // of those tracks that are parts of a song file
     QVector<int> sources = {};               // of the tracks, by their number among those that were asked for
+    QVector<ConvertedAbc> converted = {};    // those of the sources
+    QVector<int> tunes = {};                 // of the tracks, by their number in a converted source; -1 in others
 };
 
 // No file and no input may be longer, in bytes; song files have a bound of their own.

@@ -148,6 +148,22 @@ Dialogs::DraftAnswer DesktopDialogs::askAboutDraft(QWidget *parent, const QStrin
     return box.clickedButton() == discard ? DraftAnswer::Discard : DraftAnswer::Fix;
 }
 
+std::optional<Dialogs::ForeignAnswer> DesktopDialogs::askAboutForeign(QWidget *parent, const QString &title,
+                                                                      const QString &text)
+{
+    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Cancel, parent);
+    box.setTextFormat(Qt::PlainText);
+    auto *const convert =
+        box.addButton(QCoreApplication::translate("Dialogs", "&Convert for the Game"), QMessageBox::AcceptRole);
+    const auto *const open =
+        box.addButton(QCoreApplication::translate("Dialogs", "&Open as It Is"), QMessageBox::AcceptRole);
+    box.setDefaultButton(convert);
+    box.exec();
+    if (box.clickedButton() == convert)
+        return ForeignAnswer::Convert;
+    return box.clickedButton() == open ? std::optional(ForeignAnswer::OpenAsItIs) : std::nullopt;
+}
+
 bool DesktopDialogs::run(QDialog &dialog)
 {
     return dialog.exec() == QDialog::Accepted;

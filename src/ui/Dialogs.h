@@ -20,6 +20,7 @@ public:
     enum class CloseAnswer { Save, Discard, Cancel };
     enum class OverwriteAnswer { Overwrite, SaveAs, Cancel };
     enum class DraftAnswer { Fix, KeepAsDraft, Discard };
+    enum class ForeignAnswer { Convert, OpenAsItIs };
 
     virtual ~Dialogs() = default;
 
@@ -41,6 +42,8 @@ public:
     virtual CloseAnswer askToSave(QWidget *parent, const QString &title, const QString &text) = 0;
     virtual OverwriteAnswer askToOverwrite(QWidget *parent, const QString &title, const QString &text) = 0;
     virtual DraftAnswer askAboutDraft(QWidget *parent, const QString &title, const QString &text) = 0;
+    virtual std::optional<ForeignAnswer> askAboutForeign(QWidget *parent, const QString &title,
+                                                         const QString &text) = 0;
 
     // Shows a dialog that somebody else made, and waits; whether it was accepted.
     virtual bool run(QDialog &dialog) = 0;
@@ -67,6 +70,7 @@ public:
     CloseAnswer askToSave(QWidget *parent, const QString &title, const QString &text) override;
     OverwriteAnswer askToOverwrite(QWidget *parent, const QString &title, const QString &text) override;
     DraftAnswer askAboutDraft(QWidget *parent, const QString &title, const QString &text) override;
+    std::optional<ForeignAnswer> askAboutForeign(QWidget *parent, const QString &title, const QString &text) override;
     bool run(QDialog &dialog) override;
     void openInBrowser(const QUrl &address) override;
 };

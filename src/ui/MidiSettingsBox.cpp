@@ -75,7 +75,11 @@ const QVector<MidiSettingsBox::Row> &MidiSettingsBox::rows()
     return table;
 }
 
-MidiSettingsBox::MidiSettingsBox(const Settings &settings, QWidget *parent) : QWidget(parent), settings_(settings)
+MidiSettingsBox::MidiSettingsBox(const Settings &settings, QWidget *parent) : MidiSettingsBox(settings, {}, parent) {}
+
+MidiSettingsBox::MidiSettingsBox(const Settings &settings, const QHash<Settings::Setting, QVariant> &values,
+                                 QWidget *parent)
+    : QWidget(parent), settings_(settings), changes_(values)
 {
     auto *const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -114,7 +118,7 @@ void MidiSettingsBox::addRow(const Row &row, QVBoxLayout &column)
 QWidget *MidiSettingsBox::checkBox(const Row &row)
 {
     auto *const box = new QCheckBox(tr(row.text));
-    box->setChecked(settings_.value(row.setting).toBool());
+    box->setChecked(value(row.setting).toBool());
     connect(box, &QCheckBox::toggled, this, [=, this, setting = row.setting](bool is) { change(setting, is); });
     return box;
 }
@@ -123,7 +127,7 @@ QWidget *MidiSettingsBox::numberBox(const Row &row)
 {
     auto *const box = new QSpinBox;
     box->setRange(0, 127);
-    box->setValue(settings_.value(row.setting).toInt());
+    box->setValue(value(row.setting).toInt());
     box->setAccessibleName(tr(row.text));
     connect(box, qOverload<int>(&QSpinBox::valueChanged), this,
             [=, this, setting = row.setting](int number) { change(setting, number); });

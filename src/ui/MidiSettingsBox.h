@@ -15,6 +15,9 @@ class MidiSettingsBox : public QWidget
 
 public:
     explicit MidiSettingsBox(const Settings &settings, QWidget *parent = nullptr);
+    // These begin with other values.
+    MidiSettingsBox(const Settings &settings, const QHash<Settings::Setting, QVariant> &values,
+                    QWidget *parent = nullptr);
 
     // As it is shown; of settings that are not shown, as it is stored.
     QVariant value(Settings::Setting setting) const;

@@ -20,6 +20,7 @@ public:
     CloseAnswer closeAnswer = CloseAnswer::Cancel;
     OverwriteAnswer overwriteAnswer = OverwriteAnswer::Cancel;
     DraftAnswer draftAnswer = DraftAnswer::Fix;
+    std::optional<ForeignAnswer> foreignAnswer = ForeignAnswer::OpenAsItIs;
     std::function<void(QDialog &)> inDialog = [](QDialog &dialog) { dialog.accept(); };
 
     QStringList asked;
@@ -89,6 +90,11 @@ public:
     {
         note(title, text, {});
         return draftAnswer;
+    }
+    std::optional<ForeignAnswer> askAboutForeign(QWidget *, const QString &title, const QString &text) override
+    {
+        note(title, text, {});
+        return foreignAnswer;
     }
     bool run(QDialog &dialog) override
     {

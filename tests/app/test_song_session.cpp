@@ -248,6 +248,7 @@ private slots:
         for (int i = 0; i < parts.size(); ++i) {
             auto part = song().parts[i + 1];
             part.id = parts[i].id;
+            part.import = parts[i].import; // is that of another song
             QVERIFY(part == parts[i]);
         }
         QCOMPARE(song().parts[4].volume, 100);

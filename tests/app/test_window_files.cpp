@@ -13,6 +13,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QLabel>
+#include <QListWidget>
 #include <QMenu>
 #include <QMimeData>
 #include <QStatusBar>
@@ -82,6 +83,75 @@ private slots:
         const auto whole = MidiBytes::noteOn(0, 60) + MidiBytes::noteOff(96, 60) + MidiBytes::endOfTrack();
         QVERIFY(fixture_->import(fixture_->write("whole.mid", MidiBytes::file({whole})), 2));
         QVERIFY(!line->isVisible() && model->rowCount() == 0);
+    }
+
+    void asksAboutAbcThatTheGameReadsOtherwise()
+    {
+        auto &dialogs = fixture_->dialogs();
+        const QByteArray tune("M:4/4\nL:1/4\nQ:1/4=120\nK:C\n|:CDEF:|\n");
+        const auto book = fixture_->write("book.abc", "X:1\nT:A\n" + tune + "\nX:2\nT:B\n" + tune);
+        dialogs.files = QStringList(book);
+        dialogs.foreignAnswer = {};
+        fixture_->trigger("actionOpen");
+        QTRY_COMPARE(dialogs.asked.size(), 2);
+        QVERIFY2(dialogs.takeAsked()[1].startsWith(
+                     QStringLiteral("Open Tracks|book.abc uses notation that the game reads otherwise: repeats.")),
+                 "named");
+        QVERIFY(fixture_->tracks().isEmpty());
+
+        dialogs.foreignAnswer = Dialogs::ForeignAnswer::OpenAsItIs;
+        fixture_->trigger("actionOpen");
+        QTRY_COMPARE(fixture_->tracks().song().size(), 2);
+        QCOMPARE(fixture_->row(0)->shown()->track->noteCount(), 4);
+
+        dialogs.foreignAnswer = Dialogs::ForeignAnswer::Convert;
+        dialogs.inDialog = [](QDialog &chooser) {
+            chooser.findChild<QListWidget *>()->item(0)->setCheckState(Qt::Unchecked);
+            chooser.accept();
+        };
+        fixture_->trigger("actionOpen");
+        QTRY_COMPARE(fixture_->tracks().song().size(), 3);
+        QCOMPARE(fixture_->titles().last(), QStringLiteral("B"));
+        QCOMPARE(fixture_->row(2)->shown()->track->noteCount(), 8);
+
+        dialogs.inDialog = [](QDialog &again) { again.accept(); };
+        fixture_->trigger("actionImport_Again"); // and takes both tunes now
+        QTRY_COMPARE(fixture_->tracks().song().size(), 4);
+
+        fixture_->settings().setValue(Settings::AbcForeign, int(ForeignAbc::Convert));
+        dialogs.takeAsked();
+        dialogs.answerOrCancel = Dialogs::Answer::Yes;
+        fixture_->drop({book});
+        QTRY_COMPARE(fixture_->tracks().song().size(), 2);
+        QCOMPARE(dialogs.asked.size(), 1); // about the tracks that were there
+    }
+
+    void importsAgainWithOtherSettings()
+    {
+        auto *const again = fixture_->action("actionImport_Again");
+        QVERIFY(!again->isEnabled());
+        fixture_->settings().setValue(Settings::MidiAutoRealign, false);
+        const auto notes = MidiBytes::noteOn(0, 60) + MidiBytes::noteOn(96, 60) + MidiBytes::noteOff(96, 60);
+        const auto file = fixture_->write("again.mid", MidiBytes::file({notes + MidiBytes::endOfTrack()}));
+        QVERIFY(fixture_->import(file, 1));
+        fixture_->dialogs().answerOrCancel = Dialogs::Answer::No;
+        QVERIFY(fixture_->import(jig, 4));
+        fixture_->tracks().setVolume(QStringLiteral("T1"), 30);
+        const auto before = fixture_->tracks().song();
+        fixture_->dialogs().inDialog = [](QDialog &dialog) {
+            dialog.findChild<QCheckBox *>(QStringLiteral("chkEndRestruck"))->click();
+            dialog.accept();
+        };
+        QVERIFY(again->isEnabled());
+        again->trigger();
+        QTRY_COMPARE(fixture_->tracks().history().undoText(), QStringLiteral("Import Again"));
+        const auto &after = fixture_->tracks().song();
+        QVERIFY(after.size() == 4 && after[0]->id == u"T1" && after[0]->volume == 30);
+        QCOMPARE(after[0]->track->noteCount(), 2);
+        QVERIFY(fixture_->window().session().imports()[0].settings[QStringLiteral("midi/endRestruck")].toBool());
+        fixture_->trigger("actionUndo");
+        QCOMPARE(fixture_->tracks().song(), before);
+        QCOMPARE(fixture_->window().session().song().parts[3].import, QStringLiteral("I2"));
     }
 
     void keepsTheTracksWhenNothingIsRead_data()

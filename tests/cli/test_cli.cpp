@@ -186,6 +186,8 @@ private slots:
         const auto two = QJsonDocument::fromJson(folder_->read("two.kvsong")).object();
         QCOMPARE(two.value(u"title").toString(), QStringLiteral("Evening"));
         QCOMPARE(two.value(u"parts").toArray().size(), 2 * parts.size() + 1);
+        QCOMPARE(parts.last().toObject().value(u"import").toString(), QStringLiteral("I1"));
+        QCOMPARE(two.value(u"parts").toArray().last().toObject().value(u"import").toString(), QStringLiteral("I2"));
         QCOMPARE(run("song a.abc b.abc --output two.kvsong --force --merge").status, 0);
         QCOMPARE(QJsonDocument::fromJson(folder_->read("two.kvsong")).object().value(u"parts").toArray().size(), 1);
     }

@@ -18,7 +18,7 @@ public:
         for (int count = below(8); count > 0; --count)
             song.parts.append(part());
         for (int count = below(3); count > 0; --count)
-            song.imports.append({path(), others(), others()});
+            song.imports.append({path(), others(), others(), song.title.left(3)});
         song.masterVolume = below(101);
         song.tempoFactor = 25 + below(176);
         if (below(2) == 0)
@@ -67,6 +67,7 @@ private:
         part.pan = below(201) - 100;
         part.isMuted = below(2) == 0;
         part.path = path();
+        part.import = part.name.left(3);
         part.others = others();
         return part;
     }

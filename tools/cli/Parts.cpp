@@ -6,9 +6,27 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
 #include <QSet>
 
+#include <algorithm>
+
 namespace {
+
+void renameImports(Song &song, const QVector<SongImported> &others)
+{
+    QHash<QString, QString> names;
+    for (auto &imported : song.imports) {
+        const auto isSame = [&](const SongImported &other) { return other.id == imported.id; };
+        if (!imported.id.isEmpty() && std::any_of(others.cbegin(), others.cend(), isSame)) {
+            const auto name = SongParts::freeImportId(others + song.imports);
+            names.insert(imported.id, name);
+            imported.id = name;
+        }
+    }
+    for (auto &part : song.parts)
+        part.import = names.value(part.import, part.import);
+}
 
 class PartCollector
 {
@@ -27,7 +45,7 @@ public:
     Parts take() { return std::move(parts_); }
 
 private:
-    void addSong(const Song &song);
+    void addSong(Song song);
     void addTracks(const NamedInput &input);
     void addPart(SongPart part);
 
@@ -37,9 +55,11 @@ private:
     bool hasSong_ = false;
 };
 
-void PartCollector::addSong(const Song &song)
+// Ids that another song has, too, become new ones.
+void PartCollector::addSong(Song song)
 {
     auto &whole = parts_.song;
+    renameImports(song, whole.imports);
     const auto imports = whole.imports + song.imports;
     if (!std::exchange(hasSong_, true)) {
         auto parts = std::move(whole.parts);
@@ -53,13 +73,18 @@ void PartCollector::addSong(const Song &song)
 
 void PartCollector::addTracks(const NamedInput &input)
 {
+    QString importId;
     if (input.song.report) { // of an import
         const auto path = input.path == u"-" ? QString() : QDir::cleanPath(QFileInfo(input.path).absoluteFilePath());
         const auto settings = importSettings([this](auto setting) { return arguments_.setting(setting); });
-        parts_.song.imports.append({path, settings, {}});
+        importId = SongParts::freeImportId(parts_.song.imports);
+        parts_.song.imports.append({path, settings, {}, importId});
     }
-    for (const auto &track : input.song.tracks)
-        addPart(SongParts::partOf(track, SongParts::freeId(parts_.song)));
+    for (const auto &track : input.song.tracks) {
+        auto part = SongParts::partOf(track, SongParts::freeId(parts_.song));
+        part.import = importId;
+        addPart(part);
+    }
 }
 
 void PartCollector::addPart(SongPart part)

@@ -3,8 +3,10 @@
 #include "app/commands/ImportQueue.h"
 #include "app/commands/SongCommands.h"
 #include "app/services/RecentFiles.h"
+#include "app/services/SongSession.h"
 #include "settings/Settings.h"
 #include "ui/Dialogs.h"
+#include "ui/report/ImportAgainDialog.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -45,6 +47,8 @@ QVector<ActionRow> ImportCommands::actions()
          "onImportMidi()"},
         {"actionImport_from_Clipboard", "Import from Clipboard", "Ctrl+V", "Import an ABC track from the clipboard",
          "clipboard", "onImportClipboard()"},
+        {"actionImport_Again", "Import Again...", "", "Read a file that parts came from again, with other settings", "",
+         "onImportAgain()", Available::WithImports},
     };
 }
 
@@ -60,8 +64,11 @@ void ImportCommands::openAbc()
     QVector<SongSource> sources;
     for (const auto &file : files)
         sources.append(chosenSource(file));
-    if (!openSong(sources))
-        queue_.load({tr("Open Tracks"), tr("Loading ABC files..."), sources});
+    if (openSong(sources))
+        return;
+    ImportRequest request{tr("Open Tracks"), tr("Loading ABC files..."), sources};
+    request.tunes = ImportRequest::Tunes::Chosen;
+    queue_.load(request);
 }
 
 void ImportCommands::importMidi()
@@ -92,6 +99,32 @@ void ImportCommands::importClipboard()
         queue_.load({step, tr("Reading the clipboard..."), sourcesOf(content->text())});
     else if (const auto sources = sourcesOf(*content, FileOrigin::Pasted); !openSong(sources))
         queue_.askAndLoad(title, {step, tr("Loading files..."), sources});
+}
+
+QVector<SongImported> ImportCommands::importsToReadAgain() const
+{
+    auto imports = context_.session.imports();
+    const auto isUseless = [this](const SongImported &imported) {
+        return imported.path.isEmpty() || context_.session.partsOf(imported.id).isEmpty();
+    };
+    imports.erase(std::remove_if(imports.begin(), imports.end(), isUseless), imports.end());
+    return imports;
+}
+
+void ImportCommands::importAgain()
+{
+    const auto imports = importsToReadAgain();
+    ImportAgainDialog dialog(imports, context_.settings, &context_.window);
+    if (imports.isEmpty() || !context_.dialogs.run(dialog))
+        return;
+    const auto &imported = imports[dialog.chosen()];
+    ImportRequest request{tr("Import Again"), tr("Loading files..."), {sourceOf(imported.path)}};
+    request.readAgain = imported.id;
+    request.options = readingOptions(dialog.settings());
+    const bool isAbc = request.sources.first().kind == SongSource::Kind::AbcFile;
+    request.options->abc = isAbc ? AbcDialect::Standard : AbcDialect::Auto;
+    request.tunes = ImportRequest::Tunes::Chosen;
+    queue_.load(request);
 }
 
 void ImportCommands::openFiles(const QStringList &paths)
@@ -168,10 +201,10 @@ void ImportCommands::offerToReadAgain(const QStringList &ids)
                               .arg(paths.mid(0, longestList).join(u'\n'));
     if (paths.isEmpty() || context_.dialogs.ask(&context_.window, tr("Changed Files"), question) == Dialogs::Answer::No)
         return;
-    for (const auto &path : paths)
-        queue_.load({tr("Read Again"),
-                     tr("Loading files..."),
-                     {{SongSource::Kind::AbcFile, path}},
-                     ExistingTracks::Keep,
-                     idsByPath[path]});
+    for (const auto &path : paths) {
+        ImportRequest request{tr("Read Again"), tr("Loading files..."), {{SongSource::Kind::AbcFile, path}}};
+        request.replaced = idsByPath[path];
+        request.options = ReadingOptions(); // as it was opened: what was converted has no file
+        queue_.load(request);
+    }
 }

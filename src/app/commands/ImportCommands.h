@@ -2,6 +2,7 @@
 
 #include "app/commands/ActionRow.h"
 #include "app/commands/CommandContext.h"
+#include "song/Song.h"
 #include "song/SongSource.h"
 
 #include <QCoreApplication>
@@ -28,6 +29,9 @@ public:
     void openAbc();
     void importMidi();
     void importClipboard();
+    // Reads a file that parts came from with other settings; what it gives takes their place.
+    void importAgain();
+    bool canImportAgain() const { return !importsToReadAgain().isEmpty(); }
     // A song file by itself takes the place of the song, among others its parts are added with their mix. What is
     // neither ABC nor MIDI nor a song by its name is skipped.
     void openFiles(const QStringList &paths);
@@ -38,6 +42,7 @@ public:
     void offerToReadAgain(const QStringList &ids);
 
 private:
+    QVector<SongImported> importsToReadAgain() const;
     void openRecent(const QString &entry);
     // Whether it was a song by itself, which is opened.
     bool openSong(const QVector<SongSource> &sources);

@@ -1,5 +1,6 @@
 #include "app/commands/ImportQueue.h"
 
+#include "app/commands/ConvertedSources.h"
 #include "app/services/Playback.h"
 #include "app/services/RecentFiles.h"
 #include "app/services/SongSession.h"
@@ -7,9 +8,12 @@
 #include "settings/Settings.h"
 #include "ui/Dialogs.h"
 #include "ui/importing/ImportPreviewDialog.h"
+#include "ui/report/TuneChooser.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileInfo>
+#include <QSet>
 #include <QTimer>
 
 #include <algorithm>
@@ -48,6 +52,18 @@ QString commonTitle(const QVector<ReadingError> &errors)
     const bool isCommon =
         std::all_of(errors.begin(), errors.end(), [&](const auto &error) { return error.title == title; });
     return isCommon ? title : ImportQueue::tr("Error while reading files");
+}
+
+QString cleanPath(const QString &path)
+{
+    return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+}
+
+bool canBeImportedAgain(const SongSource &source, bool isConverted)
+{
+    using Kind = SongSource::Kind;
+    return source.kind == Kind::MidiFile || source.kind == Kind::TextFile ||
+           (source.kind == Kind::AbcFile && isConverted);
 }
 
 } // namespace
@@ -108,8 +124,14 @@ void ImportQueue::take()
     showErrors();
 }
 
-void ImportQueue::take(const ImportRequest &request, const ReadSong &song)
+void ImportQueue::take(const ImportRequest &request, const ReadSong &asRead)
 {
+    if (!mayConvert(request, asRead))
+        return;
+    const auto chosen = request.tunes == ImportRequest::Tunes::Chosen ? chooseTunes(request, asRead) : asRead;
+    if (!chosen)
+        return;
+    const auto &song = *chosen;
     const bool isChosenFrom = request.preview == ImportRequest::Preview::IfPreferred &&
                               context_.settings.value(Settings::ChooseParts).toBool();
     if (isChosenFrom && !song.tracks.isEmpty())
@@ -119,6 +141,8 @@ void ImportQueue::take(const ImportRequest &request, const ReadSong &song)
         return;
     if (song.tracks.size() == 1 && !request.replaced.isEmpty())
         return replace(request, song.tracks.first());
+    if (!request.readAgain.isEmpty())
+        return readAgain(request, song);
     addTracks(request, song);
 }
 
@@ -136,12 +160,53 @@ void ImportQueue::choose(ImportRequest request, const ReadSong &song)
     addTracks(request, chosen, dialog.preview().instruments());
 }
 
+// Where it is not to be converted, it is read again as it is.
+bool ImportQueue::mayConvert(const ImportRequest &request, const ReadSong &song)
+{
+    if (song.converted.isEmpty() || request.options || reading_.foreignAbc() != ForeignAbc::Ask)
+        return true;
+    const auto answer = context_.dialogs.askAboutForeign(&context_.window, request.step,
+                                                         questionAbout(request.sources, song.converted));
+    if (answer == Dialogs::ForeignAnswer::OpenAsItIs) {
+        auto asItIs = request;
+        asItIs.options = reading_.optionsOf(request);
+        asItIs.options->abc = AbcDialect::Game;
+        load(asItIs);
+    }
+    return answer == Dialogs::ForeignAnswer::Convert;
+}
+
+// Nothing when the user cancels.
+std::optional<ReadSong> ImportQueue::chooseTunes(const ImportRequest &request, ReadSong song)
+{
+    const auto books = song.converted;
+    for (const auto &book : books) {
+        const auto tunes = tunesWithTracks(song, book.source);
+        if (tunes.size() < 2)
+            continue;
+        QStringList names;
+        for (const int tune : tunes)
+            names.append(book.tunes[tune]);
+        TuneChooser chooser(nameOf(request.sources.value(book.source)), names, &context_.window);
+        if (!context_.dialogs.run(chooser))
+            return {};
+        QSet<int> chosen;
+        for (const int row : chooser.chosen())
+            chosen.insert(tunes[row]);
+        keepTunes(song, book.source, chosen);
+    }
+    return song;
+}
+
 // Without instruments of their own tracks get those of their headers, or the default.
 void ImportQueue::addTracks(const ImportRequest &request, const ReadSong &song, const QStringList &instruments)
 {
+    const auto imports = noteImports(request, song);
     QVector<NewTrack> tracks;
-    for (int i = 0; i < song.tracks.size(); ++i)
+    for (int i = 0; i < song.tracks.size(); ++i) {
         tracks.append(newTrack(song.tracks[i], song.songParts.value(i), instruments.value(i)));
+        tracks.last().import = imports.value(song.sources.value(i, -1));
+    }
     const auto ids = context_.tracks.add(request.step, tracks, request.existing);
     for (auto part = song.songParts.begin(); part != song.songParts.end(); ++part)
         context_.session.setDraft(ids.value(part.key()), part->draft);
@@ -156,6 +221,48 @@ NewTrack ImportQueue::newTrack(const Track &track, const SongPart &part, const Q
     if (instrument.isEmpty())
         instrument = context_.playback.instrumentNameFor(track);
     return {track, instrument, part.isMuted, part.volume, part.pan};
+}
+
+// Gives the ids of the imports by the numbers of their sources. What holds its track as it is was no import.
+QHash<int, QString> ImportQueue::noteImports(const ImportRequest &request, const ReadSong &song)
+{
+    QHash<int, QString> imports;
+    const auto settings = importSettings(reading_.optionsOf(request));
+    QSet<int> converted;
+    for (const auto &each : song.converted)
+        converted.insert(each.source);
+    for (const int number : song.sources) {
+        const auto source = request.sources.value(number);
+        if (!imports.contains(number) && canBeImportedAgain(source, converted.contains(number)))
+            imports.insert(number, context_.session.addImport({cleanPath(source.content), settings, {}}));
+    }
+    return imports;
+}
+
+// A part with the same name stays the same part, with its mix and its place; so do all when there are as many.
+void ImportQueue::readAgain(const ImportRequest &request, const ReadSong &song)
+{
+    auto replaced = context_.session.partsOf(request.readAgain);
+    QVector<NewTrack> tracks;
+    for (const auto &track : song.tracks) {
+        tracks.append(newTrack(track, {}, {}));
+        tracks.last().import = request.readAgain;
+    }
+    const auto ids = replaced;
+    for (auto &track : tracks) {
+        const auto hasItsName = [&](const QString &id) {
+            return context_.tracks.find(id)->track->title() == track.track.title();
+        };
+        const auto old = std::find_if(replaced.begin(), replaced.end(), hasItsName);
+        track.inPlaceOf = old != replaced.end() ? *old : QString();
+        replaced.removeOne(track.inPlaceOf);
+    }
+    for (auto &track : tracks) {
+        if (track.inPlaceOf.isEmpty() && tracks.size() == ids.size())
+            track.inPlaceOf = replaced.takeFirst();
+    }
+    context_.session.setImportSettings(request.readAgain, importSettings(reading_.optionsOf(request)));
+    emit added(request, song, context_.tracks.replace(request.step, ids, tracks));
 }
 
 void ImportQueue::replace(const ImportRequest &request, const Track &track)

@@ -4,6 +4,8 @@
 #include "app/services/SongImport.h"
 #include "audio/PlayerWorker.h"
 
+#include <QHash>
+
 // The way of songs into the track list: they are read, wait until the instruments' names are known and no dialog is
 // open that may belong to a row, and are chosen from where that is wanted. On the interface thread.
 class ImportQueue : public QObject
@@ -31,8 +33,12 @@ private:
     void take();
     void take(const ImportRequest &request, const ReadSong &song);
     void choose(ImportRequest request, const ReadSong &song);
+    bool mayConvert(const ImportRequest &request, const ReadSong &song);
+    std::optional<ReadSong> chooseTunes(const ImportRequest &request, ReadSong song);
     void addTracks(const ImportRequest &request, const ReadSong &song, const QStringList &instruments = {});
     NewTrack newTrack(const Track &track, const SongPart &part, const QString &chosen) const;
+    void readAgain(const ImportRequest &request, const ReadSong &song);
+    QHash<int, QString> noteImports(const ImportRequest &request, const ReadSong &song);
     void replace(const ImportRequest &request, const Track &track);
     void showErrors();
 

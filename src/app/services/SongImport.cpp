@@ -2,6 +2,8 @@
 
 #include "settings/Settings.h"
 
+#include <algorithm>
+
 SongImport::SongImport(const Settings &settings, QObject *parent) : QObject(parent), settings_(settings) {}
 
 ReadingOptions SongImport::optionsOf(const ImportRequest &request) const
@@ -9,8 +11,15 @@ ReadingOptions SongImport::optionsOf(const ImportRequest &request) const
     auto options = request.options
                        ? *request.options
                        : readingOptions([this](Settings::Setting setting) { return settings_.value(setting); });
+    if (!request.options && foreignAbc() != ForeignAbc::OpenAsItIs)
+        options.abc = AbcDialect::Auto;
     options.tracks = ReadingOptions::Tracks::ToBeShown;
     return options;
+}
+
+ForeignAbc SongImport::foreignAbc() const
+{
+    return ForeignAbc(std::clamp(settings_.value(Settings::AbcForeign).toInt(), 0, int(ForeignAbc::OpenAsItIs)));
 }
 
 void SongImport::start(const ImportRequest &request)

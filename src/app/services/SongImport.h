@@ -11,6 +11,9 @@
 
 class Settings;
 
+// What happens to ABC that uses notation which the game reads otherwise; the values of the setting.
+enum class ForeignAbc { Ask, Convert, OpenAsItIs };
+
 // What one action of the user is to bring into the song.
 struct ImportRequest
 {
@@ -22,6 +25,9 @@ struct ImportRequest
     std::optional<ReadingOptions> options = {}; // where they are not those of the preferences; always to be shown
     enum class Preview { No, IfPreferred };
     Preview preview = Preview::No; // of the parts, to choose from
+    enum class Tunes { All, Chosen };
+    Tunes tunes = Tunes::All; // of a converted book
+    QString readAgain = {};   // the id of the import whose parts are replaced
 };
 
 // Reads songs beside the interface thread, one request after another.
@@ -35,6 +41,7 @@ public:
     void start(const ImportRequest &request);
     void cancel();                                                // all requests; nothing of them is delivered
     ReadingOptions optionsOf(const ImportRequest &request) const; // as it is read now
+    ForeignAbc foreignAbc() const;                                // as it is preferred
     bool isRunning() const { return !requests_.isEmpty(); }
 
 signals:

@@ -1,5 +1,7 @@
 #include "app/services/SongSession.h"
 
+#include "song/SongParts.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QUndoCommand>
@@ -30,6 +32,7 @@ OpenedTrack openedTrack(const SongPart &part, Track track, FileHolds file)
     opened.isMuted = part.isMuted;
     opened.volume = part.volume;
     opened.pan = part.pan;
+    opened.import = part.import;
     return {opened, part.path, file};
 }
 
@@ -85,6 +88,7 @@ SongPart SongSession::partOf(const SongTrack &track) const
     part.pan = track.pan;
     part.isMuted = track.isMuted;
     part.path = cleanPath(tracks_.filePath(track.id));
+    part.import = track.import;
     part.others = kept.others;
     return part;
 }
@@ -264,11 +268,36 @@ void SongSession::setMasterVolume(int percent)
         emit changed();
 }
 
-void SongSession::addImport(const SongImported &imported)
+QStringList SongSession::partsOf(const QString &import) const
 {
-    if (rest_.imports.contains(imported))
-        return;
+    QStringList ids;
+    for (const auto &track : tracks_.song()) {
+        if (!import.isEmpty() && track->import == import)
+            ids.append(track->id);
+    }
+    return ids;
+}
+
+// The same import again, of whose parts none is left, is the same one.
+QString SongSession::addImport(SongImported imported)
+{
+    for (const auto &known : std::as_const(rest_.imports)) {
+        const bool isSame = known.path == imported.path && known.settings == imported.settings;
+        if (isSame && !known.id.isEmpty() && partsOf(known.id).isEmpty())
+            return known.id;
+    }
+    imported.id = SongParts::freeImportId(rest_.imports);
     rest_.imports.append(imported);
+    emit changed();
+    return imported.id;
+}
+
+void SongSession::setImportSettings(const QString &id, const QJsonObject &settings)
+{
+    for (auto &imported : rest_.imports) {
+        if (imported.id == id)
+            imported.settings = settings;
+    }
     emit changed();
 }
 

@@ -77,7 +77,10 @@ public:
     void setTitle(const QString &title);                    // a step of the history
     int masterVolume() const { return rest_.masterVolume; } // percent
     void setMasterVolume(int percent);
-    void addImport(const SongImported &imported);
+    const QVector<SongImported> &imports() const { return rest_.imports; }
+    QStringList partsOf(const QString &import) const; // ids of tracks
+    QString addImport(SongImported imported);         // gives its id
+    void setImportSettings(const QString &id, const QJsonObject &settings);
     std::optional<QString> draft(const QString &partId) const;
     void setDraft(const QString &partId, const std::optional<QString> &text);
 

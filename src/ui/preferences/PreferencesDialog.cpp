@@ -7,6 +7,7 @@
 #include "ui/preferences/ProgramsPage.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QGroupBox>
@@ -168,8 +169,28 @@ QWidget *PreferencesDialog::midiPage()
                                 tr("Choose parts when importing"),
                                 tr("Show what would become parts, and how, before Import MIDI brings them in")));
     rows->addWidget(midi);
+    rows->addLayout(foreignAbcRow());
     rows->addStretch();
     return page;
+}
+
+QLayout *PreferencesDialog::foreignAbcRow()
+{
+    auto *const box = new QComboBox;
+    box->setObjectName(QStringLiteral("cboForeignAbc"));
+    box->addItems({tr("Ask"), tr("Convert for the game"), tr("Open as it is")}); // as the setting counts
+    box->setToolTip(tr("ABC that was written for other programs has repeats, voices and more that the game reads "
+                       "otherwise"));
+    box->setCurrentIndex(settings_.value(Settings::AbcForeign).toInt());
+    connect(box, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            [this](int index) { change(Settings::AbcForeign, index); });
+    auto *const label = new QLabel(tr("ABC that the game reads otherwise:"));
+    label->setBuddy(box);
+    auto *const row = new QHBoxLayout;
+    row->addWidget(label);
+    row->addWidget(box);
+    row->addStretch();
+    return row;
 }
 
 QWidget *PreferencesDialog::programsPage(const InstrumentSet &instruments)

@@ -11,6 +11,7 @@ class Dialogs;
 class ColourSwatch;
 class MidiSettingsBox;
 class QCheckBox;
+class QLayout;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
@@ -46,6 +47,7 @@ private:
     QWidget *instrumentsPage();
     QWidget *previewPage();
     QWidget *midiPage();
+    QLayout *foreignAbcRow();
     QWidget *programsPage(const InstrumentSet &instruments);
     QWidget *appearancePage();
     QCheckBox *addCheckBox(Settings::Setting setting, const QString &name, const QString &text, const QString &tip,

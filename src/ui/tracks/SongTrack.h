@@ -15,8 +15,9 @@ struct SongTrack
     std::shared_ptr<const Track> track;
     QString instrument; // a name of the catalogue
     bool isMuted = false;
-    int volume = 100; // percent
-    int pan = 0;      // -100 left … 100 right
+    int volume = 100;    // percent
+    int pan = 0;         // -100 left … 100 right
+    QString import = {}; // the id of the import that it came from; may be empty
 };
 
 using SongTracks = QVector<std::shared_ptr<const SongTrack>>; // in display order

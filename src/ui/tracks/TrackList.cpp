@@ -191,6 +191,7 @@ std::shared_ptr<const SongTrack> TrackList::adopt(const NewTrack &added)
     track->isMuted = added.isMuted;
     track->volume = added.volume;
     track->pan = added.pan;
+    track->import = added.import;
     rememberSaved(*track, added.track.filePath());
     return track;
 }
@@ -246,6 +247,33 @@ void TrackList::remove(const QString &step, const QStringList &ids)
     change(step, after);
 }
 
+std::shared_ptr<const SongTrack> TrackList::successor(const SongTrack &old, const NewTrack &track)
+{
+    auto changed = std::make_shared<SongTrack>(old);
+    changed->track = shared(track.track);
+    changed->import = track.import;
+    return changed;
+}
+
+QStringList TrackList::replace(const QString &step, const QStringList &ids, const QVector<NewTrack> &tracks)
+{
+    SongTracks replacing;
+    QStringList newIds;
+    for (const auto &track : tracks) {
+        const auto *const old = find(track.inPlaceOf);
+        replacing.append(old ? successor(*old, track) : adopt(track));
+        newIds.append(replacing.last()->id);
+    }
+    const auto isReplaced = [&](const auto &track) { return ids.contains(track->id); };
+    const auto first = std::find_if(song_.cbegin(), song_.cend(), isReplaced);
+    SongTracks after;
+    std::copy(song_.cbegin(), first, std::back_inserter(after));
+    after += replacing;
+    std::copy_if(first, song_.cend(), std::back_inserter(after), [&](const auto &track) { return !isReplaced(track); });
+    change(step, after);
+    return newIds;
+}
+
 void TrackList::duplicate(const QStringList &ids)
 {
     auto after = song_;
@@ -258,6 +286,7 @@ void TrackList::duplicate(const QStringList &ids)
             continue;
         auto copy = std::make_shared<SongTrack>(*source);
         copy->id = nextId();
+        copy->import.clear();
         titles.append(numberedTitle(source->track->title(), titles));
         copy->track = shared(copyWithTitle(*source->track, titles.last()));
         rememberSaved(*copy, {});

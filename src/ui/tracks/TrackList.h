@@ -20,6 +20,8 @@ struct NewTrack
     bool isMuted = false;
     int volume = 100; // as in SongTrack
     int pan = 0;
+    QString import = {};    // as in SongTrack
+    QString inPlaceOf = {}; // the id of a track that it replaces, whose mix it gets
 };
 
 // A track of a song that is opened.
@@ -68,6 +70,9 @@ public:
     QStringList add(const QString &step, const QVector<NewTrack> &tracks,
                     ExistingTracks existing = ExistingTracks::Keep);
     void remove(const QString &step, const QStringList &ids);
+    // Puts the tracks where the first of these is, and removes those that they do not take the place of. Gives the
+    // identifiers of the tracks.
+    QStringList replace(const QString &step, const QStringList &ids, const QVector<NewTrack> &tracks);
     void duplicate(const QStringList &ids);
     void move(const QString &id, int index);
     void setTrack(const QString &step, const QString &id, const Track &track);
@@ -121,6 +126,7 @@ private:
     int indexOf(const QString &id) const;
     QString nextId() { return QStringLiteral("T%1").arg(++lastNumber_); }
     std::shared_ptr<const SongTrack> adopt(const NewTrack &track);
+    std::shared_ptr<const SongTrack> successor(const SongTrack &old, const NewTrack &track);
     void rememberOpened(const OpenedTrack &opened);
     void rememberSaved(const SongTrack &track, const QString &path);
     void change(const QString &step, const SongTracks &after, Merging merging = Merging::Never, const QString &id = {});
