@@ -272,10 +272,11 @@ int main(int argc, char **argv)
 {
     const QTemporaryDir scratch; // abc2midi leaves a file where it runs
     QDir::setCurrent(scratch.path());
-    // Why two aims are missed, by the instructions that a profiler counts. Of 950 a note in MidiToAbc reading the file
-    // takes 35 %, writing the text 30 %, sorting 13 %, the grid 10 %, appending events 8 %. Of 1,070 a note in
-    // AbcToTrack cutting tokens takes 38 %, what a note means 16 %, ties and events 13 %, sorting 6 %, and the header
-    // of a tune most of the rest. No part is left that could be dropped. Optimising while linking gains 5 % at most.
+    // Why two aims are missed, by the instructions that a profiler counts. Of 1,140 a note in MidiToAbc the file and
+    // its notes take 45 %, the text 35 %, sorting 13 %, the grid 6 %. Of 1,070 a note in AbcToTrack cutting tokens
+    // takes 38 %, what a note means 16 %, ties and events 13 %, sorting 6 %, and the header of a tune most of the rest.
+    // Nothing of that can be dropped. Optimising while linking gains 5 % at most. A sort and a text of our own gained
+    // 22 % of MidiToAbc together, which was not worth their lines.
     return runBenchmarks(
         argc, argv,
         {{"MidiToAbc", "Midi2abc", 3, 5}, {"AbcToTrack", "Abc2midi", 3, 8}, {"StandardAbc", "Abc2midiFiles", 3, 3}});

@@ -127,7 +127,7 @@ int main(int argc, char **argv)
     const auto argument = [](int number, int fallback) {
         return QCoreApplication::arguments().value(number, QString::number(fallback)).toInt();
     };
-    const int failures = countFailures(argument(1, 20'000), quint32(argument(2, 11)));
+    const int failures = countFailures(argument(1, 10'000), quint32(argument(2, 11)));
     return report({"Editor: times that its views showed something else", double(failures), 0, {}, Better::Less}) ? 0
                                                                                                                  : 1;
 }
