@@ -211,7 +211,10 @@ private:
     {
         int note = 0; // its index
         MusicTime end;
+        int measure = 0;
+        int layer = 0;
     };
+    bool continues(const OpenTie &tie, const MusicTime &start) const;
 
     void play(qsizetype begin, qsizetype end);
     void playParts(const QString &order);
@@ -231,6 +234,8 @@ private:
     PerformedVoice performed_;
     MusicTime now_;
     MusicTime measureStart_;
+    int measure_ = 0;
+    int layer_ = 0;      // 0: what stands first in the measure, then its overlays
     MusicTime farthest_; // of the overlays of this measure
     QHash<int, OpenTie> ties_;
     qint64 left_ = mostPlayed;
@@ -287,6 +292,7 @@ void Performer::playItem(const ScoreItem &item)
     case Kind::Overlay:
         farthest_ = std::max(farthest_, now_);
         now_ = measureStart_;
+        ++layer_;
         break;
     case Kind::Key:
         performed_.changes.append(TrackEvent::key(tick, item.first, item.second));
@@ -308,6 +314,8 @@ void Performer::endMeasure()
     now_ = std::max(farthest_, now_);
     farthest_ = now_;
     measureStart_ = now_;
+    ++measure_;
+    layer_ = 0;
 }
 
 void Performer::sound(const ScoreItem &item)
@@ -341,12 +349,18 @@ Fraction Performer::playGraces(const ScoreItem &item)
     return total;
 }
 
+// Within a measure no tie leads from one layer into another.
+bool Performer::continues(const OpenTie &tie, const MusicTime &start) const
+{
+    return tie.end == start && (tie.measure != measure_ || tie.layer == layer_);
+}
+
 void Performer::playNote(const ScoreNote &note, const MusicTime &start, const Fraction &length)
 {
     auto end = start;
     end.advance(length);
     const auto tie = ties_.find(note.pitch);
-    const bool isContinued = tie != ties_.end() && tie->end == start;
+    const bool isContinued = tie != ties_.end() && continues(*tie, start);
     const int index = isContinued ? tie->note : appendNote(note.pitch, start, end);
     if (isContinued) {
         auto &held = performed_.notes[index];
@@ -357,7 +371,7 @@ void Performer::playNote(const ScoreNote &note, const MusicTime &start, const Fr
         ties_.erase(tie);
     }
     if (note.isTied && index >= 0)
-        ties_.insert(note.pitch, {index, end});
+        ties_.insert(note.pitch, {index, end, measure_, layer_});
     else if (isContinued)
         ties_.remove(note.pitch);
 }

@@ -210,7 +210,7 @@ void TuneReader::readKey(QStringView value)
     current_->settings.shift.take(key.shift);
     if (!key.signature)
         return;
-    current_->settings.key = *key.signature;
+    current_->changeKey(*key.signature);
     ScoreItem item;
     item.kind = ScoreItem::Kind::Key;
     item.first = key.signature->row;

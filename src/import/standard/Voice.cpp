@@ -169,6 +169,12 @@ void Voice::brokenRhythm(int dots)
     nextFactor_ = dots > 0 ? shorter : longer;
 }
 
+void Voice::changeKey(const KeySignature &key)
+{
+    settings.key = key;
+    accidentals_.clear();
+}
+
 void Voice::bar()
 {
     accidentals_.clear();

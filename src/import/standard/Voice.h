@@ -54,6 +54,8 @@ public:
     void tuplet(int count, int inTimeOf, int notes);
     // Positive: the note before is dotted and the next one cut, ">"; negative: the other way round; |dots| signs.
     void brokenRhythm(int dots);
+    // Accidentals of the measure are none in the new key.
+    void changeKey(const KeySignature &key);
     void bar();
     void overlay();
     void append(const ScoreItem &item) { items_.append(item); }
