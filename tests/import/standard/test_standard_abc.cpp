@@ -97,7 +97,7 @@ private slots:
         row("parts by lines, with a preface", "L:1/4; P:BAX; K:C", "G\nP:A (slow)\n|:C:|\nP:B\nD\nP:D.S.\nE",
             "0:67 1:62 2:64 3:60 4:60");
         row("overlay", "L:1/4; K:C", "C4|CDEF & G2|c4|", "0:60(4) 4:60 4:67(2) 5:62 6:64 7:65 8:72(4)");
-        row("an overlay has its own ties", "L:1/4; K:C", "zC-C & EC|", "1:60(2) 0:64 1:60");
+        row("an overlay has its own ties", "L:1/4; K:C", "zC-D & zzC|", "1:60 2:62 2:60");
         row("a key ends accidentals", "L:1/4; K:C", "^FF[K:G]F_B[K:C]B", "0:66 1:66 2:66 3:70 4:71");
         row("measures of any length", "M:4/4; L:1/4; K:C", "C|DEFGA|B4|", "0:60 1:62 2:64 3:65 4:67 5:69 6:71(4)");
         row("voices", "L:1/4; V:1; V:2 clef=bass-8; K:C", "V:1\nC|\nV:2\nC|\n[V:1]D|", "0:60 1:62 / 0:48");
