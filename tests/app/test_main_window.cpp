@@ -221,6 +221,32 @@ private slots:
         QCOMPARE(fixture_->tracks().song(), before);
     }
 
+    // More than a window shows, and with changes before all rows are there.
+    void manyRowsComeLittleByLittle()
+    {
+        auto &tracks = fixture_->tracks();
+        tracks.add(QStringLiteral("Import"), QVector<NewTrack>(40));
+        QVERIFY(fixture_->row(0) && !fixture_->row(39));
+        tracks.move(tracks.ids()[39], 0);
+        tracks.setVolume(tracks.ids()[38], 3);
+        fixture_->trigger("actionSelect_All");
+        const auto isComplete = [&] {
+            bool isSo = true;
+            for (int i = 0; i < 40; ++i)
+                isSo = isSo && fixture_->row(i) && fixture_->row(i)->isSelected() &&
+                       (i == 0 || fixture_->row(i - 1)->y() < fixture_->row(i)->y());
+            return isSo;
+        };
+        QTRY_VERIFY(isComplete());
+        QCOMPARE(fixture_->row(38)->volumePercent(), 3);
+        fixture_->trigger("actionDeselect_All");
+        QTRY_VERIFY(!fixture_->row(39)->isSelected());
+        fixture_->trigger("actionUndo");
+        fixture_->trigger("actionUndo");
+        fixture_->trigger("actionUndo");
+        QVERIFY(tracks.isEmpty() && fixture_->child<QWidget>("emptyHint")->isVisible());
+    }
+
     void movesRows()
     {
         QVERIFY(fixture_->import(jig, 3));

@@ -10,15 +10,25 @@
 #include <algorithm>
 #include <utility>
 
+namespace {
+
+// About a millisecond each.
+constexpr int rowsAtOnce = 10;
+constexpr int rowsAtATime = 3;
+
+} // namespace
+
 TrackRows::TrackRows(TrackList &tracks, InstrumentSetModel &instruments, Settings &settings, Dialogs &dialogs,
                      QWidget *parent)
     : QWidget(parent), tracks_(tracks), instruments_(instruments), settings_(settings), dialogs_(dialogs),
-      column_(new QVBoxLayout(this)), hint_(new EmptyHint), dropMark_(new QWidget(this))
+      column_(new QVBoxLayout(this)), comingRows_(new QSpacerItem(0, 0)), hint_(new EmptyHint),
+      dropMark_(new QWidget(this))
 {
     setObjectName(QStringLiteral("scrollAreaWidgetContents"));
     column_->setContentsMargins(6, 6, 6, 6);
     column_->setSpacing(4);
     column_->addWidget(hint_, 1);
+    column_->addSpacerItem(comingRows_);
     column_->addStretch(0);
     dropMark_->setObjectName(QStringLiteral("dropMark"));
     dropMark_->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -27,10 +37,7 @@ TrackRows::TrackRows(TrackList &tracks, InstrumentSetModel &instruments, Setting
     dropMark_->hide();
     connect(&tracks_, &TrackList::songChanged, this, &TrackRows::follow);
     connect(&tracks_, &TrackList::filesChanged, this, &TrackRows::markChanged);
-    connect(&tracks_, &TrackList::selectionChanged, this, [this](const QString &id, bool isSelected) {
-        if (auto *const selected = row(id))
-            selected->setSelected(isSelected);
-    });
+    connect(&tracks_, &TrackList::selectionChanged, this, &TrackRows::select);
 }
 
 void TrackRows::follow(const SongTracks &before, const SongTracks &after)
@@ -48,14 +55,75 @@ void TrackRows::follow(const SongTracks &before, const SongTracks &after)
 void TrackRows::showAll(const SongTracks &song)
 {
     removeAbsent(song);
-    for (const auto &track : song)
-        show(track);
-    arrange(song);
     const auto length = tracks_.commonLength();
-    for (auto *const each : std::as_const(rows_))
-        each->setCommonLength(length);
+    for (const auto &track : song) {
+        auto *const shown = row(track->id);
+        if (shown && shown->shown() != track)
+            shown->setTrack(track);
+        if (shown)
+            shown->setCommonLength(length);
+    }
+    add(rowsAtOnce);
     markChanged();
     hint_->setVisible(song.isEmpty());
+}
+
+void TrackRows::add(int most)
+{
+    const auto &song = tracks_.song();
+    for (auto track = song.begin(); track != song.end() && most > 0; ++track) {
+        if (!row((*track)->id)) {
+            make(*track);
+            --most;
+        }
+    }
+    arrange(song);
+    reserveRoom();
+    if (!isComplete())
+        catchingUp_.start(0, this);
+}
+
+void TrackRows::reserveRoom()
+{
+    const auto missing = int(tracks_.song().size() - rows_.size());
+    const int rowHeight = rows_.isEmpty() ? 0 : (*rows_.begin())->sizeHint().height() + column_->spacing();
+    if (comingRows_->sizeHint().height() == missing * rowHeight)
+        return;
+    comingRows_->changeSize(0, missing * rowHeight, QSizePolicy::Minimum, QSizePolicy::Fixed);
+    column_->invalidate();
+}
+
+void TrackRows::timerEvent(QTimerEvent *)
+{
+    selectedAtOnce_ = 0;
+    if (!isComplete())
+        add(rowsAtATime);
+    else
+        catchUpSelections(rowsAtATime);
+    if (isComplete() && toSelect_.isEmpty())
+        catchingUp_.stop();
+}
+
+// Another look of a row takes about a millisecond, too.
+void TrackRows::select(const QString &id, bool isSelected)
+{
+    auto *const selected = row(id);
+    if (!selected)
+        return;
+    if (selectedAtOnce_++ < rowsAtOnce)
+        selected->setSelected(isSelected);
+    else
+        toSelect_.append(id);
+    catchingUp_.start(0, this);
+}
+
+void TrackRows::catchUpSelections(int most)
+{
+    for (; most > 0 && !toSelect_.isEmpty(); --most) {
+        const auto id = toSelect_.takeFirst();
+        if (auto *const selected = row(id))
+            selected->setSelected(tracks_.isSelected(id));
+    }
 }
 
 void TrackRows::rememberNew(const SongTracks &before, const SongTracks &after)
@@ -93,7 +161,12 @@ void TrackRows::tellOfNew()
 void TrackRows::markChanged()
 {
     for (auto each = rows_.begin(); each != rows_.end(); ++each)
-        (*each)->setDiffersFromFile(!tracks_.filePath(each.key()).isEmpty() && tracks_.isUnsaved(each.key()));
+        mark(each.key(), **each);
+}
+
+void TrackRows::mark(const QString &id, TrackWidget &row) const
+{
+    row.setDiffersFromFile(!tracks_.filePath(id).isEmpty() && tracks_.isUnsaved(id));
 }
 
 void TrackRows::removeAbsent(const SongTracks &song)
@@ -114,33 +187,30 @@ void TrackRows::removeAbsent(const SongTracks &song)
     }
 }
 
-void TrackRows::show(const std::shared_ptr<const SongTrack> &track)
+void TrackRows::make(const std::shared_ptr<const SongTrack> &track)
 {
-    auto *&shown = rows_[track->id];
-    if (shown) {
-        if (shown->shown() != track)
-            shown->setTrack(track);
-        return;
-    }
-    shown = new TrackWidget(track, instruments_, settings_, dialogs_, this);
-    shown->setSelected(tracks_.isSelected(track->id));
-    followDrags(track->id, *shown);
-    emit rowAdded(track->id, shown);
+    auto *const made = new TrackWidget(track, instruments_, settings_, dialogs_, this);
+    rows_.insert(track->id, made);
+    made->setCommonLength(tracks_.commonLength());
+    made->setSelected(tracks_.isSelected(track->id));
+    mark(track->id, *made);
+    followDrags(track->id, *made);
+    emit rowAdded(track->id, made);
 }
 
 void TrackRows::arrange(const SongTracks &song)
 {
     bool isMoved = false;
-    for (int index = 0; index < song.size(); ++index) {
-        auto *const widget = row(song[index]->id);
-        const int place = index + 1; // below the hint
-        if (column_->itemAt(place)->widget() != widget) {
+    int place = 0; // the hint's
+    for (const auto &track : song) {
+        auto *const widget = row(track->id);
+        if (widget && column_->itemAt(++place)->widget() != widget) {
             column_->removeWidget(widget);
             column_->insertWidget(place, widget);
             isMoved = true;
         }
     }
-    if (isMoved)
+    if (isMoved && isComplete())
         chainTabStops(song);
 }
 
@@ -177,15 +247,21 @@ void TrackRows::followDrags(const QString &id, const TrackWidget &row)
 int TrackRows::gapAt(int y) const
 {
     const auto &song = tracks_.song();
-    return int(std::count_if(song.begin(), song.end(),
-                             [&](const auto &track) { return row(track->id)->geometry().center().y() < y; }));
+    return int(std::count_if(song.begin(), song.end(), [&](const auto &track) {
+        const auto *const above = row(track->id);
+        return above && above->geometry().center().y() < y;
+    }));
 }
 
 void TrackRows::showDropMark(int gap)
 {
     const auto ids = tracks_.ids();
     const auto spacing = column_->spacing();
-    const auto y = gap < ids.size() ? row(ids[gap])->y() - spacing : row(ids.last())->geometry().bottom() + 1;
+    const auto *const below = row(ids.value(gap));
+    const auto *const last = row(ids.last());
+    if (!below && !last)
+        return;
+    const auto y = below ? below->y() - spacing : last->geometry().bottom() + 1;
     dropMark_->setGeometry(0, y, width(), spacing);
     dropMark_->raise();
     dropMark_->show();

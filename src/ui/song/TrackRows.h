@@ -2,18 +2,21 @@
 
 #include "ui/tracks/TrackList.h"
 
+#include <QBasicTimer>
 #include <QHash>
 #include <QWidget>
 
 class Dialogs;
 class EmptyHint;
 class InstrumentSetModel;
+class QSpacerItem;
 class QVBoxLayout;
 class Settings;
 class TrackWidget;
 
 // The track list as a column of rows, one widget a track. It follows the song; what the rows ask for is the business of
-// whoever connects to them when they are added. On the interface thread.
+// whoever connects to them when they are added. As many rows as a window shows follow at once, the others a few at a
+// time when the thread has nothing else to do. On the interface thread.
 class TrackRows : public QWidget
 {
     Q_OBJECT
@@ -22,6 +25,7 @@ public:
     TrackRows(TrackList &tracks, InstrumentSetModel &instruments, Settings &settings, Dialogs &dialogs,
               QWidget *parent = nullptr);
 
+    // Null for a track whose row is still to come.
     TrackWidget *row(const QString &id) const { return rows_.value(id); }
     EmptyHint *hint() const { return hint_; }
 
@@ -33,12 +37,19 @@ signals:
 
 protected:
     bool event(QEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
 
 private:
     void follow(const SongTracks &before, const SongTracks &after);
     void showAll(const SongTracks &song);
     void removeAbsent(const SongTracks &song);
-    void show(const std::shared_ptr<const SongTrack> &track);
+    void add(int most);
+    void make(const std::shared_ptr<const SongTrack> &track);
+    void reserveRoom();
+    void select(const QString &id, bool isSelected);
+    void catchUpSelections(int most);
+    bool isComplete() const { return rows_.size() == tracks_.song().size(); }
+    void mark(const QString &id, TrackWidget &row) const;
     void markChanged();
     void arrange(const SongTracks &song);
     void rememberNew(const SongTracks &before, const SongTracks &after);
@@ -54,7 +65,11 @@ private:
     Dialogs &dialogs_;
     QHash<QString, TrackWidget *> rows_;
     QPair<QString, QString> newRows_; // the first and the last, until they have their places
+    QStringList toSelect_;            // rows that show an older selection
+    int selectedAtOnce_ = 0;          // since the thread was idle
+    QBasicTimer catchingUp_;
     QVBoxLayout *column_;
+    QSpacerItem *comingRows_; // their room, below the others
     EmptyHint *hint_;
     QWidget *dropMark_; // where a dragged row would come to lie
 };

@@ -16,8 +16,22 @@ namespace {
 
 const QColor lineColour(0xFF, 0xFF, 0xFF, 0xE6);
 const QColor mutedVeil(0x00, 0x00, 0x00, 0x88);
+constexpr int mostEventsAtOnce = 3000; // a window of such rows is painted in a few milliseconds
 
 } // namespace
+
+struct TrackVisualizationWidget::Drawing
+{
+    NoteLayout layout;
+    QImage picture;
+
+    static Drawing of(const Track &track, const NoteLayout &layout, const NotePictureStyle &style, double ratio)
+    {
+        Drawing drawing{layout, drawNotePicture(track, layout, style)};
+        drawing.picture.setDevicePixelRatio(ratio);
+        return drawing;
+    }
+};
 
 TrackVisualizationWidget::TrackVisualizationWidget(Settings &settings, QWidget *parent)
     : QWidget(parent), settings_(settings)
@@ -36,6 +50,7 @@ void TrackVisualizationWidget::setTrack(const Track &track)
 {
     track_ = track;
     pressed_.clear();
+    drawing_.cancel();
     discardPicture();
 }
 
@@ -62,19 +77,19 @@ void TrackVisualizationWidget::notePressed(int eventIndex)
         pressed_.contains(eventIndex))
         return;
     pressed_.insert(eventIndex);
-    update(noteRect(eventIndex));
+    updateNote(eventIndex);
 }
 
 void TrackVisualizationWidget::noteReleased(int eventIndex)
 {
     if (pressed_.remove(eventIndex))
-        update(noteRect(eventIndex));
+        updateNote(eventIndex);
 }
 
 void TrackVisualizationWidget::releaseAllNotes()
 {
     for (const auto pressed = std::exchange(pressed_, {}); const int eventIndex : pressed)
-        update(noteRect(eventIndex));
+        updateNote(eventIndex);
 }
 
 void TrackVisualizationWidget::setMuted(bool muted)
@@ -109,25 +124,40 @@ Ticks TrackVisualizationWidget::tickAt(int x) const
 
 void TrackVisualizationWidget::discardPicture()
 {
-    picture_ = {};
+    isAskedFor_ = false;
     layout_.reset();
     update();
 }
 
-const NoteLayout &TrackVisualizationWidget::layout()
-{
-    const auto pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
-    if (!layout_ || layout_->size() != pixels)
-        layout_ = std::make_unique<NoteLayout>(track_, commonLength_, pixels, devicePixelRatioF());
-    return *layout_;
-}
-
+// One picture at a time; when something changed meanwhile, the next follows it.
 void TrackVisualizationWidget::ensurePicture()
 {
-    if (!picture_.isNull() && picture_.size() == layout().size())
+    const auto ratio = devicePixelRatioF();
+    const auto pixels = (QSizeF(size()) * ratio).toSize();
+    const bool fits = !layout_ || layout_->size() == pixels;
+    if (drawing_.isRunning() || (isAskedFor_ && fits))
         return;
-    picture_ = drawNotePicture(track_, layout(), {noteColour_, drawsMeasureLines_, drawsOctaveLines_});
-    picture_.setDevicePixelRatio(devicePixelRatioF());
+    isAskedFor_ = true;
+    layout_.reset();
+    const auto draw = [=, track = track_, length = commonLength_,
+                       style = NotePictureStyle{noteColour_, drawsMeasureLines_, drawsOctaveLines_}] {
+        return Drawing::of(track, NoteLayout(track, length, pixels, ratio), style, ratio);
+    };
+    if (track_.events().size() <= mostEventsAtOnce)
+        return take(draw());
+    const auto deliver = [this](const Drawing &drawing) {
+        take(drawing);
+        update();
+    };
+    drawing_.start([draw](const TaskControl &) { return draw(); }, deliver,
+                   [](const QString &error) { qWarning("%s", qUtf8Printable(error)); });
+}
+
+void TrackVisualizationWidget::take(const Drawing &drawing)
+{
+    picture_ = drawing.picture;
+    if (isAskedFor_)
+        layout_ = std::make_unique<NoteLayout>(drawing.layout);
     ++pictureCount_;
 }
 
@@ -151,9 +181,16 @@ QRect TrackVisualizationWidget::lineRect() const
     return logicalRect(QRectF(lineQuarters() / 4.0, 0, lineWidth(), height() * devicePixelRatioF()));
 }
 
-QRect TrackVisualizationWidget::noteRect(int eventIndex)
+QRect TrackVisualizationWidget::noteRect(int eventIndex) const
 {
-    return logicalRect(layout().noteRect(track_.events()[eventIndex]));
+    return logicalRect(layout_->noteRect(track_.events()[eventIndex]));
+}
+
+// Without a layout all of it will be painted.
+void TrackVisualizationWidget::updateNote(int eventIndex)
+{
+    if (layout_)
+        update(noteRect(eventIndex));
 }
 
 QRect TrackVisualizationWidget::logicalRect(const QRectF &pixels) const
@@ -162,24 +199,35 @@ QRect TrackVisualizationWidget::logicalRect(const QRectF &pixels) const
     return QRectF(pixels.topLeft() / ratio, pixels.size() / ratio).toAlignedRect();
 }
 
+void TrackVisualizationWidget::paintPressed(QPainter &painter, const QRect &dirty)
+{
+    const auto ratio = devicePixelRatioF();
+    const auto sounding = soundingNoteColour(noteColour_);
+    for (const int eventIndex : std::as_const(pressed_)) {
+        const QRectF pixels = layout_->noteRect(track_.events()[eventIndex]);
+        const QRectF note(pixels.topLeft() / ratio, pixels.size() / ratio);
+        if (note.intersects(dirty))
+            painter.fillRect(note, sounding);
+    }
+}
+
 void TrackVisualizationWidget::paintEvent(QPaintEvent *event)
 {
     ensurePicture();
     const auto &dirty = event->rect();
     QPainter painter(this);
-    painter.drawImage(0, 0, picture_);
-
-    const auto ratio = devicePixelRatioF();
-    const auto sounding = soundingNoteColour(noteColour_);
-    for (const int eventIndex : std::as_const(pressed_)) {
-        const QRectF pixels = layout().noteRect(track_.events()[eventIndex]);
-        const QRectF note(pixels.topLeft() / ratio, pixels.size() / ratio);
-        if (note.intersects(dirty))
-            painter.fillRect(note, sounding);
-    }
+    if (layout_)
+        painter.drawImage(0, 0, picture_);
+    else if (!picture_.isNull())
+        painter.drawImage(rect(), picture_);
+    else
+        painter.fillRect(dirty, Qt::black);
+    if (layout_)
+        paintPressed(painter, dirty);
     if (isMuted_)
         painter.fillRect(dirty, mutedVeil);
 
+    const auto ratio = devicePixelRatioF();
     const QRectF line(lineQuarters() / 4.0 / ratio, 0, lineWidth() / ratio, height());
     if (line.intersects(dirty)) {
         painter.setRenderHint(QPainter::Antialiasing);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Task.h"
 #include "core/Track.h"
 #include "settings/Settings.h"
 
@@ -11,10 +12,12 @@
 #include <memory>
 
 class NoteLayout;
+class QPainter;
 
 // The notes of a track over the time that all tracks share, with the playing position and the notes that sound. The
 // notes are kept as a picture in device pixels, made anew only when the widget is next shown after the track, the
-// shared length, the size or a drawing setting changed; what moves is painted over it. On the interface thread.
+// shared length, the size or a drawing setting changed; what moves is painted over it. The picture of a long track is
+// made beside the interface thread, and the one before shown until then. On the interface thread.
 class TrackVisualizationWidget : public QWidget
 {
     Q_OBJECT
@@ -62,13 +65,16 @@ protected:
 
 private:
     void readSettings();
+    struct Drawing;
     void discardPicture();
     void ensurePicture();
-    const NoteLayout &layout();
+    void take(const Drawing &drawing);
+    void paintPressed(QPainter &painter, const QRect &dirty);
+    void updateNote(int eventIndex);
     int lineQuarters() const;
     double lineWidth() const;
     QRect lineRect() const;
-    QRect noteRect(int eventIndex);
+    QRect noteRect(int eventIndex) const;
     QRect logicalRect(const QRectF &pixels) const;
 
     Settings &settings_;
@@ -82,7 +88,9 @@ private:
     bool drawsMeasureLines_ = false;
     bool drawsOctaveLines_ = false;
 
-    std::unique_ptr<NoteLayout> layout_; // both null until they are needed
-    QImage picture_;
+    QImage picture_;                     // null until it is needed
+    std::unique_ptr<NoteLayout> layout_; // of the picture, when that is what is to be shown
+    bool isAskedFor_ = false;            // what is to be shown
+    Task drawing_;
     int pictureCount_ = 0;
 };

@@ -137,6 +137,23 @@ private slots:
         QVERIFY(madeAnew(0)); // nobody sees it
     }
 
+    void longTracksAreDrawnMeanwhile()
+    {
+        Track track;
+        for (int i = 0; i < 20'000; ++i)
+            track.appendEvent(TrackEvent::note(quint32(40 + i % 40), i * songLength / 20'000, ticksPerQuarter));
+        track.normalize();
+        const int made = widget_->pictureCount();
+        const auto before = shown();
+        widget_->setTrack(track);
+        QCOMPARE(shown(), before);
+        widget_->setCommonLength(2 * songLength); // while the picture is drawn, which is one too many
+        widget_->notePressed(0);
+        QTRY_COMPARE(widget_->pictureCount(), made + 2);
+        widget_->releaseAllNotes();
+        QVERIFY(shown() != before);
+    }
+
     void pressedNotesAreLit()
     {
         widget_->setPosition(songLength / 2);
