@@ -225,6 +225,7 @@ void takeImports(WindowFixture &fixture)
                  noteOff(9, 110, 9) + noteOn(0, 40, 90, 9) + noteOff(30, 40, 9) + noteOn(0, 50, 3);
     }
     auto &dialogs = fixture.dialogs();
+    fixture.settings().setValue(Settings::ChooseParts, false);
     dialogs.answerOrCancel = Dialogs::Answer::Yes;
     fixture.import(fixture.write("lossy.mid", file({lossy + endOfTrack()})), 2);
     fixture.child<QDockWidget>("dockImportReport")->show();

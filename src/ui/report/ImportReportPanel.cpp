@@ -19,7 +19,9 @@ ImportReportPanel::ImportReportPanel(QWidget *parent) : QWidget(parent), line_(n
     view_->setModel(&model_);
     view_->setUniformRowHeights(true);
     view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    view_->header()->setStretchLastSection(true);
+    view_->header()->setStretchLastSection(false); // what is too long is cut, not the place
+    view_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    view_->header()->setSectionResizeMode(ImportReportModel::What, QHeaderView::Stretch);
     view_->setToolTip(
         tr("A click shows the place, the next click the next one; a double click opens it in the editor"));
     connect(view_, &QTreeView::clicked, this, &ImportReportPanel::choose);
@@ -35,8 +37,6 @@ void ImportReportPanel::show(const QString &line, const QVector<ReportedPart> &p
     line_->setText(line.isEmpty() ? tr("Of the last import there is nothing to report.") : line);
     model_.show(parts);
     view_->expandAll();
-    for (int column = 0; column < ImportReportModel::Where; ++column)
-        view_->resizeColumnToContents(column);
 }
 
 void ImportReportPanel::choose(const QModelIndex &row)
