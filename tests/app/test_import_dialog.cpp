@@ -129,6 +129,26 @@ private slots:
         QVERIFY(fixture_->import(jig, 3));
     }
 
+    void showsAbcThatIsConverted()
+    {
+        auto &dialogs = fixture_->dialogs();
+        dialogs.files = QStringList(
+            fixture_->write("two.abc", "X:1\nT:Two\nM:4/4\nL:1/4\nQ:1/4=120\nK:C\nV:1\n|:CDEF:|\nV:2\n|:cdef:|\n"));
+        dialogs.foreignAnswer = Dialogs::ForeignAnswer::Convert;
+        dialogs.inDialog = [](QDialog &dialog) {
+            QVERIFY(waitUntilSettled(dialog));
+            QCOMPARE(shown(dialog, 1, PartsTable::Notes), QStringLiteral("8"));
+            choose(dialog, 0, PartsTable::Name, Qt::Unchecked, Qt::CheckStateRole);
+            dialog.accept();
+        };
+        fixture_->trigger("actionOpen");
+        QTRY_COMPARE(fixture_->tracks().song().size(), 1);
+        QCOMPARE(fixture_->row(0)->shown()->track->noteCount(), 8);
+        dialogs.foreignAnswer = Dialogs::ForeignAnswer::OpenAsItIs; // without more questions
+        fixture_->trigger("actionOpen");
+        QTRY_COMPARE(fixture_->tracks().song().size(), 2);
+    }
+
     void comesOnlyWhereItIsWanted()
     {
         int shownCount = 0;

@@ -68,6 +68,7 @@ void ImportCommands::openAbc()
         return;
     ImportRequest request{tr("Open Tracks"), tr("Loading ABC files..."), sources};
     request.tunes = ImportRequest::Tunes::Chosen;
+    request.preview = ImportRequest::Preview::IfPreferred;
     queue_.load(request);
 }
 
@@ -95,10 +96,13 @@ void ImportCommands::importClipboard()
         return;
     }
     const auto step = tr("Paste Tracks");
-    if (!content->hasUrls())
-        queue_.load({step, tr("Reading the clipboard..."), sourcesOf(content->text())});
-    else if (const auto sources = sourcesOf(*content, FileOrigin::Pasted); !openSong(sources))
+    if (!content->hasUrls()) {
+        ImportRequest request{step, tr("Reading the clipboard..."), sourcesOf(content->text())};
+        request.preview = ImportRequest::Preview::IfPreferred;
+        queue_.load(request);
+    } else if (const auto sources = sourcesOf(*content, FileOrigin::Pasted); !openSong(sources)) {
         queue_.askAndLoad(title, {step, tr("Loading files..."), sources});
+    }
 }
 
 QVector<SongImported> ImportCommands::importsToReadAgain() const

@@ -132,9 +132,7 @@ void ImportQueue::take(const ImportRequest &request, const ReadSong &asRead)
     if (!chosen)
         return;
     const auto &song = *chosen;
-    const bool isChosenFrom = request.preview == ImportRequest::Preview::IfPreferred &&
-                              context_.settings.value(Settings::ChooseParts).toBool();
-    if (isChosenFrom && !song.tracks.isEmpty())
+    if (isChosenFrom(request, song))
         return choose(request, song);
     errors_ += song.errors;
     if (song.tracks.isEmpty()) // then nothing is removed either
@@ -144,6 +142,15 @@ void ImportQueue::take(const ImportRequest &request, const ReadSong &asRead)
     if (!request.readAgain.isEmpty())
         return readAgain(request, song);
     addTracks(request, song);
+}
+
+bool ImportQueue::isChosenFrom(const ImportRequest &request, const ReadSong &song) const
+{
+    const auto isMidi = [](const SongSource &source) { return source.kind == SongSource::Kind::MidiFile; };
+    const bool isForeign =
+        !song.converted.isEmpty() || std::any_of(request.sources.begin(), request.sources.end(), isMidi);
+    return isForeign && !song.tracks.isEmpty() && request.preview == ImportRequest::Preview::IfPreferred &&
+           context_.settings.value(Settings::ChooseParts).toBool();
 }
 
 void ImportQueue::choose(ImportRequest request, const ReadSong &song)

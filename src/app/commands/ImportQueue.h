@@ -32,6 +32,7 @@ signals:
 private:
     void take();
     void take(const ImportRequest &request, const ReadSong &song);
+    bool isChosenFrom(const ImportRequest &request, const ReadSong &song) const;
     void choose(ImportRequest request, const ReadSong &song);
     bool mayConvert(const ImportRequest &request, const ReadSong &song);
     std::optional<ReadSong> chooseTunes(const ImportRequest &request, ReadSong song);

@@ -24,7 +24,7 @@ struct ImportRequest
     QStringList replaced = {};                  // the tracks whose file is read again
     std::optional<ReadingOptions> options = {}; // where they are not those of the preferences; always to be shown
     enum class Preview { No, IfPreferred };
-    Preview preview = Preview::No; // of the parts, to choose from
+    Preview preview = Preview::No; // of parts that are not in the words of the game, to choose from
     enum class Tunes { All, Chosen };
     Tunes tunes = Tunes::All; // of a converted book
     QString readAgain = {};   // the id of the import whose parts are replaced

@@ -179,10 +179,12 @@ ReadSong ImportPreview::song() const
     song.tracks.clear();
     song.parts.clear();
     song.sources.clear();
+    song.tunes.clear();
     for (const int i : takenParts()) {
         song.tracks.append(parts_[i].track());
         song.parts.append(parts_[i].report());
         song.sources.append(song_.sources.value(i));
+        song.tunes.append(song_.tunes.value(i));
     }
     return song;
 }

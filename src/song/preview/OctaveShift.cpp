@@ -29,6 +29,7 @@ Track shiftedByOctaves(const Track &track, int octaves)
     };
     auto shifted = track;
     shifted.clearAbc();
+    shifted.setFilePath({}); // which holds it as it was
     auto &events = shifted.editEvents();
     events.erase(std::remove_if(events.begin(), events.end(), leaves), events.end());
     for (auto &event : events)

@@ -89,7 +89,7 @@ ImportPreviewDialog::ImportPreviewDialog(const QVector<SongSource> &sources, con
     middle->addLayout(left, 1);
     auto *const settings = makeSettings();
     middle->addWidget(settings);
-    settings->setVisible(std::any_of(sources.begin(), sources.end(), isMidi));
+    settings->setVisible(std::all_of(sources.begin(), sources.end(), isMidi));
     auto *const column = new QVBoxLayout(this);
     column->addLayout(middle, 1);
     column->addWidget(makeButtons());
