@@ -233,7 +233,7 @@ QString ImportPreviewDialog::summary() const
                           .arg(taken.size())
                           .arg(preview_.parts().size())
                           .arg(QLocale().toString(notes), QLocale().toString(characters));
-    return lost > 0 ? text + tr("; %1 notes would be lost").arg(QLocale().toString(lost)) : text;
+    return lost > 0 ? text + tr("; %1 notes would be lost or silent").arg(QLocale().toString(lost)) : text;
 }
 
 void ImportPreviewDialog::showState()

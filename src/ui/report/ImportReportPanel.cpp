@@ -22,6 +22,7 @@ ImportReportPanel::ImportReportPanel(QWidget *parent) : QWidget(parent), line_(n
     view_->header()->setStretchLastSection(false); // what is too long is cut, not the place
     view_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     view_->header()->setSectionResizeMode(ImportReportModel::What, QHeaderView::Stretch);
+    view_->setMinimumWidth(50 * fontMetrics().averageCharWidth()); // what happened can be read beside the place
     view_->setToolTip(
         tr("A click shows the place, the next click the next one; a double click opens it in the editor"));
     connect(view_, &QTreeView::clicked, this, &ImportReportPanel::choose);
