@@ -416,7 +416,7 @@ private slots:
         EditorFixture editor("C400\n");
         editor.show();
         double level = -1;
-        connect(&editor.player, &TrackPlayer::masterMeter, this, [&](float left) { level = left; });
+        connect(&editor.player, &TrackPlayer::masterMeter, this, [&](float left) { level = double(left); });
         editor.window.setInstrument(instrumentOf(editor.samples.level(16384, 4'800'000)));
         if (isPreview)
             editor.window.document().playPreviewNote(60);
