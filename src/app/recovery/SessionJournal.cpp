@@ -29,7 +29,7 @@ void SessionJournal::recordDue()
 void SessionJournal::record()
 {
     const auto song = session_.journalled();
-    if (!journal_ && song.isSaved)
+    if (!journal_ && song.isSaved && recovered_.isEmpty())
         return; // there is nothing to lose yet
     if (!journal_)
         begin();
