@@ -58,6 +58,9 @@ const std::array<Row, settingCount> &rows()
         {ChooseParts, "import/chooseParts", Type::Boolean, "true"},
         {ProgramInstrument, "instruments/forPrograms", Type::Text, ""}, // see ProgramInstruments.h
         {AbcForeign, "abc/foreign", Type::Integer, "0"},                // see ForeignAbc
+        {AbcGraceNotes, "abc/graceNotes", Type::Boolean, "true"},
+        {AbcPlayChordNames, "abc/playChordNames", Type::Boolean, "false"},
+        {AbcTempoInQuarters, "abc/tempoInQuarters", Type::Boolean, "false"}, // what "Q:120" counts
     }};
     return table;
 }

@@ -59,6 +59,9 @@ enum Setting {
     ChooseParts,
     ProgramInstrument,
     AbcForeign,
+    AbcGraceNotes,
+    AbcPlayChordNames,
+    AbcTempoInQuarters,
     settingCount
 };
 

@@ -197,7 +197,7 @@ void SourceReader::readAbc(const QString &text)
 QVector<StandardTune> SourceReader::standardTunes(const QString &text)
 {
     try {
-        return importStandardAbc(text, {}, stop_);
+        return importStandardAbc(text, options_.standardAbc, stop_);
     } catch (const QString &) {
         if (options_.abc == AbcDialect::Standard)
             throw;
@@ -390,6 +390,13 @@ ReadingOptions readingOptions(const std::function<QVariant(SettingsTable::Settin
     options.midi.velocityGate = setting(SettingsTable::MidiVelocityGate).toInt();
     options.cleanQuantise = setting(SettingsTable::MidiCleanQuantise).toBool();
     options.mml.autoDetectUnitLength = options.midi.autoDetectUnitLength;
+    const auto choose = [&](SettingsTable::Setting which, auto yes, auto no) {
+        return setting(which).toBool() ? yes : no;
+    };
+    auto &abc = options.standardAbc;
+    abc.graces = choose(SettingsTable::AbcGraceNotes, GraceNotes::TakeTime, GraceNotes::Drop);
+    abc.chordNames = choose(SettingsTable::AbcPlayChordNames, ChordNames::Play, ChordNames::Note);
+    abc.bareTempo = choose(SettingsTable::AbcTempoInQuarters, BareTempo::Quarters, BareTempo::UnitNotes);
     return options;
 }
 

@@ -2,6 +2,7 @@
 
 #include "import/MidiImport.h"
 #include "import/MmlImport.h"
+#include "import/standard/StandardAbcOptions.h"
 #include "settings/SettingsTable.h"
 #include "song/Song.h"
 #include "song/SongSource.h"
@@ -27,6 +28,7 @@ struct ReadingOptions
     bool cleanQuantise = false; // MIDI, instead of realigning
     MmlImportOptions mml;
     AbcDialect abc = AbcDialect::Game;
+    StandardAbcOptions standardAbc;
 
     // Tracks to be shown have their ABC texts made, which takes long in a long track, ABC tells what the game makes of
     // it, and imported tracks without notes are left out.

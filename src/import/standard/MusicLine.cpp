@@ -120,8 +120,10 @@ bool MusicLineReader::readSkipped()
         return true;
     }
     if (c == u'"') {
-        ++at_;
+        const auto begin = ++at_;
         skipBehind(u'"');
+        const bool isClosed = at_ > begin && line_.at(at_ - 1) == u'"';
+        voice().chordName(line_.mid(begin, at_ - begin - (isClosed ? 1 : 0)));
         return true;
     }
     return (c == u'!' || c == u'+') && readMarked(c);

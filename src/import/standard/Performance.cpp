@@ -170,8 +170,8 @@ void Walk::lookAhead()
         const auto &item = items_[int(at)];
         const auto &next = ahead(at + 1);
         auto &here = ahead_[int(at - begin_)];
-        const bool isSilent =
-            item.kind == Kind::Bar || item.kind == Kind::Key || item.kind == Kind::Metre || item.kind == Kind::Tempo;
+        const bool isSilent = item.kind == Kind::Bar || item.kind == Kind::Key || item.kind == Kind::Metre ||
+                              item.kind == Kind::Tempo || item.kind == Kind::ChordName;
         here.isEndingNext = item.kind == Kind::Ending || (isSilent && next.isEndingNext);
         const bool endsGroup = item.kind == Kind::RepeatStart || (item.kind == Kind::RepeatEnd && !next.isEndingNext);
         const int own = item.kind == Kind::Ending ? std::bit_width(item.passes) - 1 : 0;
@@ -203,6 +203,7 @@ public:
         else
             playParts(partOrder);
         loseTies();
+        performed_.end = std::max(farthest_, now_).rounded();
         return std::move(performed_);
     }
 
@@ -227,6 +228,7 @@ private:
     void loseTie(const OpenTie &tie) { performed_.report.add(ImportFinding::TieLost, tie.end.rounded()); }
     void loseTies();
     void endMeasure();
+    void addChord(const ScoreItem &item, Ticks start);
 
     const QVector<ScoreItem> &items_;
     GraceNotes graces_;
@@ -294,6 +296,10 @@ void Performer::playItem(const ScoreItem &item)
         now_ = measureStart_;
         ++layer_;
         break;
+    case Kind::ChordName:
+        if (layer_ == 0)
+            addChord(item, tick);
+        break;
     case Kind::Key:
         performed_.changes.append(TrackEvent::key(tick, item.first, item.second));
         break;
@@ -316,6 +322,16 @@ void Performer::endMeasure()
     measureStart_ = now_;
     ++measure_;
     layer_ = 0;
+    if (now_.rounded() > 0)
+        performed_.measures.push_back(now_.rounded());
+}
+
+void Performer::addChord(const ScoreItem &item, Ticks start)
+{
+    PerformedChord chord{start, {}};
+    for (const auto &note : item.notes)
+        chord.pitches.push_back(note.pitch);
+    performed_.chords.push_back(std::move(chord));
 }
 
 void Performer::sound(const ScoreItem &item)

@@ -3,14 +3,20 @@
 #include "core/TrackEvent.h"
 #include "import/PartReport.h"
 #include "import/standard/ScoreItem.h"
+#include "import/standard/StandardAbcOptions.h"
 
 #include <QString>
 #include <QVector>
 
 #include <stop_token>
+#include <vector>
 
-// What a grace note does: it sounds in time taken from the note behind it, or not at all.
-enum class GraceNotes { TakeTime, Drop };
+// A chord name where it stands, and what an accompaniment plays from there on.
+struct PerformedChord
+{
+    Ticks start = 0;
+    std::vector<int> pitches; // may lie outside of what can be played
+};
 
 // A voice as it sounds: repeats, endings and parts played out, ties joined.
 struct PerformedVoice
@@ -18,7 +24,10 @@ struct PerformedVoice
     QVector<TrackEvent> notes;   // of any pitch from 0 on; not sorted
     QVector<TrackEvent> changes; // keys and metres
     QVector<TrackEvent> tempos;
-    PartReport report;     // notes under pitch 0, and ties that lead to no note
+    PartReport report; // notes under pitch 0, and ties that lead to no note
+    std::vector<PerformedChord> chords;
+    std::vector<Ticks> measures; // where the bar lines are
+    Ticks end = 0;
     int repeatsPlayed = 0; // how often the music went back
 };
 

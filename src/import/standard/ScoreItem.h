@@ -2,6 +2,7 @@
 
 #include "import/standard/Fraction.h"
 
+#include <QString>
 #include <QTypeInfo>
 
 #include <vector>
@@ -28,15 +29,17 @@ struct ScoreItem
         Key,
         Metre,
         Tempo,
+        ChordName, // in a string over the music
     };
     Kind kind = Kind::Sound;
     Fraction duration;             // Sound: how far time moves on; no note need be as long
-    std::vector<ScoreNote> notes;  // Sound
+    std::vector<ScoreNote> notes;  // Sound; ChordName: what an accompaniment plays
     std::vector<ScoreNote> graces; // Sound: played before the notes, in time taken from them
     quint64 passes = 0;            // Ending: bit n for pass n, from 1; RepeatEnd: how often all is played
     quint32 first = 0;             // Key: row, Metre and Tempo: numerator; Part: the letter
     quint32 second = 0;            // Key: mode, Metre and Tempo: denominator
     quint32 perMinute = 0;         // Tempo
+    QString text = {};             // ChordName
 };
 
 Q_DECLARE_TYPEINFO(ScoreItem, Q_MOVABLE_TYPE);

@@ -3,13 +3,32 @@
 #include "base/Interrupted.h"
 #include "core/AbcParser.h"
 #include "core/KeyTable.h"
+#include "import/standard/Performance.h"
 #include "import/standard/TuneScore.h"
+
+#include <algorithm>
 
 namespace {
 
 QString fractionText(qint64 numerator, qint64 denominator)
 {
     return QStringLiteral("%1/%2").arg(numerator).arg(denominator);
+}
+
+// The chord names as they are written, measure by measure: "G D7 | C | G".
+QString chordChart(const Voice &voice)
+{
+    constexpr int longest = 2000; // characters
+    QString chart;
+    for (const auto &item : voice.items()) {
+        const bool isBar = item.kind == ScoreItem::Kind::Bar;
+        if (!isBar && item.kind != ScoreItem::Kind::ChordName)
+            continue;
+        const auto word = isBar ? QStringLiteral("|") : item.text;
+        if (chart.size() + word.size() < longest && !(isBar && chart.isEmpty()))
+            chart += (chart.isEmpty() ? QString() : QStringLiteral(" ")) + word;
+    }
+    return QStringLiteral("Chords: ") + chart;
 }
 
 // Turns the score of one tune into tracks.
@@ -27,7 +46,11 @@ public:
         for (const auto &voice : performed)
             tempos_ += voice.tempos;
         for (std::size_t i = 0; i < performed.size(); ++i)
-            addVoice(score_.voices[i], performed[i]);
+            addVoice(score_.voices[i], performed[i], options.chordNames);
+        const auto withChords = std::find_if(performed.begin(), performed.end(),
+                                             [](const PerformedVoice &voice) { return !voice.chords.empty(); });
+        if (options.chordNames == ChordNames::Play && withChords != performed.end())
+            addAccompaniment(score_.voices[std::size_t(withChords - performed.begin())], *withChords);
         tune_.unreadable = score_.unreadable;
         tune_.hasTempo = score_.tempo || !tempos_.isEmpty();
         if (!tune_.voices.isEmpty())
@@ -35,7 +58,9 @@ public:
     }
 
 private:
-    void addVoice(const Voice &voice, const PerformedVoice &performed);
+    void addVoice(const Voice &voice, const PerformedVoice &performed, ChordNames chordNames);
+    void addAccompaniment(const Voice &voice, const PerformedVoice &performed);
+    void addChanges(Track &track, const PerformedVoice &performed) const;
     void describeTune(PartReport &report) const;
     QString titleOf(const Voice &voice) const;
     void writeHeader(Track &track, const Voice &voice) const;
@@ -45,14 +70,16 @@ private:
     QVector<TrackEvent> tempos_;
 };
 
-void TuneConversion::addVoice(const Voice &voice, const PerformedVoice &performed)
+void TuneConversion::addVoice(const Voice &voice, const PerformedVoice &performed, ChordNames chordNames)
 {
     tune_.repeatsPlayed += performed.repeatsPlayed;
     auto report = performed.report;
     Track track;
     writeHeader(track, voice);
+    if (chordNames == ChordNames::Note && !performed.chords.empty())
+        track.appendHeaderField(QStringLiteral("N"), chordChart(voice));
     track.editEvents().reserve(tempos_.size() + performed.changes.size() + performed.notes.size());
-    track.editEvents() += tempos_ + performed.changes;
+    addChanges(track, performed);
     for (const auto &note : performed.notes) {
         if (isPlayable(note.pitch()))
             track.appendEvent(note);
@@ -77,6 +104,48 @@ void TuneConversion::describeTune(PartReport &report) const
         report.addWithoutPlace(ImportFinding::Unreadable, tune_.unreadable);
     if (!tune_.hasTempo)
         report.add(ImportFinding::DefaultTempo, 0);
+}
+
+// A repeat brings the same key again, which needs no field.
+void TuneConversion::addChanges(Track &track, const PerformedVoice &performed) const
+{
+    track.editEvents() += tempos_;
+    auto key = std::pair(score_.start.key.row, score_.start.key.mode);
+    for (const auto &change : performed.changes) {
+        const auto next = std::pair(change.keyIndex(), change.keyMode());
+        const bool isKey = change.kind() == TrackEvent::Key;
+        if (isKey && key == next)
+            continue;
+        key = isKey ? next : key;
+        track.appendEvent(change);
+    }
+}
+
+// Each chord sounds until the next, and anew in each measure.
+void TuneConversion::addAccompaniment(const Voice &voice, const PerformedVoice &performed)
+{
+    Track track;
+    writeHeader(track, voice);
+    track.setHeaderField(QStringLiteral("T"), titleOf(voice) + QStringLiteral(" - Chords"));
+    addChanges(track, performed);
+    auto measure = performed.measures.begin();
+    for (std::size_t i = 0; i < performed.chords.size(); ++i) {
+        const auto end = i + 1 < performed.chords.size() ? performed.chords[i + 1].start : performed.end;
+        for (auto start = performed.chords[i].start; start < end;) {
+            measure = std::find_if(measure, performed.measures.end(), [&](Ticks at) { return at > start; });
+            const auto stop = measure == performed.measures.end() ? end : std::min(end, *measure);
+            for (const int pitch : performed.chords[i].pitches) {
+                if (pitch >= 0 && isPlayable(pitch))
+                    track.appendEvent(TrackEvent::note(quint32(pitch), start, stop - start));
+            }
+            start = stop;
+        }
+    }
+    track.normalize();
+    PartReport report;
+    report.notes = track.noteCount();
+    if (report.notes > 0)
+        tune_.voices.append({track, {}, {}, report});
 }
 
 QString TuneConversion::titleOf(const Voice &voice) const

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/Track.h"
-#include "import/standard/Performance.h"
-#include "import/standard/TimeFields.h"
+#include "import/PartReport.h"
+#include "import/standard/StandardAbcOptions.h"
 
 #include <QString>
 #include <QVector>
@@ -12,11 +12,6 @@
 
 // Reads ABC as the standard 2.1 means it, which is not always what the game makes of the same text, and gives tracks
 // that the game plays as a musician reads the tune: repeats, endings and parts played out, a track for each voice.
-struct StandardAbcOptions
-{
-    GraceNotes graces = GraceNotes::TakeTime;
-    BareTempo bareTempo = BareTempo::UnitNotes;
-};
 
 struct StandardVoice
 {

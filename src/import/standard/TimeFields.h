@@ -2,6 +2,7 @@
 
 #include "core/HeaderFields.h"
 #include "import/standard/Fraction.h"
+#include "import/standard/StandardAbcOptions.h"
 
 #include <QStringView>
 
@@ -17,9 +18,6 @@ std::optional<Fraction> readUnitLengthField(QStringView text);
 
 // What it is where no L: says it: a sixteenth when the metre is below 3/4, else an eighth.
 Fraction defaultUnitLength(const HeaderFields::Metre &metre);
-
-// What a number alone, "Q:120", counts: unit notes by the standard, quarters in the habit of some programs.
-enum class BareTempo { UnitNotes, Quarters };
 
 struct TempoValue
 {

@@ -1,5 +1,7 @@
 #include "import/standard/Voice.h"
 
+#include "import/standard/ChordName.h"
+
 #include <utility>
 
 namespace {
@@ -167,6 +169,19 @@ void Voice::brokenRhythm(int dots)
     const Fraction longer(2 * power - 1, power);
     stretch(items_[int(lastSound_)], dots > 0 ? longer : shorter);
     nextFactor_ = dots > 0 ? shorter : longer;
+}
+
+// Strings that name no chord say something to people.
+void Voice::chordName(QStringView text)
+{
+    ScoreItem item;
+    item.kind = ScoreItem::Kind::ChordName;
+    const int transposed = settings.shift.transpose.value_or(0) + settings.playedTranspose;
+    for (const int pitch : chordPitches(text))
+        item.notes.push_back({pitch + transposed, {}, false});
+    item.text = text.trimmed().toString();
+    if (!item.notes.empty())
+        items_.append(item);
 }
 
 void Voice::changeKey(const KeySignature &key)

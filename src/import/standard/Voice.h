@@ -58,6 +58,7 @@ public:
     void changeKey(const KeySignature &key);
     void bar();
     void overlay();
+    void chordName(QStringView text);
     void append(const ScoreItem &item) { items_.append(item); }
 
     const QVector<ScoreItem> &items() const { return items_; }

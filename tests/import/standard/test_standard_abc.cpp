@@ -135,6 +135,17 @@ private slots:
         }
     }
 
+    void readsAsAsked()
+    {
+        const auto text = tuneText(QStringLiteral("L:1/4; K:C"), QStringLiteral("\"C\"{D}C E|\"G7/B\"D \"^slow\"D|"));
+        const auto asUsual = importStandardAbc(text).first();
+        QCOMPARE(voicesOf(asUsual), QStringLiteral("0:62(0.25) 0.25:60(0.75) 1:64 2:62 3:62"));
+        QCOMPARE(asUsual.voices[0].track.headerField(QStringLiteral("N")), QStringLiteral("Chords: C | G7/B |"));
+        const auto other = importStandardAbc(text, {ChordNames::Play, GraceNotes::Drop, BareTempo::Quarters}).first();
+        QCOMPARE(voicesOf(other), QStringLiteral("0:60 1:64 2:62 3:62 / 0:48(2) 0:60(2) 0:64(2) 0:67(2) "
+                                                 "2:47(2) 2:55(2) 2:59(2) 2:62(2) 2:65(2)"));
+    }
+
     void readsTempos_data()
     {
         const Rows<QString, QString> row("fields", "quarters a minute");
