@@ -10,7 +10,6 @@
 #include "ui/song/TrackVisualizationWidget.h"
 #include "ui/song/TrackWidgetStyles.h"
 #include "ui/song/VUMeter.h"
-#include "ui/tracks/RenameTrack.h"
 
 #include <QCheckBox>
 #include <QContextMenuEvent>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/tracks/SongTrack.h"
+#include "song/SongTrack.h"
 
 #include <QFrame>
 

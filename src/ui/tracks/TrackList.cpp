@@ -1,13 +1,9 @@
 #include "ui/tracks/TrackList.h"
 
-#include "ui/tracks/RenameTrack.h"
-
 #include <QElapsedTimer>
-#include <QFileInfo>
 #include <QUndoCommand>
 
 #include <algorithm>
-#include <iterator>
 
 namespace {
 
@@ -18,13 +14,6 @@ std::shared_ptr<const Track> shared(Track track)
 {
     track.toAbc(); // so that nothing that only looks at the track has to change it
     return std::make_shared<const Track>(std::move(track));
-}
-
-// A track of a song has its text made.
-QString textOf(const Track &track)
-{
-    auto copy = track;
-    return copy.toAbc();
 }
 
 // Of names such as the list gives; 0 for others, and for those that it never comes to.
@@ -41,21 +30,6 @@ QSet<QString> idsOf(const SongTracks &song)
     for (const auto &track : song)
         ids.insert(track->id);
     return ids;
-}
-
-bool hasNotes(const Track &track)
-{
-    const auto &events = track.events();
-    return std::any_of(events.begin(), events.end(), [](const TrackEvent &event) { return event.isNote(); });
-}
-
-// How paths of one file are told to be the same.
-QString fileOf(const QString &path)
-{
-    if (path.isEmpty())
-        return {};
-    const QFileInfo info(path);
-    return info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();
 }
 
 } // namespace
@@ -141,7 +115,7 @@ Track TrackList::trackWithPath(const QString &id) const
     if (!found)
         return {};
     auto track = *found->track;
-    track.setFilePath(saved_.value(id).path);
+    track.setFilePath(filePath(id));
     return track;
 }
 
@@ -192,39 +166,27 @@ std::shared_ptr<const SongTrack> TrackList::adopt(const NewTrack &added)
     track->volume = added.volume;
     track->pan = added.pan;
     track->import = added.import;
-    rememberSaved(*track, added.track.filePath());
+    files_.add(*track, added.track.filePath());
     return track;
-}
-
-void TrackList::rememberSaved(const SongTrack &track, const QString &path)
-{
-    if (!path.isEmpty() || !hasNotes(*track.track))
-        saved_.insert(track.id, {path, fileOf(path), track.track});
 }
 
 void TrackList::open(const QVector<OpenedTrack> &tracks)
 {
     history_.clear();
     selected_.clear();
-    saved_.clear();
-    compared_.clear();
+    files_.clear();
     removals_.clear();
     show({}); // a row or an editor of the song before is none of this one, even of a track of the same name
     SongTracks song;
     for (const auto &opened : tracks) {
         song.append(std::make_shared<const SongTrack>(opened.track));
         lastNumber_ = std::max(lastNumber_, numberOf(opened.track.id));
-        rememberOpened(opened);
+        if (!opened.path.isEmpty() && opened.file == FileHolds::Track)
+            files_.add(opened.track, opened.path);
+        else if (!opened.path.isEmpty())
+            files_.setPath(opened.track.id, opened.path);
     }
     show(song);
-}
-
-void TrackList::rememberOpened(const OpenedTrack &opened)
-{
-    const auto &track = opened.track.track;
-    if (!opened.path.isEmpty())
-        saved_.insert(opened.track.id,
-                      {opened.path, fileOf(opened.path), opened.file == FileHolds::Track ? track : nullptr});
 }
 
 QStringList TrackList::add(const QString &step, const QVector<NewTrack> &tracks, ExistingTracks existing)
@@ -289,7 +251,7 @@ void TrackList::duplicate(const QStringList &ids)
         copy->import.clear();
         titles.append(numberedTitle(source->track->title(), titles));
         copy->track = shared(copyWithTitle(*source->track, titles.last()));
-        rememberSaved(*copy, {});
+        files_.add(*copy, {});
         after.append(copy);
     }
     change(tr("Duplicate Tracks"), after);
@@ -362,12 +324,6 @@ bool TrackList::isUnsaved(const QString &id) const
     return track && isUnsaved(*track);
 }
 
-bool TrackList::isUnsaved(const SongTrack &track) const
-{
-    const auto saved = saved_.value(track.id).track;
-    return saved != track.track && (!saved || !compared_.areSame(track.id, textOf(*saved), textOf(*track.track)));
-}
-
 QStringList TrackList::unsavedIds() const
 {
     auto unsaved = ids();
@@ -376,15 +332,9 @@ QStringList TrackList::unsavedIds() const
     return unsaved;
 }
 
-std::optional<QString> TrackList::savedText(const QString &id) const
-{
-    const auto saved = saved_.value(id);
-    return saved.track && !saved.path.isEmpty() ? std::optional(textOf(*saved.track)) : std::nullopt;
-}
-
 void TrackList::setFilePath(const QString &id, const QString &path)
 {
-    saved_.insert(id, {path, fileOf(path), nullptr});
+    files_.setPath(id, path);
     emit filesChanged();
 }
 
@@ -396,27 +346,14 @@ void TrackList::markSaved(const QString &id, const QString &path)
 
 void TrackList::markSaved(const QString &id, const QString &path, const std::shared_ptr<const Track> &written)
 {
-    const auto file = fileOf(path);
-    const auto text = textOf(*written);
-    for (auto other = saved_.begin(); other != saved_.end();) {
-        const bool isReplaced = other->file == file && !(other->track && textOf(*other->track) == text);
-        other = isReplaced ? saved_.erase(other) : std::next(other);
-    }
-    saved_.insert(id, {path, file, written});
+    files_.markSaved(id, path, written);
     emit filesChanged();
 }
 
 QStringList TrackList::rivalsFor(const QString &path, const QString &id) const
 {
     const auto *const track = find(id);
-    const auto file = fileOf(path);
-    QStringList rivals;
-    for (const auto &other : song_) {
-        if (track && other->id != id && saved_.value(other->id).file == file &&
-            textOf(*other->track) != textOf(*track->track))
-            rivals.append(other->id);
-    }
-    return rivals;
+    return track ? files_.rivals(song_, *track, path) : QStringList();
 }
 
 void TrackList::changeEach(const QString &step, const QStringList &ids, Merging merging,

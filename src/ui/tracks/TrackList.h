@@ -1,16 +1,13 @@
 #pragma once
 
-#include "base/ComparedTexts.h"
-#include "ui/tracks/SongTrack.h"
+#include "song/TrackFiles.h"
 
-#include <QHash>
 #include <QMap>
 #include <QObject>
 #include <QSet>
 #include <QUndoStack>
 
 #include <functional>
-#include <optional>
 
 // A track that is to be added.
 struct NewTrack
@@ -87,24 +84,18 @@ public:
     // Whether a step that is done took it out; one whose coming was undone was not.
     bool wasRemoved(const QString &id) const { return !find(id) && removals_.value(id) > 0; }
 
-    // A track is unsaved when it differs from its file, or has none. One without notes counts as saved as long as it
-    // stays as it was added.
+    // As TrackFiles has it.
     bool isUnsaved(const QString &id) const;
-    bool isUnsaved(const SongTrack &track) const; // of a track that was removed, too
+    bool isUnsaved(const SongTrack &track) const { return files_.isUnsaved(track); } // of one that was removed, too
     QStringList unsavedIds() const;
     // Whether it has a file and does not differ from it.
     bool isFiled(const QString &id) const { return !filePath(id).isEmpty() && !isUnsaved(id); }
-    // Where the track is read from and saved to; empty while it has no file.
-    QString filePath(const QString &id) const { return saved_.value(id).path; }
-    // What the file held when it was read or saved last; nothing where that is not known.
-    std::optional<QString> savedText(const QString &id) const;
-    // A file for what is not in it yet.
+    QString filePath(const QString &id) const { return files_.path(id); }
+    std::optional<QString> savedText(const QString &id) const { return files_.savedText(id); }
     void setFilePath(const QString &id, const QString &path);
-    // The file holds this track; every other one that it held as another text has no file from here on.
     void markSaved(const QString &id, const QString &path);
     // The same for what the track was when it was written.
     void markSaved(const QString &id, const QString &path, const std::shared_ptr<const Track> &written);
-    // Other tracks with the same file, whose text differs from that of this one.
     QStringList rivalsFor(const QString &path, const QString &id) const;
 
 signals:
@@ -114,12 +105,6 @@ signals:
 
 private:
     friend class TrackListStep;
-    struct SavedAs
-    {
-        QString path;                       // empty where there was nothing to save
-        QString file;                       // the same whichever links and folders the path goes through
-        std::shared_ptr<const Track> track; // none while the file holds something else
-    };
     // Steps of one kind on one track that follow each other quickly are one step.
     enum class Merging { Never, Instrument, Volume, Pan };
 
@@ -127,8 +112,6 @@ private:
     QString nextId() { return QStringLiteral("T%1").arg(++lastNumber_); }
     std::shared_ptr<const SongTrack> adopt(const NewTrack &track);
     std::shared_ptr<const SongTrack> successor(const SongTrack &old, const NewTrack &track);
-    void rememberOpened(const OpenedTrack &opened);
-    void rememberSaved(const SongTrack &track, const QString &path);
     void change(const QString &step, const SongTracks &after, Merging merging = Merging::Never, const QString &id = {});
     void changeEach(const QString &step, const QStringList &ids, Merging merging,
                     const std::function<void(SongTrack &)> &edit);
@@ -137,9 +120,8 @@ private:
 
     SongTracks song_;
     QSet<QString> selected_;
-    QHash<QString, SavedAs> saved_;  // by track, also of removed ones: undo may bring them back
-    QHash<QString, int> removals_;   // by how many steps that are done
-    mutable ComparedTexts compared_; // a track's with that of its file
+    TrackFiles files_;
+    QHash<QString, int> removals_; // by how many steps that are done
     QUndoStack history_;
     int lastNumber_ = 0;
 };

@@ -1,4 +1,4 @@
-#include "ui/tracks/RenameTrack.h"
+#include "song/SongTrack.h"
 
 #include <QRegularExpression>
 
