@@ -37,13 +37,14 @@ struct SongLoop
     bool operator==(const SongLoop &) const = default;
 };
 
-// A file that parts were imported from, and the settings that it was read with, by their keys.
+// What parts were imported from, a file or a text, and the settings that it was read with, by their keys.
 struct SongImported
 {
     QString path; // absolute and clean; empty for the clipboard
     QJsonObject settings;
     QJsonObject others; // as in SongPart
     QString id = {};    // its own in its song, "I1", "I2", …; older songs have none
+    QString text = {};  // of the clipboard
 
     bool operator==(const SongImported &) const = default;
 };

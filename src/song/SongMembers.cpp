@@ -50,36 +50,6 @@ void readLoop(Song &song, const QJsonValue &value)
     song.loop = {Ticks(begin), Ticks(end), without(loop, {key("begin"), key("end")})};
 }
 
-QJsonValue importsValue(const Song &song)
-{
-    QJsonArray imports;
-    for (const auto &imported : song.imports) {
-        auto object = imported.others;
-        object[key("settings")] = imported.settings;
-        if (!imported.path.isEmpty())
-            object[key("file")] = imported.path;
-        if (!imported.id.isEmpty())
-            object[key("id")] = imported.id;
-        imports.append(object);
-    }
-    return imports.isEmpty() ? QJsonValue(QJsonValue::Undefined) : imports;
-}
-
-void readImports(Song &song, const QJsonValue &value)
-{
-    song.imports.clear();
-    if (value.isUndefined())
-        return;
-    for (const auto &each : arrayOf("imports", value)) {
-        const auto object = objectOf("imports", each);
-        const auto settings = object[key("settings")];
-        song.imports.append({optionalTextOf("file", object[key("file")]),
-                             settings.isUndefined() ? QJsonObject() : objectOf("settings", settings),
-                             without(object, {key("file"), key("settings"), key("id")}),
-                             optionalTextOf("id", object[key("id")])});
-    }
-}
-
 QJsonArray linesOf(const QString &text)
 {
     return QJsonArray::fromStringList(text.split(u'\n'));
@@ -95,6 +65,40 @@ QString joined(const char *name, const QJsonValue &value)
         text += textOf(name, lines[line]);
     }
     return text;
+}
+
+QJsonValue importsValue(const Song &song)
+{
+    QJsonArray imports;
+    for (const auto &imported : song.imports) {
+        auto object = imported.others;
+        object[key("settings")] = imported.settings;
+        if (!imported.path.isEmpty())
+            object[key("file")] = imported.path;
+        if (!imported.id.isEmpty())
+            object[key("id")] = imported.id;
+        if (!imported.text.isEmpty())
+            object[key("text")] = linesOf(imported.text);
+        imports.append(object);
+    }
+    return imports.isEmpty() ? QJsonValue(QJsonValue::Undefined) : imports;
+}
+
+void readImports(Song &song, const QJsonValue &value)
+{
+    song.imports.clear();
+    if (value.isUndefined())
+        return;
+    for (const auto &each : arrayOf("imports", value)) {
+        const auto object = objectOf("imports", each);
+        const auto settings = object[key("settings")];
+        const auto text = object[key("text")];
+        song.imports.append({optionalTextOf("file", object[key("file")]),
+                             settings.isUndefined() ? QJsonObject() : objectOf("settings", settings),
+                             without(object, {key("file"), key("settings"), key("id"), key("text")}),
+                             optionalTextOf("id", object[key("id")]),
+                             text.isUndefined() ? QString() : joined("text", text)});
+    }
 }
 
 QJsonObject fromPart(const SongPart &part)

@@ -368,8 +368,24 @@ constexpr MidiFlag midiFlags[] = {
     {SettingsTable::MidiMergedUnitLength, &MidiImportOptions::mergedUnitLength},
 };
 
+QVariant abcSettingOf(const StandardAbcOptions &options, SettingsTable::Setting setting)
+{
+    switch (setting) {
+    case SettingsTable::AbcGraceNotes:
+        return options.graces == GraceNotes::TakeTime;
+    case SettingsTable::AbcPlayChordNames:
+        return options.chordNames == ChordNames::Play;
+    case SettingsTable::AbcTempoInQuarters:
+        return options.bareTempo == BareTempo::Quarters;
+    default:
+        return {};
+    }
+}
+
 QVariant settingOf(const ReadingOptions &options, SettingsTable::Setting setting)
 {
+    if (const auto abc = abcSettingOf(options.standardAbc, setting); abc.isValid())
+        return abc;
     for (const auto &flag : midiFlags) {
         if (flag.setting == setting)
             return options.midi.*flag.member;
@@ -418,7 +434,8 @@ QJsonObject importSettings(const std::function<QVariant(SettingsTable::Setting)>
     QJsonObject settings;
     for (const auto &row : SettingsTable::rows()) {
         const auto key = QLatin1String(row.key);
-        if (key.startsWith(QLatin1String("midi/")))
+        const bool isOfAbc = abcSettingOf({}, row.setting).isValid();
+        if (key.startsWith(QLatin1String("midi/")) || isOfAbc)
             settings[key] = QJsonValue::fromVariant(setting(row.setting));
     }
     return settings;

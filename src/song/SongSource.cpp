@@ -1,6 +1,7 @@
 #include "song/SongSource.h"
 
 #include "import/MmlImport.h"
+#include "song/Song.h"
 
 #include <QFileInfo>
 #include <QMimeData>
@@ -58,6 +59,11 @@ SongSource sourceOf(const QString &path)
     if (suffix == u"kvsong")
         return {Kind::SongFile, path};
     return {suffix == u"abc" ? Kind::AbcFile : Kind::TextFile, path};
+}
+
+SongSource sourceOf(const SongImported &imported)
+{
+    return imported.path.isEmpty() ? sourcesOf(imported.text).value(0) : sourceOf(imported.path);
 }
 
 QVector<SongSource> sourcesOf(const QMimeData &data, FileOrigin origin)

@@ -5,6 +5,7 @@
 #include <QVector>
 
 class QMimeData;
+struct SongImported;
 
 // Something to read tracks from, and as what.
 struct SongSource
@@ -25,6 +26,9 @@ struct SongSource
 
 // A file by its ending, whose case does not matter: .abc, .mid, .midi, .kvsong, and text for every other.
 SongSource sourceOf(const QString &path);
+
+// What was imported, once more.
+SongSource sourceOf(const SongImported &imported);
 
 // Which of the files the user may mean: pasted files may end in .abc, .mid and .midi, dropped ones in .abc and
 // .mid; songs in .kvsong.

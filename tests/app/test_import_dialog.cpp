@@ -8,6 +8,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTableView>
 
@@ -133,20 +134,34 @@ private slots:
     {
         auto &dialogs = fixture_->dialogs();
         dialogs.files = QStringList(
-            fixture_->write("two.abc", "X:1\nT:Two\nM:4/4\nL:1/4\nQ:1/4=120\nK:C\nV:1\n|:CDEF:|\nV:2\n|:cdef:|\n"));
+            fixture_->write("two.abc", "X:1\nT:One\nK:C\n|:C:|\n\n"
+                                       "X:2\nT:Two\nM:4/4\nL:1/4\nK:C\nV:1\n|:\"G\"C{D}DEF:|\nV:2\n|:cdef:|\n"));
         dialogs.foreignAnswer = Dialogs::ForeignAnswer::Convert;
         dialogs.inDialog = [](QDialog &dialog) {
+            if (auto *const book = dialog.findChild<QListWidget *>()) {
+                book->item(0)->setCheckState(Qt::Unchecked);
+                return dialog.accept();
+            }
             QVERIFY(waitUntilSettled(dialog));
             QCOMPARE(shown(dialog, 1, PartsTable::Notes), QStringLiteral("8"));
+            QCOMPARE(shown(dialog, 0, PartsTable::Notes), QStringLiteral("10"));
+            for (const auto *const name : {"chkGraceNotes", "chkPlayChordNames"})
+                dialog.findChild<QCheckBox *>(QLatin1String(name))->click();
+            QVERIFY(waitUntilSettled(dialog));
+            QCOMPARE(shown(dialog, 0, PartsTable::Notes), QStringLiteral("8"));
+            QCOMPARE(shown(dialog, 2, PartsTable::Name), QStringLiteral("Two - 1 - Chords"));
             choose(dialog, 0, PartsTable::Name, Qt::Unchecked, Qt::CheckStateRole);
             dialog.accept();
         };
         fixture_->trigger("actionOpen");
-        QTRY_COMPARE(fixture_->tracks().song().size(), 1);
+        QTRY_COMPARE(fixture_->tracks().song().size(), 2);
         QCOMPARE(fixture_->row(0)->shown()->track->noteCount(), 8);
+        const auto imported = fixture_->window().session().imports().first().settings;
+        QVERIFY(imported[QStringLiteral("abc/playChordNames")].toBool());
+        QVERIFY(!imported[QStringLiteral("abc/graceNotes")].toBool());
         dialogs.foreignAnswer = Dialogs::ForeignAnswer::OpenAsItIs; // without more questions
         fixture_->trigger("actionOpen");
-        QTRY_COMPARE(fixture_->tracks().song().size(), 2);
+        QTRY_COMPARE(fixture_->tracks().song().size(), 4);
     }
 
     void comesOnlyWhereItIsWanted()

@@ -152,6 +152,18 @@ private slots:
         fixture_->trigger("actionUndo");
         QCOMPARE(fixture_->tracks().song(), before);
         QCOMPARE(fixture_->window().session().song().parts[3].import, QStringLiteral("I2"));
+
+        fixture_->dialogs().foreignAnswer = Dialogs::ForeignAnswer::Convert;
+        QGuiApplication::clipboard()->setText(QStringLiteral("X:1\nK:C\n|:{D}C:|\n"));
+        fixture_->trigger("actionImport_from_Clipboard");
+        QTRY_COMPARE(fixture_->tracks().song().size(), 5);
+        fixture_->dialogs().inDialog = [](QDialog &dialog) {
+            dialog.findChild<QComboBox *>(QStringLiteral("cboFile"))->setCurrentIndex(2);
+            dialog.findChild<QCheckBox *>(QStringLiteral("chkGraceNotes"))->click();
+            dialog.accept();
+        };
+        again->trigger();
+        QTRY_COMPARE(fixture_->tracks().song()[4]->track->noteCount(), 2);
     }
 
     void keepsTheTracksWhenNothingIsRead_data()

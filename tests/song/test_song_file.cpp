@@ -22,6 +22,13 @@ const char *const hymn = R"({
       "settings": {
         "midi/pitchBend": true
       }
+    },
+    {
+      "settings": {},
+      "text": [
+        "MML@c;",
+        ""
+      ]
     }
   ],
   "parts": [
@@ -75,6 +82,7 @@ private slots:
         song.title = QStringLiteral("Winter Hymn");
         song.loop = SongLoop{0, 40320, {}};
         song.imports.append({QStringLiteral("/songs/in/hymn.mid"), {{QStringLiteral("midi/pitchBend"), true}}, {}});
+        song.imports.append(SongImported{{}, {}, {}, {}, QStringLiteral("MML@c;\n")});
         SongPart part;
         part.id = QStringLiteral("T1");
         part.name = QStringLiteral("Lute");

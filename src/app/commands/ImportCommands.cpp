@@ -109,7 +109,7 @@ QVector<SongImported> ImportCommands::importsToReadAgain() const
 {
     auto imports = context_.session.imports();
     const auto isUseless = [this](const SongImported &imported) {
-        return imported.path.isEmpty() || context_.session.partsOf(imported.id).isEmpty();
+        return (imported.path.isEmpty() && imported.text.isEmpty()) || context_.session.partsOf(imported.id).isEmpty();
     };
     imports.erase(std::remove_if(imports.begin(), imports.end(), isUseless), imports.end());
     return imports;
@@ -122,10 +122,11 @@ void ImportCommands::importAgain()
     if (imports.isEmpty() || !context_.dialogs.run(dialog))
         return;
     const auto &imported = imports[dialog.chosen()];
-    ImportRequest request{tr("Import Again"), tr("Loading files..."), {sourceOf(imported.path)}};
+    ImportRequest request{tr("Import Again"), tr("Loading files..."), {sourceOf(imported)}};
     request.readAgain = imported.id;
     request.options = readingOptions(dialog.settings());
-    const bool isAbc = request.sources.first().kind == SongSource::Kind::AbcFile;
+    const auto kind = request.sources.first().kind;
+    const bool isAbc = kind == SongSource::Kind::AbcFile || kind == SongSource::Kind::AbcText;
     request.options->abc = isAbc ? AbcDialect::Standard : AbcDialect::Auto;
     request.tunes = ImportRequest::Tunes::Chosen;
     queue_.load(request);

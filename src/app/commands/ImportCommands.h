@@ -29,7 +29,7 @@ public:
     void openAbc();
     void importMidi();
     void importClipboard();
-    // Reads a file that parts came from with other settings; what it gives takes their place.
+    // Reads a file or text that parts came from with other settings; what it gives takes their place.
     void importAgain();
     bool canImportAgain() const { return !importsToReadAgain().isEmpty(); }
     // A song file by itself takes the place of the song, among others its parts are added with their mix. What is

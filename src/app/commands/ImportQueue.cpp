@@ -6,6 +6,7 @@
 #include "app/services/SongSession.h"
 #include "base/ErrorText.h"
 #include "settings/Settings.h"
+#include "song/ChosenTunes.h"
 #include "ui/Dialogs.h"
 #include "ui/importing/ImportPreviewDialog.h"
 #include "ui/report/TuneChooser.h"
@@ -62,8 +63,16 @@ QString cleanPath(const QString &path)
 bool canBeImportedAgain(const SongSource &source, bool isConverted)
 {
     using Kind = SongSource::Kind;
-    return source.kind == Kind::MidiFile || source.kind == Kind::TextFile ||
-           (source.kind == Kind::AbcFile && isConverted);
+    return source.kind == Kind::MidiFile || source.kind == Kind::TextFile || source.kind == Kind::MmlText ||
+           ((source.kind == Kind::AbcFile || source.kind == Kind::AbcText) && isConverted);
+}
+
+SongImported importedFrom(const SongSource &source, const QJsonObject &settings)
+{
+    const bool isText = source.kind == SongSource::Kind::AbcText || source.kind == SongSource::Kind::MmlText;
+    if (isText)
+        return {{}, settings, {}, {}, source.content};
+    return {cleanPath(source.content), settings, {}};
 }
 
 } // namespace
@@ -157,7 +166,10 @@ void ImportQueue::choose(ImportRequest request, const ReadSong &song)
 {
     auto &playback = context_.playback;
     const PreviewServices services{context_.settings, playback.instruments(), playback.resolvedName({}), makeEngine_};
-    ImportPreviewDialog dialog(request.sources, song, reading_.optionsOf(request), services, &context_.window);
+    auto options = reading_.optionsOf(request);
+    if (song.converted.size() == request.sources.size()) // whatever the game would read otherwise
+        options.abc = AbcDialect::Standard;
+    ImportPreviewDialog dialog(request.sources, song, options, services, &context_.window);
     connect(&dialog, &ImportPreviewDialog::aboutToListen, &playback, &Playback::stop);
     if (!context_.dialogs.run(dialog))
         return;
@@ -241,7 +253,7 @@ QHash<int, QString> ImportQueue::noteImports(const ImportRequest &request, const
     for (const int number : song.sources) {
         const auto source = request.sources.value(number);
         if (!imports.contains(number) && canBeImportedAgain(source, converted.contains(number)))
-            imports.insert(number, context_.session.addImport({cleanPath(source.content), settings, {}}));
+            imports.insert(number, context_.session.addImport(importedFrom(source, settings)));
     }
     return imports;
 }

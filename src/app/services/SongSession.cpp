@@ -99,7 +99,8 @@ QString SongSession::name() const
         return rest_.title;
     if (!file_.isEmpty())
         return QFileInfo(file_).completeBaseName();
-    return rest_.imports.isEmpty() ? tr("Untitled") : QFileInfo(rest_.imports.first().path).completeBaseName();
+    const auto imported = rest_.imports.isEmpty() ? QString() : rest_.imports.first().path;
+    return imported.isEmpty() ? tr("Untitled") : QFileInfo(imported).completeBaseName();
 }
 
 bool SongSession::isUnsaved() const
@@ -282,7 +283,8 @@ QStringList SongSession::partsOf(const QString &import) const
 QString SongSession::addImport(SongImported imported)
 {
     for (const auto &known : std::as_const(rest_.imports)) {
-        const bool isSame = known.path == imported.path && known.settings == imported.settings;
+        const bool isSame =
+            known.path == imported.path && known.text == imported.text && known.settings == imported.settings;
         if (isSame && !known.id.isEmpty() && partsOf(known.id).isEmpty())
             return known.id;
     }

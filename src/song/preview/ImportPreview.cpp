@@ -2,6 +2,7 @@
 
 #include "base/Interrupted.h"
 #include "base/ParallelJobs.h"
+#include "song/ChosenTunes.h"
 
 #include <algorithm>
 
@@ -29,6 +30,11 @@ ImportPreview::ImportPreview(const QVector<SongSource> &sources, const ProposalB
 void ImportPreview::show(const ReadSong &song, const ReadingOptions &options)
 {
     options_ = options;
+    tunes_.clear();
+    for (const auto &each : song.converted) {
+        const auto tunes = tunesWithTracks(song, each.source);
+        tunes_.insert(each.source, QSet<int>(tunes.begin(), tunes.end()));
+    }
     start([song](const TaskControl &) { return song; });
 }
 
@@ -36,8 +42,11 @@ void ImportPreview::read(const ReadingOptions &options)
 {
     options_ = options;
     options_.tracks = ReadingOptions::Tracks::ToBeShown;
-    start([sources = sources_, wanted = options_](const TaskControl &control) {
-        return readSong(sources, wanted, control.stop(), [](int) {});
+    start([sources = sources_, tunes = tunes_, wanted = options_](const TaskControl &control) {
+        auto song = readSong(sources, wanted, control.stop(), [](int) {});
+        for (const auto &each : QVector<ConvertedAbc>(song.converted))
+            keepTunes(song, each.source, tunes.value(each.source));
+        return song;
     });
 }
 

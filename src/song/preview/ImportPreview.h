@@ -6,6 +6,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <QSet>
 
 // Shows what sources would become before they do: reads them beside the interface thread, again whenever an option
 // changes, and proposes instruments and octaves. What a person chooses for a part stays with it when its source is read
@@ -17,7 +18,7 @@ class ImportPreview : public QObject
 public:
     ImportPreview(const QVector<SongSource> &sources, const ProposalBasis &basis, QObject *parent = nullptr);
 
-    // What was read already.
+    // What was read already. Of converted ABC only the tunes that are in it are read again.
     void show(const ReadSong &song, const ReadingOptions &options);
     // Ends what is being read. Tracks are read to be shown whatever the options say.
     void read(const ReadingOptions &options);
@@ -68,6 +69,7 @@ private:
     void takeSettled(const QVector<int> &numbers, const Parts &parts);
 
     QVector<SongSource> sources_;
+    QHash<int, QSet<int>> tunes_; // of converted sources, by their numbers
     ProposalBasis basis_;
     ReadingOptions options_;
     ReadSong song_;

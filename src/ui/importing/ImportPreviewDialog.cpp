@@ -2,8 +2,8 @@
 
 #include "song/preview/OctaveShift.h"
 #include "ui/Icons.h"
+#include "ui/ImportSettingsBox.h"
 #include "ui/InstrumentComboBox.h"
-#include "ui/MidiSettingsBox.h"
 #include "ui/importing/ChoiceDelegate.h"
 #include "ui/importing/PartsTable.h"
 #include "ui/importing/PreviewPlayer.h"
@@ -47,6 +47,16 @@ bool isMidi(const SongSource &source)
     return source.kind == SongSource::Kind::MidiFile || source.bytes.startsWith("MThd");
 }
 
+QVector<ImportKind> kindsOf(const QVector<SongSource> &sources, const ReadSong &song)
+{
+    QVector<ImportKind> kinds;
+    if (std::any_of(sources.begin(), sources.end(), isMidi))
+        kinds.append(ImportKind::Midi);
+    if (!song.converted.isEmpty())
+        kinds.append(ImportKind::StandardAbc);
+    return kinds;
+}
+
 QString titleOf(const QVector<SongSource> &sources)
 {
     const auto name =
@@ -87,9 +97,7 @@ ImportPreviewDialog::ImportPreviewDialog(const QVector<SongSource> &sources, con
     left->addWidget(makeListening());
     auto *const middle = new QHBoxLayout;
     middle->addLayout(left, 1);
-    auto *const settings = makeSettings();
-    middle->addWidget(settings);
-    settings->setVisible(std::all_of(sources.begin(), sources.end(), isMidi));
+    middle->addWidget(makeSettings(kindsOf(sources, song)));
     auto *const column = new QVBoxLayout(this);
     column->addLayout(middle, 1);
     column->addWidget(makeButtons());
@@ -163,16 +171,16 @@ QWidget *ImportPreviewDialog::makeListening()
     return line;
 }
 
-QWidget *ImportPreviewDialog::makeSettings()
+QWidget *ImportPreviewDialog::makeSettings(const QVector<ImportKind> &kinds)
 {
-    midi_ = new MidiSettingsBox(settings_);
-    connect(midi_, &MidiSettingsBox::changed, this, &ImportPreviewDialog::readAgain);
+    box_ = new ImportSettingsBox(kinds, settings_);
+    connect(box_, &ImportSettingsBox::changed, this, &ImportPreviewDialog::readAgain);
     auto *const area = new QScrollArea;
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setWidget(midi_);
-    area->setFixedWidth(midi_->sizeHint().width() + area->verticalScrollBar()->sizeHint().width());
+    area->setWidget(box_);
+    area->setFixedWidth(box_->sizeHint().width() + area->verticalScrollBar()->sizeHint().width());
     return area;
 }
 
@@ -196,10 +204,11 @@ QWidget *ImportPreviewDialog::makeButtons()
 void ImportPreviewDialog::readAgain()
 {
     auto options = preview_.options();
-    const auto chosen = readingOptions([this](Settings::Setting setting) { return midi_->value(setting); });
+    const auto chosen = readingOptions([this](Settings::Setting setting) { return box_->value(setting); });
     options.midi = chosen.midi;
     options.cleanQuantise = chosen.cleanQuantise;
     options.mml = chosen.mml;
+    options.standardAbc = chosen.standardAbc;
     preview_.read(options);
     showState();
 }
@@ -263,7 +272,7 @@ void ImportPreviewDialog::accept()
     isAccepted_ = preview_.isBusy();
     if (isAccepted_ || preview_.takenParts().isEmpty())
         return;
-    midi_->store(settings_);
+    box_->store(settings_);
     const auto remembered = preview_.remembered().text();
     if (remembered != settings_.value(Settings::ProgramInstrument).toString())
         settings_.setValue(Settings::ProgramInstrument, remembered);

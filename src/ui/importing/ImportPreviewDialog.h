@@ -7,7 +7,8 @@
 
 #include <QDialog>
 
-class MidiSettingsBox;
+class ImportSettingsBox;
+enum class ImportKind;
 class PartsTable;
 class PreviewPlayer;
 class QHBoxLayout;
@@ -47,7 +48,7 @@ signals:
 private:
     QWidget *makeTable();
     QWidget *makeListening();
-    QWidget *makeSettings();
+    QWidget *makeSettings(const QVector<ImportKind> &kinds);
     QWidget *makeButtons();
     void readAgain();
     void listen(const QVector<int> &parts);
@@ -60,7 +61,7 @@ private:
     PreviewPlayer *player_;
     PartsTable *parts_;
     QTableView *table_;
-    MidiSettingsBox *midi_;
+    ImportSettingsBox *box_;
     QLabel *summary_; // of all that are taken
     QLabel *loss_;    // of the current part
     QPushButton *listenPart_;

@@ -2,7 +2,7 @@
 
 #include "assets/GameInstallation.h"
 #include "ui/Dialogs.h"
-#include "ui/MidiSettingsBox.h"
+#include "ui/ImportSettingsBox.h"
 #include "ui/preferences/ColourSwatch.h"
 #include "ui/preferences/ProgramsPage.h"
 
@@ -77,6 +77,7 @@ PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, const
     addPage(QStringLiteral("Instruments"), QStringLiteral(":/icons/instrument.png"), instrumentsPage());
     addPage(QStringLiteral("Track Preview"), QStringLiteral(":/icons/preview.png"), previewPage());
     addPage(QStringLiteral("Midi Import"), QStringLiteral(":/icons/midiimport.png"), midiPage());
+    addPage(tr("ABC Import"), QStringLiteral(":/icons/import.png"), abcPage());
     addPage(tr("Programs"), QStringLiteral(":/icons/applyinstrument.png"), programsPage(instruments));
     addPage(QStringLiteral("Appearance"), QStringLiteral(":/icons/preferences.png"), appearancePage());
     selector_->setCurrentRow(0);
@@ -159,19 +160,32 @@ QWidget *PreferencesDialog::previewPage()
 
 QWidget *PreferencesDialog::midiPage()
 {
-    auto *const midi = new MidiSettingsBox(settings_);
-    connect(midi, &MidiSettingsBox::changed, this,
-            qOverload<Settings::Setting, const QVariant &>(&PreferencesDialog::change));
     auto *const page = new QWidget;
     auto *const rows = new QVBoxLayout(page);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->addWidget(addCheckBox(Settings::ChooseParts, QStringLiteral("chkChooseParts"),
                                 tr("Choose parts when importing"),
                                 tr("Show what would become parts, and how, before Import MIDI brings them in")));
-    rows->addWidget(midi);
-    rows->addLayout(foreignAbcRow());
-    rows->addStretch();
+    rows->addWidget(importSettings(ImportKind::Midi));
     return page;
+}
+
+QWidget *PreferencesDialog::abcPage()
+{
+    auto *const page = new QWidget;
+    auto *const rows = new QVBoxLayout(page);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addLayout(foreignAbcRow());
+    rows->addWidget(importSettings(ImportKind::StandardAbc));
+    return page;
+}
+
+QWidget *PreferencesDialog::importSettings(ImportKind kind)
+{
+    auto *const box = new ImportSettingsBox({kind}, settings_);
+    connect(box, &ImportSettingsBox::changed, this,
+            qOverload<Settings::Setting, const QVariant &>(&PreferencesDialog::change));
+    return box;
 }
 
 QLayout *PreferencesDialog::foreignAbcRow()

@@ -9,7 +9,7 @@
 
 class Dialogs;
 class ColourSwatch;
-class MidiSettingsBox;
+enum class ImportKind;
 class QCheckBox;
 class QLayout;
 class QLineEdit;
@@ -47,6 +47,8 @@ private:
     QWidget *instrumentsPage();
     QWidget *previewPage();
     QWidget *midiPage();
+    QWidget *abcPage();
+    QWidget *importSettings(ImportKind kind);
     QLayout *foreignAbcRow();
     QWidget *programsPage(const InstrumentSet &instruments);
     QWidget *appearancePage();

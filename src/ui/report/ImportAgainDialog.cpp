@@ -1,7 +1,7 @@
 #include "ui/report/ImportAgainDialog.h"
 
 #include "song/SongReader.h"
-#include "ui/MidiSettingsBox.h"
+#include "ui/ImportSettingsBox.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -24,6 +24,17 @@ QHash<Settings::Setting, QVariant> valuesOf(const QJsonObject &settings)
     return values;
 }
 
+// A text file may hold ABC or MML.
+QVector<ImportKind> kindsOf(const SongSource &source)
+{
+    using Kind = SongSource::Kind;
+    if (source.kind == Kind::AbcFile || source.kind == Kind::AbcText)
+        return {ImportKind::StandardAbc};
+    if (source.kind == Kind::TextFile)
+        return {ImportKind::Midi, ImportKind::StandardAbc};
+    return {ImportKind::Midi};
+}
+
 } // namespace
 
 ImportAgainDialog::ImportAgainDialog(const QVector<SongImported> &imports, const Settings &settings, QWidget *parent)
@@ -31,17 +42,18 @@ ImportAgainDialog::ImportAgainDialog(const QVector<SongImported> &imports, const
 {
     setWindowTitle(tr("Import Again"));
     files_->setObjectName(QStringLiteral("cboFile"));
-    files_->setToolTip(tr("The file that is read again; its parts are replaced"));
+    files_->setToolTip(tr("What is read again; its parts are replaced"));
     for (const auto &imported : imports_) {
-        files_->addItem(QFileInfo(imported.path).fileName());
+        files_->addItem(imported.path.isEmpty() ? tr("Clipboard") : QFileInfo(imported.path).fileName());
         files_->setItemData(files_->count() - 1, imported.path, Qt::ToolTipRole);
     }
     auto *const file = new QFormLayout;
     file->addRow(tr("File:"), files_);
     column_->addLayout(file);
 
-    auto *const remark = new QLabel(tr("The parts of this file are replaced, in one step that can be undone. Parts of "
-                                       "the same name keep their instrument, volume and pan."));
+    auto *const remark =
+        new QLabel(tr("The parts of this import are replaced, in one step that can be undone. Parts of "
+                      "the same name keep their instrument, volume and pan."));
     remark->setWordWrap(true);
     column_->addWidget(remark);
     auto *const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
@@ -58,19 +70,15 @@ int ImportAgainDialog::chosen() const
     return files_->currentIndex();
 }
 
-// Those of ABC say nothing of how it is read.
 void ImportAgainDialog::showSettings()
 {
     delete std::exchange(box_, nullptr);
     const auto imported = imports_.value(chosen());
-    if (sourceOf(imported.path).kind == SongSource::Kind::AbcFile)
-        return;
-    box_ = new MidiSettingsBox(settings_, valuesOf(imported.settings));
+    box_ = new ImportSettingsBox(kindsOf(sourceOf(imported)), settings_, valuesOf(imported.settings));
     column_->insertWidget(1, box_);
 }
 
 QJsonObject ImportAgainDialog::settings() const
 {
-    return box_ ? importSettings([this](Settings::Setting setting) { return box_->value(setting); })
-                : imports_.value(chosen()).settings;
+    return importSettings([this](Settings::Setting setting) { return box_->value(setting); });
 }

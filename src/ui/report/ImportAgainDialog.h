@@ -5,7 +5,7 @@
 #include <QDialog>
 #include <QVector>
 
-class MidiSettingsBox;
+class ImportSettingsBox;
 class QComboBox;
 class QVBoxLayout;
 class Settings;
@@ -29,5 +29,5 @@ private:
     const Settings &settings_;
     QComboBox *files_;
     QVBoxLayout *column_;
-    MidiSettingsBox *box_ = nullptr;
+    ImportSettingsBox *box_ = nullptr;
 };

@@ -50,6 +50,7 @@ private slots:
         row("volume", "chkNoteVolume", Settings::MidiProcessVolume);
         row("choosing parts", "chkChooseParts", Settings::ChooseParts);
         row("pedal", "chkSustainPedal", Settings::MidiSustainPedal);
+        row("chords", "chkPlayChordNames", Settings::AbcPlayChordNames);
         row("dark", "chkDarkPalette", Settings::DarkPalette);
     }
 
