@@ -18,6 +18,7 @@ set(LAYERS
     "src/audio/sound|"
     "src/audio|base core assets assets/package audio/sound"
     "src/audio/engine|audio/AudioEngine.h audio/sound"
+    "src/export|base core import assets audio/TempoMap.h"
     "src/ui|base settings assets"
     "src/ui/tracks|core song"
     "src/ui/song|base settings core import song assets ui ui/tracks"
@@ -33,7 +34,7 @@ set(LAYERS
     "src/app/commands|base settings core import import/quantise song song/preview assets audio ui ui/tracks ui/song ui/report ui/preferences ui/importing app/services"
     "src/app/recovery|base core song ui ui/tracks app/services app/commands"
     "src/app|base settings core song assets audio audio/engine ui ui/tracks ui/song ui/report app/services app/commands app/recovery"
-    "tools/cli|base settings core import import/quantise song assets assets/package audio audio/engine"
+    "tools/cli|base settings core import import/quantise song assets assets/package audio audio/engine export"
     "tools/demogame|")
 set(LAYERS_WITHOUT_QT "src/audio/sound" "src/audio/engine")
 

@@ -1,5 +1,7 @@
 #include "assets/InstrumentGuess.h"
 
+#include "assets/ProgramInstruments.h"
+
 #include <algorithm>
 #include <array>
 
@@ -10,25 +12,27 @@ enum Kind { Keyboard, Bars, Organ, Guitar, Harp, Bass, Bowed, Voice, Brass, Reed
 struct KindRow
 {
     Kind kind;
-    Kind next; // the kind that sounds most like it
+    Kind next;   // the kind that sounds most like it
+    int program; // the General MIDI program that is used most, as ProgramInstruments counts
     const char *words;
 };
 
 // Rows in the order of the kinds; words and pairs of words in the singular, with bars between.
 constexpr std::array<KindRow, kindCount> kinds{{
-    {Keyboard, Harp, "piano|harpsichord|clavinet|clavichord|keyboard|celesta|virginal|spinet"},
-    {Bars, Keyboard,
+    {Keyboard, Harp, 0, "piano|harpsichord|clavinet|clavichord|keyboard|celesta|virginal|spinet"},
+    {Bars, Keyboard, 11,
      "glockenspiel|vibraphone|marimba|xylophone|bell|chime|music box|kalimba|steel drum|crystal|carillon"},
-    {Organ, Pipe, "organ|accordion|harmonica|concertina|melodica|hurdy gurdy"},
-    {Guitar, Harp, "guitar|lute|mandolin|banjo|ukulele|bouzouki|oud|sitar|shamisen|theorbo|cittern"},
-    {Harp, Guitar, "harp|lyre|koto|dulcimer|zither|psaltery|guzheng"},
-    {Bass, Guitar, "bass|contrabass|bassline"},
-    {Bowed, Voice, "violin|viola|cello|fiddle|string|orchestra|ensemble|pad|viol|erhu"},
-    {Voice, Bowed, "choir|voice|vocal|ooh|aah|singer|chorus|soprano|tenor"},
-    {Brass, Reed, "trumpet|trombone|tuba|horn|brass|cornet|flugelhorn|bugle|sackbut"},
-    {Reed, Pipe, "sax|saxophone|oboe|english horn|bassoon|clarinet|bagpipe|shanai|shawm|soprano sax|tenor sax"},
-    {Pipe, Reed, "flute|piccolo|recorder|pan flute|panpipe|whistle|ocarina|shakuhachi|bottle|lead|pipe|fife"},
-    {Percussion, Percussion, "percussion|drum|drumkit|taiko|timpani|tom|woodblock|agogo|cymbal|tambourine|conga|kit"},
+    {Organ, Pipe, 19, "organ|accordion|harmonica|concertina|melodica|hurdy gurdy"},
+    {Guitar, Harp, 24, "guitar|lute|mandolin|banjo|ukulele|bouzouki|oud|sitar|shamisen|theorbo|cittern"},
+    {Harp, Guitar, 46, "harp|lyre|koto|dulcimer|zither|psaltery|guzheng"},
+    {Bass, Guitar, 32, "bass|contrabass|bassline"},
+    {Bowed, Voice, 48, "violin|viola|cello|fiddle|string|orchestra|ensemble|pad|viol|erhu"},
+    {Voice, Bowed, 52, "choir|voice|vocal|ooh|aah|singer|chorus|soprano|tenor"},
+    {Brass, Reed, 61, "trumpet|trombone|tuba|horn|brass|cornet|flugelhorn|bugle|sackbut"},
+    {Reed, Pipe, 68, "sax|saxophone|oboe|english horn|bassoon|clarinet|bagpipe|shanai|shawm|soprano sax|tenor sax"},
+    {Pipe, Reed, 73, "flute|piccolo|recorder|pan flute|panpipe|whistle|ocarina|shakuhachi|bottle|lead|pipe|fife"},
+    {Percussion, Percussion, ProgramInstruments::percussion,
+     "percussion|drum|drumkit|taiko|timpani|tom|woodblock|agogo|cymbal|tambourine|conga|kit"},
 }};
 
 // " acoustic guitar nylon " of "Acoustic Guitars (nylon)": lower case, letters only, singular.
@@ -172,4 +176,10 @@ std::optional<InstrumentGuess> guessInstrument(const QStringList &titles, const 
     if (!name.isEmpty() || *kind == Percussion)
         return guessOf(name, GuessBasis::Kind);
     return guessOf(guesser.melodic(), GuessBasis::Range);
+}
+
+std::optional<int> usualProgram(const QString &name)
+{
+    const auto kind = kindOf(plainWords(name));
+    return kind ? std::optional(kinds[*kind].program) : std::nullopt;
 }

@@ -20,3 +20,7 @@ struct InstrumentGuess
 // nothing when that leaves no instrument.
 std::optional<InstrumentGuess> guessInstrument(const QStringList &titles, const QMap<quint32, int> &pitchCounts,
                                                const InstrumentSet &instruments);
+
+// The General MIDI program that is usual for instruments of the kind that the name, or title, has a word for, as
+// ProgramInstruments counts them; nothing when it has none.
+std::optional<int> usualProgram(const QString &name);

@@ -52,6 +52,8 @@ private slots:
                                   "convert a.abc --output out --unit-length 1/0",
                                   "convert a.abc --output out --set midi/mergeChannels=perhaps",
                                   "convert a.abc --output out --set no/such=1",
+                                  "convert a.abc --output out --to wav",
+                                  "inspect a.abc --to abc",
                                   "pak",
                                   "pak list",
                                   "pak list a b",
@@ -148,6 +150,34 @@ private slots:
         QVERIFY2(folder_->read("out/Reel.abc").contains(notes), folder_->read("out/Reel.abc"));
         QVERIFY(!run("inspect reel.abc").out.contains("start\":10080")); // nothing is repeated
         QCOMPARE(run("convert reel.abc --output out --read so").status, 2);
+    }
+
+    void convertWritesOtherKinds_data()
+    {
+        const Rows<QString, QByteArray, QString, QByteArray> row("words", "said", "file", "content");
+        const QByteArray airs = "X: 1\nT:Air\nL:1/4\nK:C\nC2 D\n";
+        const QByteArray midi("MThd\0\0\0\6\0\1\0\2\1\340MTrk", 18);
+        row("a tunebook", "pair.kvsong --to tunebook", "pair.kvsong: wrote out/Pair.abc\n", "out/Pair.abc",
+            airs + "\nX: 2\nT:Air\nL:1/4\nK:C\nE4\n");
+        row("of each", "a.abc b.abc --to tunebook", "a.abc: wrote out/a.abc\nb.abc: wrote out/b.abc\n", "out/a.abc",
+            airs);
+        row("MIDI", "a.abc --to midi", "a.abc: wrote out/a.mid\n", "out/a.mid", midi);
+        row("of all", "a.abc b.abc --merge --to midi", "a.abc: merged into out/a.mid\nb.abc: merged into out/a.mid\n",
+            "out/a.mid", midi);
+        row("cut notes", "- --to midi", "-: wrote out/Air.mid; 1 notes end where their pitch begins again\n",
+            "out/Air.mid", midi);
+    }
+    void convertWritesOtherKinds()
+    {
+        QFETCH(const QString, words);
+        QFETCH(const QByteArray, said);
+        QFETCH(const QString, file);
+        QFETCH(const QByteArray, content);
+        QCOMPARE(run("song a.abc b.abc --title Pair --output pair.kvsong").status, 0);
+        const auto [status, out, error] = run("convert --read game --output out " + words, tune("Air", "[zC2]C"));
+        QCOMPARE(error, QByteArray());
+        QCOMPARE(out, said);
+        QVERIFY2(folder_->read(file).startsWith(content), folder_->read(file));
     }
 
     void convertNeverWritesTwoTracksToOneFile()

@@ -94,15 +94,34 @@ void readSetting(Arguments &arguments, const QString &text)
     arguments.settings[row->setting] = *value;
 }
 
+template<typename Value>
+using Names = std::initializer_list<std::pair<const char *, Value>>;
+
+// The one of the names that an option has for a value.
+template<typename Value>
+Value named(const char *option, const QString &text, Names<Value> names)
+{
+    QStringList known;
+    for (const auto &[name, value] : names) {
+        if (text == QLatin1String(name))
+            return value;
+        known.append(QLatin1String(name));
+    }
+    const auto last = known.takeLast();
+    throw WrongUsage{
+        QStringLiteral("--%1 takes %2 or %3").arg(QLatin1String(option), known.join(QStringLiteral(", ")), last)};
+}
+
 AbcDialect readReading(const QString &text)
 {
-    constexpr std::pair<const char *, AbcDialect> readings[] = {
-        {"game", AbcDialect::Game}, {"standard", AbcDialect::Standard}, {"auto", AbcDialect::Auto}};
-    for (const auto &[name, reading] : readings) {
-        if (text == QLatin1String(name))
-            return reading;
-    }
-    throw WrongUsage{QStringLiteral("--read takes game, standard or auto")};
+    return named<AbcDialect>(
+        "read", text, {{"game", AbcDialect::Game}, {"standard", AbcDialect::Standard}, {"auto", AbcDialect::Auto}});
+}
+
+ConvertTo readConvertTo(const QString &text)
+{
+    return named<ConvertTo>("to", text,
+                            {{"abc", ConvertTo::Abc}, {"midi", ConvertTo::Midi}, {"tunebook", ConvertTo::Tunebook}});
 }
 
 // Options that are given several times have their values in order; walking the names in order pairs the two.
@@ -191,7 +210,7 @@ void checkUsage(const Command &command, const QStringList &options, int inputCou
 
 void addOptions(QCommandLineParser &parser)
 {
-    for (const char *name : {"output", "game", "instrument", "title", "set", "read"})
+    for (const char *name : {"output", "game", "instrument", "title", "set", "read", "to"})
         parser.addOption({QLatin1String(name), QString(), QStringLiteral("value")});
     for (const char *name : {"mods", "json", "force", "help"})
         parser.addOption(QCommandLineOption(QLatin1String(name)));
@@ -223,6 +242,8 @@ Invocation parseArguments(const QStringList &words, const std::vector<Command> &
     arguments.reading = command.reading;
     for (const auto &reading : parser.values(QStringLiteral("read")))
         arguments.reading = readReading(reading);
+    for (const auto &to : parser.values(QStringLiteral("to")))
+        arguments.to = readConvertTo(to);
     arguments.force = parser.isSet(QStringLiteral("force"));
     for (const auto &setting : parser.values(QStringLiteral("set")))
         readSetting(arguments, setting);

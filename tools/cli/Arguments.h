@@ -14,6 +14,9 @@
 // One step of the TRANSFORM options: the tracks so far in, the new ones out. Throws a QString when it cannot be done.
 using Transform = std::function<QVector<Track>(const QVector<Track> &)>;
 
+// What convert writes: a file for each track, or for all tracks of an input.
+enum class ConvertTo { Abc, Midi, Tunebook };
+
 // What a command line asks for.
 struct Arguments
 {
@@ -25,6 +28,7 @@ struct Arguments
     bool mods = false;
     bool json = false;
     AbcDialect reading = AbcDialect::Game;
+    ConvertTo to = ConvertTo::Abc;
     bool force = false;            // write over files
     QHash<int, QVariant> settings; // by SettingsTable::Setting; the others have their defaults
     QVector<Transform> transforms; // in the order given

@@ -2,5 +2,6 @@
 
 #include "Arguments.h"
 
-// Writes every track of the inputs as an ABC file and prints one line for each input. Gives the exit status.
+// Writes every track of the inputs as an ABC file, or every input as one file of another kind, and prints one line for
+// each input. Gives the exit status.
 int convert(const Arguments &arguments);

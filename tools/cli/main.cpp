@@ -22,7 +22,8 @@ const std::vector<Command> &commands()
 {
     static const std::vector<Command> table{
         {"inspect", "INPUT", "", "transforms", 1, 1, AbcDialect::Game, inspect},
-        {"convert", "INPUT… --output DIR [--force]", "output", "force transforms", 1, any, AbcDialect::Auto, convert},
+        {"convert", "INPUT… --output DIR [--to abc|midi|tunebook] [--force]", "output", "to force transforms", 1, any,
+         AbcDialect::Auto, convert},
         {"render", "INPUT… --game DIR --output OUT.wav [--instrument NAME] [--mods]", "game output",
          "instrument mods transforms", 1, any, AbcDialect::Game, render},
         {"song", "INPUT… --output FILE.kvsong [--title T] [--force]", "output", "title force transforms", 1, any,
