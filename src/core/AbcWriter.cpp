@@ -93,6 +93,7 @@ private:
     void writeLength(Ticks length);
     void writeGap(Ticks start);
     void endLine();
+    bool isLineFull();
     bool lineHoldsText() const { return text_.size() > lineBegin_; }
 
     Track &track_;
@@ -106,6 +107,7 @@ private:
     qsizetype lineBegin_ = 0;
     Ticks cursor_ = 0;    // music is written up to here
     Ticks lineStart_ = 0; // where the current line of music began
+    int barLinesPassed_ = 0;
 };
 
 AbcWriter::AbcWriter(Track &track)
@@ -143,6 +145,20 @@ void AbcWriter::endLine()
     text_ += u'\n';
     lineBegin_ = text_.size();
     ++line_;
+}
+
+// If it is, the next one begins here. Where bar lines stand far apart lines do not wait for them.
+bool AbcWriter::isLineFull()
+{
+    constexpr int longestLine = 4; // whole notes
+    const auto &barLines = track_.barLines();
+    auto begin = barLines.isEmpty() || cursor_ - lineStart_ >= longestLine * ticksPerWholeNote ? cursor_ : lineStart_;
+    for (; barLinesPassed_ < barLines.size() && barLines[barLinesPassed_] <= cursor_; ++barLinesPassed_)
+        begin = std::max(begin, barLines[barLinesPassed_]);
+    if (begin - lineStart_ < ticksPerWholeNote)
+        return false;
+    lineStart_ = begin;
+    return true;
 }
 
 void AbcWriter::writeField(QStringView letter, QStringView value)
@@ -273,10 +289,8 @@ QString AbcWriter::write()
     writeHeader();
     for (qsizetype i = 0; i < eventCount_;) {
         writeGap(events_[i].start());
-        if (cursor_ - lineStart_ >= ticksPerWholeNote) {
+        if (isLineFull())
             endLine();
-            lineStart_ = cursor_;
-        }
         if (events_[i].isNote()) {
             i = writeGroup(i);
         } else {

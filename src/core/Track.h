@@ -33,6 +33,11 @@ public:
     quint32 beatsPerMeasure() const { return beatsPerMeasure_; }
     void setMetre(quint32 measureTicks, quint32 beatsPerMeasure);
 
+    // Where measures begin behind the start, in ticks ascending, as the source had them: its metre alone does not say
+    // how long a pick-up is. Empty when it is not known.
+    const QVector<Ticks> &barLines() const { return barLines_; }
+    void setBarLines(const QVector<Ticks> &barLines) { barLines_ = barLines; }
+
     // The end of the last event; as of the last normalize().
     Ticks length() const { return length_; }
 
@@ -69,6 +74,7 @@ private:
     quint32 beatsPerMeasure_ = 4;
     Ticks length_ = 0;
     QVector<TrackEvent> events_;
+    QVector<Ticks> barLines_;
     QString abc_;
     QString filePath_;
 };

@@ -100,7 +100,9 @@ void MusicLineReader::readNext()
     // Letters that stand for decorations, as the standard and the user have them.
     const auto c = peek();
     const bool isSymbol = isAsciiLetter(c) || QStringLiteral(".~,'/\\*;?@#]").contains(c);
-    if (!isSymbol)
+    if (isSymbol)
+        listener_.decoration(line_.mid(at_, 1));
+    else
         listener_.unreadable(line_.mid(at_, 1));
     ++at_;
 }
@@ -142,6 +144,8 @@ bool MusicLineReader::readMarked(QChar mark)
     const auto name = end > at_ ? line_.mid(at_ + 1, end - at_ - 1) : QStringView();
     const bool isName = isDecoration(name.toString());
     at_ = isName ? end + 1 : at_ + 1;
+    if (isName)
+        listener_.decoration(name);
     if (!isName && mark == u'+' && !voice().isInChord() && areNotes(name)) {
         isOldChord_ = true;
         voice().beginChord();

@@ -12,6 +12,8 @@ public:
 
     // The voice that the notes from here on belong to.
     virtual Voice &voice() = 0;
+    // "trill" of "!trill!", or the sign that stands for one.
+    virtual void decoration(QStringView name) = 0;
     virtual void inlineField(QChar letter, QStringView value) = 0;
     virtual void unreadable(QStringView text) = 0;
 };

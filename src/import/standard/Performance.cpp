@@ -60,10 +60,15 @@ private:
     bool soundsSinceStart() const;
     struct Ahead
     {
-        bool isEndingNext = false; // with nothing that sounds before it
-        quint8 passes = 0;         // the greatest number of the endings to the end of the group
+        quint64 nextEnding = 0; // passes of the ending that comes with nothing that sounds before it; 0: none does
+        quint8 passes = 0;      // the greatest number of the endings to the end of the group
     };
     void lookAhead();
+    static bool isEndingNext(const Ahead &ahead) { return ahead.nextEnding != 0; }
+    static bool isLaterEndingNext(const Ahead &ahead)
+    {
+        return isEndingNext(ahead) && (ahead.nextEnding >> 1 & 1) == 0;
+    }
     const Ahead &ahead(qsizetype at) const { return ahead_[int(at - begin_)]; }
     int passesOfGroup(int withoutEndings) const;
 
@@ -112,9 +117,14 @@ bool Walk::step(const ScoreItem &item)
     }
 }
 
-// A repeat that began with a sign and that the next one meets unended was meant to end there.
+// A repeat that began with a sign and that the next one meets unended was meant to end there. A sign before the second
+// ending, ":| |: [2", begins nothing.
 void Walk::startRepeat()
 {
+    if (isLaterEndingNext(ahead(at_))) {
+        ++at_;
+        return;
+    }
     if (begun_ == Begun::BySign && pass_ == 1 && !isInEnding_ && soundsSinceStart())
         return goBack();
     beginGroup(++at_, Begun::BySign);
@@ -140,7 +150,7 @@ void Walk::endRepeat(const ScoreItem &item)
 void Walk::stopEnding()
 {
     const bool mayBegin = isInEnding_ || (begun_ == Begun::Silently && !isFirstGroup_ && pass_ == 1);
-    if (mayBegin && !ahead(at_).isEndingNext)
+    if (mayBegin && !isEndingNext(ahead(at_)))
         beginGroup(at_);
     isInEnding_ = false;
 }
@@ -157,7 +167,7 @@ void Walk::skipEnding()
     const auto kind = at < end_ ? items_[int(at)].kind : Kind::Ending;
     const bool isOwnEnd = kind == Kind::RepeatEnd || kind == Kind::EndingStop;
     at_ = isOwnEnd ? at + 1 : at;
-    if (isOwnEnd && !ahead(at_).isEndingNext)
+    if (isOwnEnd && !isEndingNext(ahead(at_)))
         beginGroup(at_);
 }
 
@@ -170,10 +180,12 @@ void Walk::lookAhead()
         const auto &item = items_[int(at)];
         const auto &next = ahead(at + 1);
         auto &here = ahead_[int(at - begin_)];
+        const bool isStray = item.kind == Kind::RepeatStart && isLaterEndingNext(next);
         const bool isSilent = item.kind == Kind::Bar || item.kind == Kind::Key || item.kind == Kind::Metre ||
-                              item.kind == Kind::Tempo || item.kind == Kind::ChordName;
-        here.isEndingNext = item.kind == Kind::Ending || (isSilent && next.isEndingNext);
-        const bool endsGroup = item.kind == Kind::RepeatStart || (item.kind == Kind::RepeatEnd && !next.isEndingNext);
+                              item.kind == Kind::Tempo || item.kind == Kind::ChordName || isStray;
+        here.nextEnding = item.kind == Kind::Ending ? item.passes : isSilent ? next.nextEnding : 0;
+        const bool endsGroup =
+            (item.kind == Kind::RepeatStart && !isStray) || (item.kind == Kind::RepeatEnd && !isEndingNext(next));
         const int own = item.kind == Kind::Ending ? std::bit_width(item.passes) - 1 : 0;
         here.passes = endsGroup ? quint8(0) : quint8(std::max(int(next.passes), own));
     }

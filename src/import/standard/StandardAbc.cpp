@@ -7,6 +7,7 @@
 #include "import/standard/TuneScore.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -29,6 +30,15 @@ QString chordChart(const Voice &voice)
             chart += (chart.isEmpty() ? QString() : QStringLiteral(" ")) + word;
     }
     return QStringLiteral("Chords: ") + chart;
+}
+
+// What the game has no signs for: "trill (3), fermata".
+QString decorationList(const Voice &voice)
+{
+    QStringList names;
+    for (const auto &[name, count] : voice.decorations)
+        names.append(count > 1 ? QStringLiteral("%1 (%2)").arg(name).arg(count) : name);
+    return QStringLiteral("Decorations: ") + names.join(QStringLiteral(", "));
 }
 
 // Turns the score of one tune into tracks.
@@ -61,6 +71,8 @@ private:
     void addVoice(const Voice &voice, const PerformedVoice &performed, ChordNames chordNames);
     void addAccompaniment(const Voice &voice, const PerformedVoice &performed);
     void addChanges(Track &track, const PerformedVoice &performed) const;
+    static void finish(Track &track, const PerformedVoice &performed);
+    static void takeIntoHeader(Track &track);
     void describeTune(PartReport &report) const;
     QString titleOf(const Voice &voice) const;
     void writeHeader(Track &track, const Voice &voice) const;
@@ -78,6 +90,8 @@ void TuneConversion::addVoice(const Voice &voice, const PerformedVoice &performe
     writeHeader(track, voice);
     if (chordNames == ChordNames::Note && !performed.chords.empty())
         track.appendHeaderField(QStringLiteral("N"), chordChart(voice));
+    if (!voice.decorations.empty())
+        track.appendHeaderField(QStringLiteral("N"), decorationList(voice));
     track.editEvents().reserve(tempos_.size() + performed.changes.size() + performed.notes.size());
     addChanges(track, performed);
     for (const auto &note : performed.notes) {
@@ -86,7 +100,7 @@ void TuneConversion::addVoice(const Voice &voice, const PerformedVoice &performe
         else
             report.add(ImportFinding::OutOfRange, note.start());
     }
-    track.normalize();
+    finish(track, performed);
     tune_.outOfRange += report.count(ImportFinding::OutOfRange);
     report.channel = voice.channel;
     report.program = voice.program;
@@ -106,19 +120,50 @@ void TuneConversion::describeTune(PartReport &report) const
         report.add(ImportFinding::DefaultTempo, 0);
 }
 
-// A repeat brings the same key again, which needs no field.
+// A repeat brings the same key and metre again, which needs no field.
 void TuneConversion::addChanges(Track &track, const PerformedVoice &performed) const
 {
+    const auto &start = score_.start;
     track.editEvents() += tempos_;
-    auto key = std::pair(score_.start.key.row, score_.start.key.mode);
+    auto key = std::pair(start.key.row, start.key.mode);
+    auto metre = start.metre.isNone() ? std::pair(4U, 4U) : std::pair(start.metre.numerator, start.metre.denominator);
     for (const auto &change : performed.changes) {
-        const auto next = std::pair(change.keyIndex(), change.keyMode());
         const bool isKey = change.kind() == TrackEvent::Key;
-        if (isKey && key == next)
-            continue;
-        key = isKey ? next : key;
-        track.appendEvent(change);
+        const auto next = isKey ? std::pair(change.keyIndex(), change.keyMode())
+                                : std::pair(change.numerator(), change.denominator());
+        if (std::exchange(isKey ? key : metre, next) != next)
+            track.appendEvent(change);
     }
+}
+
+// In the order of time, ends with what the text is to show of it.
+void TuneConversion::finish(Track &track, const PerformedVoice &performed)
+{
+    track.setBarLines(QVector<Ticks>(performed.measures.begin(), performed.measures.end()));
+    track.normalize();
+    takeIntoHeader(track);
+}
+
+// What holds from the start on is said there.
+void TuneConversion::takeIntoHeader(Track &track)
+{
+    auto &events = track.editEvents();
+    const auto isOfHeader = [&track](const TrackEvent &event) {
+        const auto fraction = fractionText(event.numerator(), event.denominator());
+        if (event.start() > 0 || event.isNote())
+            return false;
+        if (event.kind() == TrackEvent::Tempo) {
+            track.setHeaderField(QStringLiteral("Q"), fraction + u'=' + QString::number(event.bpm()));
+            track.setTempo(event.ticksPerMinute());
+        } else if (event.kind() == TrackEvent::Key) {
+            track.setHeaderField(QStringLiteral("K"), KeyTable::keyName(event.keyIndex(), event.keyMode()));
+        } else {
+            track.setHeaderField(QStringLiteral("M"), fraction);
+            track.setMetre(quint32(ticksPerWholeNote * event.numerator() / event.denominator()), event.numerator());
+        }
+        return true;
+    };
+    events.erase(std::remove_if(events.begin(), events.end(), isOfHeader), events.end());
 }
 
 // Each chord sounds until the next, and anew in each measure.
@@ -141,7 +186,7 @@ void TuneConversion::addAccompaniment(const Voice &voice, const PerformedVoice &
             start = stop;
         }
     }
-    track.normalize();
+    finish(track, performed);
     PartReport report;
     report.notes = track.noteCount();
     if (report.notes > 0)

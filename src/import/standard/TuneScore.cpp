@@ -23,6 +23,20 @@ QStringView withoutComment(QStringView line)
     return line;
 }
 
+// As long as U: says nothing else (ABC standard 2.1, section 4.14).
+std::map<QString, QString> usualSymbols()
+{
+    static const QStringList signsAndNames{
+        QStringLiteral(". staccato"),     QStringLiteral("~ roll"),         QStringLiteral("H fermata"),
+        QStringLiteral("L accent"),       QStringLiteral("M lowermordent"), QStringLiteral("O coda"),
+        QStringLiteral("P uppermordent"), QStringLiteral("S segno"),        QStringLiteral("T trill"),
+        QStringLiteral("u upbow"),        QStringLiteral("v downbow")};
+    std::map<QString, QString> symbols;
+    for (const auto &each : signsAndNames)
+        symbols[each.left(1)] = each.mid(2);
+    return symbols;
+}
+
 class TuneReader : public MusicLineListener
 {
 public:
@@ -32,6 +46,7 @@ public:
 
     Voice &voice() override;
     void inlineField(QChar letter, QStringView value) override { readBodyField(letter, value); }
+    void decoration(QStringView name) override;
     void unreadable(QStringView) override { ++score_.unreadable; }
 
 private:
@@ -43,6 +58,7 @@ private:
     void readMetre(QStringView value);
     void readTempo(QStringView value);
     void readPart(QStringView value);
+    void readSymbol(QStringView value);
     void readDirective(QStringView text);
     void readPlayDirective(const QStringList &words);
     Voice &voiceOf(QStringView value);
@@ -61,6 +77,7 @@ private:
     bool isVoiceNamed_ = false;
     QVector<QChar> parts_; // met so far in the body
     QStringList macros_;
+    std::map<QString, QString> symbols_ = usualSymbols(); // signs that stand for decorations, with their names
     int elements_ = 0;
 };
 
@@ -69,7 +86,7 @@ TuneScore TuneReader::read(const TunebookTune &tune, const std::stop_token &stop
     for (const auto line : tune.header) {
         if (line.startsWith(u"%%"))
             readDirective(line.mid(2));
-        else if (isFieldLine(line))
+        else if (isFieldLine(line, LinePlace::Header))
             readHeaderField(line.at(0), withoutComment(line.mid(2)).trimmed());
     }
     refuseMacros(tune);
@@ -89,12 +106,32 @@ Voice &TuneReader::voice()
     return *current_;
 }
 
+// Other signs mean nothing.
+void TuneReader::decoration(QStringView name)
+{
+    const auto text = name.toString();
+    const auto symbol = symbols_.find(text);
+    if (symbol != symbols_.end())
+        ++voice().decorations[symbol->second];
+    else if (text.size() > 1)
+        ++voice().decorations[text];
+}
+
+// "T = !trill!"
+void TuneReader::readSymbol(QStringView value)
+{
+    static const QRegularExpression definition(QStringLiteral("^(\\S)\\s*=\\s*[!+]([^!+]{1,40})[!+]"));
+    if (const auto match = definition.match(value.toString()); match.hasMatch())
+        symbols_[match.captured(1)] = match.captured(2);
+}
+
 // They stand for other text, which a reader of notes would take at its word.
 void TuneReader::refuseMacros(const TunebookTune &tune) const
 {
     for (const auto &macro : macros_) {
         const auto isUsed = [&](QStringView line) {
-            return !macro.isEmpty() && !isFieldLine(line) && withoutComment(line).toString().contains(macro);
+            return !macro.isEmpty() && !isFieldLine(line, LinePlace::Body) &&
+                   withoutComment(line).toString().contains(macro);
         };
         if (std::any_of(tune.body.begin(), tune.body.end(), isUsed))
             throw QStringLiteral("The tune uses the macro \"%1\" (m:), which cannot be read.").arg(macro);
@@ -129,6 +166,9 @@ void TuneReader::readHeaderField(QChar letter, QStringView value)
         break;
     case u'I':
         readDirective(value);
+        break;
+    case u'U':
+        readSymbol(value);
         break;
     case u'm':
         macros_.append(value.toString().section(u'=', 0, 0).trimmed().section(u'n', 0, 0));
@@ -165,7 +205,7 @@ void TuneReader::readBodyLine(QStringView line)
         return;
     }
     const auto text = withoutComment(line);
-    if (isFieldLine(text))
+    if (isFieldLine(text, LinePlace::Body))
         readBodyField(text.at(0), text.mid(2).trimmed());
     else
         readMusicLine(text, *this);
@@ -198,6 +238,9 @@ void TuneReader::readBodyField(QChar letter, QStringView value)
     case u'I':
         readDirective(value);
         break;
+    case u'U':
+        readSymbol(value);
+        break;
     default: // words, remarks, titles
         break;
     }
@@ -220,11 +263,12 @@ void TuneReader::readKey(QStringView value)
 
 void TuneReader::readMetre(QStringView value)
 {
-    current_->settings.metre = readMetreField(value);
+    const auto metre = readMetreField(value);
+    current_->settings.metre = metre;
     ScoreItem item;
-    item.kind = ScoreItem::Kind::Metre;
-    item.first = current_->settings.metre.numerator;
-    item.second = current_->settings.metre.denominator;
+    item.kind = ScoreItem::Kind::Metre; // what counts as a measure without one
+    item.first = metre.isNone() ? 4 : metre.numerator;
+    item.second = metre.isNone() ? 4 : metre.denominator;
     current_->append(item);
 }
 

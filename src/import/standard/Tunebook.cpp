@@ -1,6 +1,6 @@
 #include "import/standard/Tunebook.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -49,11 +49,12 @@ public:
     }
 
 private:
-    enum class Place { FileHeader, FreeText, Header, Body };
+    enum class Place { FileHeader, FreeText, Header, BodyOrHeader, Body };
 
     void take(QStringView line);
     void takeOutside(QStringView line);
     void takeHeader(QStringView line);
+    void endHeader(QStringView key);
     void addToFileHeader(QStringView line);
     void beginTune();
 
@@ -84,6 +85,8 @@ void TunebookSplitter::take(QStringView line)
         takeOutside(line);
     else if (place_ == Place::Header)
         takeHeader(line);
+    else if (place_ == Place::BodyOrHeader && line.startsWith(u"K:"))
+        endHeader(line);
     else
         tunes_.last().body.append(line);
 }
@@ -108,7 +111,7 @@ void TunebookSplitter::takeOutside(QStringView line)
         addToFileHeader(line);
         return;
     }
-    if (!isFieldLine(line))
+    if (!isFieldLine(line, LinePlace::Header))
         return;
     // Without X: a tune may begin with its title or, at the latest, its key.
     const bool isTuneField = line.startsWith(u"T:") || line.startsWith(u"K:");
@@ -129,8 +132,8 @@ void TunebookSplitter::addToFileHeader(QStringView line)
 void TunebookSplitter::takeHeader(QStringView line)
 {
     auto &tune = tunes_.last();
-    if (!isFieldLine(line) && !isDirective(line)) { // music without a key
-        place_ = Place::Body;
+    if (!isFieldLine(line, LinePlace::Header) && !isDirective(line)) {
+        place_ = Place::BodyOrHeader;
         tune.body.append(line);
         return;
     }
@@ -141,13 +144,30 @@ void TunebookSplitter::takeHeader(QStringView line)
         place_ = Place::Body;
 }
 
+// What looked like music without a key was text, such as the rest of a long title, and fields.
+void TunebookSplitter::endHeader(QStringView key)
+{
+    auto &tune = tunes_.last();
+    for (const auto line : std::exchange(tune.body, {})) {
+        if (isFieldLine(line, LinePlace::Header) || isDirective(line))
+            takeHeader(line);
+    }
+    takeHeader(key);
+}
+
 } // namespace
 
-bool isFieldLine(QStringView line)
+bool isFieldLine(QStringView line, LinePlace place)
 {
     const auto isLetter = [](QChar c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c == u'+'; };
-    return line.size() >= 2 && isLetter(line.at(0)) && line.at(1) == u':' &&
-           !(line.size() > 2 && (line.at(2) == u'|' || line.at(2) == u':'));
+    if (line.size() < 2 || !isLetter(line.at(0)) || line.at(1) != u':')
+        return false;
+    const bool mayBeBarLine = line.size() > 2 && (line.at(2) == u'|' || line.at(2) == u':');
+    const auto ofMusic = QStringLiteral("ABCDEFGabcdefgxyzXZ");
+    const auto decorations = QStringLiteral("HLMOPSTuv");
+    const bool mayBeMusic =
+        ofMusic.contains(line.at(0)) || (place == LinePlace::Body && decorations.contains(line.at(0)));
+    return !(mayBeBarLine && mayBeMusic);
 }
 
 QVector<TunebookTune> splitTunebook(const QString &text)

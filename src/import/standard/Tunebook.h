@@ -13,8 +13,9 @@ struct TunebookTune
     QVector<QStringView> body;
 };
 
-// Whether a line is a field, "K:G", and no music like "E:|" or "C::D".
-bool isFieldLine(QStringView line);
+// Whether a line is a field, "K:G", and no music like "E:|", "C::D" or, in the body, "H:|".
+enum class LinePlace { Header, Body };
+bool isFieldLine(QStringView line, LinePlace place);
 
 // The views point into the text, which must outlive them. A tune begins with X: and ends at an empty line; where no X:
 // stands, at the first field that tunes begin with. Free text between tunes is left out. Throws

@@ -39,8 +39,9 @@ class Voice
 public:
     VoiceSettings settings;
     QString name;
-    std::optional<int> program; // of General MIDI, 0..127
-    std::optional<int> channel; // 1..16
+    std::optional<int> program;         // of General MIDI, 0..127
+    std::optional<int> channel;         // 1..16
+    std::map<QString, int> decorations; // by name, how often
 
     void note(const WrittenPitch &pitch, const Fraction &units);
     void beginChord();

@@ -88,6 +88,7 @@ private slots:
         row("two repeats in one sign", "L:1/4; K:C", "|:C::D:|", "0:60 1:60 2:62 3:62");
         row("three times", "L:1/4; K:C", "|:C::|D", "0:60 1:60 2:60 3:62");
         row("a repeat after endings", "L:1/4; K:C", "|:C|1D:|2E||F:|G", "0:60 1:62 2:60 3:64 4:65 5:65 6:67");
+        row("a sign before the second ending", "L:1/4; K:C", "|:C[1D:| |: [2E|:F:|", "0:60 1:62 2:60 3:64 4:65 5:65");
         row("an unclosed repeat", "L:1/4; K:C", "|:C|:D:|", "0:60 1:60 2:62 3:62");
         row("no second ending", "L:1/4; K:C", "|:C|1D:|E", "0:60 1:62 2:60 3:64");
         row("repeats from a double bar", "L:1/4; K:C", "C|]D:|E||F:|", "0:60 1:62 2:60 3:62 4:64 5:65 6:65");
@@ -108,6 +109,9 @@ private slots:
         row("words and remarks", "L:1/4; K:C", "C\\\nw: a b c\nW: CCC\nD [r:EEE]\n%%begintext\nE E\n%%endtext\nF",
             "0:60 1:62 2:65");
         row("unit and metre on the way", "L:1/4; M:4/4; K:C", "C[L:1/8]C[M:3/4]Z|C", "0:60 1:60(0.5) 4.5:60(0.5)");
+        row("text of a header that looks like music", "T:A; | long title: C |; R::|; L:1/4; K:C", "C|\nw:|a\nD|",
+            "0:60 1:62");
+        row("music without a key", "M:4/4; CD|", "E|", "0:60(0.5) 0.5:62(0.5) 1:64(0.5)");
         row("a repeat sign at the line's begin", "L:1/4; K:C", "|:C\nE:|\nC::D\n",
             "0:60 1:64 2:60 3:64 4:60 5:60 6:62");
         row("quarter tones and triple sharps", "L:1/4; K:C", "^/C _3/2D ^^^E|", "0:61 1:61 2:66");
@@ -144,6 +148,32 @@ private slots:
         const auto other = importStandardAbc(text, {ChordNames::Play, GraceNotes::Drop, BareTempo::Quarters}).first();
         QCOMPARE(voicesOf(other), QStringLiteral("0:60 1:64 2:62 3:62 / 0:48(2) 0:60(2) 0:64(2) 0:67(2) "
                                                  "2:47(2) 2:55(2) 2:59(2) 2:62(2) 2:65(2)"));
+    }
+
+    // The text from its title on, without the line that names us.
+    void writes_data()
+    {
+        const Rows<QString, QString, QString> row("fields", "body", "text");
+        row("lines begin with measures", "T:A; M:6/8; K:C", "E|CCC DDD|EEE FFF|GGG AAA|B6|",
+            "T: A\nL: 1/8\nM: 6/8\nQ: 1/4=120\nK: C\nE C C C D D D E E E F F F \nG G G A A A B6 \n");
+        row("a note over the bar line", "T:A; M:4/4; L:1/4; K:C", "E|C4-|C2 DD|EEEE|",
+            "T: A\nL: 1/4\nM: 4/4\nQ: 1/4=120\nK: C\nE C6 \nD D \nE E E E \n");
+        row("fields at the start", "T:A; K:C", "[M:3/4][Q:1/4=90][L:1/4]\nK:G\nGAB|",
+            "T: A\nL: 1/8\nM: 3/4\nQ: 1/4=90\nK: G\nG2 A2 B2 \n");
+        row("fields once", "T:A; M:2/4; L:1/4; K:C", "|:[M:2/4][K:C]CD|[M:none]E:|",
+            "T: A\nL: 1/4\nM: 2/4\nQ: 1/4=120\nK: C\nC D \nM: 4/4\nE \nM: 2/4\nC D \nM: 4/4\nE \n");
+        row("decorations", "T:A; U:W=!fermata!; K:C", "!trill!C TDWE.F|",
+            "T: A\nL: 1/8\nN: Decorations: fermata, staccato, trill (2)\nQ: 1/4=120\nK: C\nC D E F \n");
+    }
+
+    void writes()
+    {
+        QFETCH(QString, fields);
+        QFETCH(QString, body);
+        auto track = importStandardAbc(tuneText(fields, body)).first().voices.first().track;
+        auto lines = track.toAbc().mid(track.toAbc().indexOf(QStringLiteral("T: "))).split(u'\n');
+        lines.removeAt(1);
+        QTEST(lines.join(u'\n'), "text");
     }
 
     void readsTempos_data()
