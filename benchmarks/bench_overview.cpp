@@ -60,7 +60,7 @@ public:
             const auto track = std::make_shared<const Track>(makeTrack(i));
             rows_.append(new TrackWidget(std::make_shared<SongTrack>(SongTrack{QString::number(i), track, {}}),
                                          instruments_, settings_, dialogs_));
-            rows_.last()->setCommonLength(songLength);
+            rows_.last()->setSpan({0, songLength});
             layout->addWidget(rows_.last());
         }
         area_.setWidget(column);
@@ -166,7 +166,7 @@ void picture(benchmark::State &state)
     const auto track = makeTrack(1);
     const double ratio = double(state.range(0));
     for (auto _ : state) {
-        const NoteLayout layout(track, songLength, QSize(800, 72) * ratio, ratio);
+        const NoteLayout layout(track, {0, songLength}, QSize(800, 72) * ratio, ratio);
         benchmark::DoNotOptimize(drawNotePicture(track, layout, {QColor(32, 96, 255), true, true}));
     }
 }

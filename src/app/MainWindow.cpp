@@ -7,37 +7,35 @@
 #include "ui/InstrumentComboBox.h"
 #include "ui/Theme.h"
 #include "ui/song/EmptyHint.h"
+#include "ui/song/SongArea.h"
 #include "ui/song/TrackRows.h"
 #include "ui/song/TrackWidget.h"
 #include "ui/song/VUMeter.h"
 
+#include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAction>
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
 #include <QMenu>
 #include <QMimeData>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QSlider>
 #include <QTimer>
 
 namespace {
 
-QScrollArea *scrolled(TrackRows *rows)
+// Keys that are shortcuts of the window, and more to a control that was reached with Tab.
+bool isKeyOf(const QWidget *control, const QKeyEvent &event)
 {
-    auto *const area = new QScrollArea;
-    area->setObjectName(QStringLiteral("scrTrackArea"));
-    area->setWidgetResizable(true);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setWidget(rows);
-    QObject::connect(rows, &TrackRows::draggedTo, area,
-                     [area](int y) { area->ensureVisible(area->horizontalScrollBar()->value(), y, 0, 40); });
-    QObject::connect(rows, &TrackRows::grown, area, [area](int top, int bottom) {
-        for (const int y : {bottom, top}) // where there is no room for both, the top
-            area->ensureVisible(area->horizontalScrollBar()->value(), y, 0, 6);
-    });
-    return area;
+    if (event.modifiers() != Qt::NoModifier)
+        return false;
+    if (event.key() == Qt::Key_Space)
+        return qobject_cast<const QAbstractButton *>(control) != nullptr;
+    if (event.key() == Qt::Key_Home || event.key() == Qt::Key_End)
+        return qobject_cast<const QAbstractSlider *>(control) || qobject_cast<const QComboBox *>(control) ||
+               qobject_cast<const QAbstractItemView *>(control);
+    return false;
 }
 
 } // namespace
@@ -47,19 +45,20 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
       playback_(tracks_, instruments_, player_),
       editors_(session_, tracks_, playback_, settings_, dialogs_, services.makeEngine, this),
       journal_(session_, services.journalFolder), updates_(services.updateAddress),
-      rows_(new TrackRows(tracks_, instruments_, settings_, dialogs_, this)),
+      rows_(new TrackRows(tracks_, instruments_, settings_, dialogs_, this)), area_(new SongArea(tracks_, rows_, this)),
       instrumentList_(new InstrumentComboBox(instruments_, this)), masterMeter_(new VUMeter(Qt::Horizontal, this)),
       masterVolume_(new QSlider(Qt::Horizontal, this)), importQueue_(context(), services.makeEngine), save_(context()),
       songs_(context(), save_, [this] { return editors_.closeStrays(); }), import_(context(), importQueue_, songs_),
       recovery_(context(), journal_, services.journalFolder, [this](const auto &then) { songs_.leaveFor(then); }),
       trackCommands_(context(), importQueue_), instrumentCommands_(context(), instruments_, *instrumentList_),
-      transport_(context(), player_, *masterVolume_), export_(context(), services.makeFileEngine), program_(context()),
-      status_(*this), reports_(new ImportReports(*this)), playbackView_(*rows_, *masterMeter_)
+      transportCommands_(context(), player_, *masterVolume_), export_(context(), services.makeFileEngine),
+      program_(context()), status_(*this), reports_(new ImportReports(*this)),
+      playbackView_(*rows_, *area_, *masterMeter_)
 {
     setWindowIcon(QIcon(QStringLiteral(":/icons/appicon.png")));
     setAcceptDrops(true);
     resize(1180, 760);
-    setCentralWidget(scrolled(rows_));
+    setCentralWidget(area_);
     makeActions();
     makeMenus(*this, actions_, import_, settings_);
     makeToolBars(*this, actions_, {*instrumentList_, *masterMeter_, *masterVolume_});
@@ -104,6 +103,9 @@ void MainWindow::connectParts()
     connect(&editors_, &EditorWindows::saveRequested, this, [this](const QString &id) { saveEdited(id); });
     connect(&instrumentCommands_, &InstrumentCommands::scanned, &importQueue_, &ImportQueue::open);
     connect(&instrumentCommands_, &InstrumentCommands::scanned, &songs_, &SongCommands::begin);
+    connect(area_, &SongArea::seek, this, &MainWindow::onTrackSeek);
+    connect(&transport_, &Transport::positionChanged, this, &MainWindow::onPositionChanged);
+    connect(&transport_, &Transport::measuresChanged, this, [this] { area_->setMeasures(transport_.measures()); });
     connect(instrumentList_, &QComboBox::currentTextChanged, this, &MainWindow::onDefaultInstrumentChanged);
     connect(masterVolume_, &QSlider::valueChanged, this, &MainWindow::onMasterVolumeChanged);
     connect(&changedFiles_, &ChangedFiles::found, this,
@@ -209,8 +211,8 @@ void MainWindow::updateActions()
             return isSelected && !trackCommands_.isWorking();
         case Available::WithImports:
             return import_.canImportAgain();
-        case Available::WhilePlaying:
-            return playback_.isPlaying();
+        case Available::ToStop:
+            return transport_.canStop();
         }
         return false;
     });
@@ -222,9 +224,9 @@ void MainWindow::showPlace(const ReportedPlace &place)
     auto *const row = rows_->row(place.trackId);
     if (!row)
         return;
-    findChild<QScrollArea *>(QStringLiteral("scrTrackArea"))->ensureWidgetVisible(row);
+    area_->showRow(row);
     if (!playback_.isPlaying())
-        row->setPosition(place.tick);
+        transport_.setPosition(place.tick);
 }
 
 // What is still on its way belongs to the song that goes.
@@ -254,6 +256,15 @@ void MainWindow::showEvent(QShowEvent *event)
 {
     QMainWindow::showEvent(event);
     QTimer::singleShot(0, &instrumentCommands_, &InstrumentCommands::scan); // after the first paint
+}
+
+bool MainWindow::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride && isKeyOf(focusWidget(), *static_cast<QKeyEvent *>(event))) {
+        event->accept();
+        return true;
+    }
+    return QMainWindow::event(event);
 }
 
 void MainWindow::changeEvent(QEvent *event)

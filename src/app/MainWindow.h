@@ -19,6 +19,7 @@
 #include "app/services/EditorWindows.h"
 #include "app/services/Playback.h"
 #include "app/services/SongSession.h"
+#include "app/services/Transport.h"
 #include "app/services/UpdateChecker.h"
 #include "assets/InstrumentSetModel.h"
 #include "audio/TrackPlayer.h"
@@ -29,6 +30,7 @@
 
 class InstrumentComboBox;
 class QSlider;
+class SongArea;
 class TrackRows;
 class TrackWidget;
 class VUMeter;
@@ -74,7 +76,12 @@ public slots:
     void onExportWav();
     void onImportMidi();
     void onPlay();
+    void onPlayPause();
     void onStopAll();
+    void onGoToStart();
+    void onGoToEnd();
+    void onMeasureBack();
+    void onMeasureForward();
     void onAbout();
     void onNewTrack();
     void onClearTracks();
@@ -107,6 +114,7 @@ public slots:
     void onTrackStopped(const QString &trackId);
     void onAllTracksStopped();
     void onTrackPositionChanged(const QString &trackId, quint64 position);
+    void onPositionChanged(qint64 position);
     void onMasterMeter(float leftRMS, float rightRMS, float leftPeak, float rightPeak);
     void onTrackMeter(const QString &trackId, float leftRMS, float rightRMS, float leftPeak, float rightPeak);
     void onNotePressed(const QString &trackId, int eventIndex);
@@ -132,6 +140,7 @@ public slots:
     void onUpdateFailed(const QString &error);
 
 protected:
+    bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
@@ -164,12 +173,14 @@ private:
     TrackList tracks_;
     SongSession session_{tracks_};
     Playback playback_;
+    Transport transport_{tracks_, playback_};
     EditorWindows editors_;
     SessionJournal journal_; // hears after the editors that a song is left
     UpdateChecker updates_;
     ChangedFiles changedFiles_;
 
     TrackRows *rows_;
+    SongArea *area_;
     InstrumentComboBox *instrumentList_;
     VUMeter *masterMeter_;
     QSlider *masterVolume_;
@@ -181,7 +192,7 @@ private:
     SongRecovery recovery_;
     TrackCommands trackCommands_;
     InstrumentCommands instrumentCommands_;
-    TransportCommands transport_;
+    TransportCommands transportCommands_;
     ExportCommands export_;
     ProgramCommands program_;
     StatusIndicators status_;

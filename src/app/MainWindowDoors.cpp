@@ -21,12 +21,37 @@ void MainWindow::onImportMidi()
 
 void MainWindow::onPlay()
 {
-    playback_.play();
+    transport_.play();
+}
+
+void MainWindow::onPlayPause()
+{
+    transport_.playOrPause();
 }
 
 void MainWindow::onStopAll()
 {
-    playback_.stop();
+    transport_.stop();
+}
+
+void MainWindow::onGoToStart()
+{
+    transport_.setPosition(0);
+}
+
+void MainWindow::onGoToEnd()
+{
+    transport_.goToEnd();
+}
+
+void MainWindow::onMeasureBack()
+{
+    transport_.goMeasureBack();
+}
+
+void MainWindow::onMeasureForward()
+{
+    transport_.goMeasureForward();
 }
 
 void MainWindow::onAbout()
@@ -166,7 +191,7 @@ void MainWindow::onDefaultInstrumentChanged(const QString &name)
 
 void MainWindow::onMasterVolumeChanged(int percent)
 {
-    transport_.setMasterVolume(percent);
+    transportCommands_.setMasterVolume(percent);
     session_.setMasterVolume(percent);
 }
 
@@ -187,7 +212,15 @@ void MainWindow::onAllTracksStopped()
 
 void MainWindow::onTrackPositionChanged(const QString &trackId, quint64 position)
 {
-    playbackView_.setPosition(trackId, position);
+    playbackView_.setPosition(trackId, Ticks(position));
+    transport_.report(trackId, Ticks(position));
+}
+
+void MainWindow::onPositionChanged(qint64 position)
+{
+    playbackView_.setPosition(position, transport_.milliseconds(position), playback_.isPlaying());
+    if (!playback_.isPlaying())
+        updateActions();
 }
 
 void MainWindow::onMasterMeter(float leftRMS, float rightRMS, float leftPeak, float rightPeak)
@@ -247,7 +280,7 @@ void MainWindow::onTrackChanged(const QString &trackId, const QString &step, con
 
 void MainWindow::onTrackSeek(qint64 ticks)
 {
-    playback_.seek(ticks);
+    transport_.setPosition(ticks);
 }
 
 void MainWindow::onMoveTrackUp(const QString &trackId)
@@ -267,7 +300,7 @@ void MainWindow::onTrackSelectionChanged(const QString &trackId, bool isSelected
 
 void MainWindow::onPreviewNote(const QString &trackId, int semitone)
 {
-    transport_.previewNote(trackId, semitone);
+    transportCommands_.previewNote(trackId, semitone);
 }
 
 void MainWindow::onStopPreview()

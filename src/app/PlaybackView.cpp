@@ -1,5 +1,6 @@
 #include "app/PlaybackView.h"
 
+#include "ui/song/SongArea.h"
 #include "ui/song/TrackRows.h"
 #include "ui/song/TrackWidget.h"
 #include "ui/song/VUMeter.h"
@@ -15,7 +16,6 @@ void PlaybackView::stop(const QString &trackId)
     if (auto *const row = rows_.row(trackId)) {
         row->releaseAllNotes();
         row->setLevels(0, 0, 0, 0);
-        row->setPosition(0);
     }
 }
 
@@ -24,10 +24,17 @@ void PlaybackView::stopAll()
     setMasterLevels(0, 0, 0, 0);
 }
 
-void PlaybackView::setPosition(const QString &trackId, quint64 ticks)
+void PlaybackView::setPosition(const QString &trackId, Ticks position)
 {
     if (auto *const row = rows_.row(trackId))
-        row->setPosition(Ticks(ticks));
+        row->setPosition(position);
+}
+
+void PlaybackView::setPosition(Ticks position, qint64 milliseconds, bool isPlaying)
+{
+    area_.setPosition(position, milliseconds);
+    if (!isPlaying)
+        rows_.setPosition(position);
 }
 
 void PlaybackView::setMasterLevels(float leftRms, float rightRms, float leftPeak, float rightPeak)

@@ -4,9 +4,12 @@
 #include "support/GatedEngine.h"
 #include "ui/song/TrackVisualizationWidget.h"
 #include "ui/song/VUMeter.h"
+#include "ui/timeline/TimeRuler.h"
 
+#include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDial>
 #include <QLabel>
 #include <QSlider>
 #include <QStatusBar>
@@ -76,10 +79,98 @@ private slots:
 
         fixture_->trigger("actionPlay"); // to its end
         QTRY_VERIFY(overview->position() > 0);
-        const auto nearEnd = overview->commonLength() - 40320;
+        const auto nearEnd = overview->span().end() - 40320;
+        QSignalSpy stopped(&player(), &TrackPlayer::trackStopped);
         emit overview->seek(nearEnd);
-        QTRY_VERIFY(overview->position() >= nearEnd);
-        QTRY_VERIFY_WITH_TIMEOUT(!fixture_->action("actionStop")->isEnabled(), 60'000);
+        QTRY_COMPARE_WITH_TIMEOUT(stopped.size(), 3, 60'000);
+        QTRY_COMPARE(overview->position(), nearEnd); // where Play begins the next time
+        fixture_->trigger("actionStop");
+        QCOMPARE(overview->position(), Ticks(0));
+        QVERIFY(!fixture_->action("actionStop")->isEnabled());
+    }
+
+    // As with the mouse and the keys: the window is the active one.
+    void playsFromThePosition()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        auto &window = fixture_->window();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        auto *const ruler = fixture_->child<TimeRuler>("timeRuler");
+        QTRY_VERIFY(ruler->isVisible() && ruler->width() == overview(0)->width());
+        QCOMPARE(ruler->mapToGlobal(QPoint()).x(), overview(2)->mapToGlobal(QPoint()).x());
+        QTest::mouseClick(ruler, Qt::LeftButton, {}, {ruler->width() / 2, ruler->height() - 5});
+        const auto chosen = ruler->position();
+        QVERIFY(chosen > 0 && chosen < ruler->span().end());
+        for (int row = 0; row < 3; ++row)
+            QCOMPARE(overview(row)->position(), chosen);
+
+        QSignalSpy pressed(&player(), &TrackPlayer::notePressed);
+        QSignalSpy moved(&player(), &TrackPlayer::trackPositionChanged);
+        QTest::keyClick(&window, Qt::Key_Space);
+        QTRY_VERIFY(ruler->position() > chosen + ticksPerWholeNote && !pressed.isEmpty());
+        for (const auto &note : pressed) {
+            const auto &events = fixture_->tracks().find(note[0].toString())->track->events();
+            QVERIFY(events[note[1].toInt()].start() >= chosen);
+        }
+        for (const auto &report : moved)
+            QVERIFY(report[1].toLongLong() >= chosen);
+
+        QSignalSpy stopped(&player(), &TrackPlayer::trackStopped);
+        QTest::keyClick(&window, Qt::Key_Space); // rests there
+        QTRY_COMPARE(stopped.size(), 3);
+        QTRY_COMPARE(overview(0)->position(), ruler->position());
+        const auto paused = ruler->position();
+        QVERIFY(paused > chosen);
+        moved.clear();
+        QTest::keyClick(&window, Qt::Key_Space);
+        QTRY_VERIFY(moved.size() > 3);
+        QVERIFY(moved.first()[1].toLongLong() >= paused);
+        fixture_->trigger("actionStop");
+        QTRY_COMPARE(ruler->position(), chosen);
+        for (const auto expected : {Ticks(0), Ticks(0)}) {
+            fixture_->trigger("actionStop");
+            QCOMPARE(ruler->position(), expected);
+        }
+    }
+
+    void movesThePositionWithKeys()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        auto &window = fixture_->window();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        const auto *const ruler = fixture_->child<TimeRuler>("timeRuler");
+        const auto positions = [&](const QVector<std::pair<Qt::Key, Qt::KeyboardModifier>> &keys) {
+            QVector<Ticks> result;
+            for (const auto &[key, modifier] : keys) {
+                QTest::keyClick(window.focusWidget() ? window.focusWidget() : &window, key, modifier);
+                result.append(ruler->position());
+            }
+            return result;
+        };
+        const auto measure = Ticks(fixture_->tracks().song().first()->track->measureTicks());
+        const auto end = fixture_->tracks().commonLength();
+        QCOMPARE(positions({{Qt::Key_Right, Qt::ControlModifier},
+                            {Qt::Key_Right, Qt::ControlModifier},
+                            {Qt::Key_Left, Qt::ControlModifier},
+                            {Qt::Key_End, Qt::NoModifier},
+                            {Qt::Key_Home, Qt::NoModifier}}),
+                 QVector<Ticks>({measure, 2 * measure, measure, end, 0}));
+
+        // Keys that a control which was reached with Tab needs itself.
+        auto *const box = fixture_->inRow<QCheckBox>(0, "chkSelect");
+        box->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(box, Qt::Key_Space);
+        QVERIFY(box->isChecked());
+        auto *const volume = fixture_->inRow<QDial>(0, "dlVolume");
+        volume->setFocus(Qt::TabFocusReason);
+        QCOMPARE(positions({{Qt::Key_Home, Qt::NoModifier}, {Qt::Key_Right, Qt::ControlModifier}}),
+                 QVector<Ticks>({0, measure}));
+        QCOMPARE(volume->value(), 0);
+        fixture_->tracks().history().undo();
+        QTest::mouseClick(box, Qt::LeftButton); // leaves the focus where it is
+        QVERIFY(!box->hasFocus() && !fixture_->inRow<QWidget>(0, "btnMute")->hasFocus());
     }
 
     void showsTheLoadingOfSamplesAndCancelsIt()

@@ -1,7 +1,7 @@
 #pragma once
 
 // When a command of the window has something to do.
-enum class Available { Always, WithTracks, WithSelection, ToWorkOn, WithImports, WhilePlaying };
+enum class Available { Always, WithTracks, WithSelection, ToWorkOn, WithImports, ToStop };
 
 // A row of the table of actions. Each subject keeps its own.
 struct ActionRow

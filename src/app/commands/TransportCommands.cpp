@@ -18,7 +18,17 @@ QVector<ActionRow> TransportCommands::actions()
 {
     return {
         {"actionPlay", "Play", "", "Preview current tracks.", "play", "onPlay()", Available::WithTracks},
-        {"actionStop", "Stop", "", "Stop preview.", "stop", "onStopAll()", Available::WhilePlaying},
+        {"actionPlay_Pause", "Play or Pause", "Space", "Play from the position, or pause there", "", "onPlayPause()",
+         Available::WithTracks},
+        {"actionStop", "Stop", "", "Stop preview.", "stop", "onStopAll()", Available::ToStop},
+        {"actionGo_to_Start", "Go to Start", "Home", "Set the position to the start of the song", "", "onGoToStart()",
+         Available::WithTracks},
+        {"actionGo_to_End", "Go to End", "End", "Set the position to the end of the song", "", "onGoToEnd()",
+         Available::WithTracks},
+        {"actionMeasure_Back", "Measure Back", "Ctrl+Left", "Set the position to the measure before", "",
+         "onMeasureBack()", Available::WithTracks},
+        {"actionMeasure_Forward", "Measure Forward", "Ctrl+Right", "Set the position to the next measure", "",
+         "onMeasureForward()", Available::WithTracks},
     };
 }
 

@@ -63,13 +63,15 @@ void Playback::tellPlaying(Change change)
         emit playingChanged(!wasPlaying);
 }
 
-void Playback::play()
+void Playback::play(Ticks from)
 {
     stop();
     for (const auto &track : list_.song())
         precache(*track);
     for (const auto &track : list_.song())
         start(*track, PlayRequest::Begin::AtTheStart);
+    if (from > 0)
+        seek(from);
     tellPlaying([this] { isStarting_ = !list_.isEmpty(); });
 }
 

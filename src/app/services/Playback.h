@@ -30,7 +30,7 @@ public:
 
     // From play() on: its tracks are heard as soon as their samples are loaded.
     bool isPlaying() const { return isStarting_ || !playing_.isEmpty(); }
-    void play();               // from the start
+    void play(Ticks from = 0); // all tracks from there
     void stop();               // the loading, too
     void seek(Ticks position); // all tracks together
 

@@ -2,12 +2,11 @@
 
 #include "ui/SharpPainter.h"
 #include "ui/roll/RollState.h"
+#include "ui/timeline/MarkTexts.h"
 
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
-
-#include <iterator>
 
 namespace {
 
@@ -15,19 +14,7 @@ constexpr qreal leastBeatDistance = 6;
 constexpr qreal beatTickLength = 5;
 constexpr qreal measureTickLength = 9;
 constexpr int textMargin = 4;
-constexpr int markGap = 10;
 constexpr int pointerWidth = 6; // from its middle
-
-QString markText(const TrackEvent &mark)
-{
-    if (mark.kind() == TrackEvent::Metre && mark.denominator() == 0)
-        return RollRuler::tr("free");
-    const auto fraction = QStringLiteral("%1/%2").arg(mark.numerator()).arg(mark.denominator());
-    if (mark.kind() == TrackEvent::Metre)
-        return fraction;
-    const bool isQuarter = mark.numerator() == 1 && mark.denominator() == 4;
-    return (isQuarter ? QStringLiteral("♩") : fraction) + QStringLiteral(" = %1").arg(mark.bpm());
-}
 
 } // namespace
 
@@ -102,34 +89,14 @@ void RollRuler::paintNumber(QPainter &painter, const Measure &measure) const
                      QString::number(measure.number));
 }
 
-// The marks that hold at the left edge stand there; where marks crowd, those that would cover another are left out.
 void RollRuler::paintMarks(QPainter &painter, int right) const
 {
     const auto &geometry = state_.geometry;
-    const auto &marks = state_.measures.marks();
-    const auto startsBefore = [](const TrackEvent &mark, Ticks tick) { return mark.start() < tick; };
-    const auto firstVisible = std::lower_bound(marks.begin(), marks.end(), geometry.tick(0) + 1, startsBefore);
-    qreal free = textMargin;
-    const auto paintAt = [&](const TrackEvent &mark, qreal x) {
-        const auto text = markText(mark);
-        painter.drawText(QPointF(x, fontMetrics().ascent() + 2), text);
-        free = x + fontMetrics().horizontalAdvance(text) + markGap;
-    };
     painter.setPen(state_.colours.rulerText);
-    for (const auto kind : {TrackEvent::Metre, TrackEvent::Tempo}) {
-        const auto isOfKind = [kind](const TrackEvent &mark) { return mark.kind() == kind; };
-        const auto holding = std::find_if(std::make_reverse_iterator(firstVisible), marks.rend(), isOfKind);
-        if (holding != marks.rend())
-            paintAt(*holding, free);
-    }
-    Ticks shownAt = -1;
-    for (auto mark = firstVisible; mark != marks.end() && geometry.x(mark->start()) <= right; ++mark) {
-        const auto x = geometry.x(mark->start()) + textMargin;
-        if (x < free && mark->start() != shownAt)
-            continue;
-        shownAt = mark->start();
-        paintAt(*mark, std::max(x, free));
-    }
+    const auto marks = placeMarks(state_.measures.marks(), geometry.tick(0), right, fontMetrics(),
+                                  [&](Ticks tick) { return geometry.x(tick); });
+    for (const auto &mark : marks)
+        painter.drawText(QPointF(mark.x, fontMetrics().ascent() + 2), mark.text);
 }
 
 void RollRuler::paintPointer(QPainter &painter, Ticks tick, const QColor &colour) const

@@ -51,11 +51,13 @@ public:
             return;
         const double closest = closestMeasureLines * layout_.lineWidth();
         auto step = measure;
-        while (step < to - from && layout_.x(step) < closest)
+        while (step < to - from && step < layout_.ticksIn(closest))
             step *= 2;
-        for (auto tick = from; tick < to; tick += step) {
+        const auto hidden = std::max(Ticks(0), layout_.span().begin - from) / step;
+        const auto last = std::min(to, layout_.span().end());
+        for (auto tick = from + hidden * step; tick < last; tick += step) {
             const double x = layout_.x(tick);
-            if (tick > 0 && x - last_ >= closest) {
+            if (tick > 0 && x >= 0 && x - last_ >= closest) {
                 fill(image_, QRect(int(x), 0, layout_.lineWidth(), image_.height()), measureLineColour);
                 last_ = x;
             }
@@ -74,14 +76,14 @@ void drawMeasureLines(QImage &image, const Track &track, const NoteLayout &layou
     const Measures measures(track);
     for (const auto &section : measures.sections()) {
         if (section.hasMetre)
-            lines.draw(section.start, std::min(section.end, layout.length()), section.measure);
+            lines.draw(section.start, section.end, section.measure);
     }
 }
 
 } // namespace
 
-NoteLayout::NoteLayout(const Track &track, Ticks length, QSize pixels, double ratio)
-    : size_(pixels), length_(length), smallestHeight_(std::max(1, int(std::lround(smallestNoteHeight * ratio)))),
+NoteLayout::NoteLayout(const Track &track, const TimeSpan &span, QSize pixels, double ratio)
+    : size_(pixels), span_(span), smallestHeight_(std::max(1, int(std::lround(smallestNoteHeight * ratio)))),
       lineWidth_(std::max(1, int(ratio)))
 {
     for (const auto &event : track.events()) {
@@ -99,9 +101,10 @@ NoteLayout::NoteLayout(const Track &track, Ticks length, QSize pixels, double ra
     highest_ += missing - missing / 2;
 }
 
-double NoteLayout::x(Ticks ticks) const
+// One that begins where the span ends is there, as is one without a length where it begins.
+bool NoteLayout::shows(const TrackEvent &note) const
 {
-    return length_ <= 0 ? 0.0 : double(ticks) / double(length_) * size_.width();
+    return note.start() <= span_.end() && (note.end() > span_.begin || note.start() >= span_.begin);
 }
 
 int NoteLayout::y(int pitch) const
@@ -140,12 +143,12 @@ QImage drawNotePicture(const Track &track, const NoteLayout &layout, const NoteP
     if (style.drawsMeasureLines)
         drawMeasureLines(image, track, layout);
     for (const auto &event : track.events()) {
-        if (!event.isNote())
+        if (!event.isNote() || !layout.shows(event))
             continue;
         const auto note = layout.noteRect(event);
         const double loudness = std::clamp(double(event.velocity()), 0.0, 1.0);
         fill(image, note, mix(Qt::black, style.noteColour, 0.5 + 0.5 * loudness));
-        if (note.width() >= 4) // where a note begins in a run of equal pitches
+        if (note.width() >= 4 && event.start() >= layout.span().begin) // where a note begins in a run of equal pitches
             fill(image, QRect(note.topLeft(), QSize(1, note.height())), mix(style.noteColour, Qt::white, 0.45));
     }
     return image;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Track.h"
+#include "ui/timeline/TimeSpan.h"
 
 #include <QColor>
 #include <QImage>
@@ -13,23 +14,25 @@ class NoteLayout
 {
 public:
     // ratio: device pixels of one logical pixel.
-    NoteLayout(const Track &track, Ticks length, QSize pixels, double ratio);
+    NoteLayout(const Track &track, const TimeSpan &span, QSize pixels, double ratio);
 
     QSize size() const { return size_; }
-    Ticks length() const { return length_; }
+    const TimeSpan &span() const { return span_; }
 
-    double x(Ticks ticks) const; // 0 when the length is 0
-    int y(int pitch) const;      // the upper edge of the pitch's row
+    double x(Ticks tick) const { return span_.x(tick, size_.width()); }
+    Ticks ticksIn(double pixels) const { return span_.ticksIn(pixels, size_.width()); }
+    bool shows(const TrackEvent &note) const;
+    int y(int pitch) const; // the upper edge of the pitch's row
     int lowestPitch() const { return lowest_; }
     int highestPitch() const { return highest_; }
     int lineWidth() const { return lineWidth_; }
 
-    // At least one pixel wide and high enough to be seen, also where the rows are lower.
+    // Within the picture, at least one pixel wide and high enough to be seen, also where the rows are lower.
     QRect noteRect(const TrackEvent &note) const;
 
 private:
     QSize size_;
-    Ticks length_;
+    TimeSpan span_;
     int lowest_ = 127;
     int highest_ = 0;
     int smallestHeight_;

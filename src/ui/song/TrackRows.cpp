@@ -55,17 +55,34 @@ void TrackRows::follow(const SongTracks &before, const SongTracks &after)
 void TrackRows::showAll(const SongTracks &song)
 {
     removeAbsent(song);
-    const auto length = tracks_.commonLength();
     for (const auto &track : song) {
         auto *const shown = row(track->id);
         if (shown && shown->shown() != track)
             shown->setTrack(track);
-        if (shown)
-            shown->setCommonLength(length);
     }
     add(rowsAtOnce);
     markChanged();
     hint_->setVisible(song.isEmpty());
+}
+
+void TrackRows::setSpan(const TimeSpan &span)
+{
+    span_ = span;
+    for (auto *const each : std::as_const(rows_))
+        each->setSpan(span);
+}
+
+void TrackRows::setPosition(Ticks position)
+{
+    position_ = position;
+    for (auto *const each : std::as_const(rows_))
+        each->setPosition(position);
+}
+
+QRect TrackRows::overviewRect() const
+{
+    const auto *const first = row(tracks_.ids().value(0));
+    return first ? first->overviewRect().translated(first->pos()) : QRect();
 }
 
 void TrackRows::add(int most)
@@ -191,10 +208,12 @@ void TrackRows::make(const std::shared_ptr<const SongTrack> &track)
 {
     auto *const made = new TrackWidget(track, instruments_, settings_, dialogs_, this);
     rows_.insert(track->id, made);
-    made->setCommonLength(tracks_.commonLength());
+    made->setSpan(span_);
+    made->setPosition(position_);
     made->setSelected(tracks_.isSelected(track->id));
     mark(track->id, *made);
     followDrags(track->id, *made);
+    connect(made, &TrackWidget::overviewMoved, this, &TrackRows::overviewsMoved);
     emit rowAdded(track->id, made);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/timeline/TimeSpan.h"
 #include "ui/tracks/TrackList.h"
 
 #include <QBasicTimer>
@@ -29,10 +30,17 @@ public:
     TrackWidget *row(const QString &id) const { return rows_.value(id); }
     EmptyHint *hint() const { return hint_; }
 
+    // What all overviews show of the song, and where the line in them stands; of rows that are still to come, too.
+    void setSpan(const TimeSpan &span);
+    void setPosition(Ticks position);
+    // Where the overviews lie from left to right; empty without rows.
+    QRect overviewRect() const;
+
 signals:
     void rowAdded(const QString &id, TrackWidget *row);
-    void draggedTo(int y);                            // a row is being dragged, the mouse is there
-    void grown(int top, int bottom);                  // rows have come, which lie there
+    void draggedTo(int y);           // a row is being dragged, the mouse is there
+    void grown(int top, int bottom); // rows have come, which lie there
+    void overviewsMoved();
     void moveRequested(const QString &id, int index); // it was dropped
 
 protected:
@@ -64,6 +72,8 @@ private:
     Settings &settings_;
     Dialogs &dialogs_;
     QHash<QString, TrackWidget *> rows_;
+    TimeSpan span_;
+    Ticks position_ = 0;
     QPair<QString, QString> newRows_; // the first and the last, until they have their places
     QStringList toSelect_;            // rows that show an older selection
     int selectedAtOnce_ = 0;          // since the thread was idle

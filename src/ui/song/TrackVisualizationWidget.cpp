@@ -54,11 +54,11 @@ void TrackVisualizationWidget::setTrack(const Track &track)
     discardPicture();
 }
 
-void TrackVisualizationWidget::setCommonLength(Ticks length)
+void TrackVisualizationWidget::setSpan(const TimeSpan &span)
 {
-    if (length == commonLength_)
+    if (span == span_)
         return;
-    commonLength_ = length;
+    span_ = span;
     discardPicture();
 }
 
@@ -115,13 +115,6 @@ void TrackVisualizationWidget::readSettings()
     drawsOctaveLines_ = settings_.value(Settings::DrawOctaveLines).toBool();
 }
 
-Ticks TrackVisualizationWidget::tickAt(int x) const
-{
-    if (width() <= 0 || commonLength_ <= 0)
-        return 0;
-    return scaled(commonLength_, quint64(std::clamp(x, 0, width())), quint64(width()));
-}
-
 void TrackVisualizationWidget::discardPicture()
 {
     isAskedFor_ = false;
@@ -139,9 +132,9 @@ void TrackVisualizationWidget::ensurePicture()
         return;
     isAskedFor_ = true;
     layout_.reset();
-    const auto draw = [=, track = track_, length = commonLength_,
+    const auto draw = [=, track = track_, span = span_,
                        style = NotePictureStyle{noteColour_, drawsMeasureLines_, drawsOctaveLines_}] {
-        return Drawing::of(track, NoteLayout(track, length, pixels, ratio), style, ratio);
+        return Drawing::of(track, NoteLayout(track, span, pixels, ratio), style, ratio);
     };
     if (track_.events().size() <= mostEventsAtOnce)
         return take(draw());
@@ -156,6 +149,7 @@ void TrackVisualizationWidget::ensurePicture()
 void TrackVisualizationWidget::take(const Drawing &drawing)
 {
     picture_ = drawing.picture;
+    pictured_ = drawing.layout.span();
     if (isAskedFor_)
         layout_ = std::make_unique<NoteLayout>(drawing.layout);
     ++pictureCount_;
@@ -166,14 +160,16 @@ double TrackVisualizationWidget::lineWidth() const
     return std::max(1.0, devicePixelRatioF());
 }
 
-// Where the line stands, in quarters of a device pixel: fine enough to move smoothly, and still only when needed.
+// Where the line stands, in quarters of a device pixel: fine enough to move smoothly, and still only when needed. At
+// the end of the span it stands within the picture, before and behind that out of sight.
 int TrackVisualizationWidget::lineQuarters() const
 {
-    if (commonLength_ <= 0)
-        return 0;
-    const double share = std::clamp(double(position_) / double(commonLength_), 0.0, 1.0);
-    const double last = width() * devicePixelRatioF() - lineWidth();
-    return int(std::lround(std::max(0.0, std::min(share * width() * devicePixelRatioF(), last)) * 4));
+    const double width = this->width() * devicePixelRatioF();
+    if (position_ < span_.begin)
+        return int(std::lround(-4 * lineWidth()));
+    if (position_ > span_.end() && span_.begin > 0)
+        return int(std::lround(4 * width));
+    return int(std::lround(std::max(0.0, std::min(span_.x(position_, width), width - lineWidth())) * 4));
 }
 
 QRect TrackVisualizationWidget::lineRect() const
@@ -204,6 +200,8 @@ void TrackVisualizationWidget::paintPressed(QPainter &painter, const QRect &dirt
     const auto ratio = devicePixelRatioF();
     const auto sounding = soundingNoteColour(noteColour_);
     for (const int eventIndex : std::as_const(pressed_)) {
+        if (!layout_->shows(track_.events()[eventIndex]))
+            continue;
         const QRectF pixels = layout_->noteRect(track_.events()[eventIndex]);
         const QRectF note(pixels.topLeft() / ratio, pixels.size() / ratio);
         if (note.intersects(dirty))
@@ -211,29 +209,40 @@ void TrackVisualizationWidget::paintPressed(QPainter &painter, const QRect &dirt
     }
 }
 
+void TrackVisualizationWidget::paintPicture(QPainter &painter, const QRect &dirty) const
+{
+    constexpr double mostStretched = 100;
+    if (layout_)
+        return painter.drawImage(0, 0, picture_);
+    painter.fillRect(dirty, Qt::black);
+    const auto left = span_.x(pictured_.begin, width());
+    const auto stretchedWidth = span_.x(pictured_.end(), width()) - left;
+    if (!picture_.isNull() && stretchedWidth > 0 && stretchedWidth <= mostStretched * width())
+        painter.drawImage(QRectF(left, 0, stretchedWidth, height()), picture_);
+}
+
+void TrackVisualizationWidget::paintLine(QPainter &painter, const QRect &dirty) const
+{
+    const auto ratio = devicePixelRatioF();
+    const QRectF line(lineQuarters() / 4.0 / ratio, 0, lineWidth() / ratio, height());
+    if (!line.intersects(dirty))
+        return;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(line, lineColour);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
 void TrackVisualizationWidget::paintEvent(QPaintEvent *event)
 {
     ensurePicture();
     const auto &dirty = event->rect();
     QPainter painter(this);
-    if (layout_)
-        painter.drawImage(0, 0, picture_);
-    else if (!picture_.isNull())
-        painter.drawImage(rect(), picture_);
-    else
-        painter.fillRect(dirty, Qt::black);
+    paintPicture(painter, dirty);
     if (layout_)
         paintPressed(painter, dirty);
     if (isMuted_)
         painter.fillRect(dirty, mutedVeil);
-
-    const auto ratio = devicePixelRatioF();
-    const QRectF line(lineQuarters() / 4.0 / ratio, 0, lineWidth() / ratio, height());
-    if (line.intersects(dirty)) {
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.fillRect(line, lineColour);
-        painter.setRenderHint(QPainter::Antialiasing, false);
-    }
+    paintLine(painter, dirty);
     if (hasFocus()) {
         painter.setPen(palette().color(QPalette::Highlight).lighter(130));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
@@ -254,12 +263,16 @@ void TrackVisualizationWidget::mousePressEvent(QMouseEvent *event)
         event->ignore();
 }
 
+void TrackVisualizationWidget::mouseMoveEvent(QMouseEvent *event)
+{
+    if (event->buttons() & Qt::LeftButton)
+        emit seek(tickAt(event->pos().x()));
+}
+
 void TrackVisualizationWidget::keyPressEvent(QKeyEvent *event)
 {
     const Measures measures(track_);
-    const auto seekTo = [this](Ticks ticks) {
-        emit seek(std::clamp(ticks, Ticks(0), std::max(commonLength_, Ticks(0))));
-    };
+    const auto seekTo = [this](Ticks ticks) { emit seek(std::max(ticks, Ticks(0))); };
     switch (event->key()) {
     case Qt::Key_Left:
         seekTo(position_ - measures.sectionAt(position_ - 1).measure);

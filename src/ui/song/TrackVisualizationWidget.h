@@ -3,6 +3,7 @@
 #include "base/Task.h"
 #include "core/Track.h"
 #include "settings/Settings.h"
+#include "ui/timeline/TimeSpan.h"
 
 #include <QColor>
 #include <QImage>
@@ -16,8 +17,9 @@ class QPainter;
 
 // The notes of a track over the time that all tracks share, with the playing position and the notes that sound. The
 // notes are kept as a picture in device pixels, made anew only when the widget is next shown after the track, the
-// shared length, the size or a drawing setting changed; what moves is painted over it. The picture of a long track is
-// made beside the interface thread, and the one before shown until then. On the interface thread.
+// shown time, the size or a drawing setting changed; what moves is painted over it. The picture of a long track is made
+// beside the interface thread, and until then the one before is shown, moved to where it belongs. On the interface
+// thread.
 class TrackVisualizationWidget : public QWidget
 {
     Q_OBJECT
@@ -27,8 +29,8 @@ public:
     ~TrackVisualizationWidget() override;
 
     void setTrack(const Track &track); // forgets the pressed notes
-    Ticks commonLength() const { return commonLength_; }
-    void setCommonLength(Ticks length);
+    const TimeSpan &span() const { return span_; }
+    void setSpan(const TimeSpan &span);
     Ticks position() const { return position_; }
     void setPosition(Ticks ticks);
     bool isMuted() const { return isMuted_; }
@@ -39,8 +41,8 @@ public:
     void releaseAllNotes();
     const QSet<int> &pressedNotes() const { return pressed_; }
 
-    // At a horizontal position in logical pixels; 0 while the shared length is 0.
-    Ticks tickAt(int x) const;
+    // At a horizontal position in logical pixels.
+    Ticks tickAt(int x) const { return span_.tickAt(x, width()); }
 
     // How often the picture was made.
     int pictureCount() const { return pictureCount_; }
@@ -49,7 +51,7 @@ public:
     QSize minimumSizeHint() const override { return {80, 40}; }
 
 signals:
-    void seek(qint64 ticks); // by a click; by the arrow keys (a measure back or forth) and Home
+    void seek(qint64 ticks); // by a click or drag; by the arrow keys (a measure back or forth) and Home
 
 public slots:
     void setMuted(bool muted);
@@ -59,6 +61,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
@@ -69,7 +72,9 @@ private:
     void discardPicture();
     void ensurePicture();
     void take(const Drawing &drawing);
+    void paintPicture(QPainter &painter, const QRect &dirty) const;
     void paintPressed(QPainter &painter, const QRect &dirty);
+    void paintLine(QPainter &painter, const QRect &dirty) const;
     void updateNote(int eventIndex);
     int lineQuarters() const;
     double lineWidth() const;
@@ -79,7 +84,7 @@ private:
 
     Settings &settings_;
     Track track_;
-    Ticks commonLength_ = 0;
+    TimeSpan span_;
     Ticks position_ = 0;
     QSet<int> pressed_;
     bool isMuted_ = false;
@@ -88,7 +93,8 @@ private:
     bool drawsMeasureLines_ = false;
     bool drawsOctaveLines_ = false;
 
-    QImage picture_;                     // null until it is needed
+    QImage picture_; // null until it is needed
+    TimeSpan pictured_;
     std::unique_ptr<NoteLayout> layout_; // of the picture, when that is what is to be shown
     bool isAskedFor_ = false;            // what is to be shown
     Task drawing_;

@@ -159,9 +159,23 @@ void TrackWidget::releaseAllNotes()
     wVis_->releaseAllNotes();
 }
 
-void TrackWidget::setCommonLength(Ticks length)
+void TrackWidget::setSpan(const TimeSpan &span)
 {
-    wVis_->setCommonLength(length);
+    wVis_->setSpan(span);
+}
+
+QRect TrackWidget::overviewRect() const
+{
+    return {wVis_->mapTo(this, QPoint()), wVis_->size()};
+}
+
+// Of the overview and its frame.
+bool TrackWidget::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isFiltered = QFrame::eventFilter(watched, event);
+    if (event->type() == QEvent::Resize || event->type() == QEvent::Move)
+        emit overviewMoved();
+    return isFiltered;
 }
 
 void TrackWidget::onSelectChanged()

@@ -19,6 +19,7 @@ class TitleLabel;
 class TrackVisualizationWidget;
 class ValueDial;
 class VUMeter;
+struct TimeSpan;
 
 // One row of the track list: shows a track, and says by signals what the user wants of it. It knows neither the player
 // nor the undo history nor files, and shares the track with the list: what is wanted is there when the list has it and
@@ -57,8 +58,10 @@ public:
     void noteReleased(int eventIndex);
     void releaseAllNotes();
 
-    // The length that the overviews of all tracks share.
-    void setCommonLength(Ticks length);
+    // The time that the overviews of all tracks share.
+    void setSpan(const TimeSpan &span);
+    // Where it lies in the row.
+    QRect overviewRect() const;
 
     std::unique_ptr<QMenu> contextMenu();
 
@@ -86,6 +89,7 @@ signals:
     void editorRequested(); // the ABC editor is to open on this track
     void saveRequested();
     void saveAsRequested();
+    void overviewMoved();
 
 public slots:
     void onSave();
@@ -102,6 +106,7 @@ public slots:
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
     void changeEvent(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void createChildren();

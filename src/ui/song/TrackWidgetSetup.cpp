@@ -37,7 +37,7 @@ QToolButton *makeButton(QWidget *parent, const char *objectName, const char *ico
     button->setIcon(icon(iconName));
     button->setIconSize({24, 24});
     button->setAutoRaise(true);
-    button->setFocusPolicy(Qt::StrongFocus);
+    button->setFocusPolicy(Qt::TabFocus); // a click leaves the keys with the window
     return button;
 }
 
@@ -78,6 +78,7 @@ void TrackWidget::createChildren()
     name(chkSelect_, "chkSelect", tr("Select track"), tr("Select track"));
     chkSelect_->setStyleSheet(TrackWidgetStyles::selectionBox());
     chkSelect_->setFixedSize(20, 20);
+    chkSelect_->setFocusPolicy(Qt::TabFocus);
 
     lblTitle_ = new TitleLabel(this);
     name(lblTitle_, "lblTitle", tr("Track Title"), tr("Track Title"));
@@ -92,8 +93,7 @@ void TrackWidget::createChildren()
     name(cboInstrument_, "cboInstrument", tr("Instrument for this track"), tr("Instrument for this track"));
 
     wVis_ = new TrackVisualizationWidget(settings_, this);
-    name(wVis_, "wVis", tr("While playing, click to go on from here"),
-         tr("Notes of this track and the playing position"));
+    name(wVis_, "wVis", tr("Click or drag to set the position"), tr("Notes of this track and the playing position"));
 
     dlVolume_ = new ValueDial(0, 100, 100, ValueDial::Detent::None, volumeText, this);
     name(dlVolume_, "dlVolume", tr("Playback Volume"), tr("The playback volume for this track"));
@@ -103,6 +103,7 @@ void TrackWidget::createChildren()
     btnMute_ = new QCheckBox(this);
     name(btnMute_, "btnMute", tr("(Un)mute"), tr("(Un)mute track"));
     btnMute_->setStyleSheet(TrackWidgetStyles::muteBox());
+    btnMute_->setFocusPolicy(Qt::TabFocus);
 
     btnEdit_ = makeButton(this, "btnEdit", "edittrack", tr("Edit track"), tr("Edit track"));
     btnDelete_ = makeButton(this, "btnDelete", "deletetrack", tr("Delete track"), tr("Delete track"));
@@ -135,6 +136,8 @@ void TrackWidget::layOut()
     auto *const frameLayout = new QVBoxLayout(frVisContainer);
     frameLayout->setContentsMargins(2, 2, 2, 2);
     frameLayout->addWidget(wVis_);
+    frVisContainer->installEventFilter(this); // which moves
+    wVis_->installEventFilter(this);          // which grows with it
 
     auto *const buttons = new QGridLayout;
     buttons->setSpacing(0);

@@ -44,7 +44,7 @@ private slots:
         settings_ = std::make_unique<Settings>(folder_->filePath(QStringLiteral("settings.cfg")));
         widget_ = std::make_unique<TrackVisualizationWidget>(*settings_);
         widget_->setTrack(song());
-        widget_->setCommonLength(songLength);
+        widget_->setSpan({0, songLength});
         widget_->resize(320, 60);
         widget_->show();
         QVERIFY(QTest::qWaitForWindowExposed(widget_.get()));
@@ -77,7 +77,7 @@ private slots:
     void nothingToSeekInAnEmptySong()
     {
         widget_->setTrack(Track());
-        widget_->setCommonLength(0);
+        widget_->setSpan({0, 0});
         widget_->setPosition(1000);
         QCOMPARE(widget_->tickAt(100), Ticks(0));
         QVERIFY(!shown().isNull());
@@ -102,7 +102,7 @@ private slots:
         PaintCounter paints(widget_.get());
         widget_->setPosition(songLength / 2);
         widget_->setPosition(songLength / 2 + songLength / 320 / 100); // a hundredth of a pixel
-        widget_->setCommonLength(songLength);
+        widget_->setSpan({0, songLength});
         widget_->setMuted(false);
         widget_->noteReleased(0);
         widget_->releaseAllNotes();
@@ -127,7 +127,7 @@ private slots:
         QVERIFY(madeAnew(0));
         settings_->setValue(Settings::NoteColor, QStringLiteral("#ffff8000"));
         QVERIFY(madeAnew(1));
-        widget_->setCommonLength(2 * songLength);
+        widget_->setSpan({0, 2 * songLength});
         widget_->setTrack(song());
         QVERIFY(madeAnew(1));
         widget_->resize(400, 60);
@@ -147,7 +147,7 @@ private slots:
         const auto before = shown();
         widget_->setTrack(track);
         QCOMPARE(shown(), before);
-        widget_->setCommonLength(2 * songLength); // while the picture is drawn, which is one too many
+        widget_->setSpan({0, 2 * songLength}); // while the picture is drawn, which is one too many
         widget_->notePressed(0);
         QTRY_COMPARE(widget_->pictureCount(), made + 2);
         widget_->releaseAllNotes();
@@ -212,14 +212,14 @@ private slots:
             track.appendEvent(TrackEvent::note(pitch, length, 1));
         }
         track.normalize();
-        const NoteLayout layout(track, length, QSize(200, 40), 1.0);
+        const NoteLayout layout(track, {0, length}, QSize(200, 40), 1.0);
         const QRect picture(QPoint(), layout.size());
         for (const auto &event : track.events()) {
             QVERIFY(picture.contains(layout.noteRect(event)));
             QVERIFY(layout.noteRect(event).height() >= 3);
         }
         // Chords stay apart.
-        const NoteLayout chord(song(), songLength, QSize(320, 64), 1.0);
+        const NoteLayout chord(song(), {0, songLength}, QSize(320, 64), 1.0);
         QVERIFY(!chord.noteRect(song().events()[0]).intersects(chord.noteRect(song().events()[1])));
     }
 
@@ -249,7 +249,7 @@ private slots:
     {
         QFETCH(Track, track);
         QFETCH(Ticks, length);
-        const NoteLayout layout(track, length, QSize(2000, 100), 2.0);
+        const NoteLayout layout(track, {0, length}, QSize(2000, 100), 2.0);
         QVERIFY(!drawNotePicture(track, layout, {Qt::blue, true, true}).isNull());
     }
 

@@ -127,7 +127,7 @@ private slots:
         row_->setTrack(std::make_shared<const SongTrack>(shown));
         row_->setSelected(true);
         row_->setPosition(100);
-        row_->setCommonLength(1000);
+        row_->setSpan({0, 1000});
         QVERIFY(signals_.isEmpty());
         QCOMPARE(child<QLabel>("lblTitle")->text(), QStringLiteral("Untitled"));
         QVERIFY(row_->isSelected() && row_->isMuted() && child<QCheckBox>("btnMute")->isChecked());
@@ -138,7 +138,7 @@ private slots:
 
     void asksForWhatTheWindowDoes()
     {
-        row_->setCommonLength(1000);
+        row_->setSpan({0, 1000});
         child<QToolButton>("btnUp")->click();
         child<QToolButton>("btnDown")->click();
         child<QToolButton>("btnEdit")->click();
@@ -261,6 +261,7 @@ private slots:
             return event.isAccepted();
         };
         show(&SongTrack::instrument, QStringLiteral("flute"));
+        signals_.clear(); // the overview came to its place
         child<QWidget>("chkSelect")->setFocus();
         QVERIFY(!turnWheel(dial) && !turnWheel(child<QComboBox>("cboInstrument")));
         QVERIFY(signals_.isEmpty());
@@ -273,11 +274,11 @@ private slots:
     {
         auto *const visualization = child<TrackVisualizationWidget>("wVis");
         auto *const meter = child<VUMeter>("vuMeter");
-        row_->setCommonLength(1000);
+        row_->setSpan({0, 1000});
         row_->setPosition(250);
         row_->setLevels(0.1F, 0.2F, 0.3F, 0.4F);
         row_->notePressed(1);
-        QCOMPARE(visualization->commonLength(), Ticks(1000));
+        QCOMPARE(visualization->span().length, Ticks(1000));
         QCOMPARE(visualization->position(), Ticks(250));
         QCOMPARE(visualization->pressedNotes(), QSet<int>({1}));
         QCOMPARE(meter->channel(0).rms(), 0.1F);

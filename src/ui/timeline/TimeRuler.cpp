@@ -1,0 +1,165 @@
+#include "ui/timeline/TimeRuler.h"
+
+#include "ui/SharpPainter.h"
+#include "ui/timeline/MarkTexts.h"
+
+#include <QMouseEvent>
+#include <QPainterPath>
+
+namespace {
+
+constexpr double leastBeatDistance = 6;
+constexpr double leastSnapDistance = 8;
+constexpr double beatTickLength = 5;
+constexpr double measureTickLength = 9;
+constexpr int textMargin = 4;
+constexpr int pointerWidth = 6; // from its middle
+
+QColor mixed(const QColor &a, const QColor &b)
+{
+    return {(a.red() + b.red()) / 2, (a.green() + b.green()) / 2, (a.blue() + b.blue()) / 2};
+}
+
+} // namespace
+
+TimeRuler::TimeRuler(QWidget *parent) : QWidget(parent)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setCursor(Qt::PointingHandCursor);
+    setToolTip(tr("Click or drag to set the position (with Alt: between the beats)"));
+    setAccessibleName(tr("Measures"));
+}
+
+void TimeRuler::setMeasures(const Measures &measures)
+{
+    measures_ = measures;
+    update();
+}
+
+void TimeRuler::setSpan(const TimeSpan &span)
+{
+    if (span == span_)
+        return;
+    span_ = span;
+    update();
+}
+
+void TimeRuler::setPosition(Ticks position)
+{
+    updatePointer();
+    position_ = position;
+    updatePointer();
+}
+
+int TimeRuler::lineHeight() const
+{
+    return fontMetrics().height() + 1;
+}
+
+QSize TimeRuler::sizeHint() const
+{
+    return {400, 2 * lineHeight() + 4};
+}
+
+double TimeRuler::x(Ticks tick) const
+{
+    constexpr double farOutside = 1 << 20;
+    const auto ratio = devicePixelRatioF();
+    const auto place = std::clamp(span_.x(tick, width()), -farOutside, farOutside);
+    return std::round(place * ratio) / ratio;
+}
+
+Ticks TimeRuler::nearestTick(int x) const
+{
+    const auto tick = tickAt(x);
+    const auto measure = measures_.at(tick);
+    const bool showsBeats = measure.beat >= ticksIn(leastSnapDistance);
+    const auto step = showsBeats ? measure.beat : measure.end - measure.start;
+    const auto before = measure.start + (tick - measure.start) / step * step;
+    const auto after = std::min(before + step, measure.end);
+    return std::clamp(tick - before <= after - tick ? before : after, span_.begin, span_.end());
+}
+
+void TimeRuler::updatePointer()
+{
+    update(int(x(position_)) - pointerWidth - 2, 0, 2 * pointerWidth + 4, height());
+}
+
+void TimeRuler::paintEvent(QPaintEvent *event)
+{
+    SharpPainter painter(this);
+    const auto clip = event->rect();
+    painter.fillRect(clip, palette().color(QPalette::Window));
+    const auto widestNumber = fontMetrics().horizontalAdvance(QStringLiteral("0000")) + 2 * textMargin;
+    const auto from = std::max(Ticks(0), tickAt(clip.left()) - ticksIn(widestNumber));
+    const auto to = tickAt(clip.right() + 2) + 1;
+    if (span_.length > 0) {
+        measures_.forEachIn(from, to, ticksIn(leastBeatDistance),
+                            [&](const Measure &measure) { paintBeats(painter, measure, to); });
+        measures_.forEachIn(from, to, ticksIn(widestNumber),
+                            [&](const Measure &measure) { paintNumber(painter, measure); });
+    }
+    painter.setPen(palette().color(QPalette::WindowText));
+    const auto marks =
+        placeMarks(measures_.marks(), span_.begin, clip.right(), fontMetrics(), [this](Ticks tick) { return x(tick); });
+    for (const auto &mark : marks)
+        painter.drawText(QPointF(mark.x, fontMetrics().ascent() + 2), mark.text);
+    paintPointer(painter);
+}
+
+void TimeRuler::paintTick(QPainter &painter, Ticks tick, double length) const
+{
+    const auto colour = mixed(palette().color(QPalette::Window), palette().color(QPalette::WindowText));
+    painter.fillRect(QRectF(x(tick), height() - length, hairline(), length), colour);
+}
+
+void TimeRuler::paintBeats(QPainter &painter, const Measure &measure, Ticks to) const
+{
+    paintTick(painter, measure.start, measureTickLength);
+    if (measure.beat < ticksIn(leastBeatDistance))
+        return;
+    const auto skipped = std::max(Ticks(1), (span_.begin - measure.start) / measure.beat);
+    for (auto beat = measure.start + skipped * measure.beat; beat < std::min(to, measure.end); beat += measure.beat)
+        paintTick(painter, beat, beatTickLength);
+}
+
+void TimeRuler::paintNumber(QPainter &painter, const Measure &measure) const
+{
+    const auto top = lineHeight() + 2;
+    paintTick(painter, measure.start, height() - top);
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(QPointF(x(measure.start) + textMargin, top + fontMetrics().ascent()),
+                     QString::number(measure.number));
+}
+
+void TimeRuler::paintPointer(QPainter &painter) const
+{
+    const auto middle = x(position_) + 0.5;
+    if (middle < -pointerWidth || middle > width() + pointerWidth)
+        return;
+    QPainterPath pointer(QPointF(middle - pointerWidth + 1, height() - 9));
+    pointer.lineTo(middle + pointerWidth - 1, height() - 9);
+    pointer.lineTo(middle, height() - 1);
+    pointer.closeSubpath();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(pointer, palette().color(QPalette::Highlight));
+}
+
+void TimeRuler::pick(const QMouseEvent &event)
+{
+    const auto x = event.pos().x();
+    emit seek(event.modifiers() & Qt::AltModifier ? tickAt(x) : nearestTick(x));
+}
+
+void TimeRuler::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        pick(*event);
+}
+
+void TimeRuler::mouseMoveEvent(QMouseEvent *event)
+{
+    if (event->buttons() & Qt::LeftButton)
+        pick(*event);
+}

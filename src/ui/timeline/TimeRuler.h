@@ -1,0 +1,55 @@
+#pragma once
+
+#include "core/Measures.h"
+#include "ui/timeline/TimeSpan.h"
+
+#include <QWidget>
+
+class QPainter;
+
+// The strip above the overviews of a song: measures, beats, tempo and metre changes over the time that they share, and
+// the playing position. A click or a drag asks for another position. On the interface thread.
+class TimeRuler : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit TimeRuler(QWidget *parent = nullptr);
+
+    void setMeasures(const Measures &measures);
+    const TimeSpan &span() const { return span_; }
+    void setSpan(const TimeSpan &span);
+    Ticks position() const { return position_; }
+    void setPosition(Ticks position);
+
+    // The beat next to a place in logical pixels; where beats stand close, the measure.
+    Ticks nearestTick(int x) const;
+    Ticks tickAt(int x) const { return span_.tickAt(x, width()); }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return {80, sizeHint().height()}; }
+
+signals:
+    void seek(qint64 ticks); // to a beat; with Alt to where the mouse is
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+
+private:
+    int lineHeight() const;
+    double x(Ticks tick) const; // on a pixel of the screen
+    double hairline() const { return 1 / devicePixelRatioF(); }
+    Ticks ticksIn(double pixels) const { return span_.ticksIn(pixels, width()); }
+    void pick(const QMouseEvent &event);
+    void updatePointer();
+    void paintTick(QPainter &painter, Ticks tick, double length) const;
+    void paintBeats(QPainter &painter, const Measure &measure, Ticks to) const;
+    void paintNumber(QPainter &painter, const Measure &measure) const;
+    void paintPointer(QPainter &painter) const;
+
+    Measures measures_;
+    TimeSpan span_;
+    Ticks position_ = 0;
+};

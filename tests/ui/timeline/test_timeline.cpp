@@ -1,0 +1,108 @@
+#include "support/Rows.h"
+#include "ui/timeline/PositionDisplay.h"
+#include "ui/timeline/TimeRuler.h"
+
+#include <QSignalSpy>
+
+namespace {
+
+constexpr Ticks whole = ticksPerWholeNote;
+
+// Two measures of 4/4, then of 3/4.
+Track waltz()
+{
+    Track track;
+    track.appendEvent(TrackEvent::note(60, 0, 20 * whole));
+    track.appendEvent(TrackEvent::metre(2 * whole, 3, 4));
+    track.normalize();
+    return track;
+}
+
+} // namespace
+
+class TestTimeline : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void rulerPicksBeats_data()
+    {
+        const Rows<Ticks, Ticks, int, int, Ticks> row("begin", "length", "modifiers", "x", "picked");
+        row("a beat", 0, 4 * whole, Qt::NoModifier, 110, whole / 4);
+        row("a beat behind the change", 0, 4 * whole, Qt::NoModifier, 1060, whole * 11 / 4);
+        row("what the mouse is at", 0, 4 * whole, Qt::AltModifier, 100, whole / 4);
+        row("between the beats", 0, 4 * whole, Qt::AltModifier, 150, whole * 3 / 8);
+        row("a measure where beats are close", 0, 80 * whole, Qt::NoModifier, 72, whole * 7 / 2);
+        row("scrolled", whole, whole, Qt::NoModifier, 790, whole * 3 / 2);
+        row("the last beat that is shown", 0, whole * 9 / 8, Qt::NoModifier, 1599, whole);
+        row("nothing", 0, 0, Qt::NoModifier, 100, 0);
+    }
+
+    void rulerPicksBeats()
+    {
+        QFETCH(Ticks, begin);
+        QFETCH(Ticks, length);
+        QFETCH(int, modifiers);
+        QFETCH(int, x);
+        TimeRuler ruler;
+        ruler.setMeasures(Measures(waltz()));
+        ruler.resize(1600, 40);
+        ruler.setSpan({begin, length});
+        const QSignalSpy seeks(&ruler, &TimeRuler::seek);
+        QTest::mousePress(&ruler, Qt::LeftButton, Qt::KeyboardModifiers(modifiers), {0, 30});
+        QTest::mousePress(&ruler, Qt::RightButton, {}, {3, 30});
+        QMouseEvent drag(QEvent::MouseMove, QPoint(x, 30), Qt::NoButton, Qt::LeftButton,
+                         Qt::KeyboardModifiers(modifiers));
+        QCoreApplication::sendEvent(&ruler, &drag);
+        QCOMPARE(seeks.size(), 2);
+        QTEST(Ticks(seeks.last()[0].toLongLong()), "picked");
+    }
+
+    // As songs may have them; each within a second.
+    void rulerPaintsOddSongs_data()
+    {
+        const Rows<Track, Ticks, Ticks> row("track", "begin", "length");
+        Track crowded;
+        for (Ticks i = 0; i < 20'000; ++i) {
+            crowded.appendEvent(TrackEvent::metre(i, 1U + quint32(i % 9), 4294967295U));
+            crowded.appendEvent(TrackEvent::tempo(i, 1, 4, 60U + quint32(i % 100)));
+        }
+        row("changes on every tick", crowded, 0, 30'000);
+        row("changes on every tick, far away", crowded, maxTicks / 2, 1000);
+        Track tiny;
+        tiny.setMetre(1, 1);
+        row("measures of a tick", tiny, 0, maxTicks);
+        row("nothing", {}, 0, 0);
+    }
+
+    void rulerPaintsOddSongs()
+    {
+        QFETCH(Track, track);
+        QFETCH(Ticks, begin);
+        QFETCH(Ticks, length);
+        TimeRuler ruler;
+        ruler.setMeasures(Measures(track));
+        ruler.resize(1600, 40);
+        ruler.setSpan({begin, length});
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(!ruler.grab().isNull());
+        QVERIFY(timer.elapsed() < 1000);
+    }
+
+    void displaysThePosition()
+    {
+        const Measures measures(waltz());
+        PositionDisplay display;
+        const auto shown = [&](Ticks position, qint64 milliseconds) {
+            display.setPosition(position, measures.at(position), milliseconds);
+            return display.time() + u' ' + display.place();
+        };
+        QCOMPARE(shown(0, 0), QStringLiteral("0:00.000 1.1"));
+        QCOMPARE(shown(whole * 3 / 4, 1500), QStringLiteral("0:01.500 1.4"));
+        QCOMPARE(shown(whole * 13 / 4 - 1, 3'725'042), QStringLiteral("62:05.042 4.2"));
+    }
+};
+
+QTEST_MAIN(TestTimeline)
+#include "test_timeline.moc"
