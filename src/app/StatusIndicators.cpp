@@ -107,6 +107,7 @@ void StatusIndicators::follow(Playback &playback)
         busy->showProgress(text, 100 * (track - 1) + percent, 100 * tracks);
     });
     connect(&playback, &Playback::loaded, busy, &BusyIndicator::finish);
+    connect(&playback, &Playback::warned, this, [this](const QString &text) { bar_.showMessage(text, 10000); });
 }
 
 void StatusIndicators::showLoadingSample(const QString &samplePath)

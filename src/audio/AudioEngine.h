@@ -25,6 +25,10 @@ constexpr GroupId masterGroup{0}; // always there; every other group plays into 
 constexpr std::size_t maxGroups = 1024;
 constexpr std::size_t maxVoices = 2048;
 
+// Of a voice whose start the mixer has already passed: it begins at the mixer's clock, or there inside its sound, where
+// it would be by then.
+enum class LateStart { Moved, Inside };
+
 // What a group does to its voices.
 struct GroupLevel
 {
@@ -53,6 +57,7 @@ struct VoiceSpec
     DspClock fadeEnd = never; // end or later
     float gain = 1;           // linear, finite
     double ratio = 1;         // source frames per output frame: pitch factor * sound rate / engine rate; above 0
+    LateStart lateStart = LateStart::Moved;
 };
 
 // A song that an engine renders as a whole. [render]
@@ -135,8 +140,7 @@ public:
     // Behind the group's level, of late; an unknown group reads 0. [audio]
     virtual MeterReading groupMeter(GroupId group) = 0;
 
-    // Schedules a voice. A start that the mixer has already passed is moved to the mixer's clock. `voice` is written on
-    // Ok only. [audio]
+    // Schedules a voice. `voice` is written on Ok only. [audio]
     virtual AudioResult play(const VoiceSpec &spec, VoiceId &voice) = 0;
     // From now on the voice falls linearly from its present gain to 0 over that many frames, and ends (one that has not
     // begun ends at once). Does nothing when the voice has ended. [audio]

@@ -9,9 +9,10 @@
 // A track that a player is to sound. [any]
 struct PlayRequest
 {
-    // At the track's start, 100 ms from now, or where its sync group is now. What plays under the track's id is heard
-    // to the end of its notes in the one case; in the other, the track takes its place: notes that are the same in both
-    // sound on, the others end. While nothing of the group plays the two are the same.
+    // At `from`, 100 ms after the samples of the first second have been loaded, or where its sync group is now. What
+    // plays under the track's id is heard to the end of its notes in the one case; in the other, the track takes its
+    // place: notes that are the same in both sound on, the others end. While nothing of the group plays the two are the
+    // same.
     enum class Begin { AtTheStart, WithTheGroup };
 
     QString trackId; // of the caller's choice; replaces what plays under it
@@ -22,4 +23,5 @@ struct PlayRequest
         {}; // tracks of one group that are started in one go begin at the same sample; empty: on its own
     bool isMuted = false;
     Begin begin = Begin::AtTheStart;
+    Ticks from = 0;
 };

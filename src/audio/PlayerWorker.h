@@ -1,22 +1,15 @@
 #pragma once
 
-#include "audio/AudioEngine.h"
-#include "audio/PlayRequest.h"
-#include "audio/ResultChecker.h"
-#include "audio/SampleCache.h"
-#include "audio/SoundingNotes.h"
-#include "audio/TrackPlayback.h"
-#include "base/ParallelJobs.h"
+#include "audio/PlayingTracks.h"
+#include "audio/PreviewNote.h"
 
-#include <QMap>
 #include <QObject>
-#include <QSet>
+#include <QThread>
 #include <QTimer>
+#include <QVector>
 
 #include <functional>
 #include <memory>
-#include <optional>
-#include <stop_token>
 
 // Makes the engine that a player or renderer owns from then on.
 using EngineFactory = std::function<std::unique_ptr<AudioEngine>()>;
@@ -34,12 +27,11 @@ class PlayerWorker : public QObject
     Q_OBJECT
 
 public:
-    // now: what the pauses between meters are measured with. [ui]
-    explicit PlayerWorker(EngineFactory makeEngine, TimeSource now = steadyMilliseconds, QObject *parent = nullptr);
+    // now: what the pauses between meters are measured with. loadingThreads: that load samples; with none the passes
+    // do, and nothing is ever late. [ui]
+    explicit PlayerWorker(EngineFactory makeEngine, TimeSource now = steadyMilliseconds,
+                          int loadingThreads = QThread::idealThreadCount(), QObject *parent = nullptr);
     ~PlayerWorker() override; // after terminate(), on any thread [any]
-
-    // Runs one of the slots unless it is to be stopped already; precaching ends early when it is stopped later. [audio]
-    void runUntil(const std::stop_token &stop, const std::function<void()> &slot);
 
 signals: // [audio]
     void finished();
@@ -54,9 +46,13 @@ signals: // [audio]
     void loadingSample(const QString &samplePath);
     // Why nothing can be heard, or an empty text when it can be heard again.
     void outputChanged(const QString &problem);
-    // How far precacheInstrument() is, in pitches of samples: at first with none done and last, once, with all of them.
-    // One that is interrupted ends without the last.
-    void precacheProgress(int done, int total);
+    // Tracks do not begin yet, since samples of their first second are missing: those of this track (from 1) of so
+    // many, which has so much per cent of them.
+    void loadingTrack(int track, int tracks, int percent);
+    // They begin, or were stopped.
+    void tracksLoaded();
+    // What the user should know: at most one thing each time that something starts to play.
+    void warned(const QString &text);
 
 public slots: // [audio]
     void initialize();
@@ -67,9 +63,11 @@ public slots: // [audio]
     void playPreviewNote(const Instrument &instrument, quint32 noteId);
     void stopPreviewNote();
     void playTrack(const PlayRequest &request);
+    // In one go: what starts in one sync group begins at the same sample, when all has been loaded.
+    void playTracks(const QVector<PlayRequest> &requests);
     void muteTrack(const QString &trackId, bool mute);
     void changeInstrument(const QString &trackId, const Instrument &instrument);
-    // Loads what the track's notes need, on all cores, while the other tracks play on.
+    // Loads what the track's notes need, behind what is needed sooner and as far as there is room.
     void precacheInstrument(const Instrument &instrument, const Track &track);
     void setMasterVolume(float volume);
     void setVolume(const QString &trackId, float volume);
@@ -81,57 +79,34 @@ public slots: // [audio]
     void stopAll();
 
 private: // [audio]
-    struct PlayingTrack
-    {
-        TrackPlayback playback;
-        QString syncGroup; // empty: none
-        GroupId group = masterGroup;
-        GroupLevel level;
-        bool isMuted = false;
-    };
     template<typename Action>
     void guarded(Action action);
     template<typename Action>
     void withEngine(Action action); // guarded; does nothing while there is no engine
-    template<typename Change>
-    void changeTrack(const QString &trackId, Change change);
     template<typename Selected>
     void seekTracks(quint64 tickPos, Selected isSelected);
 
     bool check(AudioResult result) { return checker_.check(*engine_, result); }
-    std::size_t shortFade() const { return std::size_t(engine_->sampleRate()) / 200; } // 5 ms: without a click
-    DspClock lookAhead() const { return DspClock(0.1 * engine_->sampleRate()); }
-    DspClock startClock(const QString &syncGroup) const;
-    const PlayingTrack *leaderOf(const PlayRequest &request) const;
-    void begin(const QString &trackId, PlayingTrack track);
-    void join(const QString &trackId, PlayingTrack track, const TrackPlayback &leader);
-    PlayingTrack &insert(const QString &trackId, const PlayingTrack &track);
+    void makePlaying();
     void runPass();
     void wake();
     void restWhenIdle();
     bool areMetersDue();
     void tellMasterMeter();
-    void tellTrack(const QString &trackId, const PlayingTrack &track, DspClock now);
-    // All but the events that sound already.
-    void schedule(const QString &trackId, PlayingTrack &track, DspClock now, const QSet<int> &sounding = {});
-    void stop(const QString &trackId);
+    void tellTrack(const QString &trackId, const PlayingTrack &track);
     void reportOutput();
 
     EngineFactory makeEngine_;
     TimeSource now_;
+    int loadingThreads_;
     QTimer timer_{this};
-    std::stop_token stop_; // of the slot that runs
     ResultChecker checker_;
-    std::unique_ptr<AudioEngine> engine_; // null before initialize() and after terminate()
+    std::unique_ptr<AudioEngine> engine_; // null before initialize() and after terminate(), as what follows
+    std::unique_ptr<SampleFeed> samples_;
+    std::unique_ptr<PlayingTracks> playing_;
+    std::unique_ptr<PreviewNote> preview_;
     OutputState outputState_ = OutputState::Running;
-    std::unique_ptr<SampleCache> samples_;
-    std::unique_ptr<ParallelJobs> jobs_; // behind what its jobs use
-    QMap<QString, PlayingTrack> tracks_;
-    SoundingNotes soundingNotes_;
-    Ticks longestLength_ = 0;
     qint64 lastMeters_ = 0;
     bool isResting_ = false;
     qint64 lastBusy_ = 0; // when something sounded or was to sound
-    std::optional<VoiceId> previewVoice_;
-    DspClock previewFade_ = 0; // output samples
 };

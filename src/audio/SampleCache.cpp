@@ -1,6 +1,5 @@
 #include "audio/SampleCache.h"
 
-#include "assets/package/PackageRegistry.h"
 #include "audio/Logging.h"
 #include "audio/TrackPlayback.h"
 #include "base/ParallelJobs.h"
@@ -10,36 +9,29 @@
 
 #include <cmath>
 #include <deque>
-#include <span>
 #include <variant>
 
 namespace {
-
-// Twelve octaves up or down; what an engine is asked to play.
-constexpr double highestRatio = 4096;
 
 bool isPlayable(const NoteEntry &entry)
 {
     return !entry.files.isEmpty() && std::isfinite(entry.rate) && entry.rate > 0;
 }
 
-std::span<const std::byte> bytesOf(const QByteArray &file)
-{
-    return std::as_bytes(std::span(file.constData(), std::size_t(file.size())));
-}
-
-// How far into a sample a note gets, in output frames at the sample's own speed.
-DspClock reachOf(double rate, DspClock frames)
-{
-    const auto reach = std::ceil(double(frames) * rate);
-    return frames == never || reach >= double(never) ? never : DspClock(reach);
-}
-
 } // namespace
 
+SampleReader::Decode decoderOf(const AudioEngine &engine)
+{
+    return [&engine](std::span<const std::byte> file, std::size_t mostFrames, Sound &sound) {
+        const auto result = engine.makeSound(file, mostFrames, sound);
+        return result == AudioResult::Ok ? QString() : QString::fromUtf8(engine.errorText(result));
+    };
+}
+
+// An eighth of the bytes: three minutes in mono.
 SampleCache::SampleCache(const AudioEngine &engine, int sampleRate, Loading beforeLoading, std::size_t byteLimit)
-    : engine_(engine), sampleRate_(sampleRate), beforeLoading_(std::move(beforeLoading)),
-      longestResampling_(byteLimit / 8), decoded_(byteLimit), resampled_(byteLimit)
+    : reader_(decoderOf(engine), sampleRate, byteLimit / 8), beforeLoading_(std::move(beforeLoading)),
+      decoded_(byteLimit), resampled_(byteLimit)
 {
 }
 
@@ -50,59 +42,22 @@ Sample SampleCache::find(const NoteEntry &entry, DspClock frames)
     const auto &path = entry.files.first();
     if (auto sound = resampled_.find({path, entry.rate}, frames))
         return {std::move(sound), 1};
-    const auto reach = reachOf(entry.rate, frames);
+    const auto reach = sampleReach(entry.rate, frames);
     auto sound = decoded_.find(path, reach);
     if (!sound && !rejected_.contains(path) && decoded_.hasRoomFor(withoutRoom_.value(path))) {
         beforeLoading_(path);
-        sound = keep(path, decode(open(path), reach));
+        sound = keep(path, reader_.decode(reader_.open(path), reach));
     }
     if (!sound)
         return {};
-    const auto ratio = ratioOf(*sound, entry.rate);
-    if (ratio >= 1 / highestRatio && ratio <= highestRatio)
+    const auto ratio = reader_.ratioOf(*sound, entry.rate);
+    if (isPlayableRatio(ratio))
         return {std::move(sound), ratio};
     reject(QStringLiteral("%1 at rate %2").arg(path).arg(entry.rate), QStringLiteral("The rate is out of range."));
     return {};
 }
 
-SampleCache::Opened SampleCache::open(const QString &path) const
-{
-    try {
-        const auto file = readGameFile(path);
-        return {file, measureSample(bytesOf(file)), {}};
-    } catch (const QString &message) {
-        return {{}, {}, message};
-    }
-}
-
-// What an engine's own library may read costs a guess.
-std::size_t SampleCache::costOf(const Opened &opened, DspClock reach) const
-{
-    return opened.size ? opened.size->bytes(framesOf(opened, reach)) : 16 * std::size_t(opened.file.size());
-}
-
-// Only long samples are decoded in part, so that a note that becomes longer hardly ever has to wait.
-std::size_t SampleCache::framesOf(const Opened &opened, DspClock reach) const
-{
-    if (!opened.size || opened.size->bytes() <= longestResampling_ || reach == never)
-        return wholeSample;
-    constexpr double beyond = 1024; // what a kernel reads behind the last frame that sounds, and more
-    return std::size_t(double(reach) * opened.size->sampleRate / sampleRate_ + beyond);
-}
-
-SampleCache::Decoded SampleCache::decode(const Opened &opened, DspClock reach) const
-{
-    if (!opened.failure.isEmpty())
-        return {nullptr, opened.failure};
-    const auto mostFrames = framesOf(opened, reach);
-    Sound sound;
-    const auto result = engine_.makeSound(bytesOf(opened.file), mostFrames, sound);
-    if (result != AudioResult::Ok)
-        return {nullptr, QString::fromUtf8(engine_.errorText(result))};
-    return {sound, {}, sound->frames() < mostFrames ? never : reach};
-}
-
-Sound SampleCache::keep(const QString &path, const Decoded &decoded)
+Sound SampleCache::keep(const QString &path, const SampleReader::Decoded &decoded)
 {
     if (!decoded.sound)
         reject(path, decoded.failure);
@@ -134,6 +89,8 @@ void SampleCache::warnOnce(const QString &path, const QString &reason)
 class SampleCache::Preparation
 {
 public:
+    using Opened = SampleReader::Opened;
+    using Decoded = SampleReader::Decoded;
     using Prepared = std::variant<Opened, Decoded>;
     using PreparationJob = Job<Prepared>;
 
@@ -192,7 +149,7 @@ private:
     {
         DspClock reach = 0;
         for (auto note = longestNotes.begin(); note != longestNotes.end(); ++note)
-            reach = std::max(reach, ::reachOf(note.key(), note.value()));
+            reach = std::max(reach, sampleReach(note.key(), note.value()));
         return reach;
     }
 
@@ -202,7 +159,7 @@ private:
         const auto take = [this, path, longestNotes](const Prepared &prepared) {
             brought_.push_back(decoding(path, longestNotes, std::get<Opened>(prepared)));
         };
-        return {[&cache = cache_, path] { return cache.open(path); }, take};
+        return {[&reader = cache_.reader_, path] { return reader.open(path); }, take};
     }
 
     PreparationJob decoding(const QString &path, const LongestNotes &longestNotes, const Opened &opened)
@@ -218,8 +175,8 @@ private:
             else
                 advance(longestNotes.size());
         };
-        return {[&cache = cache_, opened, reach] { return cache.decode(opened, reach); }, take,
-                cache_.costOf(opened, reach)};
+        return {[&reader = cache_.reader_, opened, reach] { return reader.decode(opened, reach); }, take,
+                cache_.reader_.costOf(opened, reach)};
     }
 
     void addResampling(const QString &path, const Sound &sound, const LongestNotes &longestNotes)
@@ -227,28 +184,20 @@ private:
         for (auto note = longestNotes.begin(); note != longestNotes.end(); ++note) {
             const auto rate = note.key();
             const auto frames = note.value();
-            const auto ratio = cache_.ratioOf(*sound, rate);
-            if (ratio != 1 && isShort(*sound, ratio, frames) && !cache_.resampled_.find({path, rate}, frames))
+            const auto ratio = cache_.reader_.ratioOf(*sound, rate);
+            if (cache_.reader_.isResampled(*sound, ratio, frames) && !cache_.resampled_.find({path, rate}, frames))
                 brought_.push_back(resampling({path, rate}, sound, ratio, frames));
             else
                 advance(1);
         }
     }
 
-    bool isShort(const SoundData &sound, double ratio, DspClock frames) const
-    {
-        const auto resampledFrames = std::min(double(frames), double(sound.frames()) / ratio);
-        return resampledFrames * sound.channels() * sizeof(float) <= double(cache_.longestResampling_);
-    }
-
     // What is not resampled, or finds no room, is interpolated while it plays.
     PreparationJob resampling(const Pitch &pitch, const Sound &source, double ratio, DspClock frames)
     {
         ++resamplings_;
-        const auto work = [&resampler = cache_.resampler_, source, ratio, frames] {
-            Decoded made;
-            resampler.resample(*source, ratio, frames, made.sound);
-            return made;
+        const auto work = [&reader = cache_.reader_, source, ratio, frames] {
+            return Decoded{reader.resample(*source, ratio, frames), {}, frames};
         };
         const auto take = [this, pitch, frames](const Prepared &prepared) {
             const auto &made = std::get<Decoded>(prepared);

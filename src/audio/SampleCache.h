@@ -2,16 +2,14 @@
 
 #include "assets/Instrument.h"
 #include "audio/AudioEngine.h"
-#include "audio/SoundStore.h"
-#include "audio/sound/Resampler.h"
-#include "audio/sound/SampleDecoder.h"
+#include "audio/samples/SampleReader.h"
+#include "audio/samples/SoundStore.h"
 
 #include <QHash>
 #include <QPair>
 #include <QSet>
 
 #include <functional>
-#include <optional>
 #include <vector>
 
 class ParallelJobs;
@@ -23,6 +21,9 @@ struct Sample
     Sound sound;
     double ratio = 1;
 };
+
+// Decodes as the engine does, which must outlive it. [any]
+SampleReader::Decode decoderOf(const AudioEngine &engine);
 
 // The samples of instruments, decoded once; prepared ones are also resampled to the pitches that notes need. Each of
 // the two kinds keeps at most so many bytes, and nothing is resampled that would take more than an eighth of them:
@@ -48,33 +49,12 @@ public:
 private:
     class Preparation;
     using Pitch = QPair<QString, double>; // a sample's path and the factor on its speed
-    struct Opened
-    {
-        QByteArray file;
-        std::optional<SampleSize> size;
-        QString failure;
-    };
-    struct Decoded
-    {
-        Sound sound;
-        QString failure;
-        DspClock reach = never; // that it serves, in output frames at the sample's own speed
-    };
-
-    Opened open(const QString &path) const;                           // [any]
-    std::size_t costOf(const Opened &opened, DspClock reach) const;   // in bytes
-    std::size_t framesOf(const Opened &opened, DspClock reach) const; // that are decoded
-    Decoded decode(const Opened &opened, DspClock reach) const;       // [any]
-    Sound keep(const QString &path, const Decoded &decoded);
+    Sound keep(const QString &path, const SampleReader::Decoded &decoded);
     void reject(const QString &path, const QString &reason);
     void warnOnce(const QString &path, const QString &reason);
-    double ratioOf(const SoundData &sound, double rate) const { return rate * sound.sampleRate() / sampleRate_; }
 
-    const AudioEngine &engine_;
-    Resampler resampler_;
-    int sampleRate_;
+    SampleReader reader_;
     Loading beforeLoading_;
-    std::size_t longestResampling_; // in bytes
     SoundStore<QString> decoded_;
     SoundStore<Pitch> resampled_;
     QSet<QString> rejected_;                  // those that never will sound

@@ -16,7 +16,7 @@ TrackPlayer::TrackPlayer(EngineFactory makeEngine, QObject *parent)
 
 TrackPlayer::~TrackPlayer()
 {
-    stop_.request_stop(); // whatever is still to be precached
+    stop_.request_stop(); // whatever is still to be started
     thread_.requestInterruption();
     emit __terminate();
     thread_.wait();
@@ -35,7 +35,9 @@ void TrackPlayer::relaySignals()
     connect(worker_, &PlayerWorker::noteReleased, this, &TrackPlayer::noteReleased);
     connect(worker_, &PlayerWorker::loadingSample, this, &TrackPlayer::loadingSample);
     connect(worker_, &PlayerWorker::outputChanged, this, &TrackPlayer::outputChanged);
-    connect(worker_, &PlayerWorker::precacheProgress, this, &TrackPlayer::precacheProgress);
+    connect(worker_, &PlayerWorker::loadingTrack, this, &TrackPlayer::loadingTrack);
+    connect(worker_, &PlayerWorker::tracksLoaded, this, &TrackPlayer::tracksLoaded);
+    connect(worker_, &PlayerWorker::warned, this, &TrackPlayer::warned);
 }
 
 // The arguments travel by value.
@@ -50,7 +52,8 @@ template<typename Slot, typename... Arguments>
 void TrackPlayer::postUntilStopped(Slot slot, const Arguments &...arguments)
 {
     const auto call = [worker = worker_, stop = stop_.get_token(), slot, arguments...] {
-        worker->runUntil(stop, [&] { (worker->*slot)(arguments...); });
+        if (!stop.stop_requested())
+            (worker->*slot)(arguments...);
     };
     QMetaObject::invokeMethod(worker_, call, Qt::QueuedConnection);
 }
@@ -68,6 +71,11 @@ void TrackPlayer::stopPreviewNote()
 void TrackPlayer::playTrack(const PlayRequest &request)
 {
     postUntilStopped(&PlayerWorker::playTrack, request);
+}
+
+void TrackPlayer::playTracks(const QVector<PlayRequest> &requests)
+{
+    postUntilStopped(&PlayerWorker::playTracks, requests);
 }
 
 void TrackPlayer::muteTrack(const QString &trackId, bool mute)

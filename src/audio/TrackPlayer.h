@@ -29,7 +29,9 @@ signals:
     void noteReleased(const QString &trackId, int eventIndex);
     void loadingSample(const QString &samplePath);
     void outputChanged(const QString &problem);
-    void precacheProgress(int done, int total);
+    void loadingTrack(int track, int tracks, int percent);
+    void tracksLoaded();
+    void warned(const QString &text);
 
     void __initialize(); // to the worker
     void __terminate();  // to the worker
@@ -38,6 +40,7 @@ public slots:
     void playPreviewNote(const Instrument &instrument, quint32 noteId);
     void stopPreviewNote();
     void playTrack(const PlayRequest &request);
+    void playTracks(const QVector<PlayRequest> &requests);
     void muteTrack(const QString &trackId, bool mute);
     void changeInstrument(const QString &trackId, const Instrument &instrument);
     void precacheInstrument(const Instrument &instrument, const Track &track);
@@ -48,7 +51,7 @@ public slots:
     void seekSynced(quint64 tickPos, const QString &syncGroup);
     void seekAll(quint64 tickPos);
     void stopTrack(const QString &trackId);
-    void stopAll(); // ends precaching, too; what waits to be precached or started is dropped
+    void stopAll(); // ends the loading, too; what waits to be loaded or started is dropped
 
 private:
     void relaySignals();

@@ -190,7 +190,7 @@ private slots:
         QCOMPARE(busy->findChild<QLabel *>()->text(), QStringLiteral("Loading samples, track 1 of 4..."));
         QTest::keyClick(&fixture_->window(), Qt::Key_Escape);
         QTRY_VERIFY(!busy->isVisible());
-        QVERIFY(!fixture_->action("actionStop")->isEnabled());
+        QTRY_VERIFY(!fixture_->action("actionStop")->isEnabled());
 
         fixture_->trigger("actionPlay");
         fixture_->tracks().setVolume(fixture_->tracks().ids().first(), 50); // a change while it loads

@@ -13,8 +13,8 @@ inline QStringList list(const char *lines)
     return QString::fromLatin1(lines).split(QStringLiteral(", "));
 }
 
-// A worker on the test's own thread whose engine mixes one block in each pass: nothing happens between passes, and the
-// test sees every sample.
+// A worker on the test's own thread whose engine mixes one block in each pass: nothing happens between passes, samples
+// are loaded in them, and the test sees every sample.
 class VirtualPlayer
 {
 public:
@@ -57,7 +57,7 @@ public:
                             engine = made.get();
                             return made;
                         },
-                        [this] { return engine != nullptr ? qint64(engine->clock() * 1000 / 48000) : 0; }};
+                        [this] { return engine != nullptr ? qint64(engine->clock() * 1000 / 48000) : 0; }, 0};
     std::vector<float> left;
     bool keepsAudio = true;
     QStringList told; // signals in the order in which they came, without meters and positions

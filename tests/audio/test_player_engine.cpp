@@ -39,11 +39,12 @@ private slots:
             }
         };
         const LoggedLines logged;
-        PlayerWorker worker([] { return std::make_unique<FailingEngine>(); });
+        PlayerWorker worker([] { return std::make_unique<FailingEngine>(); }, steadyMilliseconds, 0);
         worker.initialize();
-        worker.playPreviewNote(click_, 60);
         worker.precacheInstrument(click_, clicks(1));
-        QCOMPARE(logged.count("Not enough memory."), 2);
+        worker.update();
+        worker.playPreviewNote(click_, 60);
+        QCOMPARE(logged.count("Not enough memory."), 1);
         worker.terminate();
 
         PlayerWorker engineless([]() -> std::unique_ptr<AudioEngine> { throw QStringLiteral("no engine today"); });
@@ -107,7 +108,7 @@ private slots:
         };
         QString told;
         qint64 time = 0;
-        PlayerWorker worker([&told] { return std::make_unique<RestingEngine>(told); }, [&time] { return time; });
+        PlayerWorker worker([&told] { return std::make_unique<RestingEngine>(told); }, [&time] { return time; }, 0);
         const auto pass = [&](qint64 milliseconds, const char *part) {
             time += milliseconds;
             worker.update();

@@ -88,7 +88,8 @@ private slots:
             std::stop_source stop;
             for (int i = 0; i < 500; ++i) {
                 audio.post([token = stop.get_token(), request = requests.next<PlayerWorker>()](PlayerWorker &worker) {
-                    worker.runUntil(token, [&] { request(worker); });
+                    if (!token.stop_requested())
+                        request(worker);
                 });
                 if (i % 16 == 0) {
                     stop.request_stop();

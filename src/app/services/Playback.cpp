@@ -26,7 +26,12 @@ Playback::Playback(TrackList &list, const InstrumentSetModel &catalogue, TrackPl
     connect(&player_, &TrackPlayer::trackStarted, this, &Playback::onTrackStarted);
     connect(&player_, &TrackPlayer::trackStopped, this, &Playback::onTrackStopped);
     connect(&player_, &TrackPlayer::allTracksStopped, this, [this] { --stopsUnderWay_; });
-    connect(&player_, &TrackPlayer::precacheProgress, this, &Playback::onPrecacheProgress);
+    connect(&player_, &TrackPlayer::loadingTrack, this, [this](int track, int tracks, int percent) {
+        if (stopsUnderWay_ == 0) // otherwise it is about what was stopped
+            emit loading(track, tracks, percent);
+    });
+    connect(&player_, &TrackPlayer::tracksLoaded, this, &Playback::loaded);
+    connect(&player_, &TrackPlayer::warned, this, &Playback::warned);
 }
 
 QString Playback::resolvedName(const QString &name) const
@@ -66,12 +71,10 @@ void Playback::tellPlaying(Change change)
 void Playback::play(Ticks from)
 {
     stop();
+    QVector<PlayRequest> requests;
     for (const auto &track : list_.song())
-        precache(*track);
-    for (const auto &track : list_.song())
-        start(*track, PlayRequest::Begin::AtTheStart);
-    if (from > 0)
-        seek(from);
+        requests.append(requestFor(*track, PlayRequest::Begin::AtTheStart, from));
+    player_.playTracks(requests);
     tellPlaying([this] { isStarting_ = !list_.isEmpty(); });
 }
 
@@ -79,31 +82,8 @@ void Playback::stop()
 {
     ++stopsUnderWay_;
     player_.stopAll();
-    finishLoading();
-    tellPlaying([this] { isStarting_ = false; });
-}
-
-void Playback::precache(const SongTrack &track)
-{
-    ++toPrecache_;
-    player_.precacheInstrument(instrument(track.instrument), *track.track);
-}
-
-void Playback::finishLoading()
-{
-    precached_ = 0;
-    toPrecache_ = 0;
     emit loaded();
-}
-
-void Playback::onPrecacheProgress(int done, int total)
-{
-    if (stopsUnderWay_ > 0) // it is about what was stopped
-        return;
-    if (done < total)
-        emit loading(precached_ + 1, toPrecache_, 100 * done / total);
-    else if (++precached_ == toPrecache_)
-        finishLoading();
+    tellPlaying([this] { isStarting_ = false; });
 }
 
 void Playback::seek(Ticks position)
@@ -111,15 +91,16 @@ void Playback::seek(Ticks position)
     player_.seekSynced(quint64(position), syncGroup);
 }
 
-void Playback::start(const SongTrack &track, PlayRequest::Begin begin)
+PlayRequest Playback::requestFor(const SongTrack &track, PlayRequest::Begin begin, Ticks from) const
 {
-    player_.playTrack({.trackId = track.id,
-                       .track = *track.track,
-                       .instrument = instrument(track.instrument),
-                       .level = {gainOf(track.volume), gainOf(track.pan)},
-                       .syncGroup = syncGroup,
-                       .isMuted = track.isMuted,
-                       .begin = begin});
+    return {.trackId = track.id,
+            .track = *track.track,
+            .instrument = instrument(track.instrument),
+            .level = {gainOf(track.volume), gainOf(track.pan)},
+            .syncGroup = syncGroup,
+            .isMuted = track.isMuted,
+            .begin = begin,
+            .from = from};
 }
 
 void Playback::follow(const SongTracks &before, const SongTracks &after)
@@ -128,15 +109,17 @@ void Playback::follow(const SongTracks &before, const SongTracks &after)
         return;
     const auto old = byId(before);
     const auto now = byId(after);
+    QVector<PlayRequest> joining;
     for (const auto &track : after) {
         const auto previous = old.value(track->id);
         if (previous && previous->track == track->track) {
             followTrack(*previous, *track);
             continue;
         }
-        precache(*track);
-        start(*track, PlayRequest::Begin::WithTheGroup);
+        joining.append(requestFor(*track, PlayRequest::Begin::WithTheGroup));
     }
+    if (!joining.isEmpty())
+        player_.playTracks(joining);
     for (const auto &track : before) { // at last, so that the others can join those that leave
         if (!now.contains(track->id))
             player_.stopTrack(track->id);
@@ -145,10 +128,8 @@ void Playback::follow(const SongTracks &before, const SongTracks &after)
 
 void Playback::followTrack(const SongTrack &before, const SongTrack &after)
 {
-    if (before.instrument != after.instrument) {
-        precache(after);
+    if (before.instrument != after.instrument)
         player_.changeInstrument(after.id, instrument(after.instrument));
-    }
     if (before.isMuted != after.isMuted)
         player_.muteTrack(after.id, after.isMuted);
     if (before.volume != after.volume)

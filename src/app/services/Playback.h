@@ -36,20 +36,19 @@ public:
 
 signals:
     void playingChanged(bool isPlaying);
-    // The samples of this one of so many tracks (from 1) are being loaded, so much per cent of them are; and the end of
-    // it all.
+    // Playing waits for samples: of this one of so many tracks (from 1), so much per cent of what it needs at first are
+    // there; and the end of the waiting.
     void loading(int track, int tracks, int percent);
     void loaded();
+    // What the user should know of what is heard; at most once for each play().
+    void warned(const QString &text);
 
 private:
     template<typename Change>
     void tellPlaying(Change change);
-    void precache(const SongTrack &track);
-    void finishLoading();
-    void onPrecacheProgress(int done, int total);
     void follow(const SongTracks &before, const SongTracks &after);
     void followTrack(const SongTrack &before, const SongTrack &after);
-    void start(const SongTrack &track, PlayRequest::Begin begin);
+    PlayRequest requestFor(const SongTrack &track, PlayRequest::Begin begin, Ticks from = 0) const;
     void onTrackStarted(const QString &id);
     void onTrackStopped(const QString &id);
 
@@ -59,8 +58,6 @@ private:
     QString defaultInstrument_;
     QSet<QString> playing_;
     bool isStarting_ = false;
-    int precached_ = 0; // of the tracks that the player was asked to precache
-    int toPrecache_ = 0;
     int stopsUnderWay_ = 0; // that the player was asked for and has not told yet
 };
 

@@ -13,6 +13,8 @@ namespace {
 // What a mono sound gives to each side: equal power.
 constexpr float monoShare = float(1 / std::numbers::sqrt2);
 
+constexpr DspClock riseFrames = 240; // 5 ms at 48 kHz: what a voice that begins inside its sound takes to be there
+
 constexpr Position unchanged = Position(1) << 32; // the step of ratio 1
 
 // A voice's frames of the block in which it sounds.
@@ -100,6 +102,8 @@ void GroupBus::add(const VoiceShape &voice)
                              voice.step);
         source = {scratchLeft_.data(), source.right ? scratchRight_.data() : nullptr};
     }
+    if (voice.entered != 0 && first < voice.entered + riseFrames)
+        source = risen(source, frames, first - voice.entered);
     if (source.right) {
         const auto to = sides();
         addPlane(kernels_, to.left, source.left, stretch, voice);
@@ -110,6 +114,19 @@ void GroupBus::add(const VoiceShape &voice)
         std::fill_n(monoPlane_.data(), frames_, 0.0F);
     mono_ = true;
     addPlane(kernels_, monoPlane_.data(), source.left, stretch, voice);
+}
+
+// A copy that comes out of silence, whose first frame is so far into the rise.
+Planes<const float> GroupBus::risen(Planes<const float> source, std::size_t frames, DspClock risenFrames)
+{
+    const auto rise = [=](float *to, const float *from) {
+        for (std::size_t i = 0; i < frames; ++i)
+            to[i] = from[i] * std::min(1.0F, float(risenFrames + i) / float(riseFrames));
+    };
+    rise(scratchLeft_.data(), source.left);
+    if (source.right)
+        rise(scratchRight_.data(), source.right);
+    return {scratchLeft_.data(), source.right ? scratchRight_.data() : nullptr};
 }
 
 Planes<float> GroupBus::sides()

@@ -49,6 +49,7 @@ public:
 
 private:
     using Plane = std::array<float, capacity>;
+    Planes<const float> risen(Planes<const float> source, std::size_t frames, DspClock risenFrames);
     void foldMono();
 
     const Kernels &kernels_ = bestKernels();

@@ -179,7 +179,7 @@ void Mixer::append(const Command &command)
     Group &group = groups_[std::size_t(command.group)];
     Voice &voice = voices_[command.slot];
     voice = {command.shape, none, true};
-    voice.shape.start = std::max(voice.shape.start, now_);
+    voice.shape.enter(now_);
     (group.first == none ? group.first : voices_[group.last].next) = command.slot;
     group.last = command.slot;
 }

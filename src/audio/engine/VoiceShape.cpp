@@ -30,8 +30,19 @@ AudioResult shapeOf(const VoiceSpec &spec, VoiceShape &shape)
     shape.step = Position(std::llround(spec.ratio * double(one)));
     shape.frames = ((std::uint64_t(sound.frames()) << 32) + shape.step - 1) / shape.step;
     shape.gain = spec.gain;
+    shape.lateStart = spec.lateStart;
     shape.slope = shape.fadeEnd > shape.end ? spec.gain / float(shape.fadeEnd - shape.end) : 0;
     return AudioResult::Ok;
+}
+
+void VoiceShape::enter(DspClock now)
+{
+    if (start >= now)
+        return;
+    if (lateStart == LateStart::Moved)
+        start = now;
+    else
+        entered = now;
 }
 
 void VoiceShape::fadeFrom(DspClock now, std::uint64_t fadeFrames)

@@ -25,9 +25,14 @@ std::shared_ptr<const FineKernel> Resampler::kernelFor(double ratio)
     return kernel;
 }
 
+bool Resampler::canResample(const SoundData &source, double ratio)
+{
+    return ratio >= 1 / highestRatio && ratio <= highestRatio && source.frames() >> 31 == 0;
+}
+
 AudioResult Resampler::resample(const SoundData &source, double ratio, std::size_t maxFrames, Sound &sound)
 {
-    if (!(ratio >= 1 / highestRatio && ratio <= highestRatio) || source.frames() >> 31 != 0)
+    if (!canResample(source, ratio))
         return AudioResult::InvalidArgument;
     const auto step = Position(std::llround(std::ldexp(ratio, 32)));
     const auto whole = ((Position(source.frames()) << 32) + step - 1) / step;

@@ -13,8 +13,10 @@
 class Resampler
 {
 public:
+    // Whether the ratio is in 1/16 … 16, and the source not too long.
+    static bool canResample(const SoundData &source, double ratio);
     // The result at ratio 1 is the source at `ratio`. At most maxFrames of it are made: what the longest note needs.
-    // InvalidArgument when ratio is not in 1/16 … 16.
+    // InvalidArgument when it cannot be.
     AudioResult resample(const SoundData &source, double ratio, std::size_t maxFrames, Sound &sound);
 
 private:

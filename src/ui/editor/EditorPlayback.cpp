@@ -47,7 +47,6 @@ void EditorPlayback::play(const PreviewTrack::Stretch &stretch)
     isPlaying_ = !preview_.isEmpty();
     if (isPlaying_) {
         trackId_ = QStringLiteral("AbcEditor/") + QUuid::createUuid().toString();
-        player_.precacheInstrument(document_.instrument(), preview_.track());
         player_.playTrack({.trackId = trackId_, .track = preview_.track(), .instrument = document_.instrument()});
         document_.setPlayPosition(stretch_.from);
     } else {

@@ -31,30 +31,29 @@ void PreviewPlayer::play(const QVector<int> &parts)
     group_ = QStringLiteral("ImportPreview/") + QUuid::createUuid().toString();
     for (const int part : parts)
         parts_.insert(QStringLiteral("%1/%2").arg(group_).arg(part), part);
+    QVector<PlayRequest> requests;
     for (const int part : parts)
-        start(part, false);
+        requests.append(requestFor(part, PlayRequest::Begin::AtTheStart));
+    player_->playTracks(requests);
     if (isPlaying())
         emit playingChanged(true);
 }
 
-void PreviewPlayer::start(int part, bool isUnderWay)
+PlayRequest PreviewPlayer::requestFor(int part, PlayRequest::Begin begin) const
 {
     const auto name = preview_.instrument(part);
-    const auto instrument = instruments_.contains(name) ? instruments_.instrument(name) : Instrument();
-    const auto &track = preview_.parts()[part].track();
-    player_->precacheInstrument(instrument, track);
-    player_->playTrack({.trackId = parts_.key(part),
-                        .track = track,
-                        .instrument = instrument,
-                        .syncGroup = group_,
-                        .begin = isUnderWay ? PlayRequest::Begin::WithTheGroup : PlayRequest::Begin::AtTheStart});
+    return {.trackId = parts_.key(part),
+            .track = preview_.parts()[part].track(),
+            .instrument = instruments_.contains(name) ? instruments_.instrument(name) : Instrument(),
+            .syncGroup = group_,
+            .begin = begin};
 }
 
 void PreviewPlayer::follow(int part)
 {
     const auto id = parts_.key(part);
     if (!id.isEmpty())
-        start(part, true);
+        player_->playTrack(requestFor(part, PlayRequest::Begin::WithTheGroup));
 }
 
 // One by itself may be heard in any case.

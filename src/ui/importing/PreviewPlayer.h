@@ -31,7 +31,7 @@ signals:
 
 private:
     void makePlayer();
-    void start(int part, bool isUnderWay);
+    PlayRequest requestFor(int part, PlayRequest::Begin begin) const;
     void follow(int part);
     void stopWhatIsNotTaken();
     void onStopped(const QString &id);

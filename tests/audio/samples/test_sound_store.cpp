@@ -1,4 +1,4 @@
-#include "audio/SoundStore.h"
+#include "audio/samples/SoundStore.h"
 
 #include <QtTest>
 
