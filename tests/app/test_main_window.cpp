@@ -216,9 +216,14 @@ private slots:
         fixture_->trigger("actionClean_Quantise");
         QTRY_COMPARE(fixture_->tracks().history().undoText(), QStringLiteral("Clean Quantise"));
         for (const auto &track : fixture_->tracks().song())
-            QCOMPARE(track->track->events()[1].start(), ticksPerQuarter);
+            QCOMPARE(track->track->events()[2].start(), 2 * ticksPerQuarter);
         fixture_->trigger("actionUndo");
         QCOMPARE(fixture_->tracks().song(), before);
+        fixture_->trigger("actionClean_Quantise");
+        fixture_->row(0)->onTransposeUp(); // meanwhile
+        QTRY_COMPARE(fixture_->tracks().history().undoText(), QStringLiteral("Clean Quantise"));
+        QVERIFY(fixture_->tracks().song()[0]->track->events()[2].start() != 2 * ticksPerQuarter);
+        QCOMPARE(fixture_->tracks().song()[1]->track->events()[2].start(), 2 * ticksPerQuarter);
     }
 
     // More than a window shows, and with changes before all rows are there.

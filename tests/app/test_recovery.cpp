@@ -143,13 +143,42 @@ private slots:
         QVERIFY(shown().first().endsWith(QStringLiteral("|Discarded")));
 
         button("btnDelete")->click();
-        QCOMPARE(journals(), 1); // asked first
+        QVERIFY(journals() == 1 && button("btnDelete")->isEnabled()); // asked first
         fixture_->dialogs().answer = Dialogs::Answer::Yes;
         button("btnDelete")->click();
         QTRY_VERIFY(!dialog());
         QCOMPARE(journals(), 0);
         fixture_->trigger("actionRecover");
         QTRY_COMPARE(fixture_->dialogs().messages.size(), 1);
+    }
+
+    void tellsWhatFails()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        crash();
+        fixture_->window().offerRecovery();
+        QTRY_VERIFY(dialog() && !shown().isEmpty());
+        const auto journal = JournalFolder::recoverable(folder()).first().journal;
+        QVERIFY(QFile::remove(journal) && QDir().mkdir(journal)); // can be neither read nor deleted
+        auto &dialogs = fixture_->dialogs();
+        dialogs.answer = Dialogs::Answer::Yes;
+        for (const auto *const name : {"btnRecover", "btnDelete"}) {
+            QVERIFY(button(name)->isEnabled());
+            button(name)->click();
+            QTRY_COMPARE(dialogs.messages.size(), 1);
+            QVERIFY(dialogs.takeMessages().first().startsWith(QStringLiteral("Recover Songs|")));
+        }
+        QTRY_VERIFY(!dialog()); // there is no song any more
+    }
+
+    void whatComesFromAJournalIsUnsaved()
+    {
+        TrackList tracks;
+        SongSession opened(tracks);
+        for (const auto origin : {OpenedSong::Origin::File, OpenedSong::Origin::Recovered}) {
+            opened.open({{}, {}, {}, {}, origin, {}});
+            QCOMPARE(opened.isUnsaved(), origin == OpenedSong::Origin::Recovered);
+        }
     }
 
     void leavesNothingOfSavedSongs()

@@ -73,9 +73,17 @@ void type(WindowFixture &fixture)
     fixture.window().session().setDraft(only(fixture), QStringLiteral("X:1\n[c"));
 }
 
+void typeInEditor(WindowFixture &fixture)
+{
+    fixture.inRow<QToolButton>(0, "btnEdit")->click();
+    auto &document = fixture.window().findChild<AbcEditorWindow *>()->document();
+    document.replaceText(QStringLiteral("X:1\n[c"), QStringLiteral("Type"));
+    QTRY_VERIFY(fixture.window().session().draft(only(fixture)));
+}
+
 void entitle(WindowFixture &fixture)
 {
-    fixture.dialogs().enteredText = QStringLiteral(" Two  Jigs ");
+    fixture.dialogs().enteredText = QStringLiteral(" Two  [*] ");
     fixture.trigger("actionSong_Title");
 }
 
@@ -152,6 +160,7 @@ private slots:
         row("order", Steps{openParts, move}, true);
         row("instrument", Steps{openParts, chooseInstrument}, true);
         row("draft", Steps{openParts, type}, true);
+        row("draft in an editor", Steps{openParts, typeInEditor}, true);
         row("title", Steps{openParts, entitle}, true);
         row("title, undone", Steps{openParts, entitle, undo}, false);
         row("all parts in a folder", Steps{importJig, saveToFolder}, false);
@@ -184,6 +193,7 @@ private slots:
         fixture_->trigger("actionNew_Song");
         QCOMPARE(dialogs.takeAsked().size(), asks ? 1 : 0);
         QVERIFY(song().parts.isEmpty() && fixture_->tracks().history().count() == 0);
+        QTRY_VERIFY(!fixture_->window().findChild<AbcEditorWindow *>());
         QCOMPARE(fixture_->window().windowTitle(), QStringLiteral("Kelvarion Composer"));
         fixture_->trigger("actionExit");
         QVERIFY(dialogs.takeAsked().isEmpty() && !fixture_->window().isVisible());
@@ -226,8 +236,8 @@ private slots:
         importJig(*fixture_);
         const auto before = fixture_->window().windowTitle();
         entitle(*fixture_);
-        QCOMPARE(song().title, QStringLiteral("Two Jigs"));
-        QCOMPARE(fixture_->window().windowTitle(), QStringLiteral("Two Jigs[*] - Kelvarion Composer"));
+        QCOMPARE(song().title, QStringLiteral("Two [*]"));
+        QCOMPARE(fixture_->window().windowTitle(), QStringLiteral("Two [*][*][*] - Kelvarion Composer"));
         QCOMPARE(fixture_->tracks().history().undoText(), QStringLiteral("Change Song Title"));
         undo(*fixture_);
         QCOMPARE(fixture_->window().windowTitle(), before);

@@ -3,6 +3,7 @@
 #include "app/WindowFixture.h"
 #include "app/services/RecentFiles.h"
 #include "audio/TempoMap.h"
+#include "song/SongFile.h"
 #include "support/MidiBytes.h"
 #include "support/Rows.h"
 #include "ui/editor/AbcEditorWindow.h"
@@ -83,6 +84,11 @@ private slots:
         const auto whole = MidiBytes::noteOn(0, 60) + MidiBytes::noteOff(96, 60) + MidiBytes::endOfTrack();
         QVERIFY(fixture_->import(fixture_->write("whole.mid", MidiBytes::file({whole})), 2));
         QVERIFY(!line->isVisible() && model->rowCount() == 0);
+        QVERIFY(fixture_->import(fixture_->path("again.mid"), 3));
+        QTRY_VERIFY(line->isVisible());
+        fixture_->dialogs().closeAnswer = Dialogs::CloseAnswer::Discard;
+        fixture_->trigger("actionNew_Song");
+        QVERIFY(!line->isVisible());
     }
 
     void asksAboutAbcThatTheGameReadsOtherwise()
@@ -105,18 +111,19 @@ private slots:
         QCOMPARE(fixture_->row(0)->shown()->track->noteCount(), 4);
 
         dialogs.foreignAnswer = Dialogs::ForeignAnswer::Convert;
+        dialogs.files.append(fixture_->write("whole.abc", "X:1\nT:C\n" + tune)); // of one tune
         dialogs.inDialog = [](QDialog &chooser) {
             chooser.findChild<QListWidget *>()->item(0)->setCheckState(Qt::Unchecked);
             chooser.accept();
         };
         fixture_->trigger("actionOpen");
-        QTRY_COMPARE(fixture_->tracks().song().size(), 3);
-        QCOMPARE(fixture_->titles().last(), QStringLiteral("B"));
+        QTRY_COMPARE(fixture_->tracks().song().size(), 4);
+        QCOMPARE(fixture_->titles().join(u' '), QStringLiteral("A B B C"));
         QCOMPARE(fixture_->row(2)->shown()->track->noteCount(), 8);
 
         dialogs.inDialog = [](QDialog &again) { again.accept(); };
         fixture_->trigger("actionImport_Again"); // and takes both tunes now
-        QTRY_COMPARE(fixture_->tracks().song().size(), 4);
+        QTRY_COMPARE(fixture_->titles().join(u' '), QStringLiteral("A B A B C"));
 
         fixture_->settings().setValue(Settings::AbcForeign, int(ForeignAbc::Convert));
         dialogs.takeAsked();
@@ -164,6 +171,17 @@ private slots:
         };
         again->trigger();
         QTRY_COMPARE(fixture_->tracks().song()[4]->track->noteCount(), 2);
+    }
+
+    void findsPartsAgainByTheirNames()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        const auto titles = fixture_->titles();
+        fixture_->tracks().setVolume(QStringLiteral("T3"), 30);
+        fixture_->row(0)->onRemoveClicked();
+        fixture_->trigger("actionImport_Again");
+        QTRY_COMPARE(fixture_->titles(), titles);
+        QCOMPARE(fixture_->tracks().song()[2]->volume, 30);
     }
 
     void keepsTheTracksWhenNothingIsRead_data()
@@ -311,6 +329,7 @@ private slots:
         RecentFiles::add(fixture_->settings(), {QStringLiteral("/two\nlines.abc")});
         emit menu->aboutToShow();
         QCOMPARE(menu->actions().size(), 2);
+        QCOMPARE(menu->actions().first()->text(), QStringLiteral("gone.abc and 1 more"));
         fixture_->dialogs().answerOrCancel = Dialogs::Answer::No;
         menu->actions().first()->trigger(); // both of the entry
         QTRY_COMPARE(fixture_->dialogs().messages.size(), 1);
@@ -329,10 +348,15 @@ private slots:
         QCOMPARE(fixture_->tracks().unsavedIds().size(), 3);
         fixture_->dialogs().files =
             QStringList{fixture_->path("1.abc"), fixture_->path("2.abc"), fixture_->path("3.abc")};
+        fixture_->tracks().setSelected(QStringLiteral("T1"), true);
+        fixture_->trigger("actionSave_Selected");
+        QVERIFY(fixture_->waitUntilSaved());
+        QCOMPARE(fixture_->tracks().unsavedIds().size(), 2);
         fixture_->trigger("actionSave_All");
         QVERIFY(fixture_->waitUntilSaved());
         QVERIFY(fixture_->tracks().unsavedIds().isEmpty());
-        QCOMPARE(fixture_->window().statusBar()->currentMessage(), QStringLiteral("Saved 3 part(s)"));
+        QCOMPARE(fixture_->window().statusBar()->currentMessage(), QStringLiteral("Saved 2 part(s)"));
+        QCOMPARE(RecentFiles::filesOf(RecentFiles::list(fixture_->settings()).first()).size(), 2);
         const auto saved = [this](int row) {
             auto track = *fixture_->tracks().song()[row]->track;
             return track.toAbc().toUtf8();
@@ -505,7 +529,7 @@ private slots:
         QVERIFY(fixture_->dialogs().messages.value(0).startsWith(QStringLiteral("Open Files|")));
     }
 
-    void cancelsAnImport()
+    void cancelsWhatIsOnItsWay()
     {
         fixture_->settings().setValue(Settings::MidiMergeChannels, false);
         QByteArray notes;
@@ -513,11 +537,19 @@ private slots:
             notes += MidiBytes::noteOn(0, 60) + MidiBytes::noteOff(96, 60);
         fixture_->dialogs().files =
             QStringList(fixture_->write("long.mid", MidiBytes::file({notes + MidiBytes::endOfTrack()})));
-        fixture_->trigger("actionImport_MIDI");
-        QVERIFY(!fixture_->window().statusBar()->currentMessage().isEmpty());
-        fixture_->child<QWidget>("importIndicator")->findChild<QToolButton *>()->click();
-        QVERIFY(!fixture_->window().isLoading() && fixture_->window().statusBar()->currentMessage().isEmpty());
-        QVERIFY(fixture_->import(jig, 3)); // is not in the way of the next, and adds nothing
+        for (const bool isLeft : {false, true}) {
+            fixture_->trigger("actionImport_MIDI");
+            QVERIFY(!fixture_->window().statusBar()->currentMessage().isEmpty());
+            if (isLeft)
+                fixture_->trigger("actionNew_Song");
+            else
+                fixture_->child<QWidget>("importIndicator")->findChild<QToolButton *>()->click();
+            QVERIFY(!fixture_->window().isLoading() && fixture_->window().statusBar()->currentMessage().isEmpty());
+        }
+        fixture_->window().openFiles({fixture_->write("some.kvsong", SongFile::toBytes({}, fixture_->path("")))});
+        fixture_->child<QWidget>("songIndicator")->findChild<QToolButton *>()->click();
+        QVERIFY(fixture_->import(jig, 3)); // nothing is in the way of the next, or added
+        QVERIFY(fixture_->window().session().file().isEmpty());
     }
 
     void tellsWhyAnExportFailed()
@@ -536,8 +568,11 @@ private slots:
     void exportsWaves()
     {
         QVERIFY(fixture_->import(jig, 3));
+        fixture_->dialogs().answerOrCancel = Dialogs::Answer::No;
+        fixture_->window().openFiles({fixture_->write("long.abc", "X:1\nK:C\nZ100|C")});
+        QTRY_COMPARE(fixture_->tracks().song().size(), 4);
         fixture_->dialogs().takeAsked();
-        fixture_->inRow<QCheckBox>(1, "btnMute")->click();
+        fixture_->inRow<QCheckBox>(3, "btnMute")->click();
         const auto wave = fixture_->path("jig.wav");
         fixture_->dialogs().files = QStringList(wave);
         fixture_->trigger("actionExport_to_Wav");

@@ -1,5 +1,6 @@
 // What the window does while it plays.
 #include "app/ExampleSongs.h"
+#include "app/Screenshot.h"
 #include "app/WindowFixture.h"
 #include "support/GatedEngine.h"
 #include "ui/song/TrackVisualizationWidget.h"
@@ -199,8 +200,19 @@ private slots:
         GatedEngine::open(gate);
         QTRY_VERIFY(!busy->isVisible());
         QTRY_VERIFY(fixture_->inRow<TrackVisualizationWidget>(0, "wVis")->position() > 0);
+        QTest::keyClick(&fixture_->window(), Qt::Key_Escape); // cancels only what is shown
+        QVERIFY(fixture_->action("actionStop")->isEnabled());
         fixture_->trigger("actionStop");
         QTRY_VERIFY(!fixture_->action("actionStop")->isEnabled());
+    }
+
+    void isPicturedWhilePlaying()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        saveScreenshot(fixture_->window(), fixture_->path("picture.png"));
+        QTRY_VERIFY(fixture_->action("actionStop")->isEnabled());
+        QCOMPARE(QCoreApplication::exec(), 0);
+        QVERIFY(!QImage(fixture_->path("picture.png")).isNull() && !fixture_->action("actionStop")->isEnabled());
     }
 
     void followsUndoWhilePlaying()

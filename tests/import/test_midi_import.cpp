@@ -73,6 +73,10 @@ private slots:
             "20@0+10080 60@0+10080 left 0 0 0 2 0");
         row("lost without an end of track", noteOn(0, 60) + noteOff(96, 60) + noteOn(0, 62),
             "60@0+10080 left 0 0 0 1 0");
+        row("changes that there are not",
+            tempo(1, 0) + midiEvent(0, {0xFF, 0x58, 4, 3, 32, 24, 8}) + midiEvent(0, {0xFF, 0x59, 2, 8, 0}) +
+                midiEvent(0, {0xFF, 0x59, 2, 0, 2}) + noteOn(0, 60) + noteOff(96, 60) + end,
+            "60@105+10080");
         row("running status goes on behind a meta event",
             noteOn(0, 60) + tempo(96, 500000) + bytes({0, 0x51, 3, 6, 0x1A, 0x80}) + noteOff(0, 60) + end,
             "60@0+10080 Q1512000@10080");
@@ -142,10 +146,14 @@ private slots:
         row("pedal, bent", pedalled, down + on + noteOff(24, 60) + bend(24, 12288) + end, "60@0+5040 61@5040+10080");
         row("pedal, by the rules", options(true), down + on + noteOff(48, 60) + end, "60@0+5040");
 
-        const auto programs = midiEvent(0, {0xC0, 40}) + on + noteOff(96, 60) + midiEvent(0, {0xC0, 56}) + on +
-                              noteOff(96, 60) + midiEvent(0, {0xC0, 40}) + on + tempo(0, 400000) + noteOff(96, 60);
+        const auto programs = midiEvent(0, {0xC0, 56}) + on + noteOff(96, 60) + midiEvent(0, {0xC0, 40}) + on +
+                              noteOff(96, 60) + midiEvent(0, {0xC0, 56}) + on + tempo(0, 400000) + noteOff(96, 60);
         row("programs", with(&Options::splitPrograms), programs + endOfTrack(),
             "60@0+10080 Q1512000@20160 60@20160+10080 | 60@10080+10080 Q1512000@20160");
+        row("programs of drums", with(&Options::splitPrograms),
+            midiEvent(0, {0xC9, 1}) + noteOn(0, 36, 100, 9) + noteOff(96, 36, 9) + midiEvent(0, {0xC9, 2}) +
+                noteOn(0, 36, 100, 9) + noteOff(96, 36, 9) + end,
+            "36@0+10080 36@10080+10080");
         row("no notes with a program", with(&Options::splitPrograms),
             midiEvent(0, {0xC0, 40}) + midiEvent(1, {0xC0, 56}) + on + noteOff(96, 60) + end, "60@105+10080");
         row("by octaves", with(&Options::foldOctaves),
@@ -175,8 +183,8 @@ private slots:
         auto chosen = options(true);
         chosen.trackNames = chosen.readAllChunks = true;
         const auto bytes = file({name("Song") + endOfTrack(), name(" Right\n") + note(0) + endOfTrack(),
-                                 name("Left") + note(0) + endOfTrack(), name("Band") + note(1) + note(9) + endOfTrack(),
-                                 note(2) + endOfTrack()})
+                                 name("Left") + name("Other") + note(0) + endOfTrack(),
+                                 name("Band") + note(1) + note(9) + endOfTrack(), note(2) + endOfTrack()})
                                .replace(11, 1, "\1")
                                .append("XFIH" + bigEndian(3, 4) + "abc" + chunk(name("Late") + note(3) + endOfTrack()));
         QStringList titles;
@@ -185,6 +193,28 @@ private slots:
         QCOMPARE(titles.join(u'|'),
                  QStringLiteral("Right, Left|Band - Acoustic Grand Piano|Track 3 - Acoustic Grand Piano|Late|"
                                 "Band - Percussion"));
+    }
+
+    void chunksLeaveNothingBehind_data()
+    {
+        const Rows<QByteArray, QByteArray, QString> row("first", "second", "expected");
+        const auto second = noteOn(0, 60) + noteOff(48, 60) + endOfTrack(48);
+        row("pedal", midiEvent(0, {0xB0, 64, 127}), second, "60@0+5040");
+        row("time", midiEvent(96, {0xB0, 1, 1}), second, "60@0+5040");
+        row("status", midiEvent(0, {0xB0, 1, 1}), bytes({0, 60, 100}), "Unknown MIDI channel event 0x00.");
+    }
+
+    void chunksLeaveNothingBehind()
+    {
+        QFETCH(QByteArray, first);
+        QFETCH(QByteArray, second);
+        auto chosen = options(true);
+        chosen.sustainPedal = true;
+        QString notes;
+        const auto error = thrownBy([&] {
+            notes = describe(importMidi(file({first + endOfTrack(), second}), chosen));
+        });
+        QTEST(notes.isEmpty() ? error : notes, "expected");
     }
 
     void tempoIsExactWithin_data()
@@ -289,11 +319,11 @@ private slots:
     void reportsShifts()
     {
         // 97 file ticks are 10185 model ticks; the nearest point of a grid is 10080, 105 ticks = 5.2 ms away.
-        const auto result =
-            importMidi(file({noteOn(97, 60) + noteOff(96, 60) + noteOn(95, 60) + noteOff(96, 60) + endOfTrack()}),
-                       options(true, true));
+        const auto result = importMidi(file({tempo(1, 1000000) + noteOn(96, 60) + noteOff(96, 60) + noteOn(95, 60) +
+                                             noteOff(96, 60) + endOfTrack()}),
+                                       options(true, true));
         QCOMPARE(result.report.shifts.shiftedNotes, 1);
-        QVERIFY(qAbs(result.report.shifts.largestMs - 105 * 60000.0 / 1209600) < 1e-9);
+        QVERIFY(qAbs(result.report.shifts.largestMs - 105 * 60000.0 / 604800) < 1e-9);
     }
 
     void boundsTheCopiesOfChanges()

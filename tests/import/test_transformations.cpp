@@ -166,14 +166,15 @@ private slots:
 
     void merges()
     {
-        const auto first = tune("C2[Q:1/4=90]D", "T:One\nQ:1/4=100\n");
+        auto first = tune("C2[Q:1/4=90]D", "T:One\nQ:1/4=100\n");
+        first.setFilePath(QStringLiteral("one.abc"));
         const auto second = tune("z2[Q:1/4=90]E[K:G]F", "T:Two\nQ:1/4=100\n");
         const auto merged = mergeTracks({first, second});
         QCOMPARE(describe(merged),
                  QStringLiteral("60@0+20160 Q907200@20160 62@20160+10080 64@20160+10080 K6/0@30240 66@30240+10080"));
         QCOMPARE(merged.title(), QStringLiteral("One"));
         QCOMPARE(merged.headerField(QStringLiteral("X")), QStringLiteral("1"));
-        QVERIFY(!merged.hasAbc());
+        QVERIFY(!merged.hasAbc() && merged.filePath().isEmpty()); // which holds the first alone
         QCOMPARE(describe(mergeTracks({first})), describe(first));
     }
 
@@ -195,7 +196,7 @@ private slots:
         row("ties", "c4&c4 c4&d4", "60@0+20160 60@20160+10080 62@30240+10080");
         row("a tie over the separator", "c&,cd", "60@0+20160 62@20160+10080");
         row("octaves", "o9co0c<c>c>>>>>>>>c", "96@0+10080 24@10080+10080 24@20160+10080 36@30240+10080 96@40320+10080");
-        row("alterations", "c+c#C-", "61@0+10080 61@10080+10080 59@20160+10080");
+        row("alterations", "c+c#C-Aa", "61@0+10080 61@10080+10080 59@20160+10080 69@30240+10080 69@40320+10080");
         row("dots", "l8.cl8c.r4.&c", "60@0+7560 60@7560+7560 60@30240+5040");
         row("note numbers", "n60n128n&c&n61d", "60@0+10080 61@10080+10080 60@20160+10080 62@30240+10080");
         row("zeros are ignored", "l0c0r0c", "60@0+10080 60@20160+10080");

@@ -66,6 +66,8 @@ private slots:
         row("broken rhythm", "L:1/4; K:C", "C > D C<<D|", "0:60(1.5) 1.5:62(0.5) 2:60(0.25) 2.25:62(1.75)");
         row("broken over grace and rest", "L:1/4; K:C", "C>{e}D z<E|",
             "0:60(1.5) 1.5:76(0.25) 1.75:62(0.25) 2.5:64(1.5)");
+        row("broken rhythm of nothing", "M:3/4; L:1/4; K:C", ">C|Z>D|", "0:60 4:62");
+        row("a chord of nothing", "L:1/4; K:C", "[]C[z]D|", "0:60 1:62");
         row("chord lengths multiply", "L:1/4; K:C", "[C2E2]2 G|", "0:60(4) 0:64(4) 4:67");
         row("the first note sets the pace", "L:1/4; K:C", "[C2E]G|", "0:64 0:60(2) 2:67");
         row("a tied note of a chord", "L:1/4; K:C", "[C-E]C [CE]-[CE]|", "0:64 0:60(2) 2:60(2) 2:64(2)");
@@ -102,6 +104,7 @@ private slots:
         row("a key ends accidentals", "L:1/4; K:C", "^FF[K:G]F_B[K:C]B", "0:66 1:66 2:66 3:70 4:71");
         row("measures of any length", "M:4/4; L:1/4; K:C", "C|DEFGA|B4|", "0:60 1:62 2:64 3:65 4:67 5:69 6:71(4)");
         row("voices", "L:1/4; V:1; V:2 clef=bass-8; K:C", "V:1\nC|\nV:2\nC|\n[V:1]D|", "0:60 1:62 / 0:48");
+        row("a voice that is silent", "L:1/4; V:1; V:2; K:C", "V:1\nC|\nV:2\nz|", "0:60");
         row("music before the first voice", "L:1/4; K:C", "C|\nV:a\nD|\nV:b\nE|", "0:60 1:62 / 0:64");
         row("each voice its own bar", "L:1/4; K:C", "V:1\n^C\nV:2\nC\nV:1\nC|", "0:61 1:61 / 0:60");
         row("decorations, strings, slurs", "L:1/4; K:C", "!trill!C \"Am7\"D (.E ~F) +fermata+G !C!D | % E",
@@ -247,6 +250,7 @@ private slots:
         row("too high and too low", "c'''''C,,,,,C,,,,,,,,,,|", 3, 0, 0);
         row("repeats", "|:C:|:C::|", 0, 0, 3);
         row("signs", "C\u00a7 D\u00a7|", 0, 2, 0);
+        row("an accidental of no note", "C^ D|", 0, 1, 0);
     }
 
     void countsWhatIsLeftOut()

@@ -111,9 +111,12 @@ private slots:
         QCOMPARE(fixture.state().keyUnderMouse, std::optional(67));
         fixture.act("D");
         QCOMPARE(hover(5.2, 67), with("Measure 1, beat 3 + 1/8 · G4", Qt::CrossCursor));
+        const auto shown = [&] { return fixture.canvas()->grab().toImage().pixel(fixture.at(6.5, 67)); };
+        const auto paper = shown();
         QTest::mousePress(fixture.canvas(), Qt::LeftButton, {}, fixture.at(5.2, 67));
         fixture.moveTo(fixture.at(8, 67));
         QVERIFY2(said.endsWith(QStringLiteral("length 3/8")), qPrintable(said));
+        QVERIFY(shown() != paper);
         fixture.roll.clearFocus(); // breaks it off
         QTest::mouseRelease(fixture.canvas(), Qt::LeftButton, {}, fixture.at(8, 67));
         QCOMPARE(fixture.result(), QStringLiteral("0+2:60 2+2:62 @0:60"));

@@ -370,10 +370,13 @@ private slots:
         const auto place = list->visualItemRect(list->item(1)).center();
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
         QCOMPARE(editor.selected(), QStringLiteral("["));
-        editor.trigger("actionPreviousProblem");
-        QCOMPARE(editor.selected(), QStringLiteral("?"));
-        editor.trigger("actionPreviousProblem");
-        QCOMPARE(editor.selected(), QStringLiteral("["));
+        for (const auto &[command, problem] : {std::pair("actionPreviousProblem", "?"),
+                                               {"actionPreviousProblem", "["},
+                                               {"actionNextProblem", "?"},
+                                               {"actionNextProblem", "["}}) {
+            editor.trigger(command);
+            QCOMPARE(editor.selected(), QLatin1String(problem));
+        }
         QVERIFY(
             editor.text->problemAtLine(editor.text->cursorRect().center().y()).contains(QStringLiteral("not closed")));
 
