@@ -111,7 +111,10 @@ private slots:
         QCOMPARE(fixture.state().keyUnderMouse, std::optional(67));
         fixture.act("D");
         QCOMPARE(hover(5.2, 67), with("Measure 1, beat 3 + 1/8 · G4", Qt::CrossCursor));
-        const auto shown = [&] { return fixture.canvas()->grab().toImage().pixel(fixture.at(6.5, 67)); };
+        const auto shown = [&] {
+            const auto picture = fixture.canvas()->grab().toImage();
+            return picture.pixel(fixture.at(6.5, 67) * picture.devicePixelRatio());
+        };
         const auto paper = shown();
         QTest::mousePress(fixture.canvas(), Qt::LeftButton, {}, fixture.at(5.2, 67));
         fixture.moveTo(fixture.at(8, 67));
