@@ -1,10 +1,8 @@
 #include "import/standard/ChordName.h"
 
-#include <QRegularExpression>
-#include <QString>
-
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace {
 
@@ -23,13 +21,42 @@ constexpr Quality qualities[]{
     {"maj9", {4, 11, 14}}, {"add9", {4, 7, 14}}, {"11", {10, 14, 17}}, {"13", {4, 10, 21}}, {"5", {7}},
 };
 
-// Semitones above C; a flat is "b", a sharp "#" or, in old texts, "+".
-int pitchClass(const QString &letter, const QString &accidental)
+// Takes signs from the front of a text.
+class Signs
 {
-    constexpr std::array<int, 7> fromA{9, 11, 0, 2, 4, 5, 7};
-    const int natural = fromA[size_t(letter.at(0).toUpper().unicode() - u'A')];
-    const int shift = accidental.isEmpty() ? 0 : accidental == u"b" ? 11 : 1;
-    return (natural + shift) % 12;
+public:
+    explicit Signs(QStringView text) : rest_(text) {}
+
+    QStringView rest() const { return rest_; }
+    std::optional<QChar> takeIf(QStringView oneOf)
+    {
+        if (rest_.isEmpty() || !oneOf.contains(rest_.front()))
+            return {};
+        const auto sign = rest_.front();
+        rest_ = rest_.mid(1);
+        return sign;
+    }
+    // Semitones above C; nothing where no note stands. A flat is "b".
+    std::optional<int> takeNote(QStringView letters, QStringView accidentals)
+    {
+        constexpr std::array<int, 7> fromA{9, 11, 0, 2, 4, 5, 7};
+        const auto letter = takeIf(letters);
+        if (!letter)
+            return {};
+        const auto accidental = takeIf(accidentals);
+        const int shift = !accidental ? 0 : *accidental == u'b' ? 11 : 1;
+        return (fromA[size_t(letter->toUpper().unicode() - u'A')] + shift) % 12;
+    }
+
+private:
+    QStringView rest_;
+};
+
+const Quality *qualityNamed(QStringView name)
+{
+    const auto *const found = std::find_if(std::begin(qualities), std::end(qualities),
+                                           [&](const Quality &known) { return name == QLatin1String(known.name); });
+    return found == std::end(qualities) ? nullptr : found;
 }
 
 // The lowest note of that pitch class from `lowest` upwards.
@@ -40,24 +67,30 @@ int pitchFrom(int lowest, int pitchClass)
 
 } // namespace
 
-std::vector<int> chordPitches(QStringView name)
+// A root, a quality and, behind a stroke, a bass, which old texts sharpen with "+".
+QVarLengthArray<int, 5> chordPitches(QStringView name)
 {
     constexpr int lowestBass = 43;
     constexpr int lowestRoot = 55;
-    static const QRegularExpression chord(
-        QStringLiteral("^\\(?([A-G])([#b]?)([^/()\\s]*)(?:/([A-Ga-g])([#b+]?))?\\)?$"));
-    const auto match = chord.match(name.trimmed().toString());
-    const auto *const quality = std::find_if(std::begin(qualities), std::end(qualities), [&](const Quality &known) {
-        return match.captured(3) == QLatin1String(known.name);
-    });
-    if (!match.hasMatch() || quality == std::end(qualities))
+    auto text = name.trimmed();
+    if (text.startsWith(u'('))
+        text = text.mid(1);
+    if (text.endsWith(u')'))
+        text.chop(1);
+    Signs signs(text);
+    const auto root = signs.takeNote(u"ABCDEFG", u"#b");
+    const auto stroke = signs.rest().indexOf(u'/');
+    const auto *const quality = qualityNamed(signs.rest().left(stroke < 0 ? signs.rest().size() : stroke));
+    Signs behind(stroke < 0 ? QStringView() : signs.rest().mid(stroke + 1));
+    const auto bass = stroke < 0 ? root : behind.takeNote(u"ABCDEFGabcdefg", u"#b+");
+    if (!root || !quality || !bass || !behind.rest().isEmpty())
         return {};
-    const int root = pitchClass(match.captured(1), match.captured(2));
-    const int bass = match.captured(4).isEmpty() ? root : pitchClass(match.captured(4), match.captured(5));
-    std::vector<int> pitches{pitchFrom(lowestBass, bass), pitchFrom(lowestRoot, root)};
+    QVarLengthArray<int, 5> pitches;
+    pitches.append(pitchFrom(lowestBass, *bass));
+    pitches.append(pitchFrom(lowestRoot, *root));
     for (const int step : quality->steps) {
         if (step > 0)
-            pitches.push_back(pitches[1] + step);
+            pitches.append(pitches[1] + step);
     }
     return pitches;
 }

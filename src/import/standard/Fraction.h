@@ -72,6 +72,10 @@ class MusicTime
 public:
     constexpr void advance(const Fraction &length)
     {
+        if (rest_.isZero() && length.isWhole()) { // nearly always
+            whole_ = std::min(maxTicks, whole_ + length.numerator());
+            return;
+        }
         rest_ = rest_ + length;
         whole_ = std::min(maxTicks, whole_ + rest_.floor());
         rest_ = rest_ - Fraction(rest_.floor());

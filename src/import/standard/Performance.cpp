@@ -202,10 +202,10 @@ int Walk::passesOfGroup(int withoutEndings) const
 class Performer
 {
 public:
-    Performer(const QVector<ScoreItem> &items, GraceNotes graces, const std::stop_token &stop)
-        : items_(items), graces_(graces), stop_(stop)
+    Performer(const VoiceScore &score, GraceNotes graces, const std::stop_token &stop)
+        : score_(score), items_(score.items), graces_(graces), stop_(stop)
     {
-        performed_.notes.reserve(items.size());
+        performed_.notes.reserve(int(score.notes.size()));
     }
 
     PerformedVoice perform(const QString &partOrder)
@@ -240,8 +240,8 @@ private:
     void loseTie(const OpenTie &tie) { performed_.report.add(ImportFinding::TieLost, tie.end.rounded()); }
     void loseTies();
     void endMeasure();
-    void addChord(const ScoreItem &item, Ticks start);
 
+    const VoiceScore &score_;
     const QVector<ScoreItem> &items_;
     GraceNotes graces_;
     const std::stop_token &stop_;
@@ -294,7 +294,7 @@ void Performer::playParts(const QString &order)
 
 void Performer::playItem(const ScoreItem &item)
 {
-    spend(1 + qint64(item.notes.size()));
+    spend(1 + qint64(item.notes.count));
     const auto tick = now_.rounded();
     switch (item.kind) {
     case Kind::Sound:
@@ -310,7 +310,7 @@ void Performer::playItem(const ScoreItem &item)
         break;
     case Kind::ChordName:
         if (layer_ == 0)
-            addChord(item, tick);
+            performed_.chords.push_back({tick, item.text, int(item.first)});
         break;
     case Kind::Key:
         performed_.changes.append(TrackEvent::key(tick, item.first, item.second));
@@ -338,37 +338,30 @@ void Performer::endMeasure()
         performed_.measures.push_back(now_.rounded());
 }
 
-void Performer::addChord(const ScoreItem &item, Ticks start)
-{
-    PerformedChord chord{start, {}};
-    for (const auto &note : item.notes)
-        chord.pitches.push_back(note.pitch);
-    performed_.chords.push_back(std::move(chord));
-}
-
 void Performer::sound(const ScoreItem &item)
 {
     const auto taken = playGraces(item);
     auto start = now_;
     start.advance(taken);
-    for (const auto &note : item.notes)
-        playNote(note, start, note.length - taken);
+    for (const auto &note : score_.in(item.notes))
+        playNote(note, start, taken.isZero() ? note.length : note.length - taken);
     now_.advance(item.duration);
 }
 
 // Each lasts a quarter of its written length; where that leaves nothing of the note they are left out.
 Fraction Performer::playGraces(const ScoreItem &item)
 {
-    if (graces_ == GraceNotes::Drop || item.notes.empty())
+    if (graces_ == GraceNotes::Drop || item.notes.count == 0 || item.graces.count == 0)
         return {};
     Fraction total;
-    for (const auto &grace : item.graces)
+    for (const auto &grace : score_.in(item.graces))
         total = total + grace.length * Fraction(1, 4);
     const auto isShorter = [&](const ScoreNote &note) { return note.length <= total; };
-    if (item.duration <= total || std::any_of(item.notes.begin(), item.notes.end(), isShorter))
+    const auto notes = score_.in(item.notes);
+    if (item.duration <= total || std::any_of(notes.begin(), notes.end(), isShorter))
         return {};
     auto start = now_;
-    for (const auto &grace : item.graces) {
+    for (const auto &grace : score_.in(item.graces)) {
         auto end = start;
         end.advance(grace.length * Fraction(1, 4));
         appendNote(grace.pitch, start, end);
@@ -427,8 +420,8 @@ int Performer::appendNote(int pitch, const MusicTime &start, const MusicTime &en
 
 } // namespace
 
-PerformedVoice perform(const QVector<ScoreItem> &items, const QString &partOrder, GraceNotes graces,
+PerformedVoice perform(const VoiceScore &score, const QString &partOrder, GraceNotes graces,
                        const std::stop_token &stop)
 {
-    return Performer(items, graces, stop).perform(partOrder);
+    return Performer(score, graces, stop).perform(partOrder);
 }

@@ -15,7 +15,8 @@
 struct PerformedChord
 {
     Ticks start = 0;
-    std::vector<int> pitches; // may lie outside of what can be played
+    QStringView name;   // of the text that was read
+    int transposed = 0; // semitones
 };
 
 // A voice as it sounds: repeats, endings and parts played out, ties joined.
@@ -33,5 +34,5 @@ struct PerformedVoice
 
 // partOrder: the parts to play, by their letters; empty: the music as it stands. Throws a QString when the voice plays
 // longer than any tune, and Interrupted soon after a stop.
-PerformedVoice perform(const QVector<ScoreItem> &items, const QString &partOrder, GraceNotes graces,
+PerformedVoice perform(const VoiceScore &score, const QString &partOrder, GraceNotes graces,
                        const std::stop_token &stop = {});

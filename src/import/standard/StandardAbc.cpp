@@ -3,6 +3,7 @@
 #include "base/Interrupted.h"
 #include "core/AbcParser.h"
 #include "core/KeyTable.h"
+#include "import/standard/ChordName.h"
 #include "import/standard/Performance.h"
 #include "import/standard/TuneScore.h"
 
@@ -21,13 +22,16 @@ QString chordChart(const Voice &voice)
 {
     constexpr int longest = 2000; // characters
     QString chart;
-    for (const auto &item : voice.items()) {
+    for (const auto &item : voice.score().items) {
         const bool isBar = item.kind == ScoreItem::Kind::Bar;
         if (!isBar && item.kind != ScoreItem::Kind::ChordName)
             continue;
-        const auto word = isBar ? QStringLiteral("|") : item.text;
-        if (chart.size() + word.size() < longest && !(isBar && chart.isEmpty()))
-            chart += (chart.isEmpty() ? QString() : QStringLiteral(" ")) + word;
+        const auto word = isBar ? QStringView(u"|") : item.text;
+        if (chart.size() + word.size() >= longest || (isBar && chart.isEmpty()))
+            continue;
+        if (!chart.isEmpty())
+            chart += u' ';
+        chart.append(word.data(), int(word.size()));
     }
     return QStringLiteral("Chords: ") + chart;
 }
@@ -51,7 +55,7 @@ public:
     {
         std::vector<PerformedVoice> performed;
         for (const auto &voice : score_.voices)
-            performed.push_back(perform(voice.items(), score_.partOrder, options.graces, stop));
+            performed.push_back(perform(voice.score(), score_.partOrder, options.graces, stop));
         // A tempo holds for all voices, wherever it is written.
         for (const auto &voice : performed)
             tempos_ += voice.tempos;
@@ -175,11 +179,13 @@ void TuneConversion::addAccompaniment(const Voice &voice, const PerformedVoice &
     addChanges(track, performed);
     auto measure = performed.measures.begin();
     for (std::size_t i = 0; i < performed.chords.size(); ++i) {
+        const auto pitches = chordPitches(performed.chords[i].name);
         const auto end = i + 1 < performed.chords.size() ? performed.chords[i + 1].start : performed.end;
         for (auto start = performed.chords[i].start; start < end;) {
             measure = std::find_if(measure, performed.measures.end(), [&](Ticks at) { return at > start; });
             const auto stop = measure == performed.measures.end() ? end : std::min(end, *measure);
-            for (const int pitch : performed.chords[i].pitches) {
+            for (const int untransposed : pitches) {
+                const int pitch = untransposed + performed.chords[i].transposed;
                 if (pitch >= 0 && isPlayable(pitch))
                     track.appendEvent(TrackEvent::note(quint32(pitch), start, stop - start));
             }

@@ -53,15 +53,15 @@ void Voice::note(const WrittenPitch &pitch, const Fraction &units)
     if (!chord_)
         beginSound();
     const auto written = scoreNote(pitch, units);
-    if (chord_)
-        chord_->push_back(written);
-    else
-        addSound({written}, written.length);
+    score_.notes.push_back(written);
+    if (!chord_)
+        addSound({quint32(score_.notes.size()) - 1, 1}, written.length);
 }
 
 void Voice::beginChord()
 {
-    chord_.emplace();
+    score_.notes.resize(chord_.value_or(quint32(score_.notes.size())));
+    chord_ = quint32(score_.notes.size());
     if (!isInGraces_)
         beginSound();
 }
@@ -78,16 +78,16 @@ void Voice::beginSound()
 // The first note says how far time moves on; each keeps its own length.
 void Voice::endChord(const Fraction &factor)
 {
-    auto notes = chord_.value_or(std::vector<ScoreNote>());
-    chord_.reset();
-    if (notes.empty())
+    if (!chord_)
         return;
-    for (auto &note : notes)
-        note.length = note.length * factor;
+    const auto notes = notesFrom(*std::exchange(chord_, std::nullopt));
     if (isInGraces_)
+        score_.notes.resize(notes.begin);
+    if (notes.count == 0 || isInGraces_)
         return;
-    const auto duration = notes.front().length;
-    addSound(std::move(notes), duration);
+    for (auto &note : score_.in(notes))
+        note.length = note.length * factor;
+    addSound(notes, score_.notes[notes.begin].length);
 }
 
 // In a chord it ties the note before it, behind the chord all of them.
@@ -97,16 +97,16 @@ void Voice::tie()
     if (isInGraces_)
         return;
     if (chord_) {
-        if (chord_->empty())
+        if (notesFrom(*chord_).count == 0)
             return;
-        chord_->back().isTied = true;
+        score_.notes.back().isTied = true;
         if (!lastSteps_.empty())
             remember(lastSteps_.back());
         return;
     }
     if (lastSound_ < 0)
         return;
-    for (auto &note : items_[int(lastSound_)].notes)
+    for (auto &note : score_.in(score_.items[int(lastSound_)].notes))
         note.isTied = true;
     for (const auto &last : lastSteps_)
         remember(last);
@@ -125,32 +125,39 @@ void Voice::measureRest(int measures)
     const auto measure = settings.metre.isNone() ? ticksPerWholeNote : settings.metre.measureTicks();
     ScoreItem item;
     item.duration = Fraction(std::min<Ticks>(measure, 100 * ticksPerWholeNote) * measures);
-    items_.append(item);
+    score_.items.append(item);
     lastSound_ = -1;
     hasMusic_ = true;
 }
 
 void Voice::stretch(ScoreItem &item, const Fraction &factor)
 {
+    if (factor == Fraction(1))
+        return;
     item.duration = item.duration * factor;
-    for (auto &note : item.notes)
+    for (auto &note : score_.in(item.notes))
         note.length = note.length * factor;
 }
 
-void Voice::addSound(std::vector<ScoreNote> notes, Fraction duration)
+void Voice::addSound(const ScoreNotes &notes, const Fraction &duration)
 {
     ScoreItem item;
     item.duration = duration;
-    item.notes = std::move(notes);
-    item.graces = std::exchange(graces_, {});
+    item.notes = notes;
+    if (!graces_.empty()) {
+        const auto begin = quint32(score_.notes.size());
+        score_.notes.insert(score_.notes.end(), graces_.begin(), graces_.end());
+        item.graces = notesFrom(begin);
+        graces_.clear();
+    }
     if (tuplet_.notesLeft > 0) {
         --tuplet_.notesLeft;
         stretch(item, tuplet_.ratio);
     }
     stretch(item, nextFactor_);
     nextFactor_ = 1;
-    lastSound_ = items_.size();
-    items_.append(std::move(item));
+    lastSound_ = score_.items.size();
+    score_.items.append(item);
     hasMusic_ = true;
     tiedOver_.clear();
 }
@@ -167,7 +174,7 @@ void Voice::brokenRhythm(int dots)
     const int power = 1 << std::min(qAbs(dots), 8);
     const Fraction shorter(1, power);
     const Fraction longer(2 * power - 1, power);
-    stretch(items_[int(lastSound_)], dots > 0 ? longer : shorter);
+    stretch(score_.items[int(lastSound_)], dots > 0 ? longer : shorter);
     nextFactor_ = dots > 0 ? shorter : longer;
 }
 
@@ -176,12 +183,10 @@ void Voice::chordName(QStringView text)
 {
     ScoreItem item;
     item.kind = ScoreItem::Kind::ChordName;
-    const int transposed = settings.shift.transpose.value_or(0) + settings.playedTranspose;
-    for (const int pitch : chordPitches(text))
-        item.notes.push_back({pitch + transposed, {}, false});
-    item.text = text.trimmed().toString();
-    if (!item.notes.empty())
-        items_.append(item);
+    item.first = quint32(settings.shift.transpose.value_or(0) + settings.playedTranspose);
+    item.text = text.trimmed();
+    if (!chordPitches(text).isEmpty())
+        score_.items.append(item);
 }
 
 void Voice::changeKey(const KeySignature &key)
@@ -197,7 +202,7 @@ void Voice::bar()
     tiedSemitones_.clear();
     ScoreItem item;
     item.kind = ScoreItem::Kind::Bar;
-    items_.append(item);
+    score_.items.append(item);
 }
 
 void Voice::overlay()
@@ -205,5 +210,5 @@ void Voice::overlay()
     accidentals_.clear();
     ScoreItem item;
     item.kind = ScoreItem::Kind::Overlay;
-    items_.append(item);
+    score_.items.append(item);
 }

@@ -60,9 +60,9 @@ public:
     void bar();
     void overlay();
     void chordName(QStringView text);
-    void append(const ScoreItem &item) { items_.append(item); }
+    void append(const ScoreItem &item) { score_.items.append(item); }
 
-    const QVector<ScoreItem> &items() const { return items_; }
+    const VoiceScore &score() const { return score_; }
     bool hasMusic() const { return hasMusic_; }
 
 private:
@@ -79,11 +79,12 @@ private:
     void beginSound();
     int sounding(const WrittenPitch &pitch);
     ScoreNote scoreNote(const WrittenPitch &pitch, const Fraction &units);
-    void addSound(std::vector<ScoreNote> notes, Fraction duration);
+    void addSound(const ScoreNotes &notes, const Fraction &duration);
+    ScoreNotes notesFrom(quint32 begin) const { return {begin, quint32(score_.notes.size()) - begin}; }
     void stretch(ScoreItem &item, const Fraction &factor);
 
-    QVector<ScoreItem> items_;
-    std::optional<std::vector<ScoreNote>> chord_;
+    VoiceScore score_;
+    std::optional<quint32> chord_;       // where the notes of an open one begin
     std::vector<ScoreNote> graces_;      // before the next notes
     std::map<int, int> accidentals_;     // of this measure, by letter or by letter and octave
     std::map<int, int> tiedSemitones_;   // accidentals that ties carry, by letter and octave
