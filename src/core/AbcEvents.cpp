@@ -1,5 +1,7 @@
 #include "core/AbcEvents.h"
 
+#include "core/AbcListener.h"
+
 #include <algorithm>
 
 TrackEvent *PendingTies::find(quint32 pitch)
@@ -49,8 +51,10 @@ void AbcEvents::endInterruptedTies(const AbcElement &element, Ticks start)
 {
     for (const auto &note : element.notes) {
         const auto *const pending = ties_.find(note.pitch);
-        if (pending != nullptr && pending->end() != start)
-            ties_.writeTo(events_, note.pitch);
+        if (pending == nullptr || pending->end() == start)
+            continue;
+        loseTie(*pending);
+        ties_.writeTo(events_, note.pitch);
     }
 }
 
@@ -101,9 +105,17 @@ void AbcEvents::tieFrom(qsizetype firstEvent)
     }
 }
 
+void AbcEvents::loseTie(const TrackEvent &note)
+{
+    if (listener_ != nullptr)
+        listener_->tieLost(note.end());
+}
+
 QVector<TrackEvent> AbcEvents::take()
 {
-    for (const auto &note : ties_.take())
+    for (const auto &note : ties_.take()) {
+        loseTie(note);
         events_.append(note);
+    }
     return std::move(events_);
 }

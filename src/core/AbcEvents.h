@@ -7,6 +7,8 @@
 
 #include <vector>
 
+class AbcListener;
+
 // Tied notes that wait for their continuation, at most one a pitch.
 class PendingTies
 {
@@ -32,6 +34,8 @@ private:
 class AbcEvents
 {
 public:
+    explicit AbcEvents(AbcListener *listener) : listener_(listener) {} // may be null
+
     void reserve(qsizetype count) { events_.reserve(decltype(events_.size())(count)); }
 
     void append(const TrackEvent &event) { events_.append(event); }
@@ -48,7 +52,9 @@ private:
     bool endsTie(const WrittenNote &note, Ticks start, Ticks length);
     void finishChord(const AbcElement &chord, Ticks start, qsizetype firstEvent);
     void tieFrom(qsizetype firstEvent);
+    void loseTie(const TrackEvent &note);
 
+    AbcListener *listener_;
     QVector<TrackEvent> events_;
     PendingTies ties_;
 };

@@ -44,6 +44,10 @@ public:
     // Told for each element, but only when what follows it is known, which can still change its length.
     virtual void elementSounds(Ticks end) = 0;
 
+    // A note whose tie the next note of its pitch does not continue, or none does; it ends at the tick. Told when that
+    // is known, so not in the order of time.
+    virtual void tieLost(Ticks /*end*/) {}
+
     // What stands from one token to the other, often the same, is refused, and no other call tells of it. True: reading
     // goes on behind it, as if blanks stood there. False: parseAbc() throws.
     virtual bool refused(AbcRefusal /*why*/, const AbcToken & /*first*/, const AbcToken & /*last*/) { return false; }

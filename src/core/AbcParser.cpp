@@ -16,7 +16,7 @@ class AbcParser
 {
 public:
     AbcParser(const QString &text, const std::stop_token &stop, AbcListener *listener)
-        : text_(text), listener_(listener), source_(text, stop, listener)
+        : text_(text), listener_(listener), source_(text, stop, listener), events_(listener)
     {
     }
     Track parse();

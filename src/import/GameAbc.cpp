@@ -2,7 +2,9 @@
 
 #include "core/AbcListener.h"
 
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -19,18 +21,28 @@ public:
     void elementSounds(Ticks end) override { position_ = end; }
     void barLine(const AbcToken &token, quint32 keyRow, Ticks position) override;
     void keyChange(const AbcToken &, quint32) override {}
+    void tieLost(Ticks end) override { lostTies_.push_back(end); }
+    void takeTies(); // once all are known
 
 private:
     PartReport &report_;
     Ticks position_ = 0;
     Ticks musicEnd_ = 0; // where the bar lines since the last element found the music
     bool isBehindBarLine_ = false;
+    std::vector<Ticks> lostTies_;
 };
 
 void GameListener::token(const AbcToken &token)
 {
     if (token.type == AbcTokenType::Tie)
-        report_.add(ImportFinding::TieLost, position_);
+        lostTies_.push_back(position_);
+}
+
+void GameListener::takeTies()
+{
+    std::sort(lostTies_.begin(), lostTies_.end());
+    for (const auto place : lostTies_)
+        report_.add(ImportFinding::TieLost, place);
 }
 
 void GameListener::barLine(const AbcToken &token, quint32, Ticks position)
@@ -62,6 +74,7 @@ Track parseAbcWithReport(const QString &text, PartReport &report, const std::sto
 {
     GameListener listener(report);
     auto track = parseAbc(text, stop, &listener);
+    listener.takeTies();
     report.notes = track.noteCount();
     if (report.notes > 0 && !track.hasHeaderField(QStringLiteral("Q")))
         report.add(ImportFinding::DefaultTempo, 0);

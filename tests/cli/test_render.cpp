@@ -1,6 +1,7 @@
 #include "Program.h"
 #include "audio/SampleFiles.h"
 #include "audio/WaveFile.h"
+#include "support/MidiBytes.h"
 
 #include <csignal>
 
@@ -78,6 +79,26 @@ private slots:
                  QByteArray("kelvarion-composer-cli: Track 2 - Lute: No instrument is given; playing lute, chosen "
                             "by its name.\n"));
         QCOMPARE(click().first, int(std::lround(20000 * std::sqrt(0.5))));
+    }
+
+    void programs_data()
+    {
+        const Rows<QString, int, QByteArray> row("options", "level", "warning");
+        row("guessed", "", 10000,
+            "kelvarion-composer-cli: Track 1 - Tubular Bells: No instrument is given; playing bell, chosen by its "
+            "name.\n");
+        row("chosen", "--set instruments/forPrograms=14=lute", 20000, "");
+        row("chosen for others", "--set instruments/forPrograms=15=lute --instrument bell", 10000, "");
+    }
+    void programs()
+    {
+        QFETCH(const QString, options);
+        QFETCH(const int, level);
+        const auto notes = MidiBytes::noteOn(96, 60) + MidiBytes::noteOff(96, 60) + MidiBytes::endOfTrack();
+        folder_.write("bells.mid", MidiBytes::file({QByteArray("\x00\xC0\x0E", 3) + notes}));
+        const auto outcome = run(folder_, QStringLiteral("render bells.mid --game game --output out.wav ") + options);
+        QCOMPARE(click().first, int(std::lround(level * std::sqrt(0.5))));
+        QTEST(outcome.error, "warning");
     }
 
     // A song's parts sound as the window has them.

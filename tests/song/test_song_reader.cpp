@@ -138,6 +138,9 @@ private slots:
         row("silences", abc("C|DEFG| |GA|z"), game, "3 silence@1+8+14 9 silent|");
         row("too full a measure", abc("CDEFG|A|]"), game, "1 overlap@4|");
         row("behind the end", abc("CDEF|G|]"), game, "|");
+        row("ties to other notes", abc("C-D [CE]-[CE]|[C-E]-[CG] C-C|"), game, "2 tie@1+5|");
+        row("ties over what bar lines move", abc("C4|D C-|C2|F4-F|E-|"), game,
+            "2 silence@6+10 1 overlap@16 2 tie@6+17 4 silent|");
         row("repeats and ties", abc("|:C2 -C2:|D4::E4:|"), game, "1 silence@0 3 repeat@8+12+16 1 tie@4 4 silent|");
         row("no tempo", "X:1\nM:4/4\nL:1/4\nK:C\nC", game, "1 tempo@0|");
         row("standard", "X:1\nL:1/4\nK:C\nV:1\nC-|D C,,,,,|\nL:x\nV:2\n%%MIDI program 7\nC- C-|]", AbcDialect::Standard,

@@ -40,6 +40,7 @@ public:
         else
             addTracks(input);
         parts_.tracks += input.song.tracks;
+        parts_.reports += input.song.parts;
     }
 
     Parts take() { return std::move(parts_); }
@@ -102,6 +103,7 @@ void transform(Parts &parts, const Arguments &arguments)
     auto &songParts = parts.song.parts;
     if (songParts.size() != parts.tracks.size()) { // merged
         songParts.clear();
+        parts.reports = QVector<PartReport>(parts.tracks.size());
         for (const auto &track : qAsConst(parts.tracks))
             songParts.append(SongParts::partOf(track, SongParts::freeId(parts.song)));
         return;

@@ -1,13 +1,15 @@
 #pragma once
 
 #include "Arguments.h"
+#include "import/PartReport.h"
 #include "song/Song.h"
 
 // The inputs as one song: parts in the order of the inputs, and what the first song file among them says of the whole.
 struct Parts
 {
     Song song;
-    QVector<Track> tracks; // of the song's parts, in their order
+    QVector<Track> tracks;       // of the song's parts, in their order
+    QVector<PartReport> reports; // of the tracks, as they were read
 };
 
 // With the transformations applied; a merge makes one part without levels of its own. What cannot be read or done is

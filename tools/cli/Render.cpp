@@ -4,8 +4,10 @@
 #include "Messages.h"
 #include "Parts.h"
 #include "assets/InstrumentGuess.h"
+#include "assets/ProgramInstruments.h"
 #include "audio/TrackRenderer.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "import/ProgramNames.h"
 
 #include <QEventLoop>
 #include <QFileInfo>
@@ -26,18 +28,37 @@ extern "C" void onInterrupt(int signal)
     std::signal(signal, SIG_DFL);
 }
 
-// By the part's titles and notes; empty when that says nothing. A guess that is more than the first of the catalogue is
-// printed.
-QString guessFor(const SongPart &part, const Track &track, const InstrumentSet &instruments)
+struct Part
 {
-    const auto titles = QStringList(part.name) + track.headerFields(QStringLiteral("T"));
-    const auto guess = guessInstrument(titles, track.pitchCounts(), instruments);
+    const SongPart &song;
+    const Track &track;
+    const PartReport &report;
+};
+
+std::optional<int> programOf(const PartReport &report)
+{
+    return report.isPercussion ? ProgramInstruments::percussion : report.program;
+}
+
+QString nameOf(const PartReport &report)
+{
+    return report.isPercussion ? QStringLiteral("Percussion")
+           : report.program    ? programName(*report.program)
+                               : QString();
+}
+
+// By the part's program, titles and notes; empty when that says nothing. A guess that is more than the first of the
+// catalogue is printed.
+QString guessFor(const Part &part, const InstrumentSet &instruments)
+{
+    const auto titles = QStringList{nameOf(part.report), part.song.name} + part.track.headerFields(QStringLiteral("T"));
+    const auto guess = guessInstrument(titles, part.track.pitchCounts(), instruments);
     if (!guess)
         return {};
     constexpr std::array reasons{"its name", "its kind", "its range"};
     if (guess->basis != GuessBasis::Range || guess->name != instruments.names().first()) {
-        printFailure(part.name, QStringLiteral("No instrument is given; playing %1, chosen by %2.")
-                                    .arg(guess->name, QLatin1String(reasons[size_t(guess->basis)])));
+        printFailure(part.song.name, QStringLiteral("No instrument is given; playing %1, chosen by %2.")
+                                         .arg(guess->name, QLatin1String(reasons[size_t(guess->basis)])));
     }
     return guess->name;
 }
@@ -50,7 +71,8 @@ public:
 
 private:
     void refuseInputAsOutput() const;
-    Instrument instrumentFor(const SongPart &part, const Track &track, const InstrumentSet &instruments) const;
+    QString fallbackFor(const Part &part, const InstrumentSet &instruments) const;
+    Instrument instrumentFor(const Part &part, const InstrumentSet &instruments) const;
     void addParts(TrackRenderer &renderer, const Parts &parts, const InstrumentSet &instruments) const;
     void renderParts(const Parts &parts, const InstrumentSet &instruments);
     void showProgress(quint64 tick, quint64 total);
@@ -90,20 +112,27 @@ void Rendering::refuseInputAsOutput() const
     }
 }
 
-Instrument Rendering::instrumentFor(const SongPart &part, const Track &track, const InstrumentSet &instruments) const
+// For a part that names no instrument: what the settings have for its program, or a guess.
+QString Rendering::fallbackFor(const Part &part, const InstrumentSet &instruments) const
 {
-    auto fallback = arguments_.instrument;
-    if (fallback.isEmpty() && part.instrument.isEmpty())
-        fallback = guessFor(part, track, instruments);
-    if (fallback.isEmpty())
-        fallback = instruments.names().value(0);
-    const auto &name = part.instrument;
+    if (!arguments_.instrument.isEmpty())
+        return arguments_.instrument;
+    const ProgramInstruments chosen(arguments_.setting(SettingsTable::ProgramInstrument).toString());
+    const auto program = programOf(part.report);
+    if (const auto name = program ? chosen.instrument(*program) : QString(); instruments.contains(name))
+        return name;
+    const auto guess = part.song.instrument.isEmpty() ? guessFor(part, instruments) : QString();
+    return guess.isEmpty() ? instruments.names().value(0) : guess;
+}
+
+Instrument Rendering::instrumentFor(const Part &part, const InstrumentSet &instruments) const
+{
+    const auto &name = part.song.instrument;
     if (instruments.contains(name))
         return instruments.instrument(name);
-    if (!name.isEmpty()) {
-        const auto warning = QStringLiteral("Instrument '%1' not found; playing %2.").arg(name, fallback);
-        printFailure(part.name, warning);
-    }
+    const auto fallback = fallbackFor(part, instruments);
+    if (!name.isEmpty())
+        printFailure(part.song.name, QStringLiteral("Instrument '%1' not found; playing %2.").arg(name, fallback));
     return instruments.instrument(fallback);
 }
 
@@ -113,7 +142,7 @@ void Rendering::addParts(TrackRenderer &renderer, const Parts &parts, const Inst
         const auto &part = parts.song.parts[i];
         const float volume = float(part.volume * parts.song.masterVolume) / 10'000;
         if (!part.isMuted)
-            renderer.addTrack(parts.tracks[i], instrumentFor(part, parts.tracks[i], instruments),
+            renderer.addTrack(parts.tracks[i], instrumentFor({part, parts.tracks[i], parts.reports[i]}, instruments),
                               {volume, float(part.pan) / 100});
     }
 }
