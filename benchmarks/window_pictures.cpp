@@ -280,6 +280,15 @@ void takeAll(const QString &game, const QStringList &songs)
     fixture.child<QDockWidget>("dockHistory")->show();
     take(window, "history");
     window.onStopAll();
+    window.onStopAll();
+    fixture.child<QDockWidget>("dockHistory")->hide();
+    for (int i = 0; i < 5; ++i)
+        window.onZoomIn();
+    window.onMeasureForward();
+    take(window, "zoomed");
+    window.resize(800, 600);
+    take(window, "800x600");
+    window.onZoomWhole();
     window.resize(820, 500);
     take(window, "small");
     takeDrag(fixture);

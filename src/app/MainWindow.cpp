@@ -89,6 +89,11 @@ void MainWindow::makeActions()
                              SongRecovery::actions(), TrackCommands::actions(), InstrumentCommands::actions(),
                              TransportCommands::actions(), ExportCommands::actions(), ProgramCommands::actions()})
         actions_.add(rows);
+    QVector<QAction *> buttons;
+    for (const auto *const name : {"actionZoom_Out", "actionZoom_In", "actionZoom_Whole", "actionFollow"})
+        buttons.append(actions_.find(QLatin1String(name)));
+    area_->addButtons(buttons);
+    buttons.last()->setChecked(true);
     actions_.add(tracks_.history().createUndoAction(this), "actionUndo", "Ctrl+Z");
     actions_.add(tracks_.history().createRedoAction(this), "actionRedo", "Ctrl+Shift+Z");
 }

@@ -82,6 +82,10 @@ public slots:
     void onGoToEnd();
     void onMeasureBack();
     void onMeasureForward();
+    void onZoomIn();
+    void onZoomOut();
+    void onZoomWhole();
+    void onFollow(bool isOn);
     void onAbout();
     void onNewTrack();
     void onClearTracks();

@@ -1,8 +1,15 @@
 // The window's slots, each a door to what it is about.
 
 #include "app/MainWindow.h"
+#include "ui/song/SongArea.h"
 #include "ui/song/TrackRows.h"
 #include "ui/song/TrackWidget.h"
+
+namespace {
+
+constexpr double zoomStep = 1.5;
+
+} // namespace
 
 void MainWindow::onLoadABC()
 {
@@ -52,6 +59,26 @@ void MainWindow::onMeasureBack()
 void MainWindow::onMeasureForward()
 {
     transport_.goMeasureForward();
+}
+
+void MainWindow::onZoomIn()
+{
+    area_->zoomBy(zoomStep);
+}
+
+void MainWindow::onZoomOut()
+{
+    area_->zoomBy(1 / zoomStep);
+}
+
+void MainWindow::onZoomWhole()
+{
+    area_->showWhole();
+}
+
+void MainWindow::onFollow(bool isOn)
+{
+    area_->setFollowing(isOn);
 }
 
 void MainWindow::onAbout()

@@ -32,7 +32,7 @@ void PlaybackView::setPosition(const QString &trackId, Ticks position)
 
 void PlaybackView::setPosition(Ticks position, qint64 milliseconds, bool isPlaying)
 {
-    area_.setPosition(position, milliseconds);
+    area_.setPosition(position, milliseconds, isPlaying ? SongArea::Moves::AsPlayed : SongArea::Moves::AsSet);
     if (!isPlaying)
         rows_.setPosition(position);
 }

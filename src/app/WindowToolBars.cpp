@@ -58,6 +58,17 @@ void fillMeterBar(QToolBar &bar, VUMeter &meter, QSlider &volume)
     bar.addWidget(&volume);
 }
 
+// Stop is always in sight; it is other bars that become short in a narrow window.
+void keepWhole(QToolBar &bar)
+{
+    const auto resize = [&bar](Qt::Orientation orientation) {
+        const auto size = bar.sizeHint();
+        bar.setMinimumSize(orientation == Qt::Horizontal ? QSize(size.width(), 0) : QSize(0, size.height()));
+    };
+    QObject::connect(&bar, &QToolBar::orientationChanged, &bar, resize);
+    resize(bar.orientation());
+}
+
 } // namespace
 
 void makeToolBars(QMainWindow &window, const WindowActions &actions, const ToolBarControls &controls)
@@ -65,7 +76,9 @@ void makeToolBars(QMainWindow &window, const WindowActions &actions, const ToolB
     actions.addTo(addBar(window, "tbTracks", "Track Toolbar"),
                   "actionOpen actionImport_MIDI actionSave_All - actionNew_Track actionDuplicate_Selected "
                   "actionMerge_Selected actionRemove_Selected actionClear_Tracks actionMute_Selected");
-    actions.addTo(addBar(window, "tbPlayback", "Playback Controls"), "actionPlay actionStop");
+    auto &playback = addBar(window, "tbPlayback", "Playback Controls");
+    actions.addTo(playback, "actionPlay actionStop");
+    keepWhole(playback);
     fillInstrumentBar(addBar(window, "tbInstrument", "Instrument Toolbar"), actions, controls.instrumentList);
     fillMeterBar(addBar(window, "tbVU", "Meters Toolbar"), controls.masterMeter, controls.masterVolume);
 }

@@ -16,6 +16,7 @@
 #include <QPushButton>
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <QToolBar>
 #include <QToolButton>
 #include <QUndoView>
 
@@ -56,6 +57,11 @@ private slots:
             auto *const widget = fixture_->child<QWidget>(control);
             QVERIFY(fixture_->child<QWidget>(bar)->isAncestorOf(widget) && widget->isVisible());
         }
+        fixture_->window().resize(800, 600);
+        QCoreApplication::processEvents();
+        const auto *const playback = fixture_->child<QToolBar>("tbPlayback");
+        QTRY_VERIFY(playback->widgetForAction(fixture_->action("actionStop"))->isVisible());
+        QCOMPARE(fixture_->window().width(), 800);
     }
 
     void comesBackWithItsSizeAndBars()

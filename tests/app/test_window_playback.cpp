@@ -12,9 +12,12 @@
 #include <QComboBox>
 #include <QDial>
 #include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSlider>
 #include <QStatusBar>
 #include <QToolButton>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <atomic>
@@ -133,6 +136,46 @@ private slots:
             fixture_->trigger("actionStop");
             QCOMPARE(ruler->position(), expected);
         }
+    }
+
+    void zoomsAllRowsTogether()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        auto &window = fixture_->window();
+        auto *const ruler = fixture_->child<TimeRuler>("timeRuler");
+        QTRY_COMPARE(ruler->width(), overview(0)->width());
+        const auto *const bar = fixture_->child<QScrollBar>("songScrollBar");
+        const auto whole = ruler->span();
+        QVERIFY(whole == TimeSpan({0, fixture_->tracks().commonLength()}) && bar->isHidden());
+        auto *const viewport =
+            fixture_->child<QScrollArea>("scrTrackArea")->viewport(); // the overviews leave it to that
+        const auto turn = [&](QPoint at, int notches, Qt::KeyboardModifiers modifiers) {
+            const auto global = overview(1)->mapToGlobal(at);
+            QWheelEvent event(viewport->mapFromGlobal(global), global, {}, {0, 120 * notches}, Qt::NoButton, modifiers,
+                              Qt::NoScrollPhase, false);
+            QApplication::sendEvent(viewport, &event);
+        };
+        const QPoint at(overview(1)->width() / 3, 20);
+        const auto under = overview(1)->tickAt(at.x());
+        turn(at, 6, Qt::ControlModifier);
+        QCOMPARE(ruler->span().length, whole.length / 8);
+        QVERIFY(std::abs(overview(1)->tickAt(at.x()) - under) < 8);
+        QVERIFY(overview(0)->span() == ruler->span() && overview(2)->span() == ruler->span() && bar->isVisible());
+        const auto zoomed = ruler->span();
+        turn(at, -1, Qt::ShiftModifier);
+        QVERIFY(overview(0)->span().begin > zoomed.begin && overview(0)->span().length == zoomed.length);
+
+        fixture_->trigger("actionGo_to_End"); // is shown
+        QCOMPARE(overview(2)->span().end(), whole.length);
+        QCOMPARE(bar->value(), bar->maximum());
+        fixture_->trigger("actionGo_to_Start");
+        fixture_->trigger("actionPlay"); // and followed
+        QTRY_VERIFY(ruler->span().begin > zoomed.length / 2);
+        QVERIFY(ruler->position() >= ruler->span().begin && ruler->position() <= ruler->span().end());
+        fixture_->trigger("actionStop");
+        fixture_->trigger("actionZoom_Whole");
+        QVERIFY(overview(0)->span() == whole && bar->isHidden());
+        QVERIFY(window.width() <= 1366 && window.height() <= 768);
     }
 
     void movesThePositionWithKeys()

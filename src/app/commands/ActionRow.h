@@ -11,6 +11,6 @@ struct ActionRow
     const char *shortcut;
     const char *tip; // tool tip and status text
     const char *icon;
-    const char *slot; // of the window: "onPlay()"
+    const char *slot; // of the window: "onPlay()"; of a switch, which is off at first, "onFollow(bool)"
     Available available = Available::Always;
 };

@@ -29,6 +29,13 @@ QVector<ActionRow> TransportCommands::actions()
          "onMeasureBack()", Available::WithTracks},
         {"actionMeasure_Forward", "Measure Forward", "Ctrl+Right", "Set the position to the next measure", "",
          "onMeasureForward()", Available::WithTracks},
+        {"actionZoom_Out", "Zoom Out", "Ctrl+-", "Show more of the song (Ctrl+wheel)", "zoomout", "onZoomOut()",
+         Available::WithTracks},
+        {"actionZoom_In", "Zoom In", "Ctrl++", "Show less of the song, and that wider (Ctrl+wheel)", "zoomin",
+         "onZoomIn()", Available::WithTracks},
+        {"actionZoom_Whole", "Whole Song", "Ctrl+0", "Show the song from its start to its end", "zoomwhole",
+         "onZoomWhole()", Available::WithTracks},
+        {"actionFollow", "Follow Playback", "Ctrl+Shift+L", "Keep what sounds in view", "follow", "onFollow(bool)"},
     };
 }
 

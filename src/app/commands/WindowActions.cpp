@@ -20,6 +20,7 @@ void WindowActions::add(const QVector<ActionRow> &rows)
         const auto slot = type.method(type.indexOfSlot(row.slot));
         if (!QObject::connect(made, QMetaMethod::fromSignal(&QAction::triggered), &window_, slot))
             qFatal("%s: the window has no slot %s", row.name, row.slot);
+        made->setCheckable(slot.parameterCount() == 1); // whether it is on
         add(made, row.name, row.shortcut);
         actions_.append({made, row.available});
     }

@@ -4,19 +4,29 @@
 #include "ui/timeline/PositionDisplay.h"
 #include "ui/timeline/TimeRuler.h"
 
+#include <QAction>
+#include <QGuiApplication>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSignalBlocker>
+#include <QToolButton>
 #include <QVBoxLayout>
+#include <QWheelEvent>
+
+#include <cmath>
 
 namespace {
 
 constexpr int margin = 8; // beside the position
+constexpr int scrollSteps = 1 << 20;
+constexpr double wheelNotch = 120; // as Qt counts
+constexpr double scrolledByANotch = 0.1;
 
 } // namespace
 
 SongArea::SongArea(const TrackList &tracks, TrackRows *rows, QWidget *parent)
     : QWidget(parent), tracks_(tracks), rows_(*rows), strip_(new QWidget(this)), display_(new PositionDisplay(strip_)),
-      ruler_(new TimeRuler(strip_)), area_(new QScrollArea(this))
+      ruler_(new TimeRuler(strip_)), area_(new QScrollArea(this)), scrollBar_(new QScrollBar(Qt::Horizontal, this))
 {
     ruler_->setObjectName(QStringLiteral("timeRuler"));
     display_->setObjectName(QStringLiteral("positionDisplay"));
@@ -26,7 +36,14 @@ SongArea::SongArea(const TrackList &tracks, TrackRows *rows, QWidget *parent)
     column->setSpacing(0);
     column->addWidget(strip_);
     column->addWidget(area_);
+    column->addWidget(scrollBar_);
+    scrollBar_->setObjectName(QStringLiteral("songScrollBar"));
+    scrollBar_->setAccessibleName(tr("What is shown of the song"));
     scrollRows();
+    connect(scrollBar_, &QScrollBar::valueChanged, this, [this](int value) {
+        zoom_.scrollTo(scaled(zoom_.songLength(), quint64(value), scrollSteps));
+        showSpan();
+    });
     connect(&tracks_, &TrackList::songChanged, this, &SongArea::followSong);
     connect(&rows_, &TrackRows::overviewsMoved, this, &SongArea::align);
     connect(ruler_, &TimeRuler::seek, this, &SongArea::seek);
@@ -39,6 +56,7 @@ void SongArea::scrollRows()
     area_->setWidgetResizable(true);
     area_->setFrameShape(QFrame::NoFrame);
     area_->setWidget(&rows_);
+    area_->viewport()->installEventFilter(this);
     connect(&rows_, &TrackRows::draggedTo, this,
             [this](int y) { area_->ensureVisible(area_->horizontalScrollBar()->value(), y, 0, 40); });
     connect(&rows_, &TrackRows::grown, this, [this](int top, int bottom) {
@@ -53,8 +71,11 @@ void SongArea::setMeasures(const Measures &measures)
     ruler_->setMeasures(measures);
 }
 
-void SongArea::setPosition(Ticks position, qint64 milliseconds)
+void SongArea::setPosition(Ticks position, qint64 milliseconds, Moves moves)
 {
+    if (position != position_)
+        turnPage(position, moves);
+    position_ = position;
     ruler_->setPosition(position);
     display_->setPosition(position, measures_.at(position), milliseconds);
 }
@@ -64,13 +85,102 @@ void SongArea::showRow(QWidget *row)
     area_->ensureWidgetVisible(row);
 }
 
+// Not under a mouse that sets the position.
+void SongArea::turnPage(Ticks position, Moves moves)
+{
+    if (QGuiApplication::mouseButtons() != Qt::NoButton)
+        return;
+    const auto before = zoom_.span();
+    if (moves == Moves::AsSet)
+        zoom_.reveal(position);
+    else if (isFollowing_)
+        zoom_.follow(position);
+    if (zoom_.span() != before)
+        showSpan();
+}
+
+void SongArea::addButtons(const QVector<QAction *> &actions)
+{
+    for (auto *const action : actions) {
+        auto *const button = new QToolButton(strip_);
+        button->setDefaultAction(action);
+        button->setIconSize({20, 20});
+        button->setAutoRaise(true);
+        buttons_.append(button);
+    }
+    align();
+}
+
+void SongArea::zoomBy(double factor)
+{
+    const auto place = zoom_.span().x(position_, 1);
+    zoom_.zoom(factor, place >= 0 && place <= 1 ? place : 0.5);
+    showSpan();
+}
+
+void SongArea::showWhole()
+{
+    zoom_.showWhole();
+    showSpan();
+}
+
 void SongArea::followSong()
 {
-    const TimeSpan whole{0, tracks_.commonLength()};
+    zoom_.setSongLength(tracks_.commonLength());
     strip_->setHidden(tracks_.isEmpty());
-    ruler_->setSpan(whole);
-    rows_.setSpan(whole);
+    showSpan();
     align();
+}
+
+void SongArea::showSpan()
+{
+    ruler_->setSpan(zoom_.span());
+    rows_.setSpan(zoom_.span());
+    updateScrollBar();
+}
+
+// Its range is that of an int, which ticks are not.
+void SongArea::updateScrollBar()
+{
+    const QSignalBlocker silent(scrollBar_);
+    const auto length = zoom_.songLength();
+    const auto steps = [&](Ticks ticks) {
+        return length <= 0 ? 0 : int(std::lround(double(ticks) / double(length) * scrollSteps));
+    };
+    scrollBar_->setRange(0, scrollSteps - steps(zoom_.span().length));
+    scrollBar_->setPageStep(steps(zoom_.span().length));
+    scrollBar_->setSingleStep(std::max(1, steps(zoom_.span().length) / 10));
+    scrollBar_->setValue(steps(zoom_.span().begin));
+    scrollBar_->setHidden(zoom_.isWhole());
+}
+
+bool SongArea::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isTurned = event->type() == QEvent::Wheel && turnWheel(*static_cast<QWheelEvent *>(event));
+    return isTurned || QWidget::eventFilter(watched, event);
+}
+
+void SongArea::wheelEvent(QWheelEvent *event)
+{
+    event->setAccepted(turnWheel(*event));
+}
+
+// What is under the mouse stays there.
+bool SongArea::turnWheel(const QWheelEvent &event)
+{
+    const auto delta = event.angleDelta();
+    const bool isSideways = delta.x() != 0 || event.modifiers() & Qt::ShiftModifier;
+    if (event.modifiers() & Qt::ControlModifier) {
+        const auto at = ruler_->mapFromGlobal(event.globalPosition().toPoint()).x();
+        zoom_.zoom(std::exp2(delta.y() / (2 * wheelNotch)), std::clamp(double(at) / ruler_->width(), 0.0, 1.0));
+    } else if (isSideways) {
+        const auto notches = (delta.x() != 0 ? delta.x() : delta.y()) / wheelNotch;
+        zoom_.scrollTo(zoom_.span().begin - Ticks(notches * scrolledByANotch * double(zoom_.span().length)));
+    } else {
+        return false;
+    }
+    showSpan();
+    return true;
 }
 
 void SongArea::resizeEvent(QResizeEvent *event)
@@ -88,4 +198,10 @@ void SongArea::align()
     const auto left = rows_.mapTo(this, overviews.topLeft()).x();
     display_->setGeometry(margin, 0, left - 2 * margin, strip_->height());
     ruler_->setGeometry(left, 0, overviews.width(), strip_->height());
+    auto right = left + overviews.width() + margin;
+    for (auto *const button : std::as_const(buttons_)) {
+        const auto size = button->sizeHint();
+        button->setGeometry({{right, (strip_->height() - size.height()) / 2}, size});
+        right += size.width();
+    }
 }

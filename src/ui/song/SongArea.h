@@ -1,17 +1,23 @@
 #pragma once
 
 #include "core/Measures.h"
+#include "ui/timeline/TimeZoom.h"
 
 #include <QWidget>
 
 class PositionDisplay;
+class QAction;
 class QScrollArea;
+class QScrollBar;
+class QToolButton;
+class QWheelEvent;
 class TimeRuler;
 class TrackList;
 class TrackRows;
 
-// The rows of a song with what belongs to all of them: above their overviews a ruler, and beside that the position. On
-// the interface thread.
+// The rows of a song with what belongs to all of them: above their overviews a ruler, beside that the position, and
+// below them a scroll bar as long as less than the whole song is shown. Ctrl and the wheel zoom, Shift and the wheel
+// scroll. On the interface thread.
 class SongArea : public QWidget
 {
     Q_OBJECT
@@ -22,8 +28,16 @@ public:
 
     // What the ruler counts.
     void setMeasures(const Measures &measures);
-    // In the ruler, and as numbers.
-    void setPosition(Ticks position, qint64 milliseconds);
+    // In the ruler, and as numbers; what is shown of the song follows a position that runs, when it is to.
+    enum class Moves { AsSet, AsPlayed };
+    void setPosition(Ticks position, qint64 milliseconds, Moves moves);
+    void setFollowing(bool isFollowing) { isFollowing_ = isFollowing; }
+    // Above the dials.
+    void addButtons(const QVector<QAction *> &actions);
+
+    const TimeSpan &span() const { return zoom_.span(); }
+    void zoomBy(double factor); // around the position, or around the middle when that is not shown
+    void showWhole();
     void showRow(QWidget *row);
 
 signals:
@@ -31,10 +45,16 @@ signals:
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void scrollRows();
     void followSong();
+    void showSpan();
+    void updateScrollBar();
+    void turnPage(Ticks position, Moves moves);
+    bool turnWheel(const QWheelEvent &event);
     void align();
 
     const TrackList &tracks_;
@@ -43,5 +63,10 @@ private:
     PositionDisplay *display_;
     TimeRuler *ruler_;
     QScrollArea *area_;
+    QScrollBar *scrollBar_;
+    QVector<QToolButton *> buttons_;
     Measures measures_;
+    TimeZoom zoom_;
+    Ticks position_ = 0;
+    bool isFollowing_ = true;
 };

@@ -1,6 +1,7 @@
 #include "support/Rows.h"
 #include "ui/timeline/PositionDisplay.h"
 #include "ui/timeline/TimeRuler.h"
+#include "ui/timeline/TimeZoom.h"
 
 #include <QSignalSpy>
 
@@ -88,6 +89,50 @@ private slots:
         timer.start();
         QVERIFY(!ruler.grab().isNull());
         QVERIFY(timer.elapsed() < 1000);
+    }
+
+    void zoomKeepsThePlaceUnderThePointer()
+    {
+        TimeZoom zoom;
+        zoom.zoom(2, 0.5); // an empty song
+        QVERIFY(zoom.span() == TimeSpan() && zoom.isWhole());
+        zoom.setSongLength(100 * whole);
+        QCOMPARE(zoom.span().length, 100 * whole);
+        for (const double anchor : {0.5, 0.25, 1.0, 0.0}) {
+            const auto place = [&] { return zoom.span().begin + anchor * double(zoom.span().length); };
+            const auto before = place();
+            zoom.zoom(1.5, anchor);
+            QVERIFY(std::abs(place() - before) < 2);
+            zoom.zoom(1 / 1.2, anchor);
+            QVERIFY(std::abs(place() - before) < 3);
+        }
+        zoom.zoom(1e9, 0.5);
+        QCOMPARE(zoom.span().length, TimeZoom::shortestSpan);
+        zoom.zoom(1e-9, 0.3);
+        QVERIFY(zoom.isWhole() && zoom.span().begin == 0);
+        zoom.setSongLength(200 * whole); // which stays the whole
+        QVERIFY(zoom.isWhole() && zoom.span().length == 200 * whole);
+    }
+
+    void zoomFollowsAndReveals()
+    {
+        TimeZoom zoom;
+        zoom.setSongLength(100 * whole);
+        zoom.zoom(10, 0);
+        const auto beginAfter = [&](auto move) {
+            move();
+            return zoom.span().begin;
+        };
+        QCOMPARE(beginAfter([&] { zoom.follow(8 * whole); }), Ticks(0));
+        QCOMPARE(beginAfter([&] { zoom.follow(19 * whole / 2); }), whole * 17 / 2);
+        QCOMPARE(beginAfter([&] { zoom.follow(0); }), Ticks(0));
+        QCOMPARE(beginAfter([&] { zoom.reveal(10 * whole); }), Ticks(0));
+        QCOMPARE(beginAfter([&] { zoom.reveal(20 * whole); }), whole * 45 / 4);
+        QCOMPARE(beginAfter([&] { zoom.reveal(10 * whole); }), whole * 35 / 4);
+        QCOMPARE(beginAfter([&] { zoom.follow(100 * whole); }), 90 * whole); // no further than the end
+        QCOMPARE(beginAfter([&] { zoom.setSongLength(50 * whole); }), 40 * whole);
+        QCOMPARE(beginAfter([&] { zoom.setSongLength(5 * whole); }), Ticks(0));
+        QVERIFY(zoom.isWhole());
     }
 
     void displaysThePosition()
