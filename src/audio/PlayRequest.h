@@ -6,6 +6,13 @@
 
 #include <QString>
 
+// A part of the song that is played again and again: what begins in it, each time the same.
+struct LoopRegion
+{
+    Ticks begin = 0;
+    Ticks end = 0;
+};
+
 // A track that a player is to sound. [any]
 struct PlayRequest
 {
@@ -24,4 +31,5 @@ struct PlayRequest
     bool isMuted = false;
     Begin begin = Begin::AtTheStart;
     Ticks from = 0;
+    double offset = 0; // milliseconds by which the track sounds later than it should, or sooner
 };

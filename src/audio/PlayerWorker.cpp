@@ -221,6 +221,21 @@ void PlayerWorker::precacheInstrument(const Instrument &instrument, const Track 
     });
 }
 
+void PlayerWorker::setLoop(const std::optional<LoopRegion> &loop)
+{
+    withEngine([&] { playing_->setLoop(loop); });
+}
+
+void PlayerWorker::setTempoFactor(double factor)
+{
+    withEngine([&] { playing_->setTempoFactor(factor); });
+}
+
+void PlayerWorker::setOffset(const QString &trackId, double milliseconds)
+{
+    withEngine([&] { playing_->setOffset(trackId, milliseconds); });
+}
+
 void PlayerWorker::setMasterVolume(float volume)
 {
     withEngine([&] { check(engine_->setGroupLevel(masterGroup, {volume, 0})); });

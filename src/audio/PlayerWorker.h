@@ -69,6 +69,13 @@ public slots: // [audio]
     void changeInstrument(const QString &trackId, const Instrument &instrument);
     // Loads what the track's notes need, behind what is needed sooner and as far as there is room.
     void precacheInstrument(const Instrument &instrument, const Track &track);
+    // Of all tracks, also of those to come: from the next moment on, without a gap. A track that is behind the loop
+    // plays on until a seek leads it back; one that loops does not end. A region of less than 50 ms is none.
+    void setLoop(const std::optional<LoopRegion> &loop);
+    // Times the written tempo, above 0; pitches stay.
+    void setTempoFactor(double factor);
+    // Milliseconds by which the track sounds later than it should, or sooner.
+    void setOffset(const QString &trackId, double milliseconds);
     void setMasterVolume(float volume);
     void setVolume(const QString &trackId, float volume);
     void setPan(const QString &trackId, float pan);

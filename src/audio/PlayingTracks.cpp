@@ -1,36 +1,43 @@
 #include "audio/PlayingTracks.h"
 
-#include <QCoreApplication>
-
 #include <algorithm>
 #include <utility>
 
+namespace {
+
+constexpr auto afterAll = DspClock(1) << 61; // when nothing plays any more
+
+} // namespace
+
 PlayingTracks::PlayingTracks(AudioEngine &engine, ResultChecker &checker, SampleFeed &feed, Listener listener)
-    : engine_(engine), checker_(checker), feed_(feed), listener_(std::move(listener))
+    : engine_(engine), checker_(checker), feed_(feed), listener_(std::move(listener)),
+      notes_(engine, checker, feed, listener_.warn)
 {
 }
 
 void PlayingTracks::play(const QVector<PlayRequest> &requests)
 {
     if (tracks_.isEmpty())
-        hasWarned_ = false;
+        notes_.allowWarning();
     for (const auto &request : requests)
         start(request);
+    followLoop();
     lookAheadAgain();
 }
 
 void PlayingTracks::start(const PlayRequest &request)
 {
     const auto now = engine_.clock();
-    PlayingTrack track{TrackPlayback(request.track, request.instrument, engine_.sampleRate(), now), request.syncGroup,
-                       request.level, request.isMuted, request.from};
+    PlayingTrack track{TrackPlayback(request.track, request.instrument, engine_.sampleRate(), now, tempoFactor_),
+                       request.syncGroup, request.level, request.isMuted};
+    track.playback.setOffset(samplesOf(request.offset));
+    track.playback.setTiming(tempoFactor_, playedLoop_, now);
     const auto *const leader = leaderOf(request);
     if (leader && !leader->isHeld)
-        return join(request.trackId, track, leader->playback);
+        return join(request.trackId, track, *leader);
     const auto *const partner = leader ? leader : partnerOf(request);
     track.isHeld = !partner || partner->isHeld;
-    track.from = leader ? leader->from : request.from;
-    track.playback.seek(track.from, partner ? partner->playback.clockAt(partner->from) : now + lookAhead());
+    track.place(leader ? leader->from : request.from, partner ? partner->begins : now + notes_.lookAhead());
     begin(request.trackId, track);
 }
 
@@ -53,8 +60,7 @@ const PlayingTrack *PlayingTracks::partnerOf(const PlayRequest &request) const
 {
     const auto now = engine_.clock();
     const auto isWaitingToo = [&](const PlayingTrack &track) {
-        return !request.syncGroup.isEmpty() && track.syncGroup == request.syncGroup &&
-               qint64(track.playback.clockAt(track.from) - now) > 0;
+        return !request.syncGroup.isEmpty() && track.syncGroup == request.syncGroup && !track.hasBegun(now);
     };
     const auto partner = std::find_if(tracks_.begin(), tracks_.end(), isWaitingToo);
     return partner != tracks_.end() ? &*partner : nullptr;
@@ -69,21 +75,24 @@ void PlayingTracks::begin(const QString &trackId, PlayingTrack track)
     insert(trackId, track);
 }
 
-void PlayingTracks::join(const QString &trackId, PlayingTrack track, const TrackPlayback &leader)
+void PlayingTracks::join(const QString &trackId, PlayingTrack track, const PlayingTrack &leader)
 {
     const auto now = engine_.clock();
-    track.playback.join(leader, now);
-    QSet<int> sounding;
+    track.playback.join(leader.playback, now);
+    track.from = leader.from;
+    track.begins = leader.begins;
+    if (!track.hasBegun(now))
+        track.place(track.from, track.begins);
+    QVector<EventInPass> sounding;
     if (const auto replaced = tracks_.constFind(trackId); replaced != tracks_.constEnd()) {
         track.group = replaced->group;
-        forgetLateNotes(trackId);
-        sounding = soundingNotes_.handOver(trackId, replaced->playback, track.playback,
-                                           [this](VoiceId voice) { check(engine_.fadeOut(voice, shortFade())); });
+        notes_.forgetLateNotes(trackId);
+        sounding = notes_.handOver(trackId, replaced->playback, track.playback, SoundingNotes::Begun::End);
     } else if (!check(engine_.createGroup(track.group))) {
         return;
     }
     // At once: in the next pass its first notes would be late.
-    schedule(trackId, insert(trackId, track), now, sounding);
+    schedule(trackId, insert(trackId, track), sounding);
 }
 
 PlayingTrack &PlayingTracks::insert(const QString &trackId, const PlayingTrack &track)
@@ -97,7 +106,6 @@ PlayingTrack &PlayingTracks::insert(const QString &trackId, const PlayingTrack &
 
 void PlayingTracks::prepare(const Track &track, const Instrument &instrument)
 {
-    constexpr auto afterAll = DspClock(1) << 61;
     prepared_.emplace_back(TrackPlayback(track, instrument, engine_.sampleRate(), afterAll));
 }
 
@@ -106,10 +114,10 @@ void PlayingTracks::pass()
     const bool isAnythingNew = wantSamples();
     feed_.work(engine_.clock());
     hold(feed_.isIdle() && !isAnythingNew);
-    soundLateNotes();
+    notes_.soundLateNotes();
     for (auto track = tracks_.begin(); track != tracks_.end();)
         track = passTrack(track) ? std::next(track) : tracks_.erase(track);
-    soundingNotes_.tell(engine_.clock(), listener_.pressed, listener_.released);
+    notes_.tell(listener_.pressed, listener_.released);
 }
 
 // In the order of their use; some in each pass, so that none takes long.
@@ -119,20 +127,23 @@ bool PlayingTracks::wantSamples()
     const auto end = engine_.clock() + 600 * DspClock(engine_.sampleRate());
     bool isAnythingNew = false;
     for (int i = 0; i < mostInOnePass; ++i, isAnythingNew = true) {
-        SampleAhead *first = nullptr;
-        for (auto &track : tracks_) {
-            if (!track.ahead.isOver() && (!first || qint64(track.ahead.nextClock() - first->nextClock()) < 0))
-                first = &track.ahead;
-        }
-        if (first && qint64(first->nextClock() - end) > 0)
-            return isAnythingNew;
-        std::erase_if(prepared_, [](const SampleAhead &ahead) { return ahead.isOver(); });
-        if (!first && !prepared_.empty())
-            first = &prepared_.front();
-        if (!first || !first->wantNext(feed_))
-            return isAnythingNew;
+        auto *const ahead = earliest(end);
+        if (!ahead || !ahead->wantNext(feed_))
+            break;
     }
     return isAnythingNew;
+}
+
+SampleAhead *PlayingTracks::earliest(DspClock until)
+{
+    SampleAhead *first = nullptr;
+    for (auto &track : tracks_) {
+        const auto *const next = track.ahead.next(until);
+        if (next && (!first || qint64(next->start - first->next(until)->start) < 0))
+            first = &track.ahead;
+    }
+    std::erase_if(prepared_, [](SampleAhead &ahead) { return !ahead.next(afterAll + afterAll); });
+    return first || prepared_.empty() ? first : &prepared_.front();
 }
 
 // Moves the tracks that are held so that they will begin 100 ms from now, unless all is there: then they begin.
@@ -145,9 +156,11 @@ void PlayingTracks::hold(bool isStuck)
     }
     if (held.empty())
         return endLoading();
-    const auto start = engine_.clock() + lookAhead();
+    qint64 lead = 0; // of who begins before the others
+    for (const auto *const track : held)
+        lead = std::max(lead, -track->playback.offset());
     for (auto *const track : held)
-        track->playback.seek(track->from, start);
+        track->place(track->from, engine_.clock() + notes_.lookAhead() + DspClock(lead));
     if (tellLoading(held) && !isStuck)
         return;
     for (auto *const track : held)
@@ -158,8 +171,9 @@ void PlayingTracks::hold(bool isStuck)
 
 bool PlayingTracks::tellLoading(const std::vector<PlayingTrack *> &held)
 {
-    const auto end = engine_.clock() + lookAhead() + DspClock(engine_.sampleRate());
+    const auto firstSecond = DspClock(engine_.sampleRate());
     for (std::size_t i = 0; i < held.size(); ++i) {
+        const auto end = held[i]->begins + firstSecond;
         const auto samples = held[i]->isMuted ? SampleCount() : countSamples(held[i]->playback, end, feed_);
         if (samples.ready == samples.all)
             continue;
@@ -192,68 +206,21 @@ bool PlayingTracks::passTrack(Tracks::iterator track)
         return true;
     // Tracks that were started together end together, with the longest.
     if (!track->playback.isExhausted() || track->playback.tickAt(now) < longestLength_) {
-        schedule(track.key(), *track, now);
+        schedule(track.key(), *track);
         return true;
     }
-    forgetLateNotes(track.key());
+    notes_.forgetLateNotes(track.key());
     listener_.stopped(track.key());
     check(engine_.releaseGroup(track->group));
     return false;
 }
 
-void PlayingTracks::schedule(const QString &trackId, PlayingTrack &track, DspClock now, const QSet<int> &sounding)
+void PlayingTracks::schedule(const QString &trackId, PlayingTrack &track, const QVector<EventInPass> &sounding)
 {
-    const auto horizon = track.playback.tickAt(now + lookAhead());
-    while (const auto note = track.playback.takeNote(horizon)) {
-        if (track.isMuted || sounding.contains(note->eventIndex))
-            continue;
-        if (const LateNote late{trackId, track.group, *note}; !sound(late, now))
-            lateNotes_.push_back(late);
-    }
-}
-
-bool PlayingTracks::sound(const LateNote &late, DspClock now)
-{
-    const auto &note = late.note;
-    const bool isLate = qint64(note.start - now) < 0;
-    const bool isOver = isLate && (qint64(note.end - now) <= 0 || note.start > now);
-    const auto found = isOver ? SampleFeed::Found() : feed_.find(needOf(note));
-    if (found.state == SampleFeed::State::Loading) {
-        feed_.wantNow(needOf(note));
-        return false;
-    }
-    VoiceId id{};
-    if (found.sound && check(engine_.play({found.sound, late.group, note.start, note.end, note.fadeEnd, note.velocity,
-                                           found.ratio, LateStart::Inside},
-                                          id)))
-        soundingNotes_.add({late.trackId, note.start, note.end, note.eventIndex, id});
-    return true;
-}
-
-void PlayingTracks::soundLateNotes()
-{
-    const auto now = engine_.clock();
-    std::erase_if(lateNotes_, [&](const LateNote &late) {
-        const bool isMissed = qint64(late.note.end - now) <= 0;
-        if (isMissed)
-            warn(feed_.lacksRoom()
-                     ? QCoreApplication::translate(
-                           "PlayerWorker", "The samples that sound at once need too much memory: notes are missing.")
-                     : QCoreApplication::translate("PlayerWorker",
-                                                   "Samples could not be loaded in time: notes are missing."));
-        return isMissed || sound(late, now);
-    });
-}
-
-void PlayingTracks::forgetLateNotes(const QString &trackId)
-{
-    std::erase_if(lateNotes_, [&trackId](const LateNote &late) { return late.trackId == trackId; });
-}
-
-void PlayingTracks::warn(const QString &text)
-{
-    if (!std::exchange(hasWarned_, true))
-        listener_.warn(text);
+    if (track.isMuted)
+        notes_.skip(track.playback);
+    else
+        notes_.schedule(trackId, track.group, track.playback, sounding);
 }
 
 void PlayingTracks::setMuted(const QString &trackId, bool isMuted)
@@ -280,29 +247,6 @@ void PlayingTracks::setInstrument(const QString &trackId, const Instrument &inst
     lookAheadAgain();
 }
 
-void PlayingTracks::seek(Ticks tick,
-                         const std::function<bool(const QString &trackId, const PlayingTrack &)> &isSelected)
-{
-    const auto now = engine_.clock();
-    const auto forSelected = [&](const auto &action) {
-        for (auto track = tracks_.begin(); track != tracks_.end(); ++track) {
-            if (isSelected(track.key(), *track))
-                action(track.key(), *track);
-        }
-    };
-    forSelected([&](const QString &id, PlayingTrack &track) {
-        track.from = tick;
-        track.playback.seek(tick, track.isHeld ? now + lookAhead() : now);
-        forgetLateNotes(id);
-    });
-    lookAheadAgain();
-    // At once: the notes at the new position would be late in the next pass.
-    forSelected([&](const QString &id, PlayingTrack &track) {
-        if (!track.isHeld)
-            schedule(id, track, now);
-    });
-}
-
 void PlayingTracks::stop(const QString &trackId)
 {
     const auto track = tracks_.constFind(trackId);
@@ -312,8 +256,7 @@ void PlayingTracks::stop(const QString &trackId)
     check(engine_.stopGroup(group));
     check(engine_.releaseGroup(group));
     listener_.stopped(trackId);
-    soundingNotes_.removeTrack(trackId);
-    forgetLateNotes(trackId);
+    notes_.forget(trackId);
     tracks_.remove(trackId);
     if (tracks_.isEmpty())
         longestLength_ = 0;

@@ -1,12 +1,8 @@
 #pragma once
 
-#include "audio/AudioEngine.h"
+#include "audio/NoteScheduler.h"
 #include "audio/PlayRequest.h"
-#include "audio/ResultChecker.h"
 #include "audio/SampleAhead.h"
-#include "audio/SoundingNotes.h"
-#include "audio/TrackPlayback.h"
-#include "audio/samples/SampleFeed.h"
 
 #include <QMap>
 
@@ -21,22 +17,25 @@ struct PlayingTrack
     QString syncGroup; // empty: none
     GroupLevel level;
     bool isMuted = false;
-    Ticks from = 0;      // where it started
-    bool isHeld = false; // there, until the samples of its first second are loaded
+    Ticks from = 0;      // where it started …
+    DspClock begins = 0; // … and when
+    bool isHeld = false; // until the samples of its first second are loaded
     GroupId group = masterGroup;
     SampleAhead ahead = SampleAhead(playback);
 
-    // Where it is at the clock, and will begin while it has not.
-    Ticks position(DspClock clock) const
+    bool hasBegun(DspClock clock) const { return qint64(clock - begins) >= 0; }
+    Ticks position(DspClock clock) const { return hasBegun(clock) ? playback.tickAt(clock) : from; }
+    // Begins there, and then.
+    void place(Ticks tick, DspClock clock)
     {
-        const bool hasBegun = qint64(clock - playback.clockAt(from)) >= 0;
-        return hasBegun ? playback.tickAt(clock) : from;
+        from = tick;
+        begins = clock;
+        playback.seek(tick, clock);
     }
 };
 
-// The tracks that a player plays: gives each note to the engine up to 100 ms ahead of the mixer, at its exact output
-// sample, and has the samples of those to come loaded. A note whose sample comes late begins inside it, where it would
-// be by then. [audio]
+// The tracks that a player plays: begins them together when their samples are there, keeps their time and their loop,
+// and has the samples of the notes to come loaded. [audio]
 class PlayingTracks
 {
 public:
@@ -57,7 +56,7 @@ public:
     PlayingTracks(AudioEngine &engine, ResultChecker &checker, SampleFeed &feed, Listener listener);
 
     const QMap<QString, PlayingTrack> &tracks() const { return tracks_; }
-    bool isIdle() const { return tracks_.isEmpty() && soundingNotes_.isEmpty(); }
+    bool isIdle() const { return tracks_.isEmpty() && notes_.isEmpty(); }
 
     // In one go: those of one group that start begin at the same sample.
     void play(const QVector<PlayRequest> &requests);
@@ -67,52 +66,50 @@ public:
     void stop(const QString &trackId);
     void stopAll();
 
+    // Of all tracks, also of those to come.
+    void setLoop(const std::optional<LoopRegion> &loop);
+    void setTempoFactor(double factor);
+
     // Of a track that is not playing, nothing.
     void setMuted(const QString &trackId, bool isMuted);
     void setLevel(const QString &trackId, const std::function<void(GroupLevel &)> &change);
     void setInstrument(const QString &trackId, const Instrument &instrument);
+    void setOffset(const QString &trackId, double milliseconds);
     void seek(Ticks tick, const std::function<bool(const QString &trackId, const PlayingTrack &)> &isSelected);
 
 private:
     using Tracks = QMap<QString, PlayingTrack>;
-    struct LateNote
-    {
-        QString trackId;
-        GroupId group;
-        PlacedNote note;
-    };
-
     bool check(AudioResult result) { return checker_.check(engine_, result); }
-    DspClock lookAhead() const { return DspClock(0.1 * engine_.sampleRate()); }
-    std::size_t shortFade() const { return std::size_t(engine_.sampleRate()) / 200; } // 5 ms: without a click
+    qint64 samplesOf(double milliseconds) const { return qint64(milliseconds * engine_.sampleRate() / 1000); }
     const PlayingTrack *leaderOf(const PlayRequest &request) const;
     const PlayingTrack *partnerOf(const PlayRequest &request) const;
     void start(const PlayRequest &request);
     void begin(const QString &trackId, PlayingTrack track);
-    void join(const QString &trackId, PlayingTrack track, const TrackPlayback &leader);
+    void join(const QString &trackId, PlayingTrack track, const PlayingTrack &leader);
     PlayingTrack &insert(const QString &trackId, const PlayingTrack &track);
     void hold(bool isStuck);
     bool tellLoading(const std::vector<PlayingTrack *> &held); // false: all is there
     void endLoading();
     void lookAheadAgain();
     bool passTrack(Tracks::iterator track); // false: it is over
-    // All but the events that sound already.
-    void schedule(const QString &trackId, PlayingTrack &track, DspClock now, const QSet<int> &sounding = {});
-    bool sound(const LateNote &late, DspClock now); // false: its sample is still to come
-    void soundLateNotes();
-    void forgetLateNotes(const QString &trackId);
+    void schedule(const QString &trackId, PlayingTrack &track, const QVector<EventInPass> &sounding = {});
+    std::optional<PlaybackLoop> playbackLoop() const;
+    void followLoop();
+    void applyTiming();
+    void retime(const QString &trackId, PlayingTrack &track, const TrackPlayback &before);
+    SampleAhead *earliest(DspClock until);
     bool wantSamples(); // false: nothing new
-    void warn(const QString &text);
 
     AudioEngine &engine_;
     ResultChecker &checker_;
     SampleFeed &feed_;
     Listener listener_;
     Tracks tracks_;
-    SoundingNotes soundingNotes_;
-    std::vector<LateNote> lateNotes_;
+    NoteScheduler notes_;
     std::vector<SampleAhead> prepared_;
     Ticks longestLength_ = 0;
+    std::optional<LoopRegion> loop_;
+    std::optional<PlaybackLoop> playedLoop_;
+    double tempoFactor_ = 1;
     std::tuple<int, int, int> toldLoading_; // nothing told: zeros
-    bool hasWarned_ = false;
 };

@@ -1,10 +1,17 @@
 #include "audio/SampleAhead.h"
 
+const PlacedNote *SampleAhead::next(DspClock until)
+{
+    if (!next_)
+        next_ = playback_.takeNoteUntil(until);
+    return next_ ? &*next_ : nullptr;
+}
+
 bool SampleAhead::wantNext(SampleFeed &feed)
 {
     if (!feed.want(needOf(*next_)))
         return false;
-    next_ = playback_.takeNote(maxTicks);
+    next_.reset();
     return true;
 }
 
@@ -16,8 +23,7 @@ SampleNeed needOf(const PlacedNote &note)
 SampleCount countSamples(TrackPlayback playback, DspClock end, SampleFeed &feed)
 {
     SampleCount count;
-    const auto horizon = playback.tickAt(end);
-    while (const auto note = playback.takeNote(horizon)) {
+    while (const auto note = playback.takeNoteUntil(end)) {
         ++count.all;
         count.ready += feed.find(needOf(*note)).state != SampleFeed::State::Loading ? 1 : 0;
     }

@@ -8,10 +8,10 @@ class SampleAhead
 {
 public:
     // From the first note on that the playback has not taken.
-    explicit SampleAhead(const TrackPlayback &playback) : playback_(playback), next_(playback_.takeNote(maxTicks)) {}
+    explicit SampleAhead(const TrackPlayback &playback) : playback_(playback) {}
 
-    bool isOver() const { return !next_; }
-    DspClock nextClock() const { return next_->start; }
+    // The next note up to the clock; null when there is none.
+    const PlacedNote *next(DspClock until);
     // What the next note needs; false when the feed wants to be asked again later.
     bool wantNext(SampleFeed &feed);
 

@@ -6,10 +6,10 @@ void SoundingNotes::tell(DspClock now, const Tell &pressed, const Tell &released
     for (auto &note : notes_) {
         if (!note.isPressed && note.start <= now) {
             note.isPressed = true;
-            pressed(note.trackId, note.eventIndex);
+            pressed(note.trackId, note.event.eventIndex);
         }
         if (note.end <= now)
-            released(note.trackId, note.eventIndex);
+            released(note.trackId, note.event.eventIndex);
         else
             *kept++ = std::move(note);
     }
@@ -21,21 +21,24 @@ void SoundingNotes::removeTrack(const QString &trackId)
     std::erase_if(notes_, [&trackId](const SoundingNote &note) { return note.trackId == trackId; });
 }
 
-QSet<int> SoundingNotes::handOver(const QString &trackId, const TrackPlayback &before, const TrackPlayback &after,
-                                  const std::function<void(VoiceId)> &end)
+QVector<EventInPass> SoundingNotes::handOver(const QString &trackId, const TrackPlayback &before,
+                                             const TrackPlayback &after, Begun begun, DspClock now,
+                                             const std::function<void(VoiceId)> &end)
 {
-    QSet<int> kept;
+    QVector<EventInPass> kept;
     std::erase_if(notes_, [&](SoundingNote &note) {
         if (note.trackId != trackId)
             return false;
-        const auto same = after.sameNote(before, note.eventIndex, kept);
+        const auto same = after.sameNote(before, note.event, kept);
+        if (!same && begun == Begun::Stay && note.start < now)
+            return false;
         if (!same) {
             end(note.voice);
             return true;
         }
-        note.eventIndex = *same;
-        note.isPressed = false;
-        kept.insert(*same);
+        note.isPressed = note.isPressed && note.event.eventIndex == same->eventIndex && begun == Begun::Stay;
+        note.event = *same;
+        kept.append(*same);
         return false;
     });
     return kept;

@@ -2,7 +2,6 @@
 
 #include "audio/TrackPlayback.h"
 
-#include <QSet>
 #include <QString>
 
 #include <functional>
@@ -14,7 +13,7 @@ struct SoundingNote
     QString trackId;
     DspClock start = 0;
     DspClock end = 0; // without the fade
-    int eventIndex = 0;
+    EventInPass event;
     VoiceId voice{};
     bool isPressed = false;
 };
@@ -34,10 +33,14 @@ public:
     // Nothing more is told of the track's notes.
     void removeTrack(const QString &trackId);
 
-    // Another version of the track takes its place. Notes that it has not are given to `end` and forgotten; of the
-    // others, pressed or not, it is told anew when they are pressed. Returns their events in the new version.
-    QSet<int> handOver(const QString &trackId, const TrackPlayback &before, const TrackPlayback &after,
-                       const std::function<void(VoiceId)> &end);
+    // What becomes of notes that have begun and that another version of their track has not.
+    enum class Begun { End, Stay };
+
+    // Another version of the track takes its place at the clock. Notes that it has not are given to `end` and
+    // forgotten; of the others, pressed or not, it is told anew when they are pressed. Returns their events in the new
+    // version.
+    QVector<EventInPass> handOver(const QString &trackId, const TrackPlayback &before, const TrackPlayback &after,
+                                  Begun begun, DspClock now, const std::function<void(VoiceId)> &end);
 
 private:
     std::vector<SoundingNote> notes_;

@@ -6,9 +6,9 @@
 
 namespace {
 
-double samplesPerTick(int sampleRate, qint64 ticksPerMinute)
+double samplesPerTick(int sampleRate, qint64 ticksPerMinute, double factor)
 {
-    return double(sampleRate) * 60.0 / double(ticksPerMinute);
+    return double(sampleRate) * 60.0 / double(ticksPerMinute) / factor;
 }
 
 quint64 truncated(double value, quint64 limit)
@@ -18,15 +18,15 @@ quint64 truncated(double value, quint64 limit)
 
 } // namespace
 
-TempoMap::TempoMap(const Track &track, int sampleRate)
+TempoMap::TempoMap(const Track &track, int sampleRate, double factor)
 {
     const auto initial = track.ticksPerMinute() > 0 ? track.ticksPerMinute() : defaultTicksPerMinute;
-    segments_.append({0, 0, samplesPerTick(sampleRate, initial)});
+    segments_.append({0, 0, samplesPerTick(sampleRate, initial, factor)});
     for (const auto &event : track.events()) {
         if (event.kind() != TrackEvent::Tempo || event.ticksPerMinute() <= 0)
             continue;
         const auto startSamples = segments_.last().samplesAt(event.start());
-        segments_.append({event.start(), startSamples, samplesPerTick(sampleRate, event.ticksPerMinute())});
+        segments_.append({event.start(), startSamples, samplesPerTick(sampleRate, event.ticksPerMinute(), factor)});
     }
 }
 

@@ -12,9 +12,9 @@ class TempoMap
 public:
     TempoMap() = default;
 
-    // The tempo at the track's start and its Tempo events. A tempo of 0 or less leaves the one before it in force, at
-    // the start the default one. The events must be normalised. [any]
-    TempoMap(const Track &track, int sampleRate);
+    // The tempo at the track's start and its Tempo events, all of them times the factor (above 0). A tempo of 0 or less
+    // leaves the one before it in force, at the start the default one. The events must be normalised. [any]
+    TempoMap(const Track &track, int sampleRate, double factor = 1);
 
     // Limited to maxSamples, for a tick that no one can wait for. [any]
     quint64 samplesAt(Ticks tick) const;

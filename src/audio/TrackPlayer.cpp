@@ -93,6 +93,21 @@ void TrackPlayer::precacheInstrument(const Instrument &instrument, const Track &
     postUntilStopped(&PlayerWorker::precacheInstrument, instrument, track);
 }
 
+void TrackPlayer::setLoop(const std::optional<LoopRegion> &loop)
+{
+    post(&PlayerWorker::setLoop, loop);
+}
+
+void TrackPlayer::setTempoFactor(double factor)
+{
+    post(&PlayerWorker::setTempoFactor, factor);
+}
+
+void TrackPlayer::setOffset(const QString &trackId, double milliseconds)
+{
+    post(&PlayerWorker::setOffset, trackId, milliseconds);
+}
+
 void TrackPlayer::setMasterVolume(float volume)
 {
     post(&PlayerWorker::setMasterVolume, volume);

@@ -44,6 +44,9 @@ public slots:
     void muteTrack(const QString &trackId, bool mute);
     void changeInstrument(const QString &trackId, const Instrument &instrument);
     void precacheInstrument(const Instrument &instrument, const Track &track);
+    void setLoop(const std::optional<LoopRegion> &loop);
+    void setTempoFactor(double factor);
+    void setOffset(const QString &trackId, double milliseconds);
     void setMasterVolume(float volume);
     void setVolume(const QString &trackId, float volume);
     void setPan(const QString &trackId, float pan);

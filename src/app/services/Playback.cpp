@@ -91,6 +91,22 @@ void Playback::seek(Ticks position)
     player_.seekSynced(quint64(position), syncGroup);
 }
 
+void Playback::setLoop(const std::optional<LoopRegion> &region)
+{
+    player_.setLoop(region);
+}
+
+void Playback::setTempoFactor(double factor)
+{
+    player_.setTempoFactor(std::clamp(factor, 0.25, 2.0));
+}
+
+void Playback::setStartOffset(const QString &trackId, double milliseconds)
+{
+    offsets_[trackId] = milliseconds;
+    player_.setOffset(trackId, milliseconds);
+}
+
 PlayRequest Playback::requestFor(const SongTrack &track, PlayRequest::Begin begin, Ticks from) const
 {
     return {.trackId = track.id,
@@ -100,7 +116,8 @@ PlayRequest Playback::requestFor(const SongTrack &track, PlayRequest::Begin begi
             .syncGroup = syncGroup,
             .isMuted = track.isMuted,
             .begin = begin,
-            .from = from};
+            .from = from,
+            .offset = offsets_.value(track.id)};
 }
 
 void Playback::follow(const SongTracks &before, const SongTracks &after)

@@ -4,8 +4,11 @@
 #include "audio/PlayRequest.h"
 #include "ui/tracks/TrackList.h"
 
+#include <QHash>
 #include <QObject>
 #include <QSet>
+
+#include <optional>
 
 class TrackPlayer;
 
@@ -34,6 +37,12 @@ public:
     void stop();               // the loading, too
     void seek(Ticks position); // all tracks together
 
+    // These hold until they are changed, and are heard at once while it plays. See PlayerWorker.
+    void setLoop(const std::optional<LoopRegion> &region);
+    void setTempoFactor(double factor); // 0.25 … 2
+    // Milliseconds by which a part comes in later than the others, or sooner.
+    void setStartOffset(const QString &trackId, double milliseconds);
+
 signals:
     void playingChanged(bool isPlaying);
     // Playing waits for samples: of this one of so many tracks (from 1), so much per cent of what it needs at first are
@@ -57,6 +66,7 @@ private:
     TrackPlayer &player_;
     QString defaultInstrument_;
     QSet<QString> playing_;
+    QHash<QString, double> offsets_; // milliseconds; none is 0
     bool isStarting_ = false;
     int stopsUnderWay_ = 0; // that the player was asked for and has not told yet
 };

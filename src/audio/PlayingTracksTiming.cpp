@@ -1,0 +1,95 @@
+// Where the tracks are, and how fast they go.
+#include "audio/PlayingTracks.h"
+
+#include <algorithm>
+
+void PlayingTracks::setLoop(const std::optional<LoopRegion> &loop)
+{
+    loop_ = loop;
+    playedLoop_ = playbackLoop();
+    applyTiming();
+}
+
+void PlayingTracks::setTempoFactor(double factor)
+{
+    tempoFactor_ = factor;
+    playedLoop_ = playbackLoop();
+    applyTiming();
+}
+
+// All tracks go round together, in the time of the longest.
+std::optional<PlaybackLoop> PlayingTracks::playbackLoop() const
+{
+    const auto isShorter = [](const PlayingTrack &a, const PlayingTrack &b) {
+        return a.playback.track().length() < b.playback.track().length();
+    };
+    const auto longest = std::max_element(tracks_.begin(), tracks_.end(), isShorter);
+    if (!loop_ || longest == tracks_.end())
+        return std::nullopt;
+    const TempoMap tempo(longest->playback.track(), engine_.sampleRate(), tempoFactor_);
+    const auto period = tempo.samplesAt(loop_->end) - tempo.samplesAt(loop_->begin);
+    const auto shortest = DspClock(engine_.sampleRate()) / 20;
+    if (loop_->end <= loop_->begin || period < shortest)
+        return std::nullopt;
+    return PlaybackLoop{loop_->begin, loop_->end, period};
+}
+
+// The longest track, or its tempo, may be another one.
+void PlayingTracks::followLoop()
+{
+    const auto loop = playbackLoop();
+    if (loop == playedLoop_)
+        return;
+    playedLoop_ = loop;
+    applyTiming();
+}
+
+void PlayingTracks::applyTiming()
+{
+    for (auto track = tracks_.begin(); track != tracks_.end(); ++track)
+        retime(track.key(), *track, TrackPlayback(track->playback));
+    lookAheadAgain();
+}
+
+// Notes that sound already end as they would have.
+void PlayingTracks::retime(const QString &trackId, PlayingTrack &track, const TrackPlayback &before)
+{
+    const auto now = engine_.clock();
+    track.playback.setTiming(tempoFactor_, playedLoop_, now);
+    if (!track.hasBegun(now))
+        track.place(track.from, track.begins);
+    if (!track.isHeld)
+        schedule(trackId, track, notes_.handOver(trackId, before, track.playback, SoundingNotes::Begun::Stay));
+}
+
+void PlayingTracks::setOffset(const QString &trackId, double milliseconds)
+{
+    const auto track = tracks_.find(trackId);
+    if (track == tracks_.end())
+        return;
+    const auto before = track->playback;
+    track->playback.setOffset(samplesOf(milliseconds));
+    retime(trackId, *track, before);
+    lookAheadAgain();
+}
+
+void PlayingTracks::seek(Ticks tick,
+                         const std::function<bool(const QString &trackId, const PlayingTrack &)> &isSelected)
+{
+    const auto forSelected = [&](const auto &action) {
+        for (auto track = tracks_.begin(); track != tracks_.end(); ++track) {
+            if (isSelected(track.key(), *track))
+                action(track.key(), *track);
+        }
+    };
+    forSelected([&](const QString &id, PlayingTrack &track) {
+        track.place(tick, track.isHeld ? engine_.clock() + notes_.lookAhead() : engine_.clock());
+        notes_.forgetLateNotes(id);
+    });
+    lookAheadAgain();
+    // At once: the notes at the new position would be late in the next pass.
+    forSelected([&](const QString &id, PlayingTrack &track) {
+        if (!track.isHeld)
+            schedule(id, track);
+    });
+}
