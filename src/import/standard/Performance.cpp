@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <utility>
 
 namespace {
 
@@ -206,6 +207,7 @@ public:
         : score_(score), items_(score.items), graces_(graces), stop_(stop)
     {
         performed_.notes.reserve(int(score.notes.size()));
+        noteSigns();
     }
 
     PerformedVoice perform(const QString &partOrder)
@@ -232,6 +234,8 @@ private:
     void play(qsizetype begin, qsizetype end);
     void playParts(const QString &order);
     void spend(qint64 cost);
+    void noteSigns();
+    void showSigns(const ScoreItem &item);
     void playItem(const ScoreItem &item);
     void sound(const ScoreItem &item);
     Fraction playGraces(const ScoreItem &item);
@@ -246,6 +250,13 @@ private:
     GraceNotes graces_;
     const std::stop_token &stop_;
     PerformedVoice performed_;
+    struct Signs // that stand last before an item; null: none
+    {
+        const ScoreItem *key = nullptr;
+        const ScoreItem *metre = nullptr;
+    };
+    QVector<Signs> signs_; // of each item, itself included; empty when there are none but at the begin
+    Signs shown_;
     MusicTime now_;
     MusicTime measureStart_;
     int measure_ = 0;
@@ -292,9 +303,40 @@ void Performer::playParts(const QString &order)
     }
 }
 
+void Performer::noteSigns()
+{
+    const auto isSign = [](const ScoreItem &item) { return item.kind == Kind::Key || item.kind == Kind::Metre; };
+    const auto firstSound = std::find_if_not(items_.begin(), items_.end(), isSign);
+    if (std::none_of(firstSound, items_.end(), isSign))
+        return;
+    Signs signs;
+    signs_.reserve(items_.size());
+    for (const auto &item : items_) {
+        if (item.kind == Kind::Key)
+            signs.key = &item;
+        else if (item.kind == Kind::Metre)
+            signs.metre = &item;
+        signs_.append(signs);
+    }
+}
+
+// The key and metre of the place where playing goes on hold there again, whatever came since.
+void Performer::showSigns(const ScoreItem &item)
+{
+    if (signs_.isEmpty())
+        return;
+    const auto tick = now_.rounded();
+    const auto shown = std::exchange(shown_, signs_[int(&item - items_.data())]);
+    if (const auto *const key = shown_.key; key != shown.key && key != nullptr)
+        performed_.changes.append(TrackEvent::key(tick, key->first, key->second));
+    if (const auto *const metre = shown_.metre; metre != shown.metre && metre != nullptr)
+        performed_.changes.append(TrackEvent::metre(tick, metre->first, metre->second));
+}
+
 void Performer::playItem(const ScoreItem &item)
 {
     spend(1 + qint64(item.notes.count));
+    showSigns(item);
     const auto tick = now_.rounded();
     switch (item.kind) {
     case Kind::Sound:
@@ -311,12 +353,6 @@ void Performer::playItem(const ScoreItem &item)
     case Kind::ChordName:
         if (layer_ == 0)
             performed_.chords.push_back({tick, item.text, int(item.first)});
-        break;
-    case Kind::Key:
-        performed_.changes.append(TrackEvent::key(tick, item.first, item.second));
-        break;
-    case Kind::Metre:
-        performed_.changes.append(TrackEvent::metre(tick, item.first, item.second));
         break;
     case Kind::Tempo:
         performed_.tempos.append(TrackEvent::tempo(tick, item.first, item.second, item.perMinute));

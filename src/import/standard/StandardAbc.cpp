@@ -33,6 +33,8 @@ QString chordChart(const Voice &voice)
             chart += u' ';
         chart.append(word.data(), int(word.size()));
     }
+    while (chart.endsWith(QStringLiteral(" | |"))) // measures at the end without any
+        chart.chop(2);
     return QStringLiteral("Chords: ") + chart;
 }
 

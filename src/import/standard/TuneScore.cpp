@@ -37,6 +37,25 @@ std::map<QString, QString> usualSymbols()
     return symbols;
 }
 
+ScoreItem itemOf(const KeySignature &key)
+{
+    ScoreItem item;
+    item.kind = ScoreItem::Kind::Key;
+    item.first = key.row;
+    item.second = key.mode;
+    return item;
+}
+
+// Without a metre: what counts as a measure.
+ScoreItem itemOf(const HeaderFields::Metre &metre)
+{
+    ScoreItem item;
+    item.kind = ScoreItem::Kind::Metre;
+    item.first = metre.isNone() ? 4 : metre.numerator;
+    item.second = metre.isNone() ? 4 : metre.denominator;
+    return item;
+}
+
 class TuneReader : public MusicLineListener
 {
 public:
@@ -62,6 +81,7 @@ private:
     void readDirective(QStringView text);
     void readPlayDirective(const QStringList &words);
     Voice &voiceOf(QStringView value);
+    void beginVoice(Voice &voice) const;
     void switchVoice(QStringView value);
     void refuseMacros(const TunebookTune &tune) const;
     // Where a directive speaks of one voice, or of all that come.
@@ -186,15 +206,16 @@ void TuneReader::finishHeader()
         score_.tempo = readTempoField(tempoText_, score_.start.unitLength, bareTempo_);
         score_.unreadable += score_.tempo ? 0 : 1;
     }
-    for (auto &voice : score_.voices) {
-        auto settings = score_.start;
-        settings.shift.take(voice.settings.shift);
-        voice.settings = settings;
-    }
     if (score_.voices.empty())
         voiceOf(unnamedId_);
     else
         isVoiceNamed_ = true;
+    for (auto &voice : score_.voices) {
+        auto settings = score_.start;
+        settings.shift.take(voice.settings.shift);
+        voice.settings = settings;
+        beginVoice(voice);
+    }
     current_ = &score_.voices.front();
 }
 
@@ -254,22 +275,14 @@ void TuneReader::readKey(QStringView value)
     if (!key.signature)
         return;
     current_->changeKey(*key.signature);
-    ScoreItem item;
-    item.kind = ScoreItem::Kind::Key;
-    item.first = key.signature->row;
-    item.second = key.signature->mode;
-    current_->append(item);
+    current_->append(itemOf(*key.signature));
 }
 
 void TuneReader::readMetre(QStringView value)
 {
     const auto metre = readMetreField(value);
     current_->settings.metre = metre;
-    ScoreItem item;
-    item.kind = ScoreItem::Kind::Metre; // what counts as a measure without one
-    item.first = metre.isNone() ? 4 : metre.numerator;
-    item.second = metre.isNone() ? 4 : metre.denominator;
-    current_->append(item);
+    current_->append(itemOf(metre));
 }
 
 void TuneReader::readTempo(QStringView value)
@@ -301,6 +314,13 @@ void TuneReader::readPart(QStringView value)
     parts_.append(value.at(0));
 }
 
+// What the header says holds wherever playing goes back to before a change.
+void TuneReader::beginVoice(Voice &voice) const
+{
+    voice.append(itemOf(score_.start.key));
+    voice.append(itemOf(score_.start.metre));
+}
+
 Voice &TuneReader::voiceOf(QStringView value)
 {
     const auto text = value.toString();
@@ -311,6 +331,8 @@ Voice &TuneReader::voiceOf(QStringView value)
             throw QStringLiteral("Too many voices.");
         auto &voice = score_.voices.emplace_back();
         voice.settings = score_.start;
+        if (current_ != nullptr) // the header is over
+            beginVoice(voice);
         for (const auto part : std::as_const(parts_)) {
             ScoreItem item;
             item.kind = ScoreItem::Kind::Part;

@@ -165,6 +165,8 @@ private slots:
             "T: A\nL: 1/8\nM: 3/4\nQ: 1/4=90\nK: G\nG2 A2 B2 \n");
         row("fields once", "T:A; M:2/4; L:1/4; K:C", "|:[M:2/4][K:C]CD|[M:none]E:|",
             "T: A\nL: 1/4\nM: 2/4\nQ: 1/4=120\nK: C\nC D \nM: 4/4\nE \nM: 2/4\nC D \nM: 4/4\nE \n");
+        row("each part in its key", "T:A; L:1/4; P:ABA; K:G", "P:A\n\"G\"FG|\nP:B\nK:C\nFG|",
+            "T: A\nL: 1/4\nN: Chords: G |\nQ: 1/4=120\nK: G\nF G \nK: C\nF G \nK: G\nF G \n");
         row("decorations", "T:A; U:W=!fermata!; K:C", "!trill!C TDWE.F|",
             "T: A\nL: 1/8\nN: Decorations: fermata, staccato, trill (2)\nQ: 1/4=120\nK: C\nC D E F \n");
     }
