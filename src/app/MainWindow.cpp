@@ -51,7 +51,7 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
       songs_(context(), save_, [this] { return editors_.closeStrays(); }), import_(context(), importQueue_, songs_),
       recovery_(context(), journal_, services.journalFolder, [this](const auto &then) { songs_.leaveFor(then); }),
       trackCommands_(context(), importQueue_), instrumentCommands_(context(), instruments_, *instrumentList_),
-      transportCommands_(context(), player_, *masterVolume_), export_(context(), services.makeFileEngine),
+      transportCommands_(context(), transport_, player_, *masterVolume_), export_(context(), services.makeFileEngine),
       program_(context()), status_(*this), reports_(new ImportReports(*this)),
       playbackView_(*rows_, *area_, *masterMeter_)
 {
@@ -108,6 +108,7 @@ void MainWindow::connectParts()
     connect(&editors_, &EditorWindows::saveRequested, this, [this](const QString &id) { saveEdited(id); });
     connect(&instrumentCommands_, &InstrumentCommands::scanned, &importQueue_, &ImportQueue::open);
     connect(&instrumentCommands_, &InstrumentCommands::scanned, &songs_, &SongCommands::begin);
+    connect(&instrumentCommands_, &InstrumentCommands::scanned, this, &MainWindow::showStandIn);
     connect(area_, &SongArea::seek, this, &MainWindow::onTrackSeek);
     connect(&transport_, &Transport::positionChanged, this, &MainWindow::onPositionChanged);
     connect(&transport_, &Transport::measuresChanged, this, [this] { area_->setMeasures(transport_.measures()); });
@@ -141,7 +142,7 @@ void MainWindow::connectParts()
             [this](const ReportedPlace &place) { editors_.openAt(place.trackId, place.tick); });
     connect(&tracks_, &TrackList::songChanged, this, &MainWindow::updateActions);
     connect(&tracks_, &TrackList::selectionChanged, this, &MainWindow::updateActions);
-    connect(&playback_, &Playback::playingChanged, this, &MainWindow::updateActions);
+    connect(&playback_, &Playback::playingChanged, this, &MainWindow::onPlayingChanged);
     connect(&trackCommands_, &TrackCommands::workingChanged, this, &MainWindow::updateActions);
 }
 
@@ -173,8 +174,10 @@ void MainWindow::connectRow(const QString &id, TrackWidget *row)
     connect(row, &TrackWidget::trackSeek, this, &MainWindow::onTrackSeek);
     connect(row, &TrackWidget::trackMoveUp, this, [=, this] { onMoveTrackUp(id); });
     connect(row, &TrackWidget::trackMoveDown, this, [=, this] { onMoveTrackDown(id); });
-    connect(row, &TrackWidget::trackSelected, this,
-            [=, this](bool isSelected) { onTrackSelectionChanged(id, isSelected); });
+    connect(row, &TrackWidget::trackSelected, this, [=, this](bool isSelected, Qt::KeyboardModifiers modifiers) {
+        onTrackSelectionChanged(id, isSelected, modifiers);
+    });
+    connect(row, &TrackWidget::trackTransposed, this, [=, this](int semitones) { onTrackTransposed(id, semitones); });
     connect(row, &TrackWidget::previewNote, this, [=, this](int semitone) { onPreviewNote(id, semitone); });
     connect(row, &TrackWidget::stopPreview, this, &MainWindow::onStopPreview);
     connect(row, &TrackWidget::editorRequested, this, [=, this] { editors_.open(id); });
@@ -239,6 +242,21 @@ void MainWindow::stopArrivals()
 {
     trackCommands_.cancelWork();
     importQueue_.reading().cancel();
+}
+
+void MainWindow::showStandIn()
+{
+    rows_->setStandIn(playback_.resolvedName({}));
+}
+
+// What was too loud before is heard of no more.
+void MainWindow::onPlayingChanged(bool isPlaying)
+{
+    updateActions();
+    if (!isPlaying)
+        return;
+    rows_->forgetClips();
+    masterMeter_->forgetClips();
 }
 
 // What belongs to the whole song.

@@ -133,7 +133,8 @@ public slots:
     void onTrackSeek(qint64 ticks);
     void onMoveTrackUp(const QString &trackId);
     void onMoveTrackDown(const QString &trackId);
-    void onTrackSelectionChanged(const QString &trackId, bool isSelected);
+    void onTrackTransposed(const QString &trackId, int semitones);
+    void onTrackSelectionChanged(const QString &trackId, bool isSelected, Qt::KeyboardModifiers modifiers);
     void onPreviewNote(const QString &trackId, int semitone);
     void onStopPreview();
     void onLoadingSample(const QString &samplePath);
@@ -163,6 +164,8 @@ private:
     void saveEdited(const QString &trackId);
     void showDrafts();
     void updateActions();
+    void showStandIn();
+    void onPlayingChanged(bool isPlaying);
     void showTitle();
     void showSong();
     void showPlace(const ReportedPlace &place);

@@ -28,12 +28,12 @@ void MainWindow::onImportMidi()
 
 void MainWindow::onPlay()
 {
-    transport_.play();
+    transportCommands_.play();
 }
 
 void MainWindow::onPlayPause()
 {
-    transport_.playOrPause();
+    transportCommands_.playOrPause();
 }
 
 void MainWindow::onStopAll()
@@ -214,6 +214,7 @@ void MainWindow::onWebsite()
 void MainWindow::onDefaultInstrumentChanged(const QString &name)
 {
     instrumentCommands_.setDefault(name);
+    showStandIn();
 }
 
 void MainWindow::onMasterVolumeChanged(int percent)
@@ -272,27 +273,27 @@ void MainWindow::onNoteReleased(const QString &trackId, int eventIndex)
 
 void MainWindow::onTrackMuteChanged(const QString &trackId)
 {
-    tracks_.setMuted({trackId}, rows_->row(trackId)->isMuted());
+    tracks_.setMuted(tracks_.withSelection(trackId), rows_->row(trackId)->isMuted());
 }
 
 void MainWindow::onTrackSolo(const QString &trackId)
 {
-    tracks_.solo(trackId);
+    tracks_.solo(tracks_.withSelection(trackId));
 }
 
 void MainWindow::onTrackInstrumentChanged(const QString &trackId)
 {
-    tracks_.setInstrument({trackId}, rows_->row(trackId)->instrumentName());
+    tracks_.setInstrument(tracks_.withSelection(trackId), rows_->row(trackId)->instrumentName());
 }
 
 void MainWindow::onTrackVolumeChanged(const QString &trackId)
 {
-    tracks_.setVolume(trackId, rows_->row(trackId)->volumePercent());
+    tracks_.setVolume(tracks_.withSelection(trackId), rows_->row(trackId)->volumePercent());
 }
 
 void MainWindow::onTrackPanChanged(const QString &trackId)
 {
-    tracks_.setPan(trackId, rows_->row(trackId)->panPercent());
+    tracks_.setPan(tracks_.withSelection(trackId), rows_->row(trackId)->panPercent());
 }
 
 void MainWindow::onTrackRemoved(const QString &trackId)
@@ -320,9 +321,14 @@ void MainWindow::onMoveTrackDown(const QString &trackId)
     trackCommands_.moveBy(trackId, 1);
 }
 
-void MainWindow::onTrackSelectionChanged(const QString &trackId, bool isSelected)
+void MainWindow::onTrackTransposed(const QString &trackId, int semitones)
 {
-    tracks_.setSelected(trackId, isSelected);
+    trackCommands_.transpose(trackId, semitones);
+}
+
+void MainWindow::onTrackSelectionChanged(const QString &trackId, bool isSelected, Qt::KeyboardModifiers modifiers)
+{
+    trackCommands_.select(trackId, isSelected, modifiers);
 }
 
 void MainWindow::onPreviewNote(const QString &trackId, int semitone)

@@ -46,7 +46,8 @@ void fillInstrumentBar(QToolBar &bar, const WindowActions &actions, InstrumentCo
 
 void fillMeterBar(QToolBar &bar, VUMeter &meter, QSlider &volume)
 {
-    describe(meter, "masterMeter", tr("Master level"), tr("The level of all tracks together"));
+    describe(meter, "masterMeter", tr("Master level"),
+             tr("The level of all tracks together; red at its end: it was too loud (click to put it out)"));
     meter.setMinimumWidth(200);
     bar.addWidget(&meter);
     auto *const speaker = new QLabel;

@@ -6,6 +6,8 @@
 #include <QStylePainter>
 #include <QWheelEvent>
 
+#include <utility>
+
 InstrumentComboBox::InstrumentComboBox(InstrumentSetModel &instruments, QWidget *parent) : QComboBox(parent)
 {
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
@@ -14,12 +16,20 @@ InstrumentComboBox::InstrumentComboBox(InstrumentSetModel &instruments, QWidget 
     setModel(&instruments);
 }
 
+void InstrumentComboBox::setMissing(const QString &name)
+{
+    if (std::exchange(missing_, name) != name)
+        update();
+}
+
 void InstrumentComboBox::paintEvent(QPaintEvent *)
 {
     QStyleOptionComboBox option;
     initStyleOption(&option);
     // The box by itself draws icons and pixmaps; the catalogue holds images.
     option.currentIcon = QIcon(QPixmap::fromImage(currentData(Qt::DecorationRole).value<QImage>()));
+    if (currentIndex() < 0)
+        option.currentText = missing_;
     QStylePainter painter(this);
     painter.setPen(palette().color(QPalette::Text));
     painter.drawComplexControl(QStyle::CC_ComboBox, option);

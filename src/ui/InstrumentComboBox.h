@@ -13,7 +13,13 @@ class InstrumentComboBox : public QComboBox
 public:
     explicit InstrumentComboBox(InstrumentSetModel &instruments, QWidget *parent = nullptr);
 
+    // The name of an instrument that the catalogue lacks, shown while none of it is chosen.
+    void setMissing(const QString &name);
+
 protected:
     void paintEvent(QPaintEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+
+private:
+    QString missing_;
 };

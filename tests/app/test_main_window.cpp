@@ -125,7 +125,12 @@ private slots:
         bare.window().onNewTrack();
         QTRY_COMPARE(bare.tracks().ids().size(), 1);
         bare.trigger("actionPlay");
-        QTRY_VERIFY(!bare.window().isLoading());
+        QVERIFY(bare.dialogs().messages.isEmpty()); // there is nothing to hear
+        bare.dialogs().answerOrCancel = Dialogs::Answer::Yes;
+        QVERIFY(bare.import(jig, 3));
+        bare.trigger("actionPlay");
+        QVERIFY(bare.dialogs().takeMessages().join(u' ').contains(QStringLiteral("nothing can be heard")));
+        QTRY_VERIFY(!bare.action("actionStop")->isEnabled());
     }
 
     void mutesAndSolosFromTheRows()
@@ -150,6 +155,49 @@ private slots:
         QVERIFY(!fixture_->row(0)->isSelected() && fixture_->row(2)->isSelected());
         fixture_->tracks().history().setIndex(1);
         QCOMPARE(muted(), QStringLiteral("---"));
+    }
+
+    // What is done in one ticked row is done in all of them, in one step.
+    void changesAllTickedRows()
+    {
+        QVERIFY(fixture_->import(hymn, 4));
+        QTest::mouseClick(fixture_->row(1), Qt::LeftButton, Qt::ControlModifier, {3, 3});
+        QTest::mouseClick(fixture_->row(3), Qt::LeftButton, Qt::ShiftModifier, {3, 3});
+        QTest::mouseClick(fixture_->row(2), Qt::LeftButton, Qt::ControlModifier, {3, 3});
+        auto &tracks = fixture_->tracks();
+        const auto ids = tracks.ids();
+        QCOMPARE(tracks.selectedIds(), QStringList({ids[1], ids[3]}));
+
+        const auto &history = tracks.history();
+        const auto start = history.count();
+        const auto pitch = [&](int row) {
+            const auto &events = tracks.song()[row]->track->events();
+            return std::find_if(events.begin(), events.end(), [](const auto &event) { return event.isNote(); })
+                ->pitch();
+        };
+        const auto first = pitch(3);
+        auto *const instrument = fixture_->inRow<QComboBox>(3, "cboInstrument");
+        const auto other = instrument->itemText(instrument->currentIndex() == 0 ? 1 : 0);
+        fixture_->inRow<QDial>(1, "dlVolume")->setValue(40);
+        fixture_->inRow<QDial>(1, "dlPan")->setValue(-30);
+        fixture_->inRow<QCheckBox>(3, "btnMute")->click();
+        fixture_->inRow<QToolButton>(1, "btnSolo")->click();
+        instrument->setCurrentText(other);
+        fixture_->row(3)->onTransposeUp();
+        QTRY_COMPARE(history.count(), start + 6);
+        for (const int row : {1, 3}) {
+            const auto &track = *tracks.song()[row];
+            QVERIFY(track.volume == 40 && track.pan == -30 && !track.isMuted && track.instrument == other);
+            QVERIFY(fixture_->inRow<QToolButton>(row, "btnSolo")->isChecked());
+        }
+        QCOMPARE(pitch(3), first + 12);
+        QVERIFY(tracks.song()[0]->isMuted && tracks.song()[0]->volume == 100);
+        QVERIFY(!fixture_->inRow<QToolButton>(0, "btnSolo")->isChecked());
+        fixture_->inRow<QDial>(2, "dlVolume")->setValue(7); // is not ticked
+        QVERIFY(tracks.song()[2]->volume == 7 && tracks.song()[1]->volume == 40);
+        fixture_->trigger("actionUndo");
+        fixture_->trigger("actionUndo");
+        QCOMPARE(pitch(3), first);
     }
 
     void appliesInstruments()
@@ -226,6 +274,7 @@ private slots:
         fixture_->trigger("actionUndo");
         QCOMPARE(fixture_->tracks().song(), before);
         fixture_->trigger("actionClean_Quantise");
+        fixture_->tracks().setSelected(fixture_->tracks().ids().first(), false);
         fixture_->row(0)->onTransposeUp(); // meanwhile
         QTRY_COMPARE(fixture_->tracks().history().undoText(), QStringLiteral("Clean Quantise"));
         QVERIFY(fixture_->tracks().song()[0]->track->events()[2].start() != 2 * ticksPerQuarter);
@@ -239,7 +288,7 @@ private slots:
         tracks.add(QStringLiteral("Import"), QVector<NewTrack>(40));
         QVERIFY(fixture_->row(0) && !fixture_->row(39));
         tracks.move(tracks.ids()[39], 0);
-        tracks.setVolume(tracks.ids()[38], 3);
+        tracks.setVolume({tracks.ids()[38]}, 3);
         fixture_->trigger("actionSelect_All");
         const auto isComplete = [&] {
             bool isSo = true;

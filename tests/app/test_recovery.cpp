@@ -30,8 +30,8 @@ class TestRecovery : public QObject
         QVERIFY(fixture_->import(jig, 3));
         auto &tracks = fixture_->tracks();
         const auto ids = tracks.ids();
-        tracks.setVolume(ids[0], 17);
-        tracks.setPan(ids[1], -40);
+        tracks.setVolume({ids[0]}, 17);
+        tracks.setPan({ids[1]}, -40);
         tracks.setMuted({ids[2]}, true);
         tracks.move(ids[2], 0);
         session().setMasterVolume(61);
@@ -95,7 +95,7 @@ private slots:
 
         // The new journal has replaced the old one, and what is changed now is in it.
         QTRY_COMPARE(journals(), 1);
-        fixture_->tracks().setVolume(fixture_->tracks().ids()[2], 5);
+        fixture_->tracks().setVolume({fixture_->tracks().ids()[2]}, 5);
         const auto next = session().song();
         crash();
         const auto lost = JournalFolder::recoverable(folder());
@@ -112,7 +112,7 @@ private slots:
         fixture_->trigger("actionSave_Song");
         QVERIFY(fixture_->waitUntilSaved());
         for (const bool isChanged : {false, true}) {
-            fixture_->tracks().setVolume(fixture_->tracks().ids()[0], isChanged ? 9 : 8);
+            fixture_->tracks().setVolume({fixture_->tracks().ids()[0]}, isChanged ? 9 : 8);
             const auto song = session().song();
             crash();
             if (isChanged)
@@ -248,7 +248,7 @@ private slots:
         QVERIFY(fixture_->import(jig, 3));
         auto *const problem = fixture_->child<QLabel>("journalProblem");
         QTRY_VERIFY(problem->isVisible());
-        fixture_->tracks().setVolume(fixture_->tracks().ids()[0], 3);
+        fixture_->tracks().setVolume({fixture_->tracks().ids()[0]}, 3);
         QVERIFY(QFile::remove(folder()));
         QTRY_VERIFY(!problem->isVisible());
         const auto song = session().song();

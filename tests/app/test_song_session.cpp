@@ -35,7 +35,7 @@ void openParts(WindowFixture &fixture)
 
 void turnVolume(WindowFixture &fixture)
 {
-    fixture.tracks().setVolume(only(fixture), 40);
+    fixture.tracks().setVolume({only(fixture)}, 40);
 }
 
 void turnMasterVolume(WindowFixture &fixture)
@@ -437,7 +437,7 @@ private slots:
         }
         QCOMPARE(dialogs.starts.last(), fixture_->path("song.kvsong")); // proposed
         turnVolume(*fixture_);
-        fixture_->tracks().setVolume(only(*fixture_), 3);
+        fixture_->tracks().setVolume({only(*fixture_)}, 3);
         fixture_->trigger("actionSave_Song");
         QVERIFY(fixture_->waitUntilSaved());
         QCOMPARE(WindowFixture::read(fixture_->path("song.kvsong")), first);

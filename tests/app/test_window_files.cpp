@@ -143,7 +143,7 @@ private slots:
         QVERIFY(fixture_->import(file, 1));
         fixture_->dialogs().answerOrCancel = Dialogs::Answer::No;
         QVERIFY(fixture_->import(jig, 4));
-        fixture_->tracks().setVolume(QStringLiteral("T1"), 30);
+        fixture_->tracks().setVolume({QStringLiteral("T1")}, 30);
         const auto before = fixture_->tracks().song();
         fixture_->dialogs().inDialog = [](QDialog &dialog) {
             dialog.findChild<QCheckBox *>(QStringLiteral("chkEndRestruck"))->click();
@@ -177,7 +177,7 @@ private slots:
     {
         QVERIFY(fixture_->import(jig, 3));
         const auto titles = fixture_->titles();
-        fixture_->tracks().setVolume(QStringLiteral("T3"), 30);
+        fixture_->tracks().setVolume({QStringLiteral("T3")}, 30);
         fixture_->row(0)->onRemoveClicked();
         fixture_->trigger("actionImport_Again");
         QTRY_COMPARE(fixture_->titles(), titles);
@@ -240,7 +240,7 @@ private slots:
         QGuiApplication::clipboard()->setText(QString::fromUtf8(abc("Unknown", "1/4=120", "I:Instrument:Kazoo\n")));
         fixture_->trigger("actionImport_from_Clipboard");
         QTRY_COMPARE(fixture_->tracks().song().size(), 2);
-        QCOMPARE(fixture_->row(1)->instrumentName(), fixture_->child<QComboBox>("instrumentList")->currentText());
+        QCOMPARE(fixture_->row(1)->instrumentName(), QStringLiteral("Kazoo")); // which is missing
     }
 
     void pastes_data()

@@ -237,7 +237,7 @@ private slots:
         QTRY_VERIFY(!fixture_->action("actionStop")->isEnabled());
 
         fixture_->trigger("actionPlay");
-        fixture_->tracks().setVolume(fixture_->tracks().ids().first(), 50); // a change while it loads
+        fixture_->tracks().setVolume({fixture_->tracks().ids().first()}, 50); // a change while it loads
         QTRY_VERIFY(busy->isVisible());
         QVERIFY(fixture_->action("actionStop")->isEnabled());
         GatedEngine::open(gate);
@@ -306,14 +306,14 @@ private slots:
         listen();
         QVERIFY(left("T1") == 0 && left("T2") > 0);
         tracks.setMuted({id}, false);
-        tracks.setPan(id, 100);
+        tracks.setPan({id}, 100);
         listen();
         QVERIFY(left("T1") == 0 && right("T1") > 0);
         tracks.history().undo();
-        tracks.setVolume(id, 0);
+        tracks.setVolume({id}, 0);
         listen();
         QVERIFY(left("T1") == 0 && right("T1") == 0);
-        tracks.setVolume(id, 50);
+        tracks.setVolume({id}, 50);
         listen();
         QVERIFY(left("T1") > 0 && left("T1") < 0.9F * usual);
         fixture_->child<QSlider>("slMasterVolume")->setValue(0);

@@ -2,11 +2,14 @@
 
 #include "app/commands/ImportQueue.h"
 #include "import/MergeTracks.h"
+#include "import/Transpose.h"
 #include "import/quantise/CleanQuantise.h"
 #include "ui/Dialogs.h"
 #include "ui/tracks/TrackList.h"
 
 #include <QMap>
+
+#include <algorithm>
 
 namespace {
 
@@ -17,17 +20,25 @@ Track merged(const QVector<Track> &sources)
     return track;
 }
 
-using Sources = QMap<QString, std::shared_ptr<const Track>>; // by the tracks' ids
-
-QMap<QString, Track> quantised(const Sources &sources, const std::stop_token &stop)
+QMap<QString, Track> edited(const TrackCommands::Sources &sources, const TrackCommands::Edit &edit,
+                            const std::stop_token &stop)
 {
     QMap<QString, Track> tracks;
     for (auto each = sources.begin(); each != sources.end(); ++each) {
-        auto track = cleanQuantised(**each, nullptr, stop);
+        auto track = edit(**each, stop);
         track.toAbc();
         tracks.insert(each.key(), track);
     }
     return tracks;
+}
+
+bool isShort(const TrackCommands::Sources &sources)
+{
+    constexpr int mostEvents = 2000; // within a blink
+    int events = 0;
+    for (const auto &source : sources)
+        events += int(source->events().size());
+    return events <= mostEvents;
 }
 
 } // namespace
@@ -109,30 +120,64 @@ void TrackCommands::mergeSelected()
     emit workingChanged();
 }
 
-// A track that was changed meanwhile stays as it is.
-void TrackCommands::cleanQuantiseSelected()
+TrackCommands::Sources TrackCommands::sourcesOf(const QStringList &ids) const
 {
-    const auto ids = context_.tracks.selectedIds();
-    if (ids.isEmpty() || isWorking())
-        return;
     Sources sources;
     for (const auto &id : ids)
         sources.insert(id, context_.tracks.find(id)->track);
-    const auto take = [this, sources](QMap<QString, Track> tracks) {
+    return sources;
+}
+
+// A track that was changed meanwhile stays as it is.
+void TrackCommands::editBeside(const QString &step, const Sources &sources, const Edit &edit)
+{
+    if (sources.isEmpty() || isWorking())
+        return;
+    const auto take = [=, this](QMap<QString, Track> tracks) {
         for (auto each = sources.begin(); each != sources.end(); ++each) {
             const auto *const now = context_.tracks.find(each.key());
             if (!now || now->track != *each)
                 tracks.remove(each.key());
         }
         emit workingChanged();
-        context_.tracks.setTracks(tr("Clean Quantise"), tracks);
+        context_.tracks.setTracks(step, tracks);
     };
-    const auto fail = [this](const QString &error) {
+    const auto fail = [=, this](const QString &error) {
         emit workingChanged();
-        context_.dialogs.message(&context_.window, Dialogs::Severity::Critical, tr("Clean Quantise"), error);
+        context_.dialogs.message(&context_.window, Dialogs::Severity::Critical, step, error);
     };
-    work_.start([sources](const TaskControl &control) { return quantised(sources, control.stop()); }, take, fail);
+    work_.start([=](const TaskControl &control) { return edited(sources, edit, control.stop()); }, take, fail);
     emit workingChanged();
+}
+
+void TrackCommands::cleanQuantiseSelected()
+{
+    editBeside(tr("Clean Quantise"), sourcesOf(context_.tracks.selectedIds()),
+               [](const Track &track, const std::stop_token &stop) { return cleanQuantised(track, nullptr, stop); });
+}
+
+void TrackCommands::transpose(const QString &id, int semitones)
+{
+    const auto step = tr("Transpose Track");
+    const auto sources = sourcesOf(context_.tracks.withSelection(id));
+    const auto transposed = [semitones](const Track &track, const std::stop_token &) {
+        return ::transpose(track, semitones);
+    };
+    if (isShort(sources))
+        context_.tracks.setTracks(step, edited(sources, transposed, {}));
+    else
+        editBeside(step, sources, transposed);
+}
+
+void TrackCommands::select(const QString &id, bool isSelected, Qt::KeyboardModifiers modifiers)
+{
+    const auto ids = context_.tracks.ids();
+    const auto last = modifiers & Qt::ShiftModifier ? ids.indexOf(lastSelected_) : -1;
+    const auto here = ids.indexOf(id);
+    const auto from = last < 0 ? here : std::min(last, here);
+    for (auto each = from; each <= std::max(last, here); ++each)
+        context_.tracks.setSelected(ids[each], isSelected);
+    lastSelected_ = id;
 }
 
 void TrackCommands::cancelWork()

@@ -4,8 +4,12 @@
 #include "app/commands/CommandContext.h"
 #include "base/Task.h"
 
+#include <QMap>
 #include <QObject>
 #include <QVector>
+
+#include <functional>
+#include <memory>
 
 class ImportQueue;
 class Track;
@@ -16,6 +20,9 @@ class TrackCommands : public QObject
     Q_OBJECT
 
 public:
+    using Sources = QMap<QString, std::shared_ptr<const Track>>; // by the tracks' ids
+    using Edit = std::function<Track(const Track &track, const std::stop_token &stop)>;
+
     TrackCommands(const CommandContext &context, ImportQueue &queue) : context_(context), queue_(queue) {}
 
     static QVector<ActionRow> actions();
@@ -26,10 +33,14 @@ public:
     void duplicateSelected();
     void muteSelected();
     void moveBy(const QString &id, int places);
+    // With Shift all tracks from the one that was selected or deselected last.
+    void select(const QString &id, bool isSelected, Qt::KeyboardModifiers modifiers);
 
     // These two beside the interface thread, since a million notes take a while, and one at a time.
     void mergeSelected(); // the sources stay
     void cleanQuantiseSelected();
+    // The track, and the selected ones when it is one of them; short ones at once.
+    void transpose(const QString &id, int semitones);
     bool isWorking() const { return work_.isRunning(); }
     void cancelWork();
 
@@ -37,7 +48,11 @@ signals:
     void workingChanged();
 
 private:
+    Sources sourcesOf(const QStringList &ids) const;
+    void editBeside(const QString &step, const Sources &sources, const Edit &edit);
+
     CommandContext context_;
     ImportQueue &queue_;
     Task work_;
+    QString lastSelected_; // or deselected
 };

@@ -1,13 +1,16 @@
 #include "app/commands/TransportCommands.h"
 
 #include "app/services/Playback.h"
+#include "app/services/Transport.h"
 #include "audio/TrackPlayer.h"
 #include "settings/Settings.h"
+#include "ui/Dialogs.h"
 
 #include <QSlider>
 
-TransportCommands::TransportCommands(const CommandContext &context, TrackPlayer &player, QSlider &masterVolume)
-    : context_(context), player_(player)
+TransportCommands::TransportCommands(const CommandContext &context, Transport &transport, TrackPlayer &player,
+                                     QSlider &masterVolume)
+    : context_(context), transport_(transport), player_(player)
 {
     masterVolume.setRange(0, 100);
     masterVolume.setValue(context_.settings.value(Settings::MasterVolume).toInt());
@@ -37,6 +40,32 @@ QVector<ActionRow> TransportCommands::actions()
          "onZoomWhole()", Available::WithTracks},
         {"actionFollow", "Follow Playback", "Ctrl+Shift+L", "Keep what sounds in view", "follow", "onFollow(bool)"},
     };
+}
+
+bool TransportCommands::maySound()
+{
+    if (context_.playback.hasSound())
+        return true;
+    const auto problem =
+        context_.playback.instruments().isEmpty()
+            ? tr("No instruments were found, so that nothing can be heard.\nPlease choose the game's folder under "
+                 "Tools, "
+                 "Preferences.")
+            : tr("None of the tracks' instruments has samples, so that nothing can be heard.\nPlease choose others.");
+    context_.dialogs.message(&context_.window, Dialogs::Severity::Warning, tr("Play"), problem);
+    return false;
+}
+
+void TransportCommands::play()
+{
+    if (maySound())
+        transport_.play();
+}
+
+void TransportCommands::playOrPause()
+{
+    if (context_.playback.isPlaying() || maySound())
+        transport_.playOrPause();
 }
 
 void TransportCommands::setMasterVolume(int percent)

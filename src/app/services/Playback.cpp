@@ -9,6 +9,12 @@ namespace {
 
 const QString syncGroup = QStringLiteral("Main");
 
+bool hasSamples(const Instrument &instrument)
+{
+    const auto &notes = instrument.tuning.notes;
+    return std::any_of(notes.begin(), notes.end(), [](const NoteEntry &note) { return !note.files.isEmpty(); });
+}
+
 QHash<QString, std::shared_ptr<const SongTrack>> byId(const SongTracks &song)
 {
     QHash<QString, std::shared_ptr<const SongTrack>> tracks;
@@ -56,7 +62,15 @@ QString Playback::instrumentNameFor(const Track &track) const
     const auto resolved = resolvedName(named);
     if (!named.isEmpty() && named != resolved)
         qWarning("%s: there is no instrument '%s'", qUtf8Printable(track.title()), qUtf8Printable(named));
-    return resolved;
+    return named.isEmpty() ? resolved : named;
+}
+
+bool Playback::hasSound() const
+{
+    const auto &song = list_.song();
+    const auto hasNotes = [](const auto &track) { return track->track->length() > 0; };
+    const auto sounds = [&](const auto &track) { return hasNotes(track) && hasSamples(instrument(track->instrument)); };
+    return std::none_of(song.begin(), song.end(), hasNotes) || std::any_of(song.begin(), song.end(), sounds);
 }
 
 template<typename Change>

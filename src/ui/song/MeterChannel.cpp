@@ -26,6 +26,7 @@ void MeterChannel::receive(float rms, float peak, qint64 now)
 {
     rms_ = rms;
     peak_ = peak;
+    hasClipped_ |= peak > 1.0F;
     shownRms_ = std::max(shownRms_, rms);
     shownPeak_ = std::max(shownPeak_, peak);
     if (peak > hold_ - 0.00001F) {

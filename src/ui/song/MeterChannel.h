@@ -13,6 +13,10 @@ public:
     float shownPeak() const { return shownPeak_; }
     float hold() const { return hold_; }
 
+    // That a peak was above full scale, until someone has seen it.
+    bool hasClipped() const { return hasClipped_; }
+    void forgetClip() { hasClipped_ = false; }
+
     // The bars rise at once.
     void receive(float rms, float peak, qint64 now);
 
@@ -28,6 +32,7 @@ private:
     float shownRms_ = 0;
     float shownPeak_ = 0;
     float hold_ = 0;
+    bool hasClipped_ = false;
     qint64 heldSince_ = 0; // when the hold value was last raised
 };
 

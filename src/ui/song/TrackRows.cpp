@@ -62,6 +62,7 @@ void TrackRows::showAll(const SongTracks &song)
     }
     add(rowsAtOnce);
     markChanged();
+    showSolos();
     hint_->setVisible(song.isEmpty());
 }
 
@@ -70,6 +71,26 @@ void TrackRows::setSpan(const TimeSpan &span)
     span_ = span;
     for (auto *const each : std::as_const(rows_))
         each->setSpan(span);
+}
+
+void TrackRows::setStandIn(const QString &instrument)
+{
+    standIn_ = instrument;
+    for (auto *const each : std::as_const(rows_))
+        each->setStandIn(instrument);
+}
+
+void TrackRows::forgetClips()
+{
+    for (auto *const each : std::as_const(rows_))
+        each->forgetClips();
+}
+
+void TrackRows::showSolos()
+{
+    const auto soloed = tracks_.soloed();
+    for (auto each = rows_.begin(); each != rows_.end(); ++each)
+        (*each)->setSoloed(soloed.contains(each.key()));
 }
 
 void TrackRows::setPosition(Ticks position)
@@ -210,8 +231,10 @@ void TrackRows::make(const std::shared_ptr<const SongTrack> &track)
     rows_.insert(track->id, made);
     made->setSpan(span_);
     made->setPosition(position_);
+    made->setStandIn(standIn_);
     made->setSelected(tracks_.isSelected(track->id));
     mark(track->id, *made);
+    made->setSoloed(tracks_.soloed().contains(track->id));
     followDrags(track->id, *made);
     connect(made, &TrackWidget::overviewMoved, this, &TrackRows::overviewsMoved);
     emit rowAdded(track->id, made);

@@ -33,6 +33,8 @@ public:
     // What all overviews show of the song, and where the line in them stands; of rows that are still to come, too.
     void setSpan(const TimeSpan &span);
     void setPosition(Ticks position);
+    void setStandIn(const QString &instrument);
+    void forgetClips();
     // Where the overviews lie from left to right; empty without rows.
     QRect overviewRect() const;
 
@@ -59,6 +61,7 @@ private:
     bool isComplete() const { return rows_.size() == tracks_.song().size(); }
     void mark(const QString &id, TrackWidget &row) const;
     void markChanged();
+    void showSolos();
     void arrange(const SongTracks &song);
     void rememberNew(const SongTracks &before, const SongTracks &after);
     void tellOfNew();
@@ -74,6 +77,7 @@ private:
     QHash<QString, TrackWidget *> rows_;
     TimeSpan span_;
     Ticks position_ = 0;
+    QString standIn_;                 // for instruments that are missing
     QPair<QString, QString> newRows_; // the first and the last, until they have their places
     QStringList toSelect_;            // rows that show an older selection
     int selectedAtOnce_ = 0;          // since the thread was idle

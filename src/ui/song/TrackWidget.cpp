@@ -1,7 +1,6 @@
 #include "ui/song/TrackWidget.h"
 
 #include "assets/InstrumentSetModel.h"
-#include "import/Transpose.h"
 #include "ui/Dialogs.h"
 #include "ui/Icons.h"
 #include "ui/InstrumentComboBox.h"
@@ -13,9 +12,11 @@
 
 #include <QCheckBox>
 #include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
 #include <QSignalBlocker>
+#include <QToolButton>
 
 #include <utility>
 
@@ -105,6 +106,11 @@ void TrackWidget::setDiffersFromFile(bool differs)
     lblTitle_->setAccessibleDescription(differs ? tr("differs from its file") : QString());
 }
 
+void TrackWidget::setSoloed(bool isSoloed)
+{
+    btnSolo_->setChecked(isSoloed);
+}
+
 int TrackWidget::volumePercent() const
 {
     return dlVolume_->value();
@@ -125,6 +131,25 @@ void TrackWidget::showInstrument()
 {
     const QSignalBlocker silent(cboInstrument_);
     cboInstrument_->setCurrentIndex(int(instruments_.instruments().names().indexOf(shown_->instrument)));
+    showMissingInstrument(cboInstrument_->currentIndex() < 0 && !shown_->instrument.isEmpty());
+}
+
+void TrackWidget::setStandIn(const QString &instrument)
+{
+    standIn_ = instrument;
+    showInstrument();
+}
+
+void TrackWidget::showMissingInstrument(bool isMissing)
+{
+    const auto name = shown_->instrument;
+    const auto usual = tr("Instrument for this track");
+    const auto problem = standIn_.isEmpty()
+                             ? tr("There is no instrument '%1'; nothing sounds").arg(name)
+                             : tr("There is no instrument '%1'; '%2' sounds instead").arg(name, standIn_);
+    cboInstrument_->setMissing(isMissing ? tr("%1 (missing)").arg(name) : QString());
+    cboInstrument_->setToolTip(isMissing ? problem : usual);
+    cboInstrument_->setAccessibleDescription(isMissing ? problem : QString());
 }
 
 void TrackWidget::onInstrumentChosen(int row)
@@ -159,6 +184,11 @@ void TrackWidget::releaseAllNotes()
     wVis_->releaseAllNotes();
 }
 
+void TrackWidget::forgetClips()
+{
+    vuMeter_->forgetClips();
+}
+
 void TrackWidget::setSpan(const TimeSpan &span)
 {
     wVis_->setSpan(span);
@@ -181,7 +211,18 @@ bool TrackWidget::eventFilter(QObject *watched, QEvent *event)
 void TrackWidget::onSelectChanged()
 {
     showSelection();
-    emit trackSelected(isSelected());
+    emit trackSelected(isSelected(), QGuiApplication::keyboardModifiers());
+}
+
+// Where the row has no controls.
+void TrackWidget::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && event->modifiers() & Qt::ShiftModifier)
+        emit trackSelected(true, event->modifiers());
+    else if (event->button() == Qt::LeftButton && event->modifiers() & Qt::ControlModifier)
+        emit trackSelected(!isSelected(), event->modifiers());
+    else
+        QFrame::mousePressEvent(event);
 }
 
 void TrackWidget::onMuteClicked()
@@ -215,12 +256,12 @@ void TrackWidget::onTrackChanged(const Track &track)
 
 void TrackWidget::onTransposeUp()
 {
-    emit trackChanged(tr("Transpose Track"), transpose(track(), 12));
+    emit trackTransposed(12);
 }
 
 void TrackWidget::onTransposeDown()
 {
-    emit trackChanged(tr("Transpose Track"), transpose(track(), -12));
+    emit trackTransposed(-12);
 }
 
 void TrackWidget::onSave()

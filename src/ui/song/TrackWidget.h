@@ -43,12 +43,16 @@ public:
 
     // That its file holds something else.
     void setDiffersFromFile(bool differs);
+    // It was chosen to sound alone, maybe with others.
+    void setSoloed(bool isSoloed);
+    // What sounds when the catalogue has no instrument of this name; empty: nothing.
+    void setStandIn(const QString &instrument);
 
     // What the controls say: what is shown, and while its signal is announced what the user wants.
     bool isMuted() const;
     int volumePercent() const; // 0..100
     int panPercent() const;    // -100 left … 100 right
-    // One that the catalogue lacks shows an empty box, and comes back when a later catalogue has it.
+    // One that the catalogue lacks is shown with what sounds instead, and comes back when a later catalogue has it.
     QString instrumentName() const;
 
     // What the player says.
@@ -57,6 +61,7 @@ public:
     void notePressed(int eventIndex);
     void noteReleased(int eventIndex);
     void releaseAllNotes();
+    void forgetClips();
 
     // The time that the overviews of all tracks share.
     void setSpan(const TimeSpan &span);
@@ -72,8 +77,9 @@ public:
 
 signals:
     void trackRemoved();
-    void trackChanged(const QString &step, const Track &wanted); // step: its name in the history, "Rename Track"
-    void trackSelected(bool selected);
+    void trackChanged(const QString &step, const Track &wanted);        // step: its name in the history, "Rename Track"
+    void trackTransposed(int semitones);                                // is to be
+    void trackSelected(bool selected, Qt::KeyboardModifiers modifiers); // with Shift: from the one before to this
     void trackMuteChanged();
     void trackSolo();
     void trackInstrumentChanged();
@@ -105,6 +111,7 @@ public slots:
 
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
     void changeEvent(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -116,6 +123,7 @@ private:
     void showTrack();
     void showMix();
     void showInstrument();
+    void showMissingInstrument(bool isMissing);
     void showSelection();
     void showMuted(bool isMuted);
     void onInstrumentChosen(int row);
@@ -124,6 +132,7 @@ private:
     Settings &settings_;
     Dialogs &dialogs_;
     std::shared_ptr<const SongTrack> shown_;
+    QString standIn_;
 
     DragHandle *dragHandle_ = nullptr;
     QCheckBox *chkSelect_;
@@ -135,6 +144,7 @@ private:
     QToolButton *btnUp_;
     QToolButton *btnDown_;
     QCheckBox *btnMute_;
+    QToolButton *btnSolo_;
     ValueDial *dlVolume_;
     ValueDial *dlPan_;
     TrackVisualizationWidget *wVis_;

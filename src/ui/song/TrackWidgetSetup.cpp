@@ -105,19 +105,25 @@ void TrackWidget::createChildren()
     btnMute_->setStyleSheet(TrackWidgetStyles::muteBox());
     btnMute_->setFocusPolicy(Qt::TabFocus);
 
+    btnSolo_ = makeButton(this, "btnSolo", "solo", tr("Solo: hear only this track, or all that are ticked with it"),
+                          tr("Solo"));
+    btnSolo_->setCheckable(true);
+    btnSolo_->setIconSize({16, 16});
+
     btnEdit_ = makeButton(this, "btnEdit", "edittrack", tr("Edit track"), tr("Edit track"));
     btnDelete_ = makeButton(this, "btnDelete", "deletetrack", tr("Delete track"), tr("Delete track"));
     btnUp_ = makeButton(this, "btnUp", "moveup", tr("Move up"), tr("Move track up"));
     btnDown_ = makeButton(this, "btnDown", "movedown", tr("Move down"), tr("Move track down"));
 
     vuMeter_ = new VUMeter(Qt::Vertical, this);
-    name(vuMeter_, "vuMeter", tr("Level of this track"), tr("Level of this track"));
+    name(vuMeter_, "vuMeter", tr("Level of this track; red at its end: it was too loud (click to put it out)"),
+         tr("Level of this track"));
 }
 
 QVector<QWidget *> TrackWidget::tabStops() const
 {
-    return {chkSelect_, lblTitle_, cboInstrument_, wVis_,  dlVolume_, dlPan_,
-            btnMute_,   btnEdit_,  btnDelete_,     btnUp_, btnDown_};
+    return {chkSelect_, lblTitle_, cboInstrument_, wVis_,      dlVolume_, dlPan_,
+            btnMute_,   btnSolo_,  btnEdit_,       btnDelete_, btnUp_,    btnDown_};
 }
 
 void TrackWidget::layOut()
@@ -154,7 +160,11 @@ void TrackWidget::layOut()
     row->addWidget(frVisContainer, 7);
     row->addLayout(belowIcon(dlVolume_, "speaker-volume"));
     row->addLayout(belowIcon(dlPan_, "speaker-panning"));
-    row->addWidget(btnMute_);
+    auto *const hearing = new QVBoxLayout;
+    hearing->setSpacing(0);
+    hearing->addWidget(btnMute_, 0, Qt::AlignHCenter);
+    hearing->addWidget(btnSolo_, 0, Qt::AlignHCenter);
+    row->addLayout(hearing);
     row->addWidget(vuMeter_);
     row->addLayout(buttons);
 }
@@ -165,6 +175,7 @@ void TrackWidget::connectChildren()
     connect(btnEdit_, &QToolButton::clicked, this, &TrackWidget::onEditABCClicked);
     connect(btnDelete_, &QToolButton::clicked, this, &TrackWidget::onRemoveClicked);
     connect(btnMute_, &QCheckBox::clicked, this, &TrackWidget::onMuteClicked);
+    connect(btnSolo_, &QToolButton::clicked, this, &TrackWidget::trackSolo);
     connect(lblTitle_, &TitleLabel::doubleClicked, this, &TrackWidget::onChangeTitle);
     connect(btnUp_, &QToolButton::clicked, this, &TrackWidget::trackMoveUp);
     connect(btnDown_, &QToolButton::clicked, this, &TrackWidget::trackMoveDown);

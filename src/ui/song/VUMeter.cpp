@@ -13,6 +13,7 @@ namespace {
 
 constexpr int decayIntervalMs = 20;
 constexpr int margin = 2;         // around the bars
+constexpr int clipLight = 5;      // its length
 constexpr int verticalScale = 20; // pixels beside the bars for the labels
 constexpr int horizontalScale = 12;
 
@@ -24,6 +25,7 @@ const QColor unlit(0x24, 0x27, 0x2A);
 const QColor quiet(0x38, 0xE0, 0x58);
 const QColor loud(0xFF, 0x40, 0x30);
 const QColor holdColour(0xF4, 0xF6, 0xF8);
+const QColor clipColour(0xFF, 0x18, 0x18);
 const QColor labelColour(0xB8, 0xBE, 0xC6);
 
 QFont tahoma()
@@ -84,6 +86,26 @@ void VUMeter::timerEvent(QTimerEvent *event)
         timer_.stop();
     if (changed)
         update(barsRect());
+}
+
+bool VUMeter::hasClipped() const
+{
+    return std::ranges::any_of(channels_, &MeterChannel::hasClipped);
+}
+
+void VUMeter::forgetClips()
+{
+    if (!hasClipped())
+        return;
+    for (auto &channel : channels_)
+        channel.forgetClip();
+    update(barsRect());
+}
+
+void VUMeter::mousePressEvent(QMouseEvent *event)
+{
+    forgetClips();
+    event->ignore(); // it is a click on what the meter is in, too
 }
 
 QString VUMeter::hoverText() const
@@ -242,6 +264,8 @@ void VUMeter::paintChannel(QPainter &painter, int channel) const
     const auto &levels = channels_[channel];
     lightUp(peakLight_, levels.shownPeak());
     lightUp(rmsLight_, levels.shownRms());
+    if (levels.hasClipped())
+        paintClip(painter, channel);
     const auto hold = positionOf(levels.hold());
     if (hold <= 0.0)
         return;
@@ -251,6 +275,16 @@ void VUMeter::paintChannel(QPainter &painter, int channel) const
     else
         mark.setLeft(mark.right());
     painter.fillRect(mark, holdColour);
+}
+
+void VUMeter::paintClip(QPainter &painter, int channel) const
+{
+    auto light = barRect(channel);
+    if (isVertical())
+        light.setHeight(clipLight);
+    else
+        light.setLeft(light.right() - clipLight + 1);
+    painter.fillRect(light, clipColour);
 }
 
 void VUMeter::paintHover(QPainter &painter) const

@@ -11,8 +11,9 @@
 #include <optional>
 
 // The levels of one or more channels as bars on a decibel scale from -48 to +6: a bright bar for the RMS level in front
-// of a dark one for the peak, and a mark that holds the highest peak. While the mouse is over it, it shows the level at
-// the mouse. On the interface thread.
+// of a dark one for the peak, and a mark that holds the highest peak. A light at the end of a bar says that its channel
+// was too loud, until a click puts it out. While the mouse is over it, it shows the level at the mouse. On the
+// interface thread.
 class VUMeter : public QWidget
 {
     Q_OBJECT
@@ -28,6 +29,9 @@ public:
     // Linear amplitudes. A channel that is not there is ignored.
     void setLevels(int channel, float rms, float peak);
 
+    bool hasClipped() const;
+    void forgetClips();
+
     // What the read-out shows; empty without a mouse.
     QString hoverText() const;
 
@@ -37,6 +41,7 @@ public:
 protected:
     void paintEvent(QPaintEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
@@ -53,6 +58,7 @@ private:
     QPixmap litPicture(int darkness) const;
     void paintScale(QPainter &painter) const;
     void paintChannel(QPainter &painter, int channel) const;
+    void paintClip(QPainter &painter, int channel) const;
     void paintHover(QPainter &painter) const;
 
     Qt::Orientation orientation_;

@@ -127,6 +127,11 @@ QStringList TrackList::selectedIds() const
     return selected;
 }
 
+QStringList TrackList::withSelection(const QString &id) const
+{
+    return isSelected(id) ? selectedIds() : QStringList(id);
+}
+
 void TrackList::setSelected(const QString &id, bool isSelected)
 {
     if (indexOf(id) < 0 || selected_.contains(id) == isSelected)
@@ -285,14 +290,14 @@ void TrackList::setInstrument(const QStringList &ids, const QString &instrument)
                [&](SongTrack &track) { track.instrument = instrument; });
 }
 
-void TrackList::setVolume(const QString &id, int percent)
+void TrackList::setVolume(const QStringList &ids, int percent)
 {
-    changeEach(tr("Change Volume"), {id}, Merging::Volume, [=](SongTrack &track) { track.volume = percent; });
+    changeEach(tr("Change Volume"), ids, Merging::Volume, [=](SongTrack &track) { track.volume = percent; });
 }
 
-void TrackList::setPan(const QString &id, int pan)
+void TrackList::setPan(const QStringList &ids, int pan)
 {
-    changeEach(tr("Change Pan"), {id}, Merging::Pan, [=](SongTrack &track) { track.pan = pan; });
+    changeEach(tr("Change Pan"), ids, Merging::Pan, [=](SongTrack &track) { track.pan = pan; });
 }
 
 void TrackList::setMuted(const QStringList &ids, bool isMuted)
@@ -309,13 +314,25 @@ void TrackList::toggleMuted(const QStringList &ids)
              }));
 }
 
-void TrackList::solo(const QString &id)
+void TrackList::solo(const QStringList &ids)
 {
-    const auto sounds = [&](const auto &track) { return track->isMuted == (track->id != id); };
-    const bool isAlone = std::all_of(song_.cbegin(), song_.cend(), sounds);
-    if (indexOf(id) >= 0)
-        changeEach(tr("Solo"), ids(), Merging::Never,
-                   [&](SongTrack &track) { track.isMuted = !isAlone && track.id != id; });
+    const auto sounds = [&](const auto &track) { return track->isMuted != ids.contains(track->id); };
+    const bool areAlone = std::all_of(song_.cbegin(), song_.cend(), sounds);
+    soloed_ = areAlone ? QSet<QString>() : QSet<QString>(ids.begin(), ids.end());
+    if (std::any_of(ids.begin(), ids.end(), [&](const auto &id) { return indexOf(id) >= 0; }))
+        changeEach(tr("Solo"), this->ids(), Merging::Never,
+                   [&](SongTrack &track) { track.isMuted = !areAlone && !ids.contains(track.id); });
+}
+
+QSet<QString> TrackList::soloed() const
+{
+    QSet<QString> sounding;
+    for (const auto &track : song_) {
+        if (!track->isMuted)
+            sounding.insert(track->id);
+    }
+    const bool areAlone = sounding.size() < song_.size() && (sounding.size() == 1 || sounding == soloed_);
+    return areAlone ? sounding : QSet<QString>();
 }
 
 bool TrackList::isUnsaved(const QString &id) const

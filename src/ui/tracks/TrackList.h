@@ -56,6 +56,8 @@ public:
 
     bool isSelected(const QString &id) const { return selected_.contains(id); }
     QStringList selectedIds() const; // in display order
+    // What a change of this track is for: all selected ones when it is one of them.
+    QStringList withSelection(const QString &id) const;
     void setSelected(const QString &id, bool isSelected);
     void selectAll();
     void deselectAll();
@@ -75,11 +77,13 @@ public:
     void setTrack(const QString &step, const QString &id, const Track &track);
     void setTracks(const QString &step, const QMap<QString, Track> &tracks); // by their ids
     void setInstrument(const QStringList &ids, const QString &instrument);
-    void setVolume(const QString &id, int percent);
-    void setPan(const QString &id, int pan);
+    void setVolume(const QStringList &ids, int percent);
+    void setPan(const QStringList &ids, int pan);
     void setMuted(const QStringList &ids, bool isMuted);
     void toggleMuted(const QStringList &ids); // mutes all when one of them sounds
-    void solo(const QString &id);             // or unmutes all when it alone sounds
+    void solo(const QStringList &ids);        // or unmutes all when they alone sound
+    // The tracks that were chosen to sound alone, as long as they do.
+    QSet<QString> soloed() const;
 
     // Whether a step that is done took it out; one whose coming was undone was not.
     bool wasRemoved(const QString &id) const { return !find(id) && removals_.value(id) > 0; }
@@ -120,6 +124,7 @@ private:
 
     SongTracks song_;
     QSet<QString> selected_;
+    QSet<QString> soloed_; // at last
     TrackFiles files_;
     QHash<QString, int> removals_; // by how many steps that are done
     QUndoStack history_;

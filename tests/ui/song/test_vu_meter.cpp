@@ -115,6 +115,22 @@ private slots:
         }
     }
 
+    void holdsThatItClipped()
+    {
+        for (const auto orientation : {Qt::Vertical, Qt::Horizontal}) {
+            VUMeter meter(orientation);
+            meter.resize(meter.sizeHint());
+            meter.setLevels(1, 1.0F, 1.0F);
+            QVERIFY(!meter.hasClipped());
+            meter.setLevels(1, 0.0F, 1.001F);
+            meter.setLevels(1, 1.0F, 1.0F);
+            const auto clipped = meter.grab().toImage();
+            QVERIFY(meter.hasClipped());
+            QTest::mouseClick(&meter, Qt::LeftButton);
+            QVERIFY(!meter.hasClipped() && meter.grab().toImage() != clipped);
+        }
+    }
+
     void tellsTheLevelUnderTheMouse()
     {
         constexpr int border = 2;

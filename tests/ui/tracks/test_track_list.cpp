@@ -83,13 +83,13 @@ class TestTrackList : public QObject
              list.setInstrument({id, other}, list.find(id)->instrument + u'x');
          }},
         {"Change Volume", "a,b,c",
-         [](auto &list, auto &id, auto &) { list.setVolume(id, (list.find(id)->volume + 40) % 101); }},
-        {"Change Pan", "a,b,c", [](auto &list, auto &id, auto &) { list.setPan(id, -60 - list.find(id)->pan); }},
+         [](auto &list, auto &id, auto &) { list.setVolume({id}, (list.find(id)->volume + 40) % 101); }},
+        {"Change Pan", "a,b,c", [](auto &list, auto &id, auto &) { list.setPan({id}, -60 - list.find(id)->pan); }},
         {"Mute", "a,b,c",
          [](auto &list, auto &id, auto &other) {
              list.setMuted({id, other}, !list.find(id)->isMuted);
          }},
-        {"Solo", "a,b,c", [](auto &list, auto &id, auto &) { list.solo(id); }},
+        {"Solo", "a,b,c", [](auto &list, auto &id, auto &) { list.solo({id}); }},
         {"Open Files", "n",
          [](auto &list, auto &, auto &) {
              list.add(QStringLiteral("Open Files"), {{track(QStringLiteral("n")), {}}}, ExistingTracks::Remove);
@@ -159,12 +159,12 @@ private slots:
         TrackList list;
         fill(list);
         for (int percent = 99; percent > 50; --percent)
-            list.setVolume(t1, percent);
+            list.setVolume({t1}, percent);
         QCOMPARE(list.history().count(), 2);
-        list.setVolume(t2, 20); // another track
-        list.setPan(t2, 20);    // another dial
+        list.setVolume({t2}, 20); // another track
+        list.setPan({t2}, 20);    // another dial
         QCOMPARE(list.history().count(), 4);
-        list.setPan(t2, 20); // no change
+        list.setPan({t2}, 20); // no change
         QCOMPARE(list.history().count(), 4);
         list.history().setIndex(1);
         QCOMPARE(list.find(t1)->volume, 100);
@@ -200,11 +200,17 @@ private slots:
         TrackList list;
         fill(list);
         list.setMuted({t2}, true);
-        list.solo(t2);
+        QVERIFY(list.soloed().isEmpty());
+        list.solo({t2});
         QVERIFY(list.find(t1)->isMuted && !list.find(t2)->isMuted && list.find(t3)->isMuted);
-        list.solo(t3);
+        list.solo({t2, t3});
+        QVERIFY(list.find(t1)->isMuted && !list.find(t2)->isMuted && !list.find(t3)->isMuted);
+        QCOMPARE(list.soloed(), QSet<QString>({t2, t3}));
+        list.history().undo();
+        QCOMPARE(list.soloed(), QSet<QString>({t2}));
+        list.solo({t3});
         QVERIFY(list.find(t1)->isMuted && list.find(t2)->isMuted && !list.find(t3)->isMuted);
-        list.solo(t3);
+        list.solo({t3});
         QVERIFY(!list.find(t1)->isMuted && !list.find(t2)->isMuted && !list.find(t3)->isMuted);
     }
 
@@ -249,7 +255,7 @@ private slots:
         QCOMPARE(list.unsavedIds(), QStringList(t2));
         list.markSaved(t2, QStringLiteral("/songs/imported.abc"));
         QVERIFY(list.unsavedIds().isEmpty());
-        list.setVolume(t2, 10); // is not in the file
+        list.setVolume({t2}, 10); // is not in the file
         QVERIFY(list.unsavedIds().isEmpty());
         Track titled;
         titled.setHeaderField(QStringLiteral("T"), QStringLiteral("The beginning of a song"));
@@ -262,7 +268,7 @@ private slots:
         TrackList list;
         fill(list);
         const auto before = list.song();
-        list.setPan(t2, 10);
+        list.setPan({t2}, 10);
         QCOMPARE(list.song()[0], before[0]);
         QVERIFY(list.song()[1] != before[1]);
         QCOMPARE(list.song()[1]->track, before[1]->track);
