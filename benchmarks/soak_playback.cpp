@@ -84,13 +84,13 @@ public:
     {
         const SampleFiles files;
         const auto sounding = instrument(files);
+        QVector<PlayRequest> requests;
         for (int i = 0; i < tracks; ++i)
-            player_.precacheInstrument(sounding, melody(i, seconds_));
-        for (int i = 0; i < tracks; ++i)
-            player_.playTrack({.trackId = QString::number(i),
-                               .track = melody(i, seconds_),
-                               .instrument = sounding,
-                               .syncGroup = QStringLiteral("Main")});
+            requests.append({.trackId = QString::number(i),
+                             .track = melody(i, seconds_),
+                             .instrument = sounding,
+                             .syncGroup = QStringLiteral("Main")});
+        player_.playTracks(requests);
         bool isOver = false;
         QObject::connect(&player_, &TrackPlayer::trackStopped, &player_, [&isOver] { isOver = true; });
         while (!isOver)

@@ -66,6 +66,8 @@ const char *AudioEngine::errorText(AudioResult result) const
         return "There is no sound device.";
     case AudioResult::DeviceLost:
         return "The sound device was lost.";
+    case AudioResult::DeviceNotAnswering:
+        return "The sound server does not answer.";
     case AudioResult::UnknownGroup:
         return "There is no such group.";
     case AudioResult::TooManyGroups:

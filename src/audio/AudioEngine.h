@@ -16,7 +16,7 @@ using DspClock = std::uint64_t;
 constexpr DspClock never = std::numeric_limits<DspClock>::max();
 
 // Whether somebody can hear the output.
-enum class OutputState { Running, NoDevice };
+enum class OutputState { Running, NoDevice, NotAnswering };
 
 enum class GroupId : std::uint32_t {}; // of one track
 enum class VoiceId : std::uint64_t {}; // never given twice by one engine
@@ -110,13 +110,15 @@ public:
     // The text of a result; of a LibraryError it is that of the library's latest one, with its number. [any]
     virtual const char *errorText(AudioResult result) const;
 
-    // Opens the output; the clock starts at 0. NoDevice is a warning: everything works on, unheard. [audio]
+    // Opens the output; the clock starts at 0. NoDevice and DeviceNotAnswering are warnings: everything works on,
+    // unheard. [audio]
     virtual AudioResult initialize() = 0;
     // Ends all voices, closes the output and completes its file. The destructor does the same. [audio]
     virtual AudioResult release() = 0;
     // To be called every few milliseconds: gives back finished voices and looks after the device. It returns DeviceLost
-    // once when the device goes away, and takes a new one by itself when there is one. An output without a clock of its
-    // own mixes exactly one block here, on the caller's thread. [audio]
+    // once when the device goes away or DeviceNotAnswering when it stops asking for frames, and takes a new one by
+    // itself when there is one. An output without a clock of its own mixes exactly one block here, on the caller's
+    // thread. [audio]
     virtual AudioResult update() = 0;
     virtual OutputState outputState() const = 0; // [audio]
     // Nothing sounds or is scheduled, and nothing will be until wake(): the clock may stand still, and threads and

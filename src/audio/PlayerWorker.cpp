@@ -54,7 +54,8 @@ void PlayerWorker::initialize()
     guarded([this] {
         engine_ = makeEngine_();
         const auto result = engine_->initialize();
-        if (!check(result) && result != AudioResult::NoDevice) {
+        const bool isUnheard = result == AudioResult::NoDevice || result == AudioResult::DeviceNotAnswering;
+        if (!check(result) && !isUnheard) {
             emit outputChanged(QString::fromUtf8(engine_->errorText(result)));
             engine_.reset();
             return;
@@ -173,8 +174,8 @@ void PlayerWorker::reportOutput()
     if (state == outputState_)
         return;
     outputState_ = state;
-    const bool isHeard = state == OutputState::Running;
-    emit outputChanged(isHeard ? QString() : QString::fromUtf8(engine_->errorText(AudioResult::NoDevice)));
+    const auto problem = state == OutputState::NoDevice ? AudioResult::NoDevice : AudioResult::DeviceNotAnswering;
+    emit outputChanged(state == OutputState::Running ? QString() : QString::fromUtf8(engine_->errorText(problem)));
 }
 
 void PlayerWorker::playPreviewNote(const Instrument &instrument, quint32 noteId)

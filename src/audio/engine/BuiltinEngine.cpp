@@ -120,9 +120,9 @@ AudioResult BuiltinEngine::update()
 
 OutputState BuiltinEngine::outputState() const
 {
-    const bool lacksDevice =
-        parts_->output == EngineOutput::Device && !(parts_->session && parts_->session->realTime.hasDevice());
-    return lacksDevice ? OutputState::NoDevice : OutputState::Running;
+    if (parts_->output != EngineOutput::Device)
+        return OutputState::Running;
+    return parts_->session ? parts_->session->realTime.state() : OutputState::NoDevice;
 }
 
 int BuiltinEngine::sampleRate() const

@@ -1,44 +1,57 @@
 #pragma once
 
 #include "audio/engine/Mixer.h"
-#include "audio/engine/UnderrunWatch.h"
 
-// The default sound device, through SDL. Its callback asks the mixer for frames on a thread of SDL's. [audio,
-// or another thread that it waits for]
+#include <chrono>
+#include <future>
+#include <memory>
+#include <optional>
+
+// The default sound device, through SDL. Its callback asks the mixer for frames on a thread of SDL's. Opening and
+// closing take as long as the sound server likes, so they go on beside the caller, who waits for a moment at most.
+// [audio]
 class DeviceOutput
 {
 public:
-    explicit DeviceOutput(Mixer &mixer) : mixer_(mixer) {}
+    using Milliseconds = std::chrono::milliseconds;
+    static constexpr Milliseconds patience{500}; // with a server that does not answer
+
+    explicit DeviceOutput(Mixer &mixer);
     DeviceOutput(const DeviceOutput &) = delete;
     DeviceOutput &operator=(const DeviceOutput &) = delete;
-    ~DeviceOutput() { close(); }
+    ~DeviceOutput();
 
-    // Opens the device without starting it; false when there is none. sampleRate: Hz, or 0 for the device's own, which
-    // sampleRate() tells then.
-    bool open(int sampleRate);
-    // Frees what SDL keeps for the calling thread, which opened a device and is about to end.
-    static void leaveThread();
+    // Begins to open the device. sampleRate: Hz, or 0 for the device's own.
+    void open(int sampleRate);
+    bool isOpening() const { return opening_.valid(); }
+    // Whether it could be opened; none while that is not known.
+    std::optional<bool> awaitOpening(Milliseconds timeout);
+    // Of an open device, that it plays.
     void start();
-    // Waits for the callback to end.
-    void close();
-    bool isOpen() const { return device_ != 0; }
+    // The mixer is asked no more. Waits for the device for so long, and leaves it alone then.
+    void close(Milliseconds timeout = patience);
+    bool isOpen() const { return device_ && !isOpening(); }
     // The device was unplugged or failed; it stays open, and silent, until close().
     bool lost() const;
-    int sampleRate() const { return sampleRate_; }
+    // One that was started has not asked for frames for so long that its server must have stopped.
+    bool isStalled();
+    int sampleRate() const; // of an open one
     // How often the device had played all that it was given before it asked for more. [any]
-    std::uint64_t underruns() const { return underruns_.load(std::memory_order_relaxed); }
+    std::uint64_t underruns() const { return underruns_->load(std::memory_order_relaxed); }
     // A buffer of twice the size for the next open(); false when it is as large as it may be. It is 2048 frames at
     // first, and always less than the 100 ms that notes are given ahead of the mixer.
     bool grow();
 
 private:
-    static void fill(void *device, std::uint8_t *bytes, int size);
-    void fill(float *stereo, std::size_t frames); // [mixer]
+    class Device;
+    using Count = std::atomic<std::uint64_t>;
+    using Time = std::chrono::steady_clock::time_point;
 
     Mixer &mixer_;
-    std::uint32_t device_ = 0; // 0: closed
-    int sampleRate_ = 0;
+    std::shared_ptr<Count> underruns_;
+    std::shared_ptr<Device> device_; // shared with what opens and closes it
+    std::future<bool> opening_;
     std::uint16_t bufferFrames_ = 4 * mixerBlockFrames;
-    UnderrunWatch watch_; // of the device that is open
-    std::atomic<std::uint64_t> underruns_{0};
+    std::uint64_t knownAsks_ = 0;
+    Time lastAsk_;
 };

@@ -14,10 +14,13 @@ auto now()
 AudioResult RealTimeOutput::openDevice()
 {
     wanted_ = Wanted::Device;
-    if (!device_.open(0)) {
+    device_.open(0);
+    const auto isOpened = device_.awaitOpening(DeviceOutput::patience);
+    if (!isOpened.value_or(false)) {
+        isNotAnswering_ = !isOpened;
         nextSearch_ = now() + searchInterval_;
         paced_.start(mixer_, sampleRate_);
-        return AudioResult::NoDevice;
+        return isNotAnswering_ ? AudioResult::DeviceNotAnswering : AudioResult::NoDevice;
     }
     sampleRate_ = device_.sampleRate();
     device_.start();
@@ -34,45 +37,48 @@ AudioResult RealTimeOutput::watch()
 {
     if (wanted_ != Wanted::Device || isResting_)
         return AudioResult::Ok;
-    if (search_.valid()) {
+    if (device_.isOpening()) {
         endSearch();
-    } else if (device_.lost()) {
+    } else if (const bool isStalled = device_.isStalled(); isStalled || device_.lost()) {
+        isNotAnswering_ = isStalled;
         loseDevice();
-        return AudioResult::DeviceLost;
+        return isStalled ? AudioResult::DeviceNotAnswering : AudioResult::DeviceLost;
     } else if (!device_.isOpen() && now() >= nextSearch_) {
-        beginSearch();
+        device_.open(sampleRate_);
     } else if (knownUnderruns_ != device_.underruns()) {
         growQueue();
     }
     return AudioResult::Ok;
 }
 
-// The new device takes over at the engine's rate, in which all clocks are counted.
-void RealTimeOutput::beginSearch()
+OutputState RealTimeOutput::state() const
 {
-    search_ = std::async(std::launch::async, [this] {
-        const bool isFound = device_.open(sampleRate_);
-        DeviceOutput::leaveThread();
-        return isFound;
-    });
+    if (isDeviceAway_ || device_.isOpen())
+        return OutputState::Running;
+    return isNotAnswering_ ? OutputState::NotAnswering : OutputState::NoDevice;
 }
 
+// The new device takes over at the engine's rate, in which all clocks are counted.
 void RealTimeOutput::endSearch()
 {
-    nextSearch_ = now() + searchInterval_;
-    if (search_.wait_for(std::chrono::seconds(0)) != std::future_status::ready)
+    const auto isOpened = device_.awaitOpening(std::chrono::milliseconds(0));
+    if (!isOpened)
         return;
+    nextSearch_ = now() + searchInterval_;
     isDeviceAway_ = false;
-    if (search_.get()) {
-        paced_.stop();
-        device_.start();
-    }
+    isNotAnswering_ = false;
+    if (!*isOpened)
+        return;
+    if (device_.sampleRate() != sampleRate_) // it answered late, and came with its own
+        return device_.close();
+    paced_.stop();
+    device_.start();
 }
 
 void RealTimeOutput::loseDevice()
 {
-    device_.close();
     nextSearch_ = now() + searchInterval_;
+    device_.close(isNotAnswering_ ? DeviceOutput::Milliseconds(0) : DeviceOutput::patience);
     paced_.start(mixer_, sampleRate_);
 }
 
@@ -80,20 +86,20 @@ void RealTimeOutput::loseDevice()
 void RealTimeOutput::growQueue()
 {
     knownUnderruns_ = device_.underruns();
-    if (!device_.grow())
+    if (!device_.isOpen() || !device_.grow())
         return;
     device_.close();
     isDeviceAway_ = true;
     paced_.start(mixer_, sampleRate_);
-    beginSearch();
+    device_.open(sampleRate_);
 }
 
 void RealTimeOutput::rest()
 {
     isResting_ = true;
-    isDeviceAway_ = hasDevice();
+    isDeviceAway_ = state() == OutputState::Running;
     paced_.stop();
-    if (!search_.valid())
+    if (!device_.isOpening())
         device_.close();
 }
 
@@ -110,5 +116,10 @@ void RealTimeOutput::wake()
 // At once where a device was. Where none was, it is searched for while the clock runs.
 bool RealTimeOutput::reopenDevice()
 {
-    return !search_.valid() && std::exchange(isDeviceAway_, false) && device_.open(sampleRate_);
+    if (device_.isOpening() || !std::exchange(isDeviceAway_, false))
+        return false;
+    device_.open(sampleRate_);
+    const auto isOpened = device_.awaitOpening(DeviceOutput::patience);
+    isNotAnswering_ = !isOpened;
+    return isOpened.value_or(false);
 }

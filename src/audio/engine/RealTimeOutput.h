@@ -1,13 +1,13 @@
 #pragma once
 
+#include "audio/AudioEngine.h"
 #include "audio/engine/DeviceOutput.h"
 #include "audio/engine/PacedOutput.h"
 
 #include <chrono>
-#include <future>
 
-// What drives the mixer of an engine that is heard: the sound device or, while there is none, the paced output, so that
-// playback runs on. [audio]
+// What drives the mixer of an engine that is heard: the sound device or, while there is none or it does not answer, the
+// paced output, so that playback runs on. [audio]
 class RealTimeOutput
 {
 public:
@@ -19,15 +19,14 @@ public:
     {
     }
 
-    AudioResult openDevice(); // Ok or NoDevice
+    AudioResult openDevice(); // Ok, NoDevice or DeviceNotAnswering
     void openPaced();         // no device is wanted
-    // As AudioEngine::update(), rest() and wake(). An output that was never opened does nothing.
+    // As AudioEngine::update(), outputState(), rest() and wake(). An output that was never opened does nothing.
     AudioResult watch();
+    OutputState state() const;
     void rest();
     void wake();
 
-    // A device is there, or was closed on purpose and will be back.
-    bool hasDevice() const { return isDeviceAway_ || (!search_.valid() && device_.isOpen()); }
     int sampleRate() const { return sampleRate_; }
     std::uint64_t underruns() const { return paced_.underruns() + device_.underruns(); } // [any]
 
@@ -35,7 +34,6 @@ private:
     using Time = std::chrono::steady_clock::time_point;
     enum class Wanted { Nothing, Paced, Device };
 
-    void beginSearch();
     void endSearch();
     void loseDevice();
     void growQueue();
@@ -46,10 +44,10 @@ private:
     Wanted wanted_ = Wanted::Nothing;
     int sampleRate_ = ownSampleRate;
     bool isResting_ = false;
-    bool isDeviceAway_ = false;
+    bool isDeviceAway_ = false;        // closed on purpose, it will be back
+    bool isNotAnswering_ = false;      // when it was asked last
     std::uint64_t knownUnderruns_ = 0; // of the device
     Time nextSearch_;
     PacedOutput paced_; // the outputs come last, so that their threads end first
     DeviceOutput device_;
-    std::future<bool> search_; // for another device, which takes a tenth of a second; device_ is its own meanwhile
 };

@@ -7,7 +7,56 @@
 #include "support/TestFolder.h"
 
 #include <csignal>
+#include <fcntl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+// A sound device that writes to a pipe, for which it waits.
+class StuckServer
+{
+public:
+    explicit StuckServer(std::string path) : path_(std::move(path))
+    {
+        std::signal(SIGPIPE, SIG_IGN);
+        if (mkfifo(path_.c_str(), 0600) != 0)
+            qFatal("cannot make a pipe");
+        qputenv("SDL_AUDIODRIVER", "disk");
+        qputenv("SDL_DISKAUDIOFILE", path_.c_str());
+    }
+    StuckServer(const StuckServer &) = delete;
+    StuckServer &operator=(const StuckServer &) = delete;
+    ~StuckServer()
+    {
+        answer();
+        drain();
+        close(pipe_);
+        qunsetenv("SDL_DISKAUDIOFILE");
+    }
+
+    void answer() const
+    {
+        if (pipe_ < 0)
+            pipe_ = open(path_.c_str(), O_RDONLY | O_NONBLOCK);
+    }
+    // Takes what is there; true when there was something.
+    bool drain() const
+    {
+        char bytes[4096];
+        bool isAny = false;
+        while (read(pipe_, bytes, sizeof bytes) > 0)
+            isAny = true;
+        return isAny;
+    }
+
+private:
+    std::string path_;
+    mutable int pipe_ = -1;
+};
+
+} // namespace
 
 class TestOutputs : public QObject
 {
@@ -175,6 +224,46 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(engine.update() == AudioResult::Ok && longestStep() > 2048, 10000);
         QCOMPARE(engine.outputState(), OutputState::Running);
         qunsetenv("SDL_DISKAUDIODELAY");
+    }
+
+    // A server that does not let itself be opened: a pipe that nobody reads. It takes over when it does.
+    void serverDoesNotAnswer()
+    {
+        const StuckServer server(path("never opened"));
+        QElapsedTimer timer;
+        timer.start();
+        {
+            BuiltinEngine engine(EngineOutput::Device, {}, searchInterval);
+            QCOMPARE(engine.initialize(), AudioResult::DeviceNotAnswering);
+            QCOMPARE(engine.outputState(), OutputState::NotAnswering);
+            QVERIFY(timer.elapsed() < 1000);
+            QTRY_VERIFY(engine.clock() > 5000); // playback runs on
+            server.answer();
+            QTRY_VERIFY(engine.update() == AudioResult::Ok && engine.outputState() == OutputState::Running);
+            const auto clock = engine.clock();
+            QTRY_VERIFY(server.drain() && engine.clock() > clock + 20'000);
+        }
+        server.drain();
+    }
+
+    // A server that stops in the midst of playing: the pipe is full.
+    void serverStops()
+    {
+        const StuckServer server(path("full"));
+        server.answer();
+        auto engine = std::make_unique<BuiltinEngine>(EngineOutput::Device, std::filesystem::path(), searchInterval);
+        QCOMPARE(engine->initialize(), AudioResult::Ok);
+        QElapsedTimer timer;
+        timer.start();
+        bool isTold = false;
+        QTRY_VERIFY(isTold = isTold || engine->update() == AudioResult::DeviceNotAnswering);
+        QVERIFY(timer.elapsed() > 500 && timer.elapsed() < 2500);
+        QCOMPARE(engine->outputState(), OutputState::NotAnswering);
+        const auto clock = engine->clock();
+        QTRY_VERIFY(engine->update() == AudioResult::Ok && engine->clock() > clock + 20'000);
+        timer.restart();
+        engine.reset();
+        QVERIFY(timer.elapsed() < 1000);
     }
 
     // A device that writes to a full disk fails at its first block.
