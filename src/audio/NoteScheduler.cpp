@@ -24,6 +24,15 @@ void NoteScheduler::skip(TrackPlayback &playback) const
     }
 }
 
+void NoteScheduler::soundHeld(const QString &trackId, GroupId group, const TrackPlayback &playback)
+{
+    const auto now = engine_.clock();
+    for (const auto &placed : playback.notesAt(now)) {
+        if (const Note note{trackId, group, placed}; !sound(note, now))
+            late_.push_back(note);
+    }
+}
+
 bool NoteScheduler::sound(const Note &note, DspClock now)
 {
     const auto &placed = note.placed;

@@ -30,12 +30,19 @@ public:
                   const QVector<EventInPass> &sounding = {});
     // They are taken, and not heard.
     void skip(TrackPlayback &playback) const;
+    // Notes that have begun are heard from where they are by now.
+    void soundHeld(const QString &trackId, GroupId group, const TrackPlayback &playback);
     // What is left of its scheduled notes when another version of the track takes its place; the others fade.
     QVector<EventInPass> handOver(const QString &trackId, const TrackPlayback &before, const TrackPlayback &after,
                                   SoundingNotes::Begun begun);
     void soundLateNotes();
     void forgetLateNotes(const QString &trackId);
     void forget(const QString &trackId);
+    void release(const QString &trackId, const SoundingNotes::Tell &released)
+    {
+        sounding_.releaseTrack(trackId, released);
+        forgetLateNotes(trackId);
+    }
     void tell(const SoundingNotes::Tell &pressed, const SoundingNotes::Tell &released)
     {
         sounding_.tell(engine_.clock(), pressed, released);

@@ -65,6 +65,7 @@ public slots: // [audio]
     void playTrack(const PlayRequest &request);
     // In one go: what starts in one sync group begins at the same sample, when all has been loaded.
     void playTracks(const QVector<PlayRequest> &requests);
+    // Held notes fade, and sound on where they would be when they are heard again.
     void muteTrack(const QString &trackId, bool mute);
     void changeInstrument(const QString &trackId, const Instrument &instrument);
     // Loads what the track's notes need, behind what is needed sooner and as far as there is room.

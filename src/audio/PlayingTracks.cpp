@@ -223,12 +223,6 @@ void PlayingTracks::schedule(const QString &trackId, PlayingTrack &track, const 
         notes_.schedule(trackId, track.group, track.playback, sounding);
 }
 
-void PlayingTracks::setMuted(const QString &trackId, bool isMuted)
-{
-    if (const auto track = tracks_.find(trackId); track != tracks_.end())
-        track->isMuted = isMuted;
-}
-
 void PlayingTracks::setLevel(const QString &trackId, const std::function<void(GroupLevel &)> &change)
 {
     const auto track = tracks_.find(trackId);

@@ -2,6 +2,7 @@
 #include "audio/PlayingTracks.h"
 
 #include <algorithm>
+#include <utility>
 
 void PlayingTracks::setLoop(const std::optional<LoopRegion> &loop)
 {
@@ -60,6 +61,23 @@ void PlayingTracks::retime(const QString &trackId, PlayingTrack &track, const Tr
         track.place(track.from, track.begins);
     if (!track.isHeld)
         schedule(trackId, track, notes_.handOver(trackId, before, track.playback, SoundingNotes::Begun::Stay));
+}
+
+// At once: what sounds fades as in a stop, and comes back where it would be by then.
+void PlayingTracks::setMuted(const QString &trackId, bool isMuted)
+{
+    const auto track = tracks_.find(trackId);
+    if (track == tracks_.end() || std::exchange(track->isMuted, isMuted) == isMuted)
+        return;
+    if (isMuted) {
+        check(engine_.stopGroup(track->group));
+        notes_.release(trackId, listener_.released);
+        return;
+    }
+    retime(trackId, *track, TrackPlayback(track->playback));
+    if (!track->isHeld && track->hasBegun(engine_.clock()))
+        notes_.soundHeld(trackId, track->group, track->playback);
+    lookAheadAgain();
 }
 
 void PlayingTracks::setOffset(const QString &trackId, double milliseconds)

@@ -21,6 +21,15 @@ void SoundingNotes::removeTrack(const QString &trackId)
     std::erase_if(notes_, [&trackId](const SoundingNote &note) { return note.trackId == trackId; });
 }
 
+void SoundingNotes::releaseTrack(const QString &trackId, const Tell &released)
+{
+    for (const auto &note : notes_) {
+        if (note.trackId == trackId && note.isPressed)
+            released(trackId, note.event.eventIndex);
+    }
+    removeTrack(trackId);
+}
+
 QVector<EventInPass> SoundingNotes::handOver(const QString &trackId, const TrackPlayback &before,
                                              const TrackPlayback &after, Begun begun, DspClock now,
                                              const std::function<void(VoiceId)> &end)

@@ -32,6 +32,8 @@ public:
 
     // Nothing more is told of the track's notes.
     void removeTrack(const QString &trackId);
+    // They end now.
+    void releaseTrack(const QString &trackId, const Tell &released);
 
     // What becomes of notes that have begun and that another version of their track has not.
     enum class Begun { End, Stay };

@@ -68,6 +68,23 @@ std::optional<PlacedNote> TrackPlayback::takeNoteUntil(DspClock clock)
     }
 }
 
+std::vector<PlacedNote> TrackPlayback::notesAt(DspClock clock) const
+{
+    std::vector<PlacedNote> notes;
+    const auto own = clock - DspClock(offset_);
+    const auto pass = passAt(own);
+    const auto first = pass > 0 ? track_.firstEventAtOrAfter(loop_->begin) : 0;
+    const auto tick = tickAt(own);
+    for (auto index = first; index < track_.events().size() && track_.events()[index].start() <= tick; ++index) {
+        if (!track_.events()[index].isNote() || track_.events()[index].end() < tick)
+            continue;
+        const auto note = placed({pass, index});
+        if (qint64(note.start - clock) < 0 && qint64(note.end - clock) > 0)
+            notes.push_back(note);
+    }
+    return notes;
+}
+
 // In a loop a note falls silent before the next pass begins, so that all are the same.
 PlacedNote TrackPlayback::placed(EventInPass place) const
 {

@@ -8,6 +8,7 @@
 #include <QVector>
 
 #include <optional>
+#include <vector>
 
 class SampleCache;
 
@@ -71,6 +72,8 @@ public:
     std::optional<PlacedNote> takeNote(Ticks horizon);
     // The next one in any pass, up to where the track is at the clock.
     std::optional<PlacedNote> takeNoteUntil(DspClock clock);
+    // Those that began before the clock and sound on.
+    std::vector<PlacedNote> notesAt(DspClock clock) const;
     // Whether every event has been taken; never in a loop.
     bool isExhausted() const { return !isLooping() && next_.eventIndex == track_.events().size(); }
 

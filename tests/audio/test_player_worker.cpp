@@ -247,9 +247,35 @@ private slots:
         player.worker.muteTrack(a, false);
         player.worker.muteTrack(b, true);
         player.play(70000);
-        QCOMPARE(player.toldOf("pressed a"), list("pressed a 2, pressed a 3"));
+        QCOMPARE(player.toldOf("pressed a"), list("pressed a 1, pressed a 2, pressed a 3"));
         QCOMPARE(player.toldOf("pressed b"), list("pressed b 0, pressed b 1"));
         QCOMPARE(player.toldOf("stopped"), list("stopped a, stopped b"));
+    }
+
+    // What sounds ends within 5 ms, what was placed ahead does not begin, and both are back as if nothing had been.
+    void mutingIsHeardAtOnce()
+    {
+        const auto held = trackOf({TrackEvent::note(60, 0, 4 * quarter), TrackEvent::note(62, 2 * quarter, quarter)});
+        const auto level = instrumentOf(files_.level(16384, 200'000));
+        VirtualPlayer player, unmuted;
+        for (auto *const each : {&player, &unmuted}) {
+            playTrack(*each, a, held, level);
+            each->play(leadIn + 2 * 24000 - 1024);
+        }
+        const auto muted = player.engine->clock();
+        player.worker.muteTrack(a, true);
+        QCOMPARE(player.told.last(), QStringLiteral("released a 0"));
+        player.play(24000 - 512);
+        const auto heard = player.engine->clock();
+        QVERIFY(player.left[muted] > 0 && player.left[muted + 239] < 0.1F * player.left[muted]);
+        QVERIFY(std::all_of(player.left.begin() + std::ptrdiff_t(muted + 240), player.left.end(),
+                            [](float sample) { return sample == 0; }));
+        player.worker.muteTrack(a, false);
+        player.play(48000);
+        unmuted.play(80000);
+        QVERIFY(player.left[heard + 120] > 0 && player.left[heard + 120] < unmuted.left[heard + 120]);
+        for (auto clock = heard + 240; clock < player.left.size(); ++clock)
+            QCOMPARE(player.left[clock], unmuted.left[clock]);
     }
 
     void aNewInstrumentIsForNotesToCome()
