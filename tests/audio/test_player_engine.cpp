@@ -3,9 +3,14 @@
 #include "SampleFiles.h"
 #include "audio/PlayerWorker.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "support/Rows.h"
 
 #include <QSignalSpy>
 #include <QtTest>
+
+#include <algorithm>
+#include <atomic>
+#include <cmath>
 
 namespace {
 
@@ -91,6 +96,88 @@ private slots:
         worker.update();
         QCOMPARE(problems, QStringList({QStringLiteral("There is no sound device."), QString()}));
         QCOMPARE(logged.count("Audio Error: The sound device was lost.\n"), 1);
+        worker.terminate();
+    }
+
+    // A sample that comes a second too late is heard from where it would be; one that does not come is told.
+    void lateSamples_data()
+    {
+        const Rows<bool> row("comes");
+        row("late", true);
+        row("never", false);
+    }
+
+    void lateSamples()
+    {
+        QFETCH(bool, comes);
+        class SlowEngine : public BuiltinEngine
+        {
+        public:
+            explicit SlowEngine(std::atomic<bool> &gate) : BuiltinEngine(EngineOutput::Silent), gate_(gate) {}
+            AudioResult makeSound(std::span<const std::byte> file, std::size_t mostFrames, Sound &sound) const override
+            {
+                if (file.size() > 10'000)
+                    gate_.wait(false);
+                return BuiltinEngine::makeSound(file, mostFrames, sound);
+            }
+
+        private:
+            std::atomic<bool> &gate_;
+        };
+        std::atomic<bool> gate = false;
+        const auto open = [&gate] {
+            gate = true;
+            gate.notify_all();
+        };
+        const auto opener = qScopeGuard(open); // also when the test fails
+        SlowEngine *engine = nullptr;
+        PlayerWorker worker(
+            [&] {
+                auto made = std::make_unique<SlowEngine>(gate);
+                engine = made.get();
+                return made;
+            },
+            steadyMilliseconds, 1);
+        QVector<DspClock> pressed;
+        QStringList warnings;
+        connect(&worker, &PlayerWorker::notePressed, this, [&] { pressed.append(engine->clock()); });
+        connect(&worker, &PlayerWorker::warned, this, [&](const QString &text) { warnings.append(text); });
+        worker.initialize();
+        QVector<qint16> ramp(200'000);
+        for (int i = 0; i < ramp.size(); ++i)
+            ramp[i] = qint16(i % 30'000 + 1);
+        auto instrument = click_;
+        instrument.tuning.notes[61].files = QStringList(files_.write(QStringLiteral("ramp.wav"), waveBytes(ramp)));
+        constexpr Ticks quarter = ticksPerQuarter; // 24000 samples
+        worker.playTrack({QStringLiteral("a"),
+                          trackOf({TrackEvent::note(60, 0, quarter), TrackEvent::note(61, 3 * quarter, 6 * quarter)}),
+                          instrument});
+        std::vector<float> left;
+        const auto passesUntil = [&](const auto &isOver) {
+            while (!isOver()) {
+                worker.update();
+                const auto block = engine->lastBlock();
+                for (std::size_t i = 0; i < block.size(); i += 2)
+                    left.push_back(block[i]);
+                QTest::qSleep(left.size() < 100'000 ? 0 : 1);
+            }
+        };
+        passesUntil([&] { return std::ranges::any_of(left, [](float sample) { return sample != 0; }); });
+        const auto click = std::ranges::find_if(left, [](float sample) { return sample != 0; }) - left.begin();
+        const auto due = DspClock(click) + 3 * 24000, end = due + 6 * 24000;
+        passesUntil([&] { return engine->clock() > due + 24000; });
+        QCOMPARE(pressed.size(), 1);
+        if (comes)
+            open();
+        passesUntil([&] { return engine->clock() > end; });
+        QCOMPARE(pressed.size(), comes ? 2 : 1);
+        QCOMPARE(warnings.size(), comes ? 0 : 1);
+        const auto entered = comes ? pressed.last() : end;
+        for (auto clock = DspClock(click) + 1; clock < entered; ++clock)
+            QCOMPARE(left[clock], 0.0F);
+        for (auto clock = entered + 240; clock < end; ++clock)
+            QVERIFY(std::abs(left[clock] - float(ramp[int(clock - due)]) / 32768 * std::sqrt(0.5F)) < 1e-5F);
+        open();
         worker.terminate();
     }
 

@@ -41,14 +41,12 @@ public:
         if (pipe_ < 0)
             pipe_ = open(path_.c_str(), O_RDONLY | O_NONBLOCK);
     }
-    // Takes what is there; true when there was something.
-    bool drain() const
+    // Takes what is there.
+    void drain() const
     {
         char bytes[4096];
-        bool isAny = false;
         while (read(pipe_, bytes, sizeof bytes) > 0)
-            isAny = true;
-        return isAny;
+            ;
     }
 
 private:
@@ -241,7 +239,7 @@ private slots:
             server.answer();
             QTRY_VERIFY(engine.update() == AudioResult::Ok && engine.outputState() == OutputState::Running);
             const auto clock = engine.clock();
-            QTRY_VERIFY(server.drain() && engine.clock() > clock + 20'000);
+            QTRY_VERIFY((server.drain(), engine.clock() > clock + 20'000));
         }
         server.drain();
     }
