@@ -124,7 +124,8 @@ void PlayingTracks::pass()
 bool PlayingTracks::wantSamples()
 {
     constexpr int mostInOnePass = 500;
-    const auto end = engine_.clock() + 600 * DspClock(engine_.sampleRate());
+    const DspClock seconds = playedLoop_ ? 60 : 600; // a loop needs the same again and again
+    const auto end = engine_.clock() + seconds * DspClock(engine_.sampleRate());
     bool isAnythingNew = false;
     for (int i = 0; i < mostInOnePass; ++i, isAnythingNew = true) {
         auto *const ahead = earliest(end);

@@ -159,7 +159,8 @@ private slots:
                 const auto block = engine->lastBlock();
                 for (std::size_t i = 0; i < block.size(); i += 2)
                     left.push_back(block[i]);
-                QTest::qSleep(left.size() < 100'000 ? 0 : 1);
+                if (left.size() > 100'000) // what is loaded takes real time
+                    QTest::qSleep(1);
             }
         };
         passesUntil([&] { return std::ranges::any_of(left, [](float sample) { return sample != 0; }); });
@@ -169,7 +170,7 @@ private slots:
         QCOMPARE(pressed.size(), 1);
         if (comes)
             open();
-        passesUntil([&] { return engine->clock() > end; });
+        passesUntil([&] { return engine->clock() > end + 1024; });
         QCOMPARE(pressed.size(), comes ? 2 : 1);
         QCOMPARE(warnings.size(), comes ? 0 : 1);
         const auto entered = comes ? pressed.last() : end;
