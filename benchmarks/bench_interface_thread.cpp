@@ -136,6 +136,8 @@ private:
             const WatchedApplication::Watch watch;
             fixture_.row(0)->onTransposeUp();
         }
+        if (!QTest::qWaitFor([this] { return fixture_.tracks().history().undoText().startsWith(u'T'); }))
+            qFatal("the track was not transposed");
         settle();
         longest_.note("transpose");
     }

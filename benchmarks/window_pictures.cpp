@@ -285,7 +285,9 @@ void takeAll(const QString &game, const QStringList &songs)
     for (int i = 0; i < 5; ++i)
         window.onZoomIn();
     window.onMeasureForward();
+    window.onLoop(true);
     take(window, "zoomed");
+    window.onLoop(false);
     window.resize(800, 600);
     take(window, "800x600");
     window.onZoomWhole();

@@ -33,7 +33,7 @@ set(LAYERS
     "src/ui/editor|base settings core import import/quantise edit assets audio ui ui/document ui/text ui/roll ui/transform"
     "src/ui/importing|base settings core import edit song song/preview assets audio ui ui/report"
     "src/app/services|base settings core import song assets audio ui ui/tracks ui/editor"
-    "src/app/commands|base settings core import import/quantise song song/preview assets audio ui ui/tracks ui/song ui/report ui/preferences ui/importing app/services"
+    "src/app/commands|base settings core import import/quantise song song/preview assets audio ui ui/timeline ui/tracks ui/song ui/report ui/preferences ui/importing app/services"
     "src/app/recovery|base core song ui ui/tracks app/services app/commands"
     "src/app|base settings core song assets audio audio/engine ui ui/timeline ui/tracks ui/song ui/report app/services app/commands app/recovery"
     "tools/cli|base settings core import import/quantise song assets assets/package audio audio/engine export"

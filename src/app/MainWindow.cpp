@@ -90,7 +90,7 @@ void MainWindow::makeActions()
                              TransportCommands::actions(), ExportCommands::actions(), ProgramCommands::actions()})
         actions_.add(rows);
     QVector<QAction *> buttons;
-    for (const auto *const name : {"actionZoom_Out", "actionZoom_In", "actionZoom_Whole", "actionFollow"})
+    for (const auto *const name : {"actionZoom_Out", "actionZoom_In", "actionZoom_Whole", "actionLoop", "actionFollow"})
         buttons.append(actions_.find(QLatin1String(name)));
     area_->addButtons(buttons);
     buttons.last()->setChecked(true);
@@ -110,6 +110,8 @@ void MainWindow::connectParts()
     connect(&instrumentCommands_, &InstrumentCommands::scanned, &songs_, &SongCommands::begin);
     connect(&instrumentCommands_, &InstrumentCommands::scanned, this, &MainWindow::showStandIn);
     connect(area_, &SongArea::seek, this, &MainWindow::onTrackSeek);
+    connect(area_, &SongArea::loopChosen, this, &MainWindow::onLoopChosen);
+    connect(area_, &SongArea::tempoFactorChanged, this, &MainWindow::onTempoFactorChanged);
     connect(&transport_, &Transport::positionChanged, this, &MainWindow::onPositionChanged);
     connect(&transport_, &Transport::measuresChanged, this, [this] { area_->setMeasures(transport_.measures()); });
     connect(instrumentList_, &QComboBox::currentTextChanged, this, &MainWindow::onDefaultInstrumentChanged);
@@ -244,6 +246,13 @@ void MainWindow::stopArrivals()
     importQueue_.reading().cancel();
 }
 
+void MainWindow::showLoop()
+{
+    const auto &loop = session_.loop();
+    area_->setLoop(loop ? std::optional(TimeSpan{loop->begin, loop->end - loop->begin}) : std::nullopt);
+    actions_.find(QStringLiteral("actionLoop"))->setChecked(loop.has_value());
+}
+
 void MainWindow::showStandIn()
 {
     rows_->setStandIn(playback_.resolvedName({}));
@@ -263,6 +272,9 @@ void MainWindow::onPlayingChanged(bool isPlaying)
 void MainWindow::showSong()
 {
     masterVolume_->setValue(session_.masterVolume());
+    area_->setTempoFactor(session_.tempoFactor());
+    transportCommands_.followSong();
+    showLoop();
     showTitle();
     updateActions();
 }

@@ -82,6 +82,11 @@ public slots:
     void onGoToEnd();
     void onMeasureBack();
     void onMeasureForward();
+    void onLoop(bool isOn);
+    void onLoopBegin();
+    void onLoopEnd();
+    void onLoopChosen(const TimeSpan &loop);
+    void onTempoFactorChanged(int percent);
     void onZoomIn();
     void onZoomOut();
     void onZoomWhole();
@@ -165,6 +170,7 @@ private:
     void showDrafts();
     void updateActions();
     void showStandIn();
+    void showLoop();
     void onPlayingChanged(bool isPlaying);
     void showTitle();
     void showSong();

@@ -61,6 +61,35 @@ void MainWindow::onMeasureForward()
     transport_.goMeasureForward();
 }
 
+void MainWindow::onLoop(bool isOn)
+{
+    transportCommands_.switchLoop(isOn);
+    showLoop();
+}
+
+void MainWindow::onLoopBegin()
+{
+    transportCommands_.beginLoopHere();
+    showLoop();
+}
+
+void MainWindow::onLoopEnd()
+{
+    transportCommands_.endLoopHere();
+    showLoop();
+}
+
+void MainWindow::onLoopChosen(const TimeSpan &loop)
+{
+    transportCommands_.setLoop(loop);
+    showLoop();
+}
+
+void MainWindow::onTempoFactorChanged(int percent)
+{
+    transportCommands_.setTempoFactor(percent);
+}
+
 void MainWindow::onZoomIn()
 {
     area_->zoomBy(zoomStep);

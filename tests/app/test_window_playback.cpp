@@ -15,6 +15,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSlider>
+#include <QSpinBox>
 #include <QStatusBar>
 #include <QToolButton>
 #include <QWheelEvent>
@@ -176,6 +177,46 @@ private slots:
         fixture_->trigger("actionZoom_Whole");
         QVERIFY(overview(0)->span() == whole && bar->isHidden());
         QVERIFY(window.width() <= 1366 && window.height() <= 768);
+    }
+
+    void loopsAndChangesTheTempo()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        auto &window = fixture_->window();
+        auto *const ruler = fixture_->child<TimeRuler>("timeRuler");
+        const auto measure = Ticks(fixture_->tracks().song().first()->track->measureTicks());
+        fixture_->trigger("actionMeasure_Forward");
+        fixture_->trigger("actionLoop_Begin");
+        fixture_->trigger("actionMeasure_Forward");
+        fixture_->trigger("actionLoop_End");
+        QVERIFY(ruler->loop() == TimeSpan({measure, measure}) && fixture_->action("actionLoop")->isChecked());
+        auto *const tempo = fixture_->child<QSpinBox>("tempoFactor");
+        tempo->setValue(150);
+        fixture_->trigger("actionMeasure_Back");
+        fixture_->trigger("actionPlay");
+        int passes = 0;
+        Ticks last = 0;
+        connect(&player(), &TrackPlayer::trackPositionChanged, this, [&](const QString &id, quint64 position) {
+            if (id != fixture_->tracks().ids().first())
+                return;
+            passes += Ticks(position) < last ? 1 : 0;
+            last = Ticks(position);
+        });
+        QTRY_VERIFY_WITH_TIMEOUT(passes >= 3, 20'000);
+        QVERIFY(last >= measure - ticksPerQuarter && last <= 2 * measure);
+        fixture_->trigger("actionLoop"); // off: it plays on
+        QVERIFY(!ruler->loop());
+        QTRY_VERIFY(last > 3 * measure);
+        fixture_->trigger("actionStop");
+        fixture_->trigger("actionLoop"); // the same one
+        QVERIFY(ruler->loop() == TimeSpan({measure, measure}));
+
+        const auto song = window.session().song();
+        QVERIFY(song.tempoFactor == 150 && song.loop->begin == measure && song.loop->end == 2 * measure);
+        fixture_->dialogs().closeAnswer = Dialogs::CloseAnswer::Discard;
+        fixture_->trigger("actionNew_Song");
+        QTRY_VERIFY(fixture_->tracks().isEmpty());
+        QVERIFY(!ruler->loop() && tempo->value() == 100 && !fixture_->action("actionLoop")->isChecked());
     }
 
     void movesThePositionWithKeys()

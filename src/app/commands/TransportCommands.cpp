@@ -1,6 +1,7 @@
 #include "app/commands/TransportCommands.h"
 
 #include "app/services/Playback.h"
+#include "app/services/SongSession.h"
 #include "app/services/Transport.h"
 #include "audio/TrackPlayer.h"
 #include "settings/Settings.h"
@@ -32,6 +33,13 @@ QVector<ActionRow> TransportCommands::actions()
          "onMeasureBack()", Available::WithTracks},
         {"actionMeasure_Forward", "Measure Forward", "Ctrl+Right", "Set the position to the next measure", "",
          "onMeasureForward()", Available::WithTracks},
+        {"actionLoop", "Loop", "Ctrl+L",
+         "Play a part of the song again and again (drag in the upper half of the ruler)", "loop", "onLoop(bool)",
+         Available::WithTracks},
+        {"actionLoop_Begin", "Begin Loop Here", "Ctrl+[", "Let the loop begin at the position", "", "onLoopBegin()",
+         Available::WithTracks},
+        {"actionLoop_End", "End Loop Here", "Ctrl+]", "Let the loop end at the position", "", "onLoopEnd()",
+         Available::WithTracks},
         {"actionZoom_Out", "Zoom Out", "Ctrl+-", "Show more of the song (Ctrl+wheel)", "zoomout", "onZoomOut()",
          Available::WithTracks},
         {"actionZoom_In", "Zoom In", "Ctrl++", "Show less of the song, and that wider (Ctrl+wheel)", "zoomin",
@@ -72,6 +80,65 @@ void TransportCommands::setMasterVolume(int percent)
 {
     player_.setMasterVolume(gainOf(percent));
     context_.settings.setValue(Settings::MasterVolume, percent);
+}
+
+void TransportCommands::setTempoFactor(int percent)
+{
+    context_.session.setTempoFactor(percent);
+    context_.playback.setTempoFactor(percent / 100.0);
+}
+
+void TransportCommands::setLoop(const TimeSpan &loop)
+{
+    const auto others = context_.session.loop() ? context_.session.loop()->others : QJsonObject();
+    lastLoop_ = loop;
+    context_.session.setLoop(SongLoop{loop.begin, loop.end(), others});
+    applyLoop();
+}
+
+void TransportCommands::switchLoop(bool isOn)
+{
+    constexpr int usualMeasures = 4;
+    if (!isOn) {
+        context_.session.setLoop({});
+        return applyLoop();
+    }
+    const auto &measures = transport_.measures();
+    const auto begin = measures.at(transport_.position()).start;
+    auto end = begin;
+    for (int measure = 0; measure < usualMeasures && (measure == 0 || end < context_.tracks.commonLength()); ++measure)
+        end = measures.nextStart(end);
+    setLoop(lastLoop_.length > 0 ? lastLoop_ : TimeSpan{begin, end - begin});
+}
+
+void TransportCommands::beginLoopHere()
+{
+    const auto here = transport_.position();
+    const auto end = lastLoop_.end() > here ? lastLoop_.end() : context_.tracks.commonLength();
+    if (end > here)
+        setLoop({here, end - here});
+}
+
+void TransportCommands::endLoopHere()
+{
+    const auto here = transport_.position();
+    const auto begin = lastLoop_.begin < here ? lastLoop_.begin : 0;
+    if (here > begin)
+        setLoop({begin, here - begin});
+}
+
+void TransportCommands::applyLoop()
+{
+    const auto &loop = context_.session.loop();
+    context_.playback.setLoop(loop ? std::optional(LoopRegion{loop->begin, loop->end}) : std::nullopt);
+}
+
+void TransportCommands::followSong()
+{
+    const auto &loop = context_.session.loop();
+    lastLoop_ = loop ? TimeSpan{loop->begin, loop->end - loop->begin} : TimeSpan();
+    applyLoop();
+    context_.playback.setTempoFactor(context_.session.tempoFactor() / 100.0);
 }
 
 void TransportCommands::previewNote(const QString &trackId, int semitone)

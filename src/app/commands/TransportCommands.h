@@ -2,6 +2,7 @@
 
 #include "app/commands/ActionRow.h"
 #include "app/commands/CommandContext.h"
+#include "ui/timeline/TimeSpan.h"
 
 #include <QCoreApplication>
 #include <QVector>
@@ -25,13 +26,23 @@ public:
     void play();
     void playOrPause();
     void setMasterVolume(int percent);
+    void setTempoFactor(int percent);
+    // Kept in the song, as the tempo factor is.
+    void setLoop(const TimeSpan &loop);
+    void switchLoop(bool isOn); // the one before, or four measures from the position
+    void beginLoopHere();       // at the position
+    void endLoopHere();
+    // What is played of another song in the window.
+    void followSong();
     // With the instrument of that track.
     void previewNote(const QString &trackId, int semitone);
 
 private:
     bool maySound();
+    void applyLoop();
 
     CommandContext context_;
     Transport &transport_;
+    TimeSpan lastLoop_;
     TrackPlayer &player_;
 };

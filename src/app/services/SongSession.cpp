@@ -269,6 +269,18 @@ void SongSession::setMasterVolume(int percent)
         emit changed();
 }
 
+void SongSession::setLoop(const std::optional<SongLoop> &loop)
+{
+    if (std::exchange(rest_.loop, loop) != loop)
+        emit changed();
+}
+
+void SongSession::setTempoFactor(int percent)
+{
+    if (std::exchange(rest_.tempoFactor, percent) != percent)
+        emit changed();
+}
+
 QStringList SongSession::partsOf(const QString &import) const
 {
     QStringList ids;

@@ -77,6 +77,11 @@ public:
     void setTitle(const QString &title);                    // a step of the history
     int masterVolume() const { return rest_.masterVolume; } // percent
     void setMasterVolume(int percent);
+    // These are no steps of the history, either.
+    const std::optional<SongLoop> &loop() const { return rest_.loop; }
+    void setLoop(const std::optional<SongLoop> &loop);
+    int tempoFactor() const { return rest_.tempoFactor; } // percent, 25 … 200
+    void setTempoFactor(int percent);
     const QVector<SongImported> &imports() const { return rest_.imports; }
     QStringList partsOf(const QString &import) const; // ids of tracks
     QString addImport(SongImported imported);         // gives its id

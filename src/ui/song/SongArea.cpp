@@ -9,6 +9,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QSpinBox>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -26,7 +27,8 @@ constexpr double scrolledByANotch = 0.1;
 
 SongArea::SongArea(const TrackList &tracks, TrackRows *rows, QWidget *parent)
     : QWidget(parent), tracks_(tracks), rows_(*rows), strip_(new QWidget(this)), display_(new PositionDisplay(strip_)),
-      ruler_(new TimeRuler(strip_)), area_(new QScrollArea(this)), scrollBar_(new QScrollBar(Qt::Horizontal, this))
+      ruler_(new TimeRuler(strip_)), area_(new QScrollArea(this)), scrollBar_(new QScrollBar(Qt::Horizontal, this)),
+      tempo_(new QSpinBox(strip_))
 {
     ruler_->setObjectName(QStringLiteral("timeRuler"));
     display_->setObjectName(QStringLiteral("positionDisplay"));
@@ -40,6 +42,7 @@ SongArea::SongArea(const TrackList &tracks, TrackRows *rows, QWidget *parent)
     scrollBar_->setObjectName(QStringLiteral("songScrollBar"));
     scrollBar_->setAccessibleName(tr("What is shown of the song"));
     scrollRows();
+    setUpTempo();
     connect(scrollBar_, &QScrollBar::valueChanged, this, [this](int value) {
         zoom_.scrollTo(scaled(zoom_.songLength(), quint64(value), scrollSteps));
         showSpan();
@@ -47,6 +50,7 @@ SongArea::SongArea(const TrackList &tracks, TrackRows *rows, QWidget *parent)
     connect(&tracks_, &TrackList::songChanged, this, &SongArea::followSong);
     connect(&rows_, &TrackRows::overviewsMoved, this, &SongArea::align);
     connect(ruler_, &TimeRuler::seek, this, &SongArea::seek);
+    connect(ruler_, &TimeRuler::loopChosen, this, &SongArea::loopChosen);
     followSong();
 }
 
@@ -63,6 +67,32 @@ void SongArea::scrollRows()
         for (const int y : {bottom, top}) // where there is no room for both, the top
             area_->ensureVisible(area_->horizontalScrollBar()->value(), y, 0, 6);
     });
+}
+
+void SongArea::setUpTempo()
+{
+    tempo_->setObjectName(QStringLiteral("tempoFactor"));
+    tempo_->setRange(25, 200);
+    tempo_->setValue(100);
+    tempo_->setSingleStep(5);
+    tempo_->setSuffix(tr(" %"));
+    tempo_->setKeyboardTracking(false);
+    tempo_->setAccessibleName(tr("Tempo"));
+    tempo_->setToolTip(tr("How fast the song is played, in percent of its tempo; its pitch stays"));
+    connect(tempo_, qOverload<int>(&QSpinBox::valueChanged), this, &SongArea::tempoFactorChanged);
+    connect(tempo_, &QSpinBox::editingFinished, tempo_,
+            [this] { tempo_->clearFocus(); }); // the keys are the window's again
+}
+
+void SongArea::setTempoFactor(int percent)
+{
+    const QSignalBlocker silent(tempo_);
+    tempo_->setValue(percent);
+}
+
+void SongArea::setLoop(const std::optional<TimeSpan> &loop)
+{
+    ruler_->setLoop(loop);
 }
 
 void SongArea::setMeasures(const Measures &measures)
@@ -196,7 +226,10 @@ void SongArea::align()
     if (overviews.isEmpty())
         return;
     const auto left = rows_.mapTo(this, overviews.topLeft()).x();
-    display_->setGeometry(margin, 0, left - 2 * margin, strip_->height());
+    const auto tempoSize = tempo_->sizeHint();
+    const auto tempoLeft = left - margin - tempoSize.width();
+    display_->setGeometry(margin, 0, tempoLeft - 2 * margin, strip_->height());
+    tempo_->setGeometry({{tempoLeft, (strip_->height() - tempoSize.height()) / 2}, tempoSize});
     ruler_->setGeometry(left, 0, overviews.width(), strip_->height());
     auto right = left + overviews.width() + margin;
     for (auto *const button : std::as_const(buttons_)) {

@@ -9,6 +9,7 @@ class PositionDisplay;
 class QAction;
 class QScrollArea;
 class QScrollBar;
+class QSpinBox;
 class QToolButton;
 class QWheelEvent;
 class TimeRuler;
@@ -31,6 +32,8 @@ public:
     // In the ruler, and as numbers; what is shown of the song follows a position that runs, when it is to.
     enum class Moves { AsSet, AsPlayed };
     void setPosition(Ticks position, qint64 milliseconds, Moves moves);
+    void setLoop(const std::optional<TimeSpan> &loop);
+    void setTempoFactor(int percent); // announces nothing
     void setFollowing(bool isFollowing) { isFollowing_ = isFollowing; }
     // Above the dials.
     void addButtons(const QVector<QAction *> &actions);
@@ -42,6 +45,8 @@ public:
 
 signals:
     void seek(qint64 ticks);
+    void loopChosen(const TimeSpan &loop);
+    void tempoFactorChanged(int percent);
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
@@ -50,6 +55,7 @@ protected:
 
 private:
     void scrollRows();
+    void setUpTempo();
     void followSong();
     void showSpan();
     void updateScrollBar();
@@ -65,6 +71,7 @@ private:
     QScrollArea *area_;
     QScrollBar *scrollBar_;
     QVector<QToolButton *> buttons_;
+    QSpinBox *tempo_;
     Measures measures_;
     TimeZoom zoom_;
     Ticks position_ = 0;

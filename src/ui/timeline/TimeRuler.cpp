@@ -3,8 +3,12 @@
 #include "ui/SharpPainter.h"
 #include "ui/timeline/MarkTexts.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <QPainterPath>
+
+#include <cmath>
+#include <utility>
 
 namespace {
 
@@ -14,6 +18,7 @@ constexpr double beatTickLength = 5;
 constexpr double measureTickLength = 9;
 constexpr int textMargin = 4;
 constexpr int pointerWidth = 6; // from its middle
+constexpr double edgeWidth = 5; // of a loop, for the mouse
 
 QColor mixed(const QColor &a, const QColor &b)
 {
@@ -27,7 +32,8 @@ TimeRuler::TimeRuler(QWidget *parent) : QWidget(parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setCursor(Qt::PointingHandCursor);
-    setToolTip(tr("Click or drag to set the position (with Alt: between the beats)"));
+    setToolTip(tr("Click or drag to set the position, drag in the upper half to set a loop (with Alt: between "
+                  "the beats)"));
     setAccessibleName(tr("Measures"));
 }
 
@@ -50,6 +56,12 @@ void TimeRuler::setPosition(Ticks position)
     updatePointer();
     position_ = position;
     updatePointer();
+}
+
+void TimeRuler::setLoop(const std::optional<TimeSpan> &loop)
+{
+    loop_ = loop;
+    update();
 }
 
 int TimeRuler::lineHeight() const
@@ -91,6 +103,7 @@ void TimeRuler::paintEvent(QPaintEvent *event)
     SharpPainter painter(this);
     const auto clip = event->rect();
     painter.fillRect(clip, palette().color(QPalette::Window));
+    paintLoop(painter);
     const auto widestNumber = fontMetrics().horizontalAdvance(QStringLiteral("0000")) + 2 * textMargin;
     const auto from = std::max(Ticks(0), tickAt(clip.left()) - ticksIn(widestNumber));
     const auto to = tickAt(clip.right() + 2) + 1;
@@ -146,20 +159,70 @@ void TimeRuler::paintPointer(QPainter &painter) const
     painter.fillPath(pointer, palette().color(QPalette::Highlight));
 }
 
-void TimeRuler::pick(const QMouseEvent &event)
+void TimeRuler::paintLoop(QPainter &painter) const
+{
+    if (!shownLoop() || span_.length <= 0)
+        return;
+    const auto left = x(shownLoop()->begin);
+    const auto right = x(shownLoop()->end());
+    auto colour = palette().color(QPalette::Highlight);
+    for (const auto edge : {left, right - hairline()})
+        painter.fillRect(QRectF(edge, 0, hairline(), height()), colour);
+    colour.setAlpha(90);
+    painter.fillRect(QRectF(left, 0, right - left, lineHeight() + 1), colour);
+}
+
+Ticks TimeRuler::picked(const QMouseEvent &event) const
 {
     const auto x = event.pos().x();
-    emit seek(event.modifiers() & Qt::AltModifier ? tickAt(x) : nearestTick(x));
+    return event.modifiers() & Qt::AltModifier ? tickAt(x) : nearestTick(x);
+}
+
+Ticks TimeRuler::loopAnchor(const QMouseEvent &event) const
+{
+    const auto isAt = [&](Ticks tick) { return std::abs(x(tick) - event.pos().x()) <= edgeWidth; };
+    if (loop_ && isAt(loop_->end()))
+        return loop_->begin;
+    return loop_ && isAt(loop_->begin) ? loop_->end() : picked(event);
 }
 
 void TimeRuler::mousePressEvent(QMouseEvent *event)
 {
-    if (event->button() == Qt::LeftButton)
-        pick(*event);
+    if (event->button() != Qt::LeftButton)
+        return;
+    pressedAt_ = event->pos();
+    if (event->pos().y() <= lineHeight())
+        anchor_ = loopAnchor(*event);
+    else
+        emit seek(picked(*event));
 }
 
 void TimeRuler::mouseMoveEvent(QMouseEvent *event)
 {
-    if (event->buttons() & Qt::LeftButton)
-        pick(*event);
+    if (!(event->buttons() & Qt::LeftButton))
+        return;
+    if (!anchor_) {
+        emit seek(picked(*event));
+        return;
+    }
+    const bool isDragged = (event->pos() - pressedAt_).manhattanLength() >= QApplication::startDragDistance();
+    if (!isDragged && !draggedLoop_)
+        return;
+    const auto here = picked(*event);
+    draggedLoop_ = TimeSpan{std::min(*anchor_, here), std::abs(*anchor_ - here)};
+    update();
+}
+
+// Without a drag it was a click.
+void TimeRuler::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton || !anchor_)
+        return;
+    anchor_.reset();
+    const auto dragged = std::exchange(draggedLoop_, {});
+    if (!dragged)
+        emit seek(picked(*event));
+    else if (dragged->length > 0)
+        emit loopChosen(*dragged);
+    update();
 }

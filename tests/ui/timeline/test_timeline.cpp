@@ -19,6 +19,12 @@ Track waltz()
     return track;
 }
 
+void drag(QWidget &widget, QPoint to, Qt::KeyboardModifiers modifiers = {})
+{
+    QMouseEvent move(QEvent::MouseMove, to, widget.mapToGlobal(to), Qt::NoButton, Qt::LeftButton, modifiers);
+    QCoreApplication::sendEvent(&widget, &move);
+}
+
 } // namespace
 
 class TestTimeline : public QObject
@@ -52,11 +58,46 @@ private slots:
         const QSignalSpy seeks(&ruler, &TimeRuler::seek);
         QTest::mousePress(&ruler, Qt::LeftButton, Qt::KeyboardModifiers(modifiers), {0, 30});
         QTest::mousePress(&ruler, Qt::RightButton, {}, {3, 30});
-        QMouseEvent drag(QEvent::MouseMove, QPoint(x, 30), Qt::NoButton, Qt::LeftButton,
-                         Qt::KeyboardModifiers(modifiers));
-        QCoreApplication::sendEvent(&ruler, &drag);
+        drag(ruler, {x, 30}, Qt::KeyboardModifiers(modifiers));
         QCOMPARE(seeks.size(), 2);
         QTEST(Ticks(seeks.last()[0].toLongLong()), "picked");
+    }
+
+    void rulerLoops_data()
+    {
+        // In beats of 100 pixels; 0 long: none.
+        const Rows<int, int, int, int, int, int> row("begin", "length", "from", "to", "newBegin", "newLength");
+        row("new", 0, 0, 103, 398, 1, 3);
+        row("new, backwards", 0, 0, 398, 103, 1, 3);
+        row("another", 4, 2, 103, 200, 1, 1);
+        row("its begin", 4, 2, 403, 203, 2, 4);
+        row("its end", 4, 2, 597, 1000, 4, 6);
+        row("its begin behind its end", 4, 2, 397, 800, 6, 2);
+        row("of nothing", 4, 2, 101, 120, 4, 2);
+        row("a click sets the position", 4, 2, 300, 300, 4, 2);
+    }
+
+    void rulerLoops()
+    {
+        QFETCH(int, begin);
+        QFETCH(int, length);
+        QFETCH(int, from);
+        QFETCH(int, to);
+        constexpr auto beat = whole / 4;
+        TimeRuler ruler;
+        ruler.resize(1600, 40);
+        ruler.setSpan({0, 16 * beat});
+        if (length > 0)
+            ruler.setLoop(TimeSpan{begin * beat, length * beat});
+        connect(&ruler, &TimeRuler::loopChosen, &ruler, &TimeRuler::setLoop);
+        const QSignalSpy seeks(&ruler, &TimeRuler::seek);
+        QTest::mousePress(&ruler, Qt::LeftButton, {}, {from, 3});
+        drag(ruler, {to, 3});
+        QTest::mouseRelease(&ruler, Qt::LeftButton, {}, {to, 3});
+        QCOMPARE(seeks.size(), from == to ? 1 : 0);
+        QTEST(int(ruler.loop()->begin / beat), "newBegin");
+        QTEST(int(ruler.loop()->length / beat), "newLength");
+        QVERIFY(!ruler.grab().isNull());
     }
 
     // As songs may have them; each within a second.
