@@ -70,8 +70,10 @@ void PlayingTracks::begin(const QString &trackId, PlayingTrack track)
 {
     if (!check(engine_.createGroup(track.group)))
         return;
-    if (const auto replaced = tracks_.constFind(trackId); replaced != tracks_.constEnd())
+    if (const auto replaced = tracks_.constFind(trackId); replaced != tracks_.constEnd()) {
+        notes_.forgetLateNotes(trackId);
         check(engine_.releaseGroup(replaced->group));
+    }
     insert(trackId, track);
 }
 

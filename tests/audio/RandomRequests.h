@@ -4,6 +4,7 @@
 #include "audio/PlayRequest.h"
 
 #include <functional>
+#include <optional>
 #include <random>
 #include <vector>
 
@@ -46,6 +47,20 @@ public:
             [=](Player &player) {
                 player.playTrack({id, melody, instrument, {}, group, flag, PlayRequest::Begin::WithTheGroup});
             },
+            [=](Player &player) {
+                player.playTracks({{.trackId = id, .track = melody, .instrument = instrument, .syncGroup = group},
+                                   {.trackId = id + id,
+                                    .track = melody,
+                                    .instrument = instrument,
+                                    .syncGroup = group,
+                                    .from = tick / 2,
+                                    .offset = 300 * double(level) - 150}});
+            },
+            [=](Player &player) {
+                player.setLoop(flag ? std::optional(LoopRegion{tick, tick + Ticks(200 + tick % 9000)}) : std::nullopt);
+            },
+            [=](Player &player) { player.setTempoFactor(0.25 + double(level)); },
+            [=](Player &player) { player.setOffset(id, 100 * double(level) - 50); },
             [=](Player &player) { player.stopTrack(id); },
             [=](Player &player) { tick % 8 == 0 ? player.stopAll() : player.stopTrack(id); }, // rarely: notes need time
             [=](Player &player) { player.seek(id, tick); },
