@@ -1,15 +1,8 @@
-// The window's slots, each a door to what it is about.
+// The window's slots but those about what is heard, each a door to what it is about.
 
 #include "app/MainWindow.h"
-#include "ui/song/SongArea.h"
 #include "ui/song/TrackRows.h"
 #include "ui/song/TrackWidget.h"
-
-namespace {
-
-constexpr double zoomStep = 1.5;
-
-} // namespace
 
 void MainWindow::onLoadABC()
 {
@@ -24,90 +17,6 @@ void MainWindow::onExportWav()
 void MainWindow::onImportMidi()
 {
     import_.importMidi();
-}
-
-void MainWindow::onPlay()
-{
-    transportCommands_.play();
-}
-
-void MainWindow::onPlayPause()
-{
-    transportCommands_.playOrPause();
-}
-
-void MainWindow::onStopAll()
-{
-    transport_.stop();
-}
-
-void MainWindow::onGoToStart()
-{
-    transport_.setPosition(0);
-}
-
-void MainWindow::onGoToEnd()
-{
-    transport_.goToEnd();
-}
-
-void MainWindow::onMeasureBack()
-{
-    transport_.goMeasureBack();
-}
-
-void MainWindow::onMeasureForward()
-{
-    transport_.goMeasureForward();
-}
-
-void MainWindow::onLoop(bool isOn)
-{
-    transportCommands_.switchLoop(isOn);
-    showLoop();
-}
-
-void MainWindow::onLoopBegin()
-{
-    transportCommands_.beginLoopHere();
-    showLoop();
-}
-
-void MainWindow::onLoopEnd()
-{
-    transportCommands_.endLoopHere();
-    showLoop();
-}
-
-void MainWindow::onLoopChosen(const TimeSpan &loop)
-{
-    transportCommands_.setLoop(loop);
-    showLoop();
-}
-
-void MainWindow::onTempoFactorChanged(int percent)
-{
-    transportCommands_.setTempoFactor(percent);
-}
-
-void MainWindow::onZoomIn()
-{
-    area_->zoomBy(zoomStep);
-}
-
-void MainWindow::onZoomOut()
-{
-    area_->zoomBy(1 / zoomStep);
-}
-
-void MainWindow::onZoomWhole()
-{
-    area_->showWhole();
-}
-
-void MainWindow::onFollow(bool isOn)
-{
-    area_->setFollowing(isOn);
 }
 
 void MainWindow::onAbout()
@@ -246,60 +155,6 @@ void MainWindow::onDefaultInstrumentChanged(const QString &name)
     showStandIn();
 }
 
-void MainWindow::onMasterVolumeChanged(int percent)
-{
-    transportCommands_.setMasterVolume(percent);
-    session_.setMasterVolume(percent);
-}
-
-void MainWindow::onTrackStarted(const QString &trackId)
-{
-    playbackView_.start(trackId);
-}
-
-void MainWindow::onTrackStopped(const QString &trackId)
-{
-    playbackView_.stop(trackId);
-}
-
-void MainWindow::onAllTracksStopped()
-{
-    playbackView_.stopAll();
-}
-
-void MainWindow::onTrackPositionChanged(const QString &trackId, quint64 position)
-{
-    playbackView_.setPosition(trackId, Ticks(position));
-    transport_.report(trackId, Ticks(position));
-}
-
-void MainWindow::onPositionChanged(qint64 position)
-{
-    playbackView_.setPosition(position, transport_.milliseconds(position), playback_.isPlaying());
-    if (!playback_.isPlaying())
-        updateActions();
-}
-
-void MainWindow::onMasterMeter(float leftRMS, float rightRMS, float leftPeak, float rightPeak)
-{
-    playbackView_.setMasterLevels(leftRMS, rightRMS, leftPeak, rightPeak);
-}
-
-void MainWindow::onTrackMeter(const QString &trackId, float leftRMS, float rightRMS, float leftPeak, float rightPeak)
-{
-    playbackView_.setLevels(trackId, leftRMS, rightRMS, leftPeak, rightPeak);
-}
-
-void MainWindow::onNotePressed(const QString &trackId, int eventIndex)
-{
-    playbackView_.pressNote(trackId, eventIndex);
-}
-
-void MainWindow::onNoteReleased(const QString &trackId, int eventIndex)
-{
-    playbackView_.releaseNote(trackId, eventIndex);
-}
-
 void MainWindow::onTrackMuteChanged(const QString &trackId)
 {
     tracks_.setMuted(tracks_.withSelection(trackId), rows_->row(trackId)->isMuted());
@@ -335,11 +190,6 @@ void MainWindow::onTrackChanged(const QString &trackId, const QString &step, con
     tracks_.setTrack(step, trackId, wanted);
 }
 
-void MainWindow::onTrackSeek(qint64 ticks)
-{
-    transport_.setPosition(ticks);
-}
-
 void MainWindow::onMoveTrackUp(const QString &trackId)
 {
     trackCommands_.moveBy(trackId, -1);
@@ -358,21 +208,6 @@ void MainWindow::onTrackTransposed(const QString &trackId, int semitones)
 void MainWindow::onTrackSelectionChanged(const QString &trackId, bool isSelected, Qt::KeyboardModifiers modifiers)
 {
     trackCommands_.select(trackId, isSelected, modifiers);
-}
-
-void MainWindow::onPreviewNote(const QString &trackId, int semitone)
-{
-    transportCommands_.previewNote(trackId, semitone);
-}
-
-void MainWindow::onStopPreview()
-{
-    player_.stopPreviewNote();
-}
-
-void MainWindow::onLoadingSample(const QString &samplePath)
-{
-    status_.showLoadingSample(samplePath);
 }
 
 void MainWindow::onRenderStarted()
