@@ -34,8 +34,9 @@ set(LAYERS
     "src/ui/importing|base settings core import edit song song/preview assets audio ui ui/report"
     "src/app/services|base settings core import song assets audio ui ui/tracks ui/editor"
     "src/app/commands|base settings core import import/quantise song song/preview assets audio ui ui/timeline ui/tracks ui/song ui/report ui/preferences ui/importing app/services"
+    "src/app/exporting|base settings core song assets audio export ui ui/tracks app/services app/commands"
     "src/app/recovery|base core song ui ui/tracks app/services app/commands"
-    "src/app|base settings core song assets audio audio/engine ui ui/timeline ui/tracks ui/song ui/report app/services app/commands app/recovery"
+    "src/app|base settings core song assets audio audio/engine ui ui/timeline ui/tracks ui/song ui/report app/services app/commands app/exporting app/recovery"
     "tools/cli|base settings core import import/quantise song assets assets/package audio audio/engine export"
     "tools/demogame|")
 set(LAYERS_WITHOUT_QT "src/audio/sound" "src/audio/engine")

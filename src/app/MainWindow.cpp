@@ -3,6 +3,7 @@
 #include "app/Application.h"
 #include "app/WindowMenus.h"
 #include "app/WindowToolBars.h"
+#include "app/exporting/ExportNote.h"
 #include "ui/Dialogs.h"
 #include "ui/InstrumentComboBox.h"
 #include "ui/Theme.h"
@@ -21,6 +22,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QSlider>
+#include <QStatusBar>
 #include <QTimer>
 
 namespace {
@@ -52,7 +54,8 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
       recovery_(context(), journal_, services.journalFolder, [this](const auto &then) { songs_.leaveFor(then); }),
       trackCommands_(context(), importQueue_), instrumentCommands_(context(), instruments_, *instrumentList_),
       transportCommands_(context(), transport_, player_, *masterVolume_), export_(context(), services.makeFileEngine),
-      program_(context()), status_(*this), reports_(new ImportReports(*this)),
+      notationExport_(context()), program_(context()), status_(*this), reports_(new ImportReports(*this)),
+      exportNote_(new ExportNote([this](const QString &folder) { dialogs_.openFolder(folder); }, this)),
       playbackView_(*rows_, *area_, *masterMeter_)
 {
     setWindowIcon(QIcon(QStringLiteral(":/icons/appicon.png")));
@@ -69,6 +72,7 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
     status_.follow(importQueue_.reading());
     status_.follow(settings_);
     status_.follow(songs_);
+    statusBar()->addPermanentWidget(exportNote_);
     connectParts();
     connectPlayer();
     restoreGeometry(QByteArray::fromBase64(settings_.value(Settings::WindowGeometry).toString().toLatin1()));
@@ -85,9 +89,10 @@ void MainWindow::showFailure(const QString &error)
 
 void MainWindow::makeActions()
 {
-    for (const auto &rows : {ImportCommands::actions(), SaveCommands::actions(), SongCommands::actions(),
-                             SongRecovery::actions(), TrackCommands::actions(), InstrumentCommands::actions(),
-                             TransportCommands::actions(), ExportCommands::actions(), ProgramCommands::actions()})
+    for (const auto &rows :
+         {ImportCommands::actions(), SaveCommands::actions(), SongCommands::actions(), SongRecovery::actions(),
+          TrackCommands::actions(), InstrumentCommands::actions(), TransportCommands::actions(),
+          ExportCommands::actions(), NotationExport::actions(), ProgramCommands::actions()})
         actions_.add(rows);
     QVector<QAction *> buttons;
     for (const auto *const name : {"actionZoom_Out", "actionZoom_In", "actionZoom_Whole", "actionLoop", "actionFollow"})
@@ -124,6 +129,7 @@ void MainWindow::connectParts()
     connect(&export_, &ExportCommands::renderProgress, this, &MainWindow::onRenderProgress);
     connect(&export_, &ExportCommands::renderFinished, this, &MainWindow::onRenderFinished);
     connect(&export_, &ExportCommands::loadingSample, this, &MainWindow::onLoadingSample);
+    connect(&notationExport_, &NotationExport::written, exportNote_, &ExportNote::tell);
     connect(&settings_, &Settings::settingChanged, this, &MainWindow::onSettingChanged);
     if (const auto *const application = qobject_cast<Application *>(QCoreApplication::instance()))
         connect(application, &Application::failed, this, &MainWindow::showFailure);

@@ -3,7 +3,6 @@
 #include "app/ImportReports.h"
 #include "app/PlaybackView.h"
 #include "app/StatusIndicators.h"
-#include "app/commands/ExportCommands.h"
 #include "app/commands/ImportCommands.h"
 #include "app/commands/ImportQueue.h"
 #include "app/commands/InstrumentCommands.h"
@@ -13,6 +12,8 @@
 #include "app/commands/TrackCommands.h"
 #include "app/commands/TransportCommands.h"
 #include "app/commands/WindowActions.h"
+#include "app/exporting/ExportCommands.h"
+#include "app/exporting/NotationExport.h"
 #include "app/recovery/SessionJournal.h"
 #include "app/recovery/SongRecovery.h"
 #include "app/services/ChangedFiles.h"
@@ -28,6 +29,7 @@
 
 #include <QMainWindow>
 
+class ExportNote;
 class InstrumentComboBox;
 class QSlider;
 class SongArea;
@@ -74,6 +76,8 @@ public:
 public slots:
     void onLoadABC();
     void onExportWav();
+    void onExportMidi();
+    void onExportTunebook();
     void onImportMidi();
     void onPlay();
     void onPlayPause();
@@ -207,9 +211,11 @@ private:
     InstrumentCommands instrumentCommands_;
     TransportCommands transportCommands_;
     ExportCommands export_;
+    NotationExport notationExport_;
     ProgramCommands program_;
     StatusIndicators status_;
     ImportReports *reports_; // of this window
+    ExportNote *exportNote_;
     PlaybackView playbackView_;
     WindowActions actions_{*this};
 };

@@ -14,6 +14,16 @@ void MainWindow::onExportWav()
     export_.exportWav();
 }
 
+void MainWindow::onExportMidi()
+{
+    notationExport_.exportMidi();
+}
+
+void MainWindow::onExportTunebook()
+{
+    notationExport_.exportTunebook();
+}
+
 void MainWindow::onImportMidi()
 {
     import_.importMidi();

@@ -61,6 +61,7 @@ const std::array<Row, settingCount> &rows()
         {AbcGraceNotes, "abc/graceNotes", Type::Boolean, "true"},
         {AbcPlayChordNames, "abc/playChordNames", Type::Boolean, "false"},
         {AbcTempoInQuarters, "abc/tempoInQuarters", Type::Boolean, "false"}, // what "Q:120" counts
+        {MidiSaveDir, "dirs/midi/save", Type::Text, ""},
     }};
     return table;
 }

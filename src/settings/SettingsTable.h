@@ -62,6 +62,7 @@ enum Setting {
     AbcGraceNotes,
     AbcPlayChordNames,
     AbcTempoInQuarters,
+    MidiSaveDir,
     settingCount
 };
 

@@ -174,3 +174,8 @@ void DesktopDialogs::openInBrowser(const QUrl &address)
     if (address.scheme() == QLatin1String("http") || address.scheme() == QLatin1String("https"))
         QDesktopServices::openUrl(address);
 }
+
+void DesktopDialogs::openFolder(const QString &path)
+{
+    QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+}

@@ -49,6 +49,7 @@ public:
     virtual bool run(QDialog &dialog) = 0;
 
     virtual void openInBrowser(const QUrl &address) = 0; // http and https only; others are ignored
+    virtual void openFolder(const QString &path) = 0;    // in the desktop's program for files
 };
 
 // The dialogs of the desktop.
@@ -73,4 +74,5 @@ public:
     std::optional<ForeignAnswer> askAboutForeign(QWidget *parent, const QString &title, const QString &text) override;
     bool run(QDialog &dialog) override;
     void openInBrowser(const QUrl &address) override;
+    void openFolder(const QString &path) override;
 };

@@ -102,6 +102,7 @@ public:
         return dialog.exec() == QDialog::Accepted;
     }
     void openInBrowser(const QUrl &address) override { opened.append(address); }
+    void openFolder(const QString &path) override { opened.append(QUrl::fromLocalFile(path)); }
 
 private:
     void note(const QString &title, const QString &text, const QString &start)

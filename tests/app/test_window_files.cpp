@@ -565,6 +565,37 @@ private slots:
         QVERIFY(dialogs.messages.first().startsWith(QStringLiteral("Export to Wav|")));
     }
 
+    void exportsNotation_data()
+    {
+        const Rows<const char *, QString, QString, QByteArray> row("action", "asked", "file", "begins");
+        row("MIDI", "actionExport_MIDI", "Export MIDI|MIDI file (*.mid)", "harbour-jig.mid", "MThd");
+        row("tunebook", "actionExport_Tunebook", "Export Tunebook|ABC Files (*.abc)", "harbour-jig.abc", "X: 1\nT:");
+    }
+    void exportsNotation()
+    {
+        QFETCH(const char *, action);
+        QFETCH(const QString, asked);
+        QFETCH(const QString, file);
+        QFETCH(const QByteArray, begins);
+        QVERIFY(fixture_->import(jig, 3));
+        fixture_->tracks().setMuted({fixture_->tracks().ids().first()}, true); // written all the same
+        auto &dialogs = fixture_->dialogs();
+        dialogs.takeAsked();
+        dialogs.files = QStringList{fixture_->path("song.out"), fixture_->path("no/song.out")};
+        fixture_->trigger(action);
+        QCOMPARE(dialogs.asked, QStringList(asked));
+        QCOMPARE(QFileInfo(dialogs.starts.last()).fileName(), file);
+        auto *const note = fixture_->child<QWidget>("exportNote");
+        QTRY_VERIFY(note->isVisible());
+        QVERIFY(WindowFixture::read(fixture_->path("song.out")).startsWith(begins));
+        note->findChild<QToolButton *>(QStringLiteral("btnOpenFolder"))->click();
+        QCOMPARE(dialogs.opened, QList<QUrl>{QUrl::fromLocalFile(QFileInfo(fixture_->path("song.out")).path())});
+        fixture_->trigger(action);
+        QTRY_COMPARE(
+            dialogs.messages,
+            QStringList(QStringLiteral("Export|%1: The folder does not exist.").arg(fixture_->path("no/song.out"))));
+    }
+
     void exportsWaves()
     {
         QVERIFY(fixture_->import(jig, 3));

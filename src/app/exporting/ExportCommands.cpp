@@ -1,4 +1,4 @@
-#include "app/commands/ExportCommands.h"
+#include "app/exporting/ExportCommands.h"
 
 #include "app/services/Playback.h"
 #include "settings/Settings.h"
