@@ -1,9 +1,9 @@
 // The export of a whole song as the program does it, from tracks and sample files to the finished wave file, against
 // fluidsynth playing the same notes of the same samples on the same core, dry. Items are voice-seconds: one voice
 // sounding for one second.
-#include "audio/RenderWorker.h"
 #include "audio/SampleFiles.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "audio/render/RenderWorker.h"
 #include "support/DenseSong.h"
 #include "support/Fluidsynth.h"
 #include "support/Ratios.h"
@@ -122,7 +122,7 @@ void render(const std::vector<Track> &tracks, Source source, std::size_t cores)
     const auto &samples = Samples::of(source);
     const auto file = samples.path(QStringLiteral("song.wav"));
     RenderWorker worker(
-        file, [source](const QString &path) { return waveEngine(path, source); }, cores);
+        RenderPlan::wave(file), [source](const QString &path) { return waveEngine(path, source); }, cores);
     for (std::size_t i = 0; i < tracks.size(); ++i)
         worker.addTrack(tracks[i], samples.instruments()[i % DenseSong::instruments], {});
     worker.__render();

@@ -18,6 +18,7 @@ set(LAYERS
     "src/audio/sound|"
     "src/audio/samples|base assets assets/package audio/sound"
     "src/audio|base core assets assets/package audio/sound audio/samples"
+    "src/audio/render|base core audio audio/sound"
     "src/audio/engine|audio/AudioEngine.h audio/sound"
     "src/export|base core import assets audio/TempoMap.h"
     "src/ui|base settings assets"
@@ -34,10 +35,10 @@ set(LAYERS
     "src/ui/importing|base settings core import edit song song/preview assets audio ui ui/report"
     "src/app/services|base settings core import song assets audio ui ui/tracks ui/editor"
     "src/app/commands|base settings core import import/quantise song song/preview assets audio ui ui/timeline ui/tracks ui/song ui/report ui/preferences ui/importing app/services"
-    "src/app/exporting|base settings core song assets audio export ui ui/tracks app/services app/commands"
+    "src/app/exporting|base settings core song assets audio audio/render audio/sound export ui ui/tracks app/services app/commands"
     "src/app/recovery|base core song ui ui/tracks app/services app/commands"
-    "src/app|base settings core song assets audio audio/engine ui ui/timeline ui/tracks ui/song ui/report app/services app/commands app/exporting app/recovery"
-    "tools/cli|base settings core import import/quantise song assets assets/package audio audio/engine export"
+    "src/app|base settings core song assets audio audio/engine ui ui/timeline ui/tracks ui/song ui/report app/services app/commands app/exporting app/recovery audio/render"
+    "tools/cli|base settings core import import/quantise song assets assets/package audio audio/render audio/sound audio/engine export"
     "tools/demogame|")
 set(LAYERS_WITHOUT_QT "src/audio/sound" "src/audio/engine")
 

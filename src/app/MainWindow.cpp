@@ -53,7 +53,9 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
       songs_(context(), save_, [this] { return editors_.closeStrays(); }), import_(context(), importQueue_, songs_),
       recovery_(context(), journal_, services.journalFolder, [this](const auto &then) { songs_.leaveFor(then); }),
       trackCommands_(context(), importQueue_), instrumentCommands_(context(), instruments_, *instrumentList_),
-      transportCommands_(context(), transport_, player_, *masterVolume_), export_(context(), services.makeFileEngine),
+      transportCommands_(context(), transport_, player_, *masterVolume_),
+      export_(context(), services.makeFileEngine,
+              services.journalFolder.isEmpty() ? QString() : services.journalFolder + QStringLiteral("/exports")),
       notationExport_(context()), program_(context()), status_(*this), reports_(new ImportReports(*this)),
       exportNote_(new ExportNote([this](const QString &folder) { dialogs_.openFolder(folder); }, this)),
       playbackView_(*rows_, *area_, *masterMeter_)
@@ -129,6 +131,7 @@ void MainWindow::connectParts()
     connect(&export_, &ExportCommands::renderProgress, this, &MainWindow::onRenderProgress);
     connect(&export_, &ExportCommands::renderFinished, this, &MainWindow::onRenderFinished);
     connect(&export_, &ExportCommands::loadingSample, this, &MainWindow::onLoadingSample);
+    connect(&export_, &ExportCommands::written, exportNote_, &ExportNote::tell);
     connect(&notationExport_, &NotationExport::written, exportNote_, &ExportNote::tell);
     connect(&settings_, &Settings::settingChanged, this, &MainWindow::onSettingChanged);
     if (const auto *const application = qobject_cast<Application *>(QCoreApplication::instance()))

@@ -76,6 +76,7 @@ public:
 public slots:
     void onLoadABC();
     void onExportWav();
+    void onExportAudio();
     void onExportMidi();
     void onExportTunebook();
     void onImportMidi();

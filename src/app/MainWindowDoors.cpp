@@ -14,6 +14,11 @@ void MainWindow::onExportWav()
     export_.exportWav();
 }
 
+void MainWindow::onExportAudio()
+{
+    export_.exportAudio();
+}
+
 void MainWindow::onExportMidi()
 {
     notationExport_.exportMidi();

@@ -48,7 +48,7 @@ void makeMenus(QMainWindow &window, const WindowActions &actions, ImportCommands
     actions.addTo(*imports, "actionImport_MIDI actionImport_from_Clipboard actionImport_Again -");
     auto *const exports = addMenu(file, "menuExport", "Export");
     exports->setIcon(icon("export"));
-    actions.addTo(*exports, "actionExport_to_Wav - actionExport_MIDI actionExport_Tunebook");
+    actions.addTo(*exports, "actionExport_to_Wav actionExport_Audio - actionExport_MIDI actionExport_Tunebook");
     actions.addTo(
         *file,
         "- actionSave_Song actionSave_Song_As actionSave_Parts actionSong_Title - actionSave_Selected actionSave_All - "

@@ -102,6 +102,11 @@ AudioResult AudioEngine::render(Timeline &timeline, RenderHost &host)
     return AudioResult::Ok;
 }
 
+AudioResult AudioEngine::mix(Timeline &, RenderHost &, const MixedFrames &)
+{
+    return AudioResult::InvalidArgument;
+}
+
 AudioResult AudioEngine::makeSound(std::span<const std::byte> file, std::size_t mostFrames, Sound &sound) const
 {
     return decodeSample(file, mostFrames, sound);

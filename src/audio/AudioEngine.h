@@ -98,6 +98,9 @@ public:
     virtual void run(const std::function<std::optional<RenderJob>()> &nextJob) = 0;
 };
 
+// Takes what was mixed, interleaved. Everything but Ok ends the mixing. [render]
+using MixedFrames = std::function<AudioResult(std::span<const float> stereo)>;
+
 // The one door to sound. An engine has one owner thread, [audio] below: the player's audio thread or the renderer's.
 // What is tagged [any] is const and may be called from several threads at once. When a call fails, the rest goes on.
 class AudioEngine
@@ -153,6 +156,12 @@ public:
     // follow. The file ends with the block in which the timeline and its last voice end. This body plays the voices and
     // updates the engine block by block; an engine that knows a faster way overrides it. [render]
     virtual AudioResult render(Timeline &timeline, RenderHost &host);
+
+    // Whether there is mix(). [any]
+    virtual bool canMix() const { return false; }
+    // Mixes a timeline as render() does, but for somebody else than the output, at 48 kHz, and without initialize(). It
+    // ends with the block in which the timeline does. [render]
+    virtual AudioResult mix(Timeline &timeline, RenderHost &host, const MixedFrames &take);
 
     // The sound of a sample file, up to so many frames at least. This body reads what SampleDecoder reads; an engine
     // whose library knows more formats overrides it. [any]

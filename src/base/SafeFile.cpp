@@ -24,37 +24,9 @@ namespace {
 
 #ifdef Q_OS_UNIX
 
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("SafeFile", text);
-}
-
-// The usual causes in words for the user, the others as the system has them.
-QString causeOf(int error)
-{
-    switch (error) {
-    case ENOSPC:
-        return translated("The disk is full.");
-    case EDQUOT:
-        return translated("The space that is yours on the disk is used up.");
-    case EROFS:
-        return translated("The disk is read-only.");
-    case EACCES:
-        return translated("The folder is read-only.");
-    case EPERM:
-        return translated("The file may not be replaced.");
-    case ENOENT:
-        return translated("The folder does not exist.");
-    case ENAMETOOLONG:
-        return translated("The name is too long.");
-    default:
-        return QString::fromLocal8Bit(std::strerror(error));
-    }
-}
-
 [[noreturn]] void failWithErrno()
 {
-    throw causeOf(errno);
+    throw SafeFile::causeOf(errno);
 }
 
 class Descriptor
@@ -230,13 +202,12 @@ bool isBeside(const QString &name, const QString &begin)
            std::all_of(name.begin() + begin.size(), name.end() - endingBeside.size(), isDigit);
 }
 
-// What programs left that were killed while they saved the same file. Nobody writes for so long without changing it.
-void removeLeftovers(const QString &target)
+// What programs left that were killed while they saved the same file, and that nobody has changed for so long.
+void removeLeftovers(const QString &target, int seconds)
 {
-    constexpr int oldAfterSeconds = 600;
     const QFileInfo info(target);
     const auto begin = beginBeside(info);
-    const auto old = QDateTime::currentDateTime().addSecs(-oldAfterSeconds);
+    const auto old = QDateTime::currentDateTime().addSecs(-seconds);
     for (QDirIterator files(info.path(), QDir::Files | QDir::Hidden | QDir::NoSymLinks); files.hasNext();) {
         files.next();
         if (isBeside(files.fileName(), begin) && files.fileInfo().lastModified() < old)
@@ -256,6 +227,36 @@ QString behindLinks(const QString &path)
 } // namespace
 
 namespace SafeFile {
+
+QString causeOf(int error)
+{
+    const auto translated = [](const char *text) { return QCoreApplication::translate("SafeFile", text); };
+    switch (error) {
+    case ENOSPC:
+        return translated("The disk is full.");
+#ifdef EDQUOT
+    case EDQUOT:
+        return translated("The space that is yours on the disk is used up.");
+#endif
+    case EROFS:
+        return translated("The disk is read-only.");
+    case EACCES:
+        return translated("The folder is read-only.");
+    case EPERM:
+        return translated("The file may not be replaced.");
+    case ENOENT:
+        return translated("The folder does not exist.");
+    case ENAMETOOLONG:
+        return translated("The name is too long.");
+    default:
+        return QString::fromLocal8Bit(std::strerror(error));
+    }
+}
+
+void removeLeftovers(const QString &path)
+{
+    ::removeLeftovers(behindLinks(path), -1); // also those of this very second
+}
 
 void synchronise(QFile &file)
 {
@@ -285,11 +286,17 @@ Replacement::~Replacement()
         QFile::remove(path_);
 }
 
+void Replacement::create() const
+{
+    ::create(path_, {});
+}
+
 void Replacement::commit()
 {
     replace(target_, path_);
     isCommitted_ = true;
-    removeLeftovers(target_);
+    constexpr int oldAfterSeconds = 600; // nobody writes for so long without changing the file
+    ::removeLeftovers(target_, oldAfterSeconds);
 }
 
 void Replacement::commitUnsynchronised()

@@ -32,6 +32,8 @@ public:
     Replacement &operator=(const Replacement &) = delete;
     ~Replacement();
 
+    // The empty file, for who wants to know early whether it can be.
+    void create() const;
     // Where to write the new contents; the file must be closed before commit().
     const QString &path() const { return path_; }
     void commit();
@@ -43,9 +45,15 @@ private:
     bool isCommitted_ = false;
 };
 
+// Removes the files beside that were left by programs that were killed. Nobody may be saving the file.
+void removeLeftovers(const QString &path);
+
 // Returns when everything that was written to an open file is on the disk; throws a QString when it cannot be.
 void synchronise(QFile &file);
 void synchroniseFolder(const QString &path); // of this file: its name
+
+// The usual causes, by their errno, in words for the user; the others as the system has them.
+QString causeOf(int error);
 
 // A title as the name of a file: what a file system refuses becomes "_", at most 200 bytes of UTF-8.
 QString cleanName(const QString &title);

@@ -62,6 +62,11 @@ const std::array<Row, settingCount> &rows()
         {AbcPlayChordNames, "abc/playChordNames", Type::Boolean, "false"},
         {AbcTempoInQuarters, "abc/tempoInQuarters", Type::Boolean, "false"}, // what "Q:120" counts
         {MidiSaveDir, "dirs/midi/save", Type::Text, ""},
+        {AudioSaveDir, "dirs/audio/save", Type::Text, ""},
+        {ExportFormat, "export/format", Type::Integer, "0"}, // see SoundCoding
+        {ExportQuality, "export/quality", Type::Integer, "7"},
+        {ExportFiles, "export/files", Type::Integer, "0"}, // see RenderFiles
+        {ExportNormalise, "export/normalise", Type::Boolean, "false"},
     }};
     return table;
 }

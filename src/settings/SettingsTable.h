@@ -63,6 +63,11 @@ enum Setting {
     AbcPlayChordNames,
     AbcTempoInQuarters,
     MidiSaveDir,
+    AudioSaveDir,
+    ExportFormat,
+    ExportQuality,
+    ExportFiles,
+    ExportNormalise,
     settingCount
 };
 

@@ -13,8 +13,10 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDialog>
+#include <QDir>
 #include <QLabel>
 #include <QListWidget>
+#include <QLockFile>
 #include <QMenu>
 #include <QMimeData>
 #include <QStatusBar>
@@ -562,18 +564,70 @@ private slots:
             QTRY_COMPARE(dialogs.messages.size(), isCancelled ? 0 : 1);
             QTRY_VERIFY(!fixture_->child<QDialog>("exportProgress"));
         }
-        QVERIFY(dialogs.messages.first().startsWith(QStringLiteral("Export to Wav|")));
+        QCOMPARE(dialogs.messages.first(),
+                 QStringLiteral("Export to Wav|%1: The folder does not exist.").arg(fixture_->path("no/folder.wav")));
+        QVERIFY(!fixture_->child<QWidget>("exportNote")->isVisible());
+    }
+
+    void exportsAudio()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        fixture_->tracks().setMuted({fixture_->tracks().ids().last()}, true);
+        auto &dialogs = fixture_->dialogs();
+        fixture_->write("jig - Track 1 - Flute.flac", "old");
+        dialogs.inDialog = [](QDialog &dialog) {
+            const auto choose = [&dialog](const char *name, int index) {
+                dialog.findChild<QComboBox *>(QLatin1String(name))->setCurrentIndex(index);
+            };
+            choose("cmbFormat", 4);
+            choose("cmbFiles", 2);
+            dialog.findChild<QCheckBox *>(QStringLiteral("chkNormalise"))->setChecked(true);
+            dialog.accept();
+        };
+        dialogs.files = QStringList{fixture_->path("jig.mp3"), fixture_->path("jig")};
+        dialogs.answer = Dialogs::Answer::Yes;
+        fixture_->trigger("actionExport_Audio");
+        QCOMPARE(
+            dialogs.takeMessages(),
+            QStringList(QStringLiteral("Export Audio|'jig.mp3' does not end in \".flac\", as FLAC, 24 bit files do.")));
+        QCOMPARE(QFileInfo(dialogs.starts.last()).fileName(), QStringLiteral("harbour-jig.flac"));
+        QTRY_VERIFY(fixture_->child<QWidget>("exportNote")->isVisible());
+        QVERIFY(dialogs.asked.last().contains(QStringLiteral("jig - Track 1 - Flute.flac\nWould you like")));
+        const auto files = QDir(fixture_->path("")).entryInfoList({QStringLiteral("*.flac")});
+        QCOMPARE(files.size(), 3); // the muted part has none
+        for (const auto &file : files)
+            QVERIFY(WindowFixture::read(file.filePath()).startsWith("fLaC"));
+        QTRY_VERIFY(!fixture_->child<QDialog>("exportProgress"));
+        QCOMPARE(fixture_->settings().value(Settings::ExportFormat).toInt(), 4);
+    }
+
+    // By an export of a program that runs no more; what others write, and the user's own files, stay.
+    void removesWhatAKilledExportLeft()
+    {
+        fixture_->write("journals/exports/dead.export", fixture_->path("song.wav").toUtf8());
+        fixture_->write("journals/exports/busy.export", fixture_->path("busy.wav").toUtf8());
+        QLockFile lock(fixture_->path("journals/exports/busy.export.lock"));
+        QVERIFY(lock.tryLock(0));
+        for (const char *name :
+             {"song.wav~0123456789abc.saving", "song.wav~mine.saving", "busy.wav~0123456789abc.saving", "song.wav"})
+            fixture_->write(name, "x");
+        fixture_->makeWindow();
+        QTRY_VERIFY(!QFile::exists(fixture_->path("song.wav~0123456789abc.saving")));
+        for (const char *name :
+             {"song.wav~mine.saving", "busy.wav~0123456789abc.saving", "song.wav", "journals/exports/busy.export"})
+            QVERIFY2(QFile::exists(fixture_->path(name)), name);
+        QVERIFY(!QFile::exists(fixture_->path("journals/exports/dead.export")));
     }
 
     void exportsNotation_data()
     {
-        const Rows<const char *, QString, QString, QByteArray> row("action", "asked", "file", "begins");
+        const Rows<QByteArray, QString, QString, QByteArray> row("action", "asked", "file", "begins");
         row("MIDI", "actionExport_MIDI", "Export MIDI|MIDI file (*.mid)", "harbour-jig.mid", "MThd");
         row("tunebook", "actionExport_Tunebook", "Export Tunebook|ABC Files (*.abc)", "harbour-jig.abc", "X: 1\nT:");
     }
     void exportsNotation()
     {
-        QFETCH(const char *, action);
+        QFETCH(const QByteArray, action);
         QFETCH(const QString, asked);
         QFETCH(const QString, file);
         QFETCH(const QByteArray, begins);
@@ -582,7 +636,7 @@ private slots:
         auto &dialogs = fixture_->dialogs();
         dialogs.takeAsked();
         dialogs.files = QStringList{fixture_->path("song.out"), fixture_->path("no/song.out")};
-        fixture_->trigger(action);
+        fixture_->trigger(action.constData());
         QCOMPARE(dialogs.asked, QStringList(asked));
         QCOMPARE(QFileInfo(dialogs.starts.last()).fileName(), file);
         auto *const note = fixture_->child<QWidget>("exportNote");
@@ -590,7 +644,7 @@ private slots:
         QVERIFY(WindowFixture::read(fixture_->path("song.out")).startsWith(begins));
         note->findChild<QToolButton *>(QStringLiteral("btnOpenFolder"))->click();
         QCOMPARE(dialogs.opened, QList<QUrl>{QUrl::fromLocalFile(QFileInfo(fixture_->path("song.out")).path())});
-        fixture_->trigger(action);
+        fixture_->trigger(action.constData());
         QTRY_COMPARE(
             dialogs.messages,
             QStringList(QStringLiteral("Export|%1: The folder does not exist.").arg(fixture_->path("no/song.out"))));

@@ -1,7 +1,7 @@
 #include "RandomRequests.h"
 #include "audio/PlayerWorker.h"
-#include "audio/RenderWorker.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "audio/render/RenderWorker.h"
 
 #include <QtTest>
 
@@ -77,7 +77,7 @@ private slots:
                 return std::make_unique<BuiltinEngine>(EngineOutput::WavFile, path.toStdU16String());
             };
             for (int i = 0; i < 3; ++i) {
-                RenderWorker worker(file, makeEngine, 3);
+                RenderWorker worker(RenderPlan::wave(file), makeEngine, 3);
                 worker.addTrack(melody, instrument, {});
                 worker.addTrack(melody, instrument, {1, 1});
                 worker.__render();

@@ -1,8 +1,8 @@
 // What happens when samples need more memory than there is.
 #include "SampleFiles.h"
-#include "audio/RenderTimeline.h"
 #include "audio/SampleCache.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "audio/render/RenderTimeline.h"
 #include "base/ParallelJobs.h"
 
 #include <QtTest>

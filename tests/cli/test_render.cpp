@@ -42,6 +42,7 @@ private slots:
             folder_.write(directory + QStringLiteral("click.wav"), waveBytes({qint16(level)}));
         }
         folder_.write("game/linux64/kelvarion", "x");
+        folder_.write("g - Untitled.wav", "x");
     }
 
     void init() { QFile::remove(wav_); }
@@ -123,6 +124,50 @@ private slots:
         QCOMPARE(click().second, 96000);
     }
 
+    void formats_data()
+    {
+        const Rows<QString, QString, QByteArray> row("options", "files", "begins");
+        row("FLAC", "--output o.flac --bits 24", "o.flac", "fLaC");
+        row("Vorbis", "--output o.ogg --quality 3", "o.ogg", "OggS");
+        row("24 bit", "--output o.WAV --bits 24 --normalise", "o.WAV", "RIFF");
+        row("no ending", "--output o", "o", "RIFF");
+        row("parts", "two.abc --output o.wav --files parts", "o - Tune.wav, o - Two.wav", "RIFF");
+        row("both", "two.abc --output sub/o.flac --files both", "sub/o.flac, sub/o - Tune.flac, sub/o - Two.flac",
+            "fLaC");
+    }
+    void formats()
+    {
+        QFETCH(const QString, options);
+        QFETCH(const QString, files);
+        QFETCH(const QByteArray, begins);
+        folder_.write("two.abc", "X:1\nT:Two\nK:C\nE\n");
+        folder_.write("sub/here", "");
+        const auto [status, out, error] =
+            render("X:1\nT:Tune\nK:C\nC\n", QStringLiteral("--instrument lute ") + options);
+        QCOMPARE(error, QByteArray());
+        QCOMPARE(out, QByteArray("wrote " + files.toUtf8() + "\n"));
+        for (const auto &file : files.split(QStringLiteral(", ")))
+            QVERIFY(folder_.read(file).startsWith(begins));
+    }
+
+    void loops()
+    {
+        folder_.write("loop.kvsong",
+                      R"({"format": "kelvarion-song", "version": 1, "loop": {"begin": 10080, "end": 20160},
+            "parts": [{"id": "T1", "instrument": "lute", "abc": ["X:1", "L:1/4", "Q:1/4=60", "K:C", "CDC"]}]})");
+        QCOMPARE(run(folder_, "render loop.kvsong --game game --output out.wav --loop").status, 0);
+        const auto bytes = QFileInfo(wav_).size() - 48000 * 4;
+        QVERIFY(bytes >= 44 && bytes < 500); // header and tags
+    }
+
+    void tellsWhatIsClipped()
+    {
+        folder_.write("chord.abc", "X:1\nT:Tune\nK:C\n[C8C8C8C8]\n");
+        const auto [status, out, error] =
+            run(folder_, "render chord.abc --game game --instrument lute --output out.wav");
+        QCOMPARE(out, QByteArray("wrote out.wav; 0.2 % of the samples are clipped\n"));
+    }
+
     void refusals_data()
     {
         const Rows<QByteArray, QString, QByteArray> row("abc", "options", "message");
@@ -131,7 +176,13 @@ private slots:
         row("no game", tune, "--game .", "No Kelvarion installation was found at the specified directory.");
         row("instrument", tune, "--instrument kazoo", "Instrument 'kazoo' not found.");
         row("target", tune, "--output .", "Not a regular file.");
-        row("no folder", tune, "--output nowhere/out.wav", "nowhere/out.wav: The wave file cannot be written.");
+        row("no folder", tune, "--output nowhere/out.wav", "nowhere/out.wav: The folder does not exist.");
+        row("ending", tune, "--output out.xyz", "out.xyz: The ending \"xyz\" is none of wav, flac, ogg, opus, mp3.");
+        row("bits", tune, "--output out.mp3 --bits 24", "out.mp3: MP3 files have no such bits.");
+        row("quality", tune, "--quality 3", "out.wav: WAV files have no such quality.");
+        row("no loop", tune, "--loop", "out.wav: The song has no loop.");
+        row("a part's file", tune, "--files parts --output g.wav",
+            "g.wav: \"g - Untitled.wav\" exists; --force writes over it.");
         row("the song", tune, "--output tune.abc", "tune.abc: The wave file would replace the song.");
     }
     void refusals()

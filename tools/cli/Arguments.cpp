@@ -82,18 +82,6 @@ constexpr TransformOption transformOptions[] = {
     {"merge", "", makeMerge},          {"quantise", "", makeQuantise},
 };
 
-void readSetting(Arguments &arguments, const QString &text)
-{
-    const auto equals = text.indexOf(u'=');
-    const auto *const row = SettingsTable::find(text.left(equals));
-    if (equals < 0 || row == nullptr)
-        throw WrongUsage{QStringLiteral("--set knows no setting in \"%1\"").arg(text)};
-    const auto value = SettingsTable::parse(*row, text.mid(equals + 1));
-    if (!value)
-        throw WrongUsage{QStringLiteral("--set cannot read the value in \"%1\"").arg(text)};
-    arguments.settings[row->setting] = *value;
-}
-
 template<typename Value>
 using Names = std::initializer_list<std::pair<const char *, Value>>;
 
@@ -110,6 +98,50 @@ Value named(const char *option, const QString &text, Names<Value> names)
     const auto last = known.takeLast();
     throw WrongUsage{
         QStringLiteral("--%1 takes %2 or %3").arg(QLatin1String(option), known.join(QStringLiteral(", ")), last)};
+}
+
+RenderFiles readFiles(const QString &text)
+{
+    return named<RenderFiles>("files", text,
+                              {{"mix", RenderFiles::Mix}, {"parts", RenderFiles::Parts}, {"both", RenderFiles::Both}});
+}
+
+int readBits(const QString &text)
+{
+    return named<int>("bits", text, {{"16", 16}, {"24", 24}, {"float", 32}});
+}
+
+double readQuality(const QString &text)
+{
+    bool isNumber = false;
+    const double quality = text.toDouble(&isNumber) / 10;
+    if (!isNumber || !(quality >= 0 && quality <= 1))
+        throw WrongUsage{QStringLiteral("--quality takes a number from 0 to 10")};
+    return quality;
+}
+
+void readRendering(Arguments &arguments, const QCommandLineParser &parser)
+{
+    for (const auto &files : parser.values(QStringLiteral("files")))
+        arguments.files = readFiles(files);
+    for (const auto &bits : parser.values(QStringLiteral("bits")))
+        arguments.bits = readBits(bits);
+    for (const auto &quality : parser.values(QStringLiteral("quality")))
+        arguments.quality = readQuality(quality);
+    arguments.loop = parser.isSet(QStringLiteral("loop"));
+    arguments.normalise = parser.isSet(QStringLiteral("normalise"));
+}
+
+void readSetting(Arguments &arguments, const QString &text)
+{
+    const auto equals = text.indexOf(u'=');
+    const auto *const row = SettingsTable::find(text.left(equals));
+    if (equals < 0 || row == nullptr)
+        throw WrongUsage{QStringLiteral("--set knows no setting in \"%1\"").arg(text)};
+    const auto value = SettingsTable::parse(*row, text.mid(equals + 1));
+    if (!value)
+        throw WrongUsage{QStringLiteral("--set cannot read the value in \"%1\"").arg(text)};
+    arguments.settings[row->setting] = *value;
 }
 
 AbcDialect readReading(const QString &text)
@@ -210,9 +242,9 @@ void checkUsage(const Command &command, const QStringList &options, int inputCou
 
 void addOptions(QCommandLineParser &parser)
 {
-    for (const char *name : {"output", "game", "instrument", "title", "set", "read", "to"})
+    for (const char *name : {"output", "game", "instrument", "title", "set", "read", "to", "files", "bits", "quality"})
         parser.addOption({QLatin1String(name), QString(), QStringLiteral("value")});
-    for (const char *name : {"mods", "json", "force", "help"})
+    for (const char *name : {"mods", "json", "force", "loop", "normalise", "help"})
         parser.addOption(QCommandLineOption(QLatin1String(name)));
     for (const auto &option : transformOptions)
         parser.addOption({QLatin1String(option.name), QString(), QLatin1String(option.valueName)});
@@ -245,6 +277,7 @@ Invocation parseArguments(const QStringList &words, const std::vector<Command> &
     for (const auto &to : parser.values(QStringLiteral("to")))
         arguments.to = readConvertTo(to);
     arguments.force = parser.isSet(QStringLiteral("force"));
+    readRendering(arguments, parser);
     for (const auto &setting : parser.values(QStringLiteral("set")))
         readSetting(arguments, setting);
     readTransforms(arguments, parser);

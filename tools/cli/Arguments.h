@@ -1,5 +1,6 @@
 #pragma once
 
+#include "audio/render/RenderPlan.h"
 #include "core/Track.h"
 #include "settings/SettingsTable.h"
 #include "song/SongReader.h"
@@ -29,7 +30,12 @@ struct Arguments
     bool json = false;
     AbcDialect reading = AbcDialect::Game;
     ConvertTo to = ConvertTo::Abc;
-    bool force = false;            // write over files
+    bool force = false; // write over files
+    RenderFiles files = RenderFiles::Mix;
+    std::optional<int> bits;       // 16, 24, or 32 for a float
+    std::optional<double> quality; // 0..1
+    bool loop = false;
+    bool normalise = false;
     QHash<int, QVariant> settings; // by SettingsTable::Setting; the others have their defaults
     QVector<Transform> transforms; // in the order given
 

@@ -5,8 +5,8 @@
 #include "Parts.h"
 #include "assets/InstrumentGuess.h"
 #include "assets/ProgramInstruments.h"
-#include "audio/TrackRenderer.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "audio/render/TrackRenderer.h"
 #include "import/ProgramNames.h"
 
 #include <QEventLoop>
@@ -71,6 +71,10 @@ public:
 
 private:
     void refuseInputAsOutput() const;
+    void refuseFilesThatAreThere(const RenderPlan &plan) const;
+    SoundCoding coding() const;
+    QStringList heardParts(const Parts &parts) const;
+    RenderPlan planFor(const Parts &parts) const;
     QString fallbackFor(const Part &part, const InstrumentSet &instruments) const;
     Instrument instrumentFor(const Part &part, const InstrumentSet &instruments) const;
     void addParts(TrackRenderer &renderer, const Parts &parts, const InstrumentSet &instruments) const;
@@ -112,6 +116,60 @@ void Rendering::refuseInputAsOutput() const
     }
 }
 
+// Names that the program made up itself are no wish to replace what has them.
+void Rendering::refuseFilesThatAreThere(const RenderPlan &plan) const
+{
+    for (const auto &file : plan.files) {
+        if (file.track && !arguments_.force && QFileInfo::exists(file.path))
+            throw QStringLiteral("\"%1\" exists; --force writes over it.").arg(QFileInfo(file.path).fileName());
+    }
+}
+
+// By the ending; a file without one is a wave file.
+SoundCoding Rendering::coding() const
+{
+    const auto ending = QFileInfo(arguments_.output).suffix().toLower();
+    bool isKnown = ending.isEmpty();
+    for (const auto &format : soundFormats()) {
+        const bool isItsEnding = QLatin1String(format.ending) == (ending.isEmpty() ? QStringLiteral("wav") : ending);
+        isKnown |= isItsEnding;
+        const bool hasLosses = format.bits == 0;
+        if (isItsEnding &&
+            (hasLosses ? !arguments_.bits : format.bits == arguments_.bits.value_or(16) && !arguments_.quality))
+            return format.coding;
+    }
+    if (!isKnown)
+        throw QStringLiteral("The ending \"%1\" is none of wav, flac, ogg, opus, mp3.").arg(ending);
+    throw QStringLiteral("%1 files have no such %2.")
+        .arg(ending.toUpper(), arguments_.bits ? QStringLiteral("bits") : QStringLiteral("quality"));
+}
+
+QStringList Rendering::heardParts(const Parts &parts) const
+{
+    QStringList names;
+    for (const auto &part : parts.song.parts) {
+        if (!part.isMuted)
+            names.append(part.name);
+    }
+    return names;
+}
+
+RenderPlan Rendering::planFor(const Parts &parts) const
+{
+    const auto &song = parts.song;
+    const auto title = song.title.isEmpty() ? QFileInfo(arguments_.output).completeBaseName() : song.title;
+    auto plan = planOf({arguments_.output, title, heardParts(parts), arguments_.files});
+    plan.coding = coding();
+    plan.quality = arguments_.quality.value_or(plan.quality);
+    plan.isNormalised = arguments_.normalise;
+    if (arguments_.loop && !song.loop)
+        throw QStringLiteral("The song has no loop.");
+    if (arguments_.loop)
+        plan.range = TickRange{song.loop->begin, song.loop->end};
+    // As wave files have always been.
+    return plan.isPlainWave() ? RenderPlan::wave(arguments_.output) : plan;
+}
+
 // For a part that names no instrument: what the settings have for its program, or a guess.
 QString Rendering::fallbackFor(const Part &part, const InstrumentSet &instruments) const
 {
@@ -149,7 +207,9 @@ void Rendering::addParts(TrackRenderer &renderer, const Parts &parts, const Inst
 
 void Rendering::renderParts(const Parts &parts, const InstrumentSet &instruments)
 {
-    TrackRenderer renderer(arguments_.output, [](const QString &path) {
+    const auto plan = planFor(parts);
+    refuseFilesThatAreThere(plan);
+    TrackRenderer renderer(plan, [](const QString &path) {
         return std::make_unique<BuiltinEngine>(EngineOutput::WavFile, path.toStdU16String());
     });
     addParts(renderer, parts, instruments);
@@ -162,6 +222,9 @@ void Rendering::renderParts(const Parts &parts, const InstrumentSet &instruments
                      [&failure](const QString &message) { failure = message; });
     QObject::connect(&renderer, &TrackRenderer::renderCancelled, &loop,
                      [&failure] { failure = QStringLiteral("Cancelled."); });
+    QString clipping;
+    QObject::connect(&renderer, &TrackRenderer::samplesClipped, &loop,
+                     [&clipping](quint64 clipped, quint64 samples) { clipping = clippingText(clipped, samples); });
     QObject::connect(&renderer, &TrackRenderer::renderFinished, &loop, &QEventLoop::quit);
     QTimer interruptions;
     QObject::connect(&interruptions, &QTimer::timeout, &loop, [&renderer] {
@@ -176,7 +239,11 @@ void Rendering::renderParts(const Parts &parts, const InstrumentSet &instruments
     if (!failure.isEmpty())
         throw failure;
     showProgress(1, 1);
-    printLine(QStringLiteral("wrote %1").arg(arguments_.output));
+    QStringList paths;
+    for (const auto &file : plan.files)
+        paths.append(file.path);
+    const auto remark = clipping.isEmpty() ? clipping : QStringLiteral("; ") + clipping;
+    printLine(QStringLiteral("wrote %1%2").arg(paths.join(QStringLiteral(", ")), remark));
 }
 
 void Rendering::showProgress(quint64 tick, quint64 total)

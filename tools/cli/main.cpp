@@ -24,8 +24,11 @@ const std::vector<Command> &commands()
         {"inspect", "INPUT", "", "transforms", 1, 1, AbcDialect::Game, inspect},
         {"convert", "INPUT… --output DIR [--to abc|midi|tunebook] [--force]", "output", "to force transforms", 1, any,
          AbcDialect::Auto, convert},
-        {"render", "INPUT… --game DIR --output OUT.wav [--instrument NAME] [--mods]", "game output",
-         "instrument mods transforms", 1, any, AbcDialect::Game, render},
+        {"render",
+         "INPUT… --game DIR --output OUT.wav|flac|ogg|opus|mp3 [--files mix|parts|both] [--bits 16|24|float]\n"
+         "      [--quality Q] [--loop] [--normalise] [--instrument NAME] [--mods] [--force]",
+         "game output", "files bits quality loop normalise instrument mods force transforms", 1, any, AbcDialect::Game,
+         render},
         {"song", "INPUT… --output FILE.kvsong [--title T] [--force]", "output", "title force transforms", 1, any,
          AbcDialect::Game, writeSong},
         {"instruments", "--game DIR [--mods] [--json]", "game", "mods json", 0, 0, AbcDialect::Game, listInstruments},

@@ -1,42 +1,156 @@
 #include "app/exporting/ExportCommands.h"
 
+#include "app/exporting/AudioExportDialog.h"
 #include "app/services/Playback.h"
+#include "app/services/SongSession.h"
+#include "base/SafeFile.h"
 #include "settings/Settings.h"
 #include "ui/Dialogs.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QProgressDialog>
+#include <QTimer>
 
-#include <limits>
 #include <utility>
 
-ExportCommands::ExportCommands(const CommandContext &context, FileEngineFactory makeEngine)
-    : context_(context), makeEngine_(std::move(makeEngine))
+namespace {
+
+QStringList filesOf(const RenderPlan &plan)
 {
+    QStringList paths;
+    for (const auto &file : plan.files)
+        paths.append(file.path);
+    return paths;
+}
+
+} // namespace
+
+ExportCommands::ExportCommands(const CommandContext &context, FileEngineFactory makeEngine, const QString &folder)
+    : context_(context), makeEngine_(std::move(makeEngine)), unfinished_(folder)
+{
+    const auto clean = [folder](const TaskControl &) {
+        if (!folder.isEmpty())
+            UnfinishedExports::removeLeft(folder);
+        return true;
+    };
+    cleaning_.start(
+        clean, [](bool) {}, [](const QString &reason) { qWarning("%s", qUtf8Printable(reason)); });
 }
 
 QVector<ActionRow> ExportCommands::actions()
 {
     return {{"actionExport_to_Wav", "Export to Wav", "Ctrl+Shift+W", "Export all (non-muted) tracks to a wave file",
-             "export", "onExportWav()", Available::WithTracks}};
+             "export", "onExportWav()", Available::WithTracks},
+            {"actionExport_Audio", "Export Audio...", "",
+             "Export all (non-muted) tracks as WAV, FLAC, Ogg, Opus or MP3: the mix, or each part", "export",
+             "onExportAudio()", Available::WithTracks}};
 }
 
-void ExportCommands::exportWav()
+// Else says so.
+bool ExportCommands::isFree()
 {
     if (isRunning()) {
         context_.dialogs.message(&context_.window, Dialogs::Severity::Warning, QStringLiteral("Renderer in use"),
                                  QStringLiteral("You are already rendering to wav, please wait for it to finish and "
                                                 "try again."));
-        return;
+        return false;
     }
     renderer_.reset();
+    return true;
+}
+
+void ExportCommands::exportWav()
+{
+    if (!isFree())
+        return;
     const auto file = context_.dialogs.saveFile(&context_.window, QStringLiteral("Export tracks to wav..."),
                                                 context_.settings.value(Settings::WavSaveDir).toString(),
                                                 QStringLiteral("Wave file (*.wav)"));
     if (file.isEmpty())
         return;
     context_.settings.setValue(Settings::WavSaveDir, QFileInfo(file).absolutePath());
-    start(file);
+    start({RenderPlan::wave(file), tr("Export to Wav"), QStringLiteral("Rendering to wav..."), 1});
+}
+
+void ExportCommands::exportAudio()
+{
+    if (!isFree())
+        return;
+    const auto loop = context_.session.song().loop ? AudioExportDialog::Loop::Song : AudioExportDialog::Loop::None;
+    AudioExportDialog dialog(context_.settings, loop, &context_.window);
+    if (!context_.dialogs.run(dialog))
+        return;
+    const auto path = chosenFile(dialog.coding());
+    if (!path.isEmpty())
+        considerFiles(exportOf(dialog, path));
+}
+
+// An ending of another format is refused, and asked about again.
+QString ExportCommands::chosenFile(SoundCoding coding)
+{
+    const auto &format = formatOf(coding);
+    const auto ending = QString::fromUtf8(format.ending);
+    const auto filter = QStringLiteral("%1 (*.%2)").arg(QString::fromUtf8(format.name), ending);
+    auto folder = context_.settings.value(Settings::AudioSaveDir).toString();
+    if (folder.isEmpty())
+        folder = QDir::homePath();
+    const auto name = SafeFile::cleanName(context_.session.name());
+    for (;;) {
+        const auto proposed = QStringLiteral("%1/%2.%3").arg(folder, name, ending);
+        auto path = context_.dialogs.saveFile(&context_.window, tr("Export Audio"), proposed, filter);
+        if (path.isEmpty())
+            return {};
+        const QFileInfo file(path);
+        context_.settings.setValue(Settings::AudioSaveDir, folder = file.absolutePath());
+        if (file.suffix().isEmpty())
+            return path + u'.' + ending;
+        if (file.suffix().compare(ending, Qt::CaseInsensitive) == 0)
+            return path;
+        context_.dialogs.message(&context_.window, Dialogs::Severity::Warning, tr("Export Audio"),
+                                 tr("'%1' does not end in \".%2\", as %3 files do.")
+                                     .arg(file.fileName(), ending, QString::fromUtf8(format.name)));
+    }
+}
+
+ExportCommands::Export ExportCommands::exportOf(const AudioExportDialog &dialog, const QString &path) const
+{
+    QStringList parts;
+    for (const auto &track : context_.tracks.song()) {
+        if (!track->isMuted)
+            parts.append(track->track->title());
+    }
+    auto plan = planOf({path, context_.session.name(), parts, dialog.files()});
+    plan.coding = dialog.coding();
+    plan.quality = dialog.quality();
+    plan.isNormalised = dialog.isNormalised();
+    const auto loop = context_.session.song().loop;
+    if (dialog.isLoopOnly() && loop)
+        plan.range = TickRange{loop->begin, loop->end};
+    return {plan, tr("Export Audio"), tr("Exporting %1...").arg(QFileInfo(path).fileName()),
+            gainOf(context_.session.masterVolume())};
+}
+
+// Whoever chose the file was asked about that one only.
+void ExportCommands::considerFiles(const Export &wanted)
+{
+    const auto look = [files = wanted.plan.files](const TaskControl &) {
+        QStringList existing;
+        for (const auto &file : files) {
+            if (file.track && QFileInfo::exists(file.path))
+                existing.append(QFileInfo(file.path).fileName());
+        }
+        return existing;
+    };
+    const auto decide = [=, this](const QStringList &existing) {
+        const auto question =
+            tr("%n file(s) are there already:\n%1\nWould you like to overwrite them?", nullptr, int(existing.size()))
+                .arg(existing.mid(0, 20).join(u'\n'));
+        if (existing.isEmpty() ||
+            context_.dialogs.ask(&context_.window, wanted.title, question) == Dialogs::Answer::Yes)
+            start(wanted);
+    };
+    task_.start(look, decide, [=, this](const QString &reason) { showFailure(wanted.title, reason); });
 }
 
 bool ExportCommands::mayClose()
@@ -46,49 +160,55 @@ bool ExportCommands::mayClose()
                                Dialogs::Answer::Yes;
 }
 
-void ExportCommands::start(const QString &fileName)
+void ExportCommands::start(const Export &wanted)
 {
-    renderer_ = std::make_unique<TrackRenderer>(fileName, makeEngine_);
+    export_ = wanted;
+    failure_.clear();
+    clipping_.clear();
+    unfinished_.begin(filesOf(wanted.plan));
+    renderer_ = std::make_unique<TrackRenderer>(wanted.plan, makeEngine_);
     for (const auto &track : context_.tracks.song()) {
         if (!track->isMuted)
             renderer_->addTrack(*track->track, context_.playback.instrument(track->instrument),
-                                {gainOf(track->volume), gainOf(track->pan)});
+                                {gainOf(track->volume) * wanted.volume, gainOf(track->pan)});
     }
     connect(renderer_.get(), &TrackRenderer::renderStarted, this, &ExportCommands::renderStarted);
     connect(renderer_.get(), &TrackRenderer::renderProgress, this, &ExportCommands::renderProgress);
     connect(renderer_.get(), &TrackRenderer::renderFinished, this, &ExportCommands::renderFinished);
     connect(renderer_.get(), &TrackRenderer::loadingSample, this, &ExportCommands::loadingSample);
-    connect(renderer_.get(), &TrackRenderer::renderFailed, this, &ExportCommands::showFailure,
-            Qt::QueuedConnection); // so that the progress is closed first
+    connect(renderer_.get(), &TrackRenderer::renderFailed, this, [this](const QString &why) { failure_ = why; });
+    connect(renderer_.get(), &TrackRenderer::renderCancelled, this, [this] { export_.plan.files.clear(); });
+    connect(renderer_.get(), &TrackRenderer::samplesClipped, this,
+            [this](quint64 clipped, quint64 samples) { clipping_ = clippingText(clipped, samples); });
     renderer_->render();
-}
-
-void ExportCommands::showFailure(const QString &message)
-{
-    context_.dialogs.message(&context_.window, Dialogs::Severity::Critical, tr("Export to Wav"), message);
 }
 
 void ExportCommands::openProgress()
 {
-    progress_ = new QProgressDialog(QStringLiteral("Rendering to wav..."), tr("Cancel"), 0, 1, &context_.window);
-    progress_->setObjectName(QStringLiteral("exportProgress"));
-    progress_->setWindowTitle(QStringLiteral("Kelvarion Composer"));
-    progress_->setAutoReset(false);
-    progress_->setMinimumDuration(500);
-    connect(progress_, &QProgressDialog::canceled, renderer_.get(), &TrackRenderer::cancel);
+    connect(progress_.open(export_.progress, &context_.window), &QProgressDialog::canceled, renderer_.get(),
+            &TrackRenderer::cancel);
 }
 
-void ExportCommands::setProgress(quint64 progress, quint64 total)
-{
-    if (!progress_)
-        return;
-    const auto unit = total / quint64(std::numeric_limits<int>::max()) + 1;
-    progress_->setMaximum(int(total / unit));
-    progress_->setValue(int(progress / unit));
-}
-
+// Of a cancelled export there is nothing to tell.
 void ExportCommands::closeProgress()
 {
-    if (progress_)
-        std::exchange(progress_, nullptr)->deleteLater();
+    progress_.close();
+    unfinished_.end();
+    const auto paths = filesOf(export_.plan);
+    if (paths.isEmpty() && failure_.isEmpty())
+        return;
+    // Later, since whoever is told may begin the next export, and this one's renderer is still speaking.
+    QTimer::singleShot(0, this, [this, paths, title = export_.title, failure = failure_, clipping = clipping_] {
+        if (failure.isEmpty())
+            emit written(paths, clipping);
+        else
+            showFailure(title, paths.isEmpty()
+                                   ? failure
+                                   : QDir::toNativeSeparators(paths.first()) + QStringLiteral(": ") + failure);
+    });
+}
+
+void ExportCommands::showFailure(const QString &title, const QString &text)
+{
+    context_.dialogs.message(&context_.window, Dialogs::Severity::Critical, title, text);
 }

@@ -3,7 +3,7 @@
 #include "audio/engine/RealTimeOutput.h"
 #include "audio/engine/SpanRender.h"
 #include "audio/engine/VoiceTable.h"
-#include "audio/engine/WavWriter.h"
+#include "audio/sound/SoundFileWriter.h"
 
 #include <cmath>
 
@@ -15,7 +15,7 @@ struct BuiltinEngine::Session
     Mixer mixer;
     VoiceTable table;
     std::vector<float> block; // of an output that mixes in update()
-    WavWriter file;
+    SoundFileWriter file;
     RealTimeOutput realTime;
 
     void reap()
@@ -256,6 +256,11 @@ AudioResult BuiltinEngine::render(Timeline &timeline, RenderHost &host)
                           return session.file.write(stereo) ? AudioResult::Ok : AudioResult::CannotWrite;
                       })
         .run();
+}
+
+AudioResult BuiltinEngine::mix(Timeline &timeline, RenderHost &host, const MixedFrames &take)
+{
+    return SpanRender(timeline, host, take).run();
 }
 
 std::span<const float> BuiltinEngine::lastBlock() const

@@ -53,6 +53,8 @@ public:
     AudioResult fadeOut(VoiceId voice, std::size_t frames) override;
     bool isPlaying(VoiceId voice) const override;
     AudioResult render(Timeline &timeline, RenderHost &host) override; // InvalidArgument for Device and Paced
+    bool canMix() const override { return true; }
+    AudioResult mix(Timeline &timeline, RenderHost &host, const MixedFrames &take) override;
 
     // The block that the last update() mixed, interleaved; empty for Device and Paced. [audio]
     std::span<const float> lastBlock() const;

@@ -34,7 +34,7 @@ struct SpanRender::Span
     AudioResult result = AudioResult::Ok;
 };
 
-SpanRender::SpanRender(Timeline &timeline, RenderHost &host, Write write)
+SpanRender::SpanRender(Timeline &timeline, RenderHost &host, MixedFrames write)
     : timeline_(timeline), host_(host), write_(std::move(write)), end_(blocksOf(timeline.end()) * mixerBlockFrames),
       spanFrames_(spanBlocks(blocksOf(end_), host.cores()) * mixerBlockFrames)
 {

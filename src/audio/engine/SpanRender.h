@@ -9,9 +9,7 @@
 class SpanRender
 {
 public:
-    using Write = std::function<AudioResult(std::span<const float> stereo)>; // interleaved
-
-    SpanRender(Timeline &timeline, RenderHost &host, Write write);
+    SpanRender(Timeline &timeline, RenderHost &host, MixedFrames write);
 
     AudioResult run(); // once
 
@@ -24,7 +22,7 @@ private:
 
     Timeline &timeline_;
     RenderHost &host_;
-    Write write_;
+    MixedFrames write_;
     DspClock end_;
     DspClock spanFrames_;
     DspClock mixed_ = 0;

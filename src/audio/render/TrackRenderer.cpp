@@ -1,8 +1,7 @@
-#include "audio/TrackRenderer.h"
+#include "audio/render/TrackRenderer.h"
 
-TrackRenderer::TrackRenderer(const QString &fileName, FileEngineFactory makeEngine, std::size_t cores, QObject *parent)
-    : QObject(parent),
-      worker_(std::make_unique<RenderWorker>(fileName, std::move(makeEngine), cores, stop_.get_token()))
+TrackRenderer::TrackRenderer(const RenderPlan &plan, FileEngineFactory makeEngine, std::size_t cores, QObject *parent)
+    : QObject(parent), worker_(std::make_unique<RenderWorker>(plan, std::move(makeEngine), cores, stop_.get_token()))
 {
 }
 
@@ -29,6 +28,7 @@ void TrackRenderer::render()
     connect(worker, &RenderWorker::loadingSample, this, &TrackRenderer::loadingSample);
     connect(worker, &RenderWorker::renderFailed, this, &TrackRenderer::renderFailed);
     connect(worker, &RenderWorker::renderCancelled, this, &TrackRenderer::renderCancelled);
+    connect(worker, &RenderWorker::samplesClipped, this, &TrackRenderer::samplesClipped);
     connect(worker, &RenderWorker::renderFinished, this, &TrackRenderer::onRenderFinished);
     connect(this, &TrackRenderer::__renderRequested, worker, &RenderWorker::__render, Qt::QueuedConnection);
     thread_.start(QThread::TimeCriticalPriority);

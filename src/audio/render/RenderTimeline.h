@@ -16,15 +16,23 @@ struct RenderTrack
     GroupLevel level;
 };
 
-// All notes of a render. The sample cache must outlive it. [render]
+// What of a song is rendered, in frames.
+struct RenderRange
+{
+    DspClock from = 0;
+    DspClock to = never; // where the song ends by itself
+};
+
+// All notes of a render that sound in its range. The sample cache must outlive it. [render]
 class RenderTimeline : public Timeline
 {
 public:
     // Throws Interrupted when it is asked to stop.
-    RenderTimeline(const std::vector<RenderTrack> &tracks, SampleCache &samples, const std::stop_token &stop = {});
+    RenderTimeline(const std::vector<RenderTrack> &tracks, SampleCache &samples, const std::stop_token &stop = {},
+                   RenderRange range = {});
 
     const std::vector<GroupLevel> &groups() const override { return groups_; }
-    // Where the last event has begun and the last voice has ended.
+    // The end of the range; else where the last event has begun and the last voice has ended.
     DspClock end() const override { return end_; }
     std::vector<VoiceSpec> takeVoices(DspClock before) override; // only from then on do they hold samples
 

@@ -1,4 +1,4 @@
-#include "audio/RenderTimeline.h"
+#include "audio/render/RenderTimeline.h"
 
 #include "audio/SampleCache.h"
 #include "base/Interrupted.h"
@@ -18,7 +18,7 @@ DspClock endOf(const VoiceSpec &voice)
 } // namespace
 
 RenderTimeline::RenderTimeline(const std::vector<RenderTrack> &tracks, SampleCache &samples,
-                               const std::stop_token &stop)
+                               const std::stop_token &stop, RenderRange range)
     : samples_(samples), groups_(1)
 {
     for (const auto &track : tracks) {
@@ -29,12 +29,14 @@ RenderTimeline::RenderTimeline(const std::vector<RenderTrack> &tracks, SampleCac
         while (const auto note = playback.takeNote(maxTicks)) {
             throwIfStopped(stop);
             const auto voice = voiceFor(*note, group, samples_);
-            if (!voice.sound)
+            if (!voice.sound || voice.start >= range.to || endOf(voice) <= range.from)
                 continue;
             end_ = std::max(end_, endOf(voice));
             notes_.push_back({*note, group});
         }
     }
+    if (range.to != never)
+        end_ = range.to;
     std::ranges::stable_sort(notes_, {}, [](const Note &note) { return note.placed.start; });
 }
 

@@ -1,8 +1,8 @@
-#include "LoggedLines.h"
-#include "SampleFiles.h"
-#include "VirtualPlayer.h"
-#include "WaveFile.h"
-#include "audio/TrackRenderer.h"
+#include "audio/LoggedLines.h"
+#include "audio/SampleFiles.h"
+#include "audio/VirtualPlayer.h"
+#include "audio/WaveFile.h"
+#include "audio/render/TrackRenderer.h"
 #include "support/GatedEngine.h"
 #include "support/Rows.h"
 
@@ -29,6 +29,7 @@ public:
         : BuiltinEngine(EngineOutput::WavFile, path.toStdU16String()), failing_(failing)
     {
     }
+    bool canMix() const override { return false; }
     AudioResult render(Timeline &timeline, RenderHost &host) override { return AudioEngine::render(timeline, host); }
     AudioResult setGroupLevel(GroupId group, GroupLevel level) override
     {
@@ -300,7 +301,7 @@ private slots:
         {
             Render render(files_.path(QStringLiteral("no/such/directory.wav")));
             QVERIFY(render.run());
-            QCOMPARE(render.told, list("started, failed: The wave file cannot be written., finished"));
+            QCOMPARE(render.told, list("started, failed: The folder does not exist., finished"));
             Render onto(files_.path(QStringLiteral(".")));
             QVERIFY(onto.run());
             QCOMPARE(onto.told, list("started, failed: Not a regular file., finished"));

@@ -1,21 +1,27 @@
 #pragma once
 
-#include "audio/RenderWorker.h"
+#include "audio/render/RenderWorker.h"
 
 #include <QThread>
 
 #include <memory>
 
-// Writes tracks into one wave file (48 kHz, stereo), on a thread of its own and all cores, while the program goes on.
-// For one file; a finished renderer is thrown away. An existing file is replaced when the new one is whole; a render
-// that fails or is cancelled leaves what was there. [ui]
+// Writes tracks into one sound file or several (48 kHz, stereo), on a thread of its own and all cores, while the
+// program goes on. For one plan; a finished renderer is thrown away. Existing files are replaced when all new ones are
+// whole; a render that fails or is cancelled leaves what was there. [ui]
 class TrackRenderer : public QObject
 {
     Q_OBJECT
 
 public:
-    TrackRenderer(const QString &fileName, FileEngineFactory makeEngine, std::size_t cores = ParallelJobs::allCores(),
+    TrackRenderer(const RenderPlan &plan, FileEngineFactory makeEngine, std::size_t cores = ParallelJobs::allCores(),
                   QObject *parent = nullptr);
+    // A plain wave file.
+    TrackRenderer(const QString &fileName, FileEngineFactory makeEngine, std::size_t cores = ParallelJobs::allCores(),
+                  QObject *parent = nullptr)
+        : TrackRenderer(RenderPlan::wave(fileName), std::move(makeEngine), cores, parent)
+    {
+    }
     // Cancels a render that is running.
     ~TrackRenderer() override;
 
@@ -43,6 +49,8 @@ signals:
     void renderFailed(const QString &message);
     // There is no file, as cancel() asked for; renderFinished follows.
     void renderCancelled();
+    // How many of the samples were beyond full scale, and limited; before renderFinished, when there are any.
+    void samplesClipped(quint64 clipped, quint64 samples);
     void __renderRequested(); // to the worker
 
 private slots:
