@@ -216,8 +216,10 @@ void RenderWorker::write(Output &output, const RenderRange &range, float gain)
     };
     requireWritten(
         writer.open(output.replacement.path().toStdU16String(), {plan_.coding, plan_.quality, output.file.tags}));
+    const bool isCarried = output.file.track && formatOf(plan_.coding).bits == 16;
+    carry_.beginPart();
     mix(output.file, range, gain, [&](std::span<const float> stereo) {
-        requireWritten(writer.write(stereo));
+        requireWritten(writer.write(isCarried ? carry_.rounded(stereo) : stereo));
         return AudioResult::Ok;
     });
     requireWritten(writer.close());

@@ -5,6 +5,7 @@
 #include "audio/SampleCache.h"
 #include "audio/render/RenderPlan.h"
 #include "audio/render/RenderTimeline.h"
+#include "audio/render/RoundingCarry.h"
 #include "base/ParallelJobs.h"
 #include "base/SafeFile.h"
 
@@ -73,6 +74,7 @@ private: // [render]
     std::stop_token stop_;
     std::vector<RenderTrack> tracks_;
     std::vector<std::unique_ptr<Output>> outputs_;
+    RoundingCarry carry_;
     quint64 passes_ = 1; // over the song
     quint64 passesDone_ = 0;
     quint64 clipped_ = 0;
