@@ -2,6 +2,8 @@
 
 #include "audio/Logging.h"
 
+Q_LOGGING_CATEGORY(audioLog, "kelvarion.audio")
+
 bool ResultChecker::check(const AudioEngine &engine, AudioResult result)
 {
     if (result == AudioResult::Ok)

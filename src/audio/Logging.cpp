@@ -1,3 +1,0 @@
-#include "audio/Logging.h"
-
-Q_LOGGING_CATEGORY(audioLog, "kelvarion.audio")
