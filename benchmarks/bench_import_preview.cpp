@@ -1,5 +1,5 @@
 // How soon the preview of an import of 5 MB shows what a changed setting changes, and how long one event keeps the
-// interface thread meanwhile. QT_QPA_PLATFORM chooses the platform, offscreen when there is none.
+// interface thread meanwhile.
 #include "app/ExampleSongs.h"
 #include "app/WindowFixture.h"
 #include "support/Figures.h"
@@ -13,15 +13,8 @@
 #include <QTableView>
 
 #include <algorithm>
-#include <stdexcept>
 
 namespace {
-
-void require(bool isDone)
-{
-    if (!isDone)
-        throw std::runtime_error("the window did not do what it was asked for");
-}
 
 // 16 parts with 41,000 notes each, by twos, over four octaves; 8 bytes a note.
 QByteArray fiveMegabytes()
@@ -95,13 +88,10 @@ private:
 
 int main(int argc, char *argv[])
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
     WatchedApplication application(argc, argv);
-    QApplication::setStyle(QStringLiteral("Fusion"));
     WindowFixture fixture(demoGame);
     fixture.settings().setValue(Settings::ChooseParts, true);
-    require(fixture.waitUntilLoaded());
+    WatchedApplication::require(fixture.waitUntilLoaded());
     QCoreApplication::processEvents();
 
     Person person;
@@ -109,9 +99,9 @@ int main(int argc, char *argv[])
     fixture.dialogs().files = QStringList(fixture.write("song.mid", fiveMegabytes()));
     WatchedApplication::takeLongestMs();
     fixture.trigger("actionImport_MIDI");
-    require(QTest::qWaitFor([&] { return person.quantisingMs > 0; }, 300'000));
+    WatchedApplication::require(QTest::qWaitFor([&] { return person.quantisingMs > 0; }, 300'000));
     const auto longestMs = WatchedApplication::takeLongestMs();
-    require(QTest::qWaitFor([&] { return fixture.tracks().song().size() == 16; }, 300'000));
+    WatchedApplication::require(QTest::qWaitFor([&] { return fixture.tracks().song().size() == 16; }, 300'000));
 
     bool isGood = report({"Preview of 5 MB: ms until a change is shown", person.longestMs, 200, 100, Better::Less});
     isGood &= report({"Preview of 5 MB: ms until it is quantised", person.quantisingMs, 2000, {}, Better::Less});

@@ -1,6 +1,5 @@
 // How long one event keeps the interface thread while the window works on long songs, in milliseconds without the time
-// in which the system ran something else; see WatchedApplication. QT_QPA_PLATFORM chooses the platform, offscreen when
-// there is none.
+// in which the system ran something else; see WatchedApplication.
 #include "app/ExampleSongs.h"
 #include "app/WindowFixture.h"
 #include "support/Figures.h"
@@ -13,7 +12,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <stdexcept>
 #include <vector>
 
 namespace {
@@ -36,12 +34,6 @@ QByteArray song(int parts, int notes)
     for (int number = 0; number < parts; ++number)
         bytes += part(notes, number % 16);
     return bytes;
-}
-
-void require(bool isDone)
-{
-    if (!isDone)
-        throw std::runtime_error("the window did not do what it was asked for");
 }
 
 // The longest event of several pieces of work, each of which is printed too.
@@ -72,7 +64,7 @@ public:
     LongSong(int parts, int notes) : parts_(parts), notes_(notes)
     {
         fixture_.settings().setValue(Settings::MidiMergeChannels, false);
-        require(fixture_.waitUntilLoaded());
+        WatchedApplication::require(fixture_.waitUntilLoaded());
         settle();
         WatchedApplication::takeLongestMs(); // a window's first show in a process loads fonts and plug-ins
     }
@@ -114,14 +106,14 @@ private:
         fixture_.dialogs().files = QStringList(file);
         trigger("actionImport_MIDI");
         waitForTracks(parts_);
-        require(QTest::qWaitFor([&] { return fixture_.row(parts_ - 1) != nullptr; }));
+        WatchedApplication::require(QTest::qWaitFor([&] { return fixture_.row(parts_ - 1) != nullptr; }));
         settle();
         longest_.note("import");
     }
 
     void waitForTracks(int count)
     {
-        require(QTest::qWaitFor([&] { return fixture_.tracks().song().size() == count; }, 300'000));
+        WatchedApplication::require(QTest::qWaitFor([&] { return fixture_.tracks().song().size() == count; }, 300'000));
         settle();
     }
 
@@ -193,7 +185,7 @@ private:
         waitForTracks(parts_ + 1);
         longest_.note("merge");
         trigger("actionSave_All");
-        require(QTest::qWaitFor([&] { return fixture_.tracks().unsavedIds().isEmpty(); }, 300'000));
+        WatchedApplication::require(QTest::qWaitFor([&] { return fixture_.tracks().unsavedIds().isEmpty(); }, 300'000));
         settle();
         longest_.note("save all");
     }
@@ -202,7 +194,7 @@ private:
     {
         fixture_.dialogs().files = QStringList(fixture_.path("song.kvsong"));
         trigger("actionSave_Song");
-        require(QTest::qWaitFor([&] { return !fixture_.window().isSaving(); }, 300'000));
+        WatchedApplication::require(QTest::qWaitFor([&] { return !fixture_.window().isSaving(); }, 300'000));
         settle();
         longest_.note("save song");
         trigger("actionNew_Song");
@@ -225,10 +217,7 @@ private:
 
 int main(int argc, char *argv[])
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
     WatchedApplication application(argc, argv);
-    QApplication::setStyle(QStringLiteral("Fusion"));
     bool isGood = LongSong(16, 41'000).work(); // 5 MB
     isGood &= LongSong(64, 20'000).work();
     isGood &= LongSong(3, 400'000).work();

@@ -325,8 +325,6 @@ int countLostSongs(int kills, unsigned firstSeed)
 
 int main(int argc, char **argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
     WatchedApplication application(argc, argv);
     const auto argument = [](int number, int fallback) {
         return QCoreApplication::arguments().value(number, QString::number(fallback)).toInt();

@@ -7,13 +7,25 @@
 #include <QThread>
 
 #include <algorithm>
+#include <stdexcept>
 
 // An application that knows how long its thread was kept from handling events: the longest time that one event took,
-// without the time in which the system ran other threads and programs instead.
+// without the time in which the system ran other threads and programs instead. QT_QPA_PLATFORM chooses the platform,
+// offscreen when there is none.
 class WatchedApplication : public Application
 {
 public:
-    using Application::Application;
+    WatchedApplication(int &argc, char **argv) : Application(withPlatform(argc), argv)
+    {
+        setStyle(QStringLiteral("Fusion"));
+    }
+
+    // Ends the program when the window did not do what it was asked for.
+    static void require(bool isDone)
+    {
+        if (!isDone)
+            throw std::runtime_error("the window did not do what it was asked for");
+    }
 
     // The event loop that a piece of work runs in.
     struct Loop
@@ -62,6 +74,13 @@ public:
     static double takeLongestMs() { return std::exchange(longest(), 0); }
 
 private:
+    static int &withPlatform(int &argc)
+    {
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+        return argc;
+    }
+
     static int &depth()
     {
         static int value = 0;
