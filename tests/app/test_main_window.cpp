@@ -524,15 +524,6 @@ private slots:
         QTRY_VERIFY(!problem->isVisible());
     }
 
-    void leadsToTheWebsite()
-    {
-        fixture_->trigger("actionDonate");
-        fixture_->trigger("actionWebsite");
-        QCOMPARE(fixture_->dialogs().opened.size(), 2);
-        fixture_->trigger("actionAbout_Kelvarion_Composer");
-        QVERIFY(fixture_->dialogs().messages.value(0).contains(QStringLiteral(COMPOSER_VERSION)));
-    }
-
     void tellsAboutUpdates()
     {
         QTcpServer server;

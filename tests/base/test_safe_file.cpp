@@ -6,14 +6,7 @@
 
 #include <QtTest>
 
-#include <atomic>
-#include <csignal>
-#include <new>
-#include <random>
-#include <sched.h>
-#include <sys/mman.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 class TestSafeFile : public QObject
@@ -59,43 +52,6 @@ private slots:
         SafeFile::write(path(), new_);
         faults::longestWrite = SIZE_MAX;
         QCOMPARE(content(), new_);
-    }
-
-    void keepsTheOldOrTheNewFileWhenKilled()
-    {
-        constexpr int kills = 60;
-        std::mt19937 random(1);
-        auto *const shared =
-            mmap(nullptr, sizeof(std::atomic<int>), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-        QVERIFY(shared != MAP_FAILED);
-        auto *const written = new (shared) std::atomic<int>;
-        SafeFile::write(path(), old_);
-        int killedWhileSaving = 0;
-        for (int kill = 0; kill < kills; ++kill) {
-            *written = 0;
-            const pid_t writer = fork();
-            QVERIFY(writer >= 0);
-            if (writer == 0) {
-                for (bool isNew = true;; isNew = !isNew) {
-                    SafeFile::write(path(), isNew ? new_ : old_);
-                    ++*written;
-                }
-            }
-            while (*written == 0)
-                sched_yield();
-            usleep(random() % 500);
-            ::kill(writer, SIGKILL);
-            waitpid(writer, nullptr, 0);
-            const auto found = content();
-            QVERIFY2(found == old_ || found == new_, qPrintable(QString::number(kill)));
-            const bool isUnfinished = names().size() > 1; // its file is there
-            killedWhileSaving += isUnfinished ? 1 : 0;
-            if (isUnfinished)
-                QVERIFY(QFile::remove(path(qPrintable(names().filter(QStringLiteral(".saving")).first()))));
-        }
-        munmap(shared, sizeof(std::atomic<int>));
-        qInfo("%d of %d writers were killed while a file was half written", killedWhileSaving, kills);
-        QVERIFY(killedWhileSaving > 0);
     }
 
     void leavesOtherFilesAlone()

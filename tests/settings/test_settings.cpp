@@ -17,15 +17,9 @@ private slots:
 
     void startsWithDefaults()
     {
-        {
-            const Settings settings(file());
-            for (const auto &row : SettingsTable::rows()) {
-                QVERIFY2(!settings.contains(row.setting), row.key);
-                QCOMPARE(settings.value(row.setting), SettingsTable::defaultValue(row.setting));
-            }
-            QCOMPARE(settings.value(Settings::NoteColor).value<QColor>(), QColor(32, 96, 255));
-            QCOMPARE(int(Settings::WavSaveDir), 29);
-        }
+        const auto colour = std::make_unique<Settings>(file())->value(Settings::NoteColor).value<QColor>();
+        QCOMPARE(colour, QColor(32, 96, 255));
+        QCOMPARE(int(Settings::WavSaveDir), 29);
         QVERIFY(!QFile::exists(file()));
     }
 

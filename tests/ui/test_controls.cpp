@@ -237,23 +237,6 @@ private slots:
         QCOMPARE(dial.value(), 0);
     }
 
-    void themesDiffer()
-    {
-        const auto lightness = [](QPalette::ColorRole role) { return QApplication::palette().color(role).lightness(); };
-        for (const auto start : {startTheme, applyTheme}) {
-            start(Theme::Dark);
-            for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button, QPalette::ToolTipBase})
-                QVERIFY(lightness(role) < 90);
-            for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText,
-                                    QPalette::Link, QPalette::HighlightedText})
-                QVERIFY(lightness(role) > 120);
-            const auto faded = QApplication::palette().color(QPalette::Disabled, QPalette::Text).lightness();
-            QVERIFY(faded < lightness(QPalette::Text) - 60);
-            applyTheme(Theme::Light);
-            QVERIFY(lightness(QPalette::Window) > 200 && lightness(QPalette::Text) < 60);
-        }
-    }
-
     // An icon in the colour of the row that the mouse is over can be seen.
     void iconsOfHighlightedRowsAreSeen()
     {
