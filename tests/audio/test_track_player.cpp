@@ -67,13 +67,12 @@ private slots:
         QVERIFY(stopped.wait());
     }
 
-    void stopAllEndsTheLoadingAndDropsWhatWaits()
+    void stopAllEndsTheLoading()
     {
         const auto gate = GatedEngine::makeGate(false);
         TrackPlayer player([gate] { return std::make_unique<GatedEngine>(EngineOutput::Paced, gate); });
         const auto opener = qScopeGuard([&] { GatedEngine::open(gate); }); // also when the test fails
         QSignalSpy loading(&player, &TrackPlayer::loadingSample);
-        QSignalSpy started(&player, &TrackPlayer::trackStarted);
         QSignalSpy stopped(&player, &TrackPlayer::allTracksStopped);
         QSignalSpy held(&player, &TrackPlayer::loadingTrack);
         QSignalSpy loaded(&player, &TrackPlayer::tracksLoaded);
@@ -86,11 +85,8 @@ private slots:
         QVERIFY(loading.wait());
         QTRY_COMPARE(held.size(), 1);
         QCOMPARE(held[0], QVariantList({1, 1, 0}));
-        play();
-        const auto before = started.size();
         player.stopAll();
         QVERIFY(stopped.wait()); // while the sample is still being decoded
-        QCOMPARE(started.size(), before);
         QCOMPARE(loaded.size(), 1);
 
         play();
