@@ -218,6 +218,39 @@ private slots:
         QVERIFY(JournalFolder::recover(journal.path()).song == song);
     }
 
+    // What is written while the short file is made is in it, too, and no call that fails loses anything.
+    void isWrittenWhileItIsCompacted()
+    {
+        bool wasReached = true;
+        for (int call = 0; wasReached; ++call) { // 0: none fails
+            const auto path = folder_->path(QStringLiteral("%1.journal").arg(call));
+            JournalWriter writer(path);
+            Song song;
+            song.parts.append(SongPart());
+            song.parts[0].id = QStringLiteral("T1");
+            const auto write = [&](char16_t letter) {
+                song.parts[0].abc = QString(1 << 20, QChar(letter));
+                writer.write({song, {}, false});
+            };
+            for (char16_t letter = u'a'; letter < u'l'; ++letter)
+                write(letter);
+            const auto synchronise = writer.synchronisation();
+            write(u'x');
+            faults::callsUntilFault = call;
+            const auto problem = thrownBy([&] {
+                synchronise();
+                write(u'y');
+            });
+            wasReached = faults::callsUntilFault.exchange(0) == 0;
+            const auto found = JournalFolder::recover(path).song;
+            QVERIFY(found == song || (problem != u"nothing" && found.parts[0].abc.startsWith(u'x')));
+            QVERIFY(problem != u"nothing" || QFileInfo(path).size() < 4 << 20);
+            writer.startAnew();
+            write(u'z');
+            QVERIFY(JournalFolder::recover(path).song == song);
+        }
+    }
+
     void listsWhatCanBeRecovered()
     {
         auto song = statesOf(2, 1)[0];
