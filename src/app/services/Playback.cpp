@@ -62,7 +62,7 @@ QString Playback::instrumentNameFor(const Track &track) const
     const auto resolved = resolvedName(named);
     if (!named.isEmpty() && named != resolved)
         qWarning("%s: there is no instrument '%s'", qUtf8Printable(track.title()), qUtf8Printable(named));
-    return named.isEmpty() ? resolved : named;
+    return resolved;
 }
 
 bool Playback::hasSound() const

@@ -28,8 +28,7 @@ public:
     // catalogue is.
     QString resolvedName(const QString &name) const;
     Instrument instrument(const QString &name) const;
-    // What a track that comes into the list gets: the instrument that its header names, also one that is missing, or
-    // the default.
+    // What a track that comes into the list gets: the instrument that its header names, or what is played instead.
     QString instrumentNameFor(const Track &track) const;
 
     // Whether any track has notes that an instrument of the catalogue has samples for; none with notes is no problem.
