@@ -5,6 +5,8 @@
 
 #include <QObject>
 
+#include <memory>
+
 class Playback;
 class TrackList;
 
