@@ -198,11 +198,11 @@ private slots:
         const auto y = editor.text->cursorRect().center().y();
         QVERIFY(marked != plain && !editor.text->problemAtLine(y).isEmpty());
         QVERIFY(editor.text->problemAtLine(y - editor.text->cursorRect().height()).isEmpty());
-        editor.text->goToLine(66);
-        QVERIFY(picture() != marked);
-        QTest::mouseClick(margin, Qt::LeftButton, {}, {3, y});
+        editor.text->goToLine(66); // which may scroll
+        const auto before = picture();
+        QTest::mouseClick(margin, Qt::LeftButton, {}, {3, editor.text->cursorRect().bottom() + 5});
         QCOMPARE(editor.text->textCursor().blockNumber(), 66);
-        QCOMPARE(picture(), marked);
+        QVERIFY(before != marked && picture() != before);
     }
 
     void followsWhatSounds()
