@@ -155,9 +155,9 @@ void TuneConversion::takeIntoHeader(Track &track)
 {
     auto &events = track.editEvents();
     const auto isOfHeader = [&track](const TrackEvent &event) {
-        const auto fraction = fractionText(event.numerator(), event.denominator());
         if (event.start() > 0 || event.isNote())
             return false;
+        const auto fraction = fractionText(event.numerator(), event.denominator());
         if (event.kind() == TrackEvent::Tempo) {
             track.setHeaderField(QStringLiteral("Q"), fraction + u'=' + QString::number(event.bpm()));
             track.setTempo(event.ticksPerMinute());
