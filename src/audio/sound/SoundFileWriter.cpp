@@ -46,7 +46,7 @@ SNDFILE *created(const std::filesystem::path &path, SoundCoding coding)
     SF_INFO info{};
     info.samplerate = SoundFileWriter::sampleRate;
     info.channels = channels;
-    info.format = formatOf(coding).libraryFormat;
+    info.format = formatOf(coding).sndfileFormat;
 #ifdef _WIN32
     return sf_wchar_open(path.c_str(), SFM_WRITE, &info);
 #else
@@ -91,7 +91,7 @@ bool SoundFileWriter::open(const std::filesystem::path &path, const SoundFileOpt
     if (!note(file_ != nullptr))
         return false;
     configure(options);
-    if ((formatOf(coding_).libraryFormat & SF_FORMAT_TYPEMASK) == SF_FORMAT_WAV)
+    if ((formatOf(coding_).sndfileFormat & SF_FORMAT_TYPEMASK) == SF_FORMAT_WAV)
         note(sf_command(file_.get(), SFC_UPDATE_HEADER_NOW, nullptr, 0) == 0 && sf_error(file_.get()) == 0);
     return isWhole_;
 }

@@ -46,7 +46,7 @@ bool isBuiltIn(SoundCoding coding)
     SF_INFO info{};
     info.samplerate = 48000;
     info.channels = 2;
-    info.format = formatOf(coding).libraryFormat;
+    info.format = formatOf(coding).sndfileFormat;
     return sf_format_check(&info) != 0 &&
            isListed(info.format & SF_FORMAT_TYPEMASK, SFC_GET_FORMAT_MAJOR_COUNT, SFC_GET_FORMAT_MAJOR) &&
            isListed(info.format & SF_FORMAT_SUBMASK, SFC_GET_FORMAT_SUBTYPE_COUNT, SFC_GET_FORMAT_SUBTYPE);

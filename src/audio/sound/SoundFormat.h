@@ -11,7 +11,7 @@ struct SoundFormat
     const char *name;   // "WAV, 16 bit"
     const char *ending; // of a file's name, in lower case: "wav"
     int bits;           // of a sample; 0: it is coded with losses, as good as its quality says; 32: a float
-    int libraryFormat;  // of libsndfile
+    int sndfileFormat;  // of libsndfile
 };
 
 // All, by their coding. [any]
