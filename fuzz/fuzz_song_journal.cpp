@@ -1,6 +1,6 @@
 // A journal of any bytes is read or refused, and what was read is written and comes back equal. When the first byte is
 // not 0 the others are payloads parted by zeros, which get true checksums.
-#include "song/JournalRecords.h"
+#include "song/journal/JournalRecords.h"
 
 #include <cstdlib>
 

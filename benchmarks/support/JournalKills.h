@@ -1,7 +1,7 @@
 #pragma once
 
-#include "song/JournalFolder.h"
-#include "song/SongJournal.h"
+#include "song/journal/JournalFolder.h"
+#include "song/journal/SongJournal.h"
 #include "support/RandomSongs.h"
 #include "support/TestFolder.h"
 

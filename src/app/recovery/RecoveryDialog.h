@@ -1,6 +1,6 @@
 #pragma once
 
-#include "song/JournalFolder.h"
+#include "song/journal/JournalFolder.h"
 
 #include <QDialog>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/ComparedTexts.h"
-#include "song/JournalRecords.h"
-#include "song/SongJournal.h"
+#include "song/journal/JournalRecords.h"
+#include "song/journal/SongJournal.h"
 #include "ui/tracks/TrackList.h"
 
 #include <QHash>

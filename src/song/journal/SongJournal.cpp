@@ -1,8 +1,8 @@
-#include "song/SongJournal.h"
+#include "song/journal/SongJournal.h"
 
 #include "base/JobPool.h"
-#include "song/JournalFolder.h"
-#include "song/JournalWriter.h"
+#include "song/journal/JournalFolder.h"
+#include "song/journal/JournalWriter.h"
 
 #include <QDeadlineTimer>
 

@@ -1,7 +1,7 @@
-#include "song/JournalWriter.h"
+#include "song/journal/JournalWriter.h"
 
 #include "base/SafeFile.h"
-#include "song/JournalFolder.h"
+#include "song/journal/JournalFolder.h"
 
 #include <QCoreApplication>
 #include <QDateTime>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "song/JournalRecords.h"
+#include "song/journal/JournalRecords.h"
 
 #include <QFile>
 #include <QLockFile>

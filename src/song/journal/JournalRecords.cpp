@@ -1,4 +1,4 @@
-#include "song/JournalRecords.h"
+#include "song/journal/JournalRecords.h"
 
 #include "song/JsonWriter.h"
 #include "song/SongChange.h"

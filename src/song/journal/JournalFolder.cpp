@@ -1,4 +1,4 @@
-#include "song/JournalFolder.h"
+#include "song/journal/JournalFolder.h"
 
 #include <QCoreApplication>
 #include <QDir>
