@@ -51,20 +51,55 @@ void PlayerWorker::withEngine(Action action)
 
 void PlayerWorker::initialize()
 {
-    guarded([this] {
-        engine_ = makeEngine_();
-        const auto result = engine_->initialize();
-        const bool isUnheard = result == AudioResult::NoDevice || result == AudioResult::DeviceNotAnswering;
-        if (!check(result) && !isUnheard) {
-            emit outputChanged(QString::fromUtf8(engine_->errorText(result)));
-            engine_.reset();
-            return;
-        }
-        makePlaying();
-        reportOutput();
-        lastBusy_ = now_();
-        timer_.start();
-    });
+    guarded([this] { openEngine(); });
+}
+
+void PlayerWorker::openEngine()
+{
+    auto made = makeEngine_();
+    engine_ = std::move(made.engine);
+    engineWarning_ = made.warning;
+    const auto result = engine_->initialize();
+    const bool isUnheard = result == AudioResult::NoDevice || result == AudioResult::DeviceNotAnswering;
+    if (!check(result) && !isUnheard) {
+        tellOutput(QString::fromUtf8(engine_->errorText(result)));
+        engine_.reset();
+        return;
+    }
+    makePlaying();
+    reportOutput();
+    isResting_ = false;
+    lastBusy_ = now_();
+    timer_.start();
+}
+
+void PlayerWorker::closeEngine()
+{
+    timer_.stop();
+    preview_.reset();
+    playing_.reset();
+    samples_.reset();
+    check(engine_->release());
+    engine_.reset();
+}
+
+void PlayerWorker::renewEngine()
+{
+    isRenewalDue_ = true;
+}
+
+void PlayerWorker::renewWhenDue()
+{
+    if ((playing_ && !playing_->isIdle()) || !std::exchange(isRenewalDue_, false))
+        return;
+    if (engine_)
+        closeEngine();
+    openEngine();
+    if (!engine_)
+        return;
+    check(engine_->setGroupLevel(masterGroup, {masterVolume_, 0}));
+    playing_->setLoop(loop_);
+    playing_->setTempoFactor(tempoFactor_);
 }
 
 void PlayerWorker::makePlaying()
@@ -91,14 +126,7 @@ void PlayerWorker::makePlaying()
 
 void PlayerWorker::terminate()
 {
-    withEngine([this] {
-        timer_.stop();
-        preview_.reset();
-        playing_.reset();
-        samples_.reset();
-        check(engine_->release());
-        engine_.reset();
-    });
+    withEngine([this] { closeEngine(); });
     emit finished();
 }
 
@@ -171,11 +199,14 @@ void PlayerWorker::tellTrack(const QString &trackId, const PlayingTrack &track)
 void PlayerWorker::reportOutput()
 {
     const auto state = engine_->outputState();
-    if (state == outputState_)
-        return;
-    outputState_ = state;
     const auto problem = state == OutputState::NoDevice ? AudioResult::NoDevice : AudioResult::DeviceNotAnswering;
-    emit outputChanged(state == OutputState::Running ? QString() : QString::fromUtf8(engine_->errorText(problem)));
+    tellOutput(state == OutputState::Running ? QString() : QString::fromUtf8(engine_->errorText(problem)));
+}
+
+void PlayerWorker::tellOutput(const QString &problem)
+{
+    if (std::exchange(outputProblem_, problem) != problem)
+        emit outputChanged(problem);
 }
 
 void PlayerWorker::playPreviewNote(const Instrument &instrument, quint32 noteId)
@@ -198,7 +229,10 @@ void PlayerWorker::playTrack(const PlayRequest &request)
 
 void PlayerWorker::playTracks(const QVector<PlayRequest> &requests)
 {
+    guarded([this] { renewWhenDue(); });
     withEngine([&] {
+        if (const auto warning = std::exchange(engineWarning_, QString()); !warning.isEmpty())
+            emit warned(warning);
         wake();
         playing_->play(requests);
     });
@@ -224,11 +258,13 @@ void PlayerWorker::precacheInstrument(const Instrument &instrument, const Track 
 
 void PlayerWorker::setLoop(const std::optional<LoopRegion> &loop)
 {
+    loop_ = loop;
     withEngine([&] { playing_->setLoop(loop); });
 }
 
 void PlayerWorker::setTempoFactor(double factor)
 {
+    tempoFactor_ = factor;
     withEngine([&] { playing_->setTempoFactor(factor); });
 }
 
@@ -239,6 +275,7 @@ void PlayerWorker::setOffset(const QString &trackId, double milliseconds)
 
 void PlayerWorker::setMasterVolume(float volume)
 {
+    masterVolume_ = volume;
     withEngine([&] { check(engine_->setGroupLevel(masterGroup, {volume, 0})); });
 }
 

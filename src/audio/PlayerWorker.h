@@ -10,9 +10,20 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
-// Makes the engine that a player or renderer owns from then on.
-using EngineFactory = std::function<std::unique_ptr<AudioEngine>()>;
+// An engine that a player owns from then on.
+struct MadeEngine
+{
+    template<typename Engine>
+    MadeEngine(std::unique_ptr<Engine> made, const QString &remark = {}) : engine(std::move(made)), warning(remark)
+    {
+    }
+
+    std::unique_ptr<AudioEngine> engine;
+    QString warning; // what the user should know of it, if anything
+};
+using EngineFactory = std::function<MadeEngine()>;
 
 // Milliseconds of a clock that never goes back; only differences count.
 using TimeSource = std::function<qint64()>;
@@ -58,6 +69,8 @@ public slots: // [audio]
     void initialize();
     // Releases the engine and its sounds; nothing plays afterwards.
     void terminate();
+    // The next start while nothing plays makes a new engine.
+    void renewEngine();
     // One pass over all tracks; the timer's.
     void update();
     void playPreviewNote(const Instrument &instrument, quint32 noteId);
@@ -95,6 +108,9 @@ private: // [audio]
     void seekTracks(quint64 tickPos, Selected isSelected);
 
     bool check(AudioResult result) { return checker_.check(*engine_, result); }
+    void openEngine();
+    void closeEngine();
+    void renewWhenDue();
     void makePlaying();
     void runPass();
     void wake();
@@ -103,6 +119,7 @@ private: // [audio]
     void tellMasterMeter();
     void tellTrack(const QString &trackId, const PlayingTrack &track);
     void reportOutput();
+    void tellOutput(const QString &problem);
 
     EngineFactory makeEngine_;
     TimeSource now_;
@@ -113,7 +130,12 @@ private: // [audio]
     std::unique_ptr<SampleFeed> samples_;
     std::unique_ptr<PlayingTracks> playing_;
     std::unique_ptr<PreviewNote> preview_;
-    OutputState outputState_ = OutputState::Running;
+    bool isRenewalDue_ = false;
+    QString engineWarning_; // to be told at the next start
+    float masterVolume_ = 1;
+    std::optional<LoopRegion> loop_;
+    double tempoFactor_ = 1;
+    QString outputProblem_; // as it was told
     qint64 lastMeters_ = 0;
     bool isResting_ = false;
     qint64 lastBusy_ = 0; // when something sounded or was to sound

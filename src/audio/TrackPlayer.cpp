@@ -58,6 +58,11 @@ void TrackPlayer::postUntilStopped(Slot slot, const Arguments &...arguments)
     QMetaObject::invokeMethod(worker_, call, Qt::QueuedConnection);
 }
 
+void TrackPlayer::renewEngine()
+{
+    post(&PlayerWorker::renewEngine);
+}
+
 void TrackPlayer::playPreviewNote(const Instrument &instrument, quint32 noteId)
 {
     post(&PlayerWorker::playPreviewNote, instrument, noteId);

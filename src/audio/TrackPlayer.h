@@ -37,6 +37,7 @@ signals:
     void __terminate();  // to the worker
 
 public slots:
+    void renewEngine();
     void playPreviewNote(const Instrument &instrument, quint32 noteId);
     void stopPreviewNote();
     void playTrack(const PlayRequest &request);

@@ -218,6 +218,57 @@ private slots:
         QCOMPARE(told, QStringLiteral("| rest | | wake | rest | wake rest | "));
     }
 
+    // While something plays the engine stays; the new one knows what holds, and what is to be said of it is said once.
+    void enginesAreRenewed()
+    {
+        class CountedEngine : public BuiltinEngine
+        {
+        public:
+            CountedEngine(int number, QStringList &told)
+                : BuiltinEngine(EngineOutput::Silent), number_(number), told_(told)
+            {
+            }
+            AudioResult initialize() override
+            {
+                return number_ == 1 ? AudioResult::LibraryError : BuiltinEngine::initialize();
+            }
+            AudioResult setGroupLevel(GroupId group, GroupLevel level) override
+            {
+                if (group == masterGroup)
+                    told_.append(QStringLiteral("%1: %2").arg(number_).arg(double(level.volume)));
+                return BuiltinEngine::setGroupLevel(group, level);
+            }
+
+        private:
+            int number_;
+            QStringList &told_;
+        };
+        QStringList told;
+        int engines = 0;
+        const auto makeEngine = [&] {
+            ++engines;
+            return MadeEngine(std::make_unique<CountedEngine>(engines, told), QStringLiteral("no. %1").arg(engines));
+        };
+        PlayerWorker worker(makeEngine, steadyMilliseconds, 0);
+        connect(&worker, &PlayerWorker::warned, this, [&](const QString &text) { told.append(text); });
+        connect(&worker, &PlayerWorker::outputChanged, this, [&](const QString &text) { told.append(text); });
+        const auto play = [&] { worker.playTrack({QStringLiteral("a"), clicks(1), click_}); };
+        worker.initialize();
+        worker.setMasterVolume(0.5F);
+        play();
+        worker.renewEngine();
+        play();
+        play();
+        worker.renewEngine();
+        play();
+        QCOMPARE(engines, 2);
+        worker.stopAll();
+        play();
+        QCOMPARE(told, QStringList({QStringLiteral("The sound library failed."), QString(), QStringLiteral("2: 0.5"),
+                                    QStringLiteral("no. 2"), QStringLiteral("3: 0.5"), QStringLiteral("no. 3")}));
+        worker.terminate();
+    }
+
     void terminateMustComeFirst()
     {
         const LoggedLines logged;

@@ -106,7 +106,7 @@ void RenderWorker::openOutputs()
 
 void RenderWorker::prepareSamples()
 {
-    engine_ = makeEngine_(outputs_.empty() ? QString() : outputs_.front()->replacement.path());
+    engine_ = makeEngine_(plan_.isPlainWave() ? outputs_.front()->replacement.path() : QString());
     const auto tellLoading = [this](const QString &path) { emit loadingSample(path); };
     samples_ = std::make_unique<SampleCache>(*engine_, sampleRate, tellLoading);
     std::vector<TrackPlayback> playbacks;

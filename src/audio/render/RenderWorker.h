@@ -17,7 +17,7 @@
 #include <stop_token>
 #include <vector>
 
-// Makes an engine whose output is the wave file of that path: 48 kHz, stereo.
+// Makes an engine whose output is the wave file of that path: 48 kHz, stereo. Without a path it only mixes.
 using FileEngineFactory = std::function<std::unique_ptr<AudioEngine>(const QString &waveFile)>;
 
 // The part of a TrackRenderer that works on its render thread: loads the samples, places all notes on the clock and has
