@@ -15,6 +15,7 @@ set(LAYERS
     "src/edit|base core"
     "src/assets/package|base"
     "src/assets|base assets/package"
+    "src/check|base core edit assets"
     "src/song/preview|base settings core import song assets"
     "src/audio/sound|"
     "src/audio/samples|base assets assets/package audio/sound"

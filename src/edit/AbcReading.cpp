@@ -6,7 +6,14 @@
 
 namespace {
 
-QString messageOf(AbcRefusal why, const AbcToken &token)
+int endOfLine(int line, const QVector<int> &lines, const QString &text)
+{
+    return line + 1 < lines.size() ? lines[line + 1] - 1 : int(text.size());
+}
+
+} // namespace
+
+QString refusalText(AbcRefusal why, const AbcToken &token)
 {
     switch (why) {
     case AbcRefusal::HeaderText:
@@ -26,13 +33,6 @@ QString messageOf(AbcRefusal why, const AbcToken &token)
     }
     return {};
 }
-
-int endOfLine(int line, const QVector<int> &lines, const QString &text)
-{
-    return line + 1 < lines.size() ? lines[line + 1] - 1 : int(text.size());
-}
-
-} // namespace
 
 QVector<int> lineOffsets(const QString &text)
 {
@@ -54,7 +54,7 @@ AbcReading readAbc(const QString &text)
         const auto begin = lines[first.line] + first.column;
         const auto end = why == AbcRefusal::HeaderText ? endOfLine(first.line, lines, text)
                                                        : lines[last.line] + last.column + int(last.text.size());
-        reading.problems.append({{begin, end - begin}, first.line, first.column, messageOf(why, first)});
+        reading.problems.append({{begin, end - begin}, first.line, first.column, refusalText(why, first)});
     };
     std::tie(reading.track, reading.layout) = parseWithLayout(text, addProblem);
     reading.unitLength = HeaderFields::parseUnitLength(reading.track.headerField(QStringLiteral("L")));

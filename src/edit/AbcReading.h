@@ -34,5 +34,8 @@ AbcReading readAbc(const QString &text);
 // Of a text that could not be read at all: one problem, at its beginning.
 AbcReading unreadableAbc(const QString &message);
 
+// Why the text cannot be read, in plain words; the token is the first that is refused.
+QString refusalText(AbcRefusal why, const AbcToken &token);
+
 // Where the lines of a text begin; the first is 0.
 QVector<int> lineOffsets(const QString &text);

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "check/Finding.h"
+
+// The table of what can be found. [any]
+namespace FindingKinds {
+
+QString name(FindingKind kind); // of files and command lines: "no-sample"
+Severity severity(FindingKind kind);
+QString severityName(Severity severity); // likewise: "error"
+QString title(FindingKind kind);         // as a row of a list has it: "Notes without a sample"
+QString fixText(FindingKind kind);       // what its fix does, as a command; empty when it has none
+
+} // namespace FindingKinds
+
+// In plain words: "The instrument has no sample for C4."
+QString sentenceOf(const Finding &finding);

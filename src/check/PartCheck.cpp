@@ -1,0 +1,15 @@
+#include "check/PartCheck.h"
+
+#include "check/InstrumentCheck.h"
+#include "check/NoteCheck.h"
+
+PartCheck checkPart(const QString &text, const QString &instrument, const InstrumentSet &instruments,
+                    const CheckOptions &options, const std::stop_token &stop)
+{
+    auto part = checkText(text, options, stop);
+    auto findings = std::move(part.findings);
+    findings += checkNotes(part, options);
+    if (!instruments.isEmpty())
+        findings += checkInstrument(part, instrument, instruments, options);
+    return {findings, factsOf(part)};
+}

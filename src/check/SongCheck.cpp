@@ -1,0 +1,125 @@
+#include "check/SongCheck.h"
+
+#include "edit/NoteText.h"
+
+#include <algorithm>
+
+namespace {
+
+using Tempos = std::vector<PartFacts::Tempo>;
+
+QString bpm(qint64 ticksPerMinute)
+{
+    return QString::number(double(ticksPerMinute) / ticksPerQuarter, 'g', 6);
+}
+
+void addTempo(Tempos &tempos, Ticks from, qint64 ticksPerMinute)
+{
+    if (ticksPerMinute <= 0)
+        return; // the player skips it
+    if (!tempos.empty() && tempos.back().from == from)
+        tempos.pop_back();
+    if (tempos.empty() || tempos.back().ticksPerMinute != ticksPerMinute)
+        tempos.push_back({from, ticksPerMinute});
+}
+
+qint64 tempoAt(const Tempos &tempos, Ticks tick)
+{
+    auto tempo = defaultTicksPerMinute;
+    for (const auto &each : tempos) {
+        if (each.from <= tick)
+            tempo = each.ticksPerMinute;
+    }
+    return tempo;
+}
+
+// The first time from which on the two are not the same.
+Ticks firstDifference(const Tempos &a, const Tempos &b)
+{
+    const auto [one, other] = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
+    const auto from = [](auto at, auto end) { return at == end ? maxTicks : at->from; };
+    return std::min(from(one, a.end()), from(other, b.end()));
+}
+
+// What most parts have; of equals the first.
+const Tempos &usualTempos(const QVector<PartFacts> &parts)
+{
+    const auto count = [&](const PartFacts &part) {
+        return std::count_if(parts.begin(), parts.end(), [&](const PartFacts &other) {
+            return other.hasNotes && part.hasNotes && other.tempos == part.tempos;
+        });
+    };
+    return std::max_element(parts.begin(), parts.end(),
+                            [&](const PartFacts &a, const PartFacts &b) { return count(a) < count(b); })
+        ->tempos;
+}
+
+class SongChecker
+{
+public:
+    explicit SongChecker(const QVector<PartFacts> &parts) : tempos_(usualTempos(parts))
+    {
+        for (const auto &part : parts) {
+            if (part.hasNotes) {
+                firstNote_ = std::min(firstNote_, part.firstNote);
+                length_ = std::max(length_, part.length);
+            }
+        }
+    }
+
+    QVector<Finding> check(const PartFacts &part) const
+    {
+        QVector<Finding> findings;
+        if (part.tempos != tempos_)
+            findings.append(tempoFinding(part.tempos));
+        if (part.firstNote > firstNote_)
+            findings.append(
+                {FindingKind::StartDiffers, {}, part.firstNote, {NoteText::length(part.firstNote - firstNote_)}});
+        if (part.length < length_)
+            findings.append({FindingKind::LengthDiffers, {}, part.length, {NoteText::length(length_ - part.length)}});
+        return findings;
+    }
+
+private:
+    Finding tempoFinding(const Tempos &tempos) const
+    {
+        const auto at = firstDifference(tempos, tempos_);
+        return {FindingKind::TempoDiffers, {}, at, {bpm(tempoAt(tempos, at)), bpm(tempoAt(tempos_, at))}};
+    }
+
+    const Tempos &tempos_;
+    Ticks firstNote_ = maxTicks;
+    Ticks length_ = 0;
+};
+
+} // namespace
+
+PartFacts factsOf(const TextCheck &part)
+{
+    PartFacts facts;
+    addTempo(facts.tempos, 0, defaultTicksPerMinute);
+    addTempo(facts.tempos, 0, part.track.ticksPerMinute());
+    for (const auto &event : part.track.events()) {
+        if (event.kind() == TrackEvent::Tempo)
+            addTempo(facts.tempos, event.start(), event.ticksPerMinute());
+        if (event.isNote() && !facts.hasNotes) {
+            facts.hasNotes = true;
+            facts.firstNote = event.start();
+        }
+    }
+    facts.length = std::max(part.length, part.track.length());
+    return facts;
+}
+
+QVector<QVector<Finding>> checkSong(const QVector<PartFacts> &parts)
+{
+    QVector<QVector<Finding>> findings(parts.size());
+    if (parts.isEmpty())
+        return findings;
+    const SongChecker checker(parts);
+    for (int i = 0; i < parts.size(); ++i) {
+        if (parts[i].hasNotes)
+            findings[i] = checker.check(parts[i]);
+    }
+    return findings;
+}

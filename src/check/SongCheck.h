@@ -1,0 +1,29 @@
+#pragma once
+
+#include "check/TextCheck.h"
+
+#include <vector>
+
+// What the other parts of a song need to know of a part; all else of it need not be kept.
+struct PartFacts
+{
+    struct Tempo
+    {
+        Ticks from = 0;
+        qint64 ticksPerMinute = 0;
+
+        bool operator==(const Tempo &) const = default;
+    };
+
+    bool hasNotes = false;
+    Ticks firstNote = 0;
+    Ticks length = 0;          // with the rests at the end
+    std::vector<Tempo> tempos; // by time, without those that change nothing; the first begins at 0
+
+    bool operator==(const PartFacts &) const = default;
+};
+PartFacts factsOf(const TextCheck &part);
+
+// What is wrong with the parts beside each other: for each of them, in their order. Parts without notes are left out.
+// [any]
+QVector<QVector<Finding>> checkSong(const QVector<PartFacts> &parts);

@@ -1,0 +1,25 @@
+#include "check/TextRule.h"
+
+#include "edit/AbcReading.h"
+
+#include <algorithm>
+
+TextFindings::TextFindings(const QString &text, const CheckOptions &options)
+    : text_(text), lines_(lineOffsets(text)), mostFindings_(options.mostFindings)
+{
+}
+
+void TextFindings::add(Finding finding)
+{
+    if (!hasRoomFor(finding.kind))
+        return;
+    ++counts_[size_t(finding.kind)];
+    findings_.append(std::move(finding));
+}
+
+QVector<Finding> TextFindings::take()
+{
+    std::stable_sort(findings_.begin(), findings_.end(),
+                     [](const Finding &a, const Finding &b) { return a.range.offset < b.range.offset; });
+    return std::move(findings_);
+}

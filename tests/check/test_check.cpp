@@ -1,0 +1,120 @@
+#include "check/FindingKinds.h"
+#include "check/PartCheck.h"
+#include "support/Rows.h"
+
+namespace {
+
+QString tune(const Text &body)
+{
+    return QStringLiteral("X: 1\nL: 1/4\nM: 4/4\nK: C\n") + body;
+}
+
+// From A0 to C5 with a sample at C4, but silent at D4.
+InstrumentSet lute()
+{
+    Instrument lute;
+    lute.name = QStringLiteral("Lute");
+    for (quint32 pitch = 21; pitch <= 72; ++pitch)
+        lute.tuning.notes[pitch] = {{QStringLiteral("c4.ogg")}, std::pow(2, (double(pitch) - 60) / 12), 0};
+    lute.tuning.notes[62].rate = 0;
+    InstrumentSet instruments;
+    instruments.add(lute);
+    return instruments;
+}
+
+// "kind offset+length @tick in quarters", the offset in the body.
+QString described(const QVector<Finding> &findings, int bodyOffset)
+{
+    QStringList texts;
+    for (const auto &finding : findings) {
+        auto text = FindingKinds::name(finding.kind);
+        if (!finding.range.isEmpty())
+            text += QStringLiteral(" %1+%2").arg(finding.range.offset - bodyOffset).arg(finding.range.length);
+        if (finding.tick >= 0)
+            text += QStringLiteral(" @%1").arg(double(finding.tick) / ticksPerQuarter);
+        texts += text;
+    }
+    return texts.join(QStringLiteral(", "));
+}
+
+QString fixedText(const QString &text, const QVector<Finding> &findings)
+{
+    auto fixed = text;
+    for (auto finding = findings.rbegin(); finding != findings.rend(); ++finding)
+        fixed = applyChanges(fixed, finding->fix);
+    return fixed;
+}
+
+} // namespace
+
+class TestCheck : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void findsWhatIsWrongWithAPart_data()
+    {
+        const Rows<QString, QString, QString> row("body", "findings", "fixed"); // an empty one: as it was
+        row("nothing", "CEFG|[CE]4|\n", "", "");
+        row("the end's bar lines are not heard", "CEFG||:|", "", "");
+        row("refused", "CEFG#", "refused-text 4+1 @3", "");
+        row("double bar line", "CEFG||C4", "empty-measure 5+1 @4", "CEFG|C4");
+        row("opening bar line", "|CEFG|C4", "empty-measure 0+1 @0", "CEFG|C4");
+        row("repeats", "CEFG:| |:C4", "empty-measure 7+2 @4", "CEFG::C4");
+        row("a repeat begins on a line", "CEFG|\n|:C4", "empty-measure 6+2 @4", "CEFG\n|:C4");
+        row("pick-up", "!f!(3CEF | C4 |", "pick-up 9+1 @2", "z2 !f!(3CEF | C4 |");
+        row("short measure", "C4 | C3 | C4", "bar-line-silence 8+1 @7", "");
+        row("long measure", "C4 | C5 | C4", "bar-line-overlap 8+1 @9", "");
+        row("two measures without a line between", "C8 || C4", "", "");
+        row("rests of measures", "Z2|CEFG|Z|C4", "", "");
+        row("no metre, no measures", "C|[M:none]||C|E", "pick-up 1+1 @1", "z3 C|[M:none]||C|E");
+        row("out of range", "d'''2 [^c'''E]2 | [K:D] .f,,,,,,4",
+            "out-of-range 0+5 @0, out-of-range 7+5 @2, out-of-range 24+9 @4", "d''2 [^c''E]2 | [K:D] .F,,,4");
+        row("silent and far", "D4|c4", "no-sample 0+2 @0, far-from-sample 3+2 @4", "");
+        row("no notes", "z4|", "empty-part", "");
+    }
+
+    void findsWhatIsWrongWithAPart()
+    {
+        QFETCH(QString, body);
+        QFETCH(QString, fixed);
+        const auto text = tune(body);
+        const auto findings = checkPart(text, QString(), lute()).findings;
+        QTEST(described(findings, int(text.size() - body.size())), "findings");
+        QCOMPARE(fixedText(text, findings), tune(fixed.isEmpty() ? body : fixed));
+        for (const auto &finding : findings)
+            QVERIFY2(!sentenceOf(finding).contains(u'%'), qPrintable(sentenceOf(finding)));
+    }
+
+    void countsNotesAtOnce()
+    {
+        CheckOptions options;
+        options.mostNotesAtOnce = 2;
+        const auto findings = checkPart(tune(QStringLiteral("[CEG]2[CE]2|[C4EG]E[GB]2")), {}, {}, options).findings;
+        QCOMPARE(described(findings, 24), QStringLiteral("many-notes 3+1 @0, many-notes 13+2 @4, many-notes 21+1 @6"));
+    }
+
+    void knowsInstruments()
+    {
+        const auto text = tune(QStringLiteral("C"));
+        QVERIFY(checkPart(text, QStringLiteral("Lute"), lute()).findings.isEmpty());
+        QVERIFY(checkPart(text, QStringLiteral("Kazoo"), {}).findings.isEmpty()); // nothing is known yet
+        const auto unknown = checkPart(text, QStringLiteral("Kazoo %1"), lute()).findings;
+        QCOMPARE(sentenceOf(unknown.first()), QStringLiteral("The game has no instrument “Kazoo %1”."));
+    }
+
+    void comparesParts()
+    {
+        const auto facts = [](const char *body) { return factsOf(checkText(tune(QString::fromUtf8(body)))); };
+        const auto findings = checkSong({facts("C4|C4[Q:1/4=90]|"), facts("z C3|[Q:1/4=90]C4"), facts("z4"),
+                                         facts("C4|C4"), facts("C4|[Q:1/4=90]z2")});
+        QStringList texts;
+        for (const auto &part : findings)
+            texts += described(part, 0);
+        QCOMPARE(texts.join(u'|'),
+                 QStringLiteral("tempo-differs @4|start-differs @1||tempo-differs @4|length-differs @6"));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCheck)
+#include "test_check.moc"
