@@ -43,8 +43,8 @@ bool isKeyOf(const QWidget *control, const QKeyEvent &event)
 } // namespace
 
 MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
-    : QMainWindow(parent), settings_(services.settings), dialogs_(services.dialogs), player_(services.makeEngine, this),
-      playback_(tracks_, instruments_, player_),
+    : QMainWindow(parent), settings_(services.settings), dialogs_(services.dialogs), sound_(services.output, settings_),
+      player_(services.makeEngine, this), playback_(tracks_, instruments_, player_),
       editors_(session_, tracks_, playback_, settings_, dialogs_, services.makeEngine, this),
       journal_(session_, services.journalFolder), updates_(services.updateAddress),
       rows_(new TrackRows(tracks_, instruments_, settings_, dialogs_, this)), area_(new SongArea(tracks_, rows_, this)),
@@ -56,7 +56,8 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
       transportCommands_(context(), transport_, player_, *masterVolume_),
       export_(context(), services.makeFileEngine,
               services.journalFolder.isEmpty() ? QString() : services.journalFolder + QStringLiteral("/exports")),
-      notationExport_(context()), program_(context()), status_(*this), reports_(new ImportReports(*this)),
+      notationExport_(context()), program_(context(), sound_.control()), status_(*this),
+      reports_(new ImportReports(*this)),
       exportNote_(new ExportNote([this](const QString &folder) { dialogs_.openFolder(folder); }, this)),
       playbackView_(*rows_, *area_, *masterMeter_)
 {
@@ -71,6 +72,7 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
     findChild<QMenu *>(QStringLiteral("menuImport"))->addAction(reports_->toggleAction());
     status_.follow(instrumentCommands_.scanning());
     status_.follow(playback_);
+    status_.follow(sound_);
     status_.follow(importQueue_.reading());
     status_.follow(settings_);
     status_.follow(songs_);

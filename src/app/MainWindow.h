@@ -20,6 +20,7 @@
 #include "app/services/EditorWindows.h"
 #include "app/services/Playback.h"
 #include "app/services/SongSession.h"
+#include "app/services/SoundOutput.h"
 #include "app/services/Transport.h"
 #include "app/services/UpdateChecker.h"
 #include "assets/InstrumentSetModel.h"
@@ -46,6 +47,7 @@ struct WindowServices
     FileEngineFactory makeFileEngine; // of exports
     QUrl updateAddress = UpdateChecker::releaseAddress();
     QString journalFolder = {}; // of what survives a crash; empty: nothing does
+    std::shared_ptr<OutputControl> output = std::make_shared<OutputControl>(); // that the engines share
 };
 
 // The program's window: the tracks as a list of rows, with menus, toolbars and meters around it. It puts together what
@@ -187,6 +189,7 @@ private:
     Settings &settings_;
     Dialogs &dialogs_;
     InstrumentSetModel instruments_{{}};
+    SoundOutput sound_; // knows what is wanted before an engine asks
     TrackPlayer player_;
     TrackList tracks_;
     SongSession session_{tracks_};

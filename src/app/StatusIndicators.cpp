@@ -4,6 +4,7 @@
 #include "app/services/InstrumentScanTask.h"
 #include "app/services/Playback.h"
 #include "app/services/SongImport.h"
+#include "app/services/SoundOutput.h"
 #include "settings/Settings.h"
 #include "ui/BusyIndicator.h"
 
@@ -11,10 +12,12 @@
 #include <QMainWindow>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QTimer>
 
 namespace {
 
 constexpr int savedMs = 5000; // how long it is told
+constexpr int underrunsMs = 10000;
 
 void show(QLabel &notice, const QString &problem)
 {
@@ -30,6 +33,13 @@ StatusIndicators::StatusIndicators(QMainWindow &window) : bar_(*window.statusBar
     auto *const escape = new QShortcut(Qt::Key_Escape, &window);
     connect(escape, &QShortcut::activated, this, &StatusIndicators::cancelAll);
     outputProblem_ = addNotice("outputProblem");
+    missingDevice_ = addNotice("missingDevice");
+    underruns_ = addNotice("underruns");
+    underruns_->setToolTip(tr("The sound device ran dry: close what is busy, or choose a larger block under Tools, "
+                              "Preferences, Sound"));
+    underrunsEnd_ = new QTimer(this);
+    underrunsEnd_->setSingleShot(true);
+    connect(underrunsEnd_, &QTimer::timeout, underruns_, &QLabel::hide);
     settingsProblem_ = addNotice("settingsProblem");
     journalProblem_ = addNotice("journalProblem");
 }
@@ -108,6 +118,20 @@ void StatusIndicators::follow(Playback &playback)
     });
     connect(&playback, &Playback::loaded, busy, &BusyIndicator::finish);
     connect(&playback, &Playback::warned, this, [this](const QString &text) { bar_.showMessage(text, 10000); });
+}
+
+void StatusIndicators::follow(SoundOutput &output)
+{
+    connect(&output, &SoundOutput::underrunsGrew, this, &StatusIndicators::showUnderruns);
+    connect(&output, &SoundOutput::missingChanged, missingDevice_, [this](const QString &device) {
+        show(*missingDevice_, device.isEmpty() ? device : tr("\"%1\" is not there: the default device").arg(device));
+    });
+}
+
+void StatusIndicators::showUnderruns(quint64 underruns)
+{
+    show(*underruns_, tr("Sound dropouts: %1").arg(underruns));
+    underrunsEnd_->start(underrunsMs);
 }
 
 void StatusIndicators::showLoadingSample(const QString &samplePath)

@@ -9,9 +9,11 @@ class Playback;
 class QLabel;
 class QMainWindow;
 class QStatusBar;
+class QTimer;
 class Settings;
 class SongCommands;
 class SongImport;
+class SoundOutput;
 
 // The status bar: what the window is busy with, each with a button to cancel it and Esc for all, why nothing is
 // heard, and what is wrong with the settings. On the interface thread.
@@ -26,6 +28,7 @@ public:
     void follow(SongCommands &songs);
     void follow(InstrumentScanTask &scan);
     void follow(Playback &playback);
+    void follow(SoundOutput &output);
 
     void showLoadingSample(const QString &samplePath);
     // Both stay while they are there; empty: there is none.
@@ -36,10 +39,14 @@ public:
 private:
     BusyIndicator *addIndicator(const char *name);
     QLabel *addNotice(const char *name);
+    void showUnderruns(quint64 underruns);
     void cancelAll();
 
     QStatusBar &bar_;
     QLabel *outputProblem_;
+    QLabel *missingDevice_;
+    QLabel *underruns_;
+    QTimer *underrunsEnd_; // of telling about them
     QLabel *settingsProblem_;
     QLabel *journalProblem_;
     QVector<BusyIndicator *> indicators_;

@@ -4,6 +4,7 @@
 #include "app/Screenshot.h"
 #include "assets/Instrument.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "audio/engine/SoundDevices.h"
 #include "core/Track.h"
 #include "settings/Settings.h"
 #include "ui/Dialogs.h"
@@ -80,16 +81,21 @@ QString journalFolder()
 int runWindow(Settings &settings, Dialogs &dialogs, const CommandLine &commandLine)
 {
     const bool isPicture = !commandLine.screenshot.isEmpty();
-    const auto output = isPicture ? EngineOutput::Paced : EngineOutput::Device;
+    const auto control = std::make_shared<OutputControl>(findSoundDevices);
+    const auto makeEngine = [isPicture, control] {
+        return isPicture ? std::make_unique<BuiltinEngine>(EngineOutput::Paced)
+                         : std::make_unique<BuiltinEngine>(control);
+    };
     const WindowServices services{settings,
                                   dialogs,
-                                  [output] { return std::make_unique<BuiltinEngine>(output); },
+                                  makeEngine,
                                   [](const QString &file) {
                                       return std::make_unique<BuiltinEngine>(EngineOutput::WavFile,
                                                                              file.toStdU16String());
                                   },
                                   UpdateChecker::releaseAddress(),
-                                  isPicture ? QString() : journalFolder()};
+                                  isPicture ? QString() : journalFolder(),
+                                  control};
     MainWindow window(services);
     window.show();
     window.openFiles(commandLine.files);

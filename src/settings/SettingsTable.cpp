@@ -67,6 +67,8 @@ const std::array<Row, settingCount> &rows()
         {ExportQuality, "export/quality", Type::Integer, "7"},
         {ExportFiles, "export/files", Type::Integer, "0"}, // see RenderFiles
         {ExportNormalise, "export/normalise", Type::Boolean, "false"},
+        {SoundDevice, "sound/device", Type::Text, ""},         // its name; the system's default
+        {SoundBlock, "sound/blockFrames", Type::Integer, "0"}, // see OutputChoice
     }};
     return table;
 }

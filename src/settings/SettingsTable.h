@@ -68,6 +68,8 @@ enum Setting {
     ExportQuality,
     ExportFiles,
     ExportNormalise,
+    SoundDevice,
+    SoundBlock,
     settingCount
 };
 

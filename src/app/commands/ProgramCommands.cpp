@@ -20,7 +20,8 @@ QVector<ActionRow> ProgramCommands::actions()
 
 void ProgramCommands::editPreferences()
 {
-    PreferencesDialog(context_.settings, context_.dialogs, context_.playback.instruments(), &context_.window).exec();
+    PreferencesDialog(context_.settings, context_.dialogs, output_, context_.playback.instruments(), &context_.window)
+        .exec();
 }
 
 void ProgramCommands::showAbout()

@@ -2,6 +2,7 @@
 
 #include "app/commands/ActionRow.h"
 #include "app/commands/CommandContext.h"
+#include "audio/OutputControl.h"
 
 #include <QCoreApplication>
 #include <QVector>
@@ -12,7 +13,8 @@ class ProgramCommands
     Q_DECLARE_TR_FUNCTIONS(ProgramCommands)
 
 public:
-    explicit ProgramCommands(const CommandContext &context) : context_(context) {}
+    // output: outlives it.
+    ProgramCommands(const CommandContext &context, OutputControl &output) : context_(context), output_(output) {}
 
     static QVector<ActionRow> actions();
 
@@ -25,4 +27,5 @@ public:
 
 private:
     CommandContext context_;
+    OutputControl &output_;
 };

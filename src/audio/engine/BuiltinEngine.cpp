@@ -10,7 +10,9 @@
 // What exists between initialize() and release(). The output comes last, so that its threads end first.
 struct BuiltinEngine::Session
 {
-    explicit Session(std::chrono::milliseconds searchInterval) : realTime(mixer, searchInterval) {}
+    Session(std::chrono::milliseconds searchInterval, OutputControl &control) : realTime(mixer, searchInterval, control)
+    {
+    }
 
     Mixer mixer;
     VoiceTable table;
@@ -36,6 +38,7 @@ struct BuiltinEngine::Parts
     EngineOutput output;
     std::filesystem::path wavFile;
     std::chrono::milliseconds searchInterval;
+    std::shared_ptr<OutputControl> control;
     std::unique_ptr<Session> session;
 
     AudioResult openOutput();
@@ -59,11 +62,13 @@ AudioResult BuiltinEngine::Parts::openOutput()
 
 BuiltinEngine::BuiltinEngine(EngineOutput output, std::filesystem::path wavFile,
                              std::chrono::milliseconds searchInterval)
-    : parts_(std::make_unique<Parts>())
+    : parts_(new Parts{output, std::move(wavFile), searchInterval, std::make_shared<OutputControl>(), nullptr})
 {
-    parts_->output = output;
-    parts_->wavFile = std::move(wavFile);
-    parts_->searchInterval = searchInterval;
+}
+
+BuiltinEngine::BuiltinEngine(std::shared_ptr<OutputControl> control, std::chrono::milliseconds searchInterval)
+    : parts_(new Parts{EngineOutput::Device, {}, searchInterval, std::move(control), nullptr})
+{
 }
 
 BuiltinEngine::~BuiltinEngine()
@@ -79,7 +84,7 @@ const char *BuiltinEngine::name() const
 AudioResult BuiltinEngine::initialize()
 {
     release();
-    parts_->session = std::make_unique<Session>(parts_->searchInterval);
+    parts_->session = std::make_unique<Session>(parts_->searchInterval, *parts_->control);
     const auto result = parts_->openOutput();
     if (result == AudioResult::CannotWrite)
         parts_->session.reset();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "audio/AudioEngine.h"
+#include "audio/OutputControl.h"
 
 #include <chrono>
 #include <filesystem>
@@ -8,7 +9,7 @@
 
 // Where the built-in engine's samples go. All are stereo.
 enum class EngineOutput {
-    Device,  // the default sound device at its own rate, mixed in its callback; paced while there is none
+    Device,  // a sound device at its own rate, mixed in its callback; paced while there is none
     WavFile, // 48 kHz, 16 bit, saturated, no dither; update() mixes and writes one block
     Silent,  // 48 kHz; the clock moves only in update(): for tests
     Paced,   // 48 kHz, mixed in real time by a thread and heard by nobody
@@ -26,11 +27,16 @@ enum class EngineOutput {
 class BuiltinEngine : public AudioEngine
 {
 public:
+    static constexpr std::chrono::seconds usualSearchInterval{4};
+
     // Opens nothing yet. wavFile: the file that a WavFile output creates in initialize(); an existing one is replaced.
     // It has a valid header from the start and its sizes after release(). The caller removes or renames it.
     // searchInterval: between two looks for a device while there is none. [any]
     explicit BuiltinEngine(EngineOutput output, std::filesystem::path wavFile = {},
-                           std::chrono::milliseconds searchInterval = std::chrono::seconds(4));
+                           std::chrono::milliseconds searchInterval = usualSearchInterval);
+    // For the sound device that is chosen there. [any]
+    explicit BuiltinEngine(std::shared_ptr<OutputControl> control,
+                           std::chrono::milliseconds searchInterval = usualSearchInterval);
     ~BuiltinEngine() override;
 
     const char *name() const override;

@@ -1,36 +1,24 @@
 #include "audio/engine/DeviceOutput.h"
 
+#include "audio/engine/SdlDevices.h"
 #include "audio/engine/UnderrunWatch.h"
 
-#include <SDL.h>
 #include <algorithm>
-#include <functional>
-#include <mutex>
-#include <thread>
+#include <bit>
 #include <utility>
 
 namespace {
 
 constexpr int usualSampleRate = 48000;
+constexpr std::size_t usualFrames = 4 * mixerBlockFrames;
 
-// SDL's start, end, opening and closing are not made for several threads; two engines may have one each.
-std::mutex &sdlMutex()
+SDL_AudioDeviceID openSdl(const char *name, const SDL_AudioSpec &wanted, SDL_AudioSpec &got)
 {
-    static std::mutex mutex;
-    return mutex;
-}
-
-// On a thread that nobody waits for.
-std::future<bool> beside(std::function<bool()> deed)
-{
-    std::packaged_task<bool()> task([deed = std::move(deed)] {
-        const bool isDone = deed();
-        SDL_TLSCleanup(); // what SDL keeps for this thread
-        return isDone;
-    });
-    auto result = task.get_future();
-    std::thread(std::move(task)).detach();
-    return result;
+    auto spec = wanted;
+    const bool takesAnyRate = wanted.freq == 0;
+    if (takesAnyRate)
+        spec.freq = usualSampleRate;
+    return SDL_OpenAudioDevice(name, 0, &spec, &got, takesAnyRate ? SDL_AUDIO_ALLOW_FREQUENCY_CHANGE : 0);
 }
 
 } // namespace
@@ -41,13 +29,15 @@ class DeviceOutput::Device
 public:
     Device(Mixer &mixer, std::shared_ptr<Count> underruns) : mixer_(mixer), underruns_(std::move(underruns)) {}
 
-    bool open(int sampleRate, std::uint16_t bufferFrames);
+    bool open(int sampleRate, const std::string &name, std::size_t blockFrames);
     void start() { SDL_PauseAudioDevice(id_, 0); }
     // False when there is nothing to close.
     bool giveUp();
     bool close();
     bool lost() const { return SDL_GetAudioDeviceStatus(id_) == SDL_AUDIO_STOPPED; }
     int sampleRate() const { return sampleRate_; }
+    std::size_t blockFrames() const { return blockFrames_; }
+    bool isDefault() const { return isDefault_; }
     std::uint64_t asks() const { return asks_.load(std::memory_order_relaxed); }
 
 private:
@@ -62,32 +52,38 @@ private:
     std::atomic<State> state_{State::Opening};
     SDL_AudioDeviceID id_ = 0;
     int sampleRate_ = 0;
+    std::size_t blockFrames_ = 0;
+    bool isDefault_ = false;
     UnderrunWatch watch_;
     Count asks_{0};
 };
 
-bool DeviceOutput::Device::open(int sampleRate, std::uint16_t bufferFrames)
+// SDL itself would take the default for a device that is gone, and say nothing.
+bool DeviceOutput::Device::open(int sampleRate, const std::string &name, std::size_t blockFrames)
 {
     {
-        const std::lock_guard lock(sdlMutex());
-        SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1"); // Ctrl+C is the program's
-        SDL_SetMainReady();
-        if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0)
-            return false;
+        SdlAudio sdl;
         SDL_AudioSpec wanted{}, got{};
-        wanted.freq = sampleRate > 0 ? sampleRate : usualSampleRate;
+        wanted.freq = sampleRate;
         wanted.format = AUDIO_F32SYS;
         wanted.channels = 2;
-        wanted.samples = bufferFrames;
+        wanted.samples = std::uint16_t(blockFrames);
         wanted.callback = fill;
         wanted.userdata = this;
-        id_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, &got, sampleRate > 0 ? 0 : SDL_AUDIO_ALLOW_FREQUENCY_CHANGE);
+        const auto names = sdl.deviceNames();
+        if (std::find(names.begin(), names.end(), name) != names.end())
+            id_ = openSdl(name.c_str(), wanted, got);
+        isDefault_ = id_ == 0;
+        if (isDefault_ && sdl.isThere())
+            id_ = openSdl(nullptr, wanted, got);
         if (id_ == 0)
-            SDL_QuitSubSystem(SDL_INIT_AUDIO);
+            return false;
+        sdl.keep();
         sampleRate_ = got.freq;
+        blockFrames_ = got.samples;
     }
-    if (id_ == 0 || change(State::Opening, State::Idle))
-        return id_ != 0;
+    if (change(State::Opening, State::Idle))
+        return true;
     close(); // nobody wants it any more
     return false;
 }
@@ -129,7 +125,10 @@ void DeviceOutput::Device::fill(float *stereo, std::size_t frames)
     state_.store(State::Idle);
 }
 
-DeviceOutput::DeviceOutput(Mixer &mixer) : mixer_(mixer), underruns_(std::make_shared<Count>(0)) {}
+DeviceOutput::DeviceOutput(Mixer &mixer)
+    : mixer_(mixer), underruns_(std::make_shared<Count>(0)), blockFrames_(usualFrames)
+{
+}
 
 DeviceOutput::~DeviceOutput()
 {
@@ -139,8 +138,19 @@ DeviceOutput::~DeviceOutput()
 void DeviceOutput::open(int sampleRate)
 {
     device_ = std::make_shared<Device>(mixer_, underruns_);
-    opening_ =
-        beside([device = device_, sampleRate, frames = bufferFrames_] { return device->open(sampleRate, frames); });
+    opening_ = beside([device = device_, sampleRate, name = choice_.device, frames = blockFrames_] {
+        return device->open(sampleRate, name, frames);
+    });
+}
+
+void DeviceOutput::choose(const OutputChoice &choice)
+{
+    if (choice == choice_)
+        return;
+    choice_ = choice;
+    blockFrames_ = choice.blockFrames == 0
+                       ? usualFrames
+                       : std::bit_floor(std::clamp(choice.blockFrames, std::size_t(128), std::size_t(4096)));
 }
 
 std::optional<bool> DeviceOutput::awaitOpening(Milliseconds timeout)
@@ -192,12 +202,22 @@ int DeviceOutput::sampleRate() const
     return device_->sampleRate();
 }
 
+double DeviceOutput::latency() const
+{
+    return 1000.0 * double(device_->blockFrames()) / sampleRate();
+}
+
+std::string DeviceOutput::missing() const
+{
+    return device_->isDefault() ? choice_.device : std::string();
+}
+
 bool DeviceOutput::grow()
 {
-    constexpr int longest = 95; // ms
-    const auto doubled = 2 * int(bufferFrames_);
-    if (doubled * 1000 > longest * sampleRate())
+    constexpr std::size_t longest = 95; // ms
+    const auto doubled = 2 * blockFrames_;
+    if (choice_.blockFrames != 0 || doubled * 1000 > longest * std::size_t(sampleRate()))
         return false;
-    bufferFrames_ = std::uint16_t(doubled);
+    blockFrames_ = doubled;
     return true;
 }

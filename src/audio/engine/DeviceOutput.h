@@ -1,5 +1,6 @@
 #pragma once
 
+#include "audio/OutputControl.h"
 #include "audio/engine/Mixer.h"
 
 #include <chrono>
@@ -7,7 +8,7 @@
 #include <memory>
 #include <optional>
 
-// The default sound device, through SDL. Its callback asks the mixer for frames on a thread of SDL's. Opening and
+// A sound device, through SDL. Its callback asks the mixer for frames on a thread of SDL's. Opening and
 // closing take as long as the sound server likes, so they go on beside the caller, who waits for a moment at most.
 // [audio]
 class DeviceOutput
@@ -21,7 +22,9 @@ public:
     DeviceOutput &operator=(const DeviceOutput &) = delete;
     ~DeviceOutput();
 
-    // Begins to open the device. sampleRate: Hz, or 0 for the device's own.
+    // For the next open(). Of the default device at first. blockFrames: made a power of two from 128 to 4096.
+    void choose(const OutputChoice &choice);
+    // Begins to open the device, or the default one where that is not there. sampleRate: Hz, or 0 for the device's own.
     void open(int sampleRate);
     bool isOpening() const { return opening_.valid(); }
     // Whether it could be opened; none while that is not known.
@@ -35,11 +38,14 @@ public:
     bool lost() const;
     // One that was started has not asked for frames for so long that its server must have stopped.
     bool isStalled();
-    int sampleRate() const; // of an open one
+    // Of an open one.
+    int sampleRate() const;
+    double latency() const;      // milliseconds
+    std::string missing() const; // the chosen device, when it is not this one
     // How often the device had played all that it was given before it asked for more. [any]
     std::uint64_t underruns() const { return underruns_->load(std::memory_order_relaxed); }
-    // A buffer of twice the size for the next open(); false when it is as large as it may be. It is 2048 frames at
-    // first, and always less than the 100 ms that notes are given ahead of the mixer.
+    // A block of twice the size for the next open(); false when its size was chosen, or is as large as it may be. It is
+    // 2048 frames at first, and always less than the 100 ms that notes are given ahead of the mixer.
     bool grow();
 
 private:
@@ -51,7 +57,8 @@ private:
     std::shared_ptr<Count> underruns_;
     std::shared_ptr<Device> device_; // shared with what opens and closes it
     std::future<bool> opening_;
-    std::uint16_t bufferFrames_ = 4 * mixerBlockFrames;
+    OutputChoice choice_;
+    std::size_t blockFrames_;
     std::uint64_t knownAsks_ = 0;
     Time lastAsk_;
 };

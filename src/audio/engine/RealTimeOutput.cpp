@@ -11,10 +11,23 @@ auto now()
 
 } // namespace
 
+void RealTimeOutput::open(int sampleRate)
+{
+    knownChoices_ = control_.choices();
+    device_.choose(control_.choice());
+    device_.open(sampleRate);
+}
+
+void RealTimeOutput::startDevice()
+{
+    device_.start();
+    control_.tellOpened(device_.missing(), device_.latency());
+}
+
 AudioResult RealTimeOutput::openDevice()
 {
     wanted_ = Wanted::Device;
-    device_.open(0);
+    open(0);
     const auto isOpened = device_.awaitOpening(DeviceOutput::patience);
     if (!isOpened.value_or(false)) {
         isNotAnswering_ = !isOpened;
@@ -23,7 +36,7 @@ AudioResult RealTimeOutput::openDevice()
         return isNotAnswering_ ? AudioResult::DeviceNotAnswering : AudioResult::NoDevice;
     }
     sampleRate_ = device_.sampleRate();
-    device_.start();
+    startDevice();
     return AudioResult::Ok;
 }
 
@@ -44,9 +57,13 @@ AudioResult RealTimeOutput::watch()
         loseDevice();
         return isStalled ? AudioResult::DeviceNotAnswering : AudioResult::DeviceLost;
     } else if (!device_.isOpen() && now() >= nextSearch_) {
-        device_.open(sampleRate_);
+        open(sampleRate_);
     } else if (knownUnderruns_ != device_.underruns()) {
-        growQueue();
+        tellUnderruns();
+        if (device_.isOpen() && device_.grow())
+            openAnew();
+    } else if (device_.isOpen() && knownChoices_ != control_.choices()) {
+        openAnew();
     }
     return AudioResult::Ok;
 }
@@ -72,7 +89,7 @@ void RealTimeOutput::endSearch()
     if (device_.sampleRate() != sampleRate_) // it answered late, and came with its own
         return device_.close();
     paced_.stop();
-    device_.start();
+    startDevice();
 }
 
 void RealTimeOutput::loseDevice()
@@ -82,16 +99,19 @@ void RealTimeOutput::loseDevice()
     paced_.start(mixer_, sampleRate_);
 }
 
-// The device is opened again with a longer queue; the clock runs on meanwhile.
-void RealTimeOutput::growQueue()
+void RealTimeOutput::tellUnderruns()
 {
-    knownUnderruns_ = device_.underruns();
-    if (!device_.isOpen() || !device_.grow())
-        return;
+    const auto underruns = device_.underruns();
+    control_.tellUnderruns(underruns - std::exchange(knownUnderruns_, underruns));
+}
+
+// With longer blocks, or another device; the clock runs on meanwhile.
+void RealTimeOutput::openAnew()
+{
     device_.close();
     isDeviceAway_ = true;
     paced_.start(mixer_, sampleRate_);
-    device_.open(sampleRate_);
+    open(sampleRate_);
 }
 
 void RealTimeOutput::rest()
@@ -108,7 +128,7 @@ void RealTimeOutput::wake()
     if (!std::exchange(isResting_, false) || wanted_ == Wanted::Nothing)
         return;
     if (wanted_ == Wanted::Device && reopenDevice())
-        device_.start();
+        startDevice();
     else
         paced_.start(mixer_, sampleRate_);
 }
@@ -118,7 +138,7 @@ bool RealTimeOutput::reopenDevice()
 {
     if (device_.isOpening() || !std::exchange(isDeviceAway_, false))
         return false;
-    device_.open(sampleRate_);
+    open(sampleRate_);
     const auto isOpened = device_.awaitOpening(DeviceOutput::patience);
     isNotAnswering_ = !isOpened;
     return isOpened.value_or(false);

@@ -13,9 +13,9 @@ class RealTimeOutput
 public:
     static constexpr int ownSampleRate = 48000; // where no device has one
 
-    // searchInterval: between two looks for a device while there is none.
-    RealTimeOutput(Mixer &mixer, std::chrono::milliseconds searchInterval)
-        : mixer_(mixer), searchInterval_(searchInterval), device_(mixer)
+    // searchInterval: between two looks for a device while there is none. control: which one; it outlives this.
+    RealTimeOutput(Mixer &mixer, std::chrono::milliseconds searchInterval, OutputControl &control)
+        : mixer_(mixer), searchInterval_(searchInterval), control_(control), device_(mixer)
     {
     }
 
@@ -34,13 +34,18 @@ private:
     using Time = std::chrono::steady_clock::time_point;
     enum class Wanted { Nothing, Paced, Device };
 
+    void open(int sampleRate);
+    void startDevice();
     void endSearch();
     void loseDevice();
-    void growQueue();
+    void tellUnderruns();
+    void openAnew();
     bool reopenDevice();
 
     Mixer &mixer_;
     std::chrono::milliseconds searchInterval_;
+    OutputControl &control_;
+    unsigned knownChoices_ = 0;
     Wanted wanted_ = Wanted::Nothing;
     int sampleRate_ = ownSampleRate;
     bool isResting_ = false;

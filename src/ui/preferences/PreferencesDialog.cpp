@@ -5,6 +5,7 @@
 #include "ui/ImportSettingsBox.h"
 #include "ui/preferences/ColourSwatch.h"
 #include "ui/preferences/ProgramsPage.h"
+#include "ui/preferences/SoundPage.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -53,8 +54,8 @@ QWidget *pageOf(const QString &groupTitle, QLayout *rows)
 
 } // namespace
 
-PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, const InstrumentSet &instruments,
-                                     QWidget *parent)
+PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, OutputControl &output,
+                                     const InstrumentSet &instruments, QWidget *parent)
     : QDialog(parent), settings_(settings), dialogs_(dialogs), selector_(new QListWidget), pages_(new QStackedWidget)
 {
     setWindowTitle(QStringLiteral("Preferences"));
@@ -79,6 +80,7 @@ PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, const
     addPage(QStringLiteral("Midi Import"), QStringLiteral(":/icons/midiimport.png"), midiPage());
     addPage(tr("ABC Import"), QStringLiteral(":/icons/import.png"), abcPage());
     addPage(tr("Programs"), QStringLiteral(":/icons/applyinstrument.png"), programsPage(instruments));
+    addPage(tr("Sound"), QStringLiteral(":/icons/speaker-volume.png"), soundPage(output));
     addPage(QStringLiteral("Appearance"), QStringLiteral(":/icons/preferences.png"), appearancePage());
     selector_->setCurrentRow(0);
 
@@ -214,6 +216,14 @@ QWidget *PreferencesDialog::programsPage(const InstrumentSet &instruments)
     connect(programs, &ProgramsPage::changed, this,
             [this](const QString &text) { change(Settings::ProgramInstrument, text); });
     return programs;
+}
+
+QWidget *PreferencesDialog::soundPage(OutputControl &output)
+{
+    auto *const page = new SoundPage(settings_, output);
+    connect(page, &SoundPage::changed, this,
+            qOverload<Settings::Setting, const QVariant &>(&PreferencesDialog::change));
+    return page;
 }
 
 QWidget *PreferencesDialog::appearancePage()

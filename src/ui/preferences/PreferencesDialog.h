@@ -8,6 +8,7 @@
 #include <QVector>
 
 class Dialogs;
+class OutputControl;
 class ColourSwatch;
 enum class ImportKind;
 class QCheckBox;
@@ -24,8 +25,8 @@ class PreferencesDialog : public QDialog
 
 public:
     // instruments: what a program of MIDI can be played on.
-    PreferencesDialog(Settings &settings, Dialogs &dialogs, const InstrumentSet &instruments = {},
-                      QWidget *parent = nullptr);
+    PreferencesDialog(Settings &settings, Dialogs &dialogs, OutputControl &output,
+                      const InstrumentSet &instruments = {}, QWidget *parent = nullptr);
 
     void accept() override; // applies and closes
 
@@ -51,6 +52,7 @@ private:
     QWidget *importSettings(ImportKind kind);
     QLayout *foreignAbcRow();
     QWidget *programsPage(const InstrumentSet &instruments);
+    QWidget *soundPage(OutputControl &output);
     QWidget *appearancePage();
     QCheckBox *addCheckBox(Settings::Setting setting, const QString &name, const QString &text, const QString &tip,
                            Restart restart = Restart::NotNeeded);

@@ -1,6 +1,7 @@
 // The outputs: a wave file, a device that is missing, fails and comes back, and the clock that stands in for it.
 #include "audio/WaveFile.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "audio/engine/SoundDevices.h"
 #include "audio/engine/UnderrunWatch.h"
 #include "audio/sound/Signals.h"
 #include "support/Rows.h"
@@ -199,13 +200,41 @@ private slots:
         QTRY_VERIFY(engine.clock() > rested + 5000);
     }
 
+    // One that is not there is replaced by the default; a new choice is taken up while it plays, and after a rest.
+    void deviceIsChosen()
+    {
+        qputenv("SDL_AUDIODRIVER", "dummy");
+        const auto names = findSoundDevices().get();
+        QVERIFY(!names.empty());
+        const auto control = std::make_shared<OutputControl>();
+        control->choose({"a device that is gone", 1000});
+        BuiltinEngine engine(control);
+        QCOMPARE(engine.initialize(), AudioResult::Ok);
+        QCOMPARE(control->figures().missing, std::string("a device that is gone"));
+        const auto framesNow = [&] { return control->figures().latency * engine.sampleRate() / 1000; };
+        QCOMPARE(framesNow(), 512.0);
+        QTRY_VERIFY(engine.clock() > 5000);
+
+        control->choose({names.front(), 4096});
+        QTRY_VERIFY(engine.update() == AudioResult::Ok && framesNow() == 4096.0);
+        QVERIFY(control->figures().missing.empty());
+        const auto clock = engine.clock();
+        QVERIFY(clock > 5000);
+        engine.rest();
+        control->choose({});
+        engine.wake();
+        QCOMPARE(framesNow(), 2048.0);
+        QTRY_VERIFY(engine.clock() > clock + 5000);
+    }
+
     // A device that runs dry gets longer blocks; the clock runs on meanwhile.
     void queueGrows()
     {
         qputenv("SDL_AUDIODRIVER", "disk");
         qputenv("SDL_DISKAUDIOFILE", "/dev/null");
         qputenv("SDL_DISKAUDIODELAY", "110"); // ms between blocks of 43 ms, later 85 ms
-        BuiltinEngine engine(EngineOutput::Device, {}, searchInterval);
+        const auto control = std::make_shared<OutputControl>();
+        BuiltinEngine engine(control, searchInterval);
         QCOMPARE(engine.initialize(), AudioResult::Ok);
         const auto longestStep = [&] {
             std::uint64_t longest = 0;
@@ -218,7 +247,7 @@ private slots:
             return longest;
         };
         QVERIFY(longestStep() <= 2048);
-        QTRY_VERIFY(engine.underruns() > 0);
+        QTRY_VERIFY(engine.update() == AudioResult::Ok && control->figures().underruns > 0);
         QTRY_VERIFY_WITH_TIMEOUT(engine.update() == AudioResult::Ok && longestStep() > 2048, 10000);
         QCOMPARE(engine.outputState(), OutputState::Running);
         qunsetenv("SDL_DISKAUDIODELAY");

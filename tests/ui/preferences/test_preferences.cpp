@@ -1,4 +1,5 @@
 #include "app/AnsweringDialogs.h"
+#include "audio/OutputControl.h"
 #include "support/Rows.h"
 #include "ui/preferences/ColourSwatch.h"
 #include "ui/preferences/PreferencesDialog.h"
@@ -6,6 +7,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -27,7 +29,7 @@ private slots:
         settings_ = std::make_unique<Settings>(directory_->filePath(QStringLiteral("Composer.cfg")));
         settings_->setValue(Settings::RootPath, QStringLiteral("/games/old"));
         changes_ = std::make_unique<QSignalSpy>(settings_.get(), &Settings::settingChanged);
-        dialog_ = std::make_unique<PreferencesDialog>(*settings_, *dialogs_);
+        dialog_ = std::make_unique<PreferencesDialog>(*settings_, *dialogs_, output_);
     }
 
     void cleanup()
@@ -142,7 +144,7 @@ private slots:
         for (const auto *const name : {"Drums", "Lute", "Violin"})
             instruments.add({QLatin1String(name), {}, {}});
         settings_->setValue(Settings::ProgramInstrument, QStringLiteral("40=Violin\n24=Lute\n900=Lute\nx\n128=Violin"));
-        dialog_ = std::make_unique<PreferencesDialog>(*settings_, *dialogs_, instruments);
+        dialog_ = std::make_unique<PreferencesDialog>(*settings_, *dialogs_, output_, instruments);
         auto *const list = child<QTreeWidget>("rememberedPrograms");
         auto *const instrument = child<QComboBox>("cboProgramInstrument");
         QCOMPARE(list->topLevelItemCount(), 3);
@@ -159,6 +161,34 @@ private slots:
         button(QDialogButtonBox::Ok)->click();
         QCOMPARE(settings_->value(Settings::ProgramInstrument).toString(), QStringLiteral("24=Lute\n128=Drums"));
         QCOMPARE(settings_->value(Settings::MidiVelocityGate).toInt(), 20);
+    }
+
+    // A device that is not there stays chosen, and what plays instead is told.
+    void choosesSound()
+    {
+        settings_->setValue(Settings::SoundDevice, QStringLiteral("Gone"));
+        output_.tellOpened("Gone", 42.67);
+        output_.tellUnderruns(3);
+        dialog_ = std::make_unique<PreferencesDialog>(*settings_, *dialogs_, output_);
+        auto *const device = child<QComboBox>("cboSoundDevice");
+        child<QListWidget>("propertySelector")->setCurrentRow(5);
+        dialog_->show();
+        QTRY_COMPARE(device->count(), 4);
+        QCOMPARE(device->currentData().toString(), QStringLiteral("Gone"));
+        QVERIFY(child<QLabel>("lblLatency")->text().startsWith(QStringLiteral("42")));
+        QCOMPARE(child<QLabel>("lblUnderruns")->text(), QStringLiteral("3"));
+        QVERIFY(child<QLabel>("lblMissingDevice")->text().contains(QStringLiteral("Gone")));
+        output_.tellUnderruns(2);
+        QTRY_COMPARE(child<QLabel>("lblUnderruns")->text(), QStringLiteral("5"));
+
+        device->setCurrentIndex(2);
+        emit device->activated(2);
+        auto *const block = child<QComboBox>("cboSoundBlock");
+        block->setCurrentIndex(block->findData(512));
+        emit block->activated(block->currentIndex());
+        button(QDialogButtonBox::Ok)->click();
+        QCOMPARE(settings_->value(Settings::SoundDevice).toString(), QStringLiteral("Speakers"));
+        QCOMPARE(settings_->value(Settings::SoundBlock).toInt(), 512);
     }
 
     void discardsWhenCancelled()
@@ -187,6 +217,11 @@ private:
     std::unique_ptr<AnsweringDialogs> dialogs_;
     std::unique_ptr<Settings> settings_;
     std::unique_ptr<QSignalSpy> changes_;
+    OutputControl output_{[] {
+        std::promise<OutputControl::Names> names;
+        names.set_value({"Headset", "Speakers"});
+        return names.get_future();
+    }};
     std::unique_ptr<PreferencesDialog> dialog_;
     const QString restart_ =
         QStringLiteral("Kelvarion Composer|This change will take effect next time you start Kelvarion Composer.");

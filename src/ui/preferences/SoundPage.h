@@ -1,0 +1,51 @@
+#pragma once
+
+#include "audio/OutputControl.h"
+#include "settings/Settings.h"
+
+#include <QTimer>
+#include <QWidget>
+
+class QComboBox;
+class QFormLayout;
+class QLabel;
+class QVBoxLayout;
+
+// The sound device that is wanted, and how it does now. Further groups come below.
+class SoundPage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    // Shows what is in the settings; both outlive it.
+    SoundPage(const Settings &settings, OutputControl &output, QWidget *parent = nullptr);
+
+    void addGroup(QWidget *group);
+
+signals:
+    void changed(Settings::Setting setting, const QVariant &value);
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private:
+    QWidget *deviceGroup();
+    QComboBox *deviceBox();
+    QComboBox *blockBox();
+    QLabel *addFigure(QFormLayout &rows, const char *name, const QString &title, const QString &tip);
+    void listDevices(const OutputControl::Names &names);
+    void showState();
+
+    OutputControl &output_;
+    const QString wantedDevice_;
+    const int wantedBlock_;
+    QVBoxLayout *groups_;
+    QComboBox *device_;
+    QComboBox *block_;
+    QLabel *latency_;
+    QLabel *underruns_;
+    QLabel *missing_;
+    std::future<OutputControl::Names> search_;
+    QTimer timer_;
+};
