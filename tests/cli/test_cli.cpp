@@ -4,6 +4,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 
 namespace {
 
@@ -62,7 +63,8 @@ private slots:
                                   "instruments",
                                   "instruments --game a b",
                                   "instruments --game a --output b",
-                                  "instruments --game a --merge"})
+                                  "instruments --game a --merge",
+                                  "completion csh"})
             row(words, words);
     }
     void wrongUsage()
@@ -73,6 +75,55 @@ private slots:
         QCOMPARE(out, QByteArray());
         QVERIFY2(error.startsWith("kelvarion-composer-cli: ") && error.contains("Usage:"), error);
     }
+
+    void help_data()
+    {
+        const Rows<QString, QString> row("words", "expression");
+        row("what there is", "--help", "COMMAND .*\n  convert .*\n  pak extract ");
+        row("a command", "convert -h", "convert INPUT… --output DIR .*-o, --output DIR .*  midi/velocityGate=8 ");
+        row("its manual", "manual", "\\A\\.TH .*\\.SS convert\n.*fB\\\\-\\\\-unit\\\\-length");
+        row("version", "--version", "\\Akelvarion-composer-cli \\d+\\.\\d+\\.\\d+\n\\z");
+    }
+    void help()
+    {
+        QFETCH(QString, words);
+        QFETCH(QString, expression);
+        const auto [status, out, error] = run(words);
+        QCOMPARE(status, 0);
+        QCOMPARE(error, QByteArray());
+        const QRegularExpression expected(expression, QRegularExpression::DotMatchesEverythingOption);
+        QVERIFY2(QString::fromUtf8(out).contains(expected), out);
+    }
+
+#ifdef Q_OS_UNIX
+    void bashCompletesWords_data()
+    {
+        const Rows<QString, QByteArray> row("words", "completed");
+        row("a command", "i", "inspect instruments");
+        row("its second word", "pak ''", "list extract");
+        row("an option", "convert a.abc --un", "--unit-length");
+        row("its value", "convert --to ''", "abc midi tunebook");
+        row("a setting", "inspect -s midi/ex", "midi/exactTempo=");
+        row("not what it does not take", "pak list --fo", "");
+    }
+    void bashCompletesWords()
+    {
+        QFETCH(const QString, words);
+        QFETCH(const QByteArray, completed);
+        folder_->write("completion", run("completion bash").out);
+        QProcess bash;
+        bash.setWorkingDirectory(folder_->path());
+        bash.start(
+            QStringLiteral("bash"),
+            {QStringLiteral("-c"), QStringLiteral("compopt() { :; }; . ./completion; COMP_WORDS=(composer %1); "
+                                                  "COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _kelvarion_composer_cli; "
+                                                  "echo -n \"${COMPREPLY[@]}\"")
+                                       .arg(words)});
+        const auto [status, out, error] = outcomeOf(bash);
+        QCOMPARE(error, QByteArray());
+        QCOMPARE(out, completed);
+    }
+#endif
 
     void failures_data()
     {

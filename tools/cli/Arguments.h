@@ -12,7 +12,7 @@
 #include <optional>
 #include <vector>
 
-// One step of the TRANSFORM options: the tracks so far in, the new ones out. Throws a QString when it cannot be done.
+// One step of the transformations: the tracks so far in, the new ones out. Throws a QString when it cannot be done.
 using Transform = std::function<QVector<Track>(const QVector<Track> &)>;
 
 // What convert writes: a file for each track, or for all tracks of an input.
@@ -45,25 +45,41 @@ struct Arguments
     }
 };
 
-// One command of the program.
+// One command of the program; the table of them makes usage, help, manual page and completions.
 struct Command
 {
     const char *name;     // one word or two
-    const char *usage;    // its own words and options, without TRANSFORM…
-    const char *required; // names of options, parted by blanks
-    const char *optional; // likewise; "transforms" stands for --set and the TRANSFORM options
+    const char *inputs;   // what the words after it are called
+    const char *required; // options, parted by blanks, as "name" or "name=VALUE"; the names are those of Options.h
+    const char *optional; // likewise; "transforms" stands for --read, --set and the transformations
+    const char *purpose;  // one sentence
     int fewestInputs;
     int mostInputs;
     AbcDialect reading;                     // unless --read says otherwise
     int (*run)(const Arguments &arguments); // gives the exit status
 };
 
-// Throws a WrongUsage for a command line that means nothing, a HelpWanted for one that asks what there is.
+// An option as one command takes it.
+struct CommandOption
+{
+    QString name;
+    QString value; // what its value is called, "a|b" for one of the words; empty for an option without one
+    bool isRequired = false;
+};
+QVector<CommandOption> optionsOf(const Command &command);
+bool takesTransforms(const Command &command);
+
+// Throws a WrongUsage for a command line that means nothing, a HelpWanted or VersionWanted for one that asks.
 struct WrongUsage
 {
     QString message;
+    const Command *command = nullptr; // when it is known
 };
 struct HelpWanted
+{
+    const Command *command; // null for all of them
+};
+struct VersionWanted
 {
 };
 struct Invocation
@@ -72,5 +88,3 @@ struct Invocation
     Arguments arguments;
 };
 Invocation parseArguments(const QStringList &words, const std::vector<Command> &commands);
-
-QString usageText(const std::vector<Command> &commands);

@@ -1,0 +1,5 @@
+#pragma once
+
+#include "Arguments.h"
+
+const std::vector<Command> &allCommands();
