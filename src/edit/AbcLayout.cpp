@@ -30,7 +30,7 @@ public:
 
 private:
     void beginUnit(int offset);
-    void addGapBeforeBar();
+    void addGapBeforeBar(int barOffset, Ticks end);
     void addTail();
     void assignEvents(const QVector<TrackEvent> &events);
     int offsetOf(const AbcToken &token) const { return lines_[token.line] + token.column; }
@@ -45,6 +45,7 @@ private:
     int line_ = -1;         // of the last token
     int tupletOffset_ = -1; // of the tuplet that the next element begins
     bool unitIsOpen_ = false;
+    bool measureHasUnits_ = false;
     bool somethingBetween_ = true; // more than blanks since the last unit
     int tailOffset_ = 0;
 };
@@ -108,7 +109,7 @@ void LayoutMaker::beginUnit(int offset)
     const bool isNext = !layout_.units.isEmpty() && layout_.units.last().end == position_;
     unit.joinsPrevious = isNext && !somethingBetween_;
     layout_.units.append(unit);
-    unitIsOpen_ = true;
+    unitIsOpen_ = measureHasUnits_ = true;
 }
 
 void LayoutMaker::note(const AbcToken &token, const AbcPitch &pitch)
@@ -146,15 +147,16 @@ void LayoutMaker::elementSounds(Ticks end)
 
 void LayoutMaker::barLine(const AbcToken &token, quint32 keyRow, Ticks position)
 {
+    if (position > position_)
+        addGapBeforeBar(offsetOf(token), position);
     layout_.marks.append({offsetOf(token), keyRow});
     position_ = position;
-    if (!layout_.units.isEmpty())
-        addGapBeforeBar();
+    measureHasUnits_ = false;
 }
 
 void LayoutMaker::keyChange(const AbcToken &token, quint32 keyRow)
 {
-    layout_.marks.append({offsetOf(token), keyRow});
+    layout_.marks.append({offsetOf(token), keyRow, AbcAccidentalMark::Kind::Key});
 }
 
 bool LayoutMaker::refused(AbcRefusal why, const AbcToken &first, const AbcToken &last)
@@ -164,16 +166,14 @@ bool LayoutMaker::refused(AbcRefusal why, const AbcToken &first, const AbcToken 
 }
 
 // The time that a bar line adds to what was written before it can be written in there.
-void LayoutMaker::addGapBeforeBar()
+void LayoutMaker::addGapBeforeBar(int barOffset, Ticks end)
 {
-    const auto &last = layout_.units.last();
-    if (position_ <= last.end)
-        return;
     AbcUnit gap;
-    gap.isGap = gap.joinsPrevious = true;
-    gap.range.offset = last.range.end();
-    gap.start = last.end;
-    gap.end = position_;
+    gap.isGap = true;
+    gap.joinsPrevious = measureHasUnits_;
+    gap.range.offset = measureHasUnits_ ? layout_.units.last().range.end() : barOffset;
+    gap.start = position_;
+    gap.end = end;
     gap.firstToken = gap.endToken = int(layout_.tokens.size());
     layout_.units.append(gap);
 }

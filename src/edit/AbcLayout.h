@@ -33,7 +33,8 @@ struct AbcNoteToken
 };
 
 // The least that can be written anew by itself: an element, a tuplet with all its elements, elements that a broken
-// rhythm joins, or a gap: the time between what is written and the bar line, or behind the end of the music.
+// rhythm joins, or a gap: the time between what is written and the bar line, the whole measure where nothing is written
+// in it, or the time behind the end of the music.
 struct AbcUnit
 {
     TextRange range; // empty for a gap
@@ -46,11 +47,14 @@ struct AbcUnit
     bool isRest() const { return !isGap && firstToken == endToken; }
 };
 
-// A place behind which the accidentals of the measure no longer hold.
+// A bar line, behind which the accidentals of the measure no longer hold, or a new key, behind which they still do.
 struct AbcAccidentalMark
 {
+    enum class Kind { BarLine, Key };
+
     int offset = 0;
     quint32 keyRow = 0; // in force from here
+    Kind kind = Kind::BarLine;
 };
 
 // Where the music of a text stands and when it sounds: what the events of a track do not tell.

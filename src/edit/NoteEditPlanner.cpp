@@ -288,10 +288,15 @@ void Planner::writeAll(const std::vector<Run> &runs)
 {
     auto mark = layout_.marks.begin();
     spelling_.begin(mark->keyRow);
+    ++mark;
     // A gap before a bar line stands at the same offset, and still in the measure.
     const auto passMarks = [&](int offset) {
-        for (; mark != layout_.marks.end() && mark->offset < offset; ++mark)
-            spelling_.begin(mark->keyRow);
+        for (; mark != layout_.marks.end() && mark->offset < offset; ++mark) {
+            if (mark->kind == AbcAccidentalMark::Kind::BarLine)
+                spelling_.begin(mark->keyRow);
+            else
+                spelling_.setKey(mark->keyRow);
+        }
     };
     auto run = runs.begin();
     const auto passRuns = [&](int unit) {

@@ -10,8 +10,10 @@
 class NoteSpelling
 {
 public:
-    // A new measure, or a new key: only the key's own accidentals hold.
+    // A new measure: only the key's own accidentals hold.
     void begin(quint32 keyRow);
+    // Within a measure; the accidentals that were written in it still hold.
+    void setKey(quint32 keyRow) { keyRow_ = keyRow; }
 
     // Accidental, letter and octave; the accidental only where another one is in force. It holds from here on.
     QString write(quint32 pitch);

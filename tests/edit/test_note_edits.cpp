@@ -95,6 +95,11 @@ private slots:
         row("behind the end", "C D\n", "insert 12 4 64", "C D z E\n");
         row("behind a comment", "C D % end", "insert 8 4 64", "C D % end\nE");
         row("where a bar was not full", "C D|E\n", "insert 12 4 64", "C D z E |E\n");
+        row("first note, whose letter returns", "C C D|C\n", "change 60 0 4 61", "^C =C D|C\n");
+        row("behind a key within the measure", "^C [K:D] D C E\n", "change 62 4 4 61", "^C [K:D] C C E\n");
+        row("into an empty measure", "E F ||G\n", "insert 16 4 60", "E F | C |G\n");
+        row("before the first bar line", "|: C\n", "insert 4 4 64", "z E |: C\n");
+        row("between repeats", "|:C:||:D:|\n", "insert 36 4 64", "|:C:| z E |:D:|\n");
         row("move", "C D z2|\n", "change 60 8 4 60", "z D C z|\n");
         row("tied note", "C4-|C2 D2\n", "change 60 0 16 60", "C4|z2 D2\n");
         row("out of a tuplet", "(3CDE F\n", "remove 64", "C2/3 D2/3 z2/3 F\n");

@@ -1,0 +1,504 @@
+// What edits of single notes leave of a text: random ones in the tunes of ../shared/corpus/abc, or where it is missing
+// in the examples, and in tunes made up of ties, tuplets, broken rhythms and staccato. Each edit begins with the text
+// as its composer wrote it. Ends with 1 when a share is below its gate.
+//   bench_note_edits [EDITS] [-v]     EDITS in all, -v prints what an edit lost
+#include "core/AbcParser.h"
+#include "core/AbcTokenizer.h"
+#include "edit/AbcReading.h"
+#include "edit/NoteEditPlan.h"
+#include "edit/NoteLookup.h"
+#include "support/Figures.h"
+#include "ui/document/EditorDocument.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QStringList>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <map>
+#include <set>
+
+namespace {
+
+using Random = QRandomGenerator;
+
+QString read(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QStringList tunesIn(const QString &folder, const QString &pattern)
+{
+    QStringList tunes;
+    QStringList paths;
+    for (QDirIterator files(folder, {pattern}, QDir::Files, QDirIterator::Subdirectories); files.hasNext();)
+        paths += files.next();
+    paths.sort();
+    static const QRegularExpression begin(QStringLiteral("^(?=X:)"), QRegularExpression::MultilineOption);
+    for (const auto &path : paths) {
+        for (const auto &tune : read(path).remove(u'\r').split(begin)) {
+            if (tune.startsWith(QLatin1String("X:")))
+                tunes += tune;
+        }
+    }
+    return tunes;
+}
+
+QStringList realTunes()
+{
+    const QString source(QStringLiteral(COMPOSER_SOURCE_DIR));
+    const auto corpus = tunesIn(source + QStringLiteral("/../shared/corpus/abc"), QStringLiteral("*.abc"));
+    return corpus.isEmpty() ? tunesIn(source + QStringLiteral("/examples"), QStringLiteral("*.abc")) : corpus;
+}
+
+template<size_t size>
+QString anyOf(Random &random, const std::array<const char *, size> &choices)
+{
+    return QLatin1String(choices[random.bounded(quint32(size))]);
+}
+
+QString anyNote(Random &random)
+{
+    return anyOf<5>(random, {"", "", "", "^", "_"}) + QLatin1Char("CDEFGABcdefgab"[random.bounded(14)]);
+}
+
+// Measures of four quarters, of groups of two.
+QString madeUpTune(Random &random)
+{
+    auto tune =
+        QStringLiteral("X: 1\nT: Made up\nM: 4/4\nL: 1/4\nK: %1\n").arg(anyOf<4>(random, {"C", "G", "Bb", "Am"}));
+    for (int half = 0; half < 16; ++half) {
+        const auto note = [&] { return anyNote(random); };
+        const auto tied = QString(QLatin1Char("CDEFGAB"[random.bounded(7)]));
+        switch (random.bounded(8)) {
+        case 0:
+            tune += QStringLiteral("(3%1%2%3 ").arg(note(), note(), note());
+            break;
+        case 1:
+            tune += QStringLiteral("%1%2%3 ").arg(note(), anyOf<2>(random, {">", "<"}), note());
+            break;
+        case 2:
+            tune += half % 2 == 0 ? QStringLiteral("%1-%1/%2/ ").arg(tied, note())
+                                  : QStringLiteral("%1/.%2 %3/ ").arg(note(), note(), note());
+            break;
+        case 3:
+            tune += QStringLiteral("%1 %2-%3").arg(note(), tied, half % 2 == 1 ? QStringLiteral("|\n") : QString()) +
+                    tied + QStringLiteral(" %1 ").arg(note());
+            ++half;
+            if (half % 2 == 1)
+                break;
+            continue;
+        case 4:
+            tune += QStringLiteral(".%1 .%2 ").arg(note(), note());
+            break;
+        case 5:
+            tune += QStringLiteral("[%1-%2]%1 ").arg(tied, note());
+            break;
+        case 6:
+            tune += QStringLiteral("\"Am\"%1 z ").arg(note());
+            break;
+        default:
+            tune += QStringLiteral("%1/%2/!f!%3 ").arg(note(), note(), note());
+        }
+        if (half % 2 == 1)
+            tune += half % 8 == 7 ? QStringLiteral("|\n") : QStringLiteral("| ");
+    }
+    return tune;
+}
+
+enum class Kind { Insert, Remove, Transpose, Move, Resize };
+
+struct Case
+{
+    Kind kind = Kind::Insert;
+    NoteEdit edit;
+    std::optional<NoteSpec> before;
+    std::optional<NoteSpec> after;
+    int event = -1;
+};
+
+QVector<int> notesOf(const Track &track)
+{
+    QVector<int> notes;
+    for (int i = 0; i < track.events().size(); ++i) {
+        if (track.events()[i].isNote())
+            notes.append(i);
+    }
+    return notes;
+}
+
+Case anyCase(Random &random, const AbcReading &reading)
+{
+    const auto notes = notesOf(reading.track);
+    Case made;
+    made.event = notes[random.bounded(int(notes.size()))];
+    const auto step = std::max<Ticks>(1, reading.unitLength / (1 << random.bounded(2)));
+    auto spec = specOf(reading.track.events()[made.event]);
+    made.before = spec;
+    made.kind = Kind(random.bounded(5));
+    switch (made.kind) {
+    case Kind::Insert:
+        spec.start = random.bounded(int((reading.track.length() + ticksPerWholeNote) / step)) * step;
+        spec.length = (1 + random.bounded(4)) * step;
+        spec.pitch = quint32(int(spec.pitch) + random.bounded(-7, 8));
+        made.before.reset();
+        made.event = -1;
+        made.edit.inserted = {spec};
+        break;
+    case Kind::Remove:
+        made.edit.removed = {made.event};
+        return made;
+    case Kind::Transpose:
+        spec.pitch = quint32(int(spec.pitch) + random.bounded(-12, 13));
+        break;
+    case Kind::Move:
+        spec.start = std::max<Ticks>(0, spec.start + random.bounded(-8, 9) * step);
+        spec.pitch = quint32(int(spec.pitch) + random.bounded(-2, 3));
+        break;
+    case Kind::Resize:
+        spec.length = std::max(std::min(step, spec.length), spec.length + random.bounded(-4, 5) * step);
+        break;
+    }
+    if (made.before)
+        made.edit.changed.append({made.event, spec});
+    made.after = spec;
+    return made;
+}
+
+// Whether the note would come to lie on another.
+bool collides(const Track &track, const Case &made)
+{
+    if (!made.after)
+        return false;
+    const auto notes = notesOf(track);
+    return std::any_of(notes.begin(), notes.end(), [&](int note) {
+        const auto &event = track.events()[note];
+        return note != made.event && event.start() == made.after->start && event.pitch() == made.after->pitch;
+    });
+}
+
+// A text as what is not notes, and what stands between its bar lines and fields.
+struct Anatomy
+{
+    QStringList fixed;
+    QVector<int> cuts; // where each part begins
+    QStringList parts;
+    std::map<AbcTokenType, int> counts;
+    int ties = 0;
+    int staccatos = 0;
+};
+
+bool cuts(AbcTokenType type)
+{
+    return type == AbcTokenType::BarLine || type == AbcTokenType::FieldLine || type == AbcTokenType::InlineField ||
+           type == AbcTokenType::Comment || type == AbcTokenType::Instruction;
+}
+
+bool isMusic(AbcTokenType type)
+{
+    return type == AbcTokenType::Note || type == AbcTokenType::Rest || type == AbcTokenType::WhiteSpace ||
+           type == AbcTokenType::Tuplet || type == AbcTokenType::ChordStart || type == AbcTokenType::ChordEnd ||
+           type == AbcTokenType::BrokenRhythm;
+}
+
+Anatomy anatomyOf(const QString &text)
+{
+    Anatomy found;
+    const auto lines = lineOffsets(text);
+    AbcTokenizer tokens(text);
+    AbcToken token;
+    bool inGrace = false;
+    int begin = 0;
+    const auto endPart = [&](int offset) {
+        found.cuts.append(begin);
+        found.parts += text.mid(begin, offset - begin).simplified();
+        begin = offset;
+    };
+    while (tokens.next(token)) {
+        inGrace = token.type == AbcTokenType::GraceStart || (inGrace && token.type != AbcTokenType::GraceEnd);
+        ++found.counts[token.type];
+        if (token.type == AbcTokenType::Note || token.type == AbcTokenType::ChordEnd)
+            found.ties += token.part(AbcPart::Tie).contains(u'-') ? 1 : 0;
+        found.staccatos += token.type == AbcTokenType::Note && token.has(AbcPart::Staccato) ? 1 : 0;
+        if (inGrace || !isMusic(token.type))
+            found.fixed += token.text.toString();
+        if (cuts(token.type))
+            endPart(lines[token.line] + token.column);
+    }
+    endPart(int(text.size()));
+    return found;
+}
+
+int partAt(const Anatomy &anatomy, int offset, bool isGap)
+{
+    const auto behind = isGap ? std::lower_bound(anatomy.cuts.begin(), anatomy.cuts.end(), offset)
+                              : std::upper_bound(anatomy.cuts.begin(), anatomy.cuts.end(), offset);
+    return std::max(0, int(behind - anatomy.cuts.begin()) - 1);
+}
+
+bool overlaps(const AbcUnit &unit, const std::optional<NoteSpec> &note)
+{
+    return note && unit.start < note->start + note->length && note->start < unit.end;
+}
+
+// Nothing differs but the notes of the measures in which the note sounds, before and after.
+bool isMinimal(const Anatomy &before, const Anatomy &after, const AbcReading &reading, const Case &made)
+{
+    if (before.fixed != after.fixed || before.parts.size() != after.parts.size())
+        return false;
+    std::set<int> mayDiffer;
+    for (const auto &unit : reading.layout.units) {
+        if (overlaps(unit, made.before) || overlaps(unit, made.after))
+            mayDiffer.insert(partAt(before, unit.range.offset, unit.isGap));
+    }
+    for (const auto &token : reading.layout.tokens) {
+        if (made.event >= 0 && token.event == made.event)
+            mayDiffer.insert(partAt(before, token.range.offset, false));
+    }
+    for (int part = 0; part < before.parts.size(); ++part) {
+        if (before.parts[part] != after.parts[part] && mayDiffer.count(part) == 0)
+            return false;
+    }
+    return true;
+}
+
+struct Share
+{
+    int good = 0;
+    int all = 0;
+
+    void add(bool isGood)
+    {
+        ++all;
+        good += isGood ? 1 : 0;
+    }
+    double percent() const { return all == 0 ? 100 : 100.0 * good / all; }
+};
+
+struct Shares
+{
+    Share minimal, right, undone, tuplets, broken, ties, staccato;
+};
+
+// The units that the edit reaches into.
+QVector<int> unitsOf(const AbcReading &reading, const Case &made)
+{
+    QVector<int> units;
+    for (const auto &token : reading.layout.tokens) {
+        if (made.event >= 0 && token.event == made.event)
+            units.append(token.unit);
+    }
+    for (int i = 0; i < reading.layout.units.size(); ++i) {
+        const auto &unit = reading.layout.units[i];
+        if (made.after && !unit.isGap && unit.start <= made.after->start && made.after->start < unit.end)
+            units.append(i);
+    }
+    return units;
+}
+
+QVector<Ticks> boundariesOf(const AbcReading &reading, const AbcUnit &unit)
+{
+    QVector<Ticks> boundaries;
+    for (const auto &element : reading.layout.elements) {
+        if (element.range.offset >= unit.range.offset && element.range.end() <= unit.range.end())
+            boundaries.append(element.start);
+    }
+    return boundaries;
+}
+
+// Whether the notes in a group of elements still begin and end where its elements do; what they sound beyond their
+// successor's start, or beyond the group, can be written.
+bool fits(const Track &track, const AbcUnit &unit, const QVector<Ticks> &boundaries)
+{
+    std::map<Ticks, Ticks> ends; // of the shortest that begins there
+    for (const auto note : notesOf(track)) {
+        const auto spec = specOf(track.events()[note]);
+        if (spec.start >= unit.start && spec.start < unit.end) {
+            const auto end = ends.try_emplace(spec.start, spec.start + spec.length).first;
+            end->second = std::min(end->second, spec.start + spec.length);
+        }
+    }
+    for (auto group = ends.begin(); group != ends.end(); ++group) {
+        const auto next = std::next(group) == ends.end() ? unit.end : std::next(group)->first;
+        if (!boundaries.contains(group->first) || (group->second < next && !boundaries.contains(group->second)))
+            return false;
+    }
+    return !ends.empty();
+}
+
+class Driver
+{
+public:
+    explicit Driver(bool isVerbose) : isVerbose_(isVerbose) {}
+    void run(Random &random, const QString &text, int edits, Shares &shares) const;
+
+private:
+    void judge(const QString &text, const AbcReading &reading, const Case &made, Shares &shares) const;
+    void judgeGroups(const QString &text, const AbcReading &reading, const Case &made, const QString &result,
+                     const Track &wanted, Shares &shares) const;
+    void judgeUndo(const QString &text, const Case &made, Shares &shares) const;
+    bool said(const char *what, bool isGood, const QString &text, const QString &result, const Case &made) const;
+
+    bool isVerbose_;
+};
+
+bool Driver::said(const char *what, bool isGood, const QString &text, const QString &result, const Case &made) const
+{
+    if (isVerbose_ && !isGood) {
+        const auto change = difference(text, result);
+        const auto spec = [](const std::optional<NoteSpec> &note) {
+            return note ? QStringLiteral("%1+%2:%3").arg(note->start).arg(note->length).arg(note->pitch)
+                        : QStringLiteral("-");
+        };
+        const auto around = std::max(0, change.range.offset - 40);
+        std::printf("%s, kind %d, %s -> %s\n  was  %s\n  is   %s\n", what, int(made.kind),
+                    qPrintable(spec(made.before)), qPrintable(spec(made.after)),
+                    qPrintable(text.mid(around, change.range.length + 80)),
+                    qPrintable(result.mid(around, std::min(400, int(change.text.size()) + 80))));
+    }
+    return isGood;
+}
+
+void Driver::judge(const QString &text, const AbcReading &reading, const Case &made, Shares &shares) const
+{
+    const auto plan = NoteEditPlan::plan(text, reading, made.edit);
+    if (!plan)
+        return;
+    const auto result = applyChanges(text, plan->changes);
+    const auto wanted = NoteEditPlan::editedTrack(reading.track, NoteEditPlan::cleaned(reading.track, made.edit));
+    const bool isRight = NoteEditPlan::haveSameEvents(readAbc(result).track, wanted);
+    shares.right.add(said("other notes", isRight, text, result, made));
+    const auto before = anatomyOf(text);
+    const auto after = anatomyOf(result);
+    shares.minimal.add(said("not minimal", isMinimal(before, after, reading, made), text, result, made));
+    judgeGroups(text, reading, made, result, wanted, shares);
+}
+
+void Driver::judgeUndo(const QString &text, const Case &made, Shares &shares) const
+{
+    EditorDocument document;
+    document.setDraft(text);
+    if (!document.edit(made.edit, QStringLiteral("Edit")))
+        return;
+    document.undo();
+    const auto undone = document.text()->toPlainText();
+    shares.undone.add(said("not undone", undone == text, text, undone, made));
+}
+
+void Driver::judgeGroups(const QString &text, const AbcReading &reading, const Case &made, const QString &result,
+                         const Track &wanted, Shares &shares) const
+{
+    const auto before = anatomyOf(text);
+    const auto after = anatomyOf(result);
+    const auto count = [](const Anatomy &anatomy, AbcTokenType type) {
+        const auto found = anatomy.counts.find(type);
+        return found == anatomy.counts.end() ? 0 : found->second;
+    };
+    bool hasTuplet = false;
+    bool hasBroken = false;
+    bool doFit = true;
+    bool hasTie = false;
+    bool hasDot = false;
+    bool isOwnTie = false;
+    for (const auto number : unitsOf(reading, made)) {
+        const auto &unit = reading.layout.units[number];
+        const auto own = anatomyOf(text.mid(unit.range.offset, unit.range.length));
+        hasTuplet |= count(own, AbcTokenType::Tuplet) > 0;
+        hasBroken |= count(own, AbcTokenType::BrokenRhythm) > 0;
+        if (count(own, AbcTokenType::Tuplet) + count(own, AbcTokenType::BrokenRhythm) > 0)
+            doFit &= fits(wanted, unit, boundariesOf(reading, unit));
+        hasTie |= own.ties > 0;
+        hasDot |= own.staccatos > 0;
+    }
+    int tokens = 0;
+    bool isOwnDot = false;
+    for (const auto &token : reading.layout.tokens) {
+        if (made.event < 0 || token.event != made.event)
+            continue;
+        ++tokens;
+        isOwnDot |= text[token.range.offset] == u'.';
+    }
+    isOwnTie = tokens > 1;
+    const bool staysTied = made.kind == Kind::Transpose ||
+                           (made.kind == Kind::Resize && made.after->length >= made.before->length) || !isOwnTie;
+    const bool staysDotted = !isOwnDot || made.kind == Kind::Transpose;
+    if (hasTuplet && doFit)
+        shares.tuplets.add(said("tuplet lost",
+                                count(after, AbcTokenType::Tuplet) >= count(before, AbcTokenType::Tuplet), text, result,
+                                made));
+    if (hasBroken && doFit)
+        shares.broken.add(said("broken rhythm lost",
+                               count(after, AbcTokenType::BrokenRhythm) >= count(before, AbcTokenType::BrokenRhythm),
+                               text, result, made));
+    if (hasTie && staysTied)
+        shares.ties.add(said("tie lost", after.ties >= before.ties, text, result, made));
+    if (hasDot && staysDotted)
+        shares.staccato.add(said("staccato lost", after.staccatos >= before.staccatos, text, result, made));
+}
+
+void Driver::run(Random &random, const QString &text, int edits, Shares &shares) const
+{
+    const auto reading = readAbc(text);
+    if (notesOf(reading.track).isEmpty() || reading.unitLength <= 0)
+        return;
+    for (int i = 0; i < edits; ++i) {
+        const auto made = anyCase(random, reading);
+        const bool isPossible = !made.after || isPlayable(made.after->pitch);
+        if (!isPossible || collides(reading.track, made))
+            continue;
+        judge(text, reading, made, shares);
+        if (i == 0)
+            judgeUndo(text, made, shares);
+    }
+}
+
+bool print(const char *tunes, const Shares &shares)
+{
+    const auto say = [tunes](const char *what, const Share &share, double gate) {
+        std::printf("%s: %-28s %9.4f %% of %d\n", tunes, what, share.percent(), share.all);
+        return report({std::string(tunes) + ": " + what + ", %", share.percent(), gate, {}, Better::More});
+    };
+    bool isGood = say("no other note changed", shares.right, 100);
+    isGood &= say("minimal", shares.minimal, 99.99);
+    isGood &= say("undone to the byte", shares.undone, 100);
+    isGood &= say("tuplets kept", shares.tuplets, 99);
+    isGood &= say("broken rhythms kept", shares.broken, 99);
+    isGood &= say("ties kept", shares.ties, 99);
+    isGood &= say("staccato kept", shares.staccato, 99);
+    return isGood;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    int edits = 40'000;
+    bool isVerbose = false;
+    for (int i = 1; i < argc; ++i) {
+        if (QLatin1String(argv[i]) == QLatin1String("-v"))
+            isVerbose = true;
+        else
+            edits = std::max(1, QByteArray(argv[i]).toInt());
+    }
+    const Driver driver(isVerbose);
+    Random random(2026);
+    const auto tunes = realTunes();
+    Shares real;
+    for (const auto &tune : tunes)
+        driver.run(random, tune, std::max(1, edits / int(tunes.size())), real);
+    bool isGood = print("Real tunes", real);
+    Shares madeUp;
+    for (int i = 0; i < edits / 20; ++i)
+        driver.run(random, madeUpTune(random), 5, madeUp);
+    isGood &= print("Made-up tunes", madeUp);
+    return isGood ? 0 : 1;
+}
