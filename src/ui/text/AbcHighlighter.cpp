@@ -2,72 +2,60 @@
 
 #include "edit/AbcLineState.h"
 #include "ui/text/EditorColours.h"
+#include "ui/text/LongLine.h"
 
 #include <algorithm>
 #include <array>
 
-namespace {
+using Look = AbcHighlighter::Look;
 
-// The layout of a line takes as long as it has pieces of different looks, and typing must not wait for it: the notes of
-// a longer line are left in the colour of the text.
-constexpr int longestFineLine = 3000;
+namespace {
 
 bool isInEveryHeader(AbcTokenType type)
 {
     return type == AbcTokenType::FieldLine || type == AbcTokenType::Comment || type == AbcTokenType::Instruction;
 }
 
-QTextCharFormat coloured(const QColor &colour, QFont::Weight weight = QFont::Normal, bool italic = false)
-{
-    QTextCharFormat format;
-    format.setForeground(colour);
-    format.setFontWeight(weight);
-    format.setFontItalic(italic);
-    return format;
-}
-
-struct Look
+struct TokenLook
 {
     AbcTokenType type;
-    QColor EditorColours::*colour;
-    QFont::Weight weight = QFont::Normal;
-    bool italic = false;
+    Look look;
 };
 
 // Of the tokens that have one look all through.
 constexpr std::array looks{
-    Look{AbcTokenType::Rest, &EditorColours::rest},
-    Look{AbcTokenType::InlineField, &EditorColours::field, QFont::Bold},
-    Look{AbcTokenType::Instruction, &EditorColours::field, QFont::Normal, true},
-    Look{AbcTokenType::Comment, &EditorColours::comment, QFont::Normal, true},
-    Look{AbcTokenType::BarLine, &EditorColours::bar, QFont::Bold},
-    Look{AbcTokenType::VariantEnding, &EditorColours::bar, QFont::Bold},
-    Look{AbcTokenType::ChordStart, &EditorColours::chord, QFont::Bold},
-    Look{AbcTokenType::ChordEnd, &EditorColours::chord, QFont::Bold},
-    Look{AbcTokenType::Tuplet, &EditorColours::tuplet, QFont::Bold},
-    Look{AbcTokenType::BrokenRhythm, &EditorColours::tuplet, QFont::Bold},
-    Look{AbcTokenType::BangDecoration, &EditorColours::decoration},
-    Look{AbcTokenType::PlusDecoration, &EditorColours::decoration},
-    Look{AbcTokenType::LetterDecoration, &EditorColours::decoration},
-    Look{AbcTokenType::GraceStart, &EditorColours::decoration},
-    Look{AbcTokenType::GraceEnd, &EditorColours::decoration},
-    Look{AbcTokenType::Annotation, &EditorColours::text},
-    Look{AbcTokenType::ChordSymbol, &EditorColours::text},
-    Look{AbcTokenType::SlurStart, &EditorColours::tie},
-    Look{AbcTokenType::SlurEnd, &EditorColours::tie},
-    Look{AbcTokenType::Tie, &EditorColours::tie},
-    Look{AbcTokenType::Character, &EditorColours::problem, QFont::Bold},
-    Look{AbcTokenType::LineContinuation, &EditorColours::lineNumber},
-    Look{AbcTokenType::LineBreak, &EditorColours::lineNumber},
-    Look{AbcTokenType::VoiceOverlay, &EditorColours::lineNumber},
-    Look{AbcTokenType::BackQuote, &EditorColours::lineNumber},
+    TokenLook{AbcTokenType::Rest, {&EditorColours::rest}},
+    TokenLook{AbcTokenType::InlineField, {&EditorColours::field, QFont::Bold}},
+    TokenLook{AbcTokenType::Instruction, {&EditorColours::field, QFont::Normal, true}},
+    TokenLook{AbcTokenType::Comment, {&EditorColours::comment, QFont::Normal, true}},
+    TokenLook{AbcTokenType::BarLine, {&EditorColours::bar, QFont::Bold}},
+    TokenLook{AbcTokenType::VariantEnding, {&EditorColours::bar, QFont::Bold}},
+    TokenLook{AbcTokenType::ChordStart, {&EditorColours::chord, QFont::Bold}},
+    TokenLook{AbcTokenType::ChordEnd, {&EditorColours::chord, QFont::Bold}},
+    TokenLook{AbcTokenType::Tuplet, {&EditorColours::tuplet, QFont::Bold}},
+    TokenLook{AbcTokenType::BrokenRhythm, {&EditorColours::tuplet, QFont::Bold}},
+    TokenLook{AbcTokenType::BangDecoration, {&EditorColours::decoration}},
+    TokenLook{AbcTokenType::PlusDecoration, {&EditorColours::decoration}},
+    TokenLook{AbcTokenType::LetterDecoration, {&EditorColours::decoration}},
+    TokenLook{AbcTokenType::GraceStart, {&EditorColours::decoration}},
+    TokenLook{AbcTokenType::GraceEnd, {&EditorColours::decoration}},
+    TokenLook{AbcTokenType::Annotation, {&EditorColours::text}},
+    TokenLook{AbcTokenType::ChordSymbol, {&EditorColours::text}},
+    TokenLook{AbcTokenType::SlurStart, {&EditorColours::tie}},
+    TokenLook{AbcTokenType::SlurEnd, {&EditorColours::tie}},
+    TokenLook{AbcTokenType::Tie, {&EditorColours::tie}},
+    TokenLook{AbcTokenType::Character, {&EditorColours::problem, QFont::Bold}},
+    TokenLook{AbcTokenType::LineContinuation, {&EditorColours::lineNumber}},
+    TokenLook{AbcTokenType::LineBreak, {&EditorColours::lineNumber}},
+    TokenLook{AbcTokenType::VoiceOverlay, {&EditorColours::lineNumber}},
+    TokenLook{AbcTokenType::BackQuote, {&EditorColours::lineNumber}},
 };
 
 const Look *lookOf(AbcTokenType type)
 {
-    const auto *const look =
-        std::find_if(looks.begin(), looks.end(), [type](const Look &candidate) { return candidate.type == type; });
-    return look != looks.end() ? look : nullptr;
+    const auto *const found =
+        std::find_if(looks.begin(), looks.end(), [type](const TokenLook &candidate) { return candidate.type == type; });
+    return found != looks.end() ? &found->look : nullptr;
 }
 
 } // namespace
@@ -87,48 +75,63 @@ void AbcHighlighter::setColours(const EditorColours &colours)
 
 void AbcHighlighter::highlightBlock(const QString &line)
 {
+    longLine_ = line.size() < LongLine::leastLength ? nullptr : new LongLine;
+    setCurrentBlockUserData(longLine_); // takes it
+    if (longLine_ != nullptr)
+        emit metLongLine();
     auto state = AbcLineState::of(previousBlockState());
     AbcTokenizer tokens(line, state.symbols);
     AbcToken token;
     while (tokens.next(token)) {
         if (state.inMusic || isInEveryHeader(token.type))
-            highlight(token, token.column);
+            highlight(token);
         state.inMusic |= token.type == AbcTokenType::FieldLine && token.part(AbcPart::Name) == u"K";
     }
     state.symbols = tokens.symbols();
     setCurrentBlockState(state.blockState());
 }
 
-void AbcHighlighter::highlight(const AbcToken &token, int column)
+void AbcHighlighter::give(int begin, int length, const Look &look)
+{
+    if (longLine_ != nullptr) {
+        longLine_->setColour(begin, length, look.colour);
+        return;
+    }
+    QTextCharFormat format;
+    format.setForeground(colours_->*look.colour);
+    format.setFontWeight(look.weight);
+    format.setFontItalic(look.italic);
+    setFormat(begin, length, format);
+}
+
+void AbcHighlighter::highlight(const AbcToken &token)
 {
     switch (token.type) {
     case AbcTokenType::Note:
-        if (currentBlock().length() <= longestFineLine)
-            highlightNote(token, column);
+        highlightNote(token);
         break;
     case AbcTokenType::FieldLine:
-        setFormat(column, int(token.text.size()), coloured(colours_->note));
-        setFormat(column, 2, coloured(colours_->field, QFont::Bold));
+        give(token.column, int(token.text.size()), {&EditorColours::note});
+        give(token.column, 2, {&EditorColours::field, QFont::Bold});
         break;
     default:
         if (const auto *const look = lookOf(token.type))
-            setFormat(column, int(token.text.size()), coloured(colours_->*look->colour, look->weight, look->italic));
+            give(token.column, int(token.text.size()), *look);
         break;
     }
 }
 
-void AbcHighlighter::highlightNote(const AbcToken &token, int column)
+void AbcHighlighter::highlightNote(const AbcToken &token)
 {
-    const auto &c = *colours_;
-    const auto part = [&](AbcPart name, const QTextCharFormat &look) {
+    const auto part = [&](AbcPart name, const Look &look) {
         const auto &span = token.parts[size_t(name)];
         if (span.begin >= 0)
-            setFormat(column + span.begin, span.end - span.begin, look);
+            give(token.column + span.begin, span.end - span.begin, look);
     };
-    setFormat(column, int(token.text.size()), coloured(c.decoration));
-    part(AbcPart::Accidental, coloured(c.accidental, QFont::Bold));
-    part(AbcPart::Letter, coloured(c.note, QFont::Bold));
-    part(AbcPart::Octave, coloured(c.note));
-    part(AbcPart::Length, coloured(c.length));
-    part(AbcPart::Tie, coloured(c.tie));
+    give(token.column, int(token.text.size()), {&EditorColours::decoration});
+    part(AbcPart::Accidental, {&EditorColours::accidental, QFont::Bold});
+    part(AbcPart::Letter, {&EditorColours::note, QFont::Bold});
+    part(AbcPart::Octave, {&EditorColours::note});
+    part(AbcPart::Length, {&EditorColours::length});
+    part(AbcPart::Tie, {&EditorColours::tie});
 }

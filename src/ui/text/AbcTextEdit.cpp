@@ -41,6 +41,7 @@ AbcTextEdit::AbcTextEdit(EditorDocument &document, QWidget *parent)
     setAccessibleName(tr("ABC text"));
     connect(this, &QPlainTextEdit::cursorPositionChanged, this, &AbcTextEdit::publishCaret);
     connect(this, &QPlainTextEdit::selectionChanged, this, &AbcTextEdit::publishCaret);
+    connect(highlighter_, &AbcHighlighter::metLongLine, this, &AbcTextEdit::layOutFast, Qt::QueuedConnection);
     connect(this, &QPlainTextEdit::blockCountChanged, this, &AbcTextEdit::placeLineNumbers);
     connect(this, &QPlainTextEdit::updateRequest, this, [this](const QRect &area, int dy) {
         if (dy != 0)
@@ -157,6 +158,17 @@ void AbcTextEdit::followPlayback()
         verticalScrollBar()->setValue(cursor.block().firstLineNumber() - verticalScrollBar()->pageStep() / 3);
     if (place.left() < view.left() || place.right() > view.right())
         horizontalScrollBar()->setValue(horizontalScrollBar()->value() + place.left() - view.width() / 4);
+}
+
+// Shaping takes most of the time of a long line's layout; in a font of one width it moves no more than combining
+// accents.
+void AbcTextEdit::layOutFast()
+{
+    auto fast = font();
+    if (fast.styleStrategy() & QFont::PreferNoShaping)
+        return;
+    fast.setStyleStrategy(QFont::PreferNoShaping);
+    setFont(fast);
 }
 
 void AbcTextEdit::zoom(int steps)

@@ -4,12 +4,14 @@
 
 #include <QPlainTextEdit>
 #include <QRegularExpression>
+#include <QTextLayout>
 
 #include <functional>
 
 class AbcHighlighter;
 class EditorDocument;
 class LineNumbers;
+class LongLine;
 struct EditorColours;
 
 // A document's text: coloured, with line numbers, errors marked where they stand, and the notes that are selected, at
@@ -58,13 +60,23 @@ private:
     void publishCaret();
     void followPlayback();
     void readColours();
+    void layOutFast();
+    void forEachVisibleBlock(const QRect &area,
+                             const std::function<void(const QTextBlock &, const QRectF &)> &visit) const;
     // Calls visit for each line on the screen with the characters of it that can be seen.
-    void forEachVisibleLine(const QRect &area, const std::function<void(const QTextBlock &, TextRange)> &visit) const;
+    using VisitLine = std::function<void(const QTextBlock &, TextRange)>;
+    void forEachVisibleLine(const QRect &area, const VisitLine &visit) const;
+    static void forEachVisibleLineOf(const QTextBlock &block, const QPointF &corner, const QRect &area,
+                                     const VisitLine &visit);
     // The rectangles of a range, which may span lines; only what lies within the visible part.
     void forEachRect(const QTextBlock &block, TextRange range, const Paint &paint) const;
     void paintBehind(QPainter &painter, const QRect &area) const;
     void paintNotes(QPainter &painter, const QTextBlock &block, TextRange visible) const;
+    void paintText(QPainter &painter, const QRect &area);
+    void paintLongLine(QPainter &painter, const LongLine &longLine, const QTextBlock &block, const QRect &area,
+                       const QVector<QTextLayout::FormatRange> &selections) const;
     void paintProblems(QPainter &painter, const QRect &area) const;
+    bool hasProblem(const QTextBlock &block) const;
 
     EditorDocument &document_;
     const EditorColours *colours_;

@@ -3,7 +3,10 @@
 #include "ui/document/EditorDocument.h"
 #include "ui/text/AbcTextEdit.h"
 #include "ui/text/EditorColours.h"
+#include "ui/text/LongLine.h"
 
+#include <QAbstractTextDocumentLayout>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QTextBlock>
@@ -40,29 +43,73 @@ auto firstProblemBehind(const QVector<AbcProblem> &problems, int offset)
                             [](const AbcProblem &problem, int at) { return problem.range.end() < at; });
 }
 
+// The column, -1 where no caret is to be seen. While an input method composes, it counts from where that began.
+int caretIn(const QTextBlock &block, const QAbstractTextDocumentLayout::PaintContext &context)
+{
+    const auto &layout = *block.layout();
+    if (context.cursorPosition < -1)
+        return layout.preeditAreaText().isEmpty() ? -1 : layout.preeditAreaPosition() - (context.cursorPosition + 2);
+    return block.contains(context.cursorPosition) ? context.cursorPosition - block.position() : -1;
+}
+
+QVector<QTextLayout::FormatRange> selectionsIn(const QTextBlock &block,
+                                               const QAbstractTextDocumentLayout::PaintContext &context)
+{
+    QVector<QTextLayout::FormatRange> ranges;
+    for (const auto &selection : context.selections) {
+        const auto begin = std::max(0, selection.cursor.selectionStart() - block.position());
+        const auto end = std::min(block.length(), selection.cursor.selectionEnd() - block.position());
+        if (begin < end)
+            ranges.append({begin, end - begin, selection.format});
+    }
+    return ranges;
+}
+
+// What is composed by an input method, and what runs from right to left, only the whole line's layout can place.
+bool canBePainted(const QTextBlock &block)
+{
+    const auto text = block.text();
+    return block.layout()->preeditAreaText().isEmpty() && std::none_of(text.begin(), text.end(), [](QChar c) {
+               return c.unicode() > 0x590 && (c.direction() == QChar::DirR || c.direction() == QChar::DirAL);
+           });
+}
+
 } // namespace
 
-void AbcTextEdit::forEachVisibleLine(const QRect &area,
-                                     const std::function<void(const QTextBlock &, TextRange)> &visit) const
+void AbcTextEdit::forEachVisibleBlock(const QRect &area,
+                                      const std::function<void(const QTextBlock &, const QRectF &)> &visit) const
 {
     const auto offset = contentOffset();
     for (auto block = firstVisibleBlock(); block.isValid(); block = block.next()) {
         const auto place = blockBoundingGeometry(block).translated(offset);
         if (place.top() > area.bottom())
             return;
-        if (!block.isVisible() || place.bottom() < area.top())
+        if (block.isVisible() && place.bottom() >= area.top())
+            visit(block, place);
+    }
+}
+
+void AbcTextEdit::forEachVisibleLine(const QRect &area, const VisitLine &visit) const
+{
+    forEachVisibleBlock(area, [&](const QTextBlock &block, const QRectF &place) {
+        forEachVisibleLineOf(block, place.topLeft(), area, visit);
+    });
+}
+
+void AbcTextEdit::forEachVisibleLineOf(const QTextBlock &block, const QPointF &corner, const QRect &area,
+                                       const VisitLine &visit)
+{
+    const auto *const layout = block.layout();
+    for (int i = 0; i < layout->lineCount(); ++i) {
+        const auto line = layout->lineAt(i);
+        const auto y = corner.y() + line.y();
+        if (y > area.bottom())
+            return;
+        if (y + line.height() < area.top())
             continue;
-        const auto *const layout = block.layout();
-        for (int i = 0; i < layout->lineCount(); ++i) {
-            const auto line = layout->lineAt(i);
-            const auto y = place.top() + line.y();
-            if (y > area.bottom() || y + line.height() < area.top())
-                continue;
-            const auto begin = line.xToCursor(area.left() - place.left(), QTextLine::CursorOnCharacter);
-            const auto end =
-                std::min(line.textStart() + line.textLength(), line.xToCursor(area.right() - place.left()) + 1);
-            visit(block, {block.position() + begin, std::max(0, end - begin)});
-        }
+        const auto begin = line.xToCursor(area.left() - corner.x(), QTextLine::CursorOnCharacter);
+        const auto end = std::min(line.textStart() + line.textLength(), line.xToCursor(area.right() - corner.x()) + 1);
+        visit(block, {block.position() + begin, std::max(0, end - begin)});
     }
 }
 
@@ -70,11 +117,14 @@ void AbcTextEdit::forEachRect(const QTextBlock &block, TextRange range, const Pa
 {
     const auto corner = blockBoundingGeometry(block).translated(contentOffset()).topLeft();
     const auto *const layout = block.layout();
-    for (int i = 0; i < layout->lineCount(); ++i) {
+    const auto first = std::max(0, range.offset - block.position());
+    for (auto i = layout->lineForTextPosition(first).lineNumber(); i >= 0 && i < layout->lineCount(); ++i) {
         const auto line = layout->lineAt(i);
-        const auto begin = std::max(range.offset - block.position(), line.textStart());
+        const auto begin = std::max(first, line.textStart());
         const auto end = std::min(range.end() - block.position(), line.textStart() + line.textLength());
-        if (begin > end || (begin == end && range.length > 0))
+        if (begin > end)
+            return;
+        if (begin == end && range.length > 0)
             continue;
         const auto left = line.cursorToX(begin);
         const auto right = std::max(left + 4, line.cursorToX(end));
@@ -161,44 +211,68 @@ void AbcTextEdit::paintProblems(QPainter &painter, const QRect &area) const
 
 void AbcTextEdit::paintEvent(QPaintEvent *event)
 {
-    {
-        QPainter painter(viewport());
-        paintBehind(painter, event->rect());
-    }
-    QPlainTextEdit::paintEvent(event);
     QPainter painter(viewport());
+    painter.setClipRect(event->rect());
+    paintBehind(painter, event->rect());
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    paintText(painter, event->rect());
     paintProblems(painter, event->rect());
+}
+
+// As QPlainTextEdit does, but of a long line no more than can be seen.
+void AbcTextEdit::paintText(QPainter &painter, const QRect &area)
+{
+    const auto context = getPaintContext();
+    forEachVisibleBlock(area, [&](const QTextBlock &block, const QRectF &place) {
+        const auto selections = selectionsIn(block, context);
+        const auto *const longLine = LongLine::of(block);
+        if (longLine != nullptr && canBePainted(block))
+            paintLongLine(painter, *longLine, block, area, selections);
+        else
+            block.layout()->draw(&painter, place.topLeft(), selections, area);
+        if (const auto caret = caretIn(block, context); caret >= 0)
+            block.layout()->drawCursor(&painter, place.topLeft(), caret, cursorWidth());
+    });
+}
+
+void AbcTextEdit::paintLongLine(QPainter &painter, const LongLine &longLine, const QTextBlock &block, const QRect &area,
+                                const QVector<QTextLayout::FormatRange> &selections) const
+{
+    const auto text = block.text();
+    const auto corner = blockBoundingGeometry(block).translated(contentOffset()).topLeft();
+    painter.setPen(palette().color(QPalette::Text));
+    forEachVisibleLineOf(block, corner, area, [&](const QTextBlock &, TextRange seen) {
+        seen.offset -= block.position();
+        const auto line = block.layout()->lineForTextPosition(seen.offset);
+        longLine.paint(painter, text, seen, {*colours_, font(), line, corner, selections});
+    });
 }
 
 void AbcTextEdit::paintLineNumbers(QPainter &painter, const QRect &area)
 {
     painter.fillRect(area, palette().color(QPalette::Base));
-    const auto width = lineNumberWidth();
-    painter.setPen(colours_->currentLine.lighter());
-    const auto caretBlock = textCursor().blockNumber();
-    const auto &problems = document_.reading().problems;
     painter.setRenderHint(QPainter::Antialiasing);
-    for (auto block = firstVisibleBlock(); block.isValid(); block = block.next()) {
-        const auto place = blockBoundingGeometry(block).translated(contentOffset());
-        if (place.top() > area.bottom())
-            break;
-        if (place.bottom() < area.top())
-            continue;
-        const bool isCurrent = block.blockNumber() == caretBlock;
+    forEachVisibleBlock(area, [&](const QTextBlock &block, const QRectF &place) {
+        const bool isCurrent = block == textCursor().block();
         if (isCurrent)
-            painter.fillRect(QRectF(0, place.top(), width, place.height()), colours_->currentLine);
+            painter.fillRect(QRectF(0, place.top(), lineNumberWidth(), place.height()), colours_->currentLine);
         painter.setPen(isCurrent ? palette().color(QPalette::Text) : colours_->lineNumber);
-        const QRectF line(0, place.top(), width - 14, fontMetrics().height());
+        const QRectF line(0, place.top(), lineNumberWidth() - 14, fontMetrics().height());
         painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, QString::number(block.blockNumber() + 1));
-
-        const auto problem = firstProblemBehind(problems, document_.beforeTyping(block.position()) + 1);
-        const auto end = document_.beforeTyping(block.position() + block.length() - 1);
-        if (problem == problems.end() || problem->range.offset > end)
-            continue;
+        if (!hasProblem(block))
+            return;
         painter.setPen(Qt::NoPen);
         painter.setBrush(colours_->problem);
         painter.drawEllipse(QPointF(7, line.center().y()), 3.5, 3.5);
-    }
+    });
+}
+
+bool AbcTextEdit::hasProblem(const QTextBlock &block) const
+{
+    const auto &problems = document_.reading().problems;
+    const auto problem = firstProblemBehind(problems, document_.beforeTyping(block.position()) + 1);
+    const auto end = document_.beforeTyping(block.position() + block.length() - 1);
+    return problem != problems.end() && problem->range.offset <= end;
 }
 
 QString AbcTextEdit::problemAtLine(int y) const

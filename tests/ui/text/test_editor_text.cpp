@@ -326,6 +326,42 @@ private slots:
         QCOMPARE(lettersOf(editor.text->document()->findBlockByNumber(1)).trimmed(), QString());
     }
 
+    // What no layout colours, the view paints itself.
+    void coloursLinesOfAnyLength_data()
+    {
+        const Rows<int, bool> row("measures", "wraps");
+        row("short", 20, false);
+        row("long", 2000, false);
+        row("long and wrapped", 2000, true);
+    }
+
+    void coloursLinesOfAnyLength()
+    {
+        QFETCH(int, measures);
+        QFETCH(bool, wraps);
+        EditorFixture editor;
+        editor.open(QStringLiteral("C2\t^D z|").repeated(measures));
+        editor.text->setWrapsLines(wraps);
+        editor.text->zoom(8); // so that letters have pixels that are all ink
+        editor.show();
+        editor.text->moveCursor(QTextCursor::End);
+        editor.text->moveCursor(QTextCursor::Left, QTextCursor::KeepAnchor);
+        const auto image = editor.text->viewport()->grab().toImage();
+        const auto nearest = [&image](const QColor &colour) {
+            int least = 1000;
+            for (int i = 0; i < image.width() * image.height(); ++i) {
+                const QColor seen(image.pixel(i % image.width(), i / image.width()));
+                least = std::min(least, std::abs(seen.red() - colour.red()) + std::abs(seen.green() - colour.green()) +
+                                            std::abs(seen.blue() - colour.blue()));
+            }
+            return least;
+        };
+        const auto &c = EditorColours::of(editor.text->palette());
+        for (const auto &colour :
+             {c.note, c.length, c.accidental, c.rest, c.bar, editor.text->palette().color(QPalette::Highlight)})
+            QVERIFY2(nearest(colour) < 40, qPrintable(colour.name()));
+    }
+
     void marksProblemsAndGoesToThem()
     {
         EditorFixture editor("C D\nE F\n");
