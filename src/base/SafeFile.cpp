@@ -6,10 +6,12 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
+#include <QSet>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <mutex>
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -21,6 +23,46 @@
 #endif
 
 namespace {
+
+// The files of this program that are there and not yet what they shall be.
+class UnfinishedFiles
+{
+public:
+    void add(const QString &path)
+    {
+        const std::scoped_lock lock(mutex_);
+        paths_.insert(path);
+    }
+    void remove(const QString &path)
+    {
+        const std::scoped_lock lock(mutex_);
+        paths_.remove(path);
+    }
+    // Nobody sees a file that is neither there nor committed.
+    template<typename Work>
+    void commit(const QString &path, Work work)
+    {
+        const std::scoped_lock lock(mutex_);
+        work();
+        paths_.remove(path);
+    }
+    void abandon()
+    {
+        mutex_.lock(); // for ever
+        for (const auto &path : qAsConst(paths_))
+            QFile::remove(path);
+    }
+
+private:
+    std::mutex mutex_;
+    QSet<QString> paths_;
+};
+
+UnfinishedFiles &unfinishedFiles()
+{
+    static auto *const files = new UnfinishedFiles; // saving may go on while the program ends
+    return *files;
+}
 
 #ifdef Q_OS_UNIX
 
@@ -110,7 +152,7 @@ void replace(const QString &target, const QString &replacement)
             file.setMode(old.st_mode & 07777);
         file.sync();
     }
-    moveTo(target, replacement);
+    unfinishedFiles().commit(replacement, [&] { moveTo(target, replacement); });
     syncFolderOf(target);
 }
 
@@ -145,7 +187,7 @@ void moveTo(const QString &target, const QString &replacement)
 
 void replace(const QString &target, const QString &replacement)
 {
-    moveTo(target, replacement);
+    unfinishedFiles().commit(replacement, [&] { moveTo(target, replacement); });
 }
 
 #endif
@@ -253,6 +295,11 @@ QString causeOf(int error)
     }
 }
 
+void abandonAll()
+{
+    unfinishedFiles().abandon();
+}
+
 void removeLeftovers(const QString &path)
 {
     ::removeLeftovers(behindLinks(path), -1); // also those of this very second
@@ -278,12 +325,15 @@ Replacement::Replacement(const QString &target)
         throw QStringLiteral("Not a regular file.");
     target_ = behindLinks(target);
     path_ = nameBeside(target_);
+    unfinishedFiles().add(path_);
 }
 
 Replacement::~Replacement()
 {
-    if (!isCommitted_)
-        QFile::remove(path_);
+    if (isCommitted_)
+        return;
+    QFile::remove(path_);
+    unfinishedFiles().remove(path_);
 }
 
 void Replacement::create() const
@@ -301,7 +351,7 @@ void Replacement::commit()
 
 void Replacement::commitUnsynchronised()
 {
-    moveTo(target_, path_);
+    unfinishedFiles().commit(path_, [this] { moveTo(target_, path_); });
     isCommitted_ = true;
 }
 
@@ -321,13 +371,16 @@ bool writeNew(const QString &path, const QByteArray &bytes)
 {
     if (!reserve(path))
         return false;
+    unfinishedFiles().add(path);
     try {
         write(path, bytes);
-        return true;
     } catch (...) {
         QFile::remove(path);
+        unfinishedFiles().remove(path);
         throw;
     }
+    unfinishedFiles().remove(path);
+    return true;
 }
 
 void write(const QString &path, const QByteArray &bytes)

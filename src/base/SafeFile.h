@@ -45,6 +45,10 @@ private:
     bool isCommitted_ = false;
 };
 
+// For a program that is about to end at once: removes every file that is not committed, and holds back, for ever,
+// whoever would begin or commit one. [any]
+void abandonAll();
+
 // Removes the files beside that were left by programs that were killed. Nobody may be saving the file.
 void removeLeftovers(const QString &path);
 

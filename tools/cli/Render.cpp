@@ -12,21 +12,10 @@
 #include <QEventLoop>
 #include <QFileInfo>
 #include <QLoggingCategory>
-#include <QTimer>
 
 #include <array>
-#include <csignal>
 
 namespace {
-
-volatile std::sig_atomic_t interrupted = 0;
-
-// The first Ctrl+C ends the render in an orderly way, a second one the program.
-extern "C" void onInterrupt(int signal)
-{
-    interrupted = 1;
-    std::signal(signal, SIG_DFL);
-}
 
 struct Part
 {
@@ -220,22 +209,12 @@ void Rendering::renderParts(const Parts &parts, const InstrumentSet &instruments
                      [this](quint64 tick, quint64 total) { showProgress(tick, total); });
     QObject::connect(&renderer, &TrackRenderer::renderFailed, &loop,
                      [&failure](const QString &message) { failure = message; });
-    QObject::connect(&renderer, &TrackRenderer::renderCancelled, &loop,
-                     [&failure] { failure = QStringLiteral("Cancelled."); });
     QString clipping;
     QObject::connect(&renderer, &TrackRenderer::samplesClipped, &loop,
                      [&clipping](quint64 clipped, quint64 samples) { clipping = clippingText(clipped, samples); });
     QObject::connect(&renderer, &TrackRenderer::renderFinished, &loop, &QEventLoop::quit);
-    QTimer interruptions;
-    QObject::connect(&interruptions, &QTimer::timeout, &loop, [&renderer] {
-        if (interrupted != 0)
-            renderer.cancel();
-    });
-    interruptions.start(20);
-    const auto previous = std::signal(SIGINT, onInterrupt);
     renderer.render();
     loop.exec();
-    std::signal(SIGINT, previous);
     if (!failure.isEmpty())
         throw failure;
     showProgress(1, 1);

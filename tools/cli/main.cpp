@@ -1,6 +1,7 @@
 #include "Commands.h"
 #include "Help.h"
 #include "Messages.h"
+#include "Signals.h"
 
 #include <QCoreApplication>
 #include <QLoggingCategory>
@@ -34,6 +35,7 @@ int main(int argc, char **argv)
     // What a song's fields fall back to belongs to the developer's log, not between the lines of the output.
     QLoggingCategory::setFilterRules(QStringLiteral("kelvarion.*=false"));
     try {
+        endAtSignals();
         return runCommandLine();
     } catch (const HelpWanted &help) {
         std::fputs(qUtf8Printable(help.command != nullptr ? helpText(*help.command) : helpText(allCommands())), stdout);
