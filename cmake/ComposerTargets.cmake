@@ -22,10 +22,10 @@ target_compile_definitions(composer_settings INTERFACE
     COMPOSER_VERSION="${PROJECT_VERSION}")
 target_include_directories(composer_settings INTERFACE ${CMAKE_SOURCE_DIR}/src)
 if(MSVC)
-    target_compile_options(composer_settings INTERFACE /W4 /WX /utf-8)
+    target_compile_options(composer_settings INTERFACE /W4 /utf-8 $<$<BOOL:${COMPOSER_WARNINGS_ARE_ERRORS}>:/WX>)
 else()
     target_compile_options(composer_settings INTERFACE
-        -Wall -Wextra -Wpedantic -Werror -Wshadow -Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual
+        -Wall -Wextra -Wpedantic $<$<BOOL:${COMPOSER_WARNINGS_ARE_ERRORS}>:-Werror> -Wshadow -Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual
         -Wcast-align -Wcast-qual -Wdouble-promotion -Wformat=2 -Wimplicit-fallthrough -Wextra-semi
         $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wsuggest-override>)
 endif()

@@ -51,7 +51,7 @@ CommandLine readCommandLine(const QCoreApplication &application)
     QCommandLineOption screenshot(QStringLiteral("screenshot"), {}, QStringLiteral("file"));
     screenshot.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOption(screenshot);
-    parser.addPositionalArgument(QStringLiteral("files"), QStringLiteral("ABC and MIDI files to open"),
+    parser.addPositionalArgument(QStringLiteral("files"), QStringLiteral("songs, ABC, MIDI and MML files to open"),
                                  QStringLiteral("[files...]"));
     parser.process(application);
     return {parser.positionalArguments(), parser.value(screenshot)};
@@ -119,7 +119,7 @@ int main(int argc, char *argv[])
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 #endif
     const Application application(argc, argv);
-    QGuiApplication::setDesktopFileName(QStringLiteral("kelvarion-composer"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("example.kelvarion_composer.Composer"));
     const auto commandLine = readCommandLine(application);
 
     DesktopDialogs dialogs;

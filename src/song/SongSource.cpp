@@ -54,7 +54,7 @@ QString withoutEmptyLines(QStringView tune)
 SongSource sourceOf(const QString &path)
 {
     const auto suffix = QFileInfo(path).suffix().toLower();
-    if (suffix == u"mid" || suffix == u"midi")
+    if (suffix == u"mid" || suffix == u"midi" || suffix == u"kar") // the last with lyrics
         return {Kind::MidiFile, path};
     if (suffix == u"kvsong")
         return {Kind::SongFile, path};
@@ -76,7 +76,7 @@ QVector<SongSource> sourcesOf(const QMimeData &data, FileOrigin origin)
         };
         if (endsWith(".abc"))
             sources.append({Kind::AbcFile, name});
-        else if (endsWith(".mid") || (origin == FileOrigin::Pasted && endsWith(".midi")))
+        else if (endsWith(".mid") || endsWith(".kar") || (origin == FileOrigin::Pasted && endsWith(".midi")))
             sources.append({Kind::MidiFile, name});
         else if (endsWith(".kvsong"))
             sources.append({Kind::SongFile, name});

@@ -42,7 +42,8 @@ private slots:
     {
         QVERIFY(fixture_->import(jig, 3));
         QCOMPARE(fixture_->dialogs().takeAsked(),
-                 QStringList(QStringLiteral("Choose MIDI file to import...|MIDI files (*.mid)")));
+                 QStringList(QStringLiteral(
+                     "Choose MIDI file to import...|MIDI files (*.mid);;Other endings of MIDI files (*.midi *.kar)")));
         QCOMPARE(fixture_->settings().value(Settings::MidiOpenDir).toString(), songs);
         QCOMPARE(fixture_->tracks().history().undoText(), QStringLiteral("Import MIDI"));
         QCOMPARE(fixture_->row(0)->instrumentName(), fixture_->child<QComboBox>("instrumentList")->currentText());
@@ -224,7 +225,7 @@ private slots:
                                  .arg(fixture_->path("missing.abc"))));
         QCOMPARE(fixture_->dialogs().asked,
                  QStringList(QStringLiteral("Choose ABC file(s) to open|ABC files (*.abc);;Songs (*.kvsong);;All music "
-                                            "(*.abc *.kvsong *.mid *.midi *.mml)")));
+                                            "(*.abc *.kvsong *.mid *.midi *.kar *.mml)")));
         QCOMPARE(fixture_->tracks().filePath(QStringLiteral("T1")), fixture_->path("one.abc"));
         QVERIFY(fixture_->tracks().unsavedIds().isEmpty());
     }

@@ -57,7 +57,7 @@ void ImportCommands::openAbc()
     const auto start = context_.settings.value(Settings::AbcOpenDir).toString();
     const auto files = context_.dialogs.openFiles(&context_.window, QStringLiteral("Choose ABC file(s) to open"), start,
                                                   QStringLiteral("ABC files (*.abc)") + tr(";;Songs (*.kvsong)") +
-                                                      tr(";;All music (*.abc *.kvsong *.mid *.midi *.mml)"));
+                                                      tr(";;All music (*.abc *.kvsong *.mid *.midi *.kar *.mml)"));
     if (files.isEmpty())
         return;
     context_.settings.setValue(Settings::AbcOpenDir, QFileInfo(files.first()).absolutePath());
@@ -75,8 +75,9 @@ void ImportCommands::openAbc()
 void ImportCommands::importMidi()
 {
     const auto start = context_.settings.value(Settings::MidiOpenDir).toString();
-    const auto file = context_.dialogs.openFile(&context_.window, QStringLiteral("Choose MIDI file to import..."),
-                                                start, QStringLiteral("MIDI files (*.mid)"));
+    const auto file = context_.dialogs.openFile(
+        &context_.window, QStringLiteral("Choose MIDI file to import..."), start,
+        QStringLiteral("MIDI files (*.mid)") + tr(";;Other endings of MIDI files (*.midi *.kar)"));
     if (file.isEmpty())
         return;
     context_.settings.setValue(Settings::MidiOpenDir, QFileInfo(file).absolutePath());
