@@ -65,6 +65,12 @@ QByteArray plain(const QJsonValue &value)
     return array.mid(1, array.size() - 2);
 }
 
+bool isOfNumbers(const QJsonArray &array)
+{
+    return !array.isEmpty() &&
+           std::all_of(array.begin(), array.end(), [](const QJsonValue &each) { return each.isDouble(); });
+}
+
 void Writer::newLine()
 {
     if (layout_ == JsonLayout::Lines)
@@ -75,7 +81,7 @@ void Writer::writeValue(const QJsonValue &value)
 {
     if (value.isObject())
         writeObject(value.toObject());
-    else if (value.isArray())
+    else if (value.isArray() && !isOfNumbers(value.toArray())) // those stand in one line
         writeArray(value.toArray());
     else if (value.isString())
         writeString(value.toString());

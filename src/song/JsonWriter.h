@@ -8,7 +8,7 @@
 // pair and control characters are written as \uXXXX.
 enum class JsonLayout {
     Compact,
-    Lines // a line for every member and element, indented by two blanks
+    Lines // a line for every member and element, indented by two blanks; lists of numbers stand in one line
 };
 
 // Members that stand in `order` come first and in its order, the others after them by name.

@@ -20,9 +20,10 @@ struct SongPart
     int volume = 100;             // percent, 0 … 100
     int pan = 0;                  // -100 left … 100 right
     bool isMuted = false;
-    QString path;       // of the ABC file that it was read from or saved to, absolute and clean; may be empty
-    QString import;     // the id of the import that it came from; empty, or that of none, when it is not known
-    QJsonObject others; // members of the song file that only a newer version knows
+    QVector<Ticks> barLines; // where lines of a text made anew may begin, as in Track
+    QString path;            // of the ABC file that it was read from or saved to, absolute and clean; may be empty
+    QString import;          // the id of the import that it came from; empty, or that of none, when it is not known
+    QJsonObject others;      // members of the song file that only a newer version knows
 
     bool operator==(const SongPart &) const = default;
 };

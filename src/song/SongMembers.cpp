@@ -50,6 +50,26 @@ void readLoop(Song &song, const QJsonValue &value)
     song.loop = {Ticks(begin), Ticks(end), without(loop, {key("begin"), key("end")})};
 }
 
+QJsonValue barLinesValue(const SongPart &part)
+{
+    QJsonArray barLines;
+    for (const auto tick : part.barLines)
+        barLines.append(tick);
+    return barLines.isEmpty() ? QJsonValue(QJsonValue::Undefined) : barLines;
+}
+
+void readBarLines(SongPart &part, const QJsonValue &value)
+{
+    part.barLines.clear();
+    if (value.isUndefined())
+        return;
+    Ticks last = 0;
+    for (const auto &tick : arrayOf("barLines", value)) {
+        last = Ticks(numberOf("barLines", tick, double(last + 1), largestExact));
+        part.barLines.append(last);
+    }
+}
+
 QJsonArray linesOf(const QString &text)
 {
     return QJsonArray::fromStringList(text.split(u'\n'));
@@ -213,6 +233,7 @@ const std::vector<SongMember<SongPart>> &partMembers()
          [](SongPart &part, const QJsonValue &value) { part.path = optionalTextOf("file", value); }},
         {"import", [](const SongPart &part) { return unlessEmpty(part.import); },
          [](SongPart &part, const QJsonValue &value) { part.import = optionalTextOf("import", value); }},
+        {"barLines", barLinesValue, readBarLines},
     };
     return members;
 }

@@ -19,6 +19,7 @@ SongPart partOf(Track track, const QString &id)
     part.id = id;
     part.name = track.title();
     part.abc = track.toAbc();
+    part.barLines = track.barLines();
     part.instrument = HeaderFields::instrumentName(track.headerFields(QStringLiteral("I")));
     if (!track.filePath().isEmpty())
         part.path = QDir::cleanPath(QFileInfo(track.filePath()).absoluteFilePath());
@@ -28,7 +29,9 @@ SongPart partOf(Track track, const QString &id)
 Track trackOf(const SongPart &part, const std::stop_token &stop)
 {
     try {
-        return parseAbc(part.abc, stop);
+        auto track = parseAbc(part.abc, stop);
+        track.setBarLines(part.barLines);
+        return track;
     } catch (const QString &message) {
         throw QCoreApplication::translate("SongReader", "Part \"%1\": %2").arg(part.name, message);
     }

@@ -27,6 +27,14 @@ void importJig(WindowFixture &fixture)
     QVERIFY(fixture.import(jig, 3));
 }
 
+void barFirst(WindowFixture &fixture)
+{
+    auto track = *fixture.tracks().find(only(fixture))->track;
+    track.setBarLines({10080, 50400});
+    fixture.tracks().setTrack(QStringLiteral("Bar"), only(fixture), track);
+    QVERIFY(!fixture.window().session().song().parts[0].barLines.isEmpty());
+}
+
 void openParts(WindowFixture &fixture)
 {
     fixture.window().openFiles({fixture.write("one.abc", abc("One")), fixture.write("two.abc", abc("Two"))});
@@ -202,7 +210,7 @@ private slots:
     void comesBackAsItWasLeft_data()
     {
         const Rows<Steps> row("steps");
-        row("imported", {importJig, turnVolume, turnMasterVolume, mute, move, chooseInstrument, type});
+        row("imported", {importJig, barFirst, turnVolume, turnMasterVolume, mute, move, chooseInstrument, type});
         row("of files", {openParts, transposeFirst, move});
         row("empty", {});
     }

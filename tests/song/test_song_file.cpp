@@ -40,6 +40,7 @@ const char *const hymn = R"({
       "pan": 0,
       "muted": false,
       "file": "lute.abc",
+      "barLines": [10080,50400],
       "abc": [
         "X:1\r",
         "K:C",
@@ -89,6 +90,7 @@ private slots:
         part.abc = QStringLiteral("X:1\r\nK:C\nC\t\u00e9\n");
         part.instrument = QStringLiteral("lute");
         part.path = QStringLiteral("/songs/lute.abc");
+        part.barLines = {10080, 50400};
         part.draft = QString();
         song.parts.append(part);
         song.others.insert(QStringLiteral("aNewOne"), QJsonObject{{QStringLiteral("a"), 1}});
@@ -129,6 +131,8 @@ private slots:
             damaged + QStringLiteral("Part 1, \"abc\": a text is expected."));
         row("loop", song(R"("parts": [], "loop": {"begin": 5, "end": 5})"),
             damaged + QStringLiteral("\"end\": a whole number from 6 to 9007199254740992 is expected"));
+        row("bar lines", song(R"("parts": [{"id": "a", "barLines": [7, 7]}])"),
+            damaged + QStringLiteral("Part 1, \"barLines\": a whole number from 8 to 9007199254740992 is expected."));
         row("same id", song(R"("parts": [{"id": "a"}, {"id": "a"}])"),
             damaged + QStringLiteral("Two parts have the id \"a\"."));
         row("no id", song(R"("parts": [{"id": ""}])"), damaged + QStringLiteral("A part has no id."));

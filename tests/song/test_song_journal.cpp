@@ -130,9 +130,9 @@ private slots:
                 const auto remaining = faults::callsUntilFault.exchange(0);
                 int found = -1;
                 const auto unreadable =
-                    thrownBy([&] { found = int(states.indexOf(JournalFolder::recover(path).song)); });
+                    thrownBy([&] { found = int(states.mid(0, i + 1).lastIndexOf(JournalFolder::recover(path).song)); });
                 faults::callsUntilFault = remaining;
-                QVERIFY2(found >= leastState && found <= i, qPrintable(problem + u' ' + unreadable));
+                QVERIFY2(found >= leastState, qPrintable(problem + u' ' + unreadable));
                 QVERIFY(found >= 0 || !QFile::exists(path));
                 failures += problem == u"nothing" ? 0 : 1;
             }

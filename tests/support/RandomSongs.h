@@ -46,9 +46,10 @@ public:
                 song.loop = below(2) == 0 ? std::optional(SongLoop{below(9), 10, {}}) : std::nullopt;
             },
             [&] { part.path = path(); },
+            [&] { part.barLines = barLines(); },
             [&] { below(4) == 0 ? song.parts.remove(index) : void(); },
             [&] { splice(part.abc); }};
-        changes[std::min(below(12), 10)]();
+        changes[std::min(below(13), 11)]();
     }
 
     int below(int bound) { return int(random_() % unsigned(bound)); }
@@ -66,10 +67,19 @@ private:
         part.volume = below(101);
         part.pan = below(201) - 100;
         part.isMuted = below(2) == 0;
+        part.barLines = barLines();
         part.path = path();
         part.import = part.name.left(3);
         part.others = others();
         return part;
+    }
+
+    QVector<Ticks> barLines()
+    {
+        QVector<Ticks> barLines;
+        for (int count = below(4); count > 0; --count)
+            barLines.append((barLines.isEmpty() ? 0 : barLines.last()) + 1 + below(100'000));
+        return barLines;
     }
 
     void splice(QString &abc)

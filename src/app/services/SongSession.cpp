@@ -82,6 +82,7 @@ SongPart SongSession::partOf(const SongTrack &track) const
     part.id = track.id;
     part.name = title == kept.title ? kept.name : title;
     part.abc = textOf(*track.track);
+    part.barLines = track.track->barLines();
     part.draft = draft(track.id);
     part.instrument = track.instrument;
     part.volume = track.volume;
