@@ -43,8 +43,12 @@ private:
     void endRepeat(const ScoreItem &item);
     void stopEnding();
     void skipEnding();
+    void takeEnding();
+    void passMeasures(int count);
+    bool hasStrainInEnding() const;
     void goBack()
     {
+        measuresOfLast_ = isInEnding_ ? measuresOfEnding_ : 0;
         ++pass_;
         ++repeatsPlayed_;
         at_ = start_;
@@ -57,6 +61,7 @@ private:
         pass_ = 1;
         begun_ = begun;
         isFirstGroup_ = false;
+        measuresOfLast_ = 0;
     }
     bool soundsSinceStart() const;
     struct Ahead
@@ -83,6 +88,9 @@ private:
     Begun begun_ = Begun::Silently; // whether |: stands at the start
     bool isFirstGroup_ = true;      // which begins with the music, wherever double bar lines are
     bool isInEnding_ = false;
+    int measuresOfEnding_ = 0; // so far
+    int measuresOfLast_ = 0;   // of the ending that was played before; 0: none was
+    qsizetype strain_ = 0;     // where this ending is as long as that
     int repeatsPlayed_ = 0;
 };
 
@@ -96,12 +104,12 @@ bool Walk::step(const ScoreItem &item)
         endRepeat(item);
         return true;
     case Kind::Ending:
-        if ((item.passes >> pass_ & 1) != 0) {
-            isInEnding_ = true;
-            ++at_;
-        } else {
+        if ((item.passes & 2) != 0 && hasStrainInEnding())
+            beginGroup(strain_);
+        if ((item.passes >> pass_ & 1) != 0)
+            takeEnding();
+        else
             skipEnding();
-        }
         return true;
     case Kind::EndingStop:
         ++at_;
@@ -114,8 +122,32 @@ bool Walk::step(const ScoreItem &item)
         return true;
     default:
         ++at_;
+        passMeasures(item.kind == Kind::Bar ? 1 : item.kind == Kind::Sound ? int(item.first) : 0);
         return false;
     }
+}
+
+void Walk::takeEnding()
+{
+    ++at_;
+    isInEnding_ = true;
+    measuresOfEnding_ = 0;
+    strain_ = at_;
+}
+
+void Walk::passMeasures(int count)
+{
+    measuresOfEnding_ += count;
+    if (count > 0 && measuresOfEnding_ == measuresOfLast_)
+        strain_ = at_;
+}
+
+// Where the last ending has no bar line that ends it, "[2 … |", a repeat or a first ending far behind belongs to a
+// strain of its own, which begins where the ending is as long as the one before.
+bool Walk::hasStrainInEnding() const
+{
+    constexpr int shortestStrain = 4; // measures
+    return isInEnding_ && measuresOfLast_ > 0 && measuresOfEnding_ >= measuresOfLast_ + shortestStrain;
 }
 
 // A repeat that began with a sign and that the next one meets unended was meant to end there. A sign before the second
@@ -142,6 +174,10 @@ void Walk::endRepeat(const ScoreItem &item)
 {
     if (pass_ < passesOfGroup(int(item.passes)))
         return goBack();
+    if (hasStrainInEnding()) {
+        beginGroup(strain_);
+        return goBack();
+    }
     beginGroup(++at_);
     isInEnding_ = false;
 }

@@ -41,12 +41,12 @@ struct ScoreItem
         ChordName, // in a string over the music
     };
     Kind kind = Kind::Sound;
-    Fraction duration;     // Sound: how far time moves on; no note need be as long
-    ScoreNotes notes;      // Sound
-    ScoreNotes graces;     // Sound: played before the notes, in time taken from them
-    quint64 passes = 0;    // Ending: bit n for pass n, from 1; RepeatEnd: how often all is played
-    quint32 first = 0;     // Key: row, Metre and Tempo: numerator; Part: the letter;
-                           // ChordName: semitones that it is moved by, as an int
+    Fraction duration;  // Sound: how far time moves on; no note need be as long
+    ScoreNotes notes;   // Sound
+    ScoreNotes graces;  // Sound: played before the notes, in time taken from them
+    quint64 passes = 0; // Ending: bit n for pass n, from 1; RepeatEnd: how often all is played
+    quint32 first = 0; // Sound: bar lines within it, of a rest of measures; Key: row, Metre and Tempo: numerator; Part:
+                       // the letter; ChordName: semitones that it is moved by, as an int
     quint32 second = 0;    // Key: mode, Metre and Tempo: denominator
     quint32 perMinute = 0; // Tempo
     QStringView text = {}; // ChordName: of the text that was read

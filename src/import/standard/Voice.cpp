@@ -125,6 +125,7 @@ void Voice::measureRest(int measures)
     const auto measure = settings.metre.isNone() ? ticksPerWholeNote : settings.metre.measureTicks();
     ScoreItem item;
     item.duration = Fraction(std::min<Ticks>(measure, 100 * ticksPerWholeNote) * measures);
+    item.first = quint32(measures - 1);
     score_.items.append(item);
     lastSound_ = -1;
     hasMusic_ = true;

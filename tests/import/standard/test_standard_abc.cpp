@@ -94,6 +94,11 @@ private slots:
         row("an unclosed repeat", "L:1/4; K:C", "|:C|:D:|", "0:60 1:60 2:62 3:62");
         row("no second ending", "L:1/4; K:C", "|:C|1D:|E", "0:60 1:62 2:60 3:64");
         row("repeats from a double bar", "L:1/4; K:C", "C|]D:|E||F:|", "0:60 1:62 2:60 3:62 4:64 5:65 6:65");
+        row("a strain behind an ending without an end", "L:1/4; M:1/4; K:C", "|:C|1Z2:|2z|E|F|G|A|B:|c",
+            "0:60 3:60 5:64 6:65 7:67 8:69 9:71 10:65 11:67 12:69 13:71 14:72");
+        row("a strain with endings behind it", "L:1/4; M:1/4; K:C", "|:C|1D:|2E|F|Z2|G|1A:|2B|]",
+            "0:60 1:62 2:60 3:64 4:65 7:67 8:69 9:65 12:67 13:71");
+        row("what is too short for a strain", "L:1/4; K:C", "|:C|1D:|2E|F|G|A:|", "0:60 1:62 2:60 3:64 4:65 5:67 6:69");
         row("a heading ends the ending", "L:1/4; K:C", "|:C|1D:|2E|[P:B]F:|", "0:60 1:62 2:60 3:64 4:65 5:65");
         row("parts", "L:1/4; P:((AB)2C)2; K:C", "[P:A]C|[P:B]D|[P:C]E|",
             "0:60 1:62 2:60 3:62 4:64 5:60 6:62 7:60 8:62 9:64");
