@@ -10,7 +10,8 @@
 // Between a song's parts, which are texts, and the tracks that are played. [any]
 namespace SongParts {
 
-// A part with the track's text, bar lines, title, file and the instrument that its I field names; everything else is new.
+// A part with the track's text, bar lines, title, file and the instrument that its I field names; everything else is
+// new.
 SongPart partOf(Track track, const QString &id);
 
 // Throws a QString that names the part when its text cannot be read, and Interrupted soon after a stop.
