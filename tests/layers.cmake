@@ -15,7 +15,7 @@ set(LAYERS
     "src/edit|base core"
     "src/assets/package|base"
     "src/assets|base assets/package"
-    "src/check|base core edit assets"
+    "src/check|base settings core import edit assets"
     "src/song/preview|base settings core import song assets"
     "src/audio/sound|"
     "src/audio/samples|base assets assets/package audio/sound"
@@ -28,6 +28,7 @@ set(LAYERS
     "src/ui/tracks|core song"
     "src/ui/song|base settings core import song assets ui ui/timeline ui/tracks"
     "src/ui/report|settings core import song ui"
+    "src/ui/checks|core check"
     "src/ui/preferences|base settings import assets audio/OutputControl.h ui"
     "src/ui/document|base core edit assets"
     "src/ui/text|base settings core edit ui ui/document"
@@ -35,12 +36,12 @@ set(LAYERS
     "src/ui/transform|base settings core import ui"
     "src/ui/editor|base settings core import import/quantise edit assets audio ui ui/document ui/text ui/roll ui/transform"
     "src/ui/importing|base settings core import edit song song/preview assets audio ui ui/report"
-    "src/app/services|base settings core import song song/journal assets audio ui ui/tracks ui/editor"
+    "src/app/services|base settings core import song song/journal check edit assets audio ui ui/tracks ui/editor"
     "src/app/commands|base settings core import import/quantise song song/preview assets audio ui ui/timeline ui/tracks ui/song ui/report ui/preferences ui/importing app/services"
     "src/app/exporting|base settings core song assets audio audio/render audio/sound export ui ui/tracks app/services app/commands"
     "src/app/recovery|base core song song/journal ui ui/tracks app/services app/commands"
-    "src/app|base settings core song assets audio audio/engine ui ui/timeline ui/tracks ui/song ui/report app/services app/commands app/exporting app/recovery audio/render"
-    "tools/cli|base settings core import import/quantise song assets assets/package audio audio/render audio/sound audio/engine export"
+    "src/app|base settings core edit check song assets audio audio/engine ui ui/timeline ui/tracks ui/song ui/report ui/checks app/services app/commands app/exporting app/recovery audio/render"
+    "tools/cli|base settings core import import/quantise song edit check assets assets/package audio audio/render audio/sound audio/engine export"
     "tools/demogame|")
 set(LAYERS_WITHOUT_QT "src/audio/sound" "src/audio/engine")
 

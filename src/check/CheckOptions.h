@@ -1,9 +1,17 @@
 #pragma once
 
+#include "settings/SettingsTable.h"
+
+#include <functional>
+
 // What is still right, by the player's choice.
 struct CheckOptions
 {
     int mostSemitones = 7;   // between a note and its sample
     int mostNotesAtOnce = 0; // of a part; 0: any number
+    int mostCharacters = 0;  // of a part's text; 0: any number
     int mostFindings = 500;  // of one kind that are kept of a part
+
+    bool operator==(const CheckOptions &) const = default;
 };
+CheckOptions checkOptions(const std::function<QVariant(SettingsTable::Setting)> &setting);

@@ -14,6 +14,7 @@ enum class FindingKind : quint8 {
     PickUp,
     BarLineSilence,
     BarLineOverlap,
+    LongText,
     // in its notes
     EmptyPart,
     ManyNotes,

@@ -1,9 +1,13 @@
 #include "check/InstrumentCheck.h"
 
+#include "assets/InstrumentGuess.h"
 #include "check/NoteCheck.h"
 #include "core/AbcParser.h"
+#include "core/HeaderFields.h"
 #include "core/KeyTable.h"
 #include "edit/NoteText.h"
+
+#include <QCoreApplication>
 
 #include <array>
 #include <cmath>
@@ -52,21 +56,55 @@ QStringList valuesOf(FindingKind kind, quint32 pitch, const Pitches &pitches, co
     return {note, kind == FindingKind::NoSample ? instrument : QString::number(qRound(pitches.semitones(pitch)))};
 }
 
+// Of the name in the header's field "I:Instrument:"; empty when it is not there.
+TextRange nameInHeader(const QString &text, const QString &name)
+{
+    const auto field = QStringLiteral("Instrument:");
+    const auto body = text.indexOf(QStringLiteral("\nK:"));
+    const auto at = int(text.indexOf(field));
+    const auto begin = at < 0 ? -1 : int(text.indexOf(name, at + field.size()));
+    return begin < 0 || (body >= 0 && begin > body) ? TextRange{} : TextRange{begin, int(name.size())};
+}
+
+// Only a name that holds the instrument's own is a slip of the pen.
+Finding unknownInstrument(const TextCheck &part, const QString &name, const InstrumentSet &instruments)
+{
+    Finding finding{FindingKind::UnknownInstrument, nameInHeader(part.text, name), -1, {name, {}}};
+    const auto guess = guessInstrument({name}, {}, instruments);
+    if (!guess || guess->basis != GuessBasis::Name)
+        return finding;
+    finding.values[1] = u' ' + QCoreApplication::translate("Finding", "There is “%1”.").arg(guess->name);
+    if (!finding.range.isEmpty())
+        finding.fix = {{finding.range, guess->name}};
+    return finding;
+}
+
+void checkSamples(const TextCheck &part, const Instrument &instrument, const CheckOptions &options,
+                  QVector<Finding> &findings)
+{
+    const Pitches pitches(instrument.tuning, options);
+    std::array<int, findingKindCount> counts{};
+    for (const auto &note : part.track.events()) {
+        const auto kind = note.isNote() ? pitches.kind(note.pitch()) : std::nullopt;
+        if (kind && counts[size_t(*kind)]++ < options.mostFindings)
+            findings.append(
+                {*kind, textOf(note, part), note.start(), valuesOf(*kind, note.pitch(), pitches, instrument.name)});
+    }
+}
+
 } // namespace
 
 QVector<Finding> checkInstrument(const TextCheck &part, const QString &instrument, const InstrumentSet &instruments,
                                  const CheckOptions &options)
 {
-    const auto name = instrument.isEmpty() && !instruments.isEmpty() ? instruments.names().first() : instrument;
-    if (!instruments.contains(name))
-        return {{FindingKind::UnknownInstrument, {}, -1, {name}}};
-    const Pitches pitches(instruments.instrument(name).tuning, options);
-    std::array<int, findingKindCount> counts{};
+    const auto name = instrument.isEmpty() ? instruments.names().value(0) : instrument;
+    const auto named = HeaderFields::instrumentName(part.track.headerFields(QStringLiteral("I")));
     QVector<Finding> findings;
-    for (const auto &note : part.track.events()) {
-        const auto kind = note.isNote() ? pitches.kind(note.pitch()) : std::nullopt;
-        if (kind && counts[size_t(*kind)]++ < options.mostFindings)
-            findings.append({*kind, textOf(note, part), note.start(), valuesOf(*kind, note.pitch(), pitches, name)});
-    }
+    if (!named.isEmpty() && !instruments.contains(named))
+        findings.append(unknownInstrument(part, named, instruments));
+    if (instruments.contains(name))
+        checkSamples(part, instruments.instrument(name), options, findings);
+    else if (name != named)
+        findings.append(unknownInstrument(part, name, instruments));
     return findings;
 }

@@ -1,6 +1,7 @@
 #include "check/PartCheck.h"
 
 #include "check/InstrumentCheck.h"
+#include "check/LengthCheck.h"
 #include "check/NoteCheck.h"
 
 PartCheck checkPart(const QString &text, const QString &instrument, const InstrumentSet &instruments,
@@ -8,6 +9,7 @@ PartCheck checkPart(const QString &text, const QString &instrument, const Instru
 {
     auto part = checkText(text, options, stop);
     auto findings = std::move(part.findings);
+    findings += checkLength(part, options);
     findings += checkNotes(part, options);
     if (!instruments.isEmpty())
         findings += checkInstrument(part, instrument, instruments, options);

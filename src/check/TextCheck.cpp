@@ -78,6 +78,7 @@ TextCheck checkText(const QString &text, const CheckOptions &options, const std:
     TextFindings out(text, options);
     TextRules rules(out);
     TextCheck check;
+    check.text = text;
     check.track = parseAbc(text, stop, &rules);
     rules.textEnds(check.track);
     check.lines = out.lines();

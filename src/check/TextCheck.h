@@ -10,6 +10,7 @@
 // other part.
 struct TextCheck
 {
+    QString text;
     Track track;               // of the text without what is refused
     QVector<int> lines;        // where the lines of the text begin
     Ticks length = 0;          // with the rests at the end

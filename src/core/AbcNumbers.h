@@ -3,7 +3,7 @@
 #include "core/AbcTokenizer.h"
 #include "core/Ticks.h"
 
-// The numbers in ABC tokens. Private to AbcParser.
+// The numbers in ABC tokens.
 
 // A factor of lengths.
 struct AbcRatio

@@ -67,8 +67,11 @@ const std::array<Row, settingCount> &rows()
         {ExportQuality, "export/quality", Type::Integer, "7"},
         {ExportFiles, "export/files", Type::Integer, "0"}, // see RenderFiles
         {ExportNormalise, "export/normalise", Type::Boolean, "false"},
-        {SoundDevice, "sound/device", Type::Text, ""},         // its name; the system's default
-        {SoundBlock, "sound/blockFrames", Type::Integer, "0"}, // see OutputChoice
+        {SoundDevice, "sound/device", Type::Text, ""},                   // its name; the system's default
+        {SoundBlock, "sound/blockFrames", Type::Integer, "0"},           // see OutputChoice
+        {CheckSemitones, "check/mostSemitones", Type::Integer, "7"},     // see CheckOptions
+        {CheckNotesAtOnce, "check/mostNotesAtOnce", Type::Integer, "0"}, // 0: any number
+        {CheckCharacters, "check/mostCharacters", Type::Integer, "0"},
     }};
     return table;
 }

@@ -70,6 +70,9 @@ enum Setting {
     ExportNormalise,
     SoundDevice,
     SoundBlock,
+    CheckSemitones,
+    CheckNotesAtOnce,
+    CheckCharacters,
     settingCount
 };
 

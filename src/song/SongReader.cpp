@@ -2,6 +2,7 @@
 
 #include "base/Interrupted.h"
 #include "base/TextDecoding.h"
+#include "core/AbcListener.h"
 #include "core/AbcParser.h"
 #include "import/GameAbc.h"
 #include "import/ImportLimits.h"
@@ -88,6 +89,20 @@ private:
     int count_ = 0;
 };
 
+class PassingOver final : public AbcListener
+{
+public:
+    void bodyBegins(int, quint32) override {}
+    void token(const AbcToken &) override {}
+    void elementBegins(const AbcToken &, bool, bool) override {}
+    void note(const AbcToken &, const AbcPitch &) override {}
+    void elementEnds(const AbcToken &) override {}
+    void elementSounds(Ticks) override {}
+    void barLine(const AbcToken &, quint32, Ticks) override {}
+    void keyChange(const AbcToken &, quint32) override {}
+    bool refused(AbcRefusal, const AbcToken &, const AbcToken &) override { return true; }
+};
+
 class SourceReader
 {
 public:
@@ -111,6 +126,8 @@ private:
     void readBytes(const QByteArray &bytes);
     void take(ImportResult result);
     void add(Track track, const PartReport &report, int tune = -1);
+    bool passesOver() const { return options_.refused == ReadingOptions::Refused::IsPassedOver; }
+    Track parsePassingOver(const QString &text) const;
     bool areToBeShown() const { return options_.tracks == ReadingOptions::Tracks::ToBeShown; }
     void readMidi(const QByteArray &bytes)
     {
@@ -266,10 +283,18 @@ void SourceReader::readGameAbc(const QString &text)
     errors.throwIfAny();
 }
 
+Track SourceReader::parsePassingOver(const QString &text) const
+{
+    PassingOver listener;
+    return parseAbc(text, stop_, &listener);
+}
+
 void SourceReader::readTune(const QString &text)
 {
     PartReport report;
-    auto track = areToBeShown() ? parseAbcWithReport(text, report, stop_) : parseAbc(text, stop_);
+    auto track = passesOver()     ? parsePassingOver(text)
+                 : areToBeShown() ? parseAbcWithReport(text, report, stop_)
+                                  : parseAbc(text, stop_);
     add(std::move(track), report);
 }
 
@@ -279,7 +304,7 @@ void SourceReader::readSong(const QByteArray &bytes, const QString &folder)
     TuneErrors errors;
     for (const auto &part : qAsConst(song_.song->parts)) {
         try {
-            add(SongParts::trackOf(part, stop_), {});
+            add(passesOver() ? parsePassingOver(part.abc) : SongParts::trackOf(part, stop_), {});
         } catch (const QString &message) {
             add(SongParts::silentTrackOf(part), {});
             errors.add(message);

@@ -34,6 +34,11 @@ struct ReadingOptions
     // it, and imported tracks without notes are left out.
     enum class Tracks { AsRead, ToBeShown };
     Tracks tracks = Tracks::AsRead;
+
+    // What the game's reader refuses in a tune or a part of a song is an error, or is passed over: the track has the
+    // rest, and all of the text.
+    enum class Refused { IsAnError, IsPassedOver };
+    Refused refused = Refused::IsAnError;
 };
 ReadingOptions readingOptions(const std::function<QVariant(SettingsTable::Setting)> &setting);
 

@@ -1,5 +1,8 @@
 #include "check/FindingKinds.h"
 #include "check/PartCheck.h"
+#include "check/UnitLengthChange.h"
+#include "core/AbcParser.h"
+#include "support/DescribeTrack.h"
 #include "support/Rows.h"
 
 namespace {
@@ -101,6 +104,25 @@ private slots:
         QVERIFY(checkPart(text, QStringLiteral("Kazoo"), {}).findings.isEmpty()); // nothing is known yet
         const auto unknown = checkPart(text, QStringLiteral("Kazoo %1"), lute()).findings;
         QCOMPARE(sentenceOf(unknown.first()), QStringLiteral("The game has no instrument “Kazoo %1”."));
+        const auto named = QStringLiteral("X:1\nI:Instrument:Old Lute\nK:C\nC");
+        QCOMPARE(fixedText(named, checkPart(named, {}, lute()).findings),
+                 QStringLiteral("X:1\nI:Instrument:Lute\nK:C\nC"));
+    }
+
+    void shortensTexts_data()
+    {
+        const Rows<QString, QString> row("text", "shorter");
+        row("fields are added", "K:C\nC/2D/2 z/2Z|[E/4z/2]2\n", "L:1/8\nQ:1/4=120\nK:C\nCD zZ|[E/z]2\n");
+        row("fields are changed", "L: 1/4 % x\nQ:90\nK:C\n.C/-C/(3D/E/F/[Q:60]C/>C/[Q:1/2=60]^c'/{G/}[CE]/\n",
+            "L: 1/8 % x\nQ:1/4=90\nK:C\n.C-C(3DEF[Q:1/4=60]C>C[Q:1/2=60]^c'{G/}[C2E2]/\n");
+    }
+
+    void shortensTexts()
+    {
+        QFETCH(QString, text);
+        const auto fixed = applyChanges(text, withUnitLength(text, shortestUnitLength(text)));
+        QTEST(fixed, "shorter");
+        QCOMPARE(describe(parseAbc(fixed)), describe(parseAbc(text)));
     }
 
     void comparesParts()

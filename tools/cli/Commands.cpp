@@ -1,5 +1,6 @@
 #include "Commands.h"
 
+#include "Check.h"
 #include "Completion.h"
 #include "Convert.h"
 #include "Inspect.h"
@@ -27,6 +28,8 @@ const std::vector<Command> &allCommands()
         {"render", "INPUT…", "game output=OUT.wav|flac|ogg|opus|mp3",
          "files bits quality loop normalise instrument mods force transforms",
          "Plays all parts with the game's instruments into a sound file.", 1, any, Game, render},
+        {"check", "INPUT…", "game", "json instrument mods transforms",
+         "Tells what the game would not play as it is meant, in each input, which is a song.", 1, any, Game, check},
         {"song", "INPUT…", "output=FILE.kvsong", "title force transforms",
          "Puts all parts into one song file, for the window.", 1, any, Game, writeSong},
         {"inspect", "INPUT", "", "transforms", "Prints parts, fields and notes as JSON.", 1, 1, Game, inspect},

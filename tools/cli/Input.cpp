@@ -1,6 +1,6 @@
 #include "Input.h"
 
-#include "Messages.h"
+#include "base/ErrorText.h"
 
 #include <QFile>
 
@@ -16,32 +16,61 @@ SongSource standardInput()
 
 } // namespace
 
-std::optional<ReadSong> readInput(const QString &path, const Arguments &arguments, bool &failed)
+InputReading readOne(const QString &path, const Arguments &arguments, ReadingOptions::Refused refused)
 {
-    ReadSong song;
-    const auto read = [&] {
+    InputReading reading{path, {}, {}};
+    try {
         auto options = readingOptions([&](auto setting) { return arguments.setting(setting); });
         options.abc = arguments.reading;
-        song = readSource(path == u"-" ? standardInput() : sourceOf(path), options);
-        for (const auto &error : song.errors)
-            throw error.text; // a source has no more than one
-    };
-    if (runOrPrint(path, read))
-        return song;
-    failed = true;
-    return song.tracks.isEmpty() ? std::nullopt : std::optional(song);
+        options.refused = refused;
+        reading.song = readSource(path == u"-" ? standardInput() : sourceOf(path), options);
+        for (const auto &error : qAsConst(reading.song.errors))
+            reading.failures.append(error.text);
+    } catch (...) {
+        reading.failures.append(currentErrorText());
+    }
+    return reading;
+}
+
+namespace {
+
+// Prints what could not be read.
+std::optional<ReadSong> taken(const InputReading &reading, bool &failed)
+{
+    for (const auto &failure : reading.failures) {
+        printFailure(reading.path, failure);
+        failed = true;
+    }
+    const bool isThere = reading.failures.isEmpty() || !reading.song.tracks.isEmpty();
+    return isThere ? std::optional(reading.song) : std::nullopt;
+}
+
+} // namespace
+
+std::optional<ReadSong> readInput(const QString &path, const Arguments &arguments, bool &failed)
+{
+    return taken(readOne(path, arguments), failed);
 }
 
 QVector<NamedInput> readInputs(const Arguments &arguments, bool &failed)
 {
     QVector<NamedInput> inputs;
-    const auto total = int(arguments.inputs.size());
-    for (int done = 0; done < total; ++done) {
-        const auto &path = arguments.inputs[done];
-        printProgress(done, total);
-        if (auto song = readInput(path, arguments, failed))
-            inputs.append({path, *std::move(song)});
-    }
-    printProgress(total, total);
+    forEachInput<InputReading>(
+        arguments, [&](const QString &path) { return readOne(path, arguments); },
+        [&](const InputReading &reading) {
+            if (auto song = taken(reading, failed))
+                inputs.append({reading.path, *std::move(song)});
+        });
     return inputs;
+}
+
+void applyTransforms(ReadSong &song, const Arguments &arguments)
+{
+    const auto before = song.tracks.size();
+    for (const auto &transform : arguments.transforms)
+        song.tracks = transform(song.tracks);
+    if (song.tracks.size() == before)
+        return;
+    song.parts = QVector<PartReport>(song.tracks.size());
+    song.songParts.clear();
 }

@@ -215,6 +215,9 @@ const std::vector<SettingHelp> &settingsHelp()
         {AbcGraceNotes, "grace notes of standard ABC sound, instead of being left out"},
         {AbcPlayChordNames, "chord names of standard ABC become a part, instead of a remark"},
         {AbcTempoInQuarters, "a tempo alone, \"Q:120\", counts quarter notes, instead of unit notes"},
+        {CheckSemitones, "how far a note may be from its sample, for check"},
+        {CheckNotesAtOnce, "how many notes of a part may sound at once, for check; 0: any number"},
+        {CheckCharacters, "how long the text of a part may be, for check; 0: any length"},
         {ProgramInstrument, "instruments for MIDI programs, as lines PROGRAM=NAME (128: percussion)"},
     };
     return table;

@@ -2,12 +2,10 @@
 
 #include "Instruments.h"
 #include "Messages.h"
+#include "PartInstruments.h"
 #include "Parts.h"
-#include "assets/InstrumentGuess.h"
-#include "assets/ProgramInstruments.h"
 #include "audio/engine/BuiltinEngine.h"
 #include "audio/render/TrackRenderer.h"
-#include "import/ProgramNames.h"
 
 #include <QEventLoop>
 #include <QFileInfo>
@@ -16,41 +14,6 @@
 #include <array>
 
 namespace {
-
-struct Part
-{
-    const SongPart &song;
-    const Track &track;
-    const PartReport &report;
-};
-
-std::optional<int> programOf(const PartReport &report)
-{
-    return report.isPercussion ? ProgramInstruments::percussion : report.program;
-}
-
-QString nameOf(const PartReport &report)
-{
-    return report.isPercussion ? QStringLiteral("Percussion")
-           : report.program    ? programName(*report.program)
-                               : QString();
-}
-
-// By the part's program, titles and notes; empty when that says nothing. A guess that is more than the first of the
-// catalogue is printed.
-QString guessFor(const Part &part, const InstrumentSet &instruments)
-{
-    const auto titles = QStringList{nameOf(part.report), part.song.name} + part.track.headerFields(QStringLiteral("T"));
-    const auto guess = guessInstrument(titles, part.track.pitchCounts(), instruments);
-    if (!guess)
-        return {};
-    constexpr std::array reasons{"its name", "its kind", "its range"};
-    if (guess->basis != GuessBasis::Range || guess->name != instruments.names().first()) {
-        printFailure(part.song.name, QStringLiteral("No instrument is given; playing %1, chosen by %2.")
-                                         .arg(guess->name, QLatin1String(reasons[size_t(guess->basis)])));
-    }
-    return guess->name;
-}
 
 class Rendering
 {
@@ -64,8 +27,7 @@ private:
     SoundCoding coding() const;
     QStringList heardParts(const Parts &parts) const;
     RenderPlan planFor(const Parts &parts) const;
-    QString fallbackFor(const Part &part, const InstrumentSet &instruments) const;
-    Instrument instrumentFor(const Part &part, const InstrumentSet &instruments) const;
+    Instrument instrumentFor(const PlayedPart &part, const InstrumentSet &instruments) const;
     void addParts(TrackRenderer &renderer, const Parts &parts, const InstrumentSet &instruments) const;
     void renderParts(const Parts &parts, const InstrumentSet &instruments);
     void showProgress(quint64 tick, quint64 total);
@@ -159,28 +121,19 @@ RenderPlan Rendering::planFor(const Parts &parts) const
     return plan.isPlainWave() ? RenderPlan::wave(arguments_.output) : plan;
 }
 
-// For a part that names no instrument: what the settings have for its program, or a guess.
-QString Rendering::fallbackFor(const Part &part, const InstrumentSet &instruments) const
+// A guess that is more than the first of the catalogue is printed.
+Instrument Rendering::instrumentFor(const PlayedPart &part, const InstrumentSet &instruments) const
 {
-    if (!arguments_.instrument.isEmpty())
-        return arguments_.instrument;
-    const ProgramInstruments chosen(arguments_.setting(SettingsTable::ProgramInstrument).toString());
-    const auto program = programOf(part.report);
-    if (const auto name = program ? chosen.instrument(*program) : QString(); instruments.contains(name))
-        return name;
-    const auto guess = part.song.instrument.isEmpty() ? guessFor(part, instruments) : QString();
-    return guess.isEmpty() ? instruments.names().value(0) : guess;
-}
-
-Instrument Rendering::instrumentFor(const Part &part, const InstrumentSet &instruments) const
-{
-    const auto &name = part.song.instrument;
-    if (instruments.contains(name))
-        return instruments.instrument(name);
-    const auto fallback = fallbackFor(part, instruments);
-    if (!name.isEmpty())
-        printFailure(part.song.name, QStringLiteral("Instrument '%1' not found; playing %2.").arg(name, fallback));
-    return instruments.instrument(fallback);
+    const auto &named = part.song.instrument;
+    const auto choice = instrumentOf(part, arguments_, instruments);
+    if (!named.isEmpty() && choice.name != named)
+        printFailure(part.song.name, QStringLiteral("Instrument '%1' not found; playing %2.").arg(named, choice.name));
+    constexpr std::array reasons{"its name", "its kind", "its range"};
+    const auto guess = choice.guess;
+    if (guess && (*guess != GuessBasis::Range || choice.name != instruments.names().first()))
+        printFailure(part.song.name, QStringLiteral("No instrument is given; playing %1, chosen by %2.")
+                                         .arg(choice.name, QLatin1String(reasons[size_t(*guess)])));
+    return instruments.instrument(choice.name);
 }
 
 void Rendering::addParts(TrackRenderer &renderer, const Parts &parts, const InstrumentSet &instruments) const
