@@ -2,6 +2,7 @@
 
 #include "app/services/SongSession.h"
 #include "ui/editor/AbcEditorWindow.h"
+#include "ui/editor/StepEntry.h"
 
 namespace {
 
@@ -51,6 +52,30 @@ void EditorWindows::openAt(const QString &trackId, Ticks tick)
     open(trackId);
     if (const auto window = windows_.value(trackId))
         window->document().setCaretTick(tick);
+}
+
+QString EditorWindows::trackInFront() const
+{
+    for (auto each = windows_.cbegin(); each != windows_.cend(); ++each) {
+        if (*each && (*each)->isActiveWindow())
+            return each.key();
+    }
+    return {};
+}
+
+void EditorWindows::pressKey(int pitch)
+{
+    if (const auto window = windows_.value(trackInFront()))
+        window->stepEntry().press(pitch);
+}
+
+// Wherever it was pressed.
+void EditorWindows::releaseKey(int pitch)
+{
+    for (const auto &window : std::as_const(windows_)) {
+        if (window)
+            window->stepEntry().release(pitch);
+    }
 }
 
 void EditorWindows::addWindow(const QString &trackId)

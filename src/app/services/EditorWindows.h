@@ -27,6 +27,11 @@ public:
 
     void open(const QString &trackId);
     void openAt(const QString &trackId, Ticks tick); // with the caret there
+    // Whose editor is active; empty: none.
+    QString trackInFront() const;
+    // Of a MIDI keyboard; they enter notes in the editor that is active.
+    void pressKey(int pitch);
+    void releaseKey(int pitch);
     // Adds what was edited of a track that was removed; the editor belongs to the new track from then on.
     void bringBack(const QString &trackId, const Track &track);
     // Those of tracks that are gone, whose changes no song has, ask about them; false when one stays open. The others

@@ -158,6 +158,11 @@ bool EditorDocument::removeNotes(const QVector<int> &notes, const QString &name)
     return edit(removal, name);
 }
 
+void EditorDocument::replaceRange(TextRange range, const QString &text, const QString &name)
+{
+    replaceRanges({{range, text}}, name);
+}
+
 void EditorDocument::replaceText(const QString &text, const QString &name)
 {
     const auto old = text_.toPlainText();

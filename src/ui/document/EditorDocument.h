@@ -67,6 +67,9 @@ public:
     // Exchanges the whole text as one undo step, for transformations. The caret stays on its line.
     void replaceText(const QString &text, const QString &name);
 
+    // Exchanges a part of the text as one undo step.
+    void replaceRange(TextRange range, const QString &text, const QString &name);
+
     bool canUndo() const { return text_.isUndoAvailable(); }
     bool canRedo() const { return text_.isRedoAvailable(); }
     QString undoName() const; // of the step that undo() would take back

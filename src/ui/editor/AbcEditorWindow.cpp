@@ -6,6 +6,7 @@
 #include "ui/editor/EditorPlayback.h"
 #include "ui/editor/EditorStatus.h"
 #include "ui/editor/EditorTransforms.h"
+#include "ui/editor/StepEntry.h"
 #include "ui/roll/PianoRoll.h"
 #include "ui/text/AbcTextEdit.h"
 #include "ui/text/FindBar.h"
@@ -25,8 +26,8 @@ AbcEditorWindow::AbcEditorWindow(Settings &settings, Dialogs &dialogs, TrackPlay
       playback_(new EditorPlayback(document_, player, this)),
       transforms_(new EditorTransforms(document_, settings, dialogs, *this)), text_(new AbcTextEdit(document_)),
       actions_(new EditorActions(*this, *text_)), roll_(new PianoRoll(document_, settings)),
-      findBar_(new FindBar(*text_, settings)), problems_(new ProblemList(document_)),
-      status_(new EditorStatus(document_))
+      stepEntry_(new StepEntry(document_, *text_, *roll_, this)), findBar_(new FindBar(*text_, settings)),
+      problems_(new ProblemList(document_)), status_(new EditorStatus(document_))
 {
     setWindowIcon(QIcon(QStringLiteral(":/icons/appicon.png")));
     createViews();
@@ -96,6 +97,7 @@ void AbcEditorWindow::createMenus()
     auto *const notes = menuBar()->addMenu(tr("&Notes"));
     notes->addActions(QList<QAction *>(roll_->actions().editActions().begin(), roll_->actions().editActions().end()));
     notes->addSeparator();
+    notes->addAction(stepEntry_->action());
     auto *const snap = notes->addMenu(QIcon(QStringLiteral(":/icons/snap.png")), tr("S&nap"));
     snap->addActions(QList<QAction *>(roll_->actions().snapActions().begin(), roll_->actions().snapActions().end()));
     add(tr("T&ransform"), Id::QuickRealign, Id::ChangeKey);

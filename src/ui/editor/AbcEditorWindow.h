@@ -16,6 +16,7 @@ class ProblemList;
 class QLabel;
 class QSlider;
 class Settings;
+class StepEntry;
 class TrackPlayer;
 
 // The editor of one track: its ABC text, the same notes as a piano roll, and playback of both. Nothing reaches the song
@@ -35,6 +36,7 @@ public:
 
     EditorDocument &document() { return document_; }
     EditorPlayback &playback() { return *playback_; }
+    StepEntry &stepEntry() { return *stepEntry_; }
 
 signals:
     void applied(const Track &track);
@@ -73,6 +75,7 @@ private:
     AbcTextEdit *text_;
     EditorActions *actions_;
     PianoRoll *roll_;
+    StepEntry *stepEntry_;
     FindBar *findBar_;
     ProblemList *problems_;
     EditorStatus *status_;

@@ -194,6 +194,18 @@ void RollCommands::insertNote(const NoteSpec &note)
     emit cursorCarried(int(note.pitch));
 }
 
+void RollCommands::insertChordAtCursor(const QVector<quint32> &pitches)
+{
+    const auto length = newNoteLength();
+    QVector<NoteSpec> notes;
+    for (const auto pitch : pitches)
+        notes.append({state_.cursor, length, pitch});
+    const auto end = state_.cursor + length;
+    document_.update();
+    document_.insertNotes(notes, tr("Enter Notes"));
+    placeCursor(end, int(pitches.last()));
+}
+
 void RollCommands::removeSelected()
 {
     document_.update();

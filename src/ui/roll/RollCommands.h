@@ -45,6 +45,7 @@ public:
     // At the cursor, as long as the note last drawn or resized. The cursor goes to its end.
     void insertAtCursor();
     void insertNote(const NoteSpec &note);
+    void insertChordAtCursor(const QVector<quint32> &pitches); // playable ones
     Ticks newNoteLength() const;
 
     void removeSelected();

@@ -1,6 +1,7 @@
 #include "support/DescribeTrack.h"
 #include "ui/EditorFixture.h"
 #include "ui/editor/EditorPlayback.h"
+#include "ui/editor/StepEntry.h"
 #include "ui/roll/PianoRoll.h"
 
 #include <QDialogButtonBox>
@@ -72,6 +73,45 @@ private slots:
         QCOMPARE(editor.body(), QStringLiteral("C D [EG] F\n"));
         document.setCaretTick(2 * ticksPerQuarter);
         QVERIFY(editor.plainText().mid(editor.text->textCursor().position()).startsWith(QStringLiteral("[EG]")));
+    }
+
+    void entersWhatIsPlayed_data()
+    {
+        const Rows<QString, QString, QString, QString, int> row("view", "body", "keys", "result", "caret");
+        row("text: notes and a chord", "text", "C D\n", "60 64,60,67 61", "C D C [CEG] ^C\n", 3);
+        row("text: what holds in the measure", "text", "^C D | E\n", "61 60 61", "^C D C =C ^C | E\n", 4);
+        row("text: in the middle of a note", "text", "C2D2\n", "64", "C2 ED2\n", 1);
+        row("text: behind a comment", "text", "C % end", "64", "C % end\nE", 7);
+        row("text: not of the instruments", "text", "C\n", "5 120", "C\n", 1);
+        row("roll", "roll", "C D E F\n", "72 64,67", "[Cc] [DEG] E F\n", 0);
+    }
+
+    // Keys of a chord are joined by commas.
+    void entersWhatIsPlayed()
+    {
+        QFETCH(QString, view);
+        QFETCH(QString, body);
+        QFETCH(QString, keys);
+        QFETCH(int, caret);
+        EditorFixture editor(body);
+        editor.show();
+        auto &entry = editor.window.stepEntry();
+        entry.press(60); // while it is off
+        entry.release(60);
+        editor.trigger("actionStepEntry");
+        editor.trigger("actionShowRoll");
+        editor.child<QWidget>(view == u"roll" ? "pianoRoll" : "abcText")->setFocus();
+        editor.select(caret, caret);
+        for (const auto &chord : keys.split(u' ')) {
+            for (const auto &key : chord.split(u','))
+                entry.press(key.toInt());
+            for (const auto &key : chord.split(u','))
+                entry.release(key.toInt());
+        }
+        QTEST(editor.body(), "result");
+        for (int i = 0; i < keys.split(u' ').size(); ++i) // each is a step
+            editor.trigger("actionUndo");
+        QCOMPARE(editor.body(), body);
     }
 
     void commandsSayWhetherTheyCan()
