@@ -22,6 +22,7 @@ set(LAYERS
     "src/audio|base core assets assets/package audio/sound audio/samples"
     "src/audio/render|base core audio audio/sound"
     "src/audio/engine|audio/AudioEngine.h audio/OutputControl.h audio/sound"
+    "src/midi|base"
     "src/export|base core import assets audio/TempoMap.h"
     "src/ui|base settings assets"
     "src/ui/timeline|base core ui"
@@ -29,7 +30,7 @@ set(LAYERS
     "src/ui/song|base settings core import song assets ui ui/timeline ui/tracks"
     "src/ui/report|settings core import song ui"
     "src/ui/checks|core check"
-    "src/ui/preferences|base settings import assets audio/OutputControl.h ui"
+    "src/ui/preferences|base settings import assets audio/OutputControl.h midi ui"
     "src/ui/document|base core edit assets"
     "src/ui/text|base settings core edit ui ui/document"
     "src/ui/roll|base settings core edit ui ui/timeline ui/document"
@@ -40,7 +41,8 @@ set(LAYERS
     "src/app/commands|base settings core import import/quantise song song/preview assets audio ui ui/timeline ui/tracks ui/song ui/report ui/preferences ui/importing app/services"
     "src/app/exporting|base settings core song assets audio audio/render audio/sound export ui ui/tracks app/services app/commands"
     "src/app/recovery|base core song song/journal ui ui/tracks app/services app/commands"
-    "src/app|base settings core edit check song assets audio audio/engine ui ui/timeline ui/tracks ui/song ui/report ui/checks app/services app/commands app/exporting app/recovery audio/render"
+    "src/app/keyboard|base settings core song assets audio midi ui ui/tracks ui/editor import edit import/quantise app/services"
+    "src/app|base settings core edit check song assets audio midi audio/engine ui ui/timeline ui/tracks ui/song ui/report ui/checks app/services app/commands app/exporting app/recovery app/keyboard audio/render"
     "tools/cli|base settings core import import/quantise song edit check assets assets/package audio audio/render audio/sound audio/engine export"
     "tools/demogame|")
 set(LAYERS_WITHOUT_QT "src/audio/sound" "src/audio/engine")

@@ -46,6 +46,8 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
     : QMainWindow(parent), settings_(services.settings), dialogs_(services.dialogs), sound_(services.output, settings_),
       player_(services.makeEngine, this), playback_(tracks_, instruments_, player_),
       editors_(session_, tracks_, playback_, settings_, dialogs_, services.makeEngine, this),
+      keyboard_({settings_, player_, tracks_, playback_, editors_},
+                services.makeMidiInput ? services.makeMidiInput() : nullptr),
       journal_(session_, services.journalFolder), updates_(services.updateAddress),
       rows_(new TrackRows(tracks_, instruments_, settings_, dialogs_, this)), area_(new SongArea(tracks_, rows_, this)),
       instrumentList_(new InstrumentComboBox(instruments_, this)), masterMeter_(new VUMeter(Qt::Horizontal, this)),
@@ -56,7 +58,7 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
       transportCommands_(context(), transport_, player_, *masterVolume_),
       export_(context(), services.makeFileEngine,
               services.journalFolder.isEmpty() ? QString() : services.journalFolder + QStringLiteral("/exports")),
-      notationExport_(context()), program_(context(), sound_.control()), status_(*this),
+      notationExport_(context()), program_(context(), {sound_.control(), &keyboard_.keyboard()}), status_(*this),
       reports_(new ImportReports(*this)),
       exportNote_(new ExportNote([this](const QString &folder) { dialogs_.openFolder(folder); }, this)),
       playbackView_(*rows_, *area_, *masterMeter_)
@@ -118,6 +120,7 @@ void MainWindow::connectParts()
     connect(&instrumentCommands_, &InstrumentCommands::scanned, &importQueue_, &ImportQueue::open);
     connect(&instrumentCommands_, &InstrumentCommands::scanned, &songs_, &SongCommands::begin);
     connect(&instrumentCommands_, &InstrumentCommands::scanned, this, &MainWindow::showStandIn);
+    connect(&instrumentCommands_, &InstrumentCommands::scanned, &keyboard_, &LiveKeyboard::chooseSound);
     connect(area_, &SongArea::seek, this, &MainWindow::onTrackSeek);
     connect(area_, &SongArea::loopChosen, this, &MainWindow::onLoopChosen);
     connect(area_, &SongArea::tempoFactorChanged, this, &MainWindow::onTempoFactorChanged);

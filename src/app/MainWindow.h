@@ -14,6 +14,7 @@
 #include "app/commands/WindowActions.h"
 #include "app/exporting/ExportCommands.h"
 #include "app/exporting/NotationExport.h"
+#include "app/keyboard/LiveKeyboard.h"
 #include "app/recovery/SessionJournal.h"
 #include "app/recovery/SongRecovery.h"
 #include "app/services/ChangedFiles.h"
@@ -48,6 +49,7 @@ struct WindowServices
     QUrl updateAddress = UpdateChecker::releaseAddress();
     QString journalFolder = {}; // of what survives a crash; empty: nothing does
     std::shared_ptr<OutputControl> output = std::make_shared<OutputControl>(); // that the engines share
+    std::unique_ptr<MidiInput> (*makeMidiInput)() = nullptr;                   // null: no keyboard is looked for
 };
 
 // The program's window: the tracks as a list of rows, with menus, toolbars and meters around it. It puts together what
@@ -196,6 +198,7 @@ private:
     Playback playback_;
     Transport transport_{tracks_, playback_};
     EditorWindows editors_;
+    LiveKeyboard keyboard_;
     SessionJournal journal_; // hears after the editors that a song is left
     UpdateChecker updates_;
     ChangedFiles changedFiles_;

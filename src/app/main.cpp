@@ -6,6 +6,7 @@
 #include "audio/engine/BuiltinEngine.h"
 #include "audio/engine/SoundDevices.h"
 #include "core/Track.h"
+#include "midi/SystemMidiInput.h"
 #include "settings/Settings.h"
 #include "ui/Dialogs.h"
 #include "ui/Theme.h"
@@ -95,7 +96,8 @@ int runWindow(Settings &settings, Dialogs &dialogs, const CommandLine &commandLi
                                   },
                                   UpdateChecker::releaseAddress(),
                                   isPicture ? QString() : journalFolder(),
-                                  control};
+                                  control,
+                                  isPicture ? nullptr : systemMidiInput};
     MainWindow window(services);
     window.show();
     window.openFiles(commandLine.files);

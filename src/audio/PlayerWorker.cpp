@@ -76,6 +76,7 @@ void PlayerWorker::openEngine()
 void PlayerWorker::closeEngine()
 {
     timer_.stop();
+    keys_.reset();
     preview_.reset();
     playing_.reset();
     samples_.reset();
@@ -122,6 +123,7 @@ void PlayerWorker::makePlaying()
         warn};
     playing_ = std::make_unique<PlayingTracks>(*engine_, checker_, *samples_, listener);
     preview_ = std::make_unique<PreviewNote>(*engine_, checker_, *samples_);
+    keys_ = std::make_unique<LiveKeys>(*engine_, checker_, *samples_);
 }
 
 void PlayerWorker::terminate()
@@ -146,6 +148,7 @@ void PlayerWorker::runPass()
     }
     playing_->pass();
     preview_->pass();
+    keys_->pass();
     check(engine_->update());
     reportOutput();
     restWhenIdle();
@@ -154,7 +157,7 @@ void PlayerWorker::runPass()
 // Before anything sounds.
 void PlayerWorker::wake()
 {
-    lastBusy_ = now_();
+    lastBusy_ = std::max(lastBusy_, now_());
     if (!std::exchange(isResting_, false))
         return;
     engine_->wake();
@@ -166,7 +169,7 @@ void PlayerWorker::restWhenIdle()
     constexpr qint64 patience = 2000; // until then every queue behind the engine has been heard
     const auto now = now_();
     if (!playing_->isIdle() || !samples_->isIdle() || engine_->playingVoices() > 0)
-        lastBusy_ = now;
+        lastBusy_ = std::max(lastBusy_, now);
     if (now - lastBusy_ <= patience || std::exchange(isResting_, true))
         return;
     timer_.stop();
@@ -220,6 +223,28 @@ void PlayerWorker::playPreviewNote(const Instrument &instrument, quint32 noteId)
 void PlayerWorker::stopPreviewNote()
 {
     withEngine([this] { preview_->stop(); });
+}
+
+void PlayerWorker::setKeySound(const Instrument &instrument, float volume)
+{
+    keyInstrument_ = instrument;
+    keyVolume_ = volume;
+}
+
+// Whoever plays finds the device open for a while.
+void PlayerWorker::pressKey(quint8 pitch, quint8 velocity)
+{
+    constexpr qint64 patience = 60'000;
+    withEngine([&] {
+        wake();
+        lastBusy_ = now_() + patience;
+        keys_->press(keyInstrument_, pitch, keyVolume_ * float(velocity) / 127);
+    });
+}
+
+void PlayerWorker::releaseKey(quint8 pitch)
+{
+    withEngine([&] { keys_->release(pitch); });
 }
 
 void PlayerWorker::playTrack(const PlayRequest &request)

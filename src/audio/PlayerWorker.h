@@ -1,5 +1,6 @@
 #pragma once
 
+#include "audio/LiveKeys.h"
 #include "audio/PlayingTracks.h"
 #include "audio/PreviewNote.h"
 
@@ -75,6 +76,11 @@ public slots: // [audio]
     void update();
     void playPreviewNote(const Instrument &instrument, quint32 noteId);
     void stopPreviewNote();
+    // What the keys sound, from the next one on. volume: linear.
+    void setKeySound(const Instrument &instrument, float volume);
+    // velocity: 1 to 127.
+    void pressKey(quint8 pitch, quint8 velocity);
+    void releaseKey(quint8 pitch);
     void playTrack(const PlayRequest &request);
     // In one go: what starts in one sync group begins at the same sample, when all has been loaded.
     void playTracks(const QVector<PlayRequest> &requests);
@@ -130,6 +136,9 @@ private: // [audio]
     std::unique_ptr<SampleFeed> samples_;
     std::unique_ptr<PlayingTracks> playing_;
     std::unique_ptr<PreviewNote> preview_;
+    std::unique_ptr<LiveKeys> keys_;
+    Instrument keyInstrument_;
+    float keyVolume_ = 1;
     bool isRenewalDue_ = false;
     QString engineWarning_; // to be told at the next start
     float masterVolume_ = 1;

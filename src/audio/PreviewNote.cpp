@@ -4,10 +4,11 @@
 
 #include <utility>
 
-void PreviewNote::play(const Instrument &instrument, quint32 pitch)
+void PreviewNote::play(const Instrument &instrument, quint32 pitch, float gain)
 {
     const auto entry = instrument.tuning.notes.value(pitch);
     awaited_ = SampleNeed{entry.files.value(0), entry.rate, endless, 0};
+    gain_ = gain;
     isStopped_ = false;
     fade_ = fadeSamples(instrument.tuning.fadeout, engine_.sampleRate());
     pass();
@@ -25,6 +26,7 @@ void PreviewNote::pass()
     voice.sound = found.sound;
     voice.start = engine_.clock();
     voice.ratio = found.ratio;
+    voice.gain = gain_;
     VoiceId id{};
     if (voice.sound && checker_.check(engine_, engine_.play(voice, id)))
         voice_ = id;

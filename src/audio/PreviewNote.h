@@ -7,7 +7,7 @@
 
 #include <optional>
 
-// The one note that a player sounds beside its tracks: at once, or as soon as its sample has been loaded. [audio]
+// A note that a player sounds beside its tracks: at once, or as soon as its sample has been loaded. [audio]
 class PreviewNote
 {
 public:
@@ -17,7 +17,7 @@ public:
     {
     }
 
-    void play(const Instrument &instrument, quint32 pitch);
+    void play(const Instrument &instrument, quint32 pitch, float gain = 1);
     void stop(); // fades over the instrument's time
     void pass();
 
@@ -26,6 +26,7 @@ private:
     ResultChecker &checker_;
     SampleFeed &feed_;
     std::optional<SampleNeed> awaited_;
+    float gain_ = 1;
     bool isStopped_ = false; // while it was awaited: a short note
     std::optional<VoiceId> voice_;
     DspClock fade_ = 0; // output samples

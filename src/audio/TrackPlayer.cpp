@@ -73,6 +73,21 @@ void TrackPlayer::stopPreviewNote()
     post(&PlayerWorker::stopPreviewNote);
 }
 
+void TrackPlayer::setKeySound(const Instrument &instrument, float volume)
+{
+    post(&PlayerWorker::setKeySound, instrument, volume);
+}
+
+void TrackPlayer::pressKey(quint8 pitch, quint8 velocity)
+{
+    post(&PlayerWorker::pressKey, pitch, velocity);
+}
+
+void TrackPlayer::releaseKey(quint8 pitch)
+{
+    post(&PlayerWorker::releaseKey, pitch);
+}
+
 void TrackPlayer::playTrack(const PlayRequest &request)
 {
     postUntilStopped(&PlayerWorker::playTrack, request);

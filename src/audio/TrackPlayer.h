@@ -40,6 +40,9 @@ public slots:
     void renewEngine();
     void playPreviewNote(const Instrument &instrument, quint32 noteId);
     void stopPreviewNote();
+    void setKeySound(const Instrument &instrument, float volume);
+    void pressKey(quint8 pitch, quint8 velocity); // [any]
+    void releaseKey(quint8 pitch);                // [any]
     void playTrack(const PlayRequest &request);
     void playTracks(const QVector<PlayRequest> &requests);
     void muteTrack(const QString &trackId, bool mute);

@@ -45,6 +45,7 @@ const std::array<Row, settingCount> &rows()
         {MasterVolume, "window/masterVolume", Type::Integer, "100"},
         {WindowGeometry, "window/geometry", Type::Text, ""}, // Base64, as is the next
         {WindowState, "window/state", Type::Text, ""},
+        {KeyboardPort, "sound/keyboard", Type::Text, ""},            // see MidiKeyboard
         {MidiVelocityGate, "midi/velocityGate", Type::Integer, "8"}, // notes struck softer are left out
         {MidiEndRestruck, "midi/endRestruck", Type::Boolean, "false"},
         {MidiSustainPedal, "midi/sustainPedal", Type::Boolean, "false"},

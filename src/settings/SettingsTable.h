@@ -46,6 +46,7 @@ enum Setting {
     MasterVolume,
     WindowGeometry,
     WindowState,
+    KeyboardPort,
     MidiVelocityGate,
     MidiEndRestruck,
     MidiSustainPedal,

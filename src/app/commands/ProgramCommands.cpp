@@ -20,7 +20,7 @@ QVector<ActionRow> ProgramCommands::actions()
 
 void ProgramCommands::editPreferences()
 {
-    PreferencesDialog(context_.settings, context_.dialogs, output_, context_.playback.instruments(), &context_.window)
+    PreferencesDialog(context_.settings, context_.dialogs, devices_, context_.playback.instruments(), &context_.window)
         .exec();
 }
 

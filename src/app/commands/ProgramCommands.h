@@ -2,7 +2,7 @@
 
 #include "app/commands/ActionRow.h"
 #include "app/commands/CommandContext.h"
-#include "audio/OutputControl.h"
+#include "ui/preferences/SoundPage.h"
 
 #include <QCoreApplication>
 #include <QVector>
@@ -13,8 +13,9 @@ class ProgramCommands
     Q_DECLARE_TR_FUNCTIONS(ProgramCommands)
 
 public:
-    // output: outlives it.
-    ProgramCommands(const CommandContext &context, OutputControl &output) : context_(context), output_(output) {}
+    ProgramCommands(const CommandContext &context, const SoundDevices &devices) : context_(context), devices_(devices)
+    {
+    }
 
     static QVector<ActionRow> actions();
 
@@ -27,5 +28,5 @@ public:
 
 private:
     CommandContext context_;
-    OutputControl &output_;
+    SoundDevices devices_;
 };

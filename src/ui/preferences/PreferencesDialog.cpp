@@ -54,7 +54,7 @@ QWidget *pageOf(const QString &groupTitle, QLayout *rows)
 
 } // namespace
 
-PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, OutputControl &output,
+PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, const SoundDevices &sound,
                                      const InstrumentSet &instruments, QWidget *parent)
     : QDialog(parent), settings_(settings), dialogs_(dialogs), selector_(new QListWidget), pages_(new QStackedWidget)
 {
@@ -80,7 +80,7 @@ PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, Outpu
     addPage(QStringLiteral("Midi Import"), QStringLiteral(":/icons/midiimport.png"), midiPage());
     addPage(tr("ABC Import"), QStringLiteral(":/icons/import.png"), abcPage());
     addPage(tr("Programs"), QStringLiteral(":/icons/applyinstrument.png"), programsPage(instruments));
-    addPage(tr("Sound"), QStringLiteral(":/icons/speaker-volume.png"), soundPage(output));
+    addPage(tr("Sound"), QStringLiteral(":/icons/speaker-volume.png"), soundPage(sound));
     addPage(QStringLiteral("Appearance"), QStringLiteral(":/icons/preferences.png"), appearancePage());
     selector_->setCurrentRow(0);
 
@@ -218,9 +218,9 @@ QWidget *PreferencesDialog::programsPage(const InstrumentSet &instruments)
     return programs;
 }
 
-QWidget *PreferencesDialog::soundPage(OutputControl &output)
+QWidget *PreferencesDialog::soundPage(const SoundDevices &devices)
 {
-    auto *const page = new SoundPage(settings_, output);
+    auto *const page = new SoundPage(settings_, devices);
     connect(page, &SoundPage::changed, this,
             qOverload<Settings::Setting, const QVariant &>(&PreferencesDialog::change));
     return page;

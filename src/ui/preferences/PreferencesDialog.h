@@ -8,7 +8,7 @@
 #include <QVector>
 
 class Dialogs;
-class OutputControl;
+struct SoundDevices;
 class ColourSwatch;
 enum class ImportKind;
 class QCheckBox;
@@ -25,7 +25,7 @@ class PreferencesDialog : public QDialog
 
 public:
     // instruments: what a program of MIDI can be played on.
-    PreferencesDialog(Settings &settings, Dialogs &dialogs, OutputControl &output,
+    PreferencesDialog(Settings &settings, Dialogs &dialogs, const SoundDevices &sound,
                       const InstrumentSet &instruments = {}, QWidget *parent = nullptr);
 
     void accept() override; // applies and closes
@@ -52,7 +52,7 @@ private:
     QWidget *importSettings(ImportKind kind);
     QLayout *foreignAbcRow();
     QWidget *programsPage(const InstrumentSet &instruments);
-    QWidget *soundPage(OutputControl &output);
+    QWidget *soundPage(const SoundDevices &devices);
     QWidget *appearancePage();
     QCheckBox *addCheckBox(Settings::Setting setting, const QString &name, const QString &text, const QString &tip,
                            Restart restart = Restart::NotNeeded);

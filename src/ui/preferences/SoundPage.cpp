@@ -1,5 +1,7 @@
 #include "ui/preferences/SoundPage.h"
 
+#include "ui/preferences/KeyboardGroup.h"
+
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
@@ -20,14 +22,19 @@ QString blockText(int frames)
 
 } // namespace
 
-SoundPage::SoundPage(const Settings &settings, OutputControl &output, QWidget *parent)
-    : QWidget(parent), output_(output), wantedDevice_(settings.value(Settings::SoundDevice).toString()),
+SoundPage::SoundPage(const Settings &settings, const SoundDevices &devices, QWidget *parent)
+    : QWidget(parent), output_(devices.output), wantedDevice_(settings.value(Settings::SoundDevice).toString()),
       wantedBlock_(settings.value(Settings::SoundBlock).toInt()), groups_(new QVBoxLayout(this)),
-      search_(output.findDevices())
+      search_(output_.findDevices())
 {
     groups_->setContentsMargins(0, 0, 0, 0);
     groups_->addStretch();
     addGroup(deviceGroup());
+    if (devices.keyboard) {
+        auto *const keyboard = new KeyboardGroup(settings, *devices.keyboard);
+        connect(keyboard, &KeyboardGroup::changed, this, &SoundPage::changed);
+        addGroup(keyboard);
+    }
     listDevices({});
     connect(device_, qOverload<int>(&QComboBox::activated), this,
             [this] { emit changed(Settings::SoundDevice, device_->currentData()); });

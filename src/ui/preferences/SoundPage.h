@@ -11,14 +11,23 @@ class QFormLayout;
 class QLabel;
 class QVBoxLayout;
 
+class MidiKeyboard;
+
+// What the page is about; all outlive it.
+struct SoundDevices
+{
+    OutputControl &output;
+    const MidiKeyboard *keyboard = nullptr; // null: none is spoken of
+};
+
 // The sound device that is wanted, and how it does now. Further groups come below.
 class SoundPage : public QWidget
 {
     Q_OBJECT
 
 public:
-    // Shows what is in the settings; both outlive it.
-    SoundPage(const Settings &settings, OutputControl &output, QWidget *parent = nullptr);
+    // Shows what is in the settings.
+    SoundPage(const Settings &settings, const SoundDevices &devices, QWidget *parent = nullptr);
 
     void addGroup(QWidget *group);
 

@@ -1,8 +1,8 @@
 #include "app/AnsweringDialogs.h"
-#include "audio/OutputControl.h"
 #include "support/Rows.h"
 #include "ui/preferences/ColourSwatch.h"
 #include "ui/preferences/PreferencesDialog.h"
+#include "ui/preferences/SoundPage.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -29,7 +29,7 @@ private slots:
         settings_ = std::make_unique<Settings>(directory_->filePath(QStringLiteral("Composer.cfg")));
         settings_->setValue(Settings::RootPath, QStringLiteral("/games/old"));
         changes_ = std::make_unique<QSignalSpy>(settings_.get(), &Settings::settingChanged);
-        dialog_ = std::make_unique<PreferencesDialog>(*settings_, *dialogs_, output_);
+        dialog_ = std::make_unique<PreferencesDialog>(*settings_, *dialogs_, SoundDevices{output_});
     }
 
     void cleanup()
@@ -144,7 +144,7 @@ private slots:
         for (const auto *const name : {"Drums", "Lute", "Violin"})
             instruments.add({QLatin1String(name), {}, {}});
         settings_->setValue(Settings::ProgramInstrument, QStringLiteral("40=Violin\n24=Lute\n900=Lute\nx\n128=Violin"));
-        dialog_ = std::make_unique<PreferencesDialog>(*settings_, *dialogs_, output_, instruments);
+        dialog_ = std::make_unique<PreferencesDialog>(*settings_, *dialogs_, SoundDevices{output_}, instruments);
         auto *const list = child<QTreeWidget>("rememberedPrograms");
         auto *const instrument = child<QComboBox>("cboProgramInstrument");
         QCOMPARE(list->topLevelItemCount(), 3);
@@ -169,7 +169,7 @@ private slots:
         settings_->setValue(Settings::SoundDevice, QStringLiteral("Gone"));
         output_.tellOpened("Gone", 42.67);
         output_.tellUnderruns(3);
-        dialog_ = std::make_unique<PreferencesDialog>(*settings_, *dialogs_, output_);
+        dialog_ = std::make_unique<PreferencesDialog>(*settings_, *dialogs_, SoundDevices{output_});
         auto *const device = child<QComboBox>("cboSoundDevice");
         child<QListWidget>("propertySelector")->setCurrentRow(5);
         dialog_->show();

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "settings/Settings.h"
+
+#include <QGroupBox>
+
+class MidiKeyboard;
+class QComboBox;
+class QLabel;
+
+// Which MIDI keyboard is played on.
+class KeyboardGroup : public QGroupBox
+{
+    Q_OBJECT
+
+public:
+    // Shows what is in the settings; the keyboard outlives it.
+    KeyboardGroup(const Settings &settings, const MidiKeyboard &keyboard, QWidget *parent = nullptr);
+
+signals:
+    void changed(Settings::Setting setting, const QVariant &value);
+
+private:
+    void listPorts(const QString &chosen);
+    void showState();
+
+    const MidiKeyboard &keyboard_;
+    QComboBox *port_;
+    QLabel *state_;
+};
