@@ -6,6 +6,7 @@
 #include "app/exporting/ExportNote.h"
 #include "ui/Dialogs.h"
 #include "ui/InstrumentComboBox.h"
+#include "ui/ScreenFit.h"
 #include "ui/Theme.h"
 #include "ui/song/EmptyHint.h"
 #include "ui/song/SongArea.h"
@@ -65,7 +66,6 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
 {
     setWindowIcon(QIcon(QStringLiteral(":/icons/appicon.png")));
     setAcceptDrops(true);
-    resize(1180, 760);
     setCentralWidget(area_);
     makeActions();
     makeMenus(*this, actions_, import_, settings_);
@@ -81,7 +81,9 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
     statusBar()->addPermanentWidget(exportNote_);
     connectParts();
     connectPlayer();
+    resize(1180, 760);
     restoreGeometry(QByteArray::fromBase64(settings_.value(Settings::WindowGeometry).toString().toLatin1()));
+    fitToScreen(*this);
     restoreState(QByteArray::fromBase64(settings_.value(Settings::WindowState).toString().toLatin1()));
     showSong();
 }

@@ -99,6 +99,8 @@ int runWindow(Settings &settings, Dialogs &dialogs, const CommandLine &commandLi
                                   control,
                                   isPicture ? nullptr : systemMidiInput};
     MainWindow window(services);
+    if (isPicture) // whatever the screen
+        window.resize(1180, 760);
     window.show();
     window.openFiles(commandLine.files);
     window.offerRecovery();

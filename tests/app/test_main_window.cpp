@@ -14,6 +14,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QScreen>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QToolBar>
@@ -52,6 +53,10 @@ private slots:
 
     void barsHoldTheirControls()
     {
+        const auto &screen = *fixture_->window().screen();
+        QVERIFY(QRect(QPoint(), screen.availableSize()).contains({QPoint(), fixture_->window().size()}));
+        fixture_->window().resize(1180, 760);
+        QCoreApplication::processEvents();
         for (const auto &[bar, control] :
              {std::pair("tbInstrument", "instrumentList"), {"tbVU", "masterMeter"}, {"tbVU", "slMasterVolume"}}) {
             auto *const widget = fixture_->child<QWidget>(control);

@@ -2,6 +2,7 @@
 
 #include "settings/Settings.h"
 #include "ui/Dialogs.h"
+#include "ui/ScreenFit.h"
 #include "ui/editor/EditorActions.h"
 #include "ui/editor/EditorPlayback.h"
 #include "ui/editor/EditorStatus.h"
@@ -36,6 +37,7 @@ AbcEditorWindow::AbcEditorWindow(Settings &settings, Dialogs &dialogs, TrackPlay
     connectActions();
     connectDocument();
     resize(1080, 760);
+    fitToScreen(*this);
     showTitle();
     showPlaying();
     showTempo(playback_->tempoPercent());
