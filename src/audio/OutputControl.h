@@ -42,8 +42,10 @@ public:
 
     void choose(const OutputChoice &choice)
     {
-        const std::lock_guard lock(mutex_);
-        choice_ = choice;
+        change([&](OutputFigures &figures) {
+            choice_ = choice;
+            figures.missing.clear(); // until it is looked for
+        });
         ++choices_;
     }
     OutputChoice choice() const

@@ -80,7 +80,7 @@ PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, const
     addPage(QStringLiteral("Midi Import"), QStringLiteral(":/icons/midiimport.png"), midiPage());
     addPage(tr("ABC Import"), QStringLiteral(":/icons/import.png"), abcPage());
     addPage(tr("Programs"), QStringLiteral(":/icons/applyinstrument.png"), programsPage(instruments));
-    addPage(tr("Sound"), QStringLiteral(":/icons/speaker-volume.png"), soundPage(sound));
+    addPage(tr("Sound"), QStringLiteral(":/icons/sound.png"), soundPage(sound));
     addPage(QStringLiteral("Appearance"), QStringLiteral(":/icons/preferences.png"), appearancePage());
     selector_->setCurrentRow(0);
 
