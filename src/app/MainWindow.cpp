@@ -49,6 +49,7 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
       editors_(session_, tracks_, playback_, settings_, dialogs_, services.makeEngine, this),
       keyboard_({settings_, player_, tracks_, playback_, editors_},
                 services.makeMidiInput ? services.makeMidiInput() : nullptr),
+      recorder_({settings_, tracks_, playback_, transport_, editors_, sound_.control()}, keyboard_),
       journal_(session_, services.journalFolder), updates_(services.updateAddress),
       rows_(new TrackRows(tracks_, instruments_, settings_, dialogs_, this)), area_(new SongArea(tracks_, rows_, this)),
       instrumentList_(new InstrumentComboBox(instruments_, this)), masterMeter_(new VUMeter(Qt::Horizontal, this)),
@@ -123,6 +124,8 @@ void MainWindow::connectParts()
     connect(&instrumentCommands_, &InstrumentCommands::scanned, &songs_, &SongCommands::begin);
     connect(&instrumentCommands_, &InstrumentCommands::scanned, this, &MainWindow::showStandIn);
     connect(&instrumentCommands_, &InstrumentCommands::scanned, &keyboard_, &LiveKeyboard::chooseSound);
+    connect(&session_, &SongSession::left, &recorder_, &KeyRecorder::cancel);
+    connect(&recorder_, &KeyRecorder::recordingChanged, this, &MainWindow::showRecording);
     connect(area_, &SongArea::seek, this, &MainWindow::onTrackSeek);
     connect(area_, &SongArea::loopChosen, this, &MainWindow::onLoopChosen);
     connect(area_, &SongArea::tempoFactorChanged, this, &MainWindow::onTempoFactorChanged);

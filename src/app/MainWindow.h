@@ -14,6 +14,7 @@
 #include "app/commands/WindowActions.h"
 #include "app/exporting/ExportCommands.h"
 #include "app/exporting/NotationExport.h"
+#include "app/keyboard/KeyRecorder.h"
 #include "app/keyboard/LiveKeyboard.h"
 #include "app/recovery/SessionJournal.h"
 #include "app/recovery/SongRecovery.h"
@@ -49,7 +50,7 @@ struct WindowServices
     QUrl updateAddress = UpdateChecker::releaseAddress();
     QString journalFolder = {}; // of what survives a crash; empty: nothing does
     std::shared_ptr<OutputControl> output = std::make_shared<OutputControl>(); // that the engines share
-    std::unique_ptr<MidiInput> (*makeMidiInput)() = nullptr;                   // null: no keyboard is looked for
+    MidiInputFactory makeMidiInput = {};                                       // empty: no keyboard is looked for
 };
 
 // The program's window: the tracks as a list of rows, with menus, toolbars and meters around it. It puts together what
@@ -87,6 +88,7 @@ public slots:
     void onPlay();
     void onPlayPause();
     void onStopAll();
+    void onRecord(bool isOn);
     void onGoToStart();
     void onGoToEnd();
     void onMeasureBack();
@@ -178,6 +180,7 @@ private:
     void saveEdited(const QString &trackId);
     void showDrafts();
     void updateActions();
+    void showRecording(bool isRecording);
     void showStandIn();
     void showLoop();
     void onPlayingChanged(bool isPlaying);
@@ -199,6 +202,7 @@ private:
     Transport transport_{tracks_, playback_};
     EditorWindows editors_;
     LiveKeyboard keyboard_;
+    KeyRecorder recorder_;
     SessionJournal journal_; // hears after the editors that a song is left
     UpdateChecker updates_;
     ChangedFiles changedFiles_;

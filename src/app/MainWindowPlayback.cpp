@@ -1,7 +1,10 @@
 // The window's slots about what is heard, each a door to what it is about.
 
 #include "app/MainWindow.h"
+#include "ui/Dialogs.h"
 #include "ui/song/SongArea.h"
+
+#include <QAction>
 
 namespace {
 
@@ -16,12 +19,36 @@ void MainWindow::onPlay()
 
 void MainWindow::onPlayPause()
 {
+    recorder_.finish();
     transportCommands_.playOrPause();
 }
 
 void MainWindow::onStopAll()
 {
+    recorder_.finish();
     transport_.stop();
+}
+
+void MainWindow::onRecord(bool isOn)
+{
+    if (!isOn) {
+        onStopAll();
+    } else if (keyboard_.keyboard().openPort().isEmpty()) {
+        showRecording(false);
+        dialogs_.message(this, Dialogs::Severity::Warning, tr("Record"),
+                         tr("No MIDI keyboard is connected.\nPlease plug one in, and see Tools, Preferences, Sound."));
+    } else {
+        playback_.stop();
+        recorder_.start(session_.tempoFactor() / 100.0);
+        if (tracks_.commonLength() > 0)
+            transport_.play();
+    }
+}
+
+void MainWindow::showRecording(bool isRecording)
+{
+    actions_.find(QStringLiteral("actionRecord"))->setChecked(isRecording);
+    status_.showRecording(isRecording);
 }
 
 void MainWindow::onGoToStart()

@@ -34,6 +34,7 @@ StatusIndicators::StatusIndicators(QMainWindow &window) : bar_(*window.statusBar
     connect(escape, &QShortcut::activated, this, &StatusIndicators::cancelAll);
     outputProblem_ = addNotice("outputProblem");
     missingDevice_ = addNotice("missingDevice");
+    recording_ = addNotice("recording");
     underruns_ = addNotice("underruns");
     underruns_->setToolTip(tr("The sound device ran dry: close what is busy, or choose a larger block under Tools, "
                               "Preferences, Sound"));
@@ -132,6 +133,11 @@ void StatusIndicators::showUnderruns(quint64 underruns)
 {
     show(*underruns_, tr("Sound dropouts: %1").arg(underruns));
     underrunsEnd_->start(underrunsMs);
+}
+
+void StatusIndicators::showRecording(bool isRecording)
+{
+    show(*recording_, isRecording ? tr("Recording...") : QString());
 }
 
 void StatusIndicators::showLoadingSample(const QString &samplePath)

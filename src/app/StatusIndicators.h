@@ -30,6 +30,7 @@ public:
     void follow(Playback &playback);
     void follow(SoundOutput &output);
 
+    void showRecording(bool isRecording);
     void showLoadingSample(const QString &samplePath);
     // Both stay while they are there; empty: there is none.
     void showOutputProblem(const QString &problem);
@@ -45,6 +46,7 @@ private:
     QStatusBar &bar_;
     QLabel *outputProblem_;
     QLabel *missingDevice_;
+    QLabel *recording_;
     QLabel *underruns_;
     QTimer *underrunsEnd_; // of telling about them
     QLabel *settingsProblem_;

@@ -78,7 +78,7 @@ void makeToolBars(QMainWindow &window, const WindowActions &actions, const ToolB
                   "actionOpen actionImport_MIDI actionSave_All - actionNew_Track actionDuplicate_Selected "
                   "actionMerge_Selected actionRemove_Selected actionClear_Tracks actionMute_Selected");
     auto &playback = addBar(window, "tbPlayback", "Playback Controls");
-    actions.addTo(playback, "actionPlay actionStop");
+    actions.addTo(playback, "actionPlay actionStop actionRecord");
     keepWhole(playback);
     fillInstrumentBar(addBar(window, "tbInstrument", "Instrument Toolbar"), actions, controls.instrumentList);
     fillMeterBar(addBar(window, "tbVU", "Meters Toolbar"), controls.masterMeter, controls.masterVolume);

@@ -97,7 +97,7 @@ int runWindow(Settings &settings, Dialogs &dialogs, const CommandLine &commandLi
                                   UpdateChecker::releaseAddress(),
                                   isPicture ? QString() : journalFolder(),
                                   control,
-                                  isPicture ? nullptr : systemMidiInput};
+                                  isPicture ? MidiInputFactory() : systemMidiInput};
     MainWindow window(services);
     if (isPicture) // whatever the screen
         window.resize(1180, 760);

@@ -3,15 +3,11 @@
 #include <chrono>
 #include <utility>
 
-namespace {
-
-qint64 now()
+qint64 MidiKeyboard::now()
 {
     const auto time = std::chrono::steady_clock::now().time_since_epoch();
     return std::chrono::duration_cast<std::chrono::milliseconds>(time).count();
 }
-
-} // namespace
 
 const QString MidiKeyboard::none = QStringLiteral("none");
 const QString MidiKeyboard::any = QString();

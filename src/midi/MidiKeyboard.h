@@ -23,6 +23,9 @@ public:
     static const QString none;
     static const QString any; // the first that is there
 
+    // Milliseconds of the steady clock. [any]
+    static qint64 now();
+
     // input: may be null, for there is none then. Nothing is open before choose().
     MidiKeyboard(std::unique_ptr<MidiInput> input, Sounder sounder, QObject *parent = nullptr);
     ~MidiKeyboard() override;

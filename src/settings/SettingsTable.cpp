@@ -46,6 +46,7 @@ const std::array<Row, settingCount> &rows()
         {WindowGeometry, "window/geometry", Type::Text, ""}, // Base64, as is the next
         {WindowState, "window/state", Type::Text, ""},
         {KeyboardPort, "sound/keyboard", Type::Text, ""},            // see MidiKeyboard
+        {RecordingGrid, "sound/recordingGrid", Type::Integer, "16"}, // notes in a whole one
         {MidiVelocityGate, "midi/velocityGate", Type::Integer, "8"}, // notes struck softer are left out
         {MidiEndRestruck, "midi/endRestruck", Type::Boolean, "false"},
         {MidiSustainPedal, "midi/sustainPedal", Type::Boolean, "false"},

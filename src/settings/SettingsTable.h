@@ -47,6 +47,7 @@ enum Setting {
     WindowGeometry,
     WindowState,
     KeyboardPort,
+    RecordingGrid,
     MidiVelocityGate,
     MidiEndRestruck,
     MidiSustainPedal,

@@ -3,6 +3,7 @@
 #include "app/AnsweringDialogs.h"
 #include "app/MainWindow.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "support/PlayedKeyboard.h"
 #include "support/TestFolder.h"
 #include "ui/song/TrackRows.h"
 #include "ui/song/TrackWidget.h"
@@ -22,15 +23,17 @@ public:
         makeWindow();
     }
 
+    PlayedKeyboard::State keyboard; // the one there is
     EngineFactory makeEngine = [] { return std::make_unique<BuiltinEngine>(EngineOutput::Silent); };
     void makeWindow(const QUrl &updateAddress = UpdateChecker::releaseAddress())
     {
-        window_ = std::make_unique<MainWindow>(WindowServices{settings_, dialogs_, makeEngine,
-                                                              [](const QString &file) {
-                                                                  return std::make_unique<BuiltinEngine>(
-                                                                      EngineOutput::WavFile, file.toStdString());
-                                                              },
-                                                              updateAddress, path("journals")});
+        window_ = std::make_unique<MainWindow>(
+            WindowServices{settings_, dialogs_, makeEngine,
+                           [](const QString &file) {
+                               return std::make_unique<BuiltinEngine>(EngineOutput::WavFile, file.toStdString());
+                           },
+                           updateAddress, path("journals"), std::make_shared<OutputControl>(),
+                           [this] { return std::make_unique<PlayedKeyboard>(keyboard); }});
         window_->show();
     }
 

@@ -94,6 +94,45 @@ private slots:
         QVERIFY(!fixture_->action("actionStop")->isEnabled());
     }
 
+    // Into the selected part, where the song was when the key was pressed, as one step.
+    void recordsWhatIsPlayed()
+    {
+        fixture_->makeEngine = [] { return std::make_unique<BuiltinEngine>(EngineOutput::Paced); };
+        fixture_->makeWindow();
+        QVERIFY(fixture_->waitUntilLoaded());
+        QVERIFY(fixture_->import(jig, 3));
+        auto &tracks = fixture_->tracks();
+        const auto part = tracks.ids().at(1);
+        tracks.setSelected(part, true);
+        const auto notes = [&] { return tracks.find(part)->track->noteCount(); };
+        const auto before = notes();
+        fixture_->trigger("actionRecord"); // without a keyboard
+        QVERIFY(!fixture_->dialogs().messages.isEmpty() && !fixture_->action("actionRecord")->isChecked());
+
+        fixture_->keyboard.ports = QStringList(QStringLiteral("Piano"));
+        fixture_->settings().setValue(Settings::KeyboardPort, QStringLiteral("Piano"));
+        constexpr quint32 pitch = 108; // which the song has not
+        fixture_->trigger("actionRecord");
+        QTRY_VERIFY(overview(1)->position() > ticksPerWholeNote);
+        const auto pressed = overview(1)->position();
+        fixture_->keyboard.play({0x90, int(pitch), 100});
+        QTRY_VERIFY(overview(1)->position() > pressed + ticksPerQuarter);
+        const auto length = overview(1)->position() - pressed;
+        fixture_->keyboard.play({0x90, int(pitch), 0});
+        QTest::qWait(10);
+        fixture_->trigger("actionStop");
+        QVERIFY(!fixture_->action("actionRecord")->isChecked());
+        QCOMPARE(notes(), before + 1);
+        const auto &events = tracks.find(part)->track->events();
+        const auto note = std::find_if(events.begin(), events.end(),
+                                       [](const auto &event) { return event.isNote() && event.pitch() == pitch; });
+        QVERIFY(note != events.end());
+        QVERIFY(std::abs(note->start() - pressed) <= ticksPerQuarter / 2);
+        QVERIFY(std::abs(note->length() - length) <= ticksPerQuarter / 2);
+        fixture_->trigger("actionUndo");
+        QCOMPARE(notes(), before);
+    }
+
     // As with the mouse and the keys: the window is the active one.
     void playsFromThePosition()
     {

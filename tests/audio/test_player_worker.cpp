@@ -408,6 +408,35 @@ private slots:
         QCOMPARE(player.told, list("loading level-16384-48000.wav"));
     }
 
+    // Each as loud as it was struck, times the part's volume; one that is struck again ends first.
+    void keysSoundTogether()
+    {
+        VirtualPlayer player;
+        const auto instrument = instrumentOf(files_.level(16384, 48000), 0.01);
+        player.worker.pressKey(60, 100); // there is no instrument yet
+        player.worker.setKeySound(instrument, 0.5F);
+        player.worker.releaseKey(70);
+        player.worker.playPreviewNote(instrument, 60);
+        player.passes(4);
+        const auto whole = player.left.back();
+        player.worker.stopPreviewNote();
+        const auto level = [&] {
+            player.passes(4);
+            return double(player.left.back() / whole);
+        };
+        QVERIFY(level() == 0);
+        player.worker.pressKey(60, 127);
+        QVERIFY(std::abs(level() - 0.5) < 0.01);
+        player.worker.pressKey(61, 127);
+        QVERIFY(std::abs(level() - 1) < 0.01);
+        player.worker.pressKey(61, 64);
+        QVERIFY(std::abs(level() - 0.752) < 0.01);
+        player.worker.releaseKey(60);
+        QVERIFY(std::abs(level() - 0.252) < 0.01);
+        player.worker.releaseKey(61);
+        QVERIFY(level() == 0);
+    }
+
     void badSamplesAreSilent()
     {
         const auto junk = files_.write(QStringLiteral("junk.ogg"), QByteArray(1000, 'x'));

@@ -78,6 +78,15 @@ void EditorWindows::releaseKey(int pitch)
     }
 }
 
+bool EditorWindows::insertNotes(const QString &trackId, const QVector<NoteSpec> &notes, const QString &step)
+{
+    const auto window = windows_.value(trackId);
+    if (!window || window->document().isApplied())
+        return false;
+    window->document().insertNotes(notes, step);
+    return true;
+}
+
 void EditorWindows::addWindow(const QString &trackId)
 {
     if (!player_)

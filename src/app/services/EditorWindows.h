@@ -2,6 +2,7 @@
 
 #include "app/services/Playback.h"
 #include "audio/TrackPlayer.h"
+#include "edit/NoteEdit.h"
 
 #include <QMap>
 #include <QPointer>
@@ -32,6 +33,8 @@ public:
     // Of a MIDI keyboard; they enter notes in the editor that is active.
     void pressKey(int pitch);
     void releaseKey(int pitch);
+    // Into the editor's text, where that holds what is not applied; false where there is no such editor.
+    bool insertNotes(const QString &trackId, const QVector<NoteSpec> &notes, const QString &step);
     // Adds what was edited of a track that was removed; the editor belongs to the new track from then on.
     void bringBack(const QString &trackId, const Track &track);
     // Those of tracks that are gone, whose changes no song has, ask about them; false when one stays open. The others

@@ -24,6 +24,8 @@ public:
     Ticks position() const { return position_; }
     qint64 milliseconds(Ticks tick) const;
     const Measures &measures() const { return measures_; }
+    // The track whose tempo and measures they are; an empty one while there is none.
+    Track counted() const { return counted_ ? *counted_ : Track(); }
 
     // Also while it plays; within the song.
     void setPosition(Ticks position);

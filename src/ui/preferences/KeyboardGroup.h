@@ -22,9 +22,11 @@ signals:
 
 private:
     void listPorts(const QString &chosen);
+    void listGrids(int chosen);
     void showState();
 
     const MidiKeyboard &keyboard_;
     QComboBox *port_;
+    QComboBox *grid_;
     QLabel *state_;
 };
