@@ -4,6 +4,7 @@
 #include "app/services/RecentFiles.h"
 #include "audio/TempoMap.h"
 #include "song/SongFile.h"
+#include "support/GatedEngine.h"
 #include "support/MidiBytes.h"
 #include "support/Rows.h"
 #include "ui/editor/AbcEditorWindow.h"
@@ -19,6 +20,7 @@
 #include <QLockFile>
 #include <QMenu>
 #include <QMimeData>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QToolButton>
 #include <QTreeView>
@@ -568,6 +570,25 @@ private slots:
         QCOMPARE(dialogs.messages.first(),
                  QStringLiteral("Export to Wav|%1: The folder does not exist.").arg(fixture_->path("no/folder.wav")));
         QVERIFY(!fixture_->child<QWidget>("exportNote")->isVisible());
+    }
+
+    // Before the first sample is there.
+    void exportIsCancelledAtOnce()
+    {
+        const auto gate = GatedEngine::makeGate(false);
+        fixture_->makeFileEngine = [gate](const QString &file) {
+            return std::make_unique<GatedEngine>(EngineOutput::WavFile, gate, file.toStdString());
+        };
+        fixture_->makeWindow();
+        QVERIFY(fixture_->waitUntilLoaded() && fixture_->import(jig, 3));
+        fixture_->dialogs().files = QStringList(fixture_->path("jig.wav"));
+        fixture_->trigger("actionExport_to_Wav");
+        auto *const progress = fixture_->child<QDialog>("exportProgress");
+        QTRY_VERIFY(progress->isVisible());
+        progress->findChild<QPushButton *>()->click();
+        GatedEngine::open(gate);
+        QTRY_VERIFY(!fixture_->child<QDialog>("exportProgress"));
+        QVERIFY(!QFile::exists(fixture_->path("jig.wav")) && fixture_->dialogs().messages.isEmpty());
     }
 
     void exportsAudio()

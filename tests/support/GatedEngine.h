@@ -13,7 +13,10 @@ public:
 
     static Gate makeGate(bool isOpen) { return std::make_shared<std::atomic<bool>>(isOpen); }
 
-    GatedEngine(EngineOutput output, Gate gate) : BuiltinEngine(output), gate_(std::move(gate)) {}
+    GatedEngine(EngineOutput output, Gate gate, std::filesystem::path file = {})
+        : BuiltinEngine(output, std::move(file)), gate_(std::move(gate))
+    {
+    }
 
     AudioResult makeSound(std::span<const std::byte> bytes, std::size_t mostFrames, Sound &sound) const override
     {

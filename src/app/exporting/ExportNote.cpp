@@ -42,7 +42,7 @@ void ExportNote::tell(const QStringList &paths, const QString &remark)
     constexpr int widest = 420; // so that it has room in a small window
     const QFileInfo file(paths.value(0));
     folder_ = file.absolutePath();
-    const auto what = paths.size() == 1 ? file.fileName() : tr("%n file(s)", nullptr, int(paths.size()));
+    const auto what = paths.size() == 1 ? file.fileName() : tr("%1 files").arg(paths.size());
     const auto text = tr("Wrote %1").arg(what) + (remark.isEmpty() ? remark : QStringLiteral("; ") + remark);
     text_->setText(fontMetrics().elidedText(text, Qt::ElideMiddle, widest));
     auto all = paths;

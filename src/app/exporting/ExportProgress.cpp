@@ -9,12 +9,15 @@ QProgressDialog *ExportProgress::open(const QString &text, QWidget *parent)
 {
     text_ = text;
     time_.invalidate();
-    dialog_ = new QProgressDialog(text, QCoreApplication::translate("ExportProgress", "Cancel"), 0, 1, parent);
+    const auto loading = u'\n' + QCoreApplication::translate("ExportProgress", "Loading samples...");
+    dialog_ =
+        new QProgressDialog(text + loading, QCoreApplication::translate("ExportProgress", "Cancel"), 0, 1, parent);
     dialog_->setObjectName(QStringLiteral("exportProgress"));
     dialog_->setWindowTitle(QStringLiteral("Kelvarion Composer"));
     dialog_->setAutoReset(false);
     dialog_->setAutoClose(false);
     dialog_->setMinimumDuration(200);
+    dialog_->setValue(0); // which is what that time is counted from
     return dialog_;
 }
 
