@@ -189,6 +189,8 @@ void MainWindow::connectRow(const QString &id, TrackWidget *row)
     connect(row, &TrackWidget::trackInstrumentChanged, this, [=, this] { onTrackInstrumentChanged(id); });
     connect(row, &TrackWidget::trackVolumeChanged, this, [=, this] { onTrackVolumeChanged(id); });
     connect(row, &TrackWidget::trackPanChanged, this, [=, this] { onTrackPanChanged(id); });
+    connect(row, &TrackWidget::startOffsetChosen, this,
+            [=, this](int milliseconds) { tracks_.setStartOffset(tracks_.withSelection(id), milliseconds); });
     connect(row, &TrackWidget::trackRemoved, this, [=, this] { onTrackRemoved(id); });
     connect(row, &TrackWidget::trackChanged, this,
             [=, this](const QString &step, const Track &wanted) { onTrackChanged(id, step, wanted); });

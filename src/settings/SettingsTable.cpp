@@ -69,6 +69,7 @@ const std::array<Row, settingCount> &rows()
         {ExportQuality, "export/quality", Type::Integer, "7"},
         {ExportFiles, "export/files", Type::Integer, "0"}, // see RenderFiles
         {ExportNormalise, "export/normalise", Type::Boolean, "false"},
+        {ExportOffsets, "export/startOffsets", Type::Boolean, "false"},
         {SoundDevice, "sound/device", Type::Text, ""},                   // its name; the system's default
         {SoundBlock, "sound/blockFrames", Type::Integer, "0"},           // see OutputChoice
         {CheckSemitones, "check/mostSemitones", Type::Integer, "7"},     // see CheckOptions

@@ -70,6 +70,7 @@ enum Setting {
     ExportQuality,
     ExportFiles,
     ExportNormalise,
+    ExportOffsets,
     SoundDevice,
     SoundBlock,
     CheckSemitones,

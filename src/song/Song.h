@@ -8,6 +8,8 @@
 
 #include <optional>
 
+constexpr int mostStartOffset = 10'000; // milliseconds, sooner or later
+
 // One instrument's part of a song, with everything that is kept of it. Texts part their lines at "\n" and are kept
 // character by character.
 struct SongPart
@@ -20,6 +22,7 @@ struct SongPart
     int volume = 100;             // percent, 0 … 100
     int pan = 0;                  // -100 left … 100 right
     bool isMuted = false;
+    int startOffset = 0;     // milliseconds by which it sounds later than it is written, or sooner; to mostStartOffset
     QVector<Ticks> barLines; // where lines of a text made anew may begin, as in Track
     QString path;            // of the ABC file that it was read from or saved to, absolute and clean; may be empty
     QString import;          // the id of the import that it came from; empty, or that of none, when it is not known

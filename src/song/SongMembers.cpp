@@ -29,6 +29,16 @@ QJsonValue unlessEmpty(const QString &text)
     return text.isEmpty() ? QJsonValue(QJsonValue::Undefined) : QJsonValue(text);
 }
 
+QJsonValue unlessZero(int number)
+{
+    return number == 0 ? QJsonValue(QJsonValue::Undefined) : QJsonValue(number);
+}
+
+void readStartOffset(SongPart &part, const QJsonValue &value)
+{
+    part.startOffset = value.isUndefined() ? 0 : int(numberOf("startOffset", value, -mostStartOffset, mostStartOffset));
+}
+
 QJsonValue loopValue(const Song &song)
 {
     if (!song.loop)
@@ -229,6 +239,7 @@ const std::vector<SongMember<SongPart>> &partMembers()
          [](SongPart &part, const QJsonValue &value) { part.pan = int(numberOf("pan", value, -100, 100)); }},
         {"muted", [](const SongPart &part) -> QJsonValue { return part.isMuted; },
          [](SongPart &part, const QJsonValue &value) { part.isMuted = flagOf("muted", value); }},
+        {"startOffset", [](const SongPart &part) { return unlessZero(part.startOffset); }, readStartOffset},
         {"file", [](const SongPart &part) { return unlessEmpty(part.path); },
          [](SongPart &part, const QJsonValue &value) { part.path = optionalTextOf("file", value); }},
         {"import", [](const SongPart &part) { return unlessEmpty(part.import); },

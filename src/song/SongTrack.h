@@ -18,6 +18,9 @@ struct SongTrack
     int volume = 100;    // percent
     int pan = 0;         // -100 left … 100 right
     QString import = {}; // the id of the import that it came from; may be empty
+    int startOffset = 0; // milliseconds, as in SongPart
+
+    bool operator==(const SongTrack &) const = default; // equal notes only where they are shared
 };
 
 using SongTracks = QVector<std::shared_ptr<const SongTrack>>; // in display order

@@ -124,6 +124,18 @@ private slots:
         QCOMPARE(click().second, 96000);
     }
 
+    void startOffsets()
+    {
+        folder_.write("late.kvsong",
+                      R"({"format": "kelvarion-song", "version": 1, "parts": [{"id": "T1", "instrument": "lute",
+            "startOffset": 250, "abc": ["X:1", "L:1/4", "Q:1/4=60", "K:C", "C"]}]})");
+        for (const char *option : {"", " --start-offsets"}) {
+            const auto line = QStringLiteral("render late.kvsong --game game --output out.wav") + QLatin1String(option);
+            QCOMPARE(run(folder_, line).status, 0);
+            QCOMPARE(click().second, *option == 0 ? 0 : 12000);
+        }
+    }
+
     void formats_data()
     {
         const Rows<QString, QString, QByteArray> row("options", "files", "begins");

@@ -123,6 +123,8 @@ private slots:
             "The song was saved by a newer version of this program (song format 2; this version reads up to 1).");
         row("no version", R"({"format": "kelvarion-song"})", "The song file is damaged: \"version\" is missing.");
         row("no parts", song("\"title\": \"x\""), damaged + QStringLiteral("\"parts\": a list is expected"));
+        row("far off", song(R"("parts": [{"id": "a", "startOffset": 10001}])"),
+            damaged + QStringLiteral("Part 1, \"startOffset\": a whole number from -10000 to 10000 is expected."));
         row("range", song(R"("parts": [{"id": "a"}, {"id": "b", "pan": 101}])"),
             damaged + QStringLiteral("Part 2, \"pan\": a whole number from -100 to 100 is expected."));
         row("fraction", song(R"("masterVolume": 0.5)"),

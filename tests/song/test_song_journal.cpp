@@ -45,7 +45,12 @@ class TestSongJournal : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { folder_ = std::make_unique<TestFolder>(); }
+    void init()
+    {
+        folder_ = std::make_unique<TestFolder>();
+        faults::longestWrite = SIZE_MAX; // also after a test that failed
+        faults::callsUntilFault = 0;
+    }
 
     void changesMakeTheNextState()
     {
@@ -114,7 +119,7 @@ private slots:
     void everyCallMayFailOnce()
     {
         faults::longestWrite = 50;
-        const auto states = statesOf(5, 6);
+        const auto states = statesOf(5, 6); // some of which may be equal
         int failures = 0;
         for (int call = 1;; ++call) {
             const auto path = folder_->path(QStringLiteral("%1.journal").arg(call));

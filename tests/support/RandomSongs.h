@@ -38,6 +38,7 @@ public:
             [&] { part.volume = below(101); },
             [&] { part.pan = below(201) - 100; },
             [&] { part.isMuted = !part.isMuted; },
+            [&] { part.startOffset = below(9) - 4; },
             [&] { part.draft = below(2) == 0 ? std::optional(text(100)) : std::nullopt; },
             [&] { song.parts.move(index, below(int(song.parts.size()))); },
             [&] { song.title = text(20); },
@@ -49,7 +50,7 @@ public:
             [&] { part.barLines = barLines(); },
             [&] { below(4) == 0 ? song.parts.remove(index) : void(); },
             [&] { splice(part.abc); }};
-        changes[std::min(below(13), 11)]();
+        changes[std::min(below(14), 12)]();
     }
 
     int below(int bound) { return int(random_() % unsigned(bound)); }
@@ -68,6 +69,7 @@ private:
         part.pan = below(201) - 100;
         part.isMuted = below(2) == 0;
         part.barLines = barLines();
+        part.startOffset = below(2) == 0 ? 0 : below(20'001) - 10'000;
         part.path = path();
         part.import = part.name.left(3);
         part.others = others();

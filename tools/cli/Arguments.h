@@ -36,6 +36,7 @@ struct Arguments
     std::optional<double> quality; // 0..1
     bool loop = false;
     bool normalise = false;
+    bool startOffsets = false;
     QHash<int, QVariant> settings; // by SettingsTable::Setting; the others have their defaults
     QVector<Transform> transforms; // in the order given
 

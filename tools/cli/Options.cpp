@@ -168,6 +168,8 @@ const std::vector<Option> &allOptions()
         {"quality", 'q', "0…10", "of Vorbis, Opus and MP3; 7 without it, 10 makes the largest files", readQuality},
         {"loop", 0, "", "only what sounds in the loop of the song file", readSwitch<&Arguments::loop>},
         {"normalise", 'n', "", "as loud as can be without clipping: -1 dBFS", readSwitch<&Arguments::normalise>},
+        {"start-offsets", 0, "", "parts come in later or sooner, by the start offsets of the song file",
+         readSwitch<&Arguments::startOffsets>},
         {"read", 'r', "game|standard|auto",
          "how ABC is meant: as the game plays it, as musicians write it, or by what the text shows", readReading},
         {"set", 's', "KEY=VALUE", "reads the inputs with another setting; may be repeated", readSetting},

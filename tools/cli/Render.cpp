@@ -143,7 +143,7 @@ void Rendering::addParts(TrackRenderer &renderer, const Parts &parts, const Inst
         const float volume = float(part.volume * parts.song.masterVolume) / 10'000;
         if (!part.isMuted)
             renderer.addTrack(parts.tracks[i], instrumentFor({part, parts.tracks[i], parts.reports[i]}, instruments),
-                              {volume, float(part.pan) / 100});
+                              {volume, float(part.pan) / 100}, arguments_.startOffsets ? part.startOffset : 0);
     }
 }
 

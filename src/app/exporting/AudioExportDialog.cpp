@@ -26,10 +26,11 @@ Widget *named(const char *name)
 
 } // namespace
 
-AudioExportDialog::AudioExportDialog(Settings &settings, Loop loop, QWidget *parent)
+AudioExportDialog::AudioExportDialog(Settings &settings, Loop loop, Offsets offsets, QWidget *parent)
     : QDialog(parent), settings_(settings), format_(named<QComboBox>("cmbFormat")), qualityLabel_(new QLabel),
       quality_(named<QSpinBox>("spnQuality")), files_(named<QComboBox>("cmbFiles")),
-      range_(named<QComboBox>("cmbRange")), normalise_(named<QCheckBox>("chkNormalise"))
+      range_(named<QComboBox>("cmbRange")), normalise_(named<QCheckBox>("chkNormalise")),
+      offsets_(named<QCheckBox>("chkOffsets"))
 {
     setObjectName(QStringLiteral("audioExportDialog"));
     setWindowTitle(tr("Export Audio"));
@@ -47,6 +48,11 @@ AudioExportDialog::AudioExportDialog(Settings &settings, Loop loop, QWidget *par
     normalise_->setText(tr("&Normalise to -1 dBFS"));
     normalise_->setToolTip(tr("Makes all files louder or softer alike, so that nothing is clipped"));
     normalise_->setChecked(settings.value(Settings::ExportNormalise).toBool());
+    offsets_->setText(tr("With the &start offsets of the parts"));
+    offsets_->setChecked(settings.value(Settings::ExportOffsets).toBool());
+    offsets_->setEnabled(offsets == Offsets::Parts);
+    offsets_->setToolTip(offsets == Offsets::Parts ? tr("Parts come in as they do in the playback")
+                                                   : tr("No part has a start offset"));
 
     auto *const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     buttons->button(QDialogButtonBox::Ok)->setText(tr("&Export..."));
@@ -61,6 +67,7 @@ AudioExportDialog::AudioExportDialog(Settings &settings, Loop loop, QWidget *par
     form->addRow(tr("F&iles:"), files_);
     form->addRow(tr("&Range:"), range_);
     form->addRow(normalise_);
+    form->addRow(offsets_);
     form->addRow(buttons);
     showQuality();
 }
@@ -89,6 +96,7 @@ void AudioExportDialog::remember()
     settings_.setValue(Settings::ExportQuality, quality_->value());
     settings_.setValue(Settings::ExportFiles, files_->currentIndex());
     settings_.setValue(Settings::ExportNormalise, isNormalised());
+    settings_.setValue(Settings::ExportOffsets, offsets_->isChecked());
 }
 
 SoundCoding AudioExportDialog::coding() const
@@ -114,4 +122,9 @@ bool AudioExportDialog::isLoopOnly() const
 bool AudioExportDialog::isNormalised() const
 {
     return normalise_->isChecked();
+}
+
+bool AudioExportDialog::hasOffsets() const
+{
+    return offsets_->isEnabled() && offsets_->isChecked();
 }

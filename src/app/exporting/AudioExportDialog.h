@@ -17,14 +17,16 @@ class AudioExportDialog : public QDialog
 
 public:
     enum class Loop { None, Song };
+    enum class Offsets { None, Parts };
 
-    AudioExportDialog(Settings &settings, Loop loop, QWidget *parent = nullptr);
+    AudioExportDialog(Settings &settings, Loop loop, Offsets offsets, QWidget *parent = nullptr);
 
     SoundCoding coding() const;
     double quality() const; // 0..1
     RenderFiles files() const;
     bool isLoopOnly() const;
     bool isNormalised() const;
+    bool hasOffsets() const; // whether parts sound with their start offsets
 
 private:
     void addFormats(int chosen);
@@ -38,4 +40,5 @@ private:
     QComboBox *files_;
     QComboBox *range_;
     QCheckBox *normalise_;
+    QCheckBox *offsets_;
 };

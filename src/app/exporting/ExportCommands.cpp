@@ -12,6 +12,7 @@
 #include <QProgressDialog>
 #include <QTimer>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -77,13 +78,23 @@ void ExportCommands::exportAudio()
 {
     if (!isFree())
         return;
-    const auto loop = context_.session.song().loop ? AudioExportDialog::Loop::Song : AudioExportDialog::Loop::None;
-    AudioExportDialog dialog(context_.settings, loop, &context_.window);
-    if (!context_.dialogs.run(dialog))
+    const auto dialog = makeDialog();
+    if (!context_.dialogs.run(*dialog))
         return;
-    const auto path = chosenFile(dialog.coding());
+    const auto path = chosenFile(dialog->coding());
     if (!path.isEmpty())
-        considerFiles(exportOf(dialog, path));
+        considerFiles(exportOf(*dialog, path));
+}
+
+std::unique_ptr<AudioExportDialog> ExportCommands::makeDialog()
+{
+    using Dialog = AudioExportDialog;
+    const auto &song = context_.tracks.song();
+    const auto hasOffset = [](const auto &track) { return !track->isMuted && track->startOffset != 0; };
+    const auto offsets =
+        std::any_of(song.begin(), song.end(), hasOffset) ? Dialog::Offsets::Parts : Dialog::Offsets::None;
+    const auto loop = context_.session.loop() ? Dialog::Loop::Song : Dialog::Loop::None;
+    return std::make_unique<Dialog>(context_.settings, loop, offsets, &context_.window);
 }
 
 // An ending of another format is refused, and asked about again.
@@ -128,7 +139,7 @@ ExportCommands::Export ExportCommands::exportOf(const AudioExportDialog &dialog,
     if (dialog.isLoopOnly() && loop)
         plan.range = TickRange{loop->begin, loop->end};
     return {plan, tr("Export Audio"), tr("Exporting %1...").arg(QFileInfo(path).fileName()),
-            gainOf(context_.session.masterVolume())};
+            gainOf(context_.session.masterVolume()), dialog.hasOffsets()};
 }
 
 // Whoever chose the file was asked about that one only.
@@ -170,7 +181,8 @@ void ExportCommands::start(const Export &wanted)
     for (const auto &track : context_.tracks.song()) {
         if (!track->isMuted)
             renderer_->addTrack(*track->track, context_.playback.instrument(track->instrument),
-                                {gainOf(track->volume) * wanted.volume, gainOf(track->pan)});
+                                {gainOf(track->volume) * wanted.volume, gainOf(track->pan)},
+                                wanted.hasOffsets ? track->startOffset : 0);
     }
     connect(renderer_.get(), &TrackRenderer::renderStarted, this, &ExportCommands::renderStarted);
     connect(renderer_.get(), &TrackRenderer::renderProgress, this, &ExportCommands::renderProgress);

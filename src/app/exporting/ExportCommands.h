@@ -53,11 +53,13 @@ private:
         QString title; // of what is told
         QString progress;
         float volume = 1; // of the master
+        bool hasOffsets = false;
     };
 
     bool isRunning() const { return task_.isRunning() || (renderer_ && renderer_->isRunning()); }
     bool isFree();
     QString chosenFile(SoundCoding coding);
+    std::unique_ptr<AudioExportDialog> makeDialog();
     Export exportOf(const AudioExportDialog &dialog, const QString &path) const;
     void considerFiles(const Export &wanted);
     void start(const Export &wanted);

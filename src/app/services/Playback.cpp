@@ -3,6 +3,8 @@
 #include "audio/TrackPlayer.h"
 #include "core/HeaderFields.h"
 
+#include <QHash>
+
 #include <algorithm>
 
 namespace {
@@ -115,12 +117,6 @@ void Playback::setTempoFactor(double factor)
     player_.setTempoFactor(std::clamp(factor, 0.25, 2.0));
 }
 
-void Playback::setStartOffset(const QString &trackId, double milliseconds)
-{
-    offsets_[trackId] = milliseconds;
-    player_.setOffset(trackId, milliseconds);
-}
-
 PlayRequest Playback::requestFor(const SongTrack &track, PlayRequest::Begin begin, Ticks from) const
 {
     return {.trackId = track.id,
@@ -131,7 +127,7 @@ PlayRequest Playback::requestFor(const SongTrack &track, PlayRequest::Begin begi
             .isMuted = track.isMuted,
             .begin = begin,
             .from = from,
-            .offset = offsets_.value(track.id)};
+            .offset = double(track.startOffset)};
 }
 
 void Playback::follow(const SongTracks &before, const SongTracks &after)
@@ -167,6 +163,8 @@ void Playback::followTrack(const SongTrack &before, const SongTrack &after)
         player_.setVolume(after.id, gainOf(after.volume));
     if (before.pan != after.pan)
         player_.setPan(after.id, gainOf(after.pan));
+    if (before.startOffset != after.startOffset)
+        player_.setOffset(after.id, after.startOffset);
 }
 
 void Playback::onTrackStarted(const QString &id)

@@ -4,7 +4,6 @@
 #include "audio/PlayRequest.h"
 #include "ui/tracks/TrackList.h"
 
-#include <QHash>
 #include <QObject>
 #include <QSet>
 
@@ -43,8 +42,6 @@ public:
     // These hold until they are changed, and are heard at once while it plays. See PlayerWorker.
     void setLoop(const std::optional<LoopRegion> &region);
     void setTempoFactor(double factor); // 0.25 … 2
-    // Milliseconds by which a part comes in later than the others, or sooner.
-    void setStartOffset(const QString &trackId, double milliseconds);
 
 signals:
     void playingChanged(bool isPlaying);
@@ -69,7 +66,6 @@ private:
     TrackPlayer &player_;
     QString defaultInstrument_;
     QSet<QString> playing_;
-    QHash<QString, double> offsets_; // milliseconds; none is 0
     bool isStarting_ = false;
     int stopsUnderWay_ = 0; // that the player was asked for and has not told yet
 };

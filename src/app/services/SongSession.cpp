@@ -33,12 +33,14 @@ OpenedTrack openedTrack(const SongPart &part, Track track, FileHolds file)
     opened.volume = part.volume;
     opened.pan = part.pan;
     opened.import = part.import;
+    opened.startOffset = part.startOffset;
     return {opened, part.path, file};
 }
 
 bool hasSameMix(const SongTrack &a, const SongTrack &b)
 {
-    return a.instrument == b.instrument && a.isMuted == b.isMuted && a.volume == b.volume && a.pan == b.pan;
+    return a.instrument == b.instrument && a.isMuted == b.isMuted && a.volume == b.volume && a.pan == b.pan &&
+           a.startOffset == b.startOffset;
 }
 
 } // namespace
@@ -88,6 +90,7 @@ SongPart SongSession::partOf(const SongTrack &track) const
     part.volume = track.volume;
     part.pan = track.pan;
     part.isMuted = track.isMuted;
+    part.startOffset = track.startOffset;
     part.path = cleanPath(tracks_.filePath(track.id));
     part.import = track.import;
     part.others = kept.others;

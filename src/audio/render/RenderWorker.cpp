@@ -36,9 +36,20 @@ RenderWorker::RenderWorker(const RenderPlan &plan, FileEngineFactory makeEngine,
 
 RenderWorker::~RenderWorker() = default;
 
-void RenderWorker::addTrack(const Track &track, const Instrument &instrument, GroupLevel level)
+void RenderWorker::addTrack(const Track &track, const Instrument &instrument, GroupLevel level, double offset)
 {
     tracks_.push_back({TrackPlayback(track, instrument, sampleRate, 0), level});
+    tracks_.back().playback.setOffset(qint64(offset * sampleRate / 1000));
+}
+
+// What sounds sooner than the others begins the file.
+void RenderWorker::makeRoomForEarlyTracks()
+{
+    qint64 lead = 0;
+    for (const auto &track : tracks_)
+        lead = std::max(lead, -track.playback.offset());
+    for (auto &track : tracks_)
+        track.playback.seek(0, DspClock(lead));
 }
 
 void RenderWorker::__render()
@@ -62,6 +73,7 @@ void RenderWorker::__render()
 void RenderWorker::renderFiles()
 {
     refuseImpossible();
+    makeRoomForEarlyTracks();
     openOutputs();
     prepareSamples();
     const auto wanted = range();

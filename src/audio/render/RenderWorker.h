@@ -32,8 +32,8 @@ public:
                  const std::stop_token &stop = {}); // [ui]
     ~RenderWorker() override;
 
-    // Only before the worker is moved to its thread. [ui]
-    void addTrack(const Track &track, const Instrument &instrument, GroupLevel level);
+    // Only before the worker is moved to its thread. offset: as in PlayRequest. [ui]
+    void addTrack(const Track &track, const Instrument &instrument, GroupLevel level, double offset = 0);
 
 signals: // [render]
     // Of all passes over the song that the plan takes.
@@ -57,6 +57,7 @@ private: // [render]
 
     void renderFiles();
     void refuseImpossible() const;
+    void makeRoomForEarlyTracks();
     void refuseOverlong(DspClock end) const;
     [[noreturn]] void fail(const RenderFile &file, const QString &cause) const;
     void openOutputs();

@@ -12,9 +12,9 @@ TrackRenderer::~TrackRenderer()
     thread_.wait();
 }
 
-void TrackRenderer::addTrack(const Track &track, const Instrument &instrument, GroupLevel level)
+void TrackRenderer::addTrack(const Track &track, const Instrument &instrument, GroupLevel level, double offset)
 {
-    worker_->addTrack(track, instrument, level);
+    worker_->addTrack(track, instrument, level, offset);
 }
 
 void TrackRenderer::render()

@@ -25,8 +25,9 @@ public:
     // Cancels a render that is running.
     ~TrackRenderer() override;
 
-    // Before render().
-    void addTrack(const Track &track, const Instrument &instrument, GroupLevel level = {});
+    // Before render(). offset: milliseconds by which the track sounds later than it should, or sooner; then the files
+    // begin with what is sooner.
+    void addTrack(const Track &track, const Instrument &instrument, GroupLevel level = {}, double offset = 0);
 
     // Once.
     void render();

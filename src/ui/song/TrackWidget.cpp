@@ -1,6 +1,7 @@
 #include "ui/song/TrackWidget.h"
 
 #include "assets/InstrumentSetModel.h"
+#include "song/Song.h"
 #include "ui/Dialogs.h"
 #include "ui/Icons.h"
 #include "ui/InstrumentComboBox.h"
@@ -13,6 +14,7 @@
 #include <QCheckBox>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
+#include <QInputDialog>
 #include <QLabel>
 #include <QMenu>
 #include <QSignalBlocker>
@@ -59,6 +61,14 @@ void TrackWidget::showMix()
     dlPan_->setValue(shown_->pan);
     showMuted(shown_->isMuted);
     showInstrument();
+    showStartOffset();
+}
+
+void TrackWidget::showStartOffset()
+{
+    const auto offset = shown_->startOffset;
+    lblOffset_->setVisible(offset != 0);
+    lblOffset_->setText(tr("%1 ms").arg((offset > 0 ? QStringLiteral("+") : QString()) + QString::number(offset)));
 }
 
 bool TrackWidget::isSelected() const
@@ -264,6 +274,20 @@ void TrackWidget::onTransposeDown()
     emit trackTransposed(-12);
 }
 
+void TrackWidget::onChooseStartOffset()
+{
+    QInputDialog dialog(this);
+    dialog.setObjectName(QStringLiteral("startOffsetDialog"));
+    dialog.setWindowTitle(tr("Start Offset"));
+    dialog.setLabelText(tr("Milliseconds by which the part sounds later than it is written (below 0: sooner):"));
+    dialog.setInputMode(QInputDialog::IntInput);
+    dialog.setIntRange(-mostStartOffset, mostStartOffset);
+    dialog.setIntStep(10);
+    dialog.setIntValue(shown_->startOffset);
+    if (dialogs_.run(dialog))
+        emit startOffsetChosen(dialog.intValue());
+}
+
 void TrackWidget::onSave()
 {
     emit saveRequested();
@@ -284,6 +308,7 @@ std::unique_ptr<QMenu> TrackWidget::contextMenu()
     menu->addSeparator();
     menu->addAction(icon("mute"), tr("(Un)mute"), this, &TrackWidget::onMuteClicked);
     menu->addAction(icon("solo"), tr("Solo"), this, &TrackWidget::trackSolo);
+    menu->addAction(tr("Start Offset..."), this, &TrackWidget::onChooseStartOffset);
     menu->addSeparator();
     auto *const transposition = menu->addMenu(tr("Quick Transpose"));
     transposition->addAction(icon("transposeup"), tr("Transpose one octave up"), this, &TrackWidget::onTransposeUp);

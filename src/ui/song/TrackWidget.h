@@ -85,6 +85,7 @@ signals:
     void trackInstrumentChanged();
     void trackVolumeChanged();
     void trackPanChanged();
+    void startOffsetChosen(int milliseconds);
     void trackMoveUp();
     void trackMoveDown();
     void trackSeek(qint64 ticks);
@@ -108,6 +109,7 @@ public slots:
     void onTrackChanged(const Track &track); // the editor's track is to take this one's place
     void onTransposeUp();
     void onTransposeDown();
+    void onChooseStartOffset();
 
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
@@ -122,6 +124,7 @@ private:
     const Track &track() const { return *shown_->track; }
     void showTrack();
     void showMix();
+    void showStartOffset();
     void showInstrument();
     void showMissingInstrument(bool isMissing);
     void showSelection();
@@ -138,6 +141,7 @@ private:
     QCheckBox *chkSelect_;
     TitleLabel *lblTitle_;
     QLabel *lblDraft_;
+    QLabel *lblOffset_;
     InstrumentComboBox *cboInstrument_;
     QToolButton *btnEdit_;
     QToolButton *btnDelete_;

@@ -89,6 +89,10 @@ void TrackWidget::createChildren()
     lblDraft_->setStyleSheet(TrackWidgetStyles::draftMark());
     lblDraft_->hide();
 
+    lblOffset_ = new QLabel(this);
+    name(lblOffset_, "lblOffset", tr("Start offset: by how much this part sounds later than it is written, or sooner"),
+         tr("Start offset"));
+
     cboInstrument_ = new InstrumentComboBox(instruments_, this);
     name(cboInstrument_, "cboInstrument", tr("Instrument for this track"), tr("Instrument for this track"));
 
@@ -132,8 +136,9 @@ void TrackWidget::layOut()
     caption->setSpacing(4);
     caption->addWidget(chkSelect_, 0, 0);
     caption->addWidget(lblTitle_, 0, 1);
-    caption->addWidget(lblDraft_, 0, 2);
-    caption->addWidget(cboInstrument_, 1, 0, 1, 3);
+    caption->addWidget(lblOffset_, 0, 2);
+    caption->addWidget(lblDraft_, 0, 3);
+    caption->addWidget(cboInstrument_, 1, 0, 1, 4);
     caption->setColumnStretch(1, 1);
 
     auto *const frVisContainer = new QFrame(this);

@@ -300,6 +300,12 @@ void TrackList::setPan(const QStringList &ids, int pan)
     changeEach(tr("Change Pan"), ids, Merging::Pan, [=](SongTrack &track) { track.pan = pan; });
 }
 
+void TrackList::setStartOffset(const QStringList &ids, int milliseconds)
+{
+    changeEach(tr("Change Start Offset"), ids, Merging::Never,
+               [=](SongTrack &track) { track.startOffset = milliseconds; });
+}
+
 void TrackList::setMuted(const QStringList &ids, bool isMuted)
 {
     changeEach(isMuted ? tr("Mute") : tr("Unmute"), ids, Merging::Never,
@@ -383,9 +389,7 @@ void TrackList::changeEach(const QString &step, const QStringList &ids, Merging 
             continue;
         const auto edited = std::make_shared<SongTrack>(*song_[index]);
         edit(*edited);
-        const auto &old = *song_[index];
-        if (edited->track != old.track || edited->instrument != old.instrument || edited->isMuted != old.isMuted ||
-            edited->volume != old.volume || edited->pan != old.pan)
+        if (*edited != *song_[index])
             after[index] = edited;
     }
     change(step, after, merging, ids.join(u' '));

@@ -79,6 +79,7 @@ public:
     void setInstrument(const QStringList &ids, const QString &instrument);
     void setVolume(const QStringList &ids, int percent);
     void setPan(const QStringList &ids, int pan);
+    void setStartOffset(const QStringList &ids, int milliseconds);
     void setMuted(const QStringList &ids, bool isMuted);
     void toggleMuted(const QStringList &ids); // mutes all when one of them sounds
     void solo(const QStringList &ids);        // or unmutes all when they alone sound

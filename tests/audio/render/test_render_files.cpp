@@ -217,6 +217,39 @@ private slots:
         QVERIFY(samplesOf(wanted.files.front().path) == std::vector<float>(from, to));
     }
 
+    // Of two parts with clicks at 0 and at a quarter note. What sounds sooner begins the file.
+    void startOffsets_data()
+    {
+        const Rows<double, double, QString> row("first", "second", "frames"); // ms
+        row("none", 0.0, 0.0, "0 24000");
+        row("late", 0.0, 250.0, "0 12000 24000 36000");
+        row("early", 0.0, -250.0, "0 12000 24000 36000");
+        row("all early", -100.0, -350.0, "0 12000 24000 36000");
+        row("all late", 100.0, 350.0, "4800 16800 28800 40800");
+    }
+    void startOffsets()
+    {
+        QFETCH(const double, first);
+        QFETCH(const double, second);
+        QFETCH(const QString, frames);
+        const auto wanted = plan("offsets.wav", RenderFiles::Mix, SoundCoding::WavFloat);
+        TrackRenderer renderer(
+            wanted, [](const QString &) { return std::make_unique<BuiltinEngine>(EngineOutput::Silent); }, 2);
+        for (const double offset : {first, second})
+            renderer.addTrack(trackOf({TrackEvent::note(60, 0, 100), TrackEvent::note(60, 10080, 100)}),
+                              instrumentOf(files_.click()), {}, offset);
+        QSignalSpy finished(&renderer, &TrackRenderer::renderFinished);
+        renderer.render();
+        QVERIFY(finished.wait(20000));
+        const auto samples = samplesOf(wanted.files.front().path);
+        QStringList found;
+        for (std::size_t frame = 0; frame < samples.size() / 2; ++frame) {
+            if (samples[2 * frame] != 0)
+                found.append(QString::number(frame));
+        }
+        QCOMPARE(found.join(u' '), frames);
+    }
+
     void normalises()
     {
         auto wanted = plan("loud.wav", RenderFiles::Both, SoundCoding::WavFloat);

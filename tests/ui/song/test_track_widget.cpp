@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QInputDialog>
 #include <QLabel>
 #include <QMenu>
 #include <QSignalSpy>
@@ -301,6 +302,21 @@ private slots:
             QCOMPARE(row_->styleSheet().contains(QStringLiteral("#DADADA")), !isDark);
         }
         row_->setParent(nullptr);
+    }
+
+    void asksForTheStartOffset()
+    {
+        QSignalSpy chosen(row_.get(), &TrackWidget::startOffsetChosen);
+        dialogs_->inDialog = [](QDialog &dialog) {
+            auto &input = *qobject_cast<QInputDialog *>(&dialog);
+            input.setIntValue(input.intValue() - 30);
+            input.accept();
+        };
+        QVERIFY(child<QLabel>("lblOffset")->isHidden());
+        show(&SongTrack::startOffset, 10);
+        QCOMPARE(child<QLabel>("lblOffset")->text(), QStringLiteral("+10 ms"));
+        choose(QStringLiteral("Start Offset..."));
+        QCOMPARE(chosen.value(0).value(0).toInt(), -20);
     }
 
 private:

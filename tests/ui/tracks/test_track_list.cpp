@@ -18,11 +18,12 @@ QString describe(const SongTracks &song)
     QStringList lines;
     for (const auto &each : song) {
         auto copy = *each->track;
-        lines.append(QStringLiteral("%1 %2 %3 %4 %5 %6")
+        lines.append(QStringLiteral("%1 %2 %3 %4 %5 %6 %7")
                          .arg(each->id, each->instrument)
                          .arg(each->isMuted)
                          .arg(each->volume)
                          .arg(each->pan)
+                         .arg(each->startOffset)
                          .arg(copy.toAbc()));
     }
     return lines.join(u'\n');
@@ -59,7 +60,7 @@ class TestTrackList : public QObject
     Q_OBJECT
 
     // Their steps, and the titles after each for the second track and the first.
-    const std::tuple<const char *, const char *, Command> commands_[12] = {
+    const std::tuple<const char *, const char *, Command> commands_[13] = {
         {"Remove All Tracks", "",
          [](auto &list, auto &, auto &) { list.remove(QStringLiteral("Remove All Tracks"), list.ids()); }},
         {"Remove Track", "a,c",
@@ -85,6 +86,10 @@ class TestTrackList : public QObject
         {"Change Volume", "a,b,c",
          [](auto &list, auto &id, auto &) { list.setVolume({id}, (list.find(id)->volume + 40) % 101); }},
         {"Change Pan", "a,b,c", [](auto &list, auto &id, auto &) { list.setPan({id}, -60 - list.find(id)->pan); }},
+        {"Change Start Offset", "a,b,c",
+         [](auto &list, auto &id, auto &other) {
+             list.setStartOffset({id, other}, 30 - list.find(id)->startOffset);
+         }},
         {"Mute", "a,b,c",
          [](auto &list, auto &id, auto &other) {
              list.setMuted({id, other}, !list.find(id)->isMuted);
