@@ -57,7 +57,7 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
       songs_(context(), save_, [this] { return editors_.closeStrays(); }), import_(context(), importQueue_, songs_),
       recovery_(context(), journal_, services.journalFolder, [this](const auto &then) { songs_.leaveFor(then); }),
       trackCommands_(context(), importQueue_), instrumentCommands_(context(), instruments_, *instrumentList_),
-      transportCommands_(context(), transport_, player_, *masterVolume_),
+      transportCommands_(context(), transport_, player_, *masterVolume_), practice_(context()),
       export_(context(), services.makeFileEngine,
               services.journalFolder.isEmpty() ? QString() : services.journalFolder + QStringLiteral("/exports")),
       notationExport_(context()), program_(context(), {sound_.control(), &keyboard_.keyboard()}), status_(*this),
@@ -71,6 +71,7 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
     makeActions();
     makeMenus(*this, actions_, import_, settings_);
     makeToolBars(*this, actions_, {*instrumentList_, *masterMeter_, *masterVolume_});
+    practice_.fillMenu(*findChild<QMenu *>(QStringLiteral("menuMetronome")));
     makeHistoryDock(*this, tracks_.history());
     findChild<QMenu *>(QStringLiteral("menuImport"))->addAction(reports_->toggleAction());
     status_.follow(instrumentCommands_.scanning());
@@ -98,16 +99,17 @@ void MainWindow::showFailure(const QString &error)
 
 void MainWindow::makeActions()
 {
-    for (const auto &rows :
-         {ImportCommands::actions(), SaveCommands::actions(), SongCommands::actions(), SongRecovery::actions(),
-          TrackCommands::actions(), InstrumentCommands::actions(), TransportCommands::actions(),
-          ExportCommands::actions(), NotationExport::actions(), ProgramCommands::actions()})
+    for (const auto &rows : {ImportCommands::actions(), SaveCommands::actions(), SongCommands::actions(),
+                             SongRecovery::actions(), TrackCommands::actions(), InstrumentCommands::actions(),
+                             TransportCommands::actions(), PracticeCommands::actions(), ExportCommands::actions(),
+                             NotationExport::actions(), ProgramCommands::actions()})
         actions_.add(rows);
     QVector<QAction *> buttons;
     for (const auto *const name : {"actionZoom_Out", "actionZoom_In", "actionZoom_Whole", "actionLoop", "actionFollow"})
         buttons.append(actions_.find(QLatin1String(name)));
     area_->addButtons(buttons);
     buttons.last()->setChecked(true);
+    actions_.find(QStringLiteral("actionMetronome"))->setChecked(settings_.value(Settings::MetronomeOn).toBool());
     actions_.add(tracks_.history().createUndoAction(this), "actionUndo", "Ctrl+Z");
     actions_.add(tracks_.history().createRedoAction(this), "actionRedo", "Ctrl+Shift+Z");
 }

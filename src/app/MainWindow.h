@@ -16,6 +16,7 @@
 #include "app/exporting/NotationExport.h"
 #include "app/keyboard/KeyRecorder.h"
 #include "app/keyboard/LiveKeyboard.h"
+#include "app/practice/PracticeCommands.h"
 #include "app/recovery/SessionJournal.h"
 #include "app/recovery/SongRecovery.h"
 #include "app/services/ChangedFiles.h"
@@ -98,6 +99,7 @@ public slots:
     void onLoopEnd();
     void onLoopChosen(const TimeSpan &loop);
     void onTempoFactorChanged(int percent);
+    void onMetronome(bool isOn);
     void onZoomIn();
     void onZoomOut();
     void onZoomWhole();
@@ -221,6 +223,7 @@ private:
     TrackCommands trackCommands_;
     InstrumentCommands instrumentCommands_;
     TransportCommands transportCommands_;
+    PracticeCommands practice_;
     ExportCommands export_;
     NotationExport notationExport_;
     ProgramCommands program_;

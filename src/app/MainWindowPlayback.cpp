@@ -100,6 +100,11 @@ void MainWindow::onTempoFactorChanged(int percent)
     transportCommands_.setTempoFactor(percent);
 }
 
+void MainWindow::onMetronome(bool isOn)
+{
+    practice_.switchMetronome(isOn);
+}
+
 void MainWindow::onZoomIn()
 {
     area_->zoomBy(zoomStep);

@@ -60,11 +60,12 @@ void makeMenus(QMainWindow &window, const WindowActions &actions, ImportCommands
         *addMenu(bar, "menuTrack", "&Track"),
         "actionNew_Track actionDuplicate_Selected actionMerge_Selected actionClean_Quantise actionApplyInstrument "
         "actionMute_Selected - actionRemove_Selected actionClear_Tracks");
-    actions.addTo(
-        *addMenu(bar, "menuPlayback", "&Playback"),
-        "actionPlay actionPlay_Pause actionStop actionRecord - actionGo_to_Start actionGo_to_End actionMeasure_Back "
-        "actionMeasure_Forward - actionLoop actionLoop_Begin actionLoop_End - actionZoom_In actionZoom_Out "
-        "actionZoom_Whole actionFollow");
+    auto *const playback = addMenu(bar, "menuPlayback", "&Playback");
+    actions.addTo(*playback, "actionPlay actionPlay_Pause actionStop actionRecord - actionGo_to_Start actionGo_to_End "
+                             "actionMeasure_Back actionMeasure_Forward - actionLoop actionLoop_Begin actionLoop_End - "
+                             "actionMetronome");
+    addMenu(playback, "menuMetronome", "Count-In and Clicks");
+    actions.addTo(*playback, "- actionZoom_In actionZoom_Out actionZoom_Whole actionFollow");
     actions.addTo(*addMenu(bar, "menuTools", "T&ools"), "actionPreferences");
     actions.addTo(*addMenu(bar, "menuHelp", "&Help"),
                   "actionCheck_for_updates - actionWebsite actionDonate - actionAbout_Kelvarion_Composer");

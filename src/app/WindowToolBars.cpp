@@ -8,8 +8,10 @@
 #include <QCoreApplication>
 #include <QLabel>
 #include <QMainWindow>
+#include <QMenu>
 #include <QSlider>
 #include <QToolBar>
+#include <QToolButton>
 
 namespace {
 
@@ -59,6 +61,14 @@ void fillMeterBar(QToolBar &bar, VUMeter &meter, QSlider &volume)
     bar.addWidget(&volume);
 }
 
+// Beside what a click does.
+void addMenu(QToolBar &bar, QAction &action, QMenu *menu)
+{
+    auto *const button = qobject_cast<QToolButton *>(bar.widgetForAction(&action));
+    button->setMenu(menu);
+    button->setPopupMode(QToolButton::MenuButtonPopup);
+}
+
 // Stop is always in sight; it is other bars that become short in a narrow window.
 void keepWhole(QToolBar &bar)
 {
@@ -78,7 +88,9 @@ void makeToolBars(QMainWindow &window, const WindowActions &actions, const ToolB
                   "actionOpen actionImport_MIDI actionSave_All - actionNew_Track actionDuplicate_Selected "
                   "actionMerge_Selected actionRemove_Selected actionClear_Tracks actionMute_Selected");
     auto &playback = addBar(window, "tbPlayback", "Playback Controls");
-    actions.addTo(playback, "actionPlay actionStop actionRecord");
+    actions.addTo(playback, "actionPlay actionStop actionRecord actionMetronome");
+    addMenu(playback, *actions.find(QStringLiteral("actionMetronome")),
+            window.findChild<QMenu *>(QStringLiteral("menuMetronome")));
     keepWhole(playback);
     fillInstrumentBar(addBar(window, "tbInstrument", "Instrument Toolbar"), actions, controls.instrumentList);
     fillMeterBar(addBar(window, "tbVU", "Meters Toolbar"), controls.masterMeter, controls.masterVolume);

@@ -20,7 +20,9 @@ struct PlayRequest
     // plays under the track's id is heard to the end of its notes in the one case; in the other, the track takes its
     // place: notes that are the same in both sound on, the others end. While nothing of the group plays the two are the
     // same.
-    enum class Begin { AtTheStart, WithTheGroup };
+    // BeforeTheOthers is a count-in: it plays once, in no loop, and what else starts in the same go begins where it
+    // ends. A seek ends it.
+    enum class Begin { AtTheStart, WithTheGroup, BeforeTheOthers };
 
     QString trackId; // of the caller's choice; replaces what plays under it
     Track track;

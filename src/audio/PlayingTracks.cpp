@@ -1,5 +1,7 @@
 #include "audio/PlayingTracks.h"
 
+#include "audio/clicks/ClickTrack.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -13,6 +15,8 @@ PlayingTracks::PlayingTracks(AudioEngine &engine, ResultChecker &checker, Sample
     : engine_(engine), checker_(checker), feed_(feed), listener_(std::move(listener)),
       notes_(engine, checker, feed, listener_.warn)
 {
+    for (const auto click : {Click::Beat, Click::Accent})
+        feed_.provide(ClickTrack::sampleName(click), clickSound(click, engine_.sampleRate()));
 }
 
 void PlayingTracks::play(const QVector<PlayRequest> &requests)
@@ -27,6 +31,8 @@ void PlayingTracks::play(const QVector<PlayRequest> &requests)
 
 void PlayingTracks::start(const PlayRequest &request)
 {
+    if (request.begin == PlayRequest::Begin::BeforeTheOthers)
+        return startCountIn(request);
     const auto now = engine_.clock();
     PlayingTrack track{TrackPlayback(request.track, request.instrument, engine_.sampleRate(), now, tempoFactor_),
                        request.syncGroup, request.level, request.isMuted};
@@ -119,6 +125,7 @@ void PlayingTracks::pass()
     notes_.soundLateNotes();
     for (auto track = tracks_.begin(); track != tracks_.end();)
         track = passTrack(track) ? std::next(track) : tracks_.erase(track);
+    passCountIn();
     notes_.tell(listener_.pressed, listener_.released);
 }
 
@@ -149,7 +156,8 @@ SampleAhead *PlayingTracks::earliest(DspClock until)
     return first || prepared_.empty() ? first : &prepared_.front();
 }
 
-// Moves the tracks that are held so that they will begin 100 ms from now, unless all is there: then they begin.
+// Moves the tracks that are held so that they, or what comes before them, will begin 100 ms from now, unless all is
+// there: then they begin.
 void PlayingTracks::hold(bool isStuck)
 {
     std::vector<PlayingTrack *> held;
@@ -159,13 +167,17 @@ void PlayingTracks::hold(bool isStuck)
     }
     if (held.empty())
         return endLoading();
-    qint64 lead = 0; // of who begins before the others
+    auto lead = qint64(countInFrames()); // of who begins before the others
     for (const auto *const track : held)
         lead = std::max(lead, -track->playback.offset());
     for (auto *const track : held)
         track->place(track->from, engine_.clock() + notes_.lookAhead() + DspClock(lead));
+    if (countIn_ && countIn_->isHeld)
+        countIn_->place(0, held.front()->begins - countInFrames());
     if (tellLoading(held) && !isStuck)
         return;
+    if (countIn_)
+        countIn_->isHeld = false;
     for (auto *const track : held)
         track->isHeld = false;
     lookAheadAgain();
@@ -255,8 +267,10 @@ void PlayingTracks::stop(const QString &trackId)
     listener_.stopped(trackId);
     notes_.forget(trackId);
     tracks_.remove(trackId);
-    if (tracks_.isEmpty())
-        longestLength_ = 0;
+    if (!tracks_.isEmpty())
+        return;
+    longestLength_ = 0;
+    endCountIn();
 }
 
 void PlayingTracks::stopAll()

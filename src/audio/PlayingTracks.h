@@ -7,6 +7,7 @@
 #include <QMap>
 
 #include <functional>
+#include <optional>
 #include <tuple>
 #include <vector>
 
@@ -91,6 +92,11 @@ private:
     bool tellLoading(const std::vector<PlayingTrack *> &held); // false: all is there
     void endLoading();
     void lookAheadAgain();
+    void startCountIn(const PlayRequest &request);
+    DspClock countInFrames() const;
+    void passCountIn();
+    void retimeCountIn();
+    void endCountIn();
     bool passTrack(Tracks::iterator track); // false: it is over
     void schedule(const QString &trackId, PlayingTrack &track, const QVector<EventInPass> &sounding = {});
     std::optional<PlaybackLoop> playbackLoop() const;
@@ -105,6 +111,7 @@ private:
     SampleFeed &feed_;
     Listener listener_;
     Tracks tracks_;
+    std::optional<PlayingTrack> countIn_; // until it is over
     NoteScheduler notes_;
     std::vector<SampleAhead> prepared_;
     Ticks longestLength_ = 0;

@@ -1,8 +1,75 @@
-// Where the tracks are, and how fast they go.
+// Where the tracks are, how fast they go, and what comes before them.
 #include "audio/PlayingTracks.h"
 
 #include <algorithm>
 #include <utility>
+
+namespace {
+
+const auto countInId = QStringLiteral("~count-in"); // of its notes
+
+} // namespace
+
+void PlayingTracks::startCountIn(const PlayRequest &request)
+{
+    endCountIn();
+    const TrackPlayback playback(request.track, request.instrument, engine_.sampleRate(), engine_.clock(),
+                                 tempoFactor_);
+    PlayingTrack track{playback, {}, request.level};
+    track.isHeld = true;
+    if (!check(engine_.createGroup(track.group)))
+        return;
+    check(engine_.setGroupLevel(track.group, track.level));
+    countIn_ = track;
+}
+
+// Of one that is still to begin.
+DspClock PlayingTracks::countInFrames() const
+{
+    if (!countIn_ || !countIn_->isHeld)
+        return 0;
+    return countIn_->playback.clockAt(countIn_->playback.track().length()) - countIn_->playback.clockAt(0);
+}
+
+void PlayingTracks::passCountIn()
+{
+    if (tracks_.isEmpty())
+        return endCountIn();
+    if (!countIn_ || countIn_->isHeld)
+        return;
+    notes_.schedule(countInId, countIn_->group, countIn_->playback);
+    if (countIn_->playback.tickAt(engine_.clock()) >= countIn_->playback.track().length())
+        endCountIn();
+}
+
+// What waits for its end begins there.
+void PlayingTracks::retimeCountIn()
+{
+    if (!countIn_)
+        return;
+    const auto before = countIn_->playback;
+    const auto now = engine_.clock();
+    countIn_->playback.setTiming(tempoFactor_, std::nullopt, now);
+    if (countIn_->isHeld)
+        return;
+    notes_.schedule(countInId, countIn_->group, countIn_->playback,
+                    notes_.handOver(countInId, before, countIn_->playback, SoundingNotes::Begun::Stay));
+    const auto end = countIn_->playback.clockAt(countIn_->playback.track().length());
+    for (auto &track : tracks_) {
+        if (!track.isHeld && !track.hasBegun(now))
+            track.begins = end;
+    }
+}
+
+void PlayingTracks::endCountIn()
+{
+    if (!countIn_)
+        return;
+    check(engine_.stopGroup(countIn_->group));
+    check(engine_.releaseGroup(countIn_->group));
+    notes_.forget(countInId);
+    countIn_.reset();
+}
 
 void PlayingTracks::setLoop(const std::optional<LoopRegion> &loop)
 {
@@ -47,6 +114,7 @@ void PlayingTracks::followLoop()
 
 void PlayingTracks::applyTiming()
 {
+    retimeCountIn();
     for (auto track = tracks_.begin(); track != tracks_.end(); ++track)
         retime(track.key(), *track, TrackPlayback(track->playback));
     lookAheadAgain();
@@ -100,6 +168,7 @@ void PlayingTracks::seek(Ticks tick,
                 action(track.key(), *track);
         }
     };
+    endCountIn();
     forSelected([&](const QString &id, PlayingTrack &track) {
         track.place(tick, track.isHeld ? engine_.clock() + notes_.lookAhead() : engine_.clock());
         notes_.forgetLateNotes(id);

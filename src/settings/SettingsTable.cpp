@@ -70,6 +70,9 @@ const std::array<Row, settingCount> &rows()
         {ExportFiles, "export/files", Type::Integer, "0"}, // see RenderFiles
         {ExportNormalise, "export/normalise", Type::Boolean, "false"},
         {ExportOffsets, "export/startOffsets", Type::Boolean, "false"},
+        {MetronomeOn, "practice/metronome", Type::Boolean, "false"},
+        {MetronomeVolume, "practice/metronomeVolume", Type::Integer, "70"}, // percent
+        {CountInMeasures, "practice/countIn", Type::Integer, "0"},
         {SoundDevice, "sound/device", Type::Text, ""},                   // its name; the system's default
         {SoundBlock, "sound/blockFrames", Type::Integer, "0"},           // see OutputChoice
         {CheckSemitones, "check/mostSemitones", Type::Integer, "7"},     // see CheckOptions

@@ -54,7 +54,11 @@ public:
                                     .instrument = instrument,
                                     .syncGroup = group,
                                     .from = tick / 2,
-                                    .offset = 300 * double(level) - 150}});
+                                    .offset = 300 * double(level) - 150},
+                                   {.trackId = id,
+                                    .track = flag ? melody : Track(),
+                                    .instrument = instrument,
+                                    .begin = PlayRequest::Begin::BeforeTheOthers}});
             },
             [=](Player &player) {
                 player.setLoop(flag ? std::optional(LoopRegion{tick, tick + Ticks(200 + tick % 9000)}) : std::nullopt);

@@ -1,15 +1,18 @@
 #include "app/services/Playback.h"
 
 #include "audio/TrackPlayer.h"
+#include "audio/clicks/ClickTrack.h"
 #include "core/HeaderFields.h"
 
 #include <QHash>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
 const QString syncGroup = QStringLiteral("Main");
+const QString metronomeId = QStringLiteral("~metronome"); // which is no track's, and behind them
 
 bool hasSamples(const Instrument &instrument)
 {
@@ -90,7 +93,7 @@ void Playback::play(Ticks from)
     QVector<PlayRequest> requests;
     for (const auto &track : list_.song())
         requests.append(requestFor(*track, PlayRequest::Begin::AtTheStart, from));
-    player_.playTracks(requests);
+    player_.playTracks(requests + clicksFor(from));
     tellPlaying([this] { isStarting_ = !list_.isEmpty(); });
 }
 
@@ -115,6 +118,60 @@ void Playback::setLoop(const std::optional<LoopRegion> &region)
 void Playback::setTempoFactor(double factor)
 {
     player_.setTempoFactor(std::clamp(factor, 0.25, 2.0));
+}
+
+// The beats are heard from where the song is.
+void Playback::setMetronome(const Metronome &metronome)
+{
+    const auto before = std::exchange(metronome_, metronome);
+    if (metronome.volume != before.volume)
+        player_.setVolume(metronomeId, gainOf(metronome.volume));
+    if (metronome.isOn == before.isOn || !isPlaying())
+        return;
+    counted_.reset();
+    if (metronome.isOn)
+        followBeats();
+    else
+        player_.stopTrack(metronomeId);
+}
+
+void Playback::followBeats()
+{
+    const auto leader = list_.leader();
+    if (!metronome_.isOn || !leader || (leader->track == counted_ && list_.commonLength() == countedLength_))
+        return;
+    counted_ = leader->track;
+    countedLength_ = list_.commonLength();
+    const auto beats = ClickTrack::beats(*counted_, countedLength_);
+    player_.playTrack(clicks(beats, PlayRequest::Begin::WithTheGroup));
+}
+
+PlayRequest Playback::clicks(const Track &beats, PlayRequest::Begin begin, Ticks from) const
+{
+    return {.trackId = metronomeId,
+            .track = beats,
+            .instrument = ClickTrack::instrument(),
+            .level = {gainOf(metronome_.volume), 0},
+            .syncGroup = syncGroup,
+            .begin = begin,
+            .from = from};
+}
+
+QVector<PlayRequest> Playback::clicksFor(Ticks from)
+{
+    using Begin = PlayRequest::Begin;
+    QVector<PlayRequest> requests;
+    const auto leader = list_.leader();
+    if (!leader)
+        return requests;
+    counted_ = leader->track;
+    countedLength_ = list_.commonLength();
+    const auto countIn = ClickTrack::countIn(*counted_, from, metronome_.countIn);
+    if (countIn.length() > 0)
+        requests.append(clicks(countIn, Begin::BeforeTheOthers));
+    if (metronome_.isOn)
+        requests.append(clicks(ClickTrack::beats(*counted_, countedLength_), Begin::AtTheStart, from));
+    return requests;
 }
 
 PlayRequest Playback::requestFor(const SongTrack &track, PlayRequest::Begin begin, Ticks from) const
@@ -151,6 +208,7 @@ void Playback::follow(const SongTracks &before, const SongTracks &after)
         if (!now.contains(track->id))
             player_.stopTrack(track->id);
     }
+    followBeats();
 }
 
 void Playback::followTrack(const SongTrack &before, const SongTrack &after)
@@ -179,4 +237,7 @@ void Playback::onTrackStarted(const QString &id)
 void Playback::onTrackStopped(const QString &id)
 {
     tellPlaying([&] { playing_.remove(id); });
+    const bool isSongOver = playing_ == QSet<QString>{metronomeId};
+    if (isSongOver && stopsUnderWay_ == 0) // otherwise it is stopped, too, and may be another one by now
+        player_.stopTrack(metronomeId);
 }

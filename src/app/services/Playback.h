@@ -11,6 +11,14 @@
 
 class TrackPlayer;
 
+// What a person who practises hears beside the song.
+struct Metronome
+{
+    bool isOn = false;
+    int volume = 70; // percent, of the count-in, too
+    int countIn = 0; // measures before each play(), 0 … ClickTrack::mostCountInMeasures
+};
+
 // Plays the song: tells the player what the user asks for, and every change of the song while it sounds. On the
 // interface thread.
 class Playback : public QObject
@@ -42,6 +50,7 @@ public:
     // These hold until they are changed, and are heard at once while it plays. See PlayerWorker.
     void setLoop(const std::optional<LoopRegion> &region);
     void setTempoFactor(double factor); // 0.25 … 2
+    void setMetronome(const Metronome &metronome);
 
 signals:
     void playingChanged(bool isPlaying);
@@ -57,6 +66,9 @@ private:
     void tellPlaying(Change change);
     void follow(const SongTracks &before, const SongTracks &after);
     void followTrack(const SongTrack &before, const SongTrack &after);
+    void followBeats();
+    PlayRequest clicks(const Track &beats, PlayRequest::Begin begin, Ticks from = 0) const;
+    QVector<PlayRequest> clicksFor(Ticks from);
     PlayRequest requestFor(const SongTrack &track, PlayRequest::Begin begin, Ticks from = 0) const;
     void onTrackStarted(const QString &id);
     void onTrackStopped(const QString &id);
@@ -65,6 +77,9 @@ private:
     const InstrumentSetModel &catalogue_;
     TrackPlayer &player_;
     QString defaultInstrument_;
+    Metronome metronome_;
+    std::shared_ptr<const Track> counted_; // whose beats are heard, and up to where
+    Ticks countedLength_ = 0;
     QSet<QString> playing_;
     bool isStarting_ = false;
     int stopsUnderWay_ = 0; // that the player was asked for and has not told yet

@@ -8,15 +8,6 @@ namespace {
 
 constexpr int clockRate = 48000; // as fine as what is heard
 
-const SongTrack *leaderOf(const SongTracks &song)
-{
-    const auto hasNotes = [](const auto &track) { return track->track->length() > 0; };
-    const auto found = std::find_if(song.begin(), song.end(), hasNotes);
-    if (found != song.end())
-        return found->get();
-    return song.isEmpty() ? nullptr : song.first().get();
-}
-
 } // namespace
 
 Transport::Transport(const TrackList &tracks, Playback &playback, QObject *parent)
@@ -33,7 +24,7 @@ qint64 Transport::milliseconds(Ticks tick) const
 
 void Transport::followSong()
 {
-    const auto *const leader = leaderOf(tracks_.song());
+    const auto leader = tracks_.leader();
     leader_ = leader ? leader->id : QString();
     const auto counted = leader ? leader->track : nullptr;
     if (counted != counted_) {

@@ -11,8 +11,8 @@ class Playback;
 class TrackList;
 
 // Where in the song we are: the position that a person sets, from which Play begins, and which runs while it plays.
-// When the playing ends, the position goes back to where it was set last. Measures and seconds are those of the first
-// track with notes. On the interface thread.
+// When the playing ends, the position goes back to where it was set last. Measures and seconds are those of the song's
+// leader. On the interface thread.
 class Transport : public QObject
 {
     Q_OBJECT

@@ -33,6 +33,8 @@ SampleFeed::Found SampleFeed::find(const SampleNeed &need)
 {
     if (!isPlayable(need) || rejected_.contains(need.path))
         return {};
+    if (const auto sound = provided_.value(need.path))
+        return {State::Ready, sound, reader_.ratioOf(*sound, need.rate)};
     if (auto sound = sounds_.find({need.path, need.rate}, need.frames))
         return {State::Ready, std::move(sound)};
     auto sound = findDecoded(need);

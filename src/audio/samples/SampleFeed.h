@@ -44,6 +44,9 @@ public:
     SampleFeed(SampleReader::Decode decode, int sampleRate, Host host, int threads,
                std::size_t byteLimit = std::size_t(256) << 20);
 
+    // A sound under a name that no file has; it is always there.
+    void provide(const QString &path, const Sound &sound) { provided_.insert(path, sound); }
+
     // What is there for a note.
     Found find(const SampleNeed &need);
     // That it be there. False when so much is waiting already that it is to be asked again later.
@@ -94,6 +97,7 @@ private:
     std::vector<Waiting> waiting_; // in the order in which they begin
     QHash<QString, SampleReader::Opened> opened_;
     QSet<Pitch> busy_;
+    QHash<QString, Sound> provided_;
     QSet<QString> rejected_;
     QSet<QString> warnedAbout_;
     std::uint64_t now_ = 0;

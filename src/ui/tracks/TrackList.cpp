@@ -93,6 +93,13 @@ const SongTrack *TrackList::find(const QString &id) const
     return index >= 0 ? song_[index].get() : nullptr;
 }
 
+std::shared_ptr<const SongTrack> TrackList::leader() const
+{
+    const auto hasNotes = [](const auto &track) { return track->track->length() > 0; };
+    const auto found = std::find_if(song_.begin(), song_.end(), hasNotes);
+    return found != song_.end() ? *found : song_.value(0);
+}
+
 QStringList TrackList::ids() const
 {
     QStringList ids;

@@ -45,6 +45,8 @@ public:
     const SongTracks &song() const { return song_; }
     bool isEmpty() const { return song_.isEmpty(); }
     const SongTrack *find(const QString &id) const;
+    // Whose measures and tempo are the song's: the first with notes; null in an empty song.
+    std::shared_ptr<const SongTrack> leader() const;
     QStringList ids() const;
     QUndoStack &history() { return history_; }
 
