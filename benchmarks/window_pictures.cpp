@@ -92,6 +92,27 @@ void takeImport(WindowFixture &fixture, const QString &midi)
     QTest::qWait(1000);
 }
 
+void takePractice(WindowFixture &fixture)
+{
+    fixture.dialogs().inDialog = [](QDialog &dialog) {
+        take(dialog, "rehearsal");
+        dialog.findChild<QAbstractButton *>(QStringLiteral("btnDice"))->click();
+        take(dialog, "rehearsal-typed");
+        dialog.accept();
+    };
+    fixture.trigger("actionRehearsal_Offsets");
+    fixture.trigger("actionMetronome");
+    fixture.tracks().setStartOffset({fixture.tracks().ids().value(0)}, -45);
+    take(fixture.window(), "practice");
+    fixture.trigger("actionMetronome");
+    fixture.tracks().history().undo();
+    fixture.dialogs().inDialog = [](QDialog &dialog) {
+        take(dialog, "export-audio");
+        dialog.reject();
+    };
+    fixture.trigger("actionExport_Audio");
+}
+
 // Everything of the window while the samples of the song are being loaded.
 void takeLoading(WindowFixture &fixture, const QStringList &songs)
 {
@@ -293,6 +314,7 @@ void takeAll(const QString &game, const QStringList &songs)
     window.onZoomWhole();
     window.resize(820, 500);
     take(window, "small");
+    takePractice(fixture);
     takeDrag(fixture);
     takePreferences(fixture);
     if (const auto midi = songs.filter(QStringLiteral(".mid")); !midi.isEmpty())

@@ -100,6 +100,8 @@ public slots:
     void onLoopChosen(const TimeSpan &loop);
     void onTempoFactorChanged(int percent);
     void onMetronome(bool isOn);
+    void onRehearsal(bool isOn);
+    void onRehearsalOffsets();
     void onZoomIn();
     void onZoomOut();
     void onZoomWhole();

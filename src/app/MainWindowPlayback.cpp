@@ -105,6 +105,17 @@ void MainWindow::onMetronome(bool isOn)
     practice_.switchMetronome(isOn);
 }
 
+void MainWindow::onRehearsal(bool isOn)
+{
+    practice_.switchRehearsal(isOn);
+}
+
+void MainWindow::onRehearsalOffsets()
+{
+    if (practice_.chooseRehearsal())
+        actions_.find(QStringLiteral("actionRehearsal"))->setChecked(true);
+}
+
 void MainWindow::onZoomIn()
 {
     area_->zoomBy(zoomStep);

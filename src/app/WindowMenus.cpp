@@ -65,7 +65,9 @@ void makeMenus(QMainWindow &window, const WindowActions &actions, ImportCommands
                              "actionMeasure_Back actionMeasure_Forward - actionLoop actionLoop_Begin actionLoop_End - "
                              "actionMetronome");
     addMenu(playback, "menuMetronome", "Count-In and Clicks");
-    actions.addTo(*playback, "- actionZoom_In actionZoom_Out actionZoom_Whole actionFollow");
+    actions.addTo(
+        *playback,
+        "actionRehearsal actionRehearsal_Offsets - actionZoom_In actionZoom_Out actionZoom_Whole actionFollow");
     actions.addTo(*addMenu(bar, "menuTools", "T&ools"), "actionPreferences");
     actions.addTo(*addMenu(bar, "menuHelp", "&Help"),
                   "actionCheck_for_updates - actionWebsite actionDonate - actionAbout_Kelvarion_Composer");

@@ -88,9 +88,12 @@ void makeToolBars(QMainWindow &window, const WindowActions &actions, const ToolB
                   "actionOpen actionImport_MIDI actionSave_All - actionNew_Track actionDuplicate_Selected "
                   "actionMerge_Selected actionRemove_Selected actionClear_Tracks actionMute_Selected");
     auto &playback = addBar(window, "tbPlayback", "Playback Controls");
-    actions.addTo(playback, "actionPlay actionStop actionRecord actionMetronome");
+    actions.addTo(playback, "actionPlay actionStop actionRecord actionMetronome actionRehearsal");
     addMenu(playback, *actions.find(QStringLiteral("actionMetronome")),
             window.findChild<QMenu *>(QStringLiteral("menuMetronome")));
+    auto *const offsets = new QMenu(&playback);
+    actions.addTo(*offsets, "actionRehearsal_Offsets");
+    addMenu(playback, *actions.find(QStringLiteral("actionRehearsal")), offsets);
     keepWhole(playback);
     fillInstrumentBar(addBar(window, "tbInstrument", "Instrument Toolbar"), actions, controls.instrumentList);
     fillMeterBar(addBar(window, "tbVU", "Meters Toolbar"), controls.masterMeter, controls.masterVolume);

@@ -72,6 +72,7 @@ const std::array<Row, settingCount> &rows()
         {ExportOffsets, "export/startOffsets", Type::Boolean, "false"},
         {MetronomeOn, "practice/metronome", Type::Boolean, "false"},
         {MetronomeVolume, "practice/metronomeVolume", Type::Integer, "70"}, // percent
+        {RehearsalSpread, "practice/rehearsalSpread", Type::Integer, "40"}, // milliseconds
         {CountInMeasures, "practice/countIn", Type::Integer, "0"},
         {SoundDevice, "sound/device", Type::Text, ""},                   // its name; the system's default
         {SoundBlock, "sound/blockFrames", Type::Integer, "0"},           // see OutputChoice

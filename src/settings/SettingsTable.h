@@ -73,6 +73,7 @@ enum Setting {
     ExportOffsets,
     MetronomeOn,
     MetronomeVolume,
+    RehearsalSpread,
     CountInMeasures,
     SoundDevice,
     SoundBlock,

@@ -12,11 +12,14 @@
 #include <QComboBox>
 #include <QDial>
 #include <QLabel>
+#include <QMenu>
+#include <QRadioButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSlider>
 #include <QSpinBox>
 #include <QStatusBar>
+#include <QTableWidget>
 #include <QToolButton>
 #include <QWheelEvent>
 
@@ -328,6 +331,63 @@ private slots:
         QTRY_VERIFY(overview(0)->position() > reached + ticksPerQuarter);
         fixture_->trigger("actionStop");
         QTRY_VERIFY(!fixture_->action("actionStop")->isEnabled());
+    }
+
+    // It counts in, and clicks as long as it is switched on.
+    void practises()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        QStringList heard;
+        connect(&player(), &TrackPlayer::notePressed, this, [&heard](const QString &id) {
+            if (!heard.contains(id))
+                heard.append(id);
+        });
+        const auto choices = fixture_->child<QMenu>("menuMetronome")->actions();
+        const auto isMeasure = [](const QAction *action) { return action->text() == QStringLiteral("1 Measure"); };
+        (*std::find_if(choices.begin(), choices.end(), isMeasure))->trigger();
+        fixture_->trigger("actionMetronome");
+        fixture_->trigger("actionPlay");
+        QTRY_VERIFY(heard.contains(QStringLiteral("T1")) && heard.contains(QStringLiteral("~metronome")));
+        QCOMPARE(heard.first(), QStringLiteral("~count-in"));
+        heard.clear();
+        fixture_->trigger("actionPlay"); // anew
+        QTRY_VERIFY(heard.contains(QStringLiteral("~count-in")));
+        heard.clear();
+        QTRY_VERIFY(heard.contains(QStringLiteral("T1")) && heard.contains(QStringLiteral("~metronome")));
+        QSignalSpy stopped(&player(), &TrackPlayer::trackStopped);
+        fixture_->trigger("actionMetronome");
+        QTRY_COMPARE(stopped.size(), 1);
+        QCOMPARE(stopped[0][0].toString(), QStringLiteral("~metronome"));
+        QCOMPARE(fixture_->settings().value(Settings::CountInMeasures).toInt(), 1);
+        QVERIFY(!fixture_->settings().value(Settings::MetronomeOn).toBool());
+    }
+
+    // Typed offsets stay, dice are thrown with each start, and the song is what it was.
+    void rehearses()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        const auto song = fixture_->tracks().song();
+        QStringList offsets;
+        bool isTyped = true;
+        fixture_->dialogs().inDialog = [&](QDialog &dialog) {
+            auto *const table = dialog.findChild<QTableWidget *>();
+            for (int row = 0; row < table->rowCount(); ++row)
+                offsets.append(table->item(row, 1)->text());
+            table->item(1, 1)->setText(QStringLiteral("-9000"));
+            dialog.findChild<QSpinBox *>(QStringLiteral("spnSpread"))->setValue(1000);
+            dialog.findChild<QRadioButton *>(QStringLiteral("rdoTyped"))->setChecked(isTyped);
+            dialog.findChild<QRadioButton *>(QStringLiteral("rdoDiced"))->setChecked(!isTyped);
+            dialog.accept();
+        };
+        for (const bool typed : {true, false, false}) {
+            isTyped = typed;
+            fixture_->trigger("actionRehearsal_Offsets");
+            fixture_->trigger("actionPlay");
+        }
+        QCOMPARE(offsets.mid(0, 6).join(u' '), QStringLiteral("0 0 0 0 -2000 0")); // as far as it may be
+        QVERIFY(offsets.mid(6) != QStringList({QStringLiteral("0"), QStringLiteral("-2000"), QStringLiteral("0")}));
+        QVERIFY(fixture_->action("actionRehearsal")->isChecked());
+        QVERIFY(fixture_->tracks().song() == song);
     }
 
     void isPicturedWhilePlaying()

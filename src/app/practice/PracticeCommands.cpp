@@ -1,8 +1,10 @@
 #include "app/practice/PracticeCommands.h"
 
+#include "app/practice/RehearsalDialog.h"
 #include "app/services/Playback.h"
 #include "audio/clicks/ClickTrack.h"
 #include "settings/Settings.h"
+#include "ui/Dialogs.h"
 
 #include <QActionGroup>
 #include <QMenu>
@@ -12,11 +14,19 @@
 PracticeCommands::PracticeCommands(const CommandContext &context) : context_(context)
 {
     apply();
+    Rehearsal rehearsal;
+    rehearsal.spread = std::clamp(context_.settings.value(Settings::RehearsalSpread).toInt(), 1, Rehearsal::mostSpread);
+    context_.playback.setRehearsal(rehearsal);
 }
 
 QVector<ActionRow> PracticeCommands::actions()
 {
-    return {{"actionMetronome", "Metronome", "Ctrl+K",
+    return {{"actionRehearsal", "Band Rehearsal", "",
+             "Let the parts come in a little sooner or later, as players do who start by hand; the song stays as it is",
+             "rehearsal", "onRehearsal(bool)"},
+            {"actionRehearsal_Offsets", "Rehearsal Offsets...", "",
+             "Choose by how much the parts come in sooner or later", "", "onRehearsalOffsets()", Available::WithTracks},
+            {"actionMetronome", "Metronome", "Ctrl+K",
              "Click on every beat while the song is played; no export has the clicks", "metronome",
              "onMetronome(bool)"}};
 }
@@ -24,6 +34,24 @@ QVector<ActionRow> PracticeCommands::actions()
 void PracticeCommands::switchMetronome(bool isOn)
 {
     set(Settings::MetronomeOn, isOn);
+}
+
+void PracticeCommands::switchRehearsal(bool isOn)
+{
+    auto rehearsal = context_.playback.rehearsal();
+    rehearsal.isOn = isOn;
+    context_.playback.setRehearsal(rehearsal);
+}
+
+bool PracticeCommands::chooseRehearsal()
+{
+    RehearsalDialog dialog(context_.playback.rehearsal(), context_.tracks.song(), &context_.window);
+    if (!context_.dialogs.run(dialog))
+        return false;
+    const auto chosen = dialog.rehearsal();
+    context_.settings.setValue(Settings::RehearsalSpread, chosen.spread);
+    context_.playback.setRehearsal(chosen);
+    return true;
 }
 
 void PracticeCommands::fillMenu(QMenu &menu)

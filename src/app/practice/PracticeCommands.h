@@ -21,6 +21,9 @@ public:
     static QVector<ActionRow> actions();
 
     void switchMetronome(bool isOn);
+    void switchRehearsal(bool isOn);
+    // False when nothing was chosen; else the rehearsal is on.
+    bool chooseRehearsal();
     // The measures that are counted in, and how loud the clicks are. This outlives the menu.
     void fillMenu(QMenu &menu);
 

@@ -90,6 +90,7 @@ void Playback::tellPlaying(Change change)
 void Playback::play(Ticks from)
 {
     stop();
+    throwDice();
     QVector<PlayRequest> requests;
     for (const auto &track : list_.song())
         requests.append(requestFor(*track, PlayRequest::Begin::AtTheStart, from));
@@ -118,6 +119,25 @@ void Playback::setLoop(const std::optional<LoopRegion> &region)
 void Playback::setTempoFactor(double factor)
 {
     player_.setTempoFactor(std::clamp(factor, 0.25, 2.0));
+}
+
+void Playback::throwDice()
+{
+    if (!rehearsal_.isOn || !rehearsal_.isDiced)
+        return;
+    rehearsal_.offsets.clear();
+    for (const auto &track : list_.song())
+        rehearsal_.offsets.insert(track->id, rehearsal_.dice());
+}
+
+void Playback::setRehearsal(const Rehearsal &rehearsal)
+{
+    const bool isSwitchedOn = rehearsal.isOn && !rehearsal_.isOn;
+    rehearsal_ = rehearsal;
+    if (isSwitchedOn && isPlaying())
+        throwDice();
+    for (const auto &track : list_.song())
+        player_.setOffset(track->id, offsetOf(*track));
 }
 
 // The beats are heard from where the song is.
@@ -184,7 +204,7 @@ PlayRequest Playback::requestFor(const SongTrack &track, PlayRequest::Begin begi
             .isMuted = track.isMuted,
             .begin = begin,
             .from = from,
-            .offset = double(track.startOffset)};
+            .offset = offsetOf(track)};
 }
 
 void Playback::follow(const SongTracks &before, const SongTracks &after)
@@ -222,7 +242,7 @@ void Playback::followTrack(const SongTrack &before, const SongTrack &after)
     if (before.pan != after.pan)
         player_.setPan(after.id, gainOf(after.pan));
     if (before.startOffset != after.startOffset)
-        player_.setOffset(after.id, after.startOffset);
+        player_.setOffset(after.id, offsetOf(after));
 }
 
 void Playback::onTrackStarted(const QString &id)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/services/Rehearsal.h"
 #include "assets/InstrumentSetModel.h"
 #include "audio/PlayRequest.h"
 #include "ui/tracks/TrackList.h"
@@ -51,6 +52,9 @@ public:
     void setLoop(const std::optional<LoopRegion> &region);
     void setTempoFactor(double factor); // 0.25 … 2
     void setMetronome(const Metronome &metronome);
+    // Beside the parts' start offsets. Its dice are thrown by play().
+    void setRehearsal(const Rehearsal &rehearsal);
+    const Rehearsal &rehearsal() const { return rehearsal_; }
 
 signals:
     void playingChanged(bool isPlaying);
@@ -66,6 +70,8 @@ private:
     void tellPlaying(Change change);
     void follow(const SongTracks &before, const SongTracks &after);
     void followTrack(const SongTrack &before, const SongTrack &after);
+    void throwDice();
+    double offsetOf(const SongTrack &track) const { return track.startOffset + rehearsal_.offset(track.id); }
     void followBeats();
     PlayRequest clicks(const Track &beats, PlayRequest::Begin begin, Ticks from = 0) const;
     QVector<PlayRequest> clicksFor(Ticks from);
@@ -77,6 +83,7 @@ private:
     const InstrumentSetModel &catalogue_;
     TrackPlayer &player_;
     QString defaultInstrument_;
+    Rehearsal rehearsal_;
     Metronome metronome_;
     std::shared_ptr<const Track> counted_; // whose beats are heard, and up to where
     Ticks countedLength_ = 0;
