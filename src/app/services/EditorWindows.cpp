@@ -2,6 +2,8 @@
 
 #include "app/services/SongSession.h"
 #include "ui/editor/AbcEditorWindow.h"
+#include "ui/editor/EditorPlayback.h"
+#include "ui/editor/GhostParts.h"
 #include "ui/editor/StepEntry.h"
 
 namespace {
@@ -98,6 +100,8 @@ void EditorWindows::addWindow(const QString &trackId)
     if (const auto draft = session_.draft(trackId))
         window->document().setDraft(*draft);
     windows_.insert(trackId, window);
+    connectPlaying(window);
+    showOthers(trackId);
     connect(window, &AbcEditorWindow::applied, this,
             [=, this](const Track &edited) { emit applied(windows_.key(window), edited); });
     connect(window, &AbcEditorWindow::saveRequested, this, [=, this] {
@@ -113,6 +117,43 @@ void EditorWindows::addWindow(const QString &trackId)
         if (!typing_.isActive())
             typing_.start();
     });
+}
+
+// One plays at a time.
+void EditorWindows::connectPlaying(const Window &window)
+{
+    window->playback().setCompanions([=, this] { return companionsOf(window); });
+    connect(&window->playback(), &EditorPlayback::playingChanged, this, [=, this](bool isPlaying) {
+        for (const auto &other : std::as_const(windows_)) {
+            if (isPlaying && other && other != window)
+                other->playback().stop();
+        }
+    });
+}
+
+Companions EditorWindows::companionsOf(const Window &window) const
+{
+    Companions companions;
+    const auto edited = windows_.key(window);
+    for (const auto &track : tracks_.song()) {
+        const auto request = playback_.requestFor(*track, PlayRequest::Begin::AtTheStart);
+        if (track->id == edited)
+            companions = {request.level, request.offset, companions.others};
+        else if (!track->isMuted)
+            companions.others.append(request);
+    }
+    return companions;
+}
+
+void EditorWindows::showOthers(const QString &trackId) const
+{
+    QVector<OtherPart> others;
+    for (const auto &track : tracks_.song()) {
+        if (track->id != trackId)
+            others.append({track->id, track->track});
+    }
+    if (const auto window = windows_.value(trackId))
+        window->ghosts().setParts(others);
 }
 
 void EditorWindows::handInDrafts()
@@ -196,5 +237,10 @@ void EditorWindows::follow(const SongTracks &before, const SongTracks &after)
         auto now = tracks_.trackWithPath(track->id);
         if (window->document().isApplied() && shown.toAbc() != now.toAbc())
             window->setTrack(now);
+    }
+    for (const auto &id : windows_.keys()) {
+        showOthers(id);
+        if (const auto window = windows_.value(id))
+            window->playback().followSong();
     }
 }

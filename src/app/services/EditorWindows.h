@@ -9,6 +9,7 @@
 #include <QTimer>
 
 class AbcEditorWindow;
+struct Companions;
 class Dialogs;
 class Settings;
 class SongSession;
@@ -47,6 +48,9 @@ signals:
 
 private:
     using Window = QPointer<AbcEditorWindow>;
+    void connectPlaying(const Window &window);
+    Companions companionsOf(const Window &window) const;
+    void showOthers(const QString &trackId) const;
     void addWindow(const QString &trackId);
     void handInDrafts();
     void apply(const QStringList &trackIds);

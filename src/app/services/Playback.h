@@ -42,6 +42,9 @@ public:
     // Whether any track has notes that an instrument of the catalogue has samples for; none with notes is no problem.
     bool hasSound() const;
 
+    // What play() asks of a track.
+    PlayRequest requestFor(const SongTrack &track, PlayRequest::Begin begin, Ticks from = 0) const;
+
     // From play() on: its tracks are heard as soon as their samples are loaded.
     bool isPlaying() const { return isStarting_ || !playing_.isEmpty(); }
     void play(Ticks from = 0); // all tracks from there
@@ -75,7 +78,6 @@ private:
     void followBeats();
     PlayRequest clicks(const Track &beats, PlayRequest::Begin begin, Ticks from = 0) const;
     QVector<PlayRequest> clicksFor(Ticks from);
-    PlayRequest requestFor(const SongTrack &track, PlayRequest::Begin begin, Ticks from = 0) const;
     void onTrackStarted(const QString &id);
     void onTrackStopped(const QString &id);
 

@@ -7,6 +7,7 @@
 #include "ui/editor/EditorPlayback.h"
 #include "ui/editor/EditorStatus.h"
 #include "ui/editor/EditorTransforms.h"
+#include "ui/editor/GhostParts.h"
 #include "ui/editor/StepEntry.h"
 #include "ui/roll/PianoRoll.h"
 #include "ui/text/AbcTextEdit.h"
@@ -27,8 +28,9 @@ AbcEditorWindow::AbcEditorWindow(Settings &settings, Dialogs &dialogs, TrackPlay
       playback_(new EditorPlayback(document_, player, this)),
       transforms_(new EditorTransforms(document_, settings, dialogs, *this)), text_(new AbcTextEdit(document_)),
       actions_(new EditorActions(*this, *text_)), roll_(new PianoRoll(document_, settings)),
-      stepEntry_(new StepEntry(document_, *text_, *roll_, this)), findBar_(new FindBar(*text_, settings)),
-      problems_(new ProblemList(document_)), status_(new EditorStatus(document_))
+      stepEntry_(new StepEntry(document_, *text_, *roll_, this)), ghosts_(new GhostParts(*roll_, this)),
+      findBar_(new FindBar(*text_, settings)), problems_(new ProblemList(document_)),
+      status_(new EditorStatus(document_))
 {
     setWindowIcon(QIcon(QStringLiteral(":/icons/appicon.png")));
     createViews();
@@ -103,9 +105,12 @@ void AbcEditorWindow::createMenus()
     auto *const snap = notes->addMenu(QIcon(QStringLiteral(":/icons/snap.png")), tr("S&nap"));
     snap->addActions(QList<QAction *>(roll_->actions().snapActions().begin(), roll_->actions().snapActions().end()));
     add(tr("T&ransform"), Id::QuickRealign, Id::ChangeKey);
-    add(tr("&Play"), Id::PlayFromCaret, Id::NormalTempo);
+    add(tr("&Play"), Id::PlayOrStop, Id::NormalTempo);
     auto *const view = add(tr("&View"), Id::ShowRoll, Id::ZoomNormal);
     view->addSeparator();
+    auto *const ghosts = view->addMenu(tr("&Ghost Notes"));
+    ghosts->setObjectName(QStringLiteral("menuGhosts"));
+    connect(ghosts, &QMenu::aboutToShow, this, [=, this] { ghosts_->fill(*ghosts); });
     view->addActions(QList<QAction *>(roll_->actions().viewActions().begin(), roll_->actions().viewActions().end()));
     for (auto *const menu : menuBar()->findChildren<QMenu *>())
         menu->setToolTipsVisible(true);
@@ -126,7 +131,7 @@ void AbcEditorWindow::createToolBar()
     };
     add({Id::Apply});
     add({Id::Undo, Id::Redo});
-    add({Id::PlayFromStart, Id::PlayFromCaret, Id::LoopSelection, Id::Stop});
+    add({Id::PlayFromStart, Id::PlayFromCaret, Id::LoopSelection, Id::Stop, Id::WithSong});
     addTempoControl(*bar);
     bar->addSeparator();
     const auto addTool = [&](RollActions::Id id, const QString &icon) {
@@ -212,6 +217,8 @@ void AbcEditorWindow::connectPlaying()
     const auto on = [this](Id id, auto *receiver, auto slot) {
         connect((*actions_)[id], &QAction::triggered, receiver, slot);
     };
+    on(Id::PlayOrStop, playback_, &EditorPlayback::playOrStop);
+    connect((*actions_)[Id::WithSong], &QAction::toggled, playback_, &EditorPlayback::setWithSong);
     on(Id::PlayFromCaret, playback_, &EditorPlayback::playFromCaret);
     on(Id::PlayFromStart, playback_, &EditorPlayback::playFromStart);
     on(Id::LoopSelection, playback_, &EditorPlayback::loopSelection);
@@ -221,6 +228,8 @@ void AbcEditorWindow::connectPlaying()
     on(Id::NormalTempo, this, [this] { tempo_->setValue(100); });
     connect(playback_, &EditorPlayback::playingChanged, this, &AbcEditorWindow::showPlaying);
     connect(roll_, &PianoRoll::playRequested, playback_, &EditorPlayback::playFrom);
+    connect(roll_, &PianoRoll::playOrStopRequested, playback_,
+            [this](Ticks tick) { playback_->isPlaying() ? playback_->stop() : playback_->playFrom(tick); });
 }
 
 void AbcEditorWindow::connectViews()

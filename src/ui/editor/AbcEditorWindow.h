@@ -11,6 +11,7 @@ class EditorPlayback;
 class EditorStatus;
 class EditorTransforms;
 class FindBar;
+class GhostParts;
 class PianoRoll;
 class ProblemList;
 class QLabel;
@@ -37,6 +38,7 @@ public:
     EditorDocument &document() { return document_; }
     EditorPlayback &playback() { return *playback_; }
     StepEntry &stepEntry() { return *stepEntry_; }
+    GhostParts &ghosts() { return *ghosts_; }
 
 signals:
     void applied(const Track &track);
@@ -76,6 +78,7 @@ private:
     EditorActions *actions_;
     PianoRoll *roll_;
     StepEntry *stepEntry_;
+    GhostParts *ghosts_;
     FindBar *findBar_;
     ProblemList *problems_;
     EditorStatus *status_;

@@ -1,11 +1,15 @@
 #include "ui/editor/EditorPlayback.h"
 
 #include "audio/TrackPlayer.h"
+#include "edit/NoteLookup.h"
 #include "ui/document/EditorDocument.h"
 
 #include <QUuid>
 
 #include <algorithm>
+#include <utility>
+
+using Begin = PlayRequest::Begin;
 
 EditorPlayback::EditorPlayback(EditorDocument &document, TrackPlayer &player, QObject *parent)
     : QObject(parent), document_(document), player_(player)
@@ -14,6 +18,7 @@ EditorPlayback::EditorPlayback(EditorDocument &document, TrackPlayer &player, QO
     soundingTimer_.setSingleShot(true);
     soundingTimer_.setInterval(0);
     connect(&soundingTimer_, &QTimer::timeout, this, &EditorPlayback::showSounding);
+    connect(&player_, &TrackPlayer::trackStarted, this, &EditorPlayback::onStarted);
     connect(&player_, &TrackPlayer::trackPositionChanged, this, &EditorPlayback::onPosition);
     connect(&player_, &TrackPlayer::trackStopped, this, &EditorPlayback::onStopped);
     connect(&player_, &TrackPlayer::allTracksStopped, this, [this] { onStopped(trackId_); });
@@ -21,6 +26,7 @@ EditorPlayback::EditorPlayback(EditorDocument &document, TrackPlayer &player, QO
             [this](const QString &id, int event) { onNote(id, event, true); });
     connect(&player_, &TrackPlayer::noteReleased, this,
             [this](const QString &id, int event) { onNote(id, event, false); });
+    connect(&document_, &EditorDocument::readingChanged, this, &EditorPlayback::followEdits);
     connect(&document_, &EditorDocument::previewNoteRequested, this, &EditorPlayback::playPreviewNote);
     connect(&document_, &EditorDocument::previewNoteStopped, this, &EditorPlayback::stopPreviewNote);
     connect(&document_, &EditorDocument::instrumentChanged, this, [this] {
@@ -31,34 +37,108 @@ EditorPlayback::EditorPlayback(EditorDocument &document, TrackPlayer &player, QO
 
 EditorPlayback::~EditorPlayback()
 {
-    if (isPlaying_)
-        player_.stopTrack(trackId_);
+    stopTracks();
 }
 
-void EditorPlayback::play(const PreviewTrack::Stretch &stretch)
+void EditorPlayback::stopTracks()
 {
     if (isPlaying_)
         player_.stopTrack(trackId_);
+    for (const auto &id : std::as_const(otherIds_))
+        player_.stopTrack(id);
+    otherIds_.clear();
+    requested_.clear();
+}
+
+void EditorPlayback::play(Ticks from, Loops loops)
+{
+    stopTracks();
     silence();
-    document_.update();
-    stretch_ = stretch;
-    stretch_.tempoPercent = tempoPercent_;
-    preview_ = PreviewTrack(document_.track(), stretch_);
-    isPlaying_ = !preview_.isEmpty();
+    loops_ = loops;
+    loop_ = region(loops);
+    isPlaying_ = from < document_.track().length();
+    document_.setPlayPosition(isPlaying_ ? from : -1);
     if (isPlaying_) {
         trackId_ = QStringLiteral("AbcEditor/") + QUuid::createUuid().toString();
-        player_.playTrack({.trackId = trackId_, .track = preview_.track(), .instrument = document_.instrument()});
-        document_.setPlayPosition(stretch_.from);
-    } else {
-        document_.setPlayPosition(-1);
+        length_ = 0;
+        player_.setLoop(loop_);
+        player_.setTempoFactor(tempoPercent_ / 100.0);
+        const auto companions = this->companions();
+        player_.playTracks(others(companions, Begin::AtTheStart, from) << own(companions, Begin::AtTheStart, from));
+        played_ = requested_.front();
     }
     emit playingChanged(isPlaying_);
+}
+
+PlayRequest EditorPlayback::own(const Companions &companions, Begin begin, Ticks from)
+{
+    const auto &track = document_.track();
+    requested_.push_back(track);
+    length_ = std::max(length_, track.length());
+    return {.trackId = trackId_,
+            .track = track,
+            .instrument = document_.instrument(),
+            .level = companions.own,
+            .syncGroup = trackId_,
+            .begin = begin,
+            .from = from,
+            .offset = companions.ownOffset};
+}
+
+QVector<PlayRequest> EditorPlayback::others(const Companions &companions, Begin begin, Ticks from)
+{
+    auto requests = companions.others;
+    for (auto &request : requests) {
+        request.trackId = trackId_ + u'/' + request.trackId;
+        request.syncGroup = trackId_;
+        request.begin = begin;
+        request.from = from;
+        otherIds_.insert(request.trackId);
+        length_ = std::max(length_, request.track.length());
+    }
+    return requests;
+}
+
+// A track in a player's group takes its own place anew: what has not changed sounds on.
+void EditorPlayback::followEdits()
+{
+    if (!isPlaying_)
+        return;
+    if (loops_ == Loops::Tune && loop_->end != document_.track().length()) {
+        loop_ = region(loops_);
+        player_.setLoop(loop_);
+    }
+    player_.playTrack(own(companions(), Begin::WithTheGroup));
+}
+
+void EditorPlayback::setWithSong(bool isWithSong)
+{
+    if (std::exchange(isWithSong_, isWithSong) != isWithSong)
+        followSong();
+}
+
+void EditorPlayback::followSong()
+{
+    if (!isPlaying_)
+        return;
+    const auto companions = this->companions();
+    const auto before = std::exchange(otherIds_, {});
+    const auto requests = others(companions, Begin::WithTheGroup);
+    for (const auto &id : before) {
+        if (!otherIds_.contains(id))
+            player_.stopTrack(id);
+    }
+    player_.setVolume(trackId_, companions.own.volume);
+    player_.setPan(trackId_, companions.own.pan);
+    player_.setOffset(trackId_, companions.ownOffset);
+    if (!requests.isEmpty())
+        player_.playTracks(requests);
 }
 
 void EditorPlayback::playFrom(Ticks tick)
 {
     document_.update();
-    play({.from = std::clamp<Ticks>(tick, 0, document_.track().length())});
+    play(std::clamp<Ticks>(tick, 0, document_.track().length()), Loops::Never);
 }
 
 void EditorPlayback::playFromCaret()
@@ -68,28 +148,41 @@ void EditorPlayback::playFromCaret()
     playFrom(caret < document_.track().length() ? caret : 0);
 }
 
+void EditorPlayback::playOrStop()
+{
+    if (isPlaying_)
+        stop();
+    else
+        playFromCaret();
+}
+
 void EditorPlayback::loopSelection()
 {
     document_.update();
-    PreviewTrack::Stretch stretch{.loops = true};
-    const auto &events = document_.track().events();
-    if (!document_.selectedNotes().isEmpty()) {
-        stretch.from = maxTicks;
-        stretch.to = 0;
-        for (const auto note : document_.selectedNotes()) {
-            stretch.from = std::min(stretch.from, events[note].start());
-            stretch.to = std::max(stretch.to, events[note].end());
-        }
+    const auto loops = document_.selectedNotes().isEmpty() ? Loops::Tune : Loops::Selection;
+    play(region(loops)->begin, loops);
+}
+
+std::optional<LoopRegion> EditorPlayback::region(Loops loops) const
+{
+    if (loops == Loops::Never)
+        return std::nullopt;
+    if (loops == Loops::Tune)
+        return LoopRegion{0, document_.track().length()};
+    LoopRegion selected{maxTicks, 0};
+    for (const auto note : document_.selectedNotes()) {
+        const auto &event = document_.track().events()[note];
+        selected = {std::min(selected.begin, event.start()), std::max(selected.end, event.end())};
     }
-    play(stretch);
+    return selected;
 }
 
 void EditorPlayback::stop()
 {
     if (!isPlaying_)
         return;
+    stopTracks();
     isPlaying_ = false;
-    player_.stopTrack(trackId_);
     silence();
     document_.setPlayPosition(-1);
     emit playingChanged(false);
@@ -97,17 +190,9 @@ void EditorPlayback::stop()
 
 void EditorPlayback::setTempoPercent(int percent)
 {
-    percent = std::clamp(percent, slowest, fastest);
-    if (percent == tempoPercent_)
-        return;
-    tempoPercent_ = percent;
-    if (!isPlaying_)
-        return;
-    // A loop begins anew, so that its seam stays where it was.
-    auto stretch = stretch_;
-    if (!stretch.loops)
-        stretch.from = std::max(stretch.from, document_.playback().position());
-    play(stretch);
+    tempoPercent_ = std::clamp(percent, slowest, fastest);
+    if (isPlaying_)
+        player_.setTempoFactor(tempoPercent_ / 100.0);
 }
 
 void EditorPlayback::silence()
@@ -117,24 +202,29 @@ void EditorPlayback::silence()
     document_.setSoundingNotes({});
 }
 
+// From here on the player speaks of the next version's events.
+void EditorPlayback::onStarted(const QString &trackId)
+{
+    if (!isPlaying_ || trackId != trackId_ || requested_.empty())
+        return;
+    played_ = requested_.front();
+    requested_.pop_front();
+    sounding_.clear();
+}
+
 void EditorPlayback::onPosition(const QString &trackId, quint64 position)
 {
     if (!isPlaying_ || trackId != trackId_)
         return;
-    if (Ticks(position) < preview_.track().length())
-        document_.setPlayPosition(preview_.sourceTick(Ticks(position)));
+    if (Ticks(position) < length_)
+        document_.setPlayPosition(Ticks(position));
     else
-        onStopped(trackId);
+        stop();
 }
 
-// A loop that comes to its last round begins anew with the tune as it stands then.
 void EditorPlayback::onStopped(const QString &trackId)
 {
-    if (!isPlaying_ || trackId != trackId_)
-        return;
-    if (stretch_.loops)
-        play(stretch_);
-    else
+    if (isPlaying_ && trackId == trackId_)
         stop();
 }
 
@@ -152,7 +242,12 @@ void EditorPlayback::onNote(const QString &trackId, int event, bool sounds)
 
 void EditorPlayback::showSounding()
 {
-    document_.setSoundingNotes(preview_.sourceNotes(QVector<int>(sounding_.begin(), sounding_.end())));
+    QVector<NoteSpec> notes;
+    for (const auto event : sounding_) {
+        if (event >= 0 && event < played_.events().size() && played_.events()[event].isNote())
+            notes.append(specOf(played_.events()[event]));
+    }
+    document_.setSoundingNotes(notes);
 }
 
 void EditorPlayback::playPreviewNote(quint32 pitch)

@@ -97,6 +97,7 @@ void PianoRoll::connectActions()
     on(RollActions::DrawTool, [this] { mouse_.setTool(RollMouse::Tool::Draw); });
     on(RollActions::SelectNone, [this] { cancelOrSelectNone(); });
     on(RollActions::PlayFromCursor, [this] { emit playRequested(state_.cursor); });
+    on(RollActions::PlayOrStop, [this] { emit playOrStopRequested(state_.cursor); });
     on(RollActions::Finer, [this] { setSnap(state_.snap.choice() + 1); });
     on(RollActions::Coarser, [this] { setSnap(state_.snap.choice() - 1); });
     on(RollActions::ZoomIn, [this] { zoomTime(1); });
@@ -124,6 +125,13 @@ void PianoRoll::readInstrument()
 {
     state_.readInstrument(document_.instrument());
     updateAll();
+}
+
+void PianoRoll::setGhosts(std::vector<RollNotes> ghosts)
+{
+    state_.ghosts = std::move(ghosts);
+    scroller_.updateRanges();
+    viewport()->update();
 }
 
 void PianoRoll::readColours()

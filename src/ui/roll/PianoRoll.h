@@ -29,6 +29,9 @@ public:
     RollCommands &commands() { return commands_; }
     const RollMouse &mouse() const { return mouse_; }
 
+    // Notes of other parts, which lie behind the document's own and are only seen.
+    void setGhosts(std::vector<RollNotes> ghosts);
+
     // Counted in steps of the settings; what is at the middle of the view stays there.
     void zoomTime(int steps);
     void zoomPitch(int steps);
@@ -40,6 +43,7 @@ signals:
     void previewNote(int pitch);
     void stopPreview();
     void playRequested(Ticks tick);
+    void playOrStopRequested(Ticks tick); // the cursor's
     // What is under the mouse or at the cursor; empty when there is nothing to say.
     void statusChanged(const QString &status);
 

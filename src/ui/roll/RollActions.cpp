@@ -106,6 +106,8 @@ const std::array rows{
     Row{RollActions::CursorToEnd, Menu::Edit, Starts::Here, COMPOSER_TEXT("Cursor to End"),
         COMPOSER_TEXT("Set the cursor behind the last note"), "End",
         [](RollCommands &commands) { commands.setCursorToEnd(); }},
+    Row{RollActions::PlayOrStop, Menu::Edit, Starts::Here, COMPOSER_TEXT("Play or Stop"),
+        COMPOSER_TEXT("Play the track from the cursor on, or stop what plays"), "Space", nullptr},
     Row{RollActions::PlayFromCursor, Menu::Edit, Starts::Here, COMPOSER_TEXT("Play from Cursor"),
         COMPOSER_TEXT("Play the track from the cursor on"), "Shift+Space", nullptr},
     Row{RollActions::Finer, Menu::View, Starts::Here, COMPOSER_TEXT("&Finer Grid"),

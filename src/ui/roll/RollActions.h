@@ -42,6 +42,7 @@ public:
         Shorten,
         CursorToStart,
         CursorToEnd,
+        PlayOrStop,
         PlayFromCursor,
         Finer,
         Coarser,

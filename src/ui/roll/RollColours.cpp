@@ -62,5 +62,7 @@ RollColours::RollColours(const QPalette &palette, const QColor &noteColour)
     note = noteColours(fill);
     selected = noteColours(isDark ? QColor(255, 184, 64) : QColor(250, 158, 20));
     sounding = noteColours(isDark ? QColor(255, 120, 120) : QColor(236, 64, 80));
+    const auto shade = mixed(base, ink, isDark ? 0.28 : 0.2);
+    ghost = {shade, mixed(base, ink, isDark ? 0.38 : 0.3), mixed(base, ink, 0.6)};
     faded = {mixed(base, fill, 0.25), mixed(base, fill, 0.4), withAlpha(ink, 120)};
 }

@@ -37,6 +37,7 @@ struct RollColours
     Note note;
     Note selected;
     Note sounding;
+    Note ghost; // of another part
     Note faded; // where a note comes from while it is dragged
 
     RollColours(const QPalette &palette, const QColor &noteColour);

@@ -11,7 +11,7 @@ constexpr qreal leastRoundedHeight = 6;
 
 void RollNoteBrush::prepare(const RollColours &colours, qreal height, qreal devicePixelRatio)
 {
-    const std::array noteColours{colours.note, colours.faded, colours.selected, colours.sounding};
+    const std::array noteColours{colours.note, colours.faded, colours.selected, colours.sounding, colours.ghost};
     const bool isKept = height == height_ && devicePixelRatio == ratio_;
     height_ = height;
     ratio_ = devicePixelRatio;

@@ -12,7 +12,7 @@
 class RollNoteBrush
 {
 public:
-    enum class Look { Plain, Faded, Selected, Sounding };
+    enum class Look { Plain, Faded, Selected, Sounding, Ghost };
 
     // Forgets its pixmaps when anything about them changes.
     void prepare(const RollColours &colours, qreal height, qreal devicePixelRatio);
@@ -45,7 +45,7 @@ private:
     void flush(Pending &pending);
 
     QPainter *painter_ = nullptr;
-    std::array<Ends, 4> looks_;
+    std::array<Ends, 5> looks_;
     std::array<Pending, 128> pending_;
     qreal height_ = 0;
     qreal ratio_ = 0;

@@ -4,6 +4,7 @@
 
 #include <QVector>
 
+#include <algorithm>
 #include <optional>
 
 struct RollNote
@@ -24,6 +25,7 @@ public:
     explicit RollNotes(const Track &track = {});
 
     int count() const { return int(notes_.size()); }
+    Ticks end() const { return blockEnds_.isEmpty() ? 0 : *std::max_element(blockEnds_.begin(), blockEnds_.end()); }
     const RollNote &operator[](int note) const { return notes_[note]; }
 
     // Calls visit(int note) for the notes that touch from..to, by start.

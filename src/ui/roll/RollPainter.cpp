@@ -46,6 +46,7 @@ void RollPainter::paint(QPainter &painter, const RollState &state, const RollDra
     painter.setFont(font_);
     paintRows();
     paintGrid();
+    paintGhosts();
     paintNotes();
     paintDrag();
     paintCaretNotes();
@@ -120,6 +121,15 @@ void RollPainter::paintSteps(const Measure &measure, Ticks step, const QColor &c
         verticalLine(tick, colour, state_->geometry.hairline());
 }
 
+void RollPainter::paintGhosts()
+{
+    for (const auto &ghost : state_->ghosts) {
+        brush_.begin(*painter_);
+        ghost.forEachIn(from_, to_, [&](int note) { paintNote(ghost[note], Look::Ghost); });
+        brush_.end();
+    }
+}
+
 void RollPainter::paintNotes()
 {
     brush_.begin(*painter_);
@@ -147,7 +157,7 @@ void RollPainter::paintNote(const RollNote &note, Look look)
     const auto left = geometry.x(note.start);
     const QRectF rect(left, top, geometry.x(note.end()) - left, noteHeight_);
     brush_.paint(rect, note.pitch, look);
-    if (geometry.rowHeight() >= leastNamedRow && rect.width() >= leastNamedWidth)
+    if (look != Look::Ghost && geometry.rowHeight() >= leastNamedRow && rect.width() >= leastNamedWidth)
         paintName(rect, note.pitch, brush_.colours(look).text);
 }
 

@@ -20,6 +20,7 @@ private:
     void hatch(const QRectF &rows);
     void paintGrid();
     void paintSteps(const Measure &measure, Ticks step, const QColor &colour);
+    void paintGhosts();
     void paintNotes();
     void paintNote(const RollNote &note, RollNoteBrush::Look look);
     void paintDrag();

@@ -21,7 +21,9 @@ RollScroller::RollScroller(const RollState &state, const QWidget &canvas, QScrol
 void RollScroller::updateRanges()
 {
     const auto &geometry = state_.geometry;
-    const auto last = std::max(state_.length, state_.cursor);
+    auto last = std::max(state_.length, state_.cursor);
+    for (const auto &ghost : state_.ghosts)
+        last = std::max(last, ghost.end());
     horizontal_.setRange(0, geometry.contentWidth(state_.measures.at(last).end));
     horizontal_.setPageStep(canvas_.width());
     horizontal_.setSingleStep(geometry.rowHeight() * 2);

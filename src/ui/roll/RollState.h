@@ -43,6 +43,7 @@ struct RollState
     Measures measures;
     RollNotes notes;
     std::vector<quint8> noteFlags; // one for each note
+    std::vector<RollNotes> ghosts; // of other parts, behind the notes
     Ticks length = 0;
     quint32 keyRow = 0;
 

@@ -30,11 +30,31 @@ private slots:
         QVERIFY(row(62) != row(60)); // both are white keys
     }
 
+    // Behind the notes, and as far as they go.
+    void showsGhosts()
+    {
+        RollFixture fixture("C8");
+        const auto colourAt = [&](double eighths, int pitch) {
+            return fixture.canvas()->grab().toImage().pixelColor(fixture.at(eighths, pitch));
+        };
+        const auto own = colourAt(2, 60), empty = colourAt(10, 64);
+        Track other;
+        for (const quint32 pitch : {60U, 64U})
+            other.appendEvent(TrackEvent::note(pitch, 0, 400 * eighth));
+        other.normalize();
+        const auto range = fixture.roll.horizontalScrollBar()->maximum();
+        fixture.roll.setGhosts({RollNotes(other)});
+        QCOMPARE(colourAt(2, 60), own);
+        QVERIFY(colourAt(10, 64) != empty && colourAt(10, 64) == colourAt(10, 60));
+        QVERIFY(fixture.roll.horizontalScrollBar()->maximum() > 10 * range);
+    }
+
     void ruler()
     {
         RollFixture fixture("C8 D8 E8");
         auto *ruler = fixture.roll.findChild<RollRuler *>();
-        QVector<Ticks> plays;
+        QVector<Ticks> plays, starts;
+        connect(&fixture.roll, &PianoRoll::playOrStopRequested, this, [&](Ticks tick) { starts += tick; });
         connect(&fixture.roll, &PianoRoll::playRequested, this, [&](Ticks tick) { plays += tick; });
         const auto place = fixture.at(5.2, 60);
         QTest::mouseClick(ruler, Qt::LeftButton, {}, {place.x(), 10});
@@ -48,7 +68,8 @@ private slots:
         QTest::mouseClick(ruler, Qt::LeftButton, Qt::AltModifier, {place.x(), 10});
         QVERIFY(fixture.state().cursor > 5 * eighth);
         QTest::mouseDClick(ruler, Qt::LeftButton, {}, {place.x() + 24, 10});
-        fixture.act("Home Right Shift+Space");
+        fixture.act("Home Right Shift+Space Right Space");
+        QCOMPARE(starts, QVector<Ticks>{2 * eighth});
         QCOMPARE(plays, (QVector<Ticks>{6 * eighth, eighth}));
     }
 
