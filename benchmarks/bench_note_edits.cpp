@@ -5,8 +5,8 @@
 #include "core/AbcParser.h"
 #include "core/AbcTokenizer.h"
 #include "edit/AbcReading.h"
-#include "edit/NoteEditPlan.h"
 #include "edit/NoteLookup.h"
+#include "edit/plan/NoteEditPlan.h"
 #include "support/Figures.h"
 #include "ui/document/EditorDocument.h"
 
@@ -197,8 +197,7 @@ struct Anatomy
 
 bool cuts(AbcTokenType type)
 {
-    return type == AbcTokenType::BarLine || type == AbcTokenType::FieldLine || type == AbcTokenType::InlineField ||
-           type == AbcTokenType::Comment || type == AbcTokenType::Instruction;
+    return type == AbcTokenType::BarLine;
 }
 
 bool isMusic(AbcTokenType type)
@@ -423,9 +422,10 @@ void Driver::judgeGroups(const QString &text, const AbcReading &reading, const C
         if (made.event < 0 || token.event != made.event)
             continue;
         ++tokens;
-        isOwnDot |= text[token.range.offset] == u'.';
+        isOwnDot |= token.isStaccato;
+        isOwnTie |= token.isTied;
     }
-    isOwnTie = tokens > 1;
+    isOwnTie |= tokens > 1;
     const bool staysTied = made.kind == Kind::Transpose ||
                            (made.kind == Kind::Resize && made.after->length >= made.before->length) || !isOwnTie;
     const bool staysDotted = !isOwnDot || made.kind == Kind::Transpose;

@@ -2,7 +2,7 @@
 // gives a text that reads as the edited notes.
 #include "core/AbcParser.h"
 #include "edit/AbcReading.h"
-#include "edit/NoteEditPlan.h"
+#include "edit/plan/NoteEditPlan.h"
 
 #include <cstdlib>
 
@@ -57,7 +57,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 
     const auto edit = NoteEditPlan::cleaned(reading.track, anyEdit(reading.track, data, size));
     auto wanted = NoteEditPlan::editedTrack(reading.track, edit);
-    if (const auto changes = NoteEditPlan::textChanges(text, reading, edit)) {
+    for (const auto reach : {EditReach::Notes, EditReach::Measures}) {
+        const auto changes = NoteEditPlan::textChanges(text, reading, edit, reach);
+        if (!changes)
+            continue;
         int at = 0;
         for (const auto &change : *changes) {
             require(change.range.offset >= at && change.range.length >= 0 && change.range.end() <= text.size());

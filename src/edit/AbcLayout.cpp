@@ -30,6 +30,9 @@ public:
 
 private:
     void beginUnit(int offset);
+    void addRest(const AbcToken &token);
+    void addLength(const AbcRatio &length);
+    void endChord(const AbcToken &bracket);
     void addGapBeforeBar(int barOffset, Ticks end);
     void addTail();
     void assignEvents(const QVector<TrackEvent> &events);
@@ -46,6 +49,8 @@ private:
     int tupletOffset_ = -1; // of the tuplet that the next element begins
     bool unitIsOpen_ = false;
     bool measureHasUnits_ = false;
+    bool inElement_ = false;
+    bool elementIsEmpty_ = true;
     bool somethingBetween_ = true; // more than blanks since the last unit
     int tailOffset_ = 0;
 };
@@ -53,7 +58,7 @@ private:
 void LayoutMaker::bodyBegins(int line, quint32 keyRow)
 {
     layout_.bodyOffset = line < lines_.size() ? lines_[line] : int(text_.size());
-    layout_.marks.append({layout_.bodyOffset, keyRow});
+    layout_.marks.append({layout_.bodyOffset, keyRow, 0});
     tailOffset_ = layout_.bodyOffset;
     layout_.tailNeedsLine = tailOffset_ == 0 || text_[tailOffset_ - 1] != u'\n';
 }
@@ -68,8 +73,11 @@ void LayoutMaker::token(const AbcToken &token)
     case AbcTokenType::Tuplet:
         tupletOffset_ = offsetOf(token);
         break;
-    case AbcTokenType::Note:
     case AbcTokenType::Rest:
+        if (inElement_)
+            addRest(token);
+        break;
+    case AbcTokenType::Note:
     case AbcTokenType::ChordStart:
     case AbcTokenType::BrokenRhythm:
         break;
@@ -94,10 +102,34 @@ void LayoutMaker::elementBegins(const AbcToken &first, bool isBroken, bool inTup
         beginUnit(beginsTuplet ? tupletOffset_ : offsetOf(first));
     tupletOffset_ = -1;
 
+    layout_.units.last().isCompound |= isBroken || inTuplet;
+    layout_.units.last().continuesTuplet |= inTuplet && !beginsTuplet && !continuesUnit;
+
     AbcTextElement element;
     element.range.offset = offsetOf(first);
     element.start = position_;
+    element.isChord = first.type == AbcTokenType::ChordStart;
+    element.firstToken = int(layout_.tokens.size());
     layout_.elements.append(element);
+    inElement_ = true;
+    elementIsEmpty_ = true;
+    if (first.type == AbcTokenType::Rest)
+        addRest(first);
+}
+
+void LayoutMaker::addRest(const AbcToken &token)
+{
+    const auto letter = token.part(AbcPart::Letter)[0];
+    layout_.elements.last().isMeasuresRest |= letter != u'z' && letter != u'x';
+    addLength(writtenLength(token));
+}
+
+void LayoutMaker::addLength(const AbcRatio &length)
+{
+    auto &shortest = layout_.elements.last().written;
+    if (elementIsEmpty_ || length.numerator * shortest.denominator < shortest.numerator * length.denominator)
+        shortest = length;
+    elementIsEmpty_ = false;
 }
 
 void LayoutMaker::beginUnit(int offset)
@@ -105,6 +137,7 @@ void LayoutMaker::beginUnit(int offset)
     AbcUnit unit;
     unit.range.offset = offset;
     unit.start = position_;
+    unit.firstElement = int(layout_.elements.size());
     unit.firstToken = int(layout_.tokens.size());
     const bool isNext = !layout_.units.isEmpty() && layout_.units.last().end == position_;
     unit.joinsPrevious = isNext && !somethingBetween_;
@@ -123,6 +156,11 @@ void LayoutMaker::note(const AbcToken &token, const AbcPitch &pitch)
     note.step = pitch.step;
     note.accidental = pitch.accidental;
     note.isExplicit = accidental > 0;
+    note.written = writtenLength(token);
+    note.lengthText = {note.spelling.end(), int(token.part(AbcPart::Length).size())};
+    note.isStaccato = token.has(AbcPart::Staccato);
+    note.isTied = token.has(AbcPart::Tie);
+    addLength(note.written);
     layout_.tokens.append(note);
     pitches_.append(pitch.pitch);
 }
@@ -132,10 +170,25 @@ void LayoutMaker::elementEnds(const AbcToken &last)
     const auto end = endOf(last);
     auto &element = layout_.elements.last();
     element.range.length = end - element.range.offset;
+    element.endToken = int(layout_.tokens.size());
+    inElement_ = false;
+    if (last.type == AbcTokenType::ChordEnd)
+        endChord(last);
     auto &unit = layout_.units.last();
     unit.range.length = end - unit.range.offset;
     unit.endToken = int(layout_.tokens.size());
+    unit.endElement = int(layout_.elements.size());
     somethingBetween_ = false;
+}
+
+void LayoutMaker::endChord(const AbcToken &bracket)
+{
+    auto &chord = layout_.elements.last();
+    chord.chordLength = writtenLength(bracket);
+    chord.chordLengthText = {offsetOf(bracket) + 1, int(bracket.part(AbcPart::Length).size())};
+    chord.isTied = bracket.part(AbcPart::Tie).contains(u'-');
+    for (int token = chord.firstToken; chord.isTied && token < chord.endToken; ++token)
+        layout_.tokens[token].isTied = true;
 }
 
 void LayoutMaker::elementSounds(Ticks end)
@@ -149,14 +202,14 @@ void LayoutMaker::barLine(const AbcToken &token, quint32 keyRow, Ticks position)
 {
     if (position > position_)
         addGapBeforeBar(offsetOf(token), position);
-    layout_.marks.append({offsetOf(token), keyRow});
+    layout_.marks.append({offsetOf(token), keyRow, position});
     position_ = position;
     measureHasUnits_ = false;
 }
 
 void LayoutMaker::keyChange(const AbcToken &token, quint32 keyRow)
 {
-    layout_.marks.append({offsetOf(token), keyRow, AbcAccidentalMark::Kind::Key});
+    layout_.marks.append({offsetOf(token), keyRow, position_, AbcAccidentalMark::Kind::Key});
 }
 
 bool LayoutMaker::refused(AbcRefusal why, const AbcToken &first, const AbcToken &last)
@@ -175,6 +228,7 @@ void LayoutMaker::addGapBeforeBar(int barOffset, Ticks end)
     gap.start = position_;
     gap.end = end;
     gap.firstToken = gap.endToken = int(layout_.tokens.size());
+    gap.firstElement = gap.endElement = int(layout_.elements.size());
     layout_.units.append(gap);
 }
 
@@ -186,6 +240,7 @@ void LayoutMaker::addTail()
     tail.start = position_;
     tail.end = maxTicks;
     tail.firstToken = tail.endToken = int(layout_.tokens.size());
+    tail.firstElement = tail.endElement = int(layout_.elements.size());
     tail.joinsPrevious = !layout_.units.isEmpty() && layout_.units.last().range.end() == tailOffset_;
     layout_.units.append(tail);
 }
@@ -225,6 +280,14 @@ std::pair<Track, AbcLayout> parseWithLayout(const QString &text, const AbcRefusa
     auto track = parseAbc(text, {}, &maker);
     auto layout = maker.layoutOf(track);
     return {std::move(track), std::move(layout)};
+}
+
+const AbcTextElement *AbcLayout::measuresRest(const AbcUnit &unit) const
+{
+    const auto end = elements.begin() + unit.endElement;
+    const auto found = std::find_if(elements.begin() + unit.firstElement, end,
+                                    [](const AbcTextElement &element) { return element.isMeasuresRest; });
+    return found == end ? nullptr : &*found;
 }
 
 int AbcLayout::tokenAt(int offset) const

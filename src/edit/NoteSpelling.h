@@ -12,6 +12,7 @@ class NoteSpelling
 public:
     // A new measure: only the key's own accidentals hold.
     void begin(quint32 keyRow);
+    void nextMeasure() { accidentals_.clear(); }
     // Within a measure; the accidentals that were written in it still hold.
     void setKey(quint32 keyRow) { keyRow_ = keyRow; }
 

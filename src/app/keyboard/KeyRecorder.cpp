@@ -5,7 +5,7 @@
 #include "app/services/Transport.h"
 #include "audio/OutputControl.h"
 #include "core/AbcParser.h"
-#include "edit/NoteEditPlan.h"
+#include "edit/plan/NoteEditPlan.h"
 
 #include <algorithm>
 #include <utility>

@@ -2,12 +2,14 @@
 
 #include "base/ErrorText.h"
 #include "core/AbcParser.h"
-#include "edit/NoteEditPlan.h"
 #include "edit/NoteLookup.h"
+#include "edit/plan/NoteEditPlan.h"
 
 #include <QPlainTextDocumentLayout>
+#include <QTextBlock>
 #include <QTextCursor>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -118,30 +120,101 @@ void EditorDocument::setCaretTick(Ticks tick)
         emit caretMoveRequested(elements[element].range.offset);
 }
 
-void EditorDocument::replaceRanges(const QVector<TextChange> &changes, const QString &name)
+void EditorDocument::replaceRanges(const QVector<TextChange> &changes, const QString &name, Step step)
 {
+    const auto stepsBefore = text_.availableUndoSteps();
+    const auto from = step == Step::Joined ? stepNames_.beginOf(stepsBefore) : stepsBefore;
     QTextCursor cursor(&text_);
-    cursor.beginEditBlock();
+    if (step == Step::Joined)
+        cursor.joinPreviousEditBlock();
+    else
+        cursor.beginEditBlock();
     for (auto change = changes.rbegin(); change != changes.rend(); ++change) {
         cursor.setPosition(change->range.offset);
         cursor.setPosition(change->range.end(), QTextCursor::KeepAnchor);
         cursor.insertText(change->text);
     }
     cursor.endEditBlock();
-    stepNames_.name(text_.availableUndoSteps(), name);
+    stepNames_.name(from, text_.availableUndoSteps(), name);
+}
+
+bool EditorDocument::mayMake(const NoteEditPlan::Plan &plan, const QString &text) const
+{
+    return !plan.rewritesAll || (mayRewrite_ && mayRewrite_(lostInRewriting(text)));
 }
 
 bool EditorDocument::edit(const NoteEdit &edit, const QString &name)
 {
+    endGesture();
+    return editAs(Step::New, edit, name);
+}
+
+bool EditorDocument::editInLastStep(const NoteEdit &edit, const QString &name)
+{
+    endGesture();
+    return editAs(Step::Joined, edit, name);
+}
+
+bool EditorDocument::editAs(Step step, const NoteEdit &edit, const QString &name)
+{
     update();
-    auto plan = NoteEditPlan::plan(text_.toPlainText(), *reading_, edit);
-    if (!plan)
+    const auto text = text_.toPlainText();
+    auto plan = NoteEditPlan::plan(text, *reading_, edit);
+    if (!plan || !mayMake(*plan, text))
         return false;
-    replaceRanges(plan->changes, name);
+    replaceRanges(plan->changes, name, step);
     selection_.clear();
     takeReading(std::move(plan->reading), revision_);
     selectNotes(findNotes(track(), plan->touched));
     return true;
+}
+
+bool EditorDocument::beginGesture(const NoteEdit &edit, const QString &name)
+{
+    update();
+    Gesture gesture{text_.toPlainText(), *reading_, selection_};
+    if (!this->edit(edit, name))
+        return false;
+    gesture.hasStep = true;
+    gesture.revision = revision_;
+    gesture_ = std::move(gesture);
+    return true;
+}
+
+bool EditorDocument::editInstead(const NoteEdit &edit, const QString &name)
+{
+    if (!isInGesture())
+        return false;
+    auto plan = NoteEditPlan::plan(gesture_->text, gesture_->reading, edit);
+    if (!plan) {
+        takeBackGesture();
+        return true;
+    }
+    if (!mayMake(*plan, gesture_->text))
+        return false;
+    const auto wanted = applyChanges(gesture_->text, plan->changes);
+    replaceRanges({difference(text_.toPlainText(), wanted)}, name, gesture_->hasStep ? Step::Joined : Step::New);
+    gesture_->hasStep = true;
+    gesture_->revision = revision_;
+    selection_.clear();
+    takeReading(std::move(plan->reading), revision_);
+    selectNotes(findNotes(track(), plan->touched));
+    return true;
+}
+
+void EditorDocument::takeBackGesture()
+{
+    if (gesture_->hasStep) {
+        text_.undo();
+        text_.clearUndoRedoStacks(QTextDocument::RedoStack);
+        stepNames_.forgetBehind(text_.availableUndoSteps());
+    }
+    gesture_->hasStep = false;
+    gesture_->revision = revision_;
+    selection_.clear();
+    takeReading(gesture_->reading, revision_);
+    selection_ = gesture_->selection;
+    emit selectionChanged();
 }
 
 bool EditorDocument::insertNotes(const QVector<NoteSpec> &notes, const QString &name)
@@ -160,7 +233,7 @@ bool EditorDocument::removeNotes(const QVector<int> &notes, const QString &name)
 
 void EditorDocument::replaceRange(TextRange range, const QString &text, const QString &name)
 {
-    replaceRanges({{range, text}}, name);
+    replaceRanges({{range, text}}, name, Step::New);
 }
 
 void EditorDocument::replaceText(const QString &text, const QString &name)
@@ -168,8 +241,28 @@ void EditorDocument::replaceText(const QString &text, const QString &name)
     const auto old = text_.toPlainText();
     if (old == text)
         return;
-    replaceRanges({difference(old, text)}, name);
     update();
+    const auto place = caretPlace();
+    replaceRanges({difference(old, text)}, name, Step::New);
+    update();
+    keepCaret(place);
+}
+
+EditorDocument::CaretPlace EditorDocument::caretPlace() const
+{
+    const auto block = text_.findBlock(caret_.offset);
+    return {block.blockNumber(), caret_.offset - block.position(), text_.blockCount(), caret_.tick};
+}
+
+// On its line; where the lines are others, with the music.
+void EditorDocument::keepCaret(const CaretPlace &place)
+{
+    if (text_.blockCount() != place.lineCount) {
+        setCaretTick(place.tick);
+        return;
+    }
+    const auto block = text_.findBlockByNumber(place.line);
+    emit caretMoveRequested(block.position() + std::min(place.column, block.length() - 1));
 }
 
 QString EditorDocument::undoName() const
@@ -179,14 +272,18 @@ QString EditorDocument::undoName() const
 
 void EditorDocument::undo()
 {
+    const auto place = caretPlace();
     text_.undo();
     update();
+    keepCaret(place);
 }
 
 void EditorDocument::redo()
 {
+    const auto place = caretPlace();
     text_.redo();
     update();
+    keepCaret(place);
 }
 
 std::optional<QString> EditorDocument::draft() const

@@ -8,12 +8,18 @@
 #include "edit/NoteSelection.h"
 #include "edit/PlaybackMarks.h"
 #include "edit/StepNames.h"
+#include "edit/plan/RewriteLoss.h"
 
 #include <QObject>
 #include <QTextDocument>
 #include <QTimer>
 
+#include <functional>
 #include <optional>
+
+namespace NoteEditPlan {
+struct Plan;
+}
 
 // The one tune under the text and the piano roll of the ABC editor. Its QTextDocument holds the tune and the only undo
 // history; track() is what the text means. All of it lives on the user interface's thread.
@@ -55,17 +61,31 @@ public:
     const QVector<int> &selectedNotes() const { return selection_.notes(); }
     const TextCaret &caret() const { return caret_; }
 
-    // --- edits in notes. Each is one undo step called `name` in the history, changes only the characters that it must
-    // where that is possible and otherwise has the text written anew, and selects the changed and inserted notes.
-    // The name is said as a command is: "Move Notes".
+    // --- edits in notes. Each is one undo step called `name` in the history, changes only the characters that it must,
+    // or the measures that it reaches into, and selects the changed and inserted notes. Where only a new text can hold
+    // the notes, it is written after a question. The name is said as a command is: "Move Notes".
     // Starts below 0, lengths below 1 and pitches outside the playable range are brought into range; a note that comes
     // to lie on another of the same pitch and start replaces it. False when nothing changed.
     bool edit(const NoteEdit &edit, const QString &name);
     bool insertNotes(const QVector<NoteSpec> &notes, const QString &name);
     bool removeNotes(const QVector<int> &notes, const QString &name);
 
+    // An edit that may be followed by others in its place, such as a key that is pressed again and again: editInstead()
+    // takes back the edit before and makes its own of the notes as they were, as the same undo step. Its indices are of
+    // the notes before the gesture; an edit without changes takes all back. The gesture ends with any other change.
+    bool isInGesture() const { return gesture_ && gesture_->revision == revision_; }
+    bool beginGesture(const NoteEdit &edit, const QString &name);
+    bool editInstead(const NoteEdit &edit, const QString &name);
+    void endGesture() { gesture_.reset(); }
+
     // Exchanges the whole text as one undo step, for transformations. The caret stays on its line.
     void replaceText(const QString &text, const QString &name);
+    // The edit becomes a part of the step before.
+    bool editInLastStep(const NoteEdit &edit, const QString &name);
+
+    // Asked what the text may lose, before all of it is written anew. Nobody to ask means no.
+    using RewriteQuestion = std::function<bool(const RewriteLoss &)>;
+    void setRewriteQuestion(const RewriteQuestion &mayRewrite) { mayRewrite_ = mayRewrite; }
 
     // Exchanges a part of the text as one undo step.
     void replaceRange(TextRange range, const QString &text, const QString &name);
@@ -73,6 +93,9 @@ public:
     bool canUndo() const { return text_.isUndoAvailable(); }
     bool canRedo() const { return text_.isRedoAvailable(); }
     QString undoName() const; // of the step that undo() would take back
+    // Whether it was typed; what was not leaves the caret on its line when it is taken back.
+    bool isTypingUndone() const { return !stepNames_.has(text_.availableUndoSteps()); }
+    bool isTypingRedone() const { return !stepNames_.hasNext(text_.availableUndoSteps()); }
 
     // --- the applied state: what the song holds.
     bool isApplied() const { return !text_.isModified(); }
@@ -129,7 +152,30 @@ private:
     void startReading();
     void takeLateReading(const AbcReading &reading, int revision);
     void takeReading(AbcReading reading, int revision);
-    void replaceRanges(const QVector<TextChange> &changes, const QString &name);
+    enum class Step { New, Joined };
+    void replaceRanges(const QVector<TextChange> &changes, const QString &name, Step step);
+    bool editAs(Step step, const NoteEdit &edit, const QString &name);
+    void takeBackGesture();
+    bool mayMake(const NoteEditPlan::Plan &plan, const QString &text) const;
+
+    struct CaretPlace
+    {
+        int line = 0;
+        int column = 0;
+        int lineCount = 0;
+        Ticks tick = 0;
+    };
+    CaretPlace caretPlace() const;
+    void keepCaret(const CaretPlace &place);
+
+    struct Gesture
+    {
+        QString text; // before it, as are these
+        AbcReading reading;
+        NoteSelection selection;
+        bool hasStep = false; // in the history
+        int revision = 0;     // behind its last edit
+    };
 
     QTextDocument text_;
     int revision_ = 0; // of the text's characters; format changes do not count
@@ -140,6 +186,8 @@ private:
     int readRevision_ = 0;
     Task reader_;
     QTimer restTimer_;
+    std::optional<Gesture> gesture_;
+    RewriteQuestion mayRewrite_;
 
     Track applied_;
     Instrument instrument_;

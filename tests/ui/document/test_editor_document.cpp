@@ -83,6 +83,50 @@ private slots:
         QCOMPARE(document.undoName(), QStringLiteral("Typing"));
     }
 
+    void movesThroughNotesInOneGesture()
+    {
+        Document document("[CEG] D\n");
+        const auto up = [](quint32 semitones) {
+            NoteEdit edit;
+            edit.changed.append(NoteEdit::Change{0, {0, unit, 60 + semitones}});
+            return edit;
+        };
+        QVERIFY(document.beginGesture(up(4), drawing));
+        QCOMPARE(document.body(), QStringLiteral("[EG] D\n"));
+        QVERIFY(document.editInstead(up(5), drawing));
+        QCOMPARE(document.body(), QStringLiteral("[FEG] D\n"));
+        QVERIFY(document.editInstead(up(0), drawing));
+        QCOMPARE(document.body(), QStringLiteral("[CEG] D\n"));
+        QVERIFY(!document.canUndo() && !document.canRedo());
+        QVERIFY(document.editInstead(up(1), drawing));
+        QVERIFY(document.editInstead(up(2), drawing));
+        QCOMPARE(document.body(), QStringLiteral("[DEG] D\n"));
+        QCOMPARE(document.undoName(), drawing);
+        document.undo();
+        QCOMPARE(document.body(), QStringLiteral("[CEG] D\n"));
+        QVERIFY(!document.canUndo());
+        QVERIFY(!document.editInstead(up(3), drawing));
+        QVERIFY(!document.insertNotes({{0, unit, 60}}, drawing)); // it is there
+    }
+
+    void asksBeforeAllIsWrittenAnew()
+    {
+        Document document("[Z2C8] | \"Am\"C | % end\n");
+        const auto before = document.plainText();
+        QVERIFY(!document.insertNotes({{6 * unit, unit, 64}}, drawing));
+        QCOMPARE(document.plainText(), before);
+        RewriteLoss told;
+        document.setRewriteQuestion([&](const RewriteLoss &loss) {
+            told = loss;
+            return true;
+        });
+        QVERIFY(document.insertNotes({{6 * unit, unit, 64}}, drawing));
+        QVERIFY(!document.plainText().contains(u'|'));
+        QCOMPARE(told.barLines, 2);
+        QCOMPARE(told.comments, 1);
+        QCOMPARE(told.chordSymbols, 1);
+    }
+
     void keepsSelectionThroughEdits()
     {
         Document document("C D E F\n");

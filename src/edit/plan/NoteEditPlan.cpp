@@ -1,7 +1,8 @@
-#include "edit/NoteEditPlan.h"
+#include "edit/plan/NoteEditPlan.h"
 
 #include "core/AbcParser.h"
 #include "edit/NoteLookup.h"
+#include "edit/plan/EditWriter.h"
 
 #include <algorithm>
 #include <set>
@@ -19,6 +20,19 @@ NoteSpec inRange(NoteSpec note)
     note.length = std::clamp<Ticks>(note.length, 1, longestEdit);
     note.pitch = std::clamp(note.pitch, lowestPlayablePitch, highestPlayablePitch);
     return note;
+}
+
+NoteEditPlan::Plan leastPlan(const QString &text, const AbcReading &reading, const NoteEdit &edit, Track &result)
+{
+    for (const auto reach : {EditReach::Notes, EditReach::Measures}) {
+        const auto changes = NoteEditPlan::textChanges(text, reading, edit, reach);
+        if (!changes)
+            break;
+        auto after = readAbc(applyChanges(text, *changes));
+        if (NoteEditPlan::haveSameEvents(after.track, result))
+            return {false, *changes, std::move(after), {}};
+    }
+    return {true, {difference(text, result.toAbc())}, readAbc(result.toAbc()), {}};
 }
 
 } // namespace
@@ -45,9 +59,16 @@ NoteEdit NoteEditPlan::cleaned(const Track &track, NoteEdit edit)
         else if (!(change.to == specOf(events[change.note])))
             result.changed.append(change);
     }
+    for (auto &note : edit.inserted)
+        note = inRange(note);
+    std::set<NoteSpec> existing;
+    for (const auto note : findNotes(track, edit.inserted)) {
+        if (touched.count(note) == 0)
+            existing.insert(specOf(events[note]));
+    }
     for (const auto &note : edit.inserted) {
-        if (takes(inRange(note)))
-            result.inserted.append(inRange(note));
+        if (existing.count(note) == 0 && takes(note))
+            result.inserted.append(note);
     }
     for (int i = 0; i < events.size(); ++i) {
         if (isNote(i) && touched.count(i) == 0 && taken.count({events[i].start(), events[i].pitch()}) != 0)
@@ -98,19 +119,23 @@ bool NoteEditPlan::haveSameEvents(const Track &a, const Track &b)
     return std::equal(x.begin(), x.end(), y.begin(), y.end(), isSame);
 }
 
+std::optional<QVector<TextChange>> NoteEditPlan::textChanges(const QString &text, const AbcReading &reading,
+                                                             const NoteEdit &edit, EditReach reach)
+{
+    const NotePieces pieces(reading, edit, reach);
+    if (!pieces.isPossible())
+        return {};
+    return EditWriter(text, reading, pieces).write();
+}
+
 std::optional<NoteEditPlan::Plan> NoteEditPlan::plan(const QString &text, const AbcReading &reading,
                                                      const NoteEdit &edit)
 {
     const auto wanted = cleaned(reading.track, edit);
     if (wanted.changed.isEmpty() && wanted.removed.isEmpty() && wanted.inserted.isEmpty())
         return std::nullopt;
-    Plan plan;
     auto result = editedTrack(reading.track, wanted);
-    const auto changes = textChanges(text, reading, wanted);
-    if (changes)
-        plan = {*changes, readAbc(applyChanges(text, *changes)), {}};
-    if (!changes || !haveSameEvents(plan.reading.track, result))
-        plan = {{difference(text, result.toAbc())}, readAbc(result.toAbc()), {}};
+    auto plan = leastPlan(text, reading, wanted, result);
     plan.touched = wanted.inserted;
     for (const auto &change : wanted.changed)
         plan.touched.append(change.to);

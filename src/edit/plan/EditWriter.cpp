@@ -1,0 +1,144 @@
+#include "edit/plan/EditWriter.h"
+
+#include "edit/plan/RhythmFit.h"
+
+#include <algorithm>
+
+EditWriter::EditWriter(const QString &text, const AbcReading &reading, const NotePieces &pieces)
+    : text_(text), reading_(reading), layout_(reading.layout), pieces_(pieces)
+{
+    spelling_.begin(layout_.marks.first().keyRow);
+}
+
+QVector<TextChange> EditWriter::write()
+{
+    auto unit = 0;
+    for (const auto &run : findEditRuns(layout_, pieces_)) {
+        for (; unit < run.first; ++unit)
+            passUnit(layout_.units[unit]);
+        passMarks(layout_.units[run.first].range.offset);
+        writeRun(run);
+        unit = run.last + 1;
+    }
+    for (; unit < layout_.units.size(); ++unit)
+        passUnit(layout_.units[unit]);
+    return std::move(changes_);
+}
+
+// A gap before a bar line stands at the same offset, and still in the measure.
+void EditWriter::passMarks(int offset)
+{
+    for (; mark_ < layout_.marks.size() && layout_.marks[mark_].offset < offset; ++mark_) {
+        const auto &mark = layout_.marks[mark_];
+        if (mark.kind == AbcAccidentalMark::Kind::BarLine)
+            spelling_.begin(mark.keyRow);
+        else
+            spelling_.setKey(mark.keyRow);
+    }
+}
+
+void EditWriter::passUnit(const AbcUnit &unit)
+{
+    passMarks(unit.range.offset);
+    for (auto token = unit.firstToken; token < unit.endToken; ++token)
+        passToken(token);
+}
+
+// A note that stays: its own characters change when its pitch does, or when the accidentals before it did.
+void EditWriter::passToken(int token)
+{
+    const auto &spelling = layout_.tokens[token].spelling;
+    const auto &piece = pieces_.ofToken(token);
+    const auto written = piece.keepsSpelling ? spellingOf(layout_.tokens[token]) : spelling_.write(piece.pitch);
+    const auto change = difference(text_.mid(spelling.offset, spelling.length), written);
+    if (!change.range.isEmpty() || !change.text.isEmpty())
+        changes_.append({{spelling.offset + change.range.offset, change.range.length}, change.text});
+}
+
+QString EditWriter::spellingOf(const AbcNoteToken &token)
+{
+    const auto written = text_.mid(token.spelling.offset, token.spelling.length);
+    if (!token.isExplicit && spelling_.inForce(token.step) == token.accidental)
+        return written;
+    spelling_.set(token.step, token.accidental);
+    return token.isExplicit ? written : NoteSpelling::accidentalText(token.accidental) + written;
+}
+
+void EditWriter::writeRun(const EditRun &run)
+{
+    switch (run.form) {
+    case EditRun::Form::Free:
+        writeFree(run);
+        break;
+    case EditRun::Form::Elements:
+        writeElements(layout_.units[run.first]);
+        break;
+    case EditRun::Form::Measures:
+        writeMeasures(run);
+        break;
+    }
+}
+
+void EditWriter::writeElements(const AbcUnit &unit)
+{
+    const auto &all = pieces_.of(int(&unit - layout_.units.data()));
+    for (auto i = unit.firstElement; i < unit.endElement; ++i) {
+        const auto &element = layout_.elements[i];
+        writeElement(element, startingWithin(all, element.start, element.end()));
+    }
+}
+
+void EditWriter::writeElement(const AbcTextElement &element, std::span<const NotePiece> pieces)
+{
+    if (isUnchanged(element, pieces)) {
+        for (auto token = element.firstToken; token < element.endToken; ++token)
+            passToken(token);
+    } else {
+        changes_.append({element.range, elementText(element, pieces)});
+    }
+}
+
+bool EditWriter::isUnchanged(const AbcTextElement &element, std::span<const NotePiece> pieces) const
+{
+    return int(pieces.size()) == element.endToken - element.firstToken &&
+           std::none_of(pieces.begin(), pieces.end(), [](const NotePiece &piece) { return piece.isAltered; });
+}
+
+// A chord keeps its own length as long as it is one.
+QString EditWriter::elementText(const AbcTextElement &element, std::span<const NotePiece> pieces)
+{
+    const auto scale = LengthScale::of(element);
+    if (pieces.empty())
+        return u'z' + scale.text(element.advance);
+    const auto shortest = std::min_element(pieces.begin(), pieces.end(), [](const NotePiece &a, const NotePiece &b) {
+                              return a.length < b.length;
+                          })->length;
+    const bool isCut = shortest > element.advance;
+    const bool isChord = isCut || pieces.size() > 1;
+    const bool keepsLength = isChord && !element.chordLengthText.isEmpty();
+    const auto noteScale = keepsLength ? LengthScale::inChordOf(element) : scale;
+    QString notes = isCut ? u'z' + noteScale.text(element.advance) : QString();
+    for (const auto &piece : pieces) {
+        const bool keepsText =
+            piece.token >= 0 && !piece.isAltered && (keepsLength || element.chordLengthText.isEmpty());
+        notes += pieceText(piece, keepsText ? keptLength(piece) : noteScale.text(piece.length));
+    }
+    if (!isChord)
+        return notes;
+    const auto &length = element.chordLengthText;
+    return u'[' + notes + u']' + text_.mid(length.offset, length.length);
+}
+
+QString EditWriter::keptLength(const NotePiece &piece) const
+{
+    const auto &length = layout_.tokens[piece.token].lengthText;
+    return text_.mid(length.offset, length.length);
+}
+
+QString EditWriter::pieceText(const NotePiece &piece, const QString &length)
+{
+    const auto dot = piece.isStaccato ? QStringLiteral(".") : QString();
+    const auto tie = piece.isTied ? QStringLiteral("-") : QString();
+    const auto spelling = piece.keepsSpelling ? spellingOf(layout_.tokens[piece.token]) : spelling_.write(piece.pitch);
+    return dot + spelling + length + tie;
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "edit/NoteSpelling.h"
+#include "edit/TextChange.h"
+#include "edit/plan/EditRuns.h"
+
+#include <span>
+
+// Writes the pieces of an edit into a text. Private to the planner of edits.
+class EditWriter
+{
+public:
+    // All must outlive this object.
+    EditWriter(const QString &text, const AbcReading &reading, const NotePieces &pieces);
+
+    // In the order of the text.
+    QVector<TextChange> write();
+
+private:
+    void passMarks(int offset);
+    void passUnit(const AbcUnit &unit);
+    void passToken(int token);
+    void writeRun(const EditRun &run);
+
+    void writeElements(const AbcUnit &unit);
+    void writeElement(const AbcTextElement &element, std::span<const NotePiece> pieces);
+    bool isUnchanged(const AbcTextElement &element, std::span<const NotePiece> pieces) const;
+    QString elementText(const AbcTextElement &element, std::span<const NotePiece> pieces);
+
+    void writeFree(const EditRun &run);
+    QString freeText(const EditRun &run);
+    QString musicText(std::vector<NotePiece> pieces, Ticks start, const AbcUnit &last, Ticks lineStart);
+    Ticks lineStart(const EditRun &run) const;
+    void collectBetween(const EditRun &run);
+    QString takeBetween(Ticks until);
+
+    void writeMeasures(const EditRun &run);
+
+    QString pieceText(const NotePiece &piece, const QString &length);
+    QString spellingOf(const AbcNoteToken &token);
+    QString keptLength(const NotePiece &piece) const;
+    QString lengthOf(const NotePiece &piece) const;
+
+    const QString &text_;
+    const AbcReading &reading_;
+    const AbcLayout &layout_;
+    const NotePieces &pieces_;
+    int mark_ = 1; // to be passed next; the first is the beginning of the body
+    NoteSpelling spelling_;
+    QVector<TextChange> changes_;
+
+    struct Between // what stands between elements and is no music
+    {
+        Ticks time = 0;
+        QString text;
+    };
+    std::vector<Between> between_; // of the run at hand, what is not yet written
+};

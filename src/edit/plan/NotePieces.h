@@ -1,0 +1,102 @@
+#pragma once
+
+#include "edit/AbcReading.h"
+#include "edit/NoteEdit.h"
+
+#include <bitset>
+#include <optional>
+#include <vector>
+
+// How much of the text an edit may write anew.
+enum class EditReach {
+    Notes,    // what it must
+    Measures, // the measures that it reaches into
+};
+
+// A note as one place of the text writes it: all of a note, or one of those that ties join.
+struct NotePiece
+{
+    Ticks start = 0;
+    Ticks length = 0; // as written: twice as long as a staccato note sounds
+    quint32 pitch = 0;
+    int token = -1;             // that writes it now; -1 for a new one
+    bool keepsSpelling = false; // of its token
+    bool isAltered = false;     // in more than its pitch
+    bool isStaccato = false;
+    bool isTied = false;         // to the next of its pitch
+    bool isContinuation = false; // new, and tied to by another
+
+    Ticks end() const { return start + length; }
+};
+
+// Where a note of the pitch begins; the event is -1 for a new one.
+struct NoteBegin
+{
+    quint32 pitch = 0;
+    Ticks start = 0;
+    int event = -1;
+};
+
+// The notes of a text behind an edit, as pieces, and which units of the text must be written anew for them. What lies
+// across a bar line, or the end of a tuplet, is written in two and tied. Private to the planner of edits.
+class NotePieces
+{
+public:
+    // The edit must be cleaned. All must outlive this object.
+    NotePieces(const AbcReading &reading, const NoteEdit &edit, EditReach reach);
+
+    // Has the notes before the offset written as their key wants it.
+    void respellUpTo(int offset);
+
+    // False where the text has no place for a new note; nothing else may be asked then.
+    bool isPossible() const { return isPossible_; }
+    // Whether tuplets and broken rhythms stay where they can.
+    bool keepsForms() const { return reach_ == EditReach::Notes; }
+    bool isDirty(int unit) const { return isDirty_[size_t(unit)]; }
+    // Of a dirty unit, by start; those that start together as a chord writes them.
+    const std::vector<NotePiece> &of(int unit) const { return ofUnit_[size_t(unit)]; }
+    // Of a token of a unit that is not dirty.
+    const NotePiece &ofToken(int token) const { return ofToken_[size_t(token)]; }
+
+private:
+    void readTokens();
+    Ticks lengthOf(const AbcNoteToken &token, const AbcTextElement &element) const;
+    void findTokens(const NoteEdit &edit);
+    void change(const NoteEdit::Change &change);
+    void repitch(const std::vector<int> &tokens, quint32 pitch);
+    void resize(const std::vector<int> &tokens, const NoteSpec &to);
+    void remove(const std::vector<int> &tokens);
+    void move(const std::vector<int> &tokens, const NoteSpec &to);
+    void addNew(NotePiece piece);
+    std::optional<NotePiece> cutOff(NotePiece &piece, int unit) const;
+    Ticks endOfPlace(const NotePiece &piece, int unit) const;
+    bool takes(int unit, const NotePiece &rest) const;
+    bool meetsItsPitch(const NotePiece &piece, Ticks until) const;
+    void settleTies();
+    void settleTie(int token, int continuation, const std::vector<NoteBegin> &begins);
+    void joinTied(int event);
+    std::bitset<128> newPitches() const;
+    std::vector<NoteBegin> beginsOf(const std::bitset<128> &pitches) const;
+    Ticks nextBarLine(const NotePiece &piece, int unit) const;
+    int unitAt(Ticks tick) const;
+    void setDirty(int unit) { isDirty_[size_t(unit)] = true; }
+    void dirtyTuplets();
+    void dirtyMeasures();
+    void assign();
+    void assignTokens(int unit);
+    void dirtyBefore(int unit);
+    bool sounds(int unit) const;
+    bool soundsBeyond(int unit) const;
+
+    const AbcReading &reading_;
+    const AbcLayout &layout_;
+    const EditReach reach_;
+    bool isInOrder_ = true;
+    bool isPossible_ = true;
+    std::vector<NotePiece> ofToken_;
+    std::vector<bool> isNew_;                // by event: gone from where it was, or of another pitch
+    std::vector<bool> isGone_;               // by token
+    std::vector<std::vector<int>> tokensOf_; // by event; of those that the edit names
+    std::vector<bool> isDirty_;              // by unit
+    std::vector<std::vector<NotePiece>> ofUnit_;
+};
