@@ -4,6 +4,7 @@
 #include "ui/Dialogs.h"
 #include "ui/ScreenFit.h"
 #include "ui/editor/EditorActions.h"
+#include "ui/editor/EditorCleanUp.h"
 #include "ui/editor/EditorPlayback.h"
 #include "ui/editor/EditorStatus.h"
 #include "ui/editor/EditorTransforms.h"
@@ -30,7 +31,7 @@ AbcEditorWindow::AbcEditorWindow(Settings &settings, Dialogs &dialogs, TrackPlay
       actions_(new EditorActions(*this, *text_)), roll_(new PianoRoll(document_, settings)),
       stepEntry_(new StepEntry(document_, *text_, *roll_, this)), ghosts_(new GhostParts(*roll_, this)),
       findBar_(new FindBar(*text_, settings)), problems_(new ProblemList(document_)),
-      status_(new EditorStatus(document_))
+      status_(new EditorStatus(document_)), cleanUp_(new EditorCleanUp(document_, roll_->state(), this))
 {
     setWindowIcon(QIcon(QStringLiteral(":/icons/appicon.png")));
     createViews();
@@ -105,6 +106,7 @@ void AbcEditorWindow::createMenus()
     auto *const snap = notes->addMenu(QIcon(QStringLiteral(":/icons/snap.png")), tr("S&nap"));
     snap->addActions(QList<QAction *>(roll_->actions().snapActions().begin(), roll_->actions().snapActions().end()));
     add(tr("T&ransform"), Id::QuickRealign, Id::ChangeKey);
+    add(tr("&Clean Up"), Id::SplitNotes, Id::DeleteMeasures);
     add(tr("&Play"), Id::PlayOrStop, Id::NormalTempo);
     auto *const view = add(tr("&View"), Id::ShowRoll, Id::ZoomNormal);
     view->addSeparator();
@@ -176,6 +178,7 @@ void AbcEditorWindow::addTempoControl(QToolBar &bar)
 void AbcEditorWindow::connectActions()
 {
     connectEditing();
+    connectCleanUp();
     connectPlaying();
     connectViews();
 }
@@ -209,6 +212,27 @@ void AbcEditorWindow::connectEditing()
     on(Id::Transpose, transforms_, &EditorTransforms::transposeNotes);
     on(Id::ChangeUnitLength, transforms_, &EditorTransforms::changeUnitLength);
     on(Id::ChangeKey, transforms_, &EditorTransforms::changeKey);
+}
+
+void AbcEditorWindow::connectCleanUp()
+{
+    using Id = EditorActions::Id;
+    const auto on = [this](Id id, void (EditorCleanUp::*run)()) {
+        connect((*actions_)[id], &QAction::triggered, cleanUp_, run);
+    };
+    on(Id::SplitNotes, &EditorCleanUp::split);
+    on(Id::JoinNotes, &EditorCleanUp::join);
+    on(Id::Legato, &EditorCleanUp::legato);
+    on(Id::DoubleLengths, &EditorCleanUp::doubleLengths);
+    on(Id::HalveLengths, &EditorCleanUp::halveLengths);
+    on(Id::Quantise, &EditorCleanUp::quantise);
+    on(Id::QuantiseHalf, &EditorCleanUp::quantiseHalf);
+    on(Id::InvertSelection, &EditorCleanUp::invertSelection);
+    on(Id::SelectSamePitch, &EditorCleanUp::selectSamePitch);
+    on(Id::SelectPitchRange, &EditorCleanUp::selectPitchRange);
+    on(Id::InsertMeasure, &EditorCleanUp::insertMeasure);
+    on(Id::DeleteMeasures, &EditorCleanUp::deleteMeasures);
+    connect(cleanUp_, &EditorCleanUp::said, status_, &EditorStatus::say);
 }
 
 void AbcEditorWindow::connectPlaying()
@@ -262,6 +286,7 @@ void AbcEditorWindow::connectViews()
 void AbcEditorWindow::connectDocument()
 {
     using Id = EditorActions::Id;
+    document_.setRewriteQuestion([this](const RewriteLoss &loss) { return transforms_->mayRewrite(loss); });
     connect(&document_, &EditorDocument::applied, this, &AbcEditorWindow::applied);
     connect(&document_, &EditorDocument::applied, status_, [this] { status_->say(tr("The changes are applied.")); });
     connect(&document_, &EditorDocument::isAppliedChanged, this, &AbcEditorWindow::showTitle);
@@ -348,15 +373,23 @@ void AbcEditorWindow::goToLine()
         text_->goToLine(line);
 }
 
-// The text's own undo also brings its caret back.
+// The text's own undo brings its caret to what was typed.
 void AbcEditorWindow::stepBack()
 {
+    if (!document_.isTypingUndone()) {
+        document_.undo();
+        return;
+    }
     text_->undo();
     document_.update();
 }
 
 void AbcEditorWindow::stepForward()
 {
+    if (!document_.isTypingRedone()) {
+        document_.redo();
+        return;
+    }
     text_->redo();
     document_.update();
 }

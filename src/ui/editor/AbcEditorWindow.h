@@ -7,6 +7,7 @@
 class AbcTextEdit;
 class Dialogs;
 class EditorActions;
+class EditorCleanUp;
 class EditorPlayback;
 class EditorStatus;
 class EditorTransforms;
@@ -55,6 +56,7 @@ private:
     void addTempoControl(class QToolBar &bar);
     void connectActions();
     void connectEditing();
+    void connectCleanUp();
     void connectPlaying();
     void connectViews();
     void connectDocument();
@@ -82,6 +84,7 @@ private:
     FindBar *findBar_;
     ProblemList *problems_;
     EditorStatus *status_;
+    EditorCleanUp *cleanUp_;
     QSlider *tempo_ = nullptr;
     QLabel *tempoLabel_ = nullptr;
 };

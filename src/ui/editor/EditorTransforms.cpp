@@ -1,6 +1,11 @@
 #include "ui/editor/EditorTransforms.h"
 
 #include "base/ErrorText.h"
+#include "core/HeaderFields.h"
+#include "edit/NoteLookup.h"
+#include "edit/notes/NoteEdits.h"
+#include "edit/plan/FieldChange.h"
+#include "edit/plan/RewriteLoss.h"
 #include "import/ChangeKey.h"
 #include "import/Realign.h"
 #include "import/Transpose.h"
@@ -8,6 +13,7 @@
 #include "import/quantise/CleanQuantise.h"
 #include "ui/Dialogs.h"
 #include "ui/document/EditorDocument.h"
+#include "ui/transform/DialogFrame.h"
 #include "ui/transform/KeyDialog.h"
 #include "ui/transform/RealignNotesDialog.h"
 #include "ui/transform/TransposeDialog.h"
@@ -68,16 +74,77 @@ EditorTransforms::Closing EditorTransforms::askAboutErrors(const QString &error)
     return Closing::Stay;
 }
 
+bool EditorTransforms::mayRewrite(const RewriteLoss &loss)
+{
+    QStringList lost;
+    const auto add = [&](int count, const QString &words) {
+        if (count > 0)
+            lost += words;
+    };
+    add(loss.barLines, tr("%n bar line(s)", nullptr, loss.barLines));
+    add(loss.chordSymbols, tr("%n chord symbol(s) and text(s) above the staff", nullptr, loss.chordSymbols));
+    add(loss.decorations, tr("%n decoration(s), grace notes and slurs", nullptr, loss.decorations));
+    add(loss.comments, tr("%n comment(s)", nullptr, loss.comments));
+    const auto losses =
+        lost.isEmpty() ? tr("its line breaks and its own way of writing notes") : lost.join(QStringLiteral(", "));
+    return dialogs_.ask(&window_, tr("ABC Editor"),
+                        tr("The whole text must be written anew for this change. The notes stay as they are, but the "
+                           "text loses: %1.\n\nWrite it anew?")
+                            .arg(losses)) == Dialogs::Answer::Yes;
+}
+
 void EditorTransforms::become(Track track, const QString &name)
 {
     document_.replaceText(track.toAbc(), name);
     apply();
 }
 
+// Whether the text had to change for it.
+bool EditorTransforms::restoreApplied(const QString &name)
+{
+    if (document_.isApplied())
+        return false;
+    auto applied = document_.appliedTrack();
+    document_.replaceText(applied.toAbc(), name);
+    return true;
+}
+
+void EditorTransforms::changeNotes(const QString &name, const EditMaker &makeEdit)
+{
+    const bool isRestored = restoreApplied(name);
+    document_.update();
+    const auto selected = document_.selectedNotes();
+    const auto edit = makeEdit(document_.track(), selected);
+    const auto specs = NoteEdits::after(edit, document_.track(), selected);
+    const bool isChanged = isRestored ? document_.editInLastStep(edit, name) : document_.edit(edit, name);
+    document_.selectNotes(findNotes(document_.track(), specs));
+    if (isChanged || isRestored)
+        apply();
+}
+
+AbcReading EditorTransforms::appliedReading()
+{
+    auto applied = document_.appliedTrack();
+    return readAbc(applied.toAbc());
+}
+
+// Where the text cannot be changed in place, the user is asked.
+void EditorTransforms::changeField(const QString &name, const std::optional<QString> &text, const Track &otherwise)
+{
+    if (text) {
+        document_.replaceText(*text, name);
+        apply();
+    } else if (mayRewrite(lostInRewriting(document_.text()->toPlainText()))) {
+        become(otherwise, name);
+    }
+}
+
 void EditorTransforms::quickRealign()
 {
     if (settlePendingChanges())
-        become(realign(document_.appliedTrack(), SnapGrid::quick()), tr("Quick Realign"));
+        changeNotes(tr("Quick Realign"), [](const Track &track, const QVector<int> &notes) {
+            return NoteEdits::between(track, realign(track, SnapGrid::quick()), notes);
+        });
 }
 
 void EditorTransforms::realignNotes()
@@ -85,14 +152,24 @@ void EditorTransforms::realignNotes()
     if (!settlePendingChanges())
         return;
     RealignNotesDialog dialog(settings_, &window_);
-    if (dialog.exec() == QDialog::Accepted)
-        become(realign(document_.appliedTrack(), SnapGrid(dialog.grids())), tr("Realign Notes"));
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const SnapGrid grid(dialog.grids());
+    const auto name = tr("Realign Notes");
+    if (!keepsText(dialog))
+        become(realign(document_.appliedTrack(), grid), name);
+    else
+        changeNotes(name, [&](const Track &track, const QVector<int> &notes) {
+            return NoteEdits::between(track, realign(track, grid), notes);
+        });
 }
 
 void EditorTransforms::cleanQuantise()
 {
     if (settlePendingChanges())
-        become(cleanQuantised(document_.appliedTrack()), tr("Clean Quantise"));
+        changeNotes(tr("Clean Quantise"), [](const Track &track, const QVector<int> &notes) {
+            return NoteEdits::between(track, cleanQuantised(track), notes);
+        });
 }
 
 void EditorTransforms::transposeNotes()
@@ -100,8 +177,15 @@ void EditorTransforms::transposeNotes()
     if (!settlePendingChanges())
         return;
     TransposeDialog dialog(&window_);
-    if (dialog.exec() == QDialog::Accepted)
-        become(transpose(document_.appliedTrack(), dialog.semitones()), tr("Transpose"));
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const auto name = tr("Transpose");
+    if (!keepsText(dialog))
+        become(transpose(document_.appliedTrack(), dialog.semitones()), name);
+    else
+        changeNotes(name, [&](const Track &track, const QVector<int> &notes) {
+            return NoteEdits::transposition(track, notes, dialog.semitones());
+        });
 }
 
 void EditorTransforms::changeUnitLength()
@@ -110,8 +194,17 @@ void EditorTransforms::changeUnitLength()
         return;
     UnitLengthDialog dialog(&window_);
     dialog.preset(document_.appliedTrack().headerField(QStringLiteral("L")));
-    if (dialog.exec() == QDialog::Accepted)
-        become(::changeUnitLength(document_.appliedTrack(), dialog.result()), tr("Change Unit Length"));
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const auto changed = ::changeUnitLength(document_.appliedTrack(), dialog.result());
+    const auto name = tr("Change Unit Length");
+    auto applied = document_.appliedTrack();
+    const auto reading = appliedReading();
+    const auto unitLength = changed.headerField(QStringLiteral("L"));
+    if (!keepsText(dialog))
+        become(changed, name);
+    else if (HeaderFields::parseUnitLength(unitLength) != reading.unitLength)
+        changeField(name, FieldChange::inUnitLength(applied.toAbc(), reading, unitLength), changed);
 }
 
 void EditorTransforms::changeKey()
@@ -119,7 +212,16 @@ void EditorTransforms::changeKey()
     if (!settlePendingChanges())
         return;
     KeyDialog dialog(dialogs_, &window_);
-    dialog.preset(document_.appliedTrack().headerField(QStringLiteral("K")));
-    if (dialog.exec() == QDialog::Accepted)
-        become(::changeKey(document_.appliedTrack(), dialog.key()), tr("Change Key"));
+    auto applied = document_.appliedTrack();
+    const auto oldKey = applied.headerField(QStringLiteral("K"));
+    dialog.preset(oldKey);
+    const auto presetKey = dialog.key();
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const auto name = tr("Change Key");
+    if (!keepsText(dialog))
+        become(::changeKey(applied, dialog.key()), name);
+    else if (dialog.key() != presetKey)
+        changeField(name, FieldChange::inKey(applied.toAbc(), appliedReading(), dialog.key()),
+                    ::changeKey(applied, dialog.key()));
 }

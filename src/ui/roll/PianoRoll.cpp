@@ -69,6 +69,7 @@ void PianoRoll::connectParts()
     connect(&commands_, &RollCommands::cursorPlaced, this, &PianoRoll::onCursorPlaced);
     connect(&commands_, &RollCommands::cursorCarried, this, [this](int pitch) { state_.cursorPitch = pitch; });
     connect(&commands_, &RollCommands::noteTouched, this, &PianoRoll::soundBriefly);
+    connect(&commands_, &RollCommands::said, this, &PianoRoll::statusChanged);
     connect(&commands_, &RollCommands::notesMoved, this, [this] {
         if (!mouse_.isDown())
             showSelected();

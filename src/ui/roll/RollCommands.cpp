@@ -2,6 +2,7 @@
 
 #include "core/AbcParser.h"
 #include "edit/NoteLookup.h"
+#include "edit/notes/NotesAsAbc.h"
 #include "ui/roll/RollState.h"
 
 #include <QClipboard>
@@ -15,23 +16,15 @@ namespace {
 
 const QLatin1String abcMimeType("text/vnd.abc");
 
-// Behind the line of the K: field, which ends the header.
-QString bodyOf(const QString &abc)
-{
-    const auto key = abc.startsWith(QLatin1String("K:")) ? 0 : abc.indexOf(QLatin1String("\nK:")) + 1;
-    return abc.mid(abc.indexOf(QLatin1Char('\n'), key) + 1);
-}
-
-bool hasHeader(const QString &abc)
-{
-    return abc.startsWith(QLatin1String("K:")) || abc.contains(QLatin1String("\nK:"));
-}
+constexpr int pauseBetweenGestures = 1000; // ms
 
 } // namespace
 
 RollCommands::RollCommands(EditorDocument &document, const RollState &state, QObject *parent)
     : QObject(parent), document_(document), state_(state)
 {
+    pause_.setSingleShot(true);
+    pause_.setInterval(pauseBetweenGestures);
 }
 
 void RollCommands::setCursor(Ticks tick)
@@ -76,18 +69,12 @@ bool RollCommands::changeSelected(const Changer &change, const QString &name)
 
 Ticks RollCommands::possibleShift(Ticks ticks) const
 {
-    for (const auto &note : selectedSpecs())
-        ticks = std::clamp(ticks, -note.start, maxTicks - note.start - note.length);
-    return ticks;
+    return ::possibleShift(selectedSpecs(), ticks);
 }
 
 int RollCommands::possibleTransposition(int semitones) const
 {
-    const auto notes = selectedSpecs();
-    const bool isPossible = std::all_of(notes.begin(), notes.end(), [semitones](const NoteSpec &note) {
-        return isPlayable(qint64(note.pitch) + semitones);
-    });
-    return isPossible ? semitones : 0;
+    return ::possibleTransposition(selectedSpecs(), semitones);
 }
 
 Ticks RollCommands::possibleGrowth(Ticks ticks) const
@@ -101,19 +88,49 @@ Ticks RollCommands::possibleGrowth(Ticks ticks) const
 
 void RollCommands::moveNotes(Ticks ticks, int semitones)
 {
-    const auto shift = possibleShift(ticks);
-    const auto transposition = possibleTransposition(semitones);
-    if (shift == 0 && transposition == 0)
-        return;
-    const auto move = [shift, transposition](NoteSpec &note) {
-        note.start += shift;
-        note.pitch = quint32(int(note.pitch) + transposition);
-    };
-    if (!changeSelected(move, shift == 0 ? tr("Transpose Notes") : tr("Move Notes")))
-        return;
-    if (const auto notes = selectedSpecs(); !notes.isEmpty())
+    document_.update();
+    const auto move = NoteMove(document_.track(), document_.selectedNotes());
+    const auto moved = move.further(ticks, semitones);
+    if (!moved.isAsFarAs(move) && document_.edit(moved.edit(), nameOf(moved)))
+        tellMoved(moved);
+}
+
+QString RollCommands::nameOf(const NoteMove &move)
+{
+    return move.isInTime() ? tr("Move Notes") : tr("Transpose Notes");
+}
+
+void RollCommands::tellMoved(const NoteMove &move)
+{
+    if (const auto notes = move.moved(); !notes.isEmpty())
         emit cursorCarried(int(notes.first().pitch));
     emit notesMoved();
+    if (const auto replaced = move.replacedCount(); replaced > 0)
+        emit said(tr("Replaces %n note(s) of the same pitch here", nullptr, replaced));
+}
+
+bool RollCommands::isInGesture() const
+{
+    return pause_.isActive() && document_.isInGesture() && document_.selectedNotes() == gestureSelection_;
+}
+
+void RollCommands::moveByKeys(Ticks ticks, int semitones)
+{
+    const bool goesOn = isInGesture();
+    if (!goesOn) {
+        document_.update();
+        gesture_ = NoteMove(document_.track(), document_.selectedNotes());
+    }
+    const auto next = gesture_.further(ticks, semitones);
+    if (next.isAsFarAs(gesture_))
+        return;
+    const auto edit = next.edit();
+    if (!(goesOn ? document_.editInstead(edit, nameOf(next)) : document_.beginGesture(edit, nameOf(next))))
+        return;
+    gesture_ = next;
+    gestureSelection_ = document_.selectedNotes();
+    pause_.start();
+    tellMoved(next);
 }
 
 void RollCommands::copyNotes(Ticks ticks, int semitones)
@@ -131,7 +148,7 @@ void RollCommands::moveByStep(Direction direction)
     if (document_.selectedNotes().isEmpty())
         setCursor(state_.cursor + step);
     else
-        moveNotes(step, 0);
+        moveByKeys(step, 0);
 }
 
 void RollCommands::moveByMeasure(Direction direction)
@@ -146,7 +163,7 @@ void RollCommands::moveByMeasure(Direction direction)
     // By the length of the measure that is passed, so that the notes keep their place in it.
     const auto measure = measures.at(notes.first().start);
     const auto passed = direction == Direction::Forward ? measure : measures.at(std::max(Ticks(0), measure.start - 1));
-    moveNotes(int(direction) * (passed.end - passed.start), 0);
+    moveByKeys(int(direction) * (passed.end - passed.start), 0);
 }
 
 void RollCommands::moveBySemitones(int semitones)
@@ -154,7 +171,7 @@ void RollCommands::moveBySemitones(int semitones)
     if (document_.selectedNotes().isEmpty())
         setCursor(state_.cursor, state_.cursorPitch + semitones);
     else
-        moveNotes(0, semitones);
+        moveByKeys(0, semitones);
     emit noteTouched(state_.cursorPitch);
 }
 
@@ -225,29 +242,14 @@ void RollCommands::cut()
     placeCursor(notes.first().start, state_.cursorPitch);
 }
 
-// The selected notes as a tune of their own, in the key and unit length of the track.
-QString RollCommands::asAbc() const
-{
-    const auto notes = selectedSpecs();
-    Track track;
-    for (const auto &field : {QStringLiteral("L"), QStringLiteral("K")}) {
-        if (document_.track().hasHeaderField(field))
-            track.setHeaderField(field, document_.track().headerField(field));
-    }
-    for (const auto &note : notes)
-        track.appendEvent(TrackEvent::note(note.pitch, note.start - notes.first().start, note.length));
-    track.normalize();
-    return track.toAbc();
-}
-
 void RollCommands::copy()
 {
     if (document_.selectedNotes().isEmpty())
         return;
-    const auto abc = asAbc();
+    const auto abc = notesAsAbc(document_.track(), selectedSpecs());
     auto *data = new QMimeData; // the clipboard takes it
     data->setData(abcMimeType, abc.toUtf8());
-    data->setText(bodyOf(abc));
+    data->setText(bodyOfAbc(abc));
     QGuiApplication::clipboard()->setMimeData(data);
 }
 
@@ -256,21 +258,8 @@ QVector<NoteSpec> RollCommands::clipboardNotes() const
     const auto *data = QGuiApplication::clipboard()->mimeData();
     if (data == nullptr)
         return {};
-    auto abc = data->hasFormat(abcMimeType) ? QString::fromUtf8(data->data(abcMimeType)) : data->text();
-    if (!hasHeader(abc)) {
-        const auto field = [this](const char *letter) {
-            return QLatin1String(letter) + QLatin1Char(':') + document_.track().headerField(QLatin1String(letter)) +
-                   QLatin1Char('\n');
-        };
-        abc = QStringLiteral("X:1\n") + field("L") + field("K") + abc;
-    }
-    const auto reading = readAbc(abc);
-    QVector<NoteSpec> notes;
-    for (const auto &event : reading.track.events()) {
-        if (event.isNote())
-            notes.append(specOf(event));
-    }
-    return notes;
+    const auto abc = data->hasFormat(abcMimeType) ? QString::fromUtf8(data->data(abcMimeType)) : data->text();
+    return notesFromAbc(document_.track(), abc);
 }
 
 void RollCommands::paste()

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "edit/notes/NoteMove.h"
 #include "ui/document/EditorDocument.h"
+
+#include <QTimer>
 
 #include <functional>
 #include <optional>
@@ -31,7 +34,8 @@ public:
     void setCursorToEnd();
 
     // Move the selected notes together; without a selection, the cursor. Movement in time stops at the start, movement
-    // in pitch is refused when a note would leave the playable range.
+    // in pitch is refused when a note would leave the playable range. A note that comes to rest on another of its pitch
+    // and start replaces it; those that keys move pass through what they do not rest on, up to a pause.
     void moveByStep(Direction direction);
     void moveByMeasure(Direction direction);
     void moveBySemitones(int semitones);
@@ -72,16 +76,25 @@ signals:
     void cursorCarried(int pitch);            // by notes that were moved or inserted there
     void notesMoved();                        // show them
     void noteTouched(int pitch);              // let it sound for a moment
+    void said(const QString &message);
 
 private:
+    // Keys that follow each other make one step.
+    void moveByKeys(Ticks ticks, int semitones);
+    bool isInGesture() const;
+    void tellMoved(const NoteMove &move);
+    static QString nameOf(const NoteMove &move);
+
     using Changer = std::function<void(NoteSpec &)>;
     bool changeSelected(const Changer &change, const QString &name);
     QVector<NoteSpec> selectedSpecs() const;
     void insertSelected(QVector<NoteSpec> notes, Ticks shift, const QString &name);
-    QString asAbc() const;
     QVector<NoteSpec> clipboardNotes() const;
 
     EditorDocument &document_;
     const RollState &state_;
     std::optional<Ticks> lastLength_;
+    NoteMove gesture_;
+    QVector<int> gestureSelection_; // behind its last key
+    QTimer pause_;                  // runs while a key goes on with the gesture
 };

@@ -1,9 +1,17 @@
 #include "ui/transform/DialogFrame.h"
 
+#include <QCheckBox>
+#include <QCoreApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QIcon>
 #include <QVBoxLayout>
+
+namespace {
+
+const QString keepsTextName = QStringLiteral("chkKeepText");
+
+} // namespace
 
 void frameDialog(QDialog &dialog, const QString &title, const QList<QWidget *> &parts)
 {
@@ -17,6 +25,17 @@ void frameDialog(QDialog &dialog, const QString &title, const QList<QWidget *> &
     layout->setSpacing(12);
     for (auto *const part : parts)
         layout->addWidget(part);
+    auto *const keeps = new QCheckBox(QCoreApplication::translate("DialogFrame", "Keep bar lines and comments"));
+    keeps->setObjectName(keepsTextName);
+    keeps->setChecked(true);
+    keeps->setToolTip(QCoreApplication::translate(
+        "DialogFrame", "Change only the notes in the text; otherwise it is written anew, without all that is no note"));
+    layout->addWidget(keeps);
     layout->addWidget(buttons);
     layout->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+bool keepsText(const QDialog &dialog)
+{
+    return dialog.findChild<QCheckBox *>(keepsTextName)->isChecked();
 }

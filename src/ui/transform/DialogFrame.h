@@ -6,6 +6,9 @@
 class QDialog;
 class QWidget;
 
-// What the dialogs of the editor have in common: title, application icon, the parts one below the other, and OK and
-// Cancel. The size is fixed to what the parts need.
+// What the dialogs of the editor have in common: title, application icon, the parts one below the other, the choice
+// between a change of the text in place and a new text, and OK and Cancel. The size is fixed to what the parts need.
 void frameDialog(QDialog &dialog, const QString &title, const QList<QWidget *> &parts);
+
+// Whether bar lines and comments are to stay.
+bool keepsText(const QDialog &dialog);

@@ -10,6 +10,7 @@
 #include <QSet>
 #include <QSlider>
 #include <QStatusBar>
+#include <QTextBlock>
 #include <QTimer>
 
 #include <functional>
@@ -209,14 +210,15 @@ private slots:
 
     void transforms()
     {
-        EditorFixture editor("C D/ ^F2\n");
+        EditorFixture editor("C D/ ^F2 | % end\n");
         for (const auto setting : {Settings::RealignTriplets, Settings::RealignQuintuplets, Settings::RealignSeptuplets,
                                    Settings::RealignNonuplets})
             editor.settings.setValue(setting, 0);
         for (const auto &[command, child] :
              {std::pair("actionChangeUnitLength", "cboUnitLength"), {"actionChangeKey", "cboAccidentals"}}) {
             perform(editor, command, QDialogButtonBox::Ok, child, "toolTip", 0);
-            QCOMPARE(editor.body(), QStringLiteral("C D/ ^F2 \n")); // it begins with what the tune has
+            QCOMPARE(editor.body(), QStringLiteral("C D/ ^F2 | % end\n")); // it begins with what the tune has
+            QVERIFY(!editor.window.document().canUndo());
         }
         QSignalSpy applied(&editor.window, &AbcEditorWindow::applied);
         const auto start = editor.plainText();
@@ -225,10 +227,10 @@ private slots:
             const char *command, *child, *property;
             int value;
             const char *body;
-        } steps[] = {{"actionTranspose", "spTranspose", "value", 12, "c d/ ^f2 \n"},
-                     {"actionChangeUnitLength", "cboUnitLength", "currentIndex", 3, "c2 d ^f4 \n"},
-                     {"actionChangeKey", "cboAccidentals", "currentIndex", 6, "c2 d f4 \n"},
-                     {"actionRealignNotes", "dlRegular", "value", 2, "c2 [d2f4] \n"}};
+        } steps[] = {{"actionTranspose", "spTranspose", "value", 12, "c d/ ^f2 | % end\n"},
+                     {"actionChangeUnitLength", "cboUnitLength", "currentIndex", 3, "c2 d ^f4 | % end\n"},
+                     {"actionChangeKey", "cboAccidentals", "currentIndex", 6, "c2 d f4 | % end\n"},
+                     {"actionRealignNotes", "dlRegular", "value", 2, "c2 [d2f4] | % end\n"}};
         for (const auto &step : steps) {
             const auto before = editor.plainText();
             perform(editor, step.command, QDialogButtonBox::Cancel, step.child, step.property, step.value);
@@ -248,7 +250,25 @@ private slots:
     {
         EditorFixture editor("C65/64 D63/64 E F\n");
         editor.trigger("actionCleanQuantise");
-        QCOMPARE(editor.body(), QStringLiteral("C D E F \n"));
+        QCOMPARE(editor.body(), QStringLiteral("C D E F\n"));
+    }
+
+    void transformsTheSelection()
+    {
+        EditorFixture editor("C D % keep\nE F|\n");
+        editor.select(0, 3);
+        perform(editor, "actionTranspose", QDialogButtonBox::Ok, "spTranspose", "value", 12);
+        QCOMPARE(editor.body(), QStringLiteral("c d % keep\nE F|\n"));
+        QCOMPARE(editor.window.document().selectedNotes().size(), 2);
+        // The caret stays on its line, also when the step is taken back.
+        editor.select(13, 13);
+        editor.window.document().selectNotes({});
+        editor.child<QAction>("actionQuickRealign")->trigger();
+        perform(editor, "actionTranspose", QDialogButtonBox::Ok, "spTranspose", "value", -12);
+        const auto line = [&] { return editor.text->textCursor().block().text(); };
+        QCOMPARE(line(), QStringLiteral("E, F,|"));
+        editor.trigger("actionUndo");
+        QCOMPARE(line(), QStringLiteral("E F|"));
     }
 
     void asksAboutPendingChanges()

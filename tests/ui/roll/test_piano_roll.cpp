@@ -12,12 +12,14 @@ private slots:
     void edits_data()
     {
         const Rows<QString, QString, QString, int> row("body", "steps", "result", "undoSteps");
-        row("later", "CDE", "1.5:62 Right Right", "0+1:60 2+1:64 3+1:62* @1:62", 2);
+        row("later", "CDE", "1.5:62 Right Right", "0+1:60 2+1:64 3+1:62* @1:62", 1);
+        row("later through others", "CCCC", "0.5:60 Right Right", "1+1:60 2+1:60* 3+1:60 @0:60", 1);
+        row("up through a chord", "[CEG]4", "1:60 Up Up Up Up Up", "0+4:64 0+4:65* 0+4:67 @0:65", 1);
         row("earlier stops at the start", "CE2", "1.5:64 Left Left Left", "0+1:60 0+2:64* @1:64", 1);
-        row("up and down", "CDE", "1.5:62 Up Up Up Down", "0+1:60 1+1:64* 2+1:64 @1:64", 4);
-        row("octaves", "CDE", "1.5:62 Ctrl+Up Ctrl+Up Ctrl+Down", "0+1:60 1+1:74* 2+1:64 @1:74", 3);
+        row("up and down", "CDE", "1.5:62 Up Up Up Down", "0+1:60 1+1:64* 2+1:64 @1:64", 1);
+        row("octaves", "CDE", "1.5:62 Ctrl+Up Ctrl+Up Ctrl+Down", "0+1:60 1+1:74* 2+1:64 @1:74", 1);
         row("not above the highest", "CDc'''", "Ctrl+A Up", "0+1:60* 1+1:62* 2+1:108* @0:60", 0);
-        row("not below the lowest", "A,,,,C", "Ctrl+A Up Down Down", "0+1:21* 1+1:60* @0:21", 2);
+        row("not below the lowest", "A,,,,C", "Ctrl+A Up Down Down", "0+1:21* 1+1:60* @0:21", 0);
         row("a measure later", "CDE", "1.5:62 Ctrl+Right", "0+1:60 2+1:64 9+1:62* @1:62", 1);
         row("a measure earlier, as long as that is", "C8|[M:2/4]D4", "8.5:62 Ctrl+Left", "0+8:60 0+4:62* @8:62", 1);
         row("longer", "CDz4", "1.5:62 Shift+Right Shift+Right", "0+1:60 1+3:62* @1:62", 2);
@@ -39,7 +41,7 @@ private slots:
         row("cut and paste", "CDEF", "1.5:62 Ctrl+X End Ctrl+V", "0+1:60 2+1:64 3+1:65 4+1:62* @5:62", 2);
         row("paste among others", "CDEF", "1.5:62 Ctrl+C Home Ctrl+V", "0+1:60 0+1:62* 1+1:62 2+1:64 3+1:65 @1:62", 1);
         row("from keys alone", "", "Home Ins Ins Up Up Ins Esc Right Shift+Right Ins Shift+Right",
-            "0+1:60 1+1:62 2+1:62 4+2:62* @5:62", 7);
+            "0+1:60 1+1:62 2+1:62 4+2:62* @5:62", 6);
         row("paste what was typed", "C", "End =G2_[ce]_]]_nonsense Ctrl+V",
             "0+1:60 1+2:67* 3+1:72* 3+1:76* 4+1:76* 5+1:76* @6:60", 1);
         row("paste what is no music", "C", "=12_%% Ctrl+V", "0+1:60 @0:60", 0);
