@@ -26,7 +26,8 @@ set(LAYERS
     "src/audio/render|base core audio audio/sound"
     "src/audio/engine|audio/AudioEngine.h audio/OutputControl.h audio/sound"
     "src/midi|base"
-    "src/export|base core import assets audio/TempoMap.h"
+    "src/export|base core import assets audio/TempoPlaces.h"
+    "src/arrange|base core import audio/TempoPlaces.h"
     "src/ui|base settings assets"
     "src/ui/timeline|base core ui"
     "src/ui/tracks|core song"
@@ -47,7 +48,7 @@ set(LAYERS
     "src/app/recovery|base core song song/journal ui ui/tracks app/services app/commands"
     "src/app/keyboard|base settings core song assets audio midi ui ui/tracks ui/editor import edit import/quantise app/services edit/plan"
     "src/app|base settings core edit check song assets audio midi audio/engine ui ui/timeline ui/tracks ui/song ui/report ui/checks app/services app/commands app/exporting app/practice app/recovery app/keyboard audio/render"
-    "tools/cli|base settings core import import/quantise song edit check assets assets/package audio audio/render audio/sound audio/engine export"
+    "tools/cli|base settings core import import/quantise song edit check assets assets/package audio audio/render audio/sound audio/engine export arrange"
     "tools/demogame|")
 set(LAYERS_WITHOUT_QT "src/audio/sound" "src/audio/engine")
 

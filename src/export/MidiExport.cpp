@@ -112,7 +112,7 @@ bool areSame(const std::vector<KeyChange> &a, const std::vector<KeyChange> &b)
 }
 
 // Of the modes MIDI knows major and minor; the others have their accidentals.
-void addKeys(MidiChunk &chunk, const std::vector<KeyChange> &keys, const MidiTempo::Places &places)
+void addKeys(MidiChunk &chunk, const std::vector<KeyChange> &keys, const TempoPlaces &places)
 {
     for (const auto &[at, key] : keys)
         chunk.addKey(places.of(at), qint8(int(neutralKeyRow) - int(key.row)), key.mode == Minor ? 1 : 0);
@@ -125,7 +125,7 @@ void addMetre(MidiChunk &chunk, Ticks at, quint32 numerator, quint32 denominator
         chunk.addMetre(at, quint8(numerator), quint8(std::countr_zero(denominator)));
 }
 
-void addMetres(MidiChunk &chunk, const Track &track, const MidiTempo::Places &places)
+void addMetres(MidiChunk &chunk, const Track &track, const TempoPlaces &places)
 {
     const auto metre = HeaderFields::parseMetre(track.headerField(QStringLiteral("M")));
     addMetre(chunk, 0, metre.numerator, metre.denominator);
@@ -148,7 +148,7 @@ private:
     static QVector<Track> tracksOf(const QVector<ExportedPart> &parts);
     MidiChunk conductor(const QString &title) const;
     MidiChunk chunkOf(const ExportedPart &part);
-    void addNotes(MidiChunk &chunk, const Track &track, quint8 channel, const MidiTempo::Places &places);
+    void addNotes(MidiChunk &chunk, const Track &track, quint8 channel, const TempoPlaces &places);
     Ticks quarterUnits(const std::vector<MidiChunk> &chunks) const;
 
     const QVector<ExportedPart> &parts_;
@@ -205,7 +205,7 @@ MidiChunk MidiExporter::chunkOf(const ExportedPart &part)
     return chunk;
 }
 
-void MidiExporter::addNotes(MidiChunk &chunk, const Track &track, quint8 channel, const MidiTempo::Places &places)
+void MidiExporter::addNotes(MidiChunk &chunk, const Track &track, quint8 channel, const TempoPlaces &places)
 {
     ChannelNotes notes(result_);
     for (auto event : track.events()) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "audio/TempoMap.h"
+#include "audio/TempoPlaces.h"
 
 #include <vector>
 
@@ -18,21 +18,8 @@ public:
     };
     std::vector<Change> changes() const; // the first at 0
 
-    // Where the ticks of a track stand in the file: where they are, or at the same moment when the track has another
-    // tempo.
-    class Places
-    {
-    public:
-        Places(const Track &track, const Track &file);
-        bool areMoved() const { return areMoved_; }
-        Ticks of(Ticks tick) const; // to the nearest
-
-    private:
-        bool areMoved_;
-        TempoMap track_;
-        TempoMap file_;
-    };
-    Places placesOf(const Track &track) const { return {track, file_}; }
+    // Where the ticks of a track stand in the file.
+    TempoPlaces placesOf(const Track &track) const { return {track, file_}; }
     const Track &leader() const { return leader_; } // whose tempo it is
 
 private:

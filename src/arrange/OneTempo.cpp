@@ -1,0 +1,70 @@
+#include "arrange/OneTempo.h"
+
+#include "audio/TempoPlaces.h"
+
+namespace {
+
+const auto tempoField = QStringLiteral("Q");
+
+qint64 beatsIn(qint64 ticksPerMinute)
+{
+    qint64 beats = 4;
+    while (beats < ticksPerWholeNote &&
+           (ticksPerWholeNote % beats != 0 || ticksPerMinute % (ticksPerWholeNote / beats) != 0))
+        ++beats;
+    return beats;
+}
+
+void moveNote(TrackEvent &note, const TempoPlaces &places)
+{
+    const auto start = places.of(note.start());
+    note.setLength(note.length() > 0 ? std::max(Ticks(1), places.of(note.end()) - start) : 0);
+    note.setStart(start);
+}
+
+void moveEvents(Track &track, const TempoPlaces &places)
+{
+    for (auto &event : track.editEvents()) {
+        if (event.isNote())
+            moveNote(event, places);
+        else
+            event.setStart(places.of(event.start()));
+    }
+    auto barLines = track.barLines();
+    for (auto &barLine : barLines)
+        barLine = places.of(barLine);
+    track.setBarLines(barLines);
+}
+
+void takeTempos(Track &track, const Track &leader)
+{
+    auto &events = track.editEvents();
+    const auto isTempo = [](const TrackEvent &event) { return event.kind() == TrackEvent::Tempo; };
+    events.erase(std::remove_if(events.begin(), events.end(), isTempo), events.end());
+    std::copy_if(leader.events().cbegin(), leader.events().cend(), std::back_inserter(events), isTempo);
+    if (track.ticksPerMinute() == leader.ticksPerMinute())
+        return;
+    track.setTempo(leader.ticksPerMinute());
+    track.setHeaderField(tempoField, tempoText(leader.ticksPerMinute()));
+}
+
+} // namespace
+
+Track inTempoOf(const Track &track, const Track &leader)
+{
+    auto result = track;
+    const TempoPlaces places(track, leader);
+    if (places.areMoved())
+        moveEvents(result, places);
+    takeTempos(result, leader);
+    result.clearAbc();
+    result.setFilePath({});
+    result.normalize();
+    return result;
+}
+
+QString tempoText(qint64 ticksPerMinute)
+{
+    const auto beats = beatsIn(ticksPerMinute);
+    return QStringLiteral("1/%1=%2").arg(beats).arg(ticksPerMinute * beats / ticksPerWholeNote);
+}

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "core/Track.h"
+
+// The track in the tempos of another, its text to be made anew: everything sounds at the same moment as before, to the
+// nearest tick, and no note becomes shorter than one. Both normalised. [any]
+Track inTempoOf(const Track &track, const Track &leader);
+
+// "1/4=120": the longest beat, a quarter note at most, of which there is a whole number a minute.
+QString tempoText(qint64 ticksPerMinute);
