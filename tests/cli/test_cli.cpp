@@ -55,6 +55,9 @@ private slots:
                                   "convert a.abc --output out --set no/such=1",
                                   "convert a.abc --output out --to wav",
                                   "inspect a.abc --to abc",
+                                  "arrange a.abc --output out",
+                                  "arrange a.abc --output out --players 25",
+                                  "arrange a.abc --output out --players 2 --voices many",
                                   "pak",
                                   "pak list",
                                   "pak list a b",
@@ -229,6 +232,21 @@ private slots:
         QCOMPARE(error, QByteArray());
         QCOMPARE(out, said);
         QVERIFY2(folder_->read(file).startsWith(content), folder_->read(file));
+    }
+
+    void arrangeWritesAFileForEachPlayer()
+    {
+        folder_->write("chords.abc", tune("Air", "[CEGc] [DFAd]"));
+        const auto [status, out, error] = run("arrange chords.abc no.abc --players 2 --voices 2 --output out");
+        QCOMPARE(status, 1);
+        QCOMPARE(error, QByteArray("kelvarion-composer-cli: no.abc: Could not open file.\n"));
+        QVERIFY2(out.startsWith("chords.abc: wrote out/chords - Air (1).abc, out/chords - Air (2).abc\n"), out);
+        QVERIFY(folder_->read("out/chords - Air (1).abc").endsWith("K: C\n[Gc] [Ad] \n"));
+        QVERIFY(folder_->read("out/chords - Air (2).abc").endsWith("K: C\n[CE] [DF] \n"));
+        const auto again = run("arrange chords.abc --players 1 --voices 2 --output out --json --force");
+        const auto before = QJsonDocument::fromJson(again.out)[QStringLiteral("songs")][0][QStringLiteral("before")][0];
+        QCOMPARE(before[QStringLiteral("notes")].toInt(), 8);
+        QCOMPARE(before[QStringLiteral("noVoice")].toInt(), 4);
     }
 
     void convertNeverWritesTwoTracksToOneFile()

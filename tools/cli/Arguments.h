@@ -1,5 +1,6 @@
 #pragma once
 
+#include "arrange/Arrangement.h"
 #include "audio/render/RenderPlan.h"
 #include "core/Track.h"
 #include "settings/SettingsTable.h"
@@ -34,6 +35,8 @@ struct Arguments
     RenderFiles files = RenderFiles::Mix;
     std::optional<int> bits;       // 16, 24, or 32 for a float
     std::optional<double> quality; // 0..1
+    int players = 0;
+    int voices = ArrangeOptions().voices;
     bool loop = false;
     bool normalise = false;
     bool startOffsets = false;

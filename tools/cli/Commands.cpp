@@ -1,5 +1,6 @@
 #include "Commands.h"
 
+#include "Arrange.h"
 #include "Check.h"
 #include "Completion.h"
 #include "Convert.h"
@@ -32,6 +33,9 @@ const std::vector<Command> &allCommands()
          "Tells what the game would not play as it is meant, in each input, which is a song.", 1, any, Game, check},
         {"song", "INPUT…", "output=FILE.kvsong", "title force transforms",
          "Puts all parts into one song file, for the window.", 1, any, Game, writeSong},
+        {"arrange", "INPUT…", "players output=DIR", "voices game mods json force transforms",
+         "Fits each input, a song, to a number of players, with an ABC file for each of them.", 1, any, Game,
+         arrangeSongs},
         {"inspect", "INPUT", "", "transforms", "Prints parts, fields and notes as JSON.", 1, 1, Game, inspect},
         {"instruments", "", "game", "mods json", "Lists the instruments of a game.", 0, 0, Game, listInstruments},
         {"pak list", "PACKAGE", "", "", "Lists the files in a package of the game.", 1, 1, Game, listPackage},

@@ -53,9 +53,9 @@ QString commandSection(const Command &command)
 QString transformSection()
 {
     const Command command{"", "", "", "transforms", "", 0, 0, AbcDialect::Game, nullptr};
-    auto text =
-        QStringLiteral(".SH OPTIONS\nConvert, render, song and inspect take these as well. What changes notes is "
-                       "done to every part, in the order given.\n");
+    auto text = QStringLiteral(
+        ".SH OPTIONS\nConvert, render, check, song, arrange and inspect take these as well. What changes notes is "
+        "done to every part, in the order given.\n");
     for (const auto &option : optionsOf(command))
         text += optionItem(option);
     text += QStringLiteral(".SS Settings for \\-\\-set\nWith what they are without it:\n");

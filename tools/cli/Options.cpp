@@ -1,5 +1,6 @@
 #include "Options.h"
 
+#include "arrange/Arrangement.h"
 #include "import/ChangeKey.h"
 #include "import/MergeTracks.h"
 #include "import/Realign.h"
@@ -124,6 +125,18 @@ void readQuality(Arguments &arguments, const QString &text)
     arguments.quality = quality;
 }
 
+constexpr int mostPlayers = ArrangeOptions::mostPlayers;
+constexpr int mostVoices = ArrangeOptions::mostVoices;
+
+template<int Arguments::*member, int most>
+void readCount(Arguments &arguments, const QString &text)
+{
+    const int count = text.toInt(); // 0 for what is no number
+    if (count < 1 || count > most)
+        throw WrongUsage{QStringLiteral("\"%1\" is no number from 1 to %2").arg(text).arg(most)};
+    arguments.*member = count;
+}
+
 void readSetting(Arguments &arguments, const QString &text)
 {
     const auto equals = text.indexOf(u'=');
@@ -170,6 +183,9 @@ const std::vector<Option> &allOptions()
         {"normalise", 'n', "", "as loud as can be without clipping: -1 dBFS", readSwitch<&Arguments::normalise>},
         {"start-offsets", 0, "", "parts come in later or sooner, by the start offsets of the song file",
          readSwitch<&Arguments::startOffsets>},
+        {"players", 'p', "N", "how many people play, 1 to 24", readCount<&Arguments::players, mostPlayers>},
+        {"voices", 'k', "K", "most notes at once of one player, 1 to 8; 3 without it",
+         readCount<&Arguments::voices, mostVoices>},
         {"read", 'r', "game|standard|auto",
          "how ABC is meant: as the game plays it, as musicians write it, or by what the text shows", readReading},
         {"set", 's', "KEY=VALUE", "reads the inputs with another setting; may be repeated", readSetting},
