@@ -156,12 +156,32 @@ void TrackCommands::cleanQuantiseSelected()
                [](const Track &track, const std::stop_token &stop) { return cleanQuantised(track, nullptr, stop); });
 }
 
+// Nothing when the user would rather leave it.
+std::optional<BeyondRange> TrackCommands::askBeyondRange(const QString &step, const Sources &sources, int semitones)
+{
+    int count = 0;
+    for (const auto &source : sources)
+        count += notesBeyondRange(*source, semitones);
+    if (count == 0)
+        return BeyondRange::Drop;
+    const auto question = tr("%n note(s) would leave the range and be removed.\n"
+                             "Move them back into the range by octaves instead?",
+                             nullptr, count);
+    const auto answer = context_.dialogs.askOrCancel(&context_.window, step, question);
+    if (!answer)
+        return std::nullopt;
+    return answer == Dialogs::Answer::Yes ? BeyondRange::Fold : BeyondRange::Drop;
+}
+
 void TrackCommands::transpose(const QString &id, int semitones)
 {
     const auto step = tr("Transpose Track");
     const auto sources = sourcesOf(context_.tracks.withSelection(id));
-    const auto transposed = [semitones](const Track &track, const std::stop_token &) {
-        return ::transpose(track, semitones);
+    const auto beyond = askBeyondRange(step, sources, semitones);
+    if (!beyond)
+        return;
+    const auto transposed = [semitones, beyond](const Track &track, const std::stop_token &) {
+        return ::transpose(track, semitones, *beyond);
     };
     if (isShort(sources))
         context_.tracks.setTracks(step, edited(sources, transposed, {}));

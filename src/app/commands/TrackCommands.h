@@ -3,6 +3,7 @@
 #include "app/commands/ActionRow.h"
 #include "app/commands/CommandContext.h"
 #include "base/Task.h"
+#include "import/Transpose.h"
 
 #include <QMap>
 #include <QObject>
@@ -10,6 +11,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class ImportQueue;
 class Track;
@@ -49,6 +51,7 @@ signals:
 
 private:
     Sources sourcesOf(const QStringList &ids) const;
+    std::optional<BeyondRange> askBeyondRange(const QString &step, const Sources &sources, int semitones);
     void editBeside(const QString &step, const Sources &sources, const Edit &edit);
 
     CommandContext context_;
