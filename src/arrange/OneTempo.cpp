@@ -36,6 +36,8 @@ void moveEvents(Track &track, const TempoPlaces &places)
     track.setBarLines(barLines);
 }
 
+} // namespace
+
 void takeTempos(Track &track, const Track &leader)
 {
     auto &events = track.editEvents();
@@ -47,8 +49,6 @@ void takeTempos(Track &track, const Track &leader)
     track.setTempo(leader.ticksPerMinute());
     track.setHeaderField(tempoField, tempoText(leader.ticksPerMinute()));
 }
-
-} // namespace
 
 Track inTempoOf(const Track &track, const Track &leader)
 {
