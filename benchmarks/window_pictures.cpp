@@ -113,6 +113,21 @@ void takePractice(WindowFixture &fixture)
     fixture.trigger("actionExport_Audio");
 }
 
+void takeSongTools(WindowFixture &fixture)
+{
+    fixture.dialogs().inDialog = [](QDialog &dialog) {
+        QTest::qWait(800);
+        take(dialog, qPrintable(QStringLiteral("song-") + QString(dialog.windowTitle()).replace(u' ', u'-')));
+        dialog.reject();
+    };
+    for (const auto *const action : {"actionArrange", "actionTranspose_Song", "actionOne_Tempo"})
+        fixture.trigger(action);
+    fixture.trigger("actionListen_to_Source");
+    QTest::qWait(500);
+    take(fixture.window(), "song-source");
+    fixture.trigger("actionListen_to_Source");
+}
+
 // Everything of the window while the samples of the song are being loaded.
 void takeLoading(WindowFixture &fixture, const QStringList &songs)
 {
@@ -321,6 +336,7 @@ void takeAll(const QString &game, const QStringList &songs)
         takeImport(fixture, midi.first());
     takeMessages();
     takeEditor(fixture);
+    takeSongTools(fixture);
     takeRecovery(window);
     takeDraft(fixture);
     takeLoading(fixture, songs);

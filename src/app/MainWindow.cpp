@@ -56,7 +56,8 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
       masterVolume_(new QSlider(Qt::Horizontal, this)), importQueue_(context(), services.makeEngine), save_(context()),
       songs_(context(), save_, [this] { return editors_.closeStrays(); }), import_(context(), importQueue_, songs_),
       recovery_(context(), journal_, services.journalFolder, [this](const auto &then) { songs_.leaveFor(then); }),
-      trackCommands_(context(), importQueue_), instrumentCommands_(context(), instruments_, *instrumentList_),
+      trackCommands_(context(), importQueue_), songTools_(context(), services.makeEngine), sourceListening_(context()),
+      instrumentCommands_(context(), instruments_, *instrumentList_),
       transportCommands_(context(), transport_, player_, *masterVolume_), practice_(context()),
       export_(context(), services.makeFileEngine,
               services.journalFolder.isEmpty() ? QString() : services.journalFolder + QStringLiteral("/exports")),
@@ -99,10 +100,11 @@ void MainWindow::showFailure(const QString &error)
 
 void MainWindow::makeActions()
 {
-    for (const auto &rows : {ImportCommands::actions(), SaveCommands::actions(), SongCommands::actions(),
-                             SongRecovery::actions(), TrackCommands::actions(), InstrumentCommands::actions(),
-                             TransportCommands::actions(), PracticeCommands::actions(), ExportCommands::actions(),
-                             NotationExport::actions(), ProgramCommands::actions()})
+    for (const auto &rows :
+         {ImportCommands::actions(), SaveCommands::actions(), SongCommands::actions(), SongRecovery::actions(),
+          TrackCommands::actions(), SongTools::actions(), SourceListening::actions(), InstrumentCommands::actions(),
+          TransportCommands::actions(), PracticeCommands::actions(), ExportCommands::actions(),
+          NotationExport::actions(), ProgramCommands::actions()})
         actions_.add(rows);
     QVector<QAction *> buttons;
     for (const auto *const name : {"actionZoom_Out", "actionZoom_In", "actionZoom_Whole", "actionLoop", "actionFollow"})
@@ -166,6 +168,9 @@ void MainWindow::connectParts()
     connect(&tracks_, &TrackList::songChanged, this, &MainWindow::updateActions);
     connect(&tracks_, &TrackList::selectionChanged, this, &MainWindow::updateActions);
     connect(&playback_, &Playback::playingChanged, this, &MainWindow::onPlayingChanged);
+    connect(&playback_, &Playback::standInsChanged, this, &MainWindow::showShadows);
+    connect(&sourceListening_, &SourceListening::switchedOff, this,
+            [this] { actions_.find(QStringLiteral("actionListen_to_Source"))->setChecked(false); });
     connect(&trackCommands_, &TrackCommands::workingChanged, this, &MainWindow::updateActions);
 }
 
@@ -186,6 +191,7 @@ void MainWindow::connectPlayer()
 void MainWindow::connectRow(const QString &id, TrackWidget *row)
 {
     row->setHasDraft(session_.draft(id).has_value());
+    row->setShadow(playback_.standIn(id));
     connect(row, &TrackWidget::trackMuteChanged, this, [=, this] { onTrackMuteChanged(id); });
     connect(row, &TrackWidget::trackSolo, this, [=, this] { onTrackSolo(id); });
     connect(row, &TrackWidget::trackInstrumentChanged, this, [=, this] { onTrackInstrumentChanged(id); });
@@ -208,6 +214,15 @@ void MainWindow::connectRow(const QString &id, TrackWidget *row)
     connect(row, &TrackWidget::editorRequested, this, [=, this] { editors_.open(id); });
     connect(row, &TrackWidget::saveRequested, this, [=, this] { save_.save(id); });
     connect(row, &TrackWidget::saveAsRequested, this, [=, this] { save_.saveAs(id); });
+}
+
+// Of what is heard in the places of the parts.
+void MainWindow::showShadows()
+{
+    for (const auto &id : tracks_.ids()) {
+        if (auto *const row = rows_->row(id))
+            row->setShadow(playback_.standIn(id));
+    }
 }
 
 // What cannot be applied is in no file but the song's.
@@ -266,6 +281,7 @@ void MainWindow::showPlace(const ReportedPlace &place)
 void MainWindow::stopArrivals()
 {
     trackCommands_.cancelWork();
+    songTools_.cancelWork();
     importQueue_.reading().cancel();
 }
 

@@ -26,6 +26,8 @@
 #include "app/services/SoundOutput.h"
 #include "app/services/Transport.h"
 #include "app/services/UpdateChecker.h"
+#include "app/songtools/SongTools.h"
+#include "app/songtools/SourceListening.h"
 #include "assets/InstrumentSetModel.h"
 #include "audio/TrackPlayer.h"
 #include "settings/Settings.h"
@@ -130,6 +132,12 @@ public slots:
     void onRecover();
     void onMuteSelected();
     void onCleanQuantise();
+    void onArrange();
+    void onTransposeSong();
+    void onOneTempo();
+    void onTrimSilence();
+    void onPadParts();
+    void onListenToSource(bool isOn);
     void onDonate();
     void onWebsite();
     void onDefaultInstrumentChanged(const QString &name);
@@ -183,6 +191,7 @@ private:
     void onSettingChanged(Settings::Setting setting, const QVariant &value);
     void saveEdited(const QString &trackId);
     void showDrafts();
+    void showShadows();
     void updateActions();
     void showRecording(bool isRecording);
     void showStandIn();
@@ -223,6 +232,8 @@ private:
     ImportCommands import_;
     SongRecovery recovery_;
     TrackCommands trackCommands_;
+    SongTools songTools_;
+    SourceListening sourceListening_;
     InstrumentCommands instrumentCommands_;
     TransportCommands transportCommands_;
     PracticeCommands practice_;

@@ -249,3 +249,33 @@ void MainWindow::onUpdateFailed(const QString &error)
 {
     program_.tellUpdateFailure(error);
 }
+
+void MainWindow::onArrange()
+{
+    songTools_.arrangeForPlayers();
+}
+
+void MainWindow::onTransposeSong()
+{
+    songTools_.transposeSong();
+}
+
+void MainWindow::onOneTempo()
+{
+    songTools_.giveOneTempo();
+}
+
+void MainWindow::onTrimSilence()
+{
+    songTools_.trimSilence();
+}
+
+void MainWindow::onPadParts()
+{
+    songTools_.padParts();
+}
+
+void MainWindow::onListenToSource(bool isOn)
+{
+    sourceListening_.listenToSource(isOn);
+}

@@ -182,7 +182,8 @@ void MainWindow::onTrackMeter(const QString &trackId, float leftRMS, float right
 
 void MainWindow::onNotePressed(const QString &trackId, int eventIndex)
 {
-    playbackView_.pressNote(trackId, eventIndex);
+    if (!playback_.standIn(trackId)) // whose notes are not those of the row
+        playbackView_.pressNote(trackId, eventIndex);
 }
 
 void MainWindow::onNoteReleased(const QString &trackId, int eventIndex)

@@ -60,8 +60,11 @@ void makeMenus(QMainWindow &window, const WindowActions &actions, ImportCommands
         *addMenu(bar, "menuTrack", "&Track"),
         "actionNew_Track actionDuplicate_Selected actionMerge_Selected actionClean_Quantise actionApplyInstrument "
         "actionMute_Selected - actionRemove_Selected actionClear_Tracks");
+    actions.addTo(*addMenu(bar, "menuSong", "&Song"),
+                  "actionArrange - actionTranspose_Song actionOne_Tempo actionTrim_Silence actionPad_Parts");
     auto *const playback = addMenu(bar, "menuPlayback", "&Playback");
-    actions.addTo(*playback, "actionPlay actionPlay_Pause actionStop actionRecord - actionGo_to_Start actionGo_to_End "
+    actions.addTo(*playback, "actionPlay actionPlay_Pause actionStop actionListen_to_Source actionRecord - "
+                             "actionGo_to_Start actionGo_to_End "
                              "actionMeasure_Back actionMeasure_Forward - actionLoop actionLoop_Begin actionLoop_End - "
                              "actionMetronome");
     addMenu(playback, "menuMetronome", "Count-In and Clicks");

@@ -88,7 +88,8 @@ void makeToolBars(QMainWindow &window, const WindowActions &actions, const ToolB
                   "actionOpen actionImport_MIDI actionSave_All - actionNew_Track actionDuplicate_Selected "
                   "actionMerge_Selected actionRemove_Selected actionClear_Tracks actionMute_Selected");
     auto &playback = addBar(window, "tbPlayback", "Playback Controls");
-    actions.addTo(playback, "actionPlay actionStop actionRecord actionMetronome actionRehearsal");
+    actions.addTo(playback,
+                  "actionPlay actionStop actionListen_to_Source actionRecord actionMetronome actionRehearsal");
     addMenu(playback, *actions.find(QStringLiteral("actionMetronome")),
             window.findChild<QMenu *>(QStringLiteral("menuMetronome")));
     auto *const offsets = new QMenu(&playback);

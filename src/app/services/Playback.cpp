@@ -194,10 +194,23 @@ QVector<PlayRequest> Playback::clicksFor(Ticks from)
     return requests;
 }
 
+void Playback::setStandIns(const QHash<QString, std::shared_ptr<const Track>> &tracks)
+{
+    const auto before = std::exchange(standIns_, tracks);
+    QVector<PlayRequest> joining;
+    for (const auto &track : list_.song()) {
+        if (before.value(track->id) != standIns_.value(track->id))
+            joining.append(requestFor(*track, PlayRequest::Begin::WithTheGroup));
+    }
+    if (isPlaying() && !joining.isEmpty())
+        player_.playTracks(joining);
+    emit standInsChanged();
+}
+
 PlayRequest Playback::requestFor(const SongTrack &track, PlayRequest::Begin begin, Ticks from) const
 {
     return {.trackId = track.id,
-            .track = *track.track,
+            .track = *standIns_.value(track.id, track.track),
             .instrument = instrument(track.instrument),
             .level = {gainOf(track.volume), gainOf(track.pan)},
             .syncGroup = syncGroup,

@@ -59,8 +59,13 @@ public:
     void setRehearsal(const Rehearsal &rehearsal);
     const Rehearsal &rehearsal() const { return rehearsal_; }
 
+    // Heard in the places of the tracks of these ids, with their mix; at once while it plays. None of the others.
+    void setStandIns(const QHash<QString, std::shared_ptr<const Track>> &tracks);
+    std::shared_ptr<const Track> standIn(const QString &trackId) const { return standIns_.value(trackId); }
+
 signals:
     void playingChanged(bool isPlaying);
+    void standInsChanged();
     // Playing waits for samples: of this one of so many tracks (from 1), so much per cent of what it needs at first are
     // there; and the end of the waiting.
     void loading(int track, int tracks, int percent);
@@ -90,6 +95,7 @@ private:
     std::shared_ptr<const Track> counted_; // whose beats are heard, and up to where
     Ticks countedLength_ = 0;
     QSet<QString> playing_;
+    QHash<QString, std::shared_ptr<const Track>> standIns_;
     bool isStarting_ = false;
     int stopsUnderWay_ = 0; // that the player was asked for and has not told yet
 };

@@ -80,6 +80,16 @@ void drawMeasureLines(QImage &image, const Track &track, const NoteLayout &layou
     }
 }
 
+void drawShadow(QImage &image, const Track &shadow, const NoteLayout &layout, const QColor &noteColour)
+{
+    const auto grey = qGray(noteColour.rgb());
+    const auto colour = mix(Qt::black, QColor(grey, grey, grey), 0.55);
+    for (const auto &event : shadow.events()) {
+        if (event.isNote() && layout.shows(event))
+            fill(image, layout.noteRect(event), colour);
+    }
+}
+
 } // namespace
 
 NoteLayout::NoteLayout(const Track &track, const TimeSpan &span, QSize pixels, double ratio)
@@ -142,6 +152,8 @@ QImage drawNotePicture(const Track &track, const NoteLayout &layout, const NoteP
         drawOctaveLines(image, layout);
     if (style.drawsMeasureLines)
         drawMeasureLines(image, track, layout);
+    if (style.shadow)
+        drawShadow(image, *style.shadow, layout, style.noteColour);
     for (const auto &event : track.events()) {
         if (!event.isNote() || !layout.shows(event))
             continue;

@@ -8,6 +8,8 @@
 #include <QRect>
 #include <QSize>
 
+#include <memory>
+
 // Where the notes of a track stand in a picture of so many pixels: time to the right, pitch upwards, as many pitches as
 // the track uses and at least two octaves.
 class NoteLayout
@@ -44,6 +46,7 @@ struct NotePictureStyle
     QColor noteColour;
     bool drawsMeasureLines = false;
     bool drawsOctaveLines = false;
+    std::shared_ptr<const Track> shadow = {}; // its notes stand behind the others; may be null
 };
 
 // Notes over black; softer ones are darker. Bar lines that would stand too close are thinned out.

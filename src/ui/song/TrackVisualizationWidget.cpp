@@ -54,6 +54,15 @@ void TrackVisualizationWidget::setTrack(const Track &track)
     discardPicture();
 }
 
+void TrackVisualizationWidget::setShadow(const std::shared_ptr<const Track> &shadow)
+{
+    if (shadow == shadow_)
+        return;
+    shadow_ = shadow;
+    drawing_.cancel();
+    discardPicture();
+}
+
 void TrackVisualizationWidget::setSpan(const TimeSpan &span)
 {
     if (span == span_)
@@ -133,10 +142,10 @@ void TrackVisualizationWidget::ensurePicture()
     isAskedFor_ = true;
     layout_.reset();
     const auto draw = [=, track = track_, span = span_,
-                       style = NotePictureStyle{noteColour_, drawsMeasureLines_, drawsOctaveLines_}] {
+                       style = NotePictureStyle{noteColour_, drawsMeasureLines_, drawsOctaveLines_, shadow_}] {
         return Drawing::of(track, NoteLayout(track, span, pixels, ratio), style, ratio);
     };
-    if (track_.events().size() <= mostEventsAtOnce)
+    if (track_.events().size() + (shadow_ ? shadow_->events().size() : 0) <= mostEventsAtOnce)
         return take(draw());
     const auto deliver = [this](const Drawing &drawing) {
         take(drawing);

@@ -29,6 +29,9 @@ public:
     ~TrackVisualizationWidget() override;
 
     void setTrack(const Track &track); // forgets the pressed notes
+    // Another track whose notes stand behind these; may be null.
+    void setShadow(const std::shared_ptr<const Track> &shadow);
+    bool hasShadow() const { return shadow_ != nullptr; }
     const TimeSpan &span() const { return span_; }
     void setSpan(const TimeSpan &span);
     Ticks position() const { return position_; }
@@ -84,6 +87,7 @@ private:
 
     Settings &settings_;
     Track track_;
+    std::shared_ptr<const Track> shadow_;
     TimeSpan span_;
     Ticks position_ = 0;
     QSet<int> pressed_;

@@ -199,6 +199,11 @@ void TrackWidget::forgetClips()
     vuMeter_->forgetClips();
 }
 
+void TrackWidget::setShadow(const std::shared_ptr<const Track> &shadow)
+{
+    wVis_->setShadow(shadow);
+}
+
 void TrackWidget::setSpan(const TimeSpan &span)
 {
     wVis_->setSpan(span);

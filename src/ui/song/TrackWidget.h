@@ -63,6 +63,8 @@ public:
     void releaseAllNotes();
     void forgetClips();
 
+    // Another track whose notes stand behind those of the overview; may be null.
+    void setShadow(const std::shared_ptr<const Track> &shadow);
     // The time that the overviews of all tracks share.
     void setSpan(const TimeSpan &span);
     // Where it lies in the row.
