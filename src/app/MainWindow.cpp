@@ -62,7 +62,7 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
       export_(context(), services.makeFileEngine,
               services.journalFolder.isEmpty() ? QString() : services.journalFolder + QStringLiteral("/exports")),
       notationExport_(context()), program_(context(), {sound_.control(), &keyboard_.keyboard()}), status_(*this),
-      reports_(new ImportReports(*this)),
+      reports_(new ImportReports(*this)), findings_(new SongFindings(*this, checks_, *rows_)),
       exportNote_(new ExportNote([this](const QString &folder) { dialogs_.openFolder(folder); }, this)),
       playbackView_(*rows_, *area_, *masterMeter_)
 {
@@ -75,6 +75,7 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
     practice_.fillMenu(*findChild<QMenu *>(QStringLiteral("menuMetronome")));
     makeHistoryDock(*this, tracks_.history());
     findChild<QMenu *>(QStringLiteral("menuImport"))->addAction(reports_->toggleAction());
+    findChild<QMenu *>(QStringLiteral("menuTools"))->addAction(findings_->toggleAction());
     status_.follow(instrumentCommands_.scanning());
     status_.follow(playback_);
     status_.follow(sound_);
@@ -165,6 +166,10 @@ void MainWindow::connectParts()
     connect(reports_, &ImportReports::placeChosen, this, &MainWindow::showPlace);
     connect(reports_, &ImportReports::editRequested, this,
             [this](const ReportedPlace &place) { editors_.openAt(place.trackId, place.tick); });
+    connect(findings_, &SongFindings::placeChosen, this, [this](const FoundPlace &place) {
+        editors_.openAt(place.trackId, place.finding.range, place.finding.tick);
+    });
+    connect(&checks_, &SongChecks::failed, this, &MainWindow::showFailure);
     connect(&tracks_, &TrackList::songChanged, this, &MainWindow::updateActions);
     connect(&tracks_, &TrackList::selectionChanged, this, &MainWindow::updateActions);
     connect(&playback_, &Playback::playingChanged, this, &MainWindow::onPlayingChanged);

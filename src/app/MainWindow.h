@@ -2,6 +2,7 @@
 
 #include "app/ImportReports.h"
 #include "app/PlaybackView.h"
+#include "app/SongFindings.h"
 #include "app/StatusIndicators.h"
 #include "app/commands/ImportCommands.h"
 #include "app/commands/ImportQueue.h"
@@ -217,6 +218,7 @@ private:
     LiveKeyboard keyboard_;
     KeyRecorder recorder_;
     SessionJournal journal_; // hears after the editors that a song is left
+    SongChecks checks_{tracks_, instruments_, settings_, [this] { return playback_.resolvedName({}); }};
     UpdateChecker updates_;
     ChangedFiles changedFiles_;
 
@@ -242,6 +244,7 @@ private:
     ProgramCommands program_;
     StatusIndicators status_;
     ImportReports *reports_; // of this window
+    SongFindings *findings_;
     ExportNote *exportNote_;
     PlaybackView playbackView_;
     WindowActions actions_{*this};

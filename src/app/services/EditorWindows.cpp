@@ -89,6 +89,16 @@ bool EditorWindows::insertNotes(const QString &trackId, const QVector<NoteSpec> 
     return true;
 }
 
+void EditorWindows::openAt(const QString &trackId, TextRange range, Ticks tick)
+{
+    if (range.isEmpty() && tick >= 0)
+        return openAt(trackId, tick);
+    open(trackId);
+    const auto window = windows_.value(trackId);
+    if (window && !range.isEmpty())
+        window->document().setCaretOffset(range.offset);
+}
+
 void EditorWindows::addWindow(const QString &trackId)
 {
     if (!player_)

@@ -29,6 +29,8 @@ public:
 
     void open(const QString &trackId);
     void openAt(const QString &trackId, Ticks tick); // with the caret there
+    // With the caret at a place of the applied text; at the tick where that is empty, which may be -1 for nowhere.
+    void openAt(const QString &trackId, TextRange range, Ticks tick);
     // Whose editor is active; empty: none.
     QString trackInFront() const;
     // Of a MIDI keyboard; they enter notes in the editor that is active.

@@ -124,6 +124,8 @@ public slots:
     void moveCaret(int offset); // without a change to the selected notes
     // From the roll: the caret goes to what is written at the tick (the text view follows).
     void setCaretTick(Ticks tick);
+    // From a list of places: likewise.
+    void setCaretOffset(int offset) { emit caretMoveRequested(offset); }
 
     // A key or a note was touched and let go; the window plays it.
     void playPreviewNote(quint32 pitch) { emit previewNoteRequested(pitch); }

@@ -3,6 +3,7 @@
 #include "assets/GameInstallation.h"
 #include "ui/Dialogs.h"
 #include "ui/ImportSettingsBox.h"
+#include "ui/preferences/ChecksPage.h"
 #include "ui/preferences/ColourSwatch.h"
 #include "ui/preferences/ProgramsPage.h"
 #include "ui/preferences/SoundPage.h"
@@ -81,6 +82,7 @@ PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, const
     addPage(tr("ABC Import"), QStringLiteral(":/icons/import.png"), abcPage());
     addPage(tr("Programs"), QStringLiteral(":/icons/applyinstrument.png"), programsPage(instruments));
     addPage(tr("Sound"), QStringLiteral(":/icons/sound.png"), soundPage(sound));
+    addPage(tr("Checks"), QStringLiteral(":/icons/find.png"), checksPage());
     addPage(QStringLiteral("Appearance"), QStringLiteral(":/icons/preferences.png"), appearancePage());
     selector_->setCurrentRow(0);
 
@@ -222,6 +224,14 @@ QWidget *PreferencesDialog::soundPage(const SoundDevices &devices)
 {
     auto *const page = new SoundPage(settings_, devices);
     connect(page, &SoundPage::changed, this,
+            qOverload<Settings::Setting, const QVariant &>(&PreferencesDialog::change));
+    return page;
+}
+
+QWidget *PreferencesDialog::checksPage()
+{
+    auto *const page = new ChecksPage(settings_);
+    connect(page, &ChecksPage::changed, this,
             qOverload<Settings::Setting, const QVariant &>(&PreferencesDialog::change));
     return page;
 }

@@ -53,6 +53,7 @@ private:
     QLayout *foreignAbcRow();
     QWidget *programsPage(const InstrumentSet &instruments);
     QWidget *soundPage(const SoundDevices &devices);
+    QWidget *checksPage();
     QWidget *appearancePage();
     QCheckBox *addCheckBox(Settings::Setting setting, const QString &name, const QString &text, const QString &tip,
                            Restart restart = Restart::NotNeeded);

@@ -87,6 +87,13 @@ void TrackWidget::setHasDraft(bool hasDraft)
     lblDraft_->setVisible(hasDraft);
 }
 
+void TrackWidget::setFindings(int count, const QString &what)
+{
+    btnFindings_->setVisible(count > 0);
+    btnFindings_->setText(QString::number(count));
+    btnFindings_->setToolTip(what);
+}
+
 void TrackWidget::showSelection()
 {
     using TrackWidgetStyles::Look;

@@ -41,6 +41,9 @@ public:
     void setSelected(bool selected);
     void setHasDraft(bool hasDraft); // its editor holds text that is not applied
 
+    // How many things are wrong with the track, and what; 0: nothing.
+    void setFindings(int count, const QString &what);
+
     // That its file holds something else.
     void setDiffersFromFile(bool differs);
     // It was chosen to sound alone, maybe with others.
@@ -98,6 +101,7 @@ signals:
     void editorRequested(); // the ABC editor is to open on this track
     void saveRequested();
     void saveAsRequested();
+    void findingsRequested(); // what is wrong is to be shown
     void overviewMoved();
 
 public slots:
@@ -144,6 +148,7 @@ private:
     TitleLabel *lblTitle_;
     QLabel *lblDraft_;
     QLabel *lblOffset_;
+    QToolButton *btnFindings_;
     InstrumentComboBox *cboInstrument_;
     QToolButton *btnEdit_;
     QToolButton *btnDelete_;

@@ -93,6 +93,12 @@ void TrackWidget::createChildren()
     name(lblOffset_, "lblOffset", tr("Start offset: by how much this part sounds later than it is written, or sooner"),
          tr("Start offset"));
 
+    btnFindings_ = new QToolButton(this);
+    name(btnFindings_, "btnFindings", QString(), tr("Show what the game would not play as it is meant"));
+    btnFindings_->setStyleSheet(TrackWidgetStyles::findingsMark());
+    btnFindings_->setFocusPolicy(Qt::TabFocus);
+    btnFindings_->hide();
+
     cboInstrument_ = new InstrumentComboBox(instruments_, this);
     name(cboInstrument_, "cboInstrument", tr("Instrument for this track"), tr("Instrument for this track"));
 
@@ -126,8 +132,8 @@ void TrackWidget::createChildren()
 
 QVector<QWidget *> TrackWidget::tabStops() const
 {
-    return {chkSelect_, lblTitle_, cboInstrument_, wVis_,      dlVolume_, dlPan_,
-            btnMute_,   btnSolo_,  btnEdit_,       btnDelete_, btnUp_,    btnDown_};
+    return {chkSelect_, lblTitle_, btnFindings_, cboInstrument_, wVis_,  dlVolume_, dlPan_,
+            btnMute_,   btnSolo_,  btnEdit_,     btnDelete_,     btnUp_, btnDown_};
 }
 
 void TrackWidget::layOut()
@@ -138,7 +144,8 @@ void TrackWidget::layOut()
     caption->addWidget(lblTitle_, 0, 1);
     caption->addWidget(lblOffset_, 0, 2);
     caption->addWidget(lblDraft_, 0, 3);
-    caption->addWidget(cboInstrument_, 1, 0, 1, 4);
+    caption->addWidget(btnFindings_, 0, 4);
+    caption->addWidget(cboInstrument_, 1, 0, 1, 5);
     caption->setColumnStretch(1, 1);
 
     auto *const frVisContainer = new QFrame(this);
@@ -182,6 +189,7 @@ void TrackWidget::connectChildren()
     connect(btnMute_, &QCheckBox::clicked, this, &TrackWidget::onMuteClicked);
     connect(btnSolo_, &QToolButton::clicked, this, &TrackWidget::trackSolo);
     connect(lblTitle_, &TitleLabel::doubleClicked, this, &TrackWidget::onChangeTitle);
+    connect(btnFindings_, &QToolButton::clicked, this, &TrackWidget::findingsRequested);
     connect(btnUp_, &QToolButton::clicked, this, &TrackWidget::trackMoveUp);
     connect(btnDown_, &QToolButton::clicked, this, &TrackWidget::trackMoveDown);
     connect(dlVolume_, &ValueDial::valueChanged, this, &TrackWidget::trackVolumeChanged);

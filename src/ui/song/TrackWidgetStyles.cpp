@@ -61,4 +61,12 @@ QString draftMark()
     return QStringLiteral("QLabel { background: #E8A317; color: black; border-radius: 3px; padding: 0px 5px; }");
 }
 
+// In the colours of the row, so that it does not cry.
+QString findingsMark()
+{
+    return QStringLiteral("QToolButton { color: palette(window-text); background: transparent; padding: 0px 5px;"
+                          " border: 1px solid #E8A317; border-radius: 7px; }"
+                          "QToolButton:hover, QToolButton:focus { background: #E8A317; color: black; }");
+}
+
 } // namespace TrackWidgetStyles

@@ -14,5 +14,6 @@ QString visualizationFrame();
 QString selectionBox();
 QString muteBox();
 QString draftMark();
+QString findingsMark();
 
 } // namespace TrackWidgetStyles

@@ -1,0 +1,52 @@
+#include "app/WindowFixture.h"
+#include "core/AbcParser.h"
+
+#include <QPushButton>
+#include <QToolButton>
+#include <QTreeView>
+
+// What is wrong with the window's song, at its rows and in the panel.
+class TestSongFindings : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void showsAndMends()
+    {
+        WindowFixture fixture(QStringLiteral(DEMO_GAME));
+        QVERIFY(fixture.waitUntilLoaded());
+        auto &tracks = fixture.tracks();
+        const auto track = parseAbc(QStringLiteral("X:1\nT:Air\nM:4/4\nL:1/4\nK:C\n|CEFG||C4|\n"));
+        tracks.add(QStringLiteral("Add"), {{track, QString()}, {track, QString()}});
+        const auto text = [&](int index) { return Track(*tracks.song()[index]->track).toAbc().section(u'\n', 5); };
+        const auto mark = [&](int index) {
+            auto *const button = fixture.inRow<QToolButton>(index, "btnFindings");
+            return button->isVisible() ? button->text().toInt() : 0;
+        };
+        QTRY_COMPARE(mark(0), 2);
+
+        fixture.inRow<QToolButton>(1, "btnFindings")->click();
+        auto *const view = fixture.child<QTreeView>("findings");
+        QVERIFY(view->isVisible());
+        QCOMPARE(view->model()->rowCount(), 1); // of kinds
+        fixture.child<QPushButton>("btnFixFinding")->click();
+        QTRY_COMPARE(text(1), QStringLiteral("CEFG||C4|\n"));
+        QTRY_COMPARE(mark(1), 1);
+        QCOMPARE(mark(0), 2);
+
+        fixture.child<QPushButton>("btnFixAllFindings")->click();
+        QTRY_COMPARE(text(0), QStringLiteral("CEFG|C4|\n"));
+        QCOMPARE(text(1), text(0));
+        QTRY_COMPARE(mark(0), 0);
+        QVERIFY(!fixture.child<QPushButton>("btnFixAllFindings")->isEnabled());
+        fixture.trigger("actionUndo"); // both
+        QCOMPARE(text(0), QStringLiteral("|CEFG||C4|\n"));
+        QCOMPARE(text(1), QStringLiteral("CEFG||C4|\n"));
+
+        fixture.settings().setValue(Settings::CheckCharacters, 10);
+        QTRY_COMPARE(mark(0), 3);
+    }
+};
+
+QTEST_MAIN(TestSongFindings)
+#include "test_song_findings.moc"
