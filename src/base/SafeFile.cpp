@@ -367,13 +367,16 @@ void writeUnsynchronised(const QString &path, const QByteArray &bytes)
     replacement.commitUnsynchronised();
 }
 
-bool writeNew(const QString &path, const QByteArray &bytes)
+namespace {
+
+bool writeReserved(const QString &path, const QByteArray &bytes,
+                   void (*writeOver)(const QString &path, const QByteArray &bytes))
 {
     if (!reserve(path))
         return false;
     unfinishedFiles().add(path);
     try {
-        write(path, bytes);
+        writeOver(path, bytes);
     } catch (...) {
         QFile::remove(path);
         unfinishedFiles().remove(path);
@@ -381,6 +384,33 @@ bool writeNew(const QString &path, const QByteArray &bytes)
     }
     unfinishedFiles().remove(path);
     return true;
+}
+
+} // namespace
+
+bool writeNew(const QString &path, const QByteArray &bytes)
+{
+    return writeReserved(path, bytes, write);
+}
+
+bool writeNewUnsynchronised(const QString &path, const QByteArray &bytes)
+{
+    return writeReserved(path, bytes, writeUnsynchronised);
+}
+
+void synchroniseNew(const QStringList &paths)
+{
+    QSet<QString> folders;
+    for (const auto &path : paths) {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadWrite))
+            throw file.errorString();
+        synchronise(file);
+        if (const auto folder = QFileInfo(path).path(); !folders.contains(folder)) {
+            folders.insert(folder);
+            synchroniseFolder(path);
+        }
+    }
 }
 
 void write(const QString &path, const QByteArray &bytes)

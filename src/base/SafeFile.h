@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 class QFile;
 
@@ -21,6 +22,11 @@ bool writeNew(const QString &path, const QByteArray &bytes);
 // The same, without waiting for the disk: after a crash of the system there may be no file, or half of one, until
 // synchronise() and synchroniseFolder() have returned. For a file that is not there yet.
 void writeUnsynchronised(const QString &path, const QByteArray &bytes);
+
+// Both: a new file, without waiting for the disk; and the end of the waiting for all of them, which is shorter than for
+// each.
+bool writeNewUnsynchronised(const QString &path, const QByteArray &bytes);
+void synchroniseNew(const QStringList &paths);
 
 // The same for a file that somebody writes who needs a name for it. What is not committed is removed.
 class Replacement

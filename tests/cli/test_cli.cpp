@@ -264,6 +264,28 @@ private slots:
         QCOMPARE(folder_->read("out/Air.abc"), folder_->read("out/Air (3).abc"));
     }
 
+    void convertTakesFolders()
+    {
+        folder_->write("pack/b.abc", tune("Bee", "C4"));
+        folder_->write("pack/a/deep.mml", "MML@l4cdef,g;");
+        folder_->write("pack/letter.txt", "Dear friend");
+        const auto table = run("convert pack --output out --summary --manifest").out.split('\n');
+        QCOMPARE(table.size(), 7);
+        QVERIFY(table[0].startsWith("pack/a/deep.mml: wrote out/Part 1.abc, out/Part 2.abc"));
+        QCOMPARE(table[2], QByteArray("INPUT            PARTS  LENGTH  ERRORS  WARNINGS  NOTES"));
+        QCOMPARE(table[3], QByteArray("pack/a/deep.mml      2    0:02       0         0      1"));
+        QCOMPARE(table[5], QByteArray("2 songs              3    0:04       0         0      1"));
+
+        const auto manifest = folder_->read("out/manifest.json");
+        const auto songs = QJsonDocument::fromJson(manifest).object().value(u"songs").toArray();
+        const auto part = songs[0].toObject().value(u"parts").toArray()[1].toObject();
+        QCOMPARE(part.value(u"file").toString(), QStringLiteral("out/Part 2.abc"));
+        QCOMPARE(part.value(u"noteCount").toInt(), 1);
+        QCOMPARE(run("convert pack/b.abc --output out --manifest").error,
+                 QByteArray("kelvarion-composer-cli: out: manifest.json exists; --force writes over it.\n"));
+        QCOMPARE(run("convert pack --output out2 --json").out, QByteArray(manifest).replace("out/", "out2/"));
+    }
+
     void songsAreInputsAndOutput()
     {
         QVERIFY(QFile::copy(QStringLiteral(COMPOSER_EXAMPLES "/harbour-jig.mid"), folder_->path("jig.mid")));

@@ -29,6 +29,8 @@ struct Arguments
     QString title;
     bool mods = false;
     bool json = false;
+    bool summary = false;  // a table behind the lines
+    bool manifest = false; // a file beside the results
     AbcDialect reading = AbcDialect::Game;
     ConvertTo to = ConvertTo::Abc;
     bool force = false; // write over files
@@ -42,6 +44,7 @@ struct Arguments
     bool startOffsets = false;
     QHash<int, QVariant> settings; // by SettingsTable::Setting; the others have their defaults
     QVector<Transform> transforms; // in the order given
+    bool merges = false;           // one of them makes one track of those of all inputs
 
     QVariant setting(SettingsTable::Setting setting) const
     {

@@ -3,7 +3,7 @@
 #include "Input.h"
 #include "Instruments.h"
 #include "Messages.h"
-#include "SongChecker.h"
+#include "SongSummary.h"
 #include "base/ErrorText.h"
 #include "check/FindingKinds.h"
 
@@ -14,11 +14,12 @@
 
 namespace {
 
-struct CheckedSong
+struct CheckedInput
 {
     QString path;
     QStringList failures; // why it, or some of it, could not be read
     QVector<CheckedPart> parts;
+    SongSummary summary = {};
 
     bool isReadable() const { return failures.isEmpty(); }
     FindingCounts counts() const
@@ -30,13 +31,14 @@ struct CheckedSong
     }
 };
 
-CheckedSong checkInput(const InputReading &reading, const Arguments &arguments, const InstrumentSet &instruments)
+CheckedInput checkInput(const InputReading &reading, const Arguments &arguments, const InstrumentSet &instruments)
 {
-    CheckedSong checked{reading.path, reading.failures, {}};
+    CheckedInput checked{reading.path, reading.failures, {}};
     try {
         auto song = reading.song;
         applyTransforms(song, arguments);
         checked.parts = checkReadSong(song, arguments, instruments);
+        checked.summary = summaryOf(reading.path, song, checked.parts);
     } catch (...) {
         checked.failures.append(currentErrorText());
     }
@@ -64,7 +66,7 @@ QString placesOf(const std::vector<const Finding *> &findings, const Measures &m
 }
 
 // A line for each kind of finding, with the words of the first.
-void printPart(const CheckedSong &song, const CheckedPart &part)
+void printPart(const CheckedInput &song, const CheckedPart &part)
 {
     std::map<FindingKind, std::vector<const Finding *>> kinds;
     for (const auto &finding : part.findings)
@@ -79,7 +81,7 @@ void printPart(const CheckedSong &song, const CheckedPart &part)
     }
 }
 
-QJsonObject jsonOf(const CheckedSong &song)
+QJsonObject jsonOf(const CheckedInput &song)
 {
     auto object = song.counts().json();
     QJsonArray parts;
@@ -101,24 +103,30 @@ public:
     {
         if (!runOrPrint(arguments_.game, [this] { instruments_ = scanGame(arguments_); }))
             return 1;
-        forEachInput<CheckedSong>(
+        forEachInput<CheckedInput>(
             arguments_,
             [this](const QString &path) {
                 return checkInput(readOne(path, arguments_, ReadingOptions::Refused::IsPassedOver), arguments_,
                                   instruments_);
             },
-            [this](const CheckedSong &song) { take(song); });
+            [this](const CheckedInput &song) { take(song); });
         if (arguments_.json)
-            printJson();
+            isAnythingWrong_ |= !runOrPrint(QStringLiteral("standard output"), [this] { printJson(); });
+        else if (arguments_.summary)
+            report_.printTable();
         return isAnythingWrong_ ? 1 : 0;
     }
 
 private:
-    void take(const CheckedSong &song)
+    void take(const CheckedInput &song)
     {
         isAnythingWrong_ |= !song.isReadable() || song.counts().isAnythingWrong();
         for (const auto &failure : song.failures)
             printFailure(song.path, failure);
+        auto summary = song.summary;
+        summary.path = song.path;
+        summary.failures = song.failures;
+        report_.add(summary);
         if (arguments_.json) {
             songs_.append(jsonOf(song));
             return;
@@ -139,6 +147,7 @@ private:
     }
 
     const Arguments &arguments_;
+    SongReport report_{arguments_};
     InstrumentSet instruments_;
     QJsonArray songs_;
     bool isAnythingWrong_ = false;

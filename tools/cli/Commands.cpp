@@ -23,13 +23,13 @@ const std::vector<Command> &allCommands()
 {
     using enum AbcDialect;
     static const std::vector<Command> table{
-        {"convert", "INPUT…", "output=DIR", "to force transforms",
+        {"convert", "INPUT…", "output=DIR", "to force summary json manifest transforms",
          "Writes each part as ABC for the game, or each input as a MIDI file or a book of tunes.", 1, any, Auto,
          convert},
         {"render", "INPUT…", "game output=OUT.wav|flac|ogg|opus|mp3",
          "files bits quality loop normalise start-offsets instrument mods force transforms",
          "Plays all parts with the game's instruments into a sound file.", 1, any, Game, render},
-        {"check", "INPUT…", "game", "json instrument mods transforms",
+        {"check", "INPUT…", "game", "json summary instrument mods transforms",
          "Tells what the game would not play as it is meant, in each input, which is a song.", 1, any, Game, check},
         {"song", "INPUT…", "output=FILE.kvsong", "title force transforms",
          "Puts all parts into one song file, for the window.", 1, any, Game, writeSong},

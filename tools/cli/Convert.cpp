@@ -1,17 +1,17 @@
 #include "Convert.h"
 
+#include "ConvertedFiles.h"
 #include "Input.h"
 #include "Messages.h"
+#include "SongSummary.h"
+#include "base/ErrorText.h"
 #include "base/SafeFile.h"
-#include "core/HeaderFields.h"
-#include "export/MidiExport.h"
-#include "export/ProgramGuess.h"
-#include "export/Tunebook.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QHash>
 #include <QSet>
+
+#include <optional>
 
 namespace {
 
@@ -38,113 +38,39 @@ private:
     QHash<QString, int> numbers_; // the last that each title was given
 };
 
-QString describe(const ImportReport &report)
-{
-    QStringList parts;
-    const auto add = [&parts](int count, const QString &text) {
-        if (count > 0)
-            parts.append(QStringLiteral("%1 %2").arg(count).arg(text));
-    };
-    add(report.belowVelocityGate, QStringLiteral("too soft"));
-    add(report.restruck, QStringLiteral("struck again while sounding"));
-    add(report.outOfRange, QStringLiteral("out of range"));
-    add(report.folded, QStringLiteral("moved by octaves into the range"));
-    add(report.unterminated, QStringLiteral("never ended"));
-    add(report.undecodedTexts, QStringLiteral("names not in UTF-8"));
-    if (report.shifts.shiftedNotes > 0) {
-        parts.append(QStringLiteral("%1 shifted by up to %2 ms, %3 ms on average")
-                         .arg(report.shifts.shiftedNotes)
-                         .arg(report.shifts.largestMs, 0, 'f', 1)
-                         .arg(report.shifts.meanMs(), 0, 'f', 1));
-    }
-    return parts.isEmpty() ? QString() : QStringLiteral("; notes: ") + parts.join(u", ");
-}
-
-struct Source
-{
-    QString path;
-    ReadSong song;
-    QStringList written = {}; // files
-    QString remark = {};      // on what could not be written as it is
-
-    qsizetype trackCount() const { return song.tracks.size(); }
-};
-
-QString causeOfNothing(const Source &source)
-{
-    if (source.trackCount() > 0)
-        return QStringLiteral("that failed"); // which was printed
-    const auto report = source.song.report.value_or(ImportReport());
-    const int leftOut = report.belowVelocityGate + report.restruck + report.outOfRange + report.unterminated;
-    return leftOut > 0 ? QStringLiteral("all notes were left out") : QStringLiteral("there are no notes in it");
-}
-
-// What people call all of a source.
-QString nameOf(const Source &source)
-{
-    const auto &song = source.song.song;
-    if (song && !song->title.isEmpty())
-        return song->title;
-    if (source.path == u"-")
-        return source.song.tracks.isEmpty() ? QString() : source.song.tracks.first().title();
-    return QFileInfo(source.path).completeBaseName();
-}
-
-ExportedPart partOf(const Track &track, const ProgramInstruments &programs)
-{
-    const auto titles = track.headerFields(QStringLiteral("T"));
-    const auto instrument = HeaderFields::instrumentName(track.headerFields(QStringLiteral("I")));
-    return {track, track.title(), instrument, guessProgram(instrument, titles, programs)};
-}
-
-// A song file knows its parts better than their texts do.
-void nameAsIn(const Song &song, QVector<ExportedPart> &parts, const ProgramInstruments &programs)
-{
-    for (int i = 0; i < parts.size(); ++i) {
-        const auto &part = song.parts[i];
-        const auto titles = QStringList(part.name) + parts[i].track.headerFields(QStringLiteral("T"));
-        parts[i].name = part.name;
-        parts[i].instrument = part.instrument;
-        parts[i].program = guessProgram(part.instrument, titles, programs);
-    }
-}
-
-QString describe(const MidiExport &midi)
-{
-    QStringList remarks;
-    if (midi.cutNotes > 0)
-        remarks.append(QStringLiteral("%1 notes end where their pitch begins again").arg(midi.cutNotes));
-    if (midi.leftOut > 0)
-        remarks.append(QStringLiteral("%1 notes are too high for MIDI").arg(midi.leftOut));
-    if (midi.movedParts > 0)
-        remarks.append(QStringLiteral("%1 parts are written in the tempo of the longest").arg(midi.movedParts));
-    return remarks.join(QStringLiteral("; "));
-}
-
-// Everything that is read, written and printed on the way from the inputs to the files.
+// Everything that is read, written and printed on the way from the inputs to the files. Inputs are read and made into
+// bytes on all cores, and written in their order, so that names do not depend on chance.
 class Conversion
 {
 public:
-    explicit Conversion(const Arguments &arguments) : arguments_(arguments) {}
+    explicit Conversion(const Arguments &arguments) : arguments_(arguments), report_(arguments) {}
 
     int run()
     {
-        collectTracks();
-        if (transformTracks() && !tracks_.isEmpty())
-            writeTracks();
-        printSources();
+        if (arguments_.merges)
+            convertMerged();
+        else
+            convertEach();
+        synchroniseFiles();
+        printInputs();
+        if (!report_.finish())
+            failed_ = true;
         return failed_ ? 1 : 0;
     }
 
 private:
-    void collectTracks();
-    bool transformTracks();
-    void writeTracks();
-    void write(Source &source, QVector<Track> tracks);
-    QByteArray midiOf(Source &source, const QVector<Track> &tracks) const;
-    void writeFile(Source &source, const QString &name, const QString &ending,
-                   const std::function<QByteArray()> &makeBytes);
-    void printSources() const;
+    void convertEach();
+    void convertMerged();
+    void addMergedSong(const QVector<Track> &tracks);
+    ConvertedInput converted(const QString &path) const;
+    void take(ConvertedInput input);
+    SongSummary finished(const ConvertedInput &input) const;
+    void writeFiles(ConvertedInput &input);
+    void writeFile(ConvertedInput &input, const ConvertedInput::File &file);
+    void write(const ConvertedInput::File &file, QString &path);
+    bool hasFolder();
+    void synchroniseFiles();
+    void printInputs() const;
     void fail(const QString &file, const QString &message)
     {
         printFailure(file, message);
@@ -152,119 +78,154 @@ private:
     }
 
     const Arguments &arguments_;
-    QVector<Source> sources_; // those that could be read
-    QVector<Track> tracks_;
-    bool isMerged_ = false; // into one track for all sources
+    SongReport report_;
+    QVector<ConvertedInput> inputs_; // those that could be read
     FileNames names_;
+    std::optional<bool> hasFolder_; // once it was made
+    QStringList unsynchronised_;    // files that may not be on the disk yet
     bool failed_ = false;
 };
 
-void Conversion::collectTracks()
+void Conversion::convertEach()
 {
+    forEachInput<ConvertedInput>(
+        arguments_, [this](const QString &path) { return converted(path); },
+        [this](const ConvertedInput &input) { take(input); });
+}
+
+// On any thread.
+ConvertedInput Conversion::converted(const QString &path) const
+{
+    const auto reading = readOne(path, arguments_);
+    ConvertedInput input{path, reading.song, reading.failures};
+    input.trackCount = int(input.song.tracks.size());
+    try {
+        applyTransforms(input.song, arguments_);
+        makeFiles(input, input.song.tracks, Merged::No, arguments_);
+        if (report_.isWanted())
+            input.summary = summaryOf(path, input.song, checkReadSong(input.song, arguments_, {}));
+    } catch (...) {
+        input.failures.append(currentErrorText());
+        input.files.clear();
+    }
+    return input;
+}
+
+void Conversion::take(ConvertedInput input)
+{
+    for (const auto &failure : input.failures)
+        fail(input.path, failure);
+    writeFiles(input);
+    if (report_.isWanted())
+        report_.add(finished(input));
+    input.files.clear();
+    input.song.tracks.clear(); // of thousands of inputs no more is kept than there is to say
+    if (input.isReadable())
+        inputs_.append(input);
+}
+
+// The summary, now that it is known where everything went.
+SongSummary Conversion::finished(const ConvertedInput &input) const
+{
+    auto summary = input.summary;
+    summary.path = input.path;
+    summary.files = input.written;
+    summary.failures = input.failures;
+    const bool hasFileEach = arguments_.to == ConvertTo::Abc && summary.parts.size() == input.written.size();
+    for (int i = 0; hasFileEach && i < summary.parts.size(); ++i)
+        summary.parts[i].file = input.written[i];
+    return summary;
+}
+
+void Conversion::convertMerged()
+{
+    QVector<Track> tracks;
     for (const auto &[path, song] : readInputs(arguments_, failed_)) {
-        sources_.append({path, song});
-        tracks_ += song.tracks;
+        inputs_.append({path, song});
+        inputs_.last().trackCount = int(song.tracks.size());
+        tracks += song.tracks;
     }
-}
-
-bool Conversion::transformTracks()
-{
-    const auto before = tracks_.size();
-    const bool isDone = runOrPrint(arguments_.inputs.join(QStringLiteral(", ")), [this] {
+    const auto merge = [&] {
         for (const auto &transform : arguments_.transforms)
-            tracks_ = transform(tracks_);
-    });
-    isMerged_ = tracks_.size() != before;
-    failed_ |= !isDone;
-    return isDone;
-}
-
-void Conversion::writeTracks()
-{
-    if (!QDir(arguments_.output).mkpath(QStringLiteral("."))) {
-        fail(arguments_.output, QStringLiteral("Could not create the directory."));
-        return;
-    }
-    if (isMerged_) {
-        write(sources_.first(), tracks_);
-        for (auto &source : sources_)
-            source.written = sources_.first().written;
-        return;
-    }
-    int first = 0;
-    for (auto &source : sources_) {
-        write(source, tracks_.mid(first, int(source.trackCount())));
-        first += int(source.trackCount());
-    }
-}
-
-void Conversion::write(Source &source, QVector<Track> tracks)
-{
-    if (tracks.isEmpty())
-        return;
-    const auto ending = arguments_.to == ConvertTo::Midi ? QStringLiteral(".mid") : QStringLiteral(".abc");
-    switch (arguments_.to) {
-    case ConvertTo::Abc:
-        for (auto &track : tracks)
-            writeFile(source, track.title(), ending, [&] { return track.toAbc().toUtf8(); });
-        break;
-    case ConvertTo::Midi:
-        writeFile(source, nameOf(source), ending, [&] { return midiOf(source, tracks); });
-        break;
-    case ConvertTo::Tunebook:
-        writeFile(source, nameOf(source), ending, [&] {
-            QStringList texts;
-            for (auto &track : tracks)
-                texts.append(track.toAbc());
-            return tunebook(texts).toUtf8();
-        });
-        break;
-    }
-}
-
-QByteArray Conversion::midiOf(Source &source, const QVector<Track> &tracks) const
-{
-    const ProgramInstruments programs(arguments_.setting(SettingsTable::ProgramInstrument).toString());
-    QVector<ExportedPart> parts;
-    for (const auto &track : tracks)
-        parts.append(partOf(track, programs));
-    if (source.song.song && !isMerged_)
-        nameAsIn(*source.song.song, parts, programs);
-    const auto midi = exportMidi(nameOf(source), parts);
-    source.remark = describe(midi);
-    return midi.bytes;
-}
-
-void Conversion::writeFile(Source &source, const QString &name, const QString &ending,
-                           const std::function<QByteArray()> &makeBytes)
-{
-    const QDir directory(arguments_.output);
-    auto path = source.path;
-    const auto nextPath = [&] { return path = directory.filePath(names_.nextFor(name, ending)); };
-    const auto write = [&] {
-        const auto bytes = makeBytes();
-        if (arguments_.force)
-            return SafeFile::write(nextPath(), bytes);
-        while (!SafeFile::writeNew(nextPath(), bytes)) { // one of that name is there
-        }
+            tracks = transform(tracks);
     };
-    if (runOrPrint(path, write))
-        source.written.append(path);
-    else
+    if (!runOrPrint(arguments_.inputs.join(QStringLiteral(", ")), merge)) {
         failed_ = true;
+        return;
+    }
+    if (inputs_.isEmpty() || tracks.isEmpty())
+        return;
+    makeFiles(inputs_.first(), tracks, Merged::Yes, arguments_);
+    writeFiles(inputs_.first());
+    if (report_.isWanted())
+        addMergedSong(tracks);
 }
 
-void Conversion::printSources() const
+void Conversion::addMergedSong(const QVector<Track> &tracks)
 {
-    for (const auto &source : sources_) {
-        const auto what = source.written.isEmpty() ? QStringLiteral("wrote nothing, since ") + causeOfNothing(source)
-                          : isMerged_              ? QStringLiteral("merged into ") + source.written.first()
-                                      : QStringLiteral("wrote ") + source.written.join(QStringLiteral(", "));
-        auto line = source.path + QStringLiteral(": ") + what;
-        for (const auto &remark : {source.song.remark, source.remark})
-            line += remark.isEmpty() ? QString() : QStringLiteral("; ") + remark;
-        printLine(line + (source.song.report ? describe(*source.song.report) : QString()));
+    ReadSong song;
+    song.tracks = tracks;
+    song.parts = QVector<PartReport>(tracks.size());
+    auto &input = inputs_.first();
+    input.summary = summaryOf(input.path, song, checkReadSong(song, arguments_, {}));
+    report_.add(finished(input));
+}
+
+bool Conversion::hasFolder()
+{
+    if (!hasFolder_) {
+        hasFolder_ = QDir(arguments_.output).mkpath(QStringLiteral("."));
+        if (!*hasFolder_)
+            fail(arguments_.output, QStringLiteral("Could not create the directory."));
     }
+    return *hasFolder_;
+}
+
+void Conversion::writeFiles(ConvertedInput &input)
+{
+    if (input.files.isEmpty() || !hasFolder())
+        return;
+    for (const auto &file : qAsConst(input.files))
+        writeFile(input, file);
+}
+
+void Conversion::writeFile(ConvertedInput &input, const ConvertedInput::File &file)
+{
+    if (!file.failure.isEmpty())
+        return fail(input.path, file.failure);
+    QString path = input.path;
+    const bool isWritten = runOrPrint(path, [&] { write(file, path); });
+    if (isWritten)
+        input.written.append(path);
+    failed_ |= !isWritten;
+}
+
+// path: becomes the last that was tried. The disk is waited for once, at the end.
+void Conversion::write(const ConvertedInput::File &file, QString &path)
+{
+    const QDir folder(arguments_.output);
+    const auto nextPath = [&] { return path = folder.filePath(names_.nextFor(file.name, file.ending)); };
+    if (arguments_.force)
+        return SafeFile::write(nextPath(), file.bytes);
+    while (!SafeFile::writeNewUnsynchronised(nextPath(), file.bytes)) { // one of that name is there
+    }
+    unsynchronised_.append(path);
+}
+
+void Conversion::synchroniseFiles()
+{
+    if (unsynchronised_.isEmpty())
+        return;
+    failed_ |= !runOrPrint(arguments_.output, [this] { SafeFile::synchroniseNew(unsynchronised_); });
+}
+
+void Conversion::printInputs() const
+{
+    if (report_.isInsteadOfLines())
+        return;
+    const bool isMerged = arguments_.merges && !inputs_.isEmpty() && !inputs_.first().written.isEmpty();
+    for (const auto &input : inputs_)
+        printLine(lineOf(input, isMerged ? inputs_.first().written.first() : QString()));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "base/ErrorText.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 namespace {
 
@@ -20,6 +21,8 @@ InputReading readOne(const QString &path, const Arguments &arguments, ReadingOpt
 {
     InputReading reading{path, {}, {}};
     try {
+        if (QFileInfo(path).isDir())
+            throw QStringLiteral("There is no music in this folder.");
         auto options = readingOptions([&](auto setting) { return arguments.setting(setting); });
         options.abc = arguments.reading;
         options.refused = refused;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Arguments.h"
+#include "InputFiles.h"
 #include "Messages.h"
 #include "base/ParallelJobs.h"
 #include "song/SongReader.h"
@@ -32,19 +33,21 @@ QVector<NamedInput> readInputs(const Arguments &arguments, bool &failed);
 // The song with the transformations; its parts are others when they are merged. Throws a QString.
 void applyTransforms(ReadSong &song, const Arguments &arguments);
 
-// Each input, on all cores; the results are taken in the order of the inputs, with a bar meanwhile.
+// Each input, and each file of a folder, on all cores; the results are taken in the order of the inputs, with a bar
+// meanwhile.
 template<typename Result>
 void forEachInput(const Arguments &arguments, const std::function<Result(const QString &path)> &work,
                   const std::function<void(const Result &)> &take)
 {
-    const auto total = int(arguments.inputs.size());
+    const auto files = inputFiles(arguments.inputs);
+    const auto total = int(files.size());
     int next = 0;
     int done = 0;
     ParallelJobs jobs;
     jobs.run<Result>([&]() -> std::optional<Job<Result>> {
         if (next == total)
             return std::nullopt;
-        const auto &path = arguments.inputs[next++];
+        const auto &path = files[next++];
         return Job<Result>{[&work, path] { return work(path); },
                            [&](Result result) {
                                take(result);

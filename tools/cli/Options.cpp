@@ -75,6 +75,12 @@ void readTransform(Arguments &arguments, const QString &value)
     arguments.transforms.append(make(value));
 }
 
+void readMerge(Arguments &arguments, const QString &value)
+{
+    readTransform<makeMerge>(arguments, value);
+    arguments.merges = true;
+}
+
 template<QString Arguments::*member>
 void readText(Arguments &arguments, const QString &value)
 {
@@ -173,6 +179,9 @@ const std::vector<Option> &allOptions()
          readConvertTo},
         {"title", 't', "TEXT", "the title of the song, else the name of its file", readText<&Arguments::title>},
         {"json", 0, "", "print JSON, for other programs", readSwitch<&Arguments::json>},
+        {"summary", 0, "", "end with a table of all inputs", readSwitch<&Arguments::summary>},
+        {"manifest", 0, "", "write a manifest.json beside the results: songs, parts, lengths, players, findings",
+         readSwitch<&Arguments::manifest>},
         {"game", 'g', "DIR", "the folder that the game is installed in", readText<&Arguments::game>},
         {"mods", 'm', "", "use the instruments of the game's mods as well", readSwitch<&Arguments::mods>},
         {"instrument", 'i', "NAME", "plays the parts that name none", readText<&Arguments::instrument>},
@@ -197,7 +206,7 @@ const std::vector<Option> &allOptions()
         {"key", 0, "TEXT", "the new key, for example Am", readTransform<makeKey>},
         {"unit-length", 0, "auto|N/D", "the new unit note length, auto for the shortest text",
          readTransform<makeUnitLength>},
-        {"merge", 0, "", "make one part of all parts so far", readTransform<makeMerge>},
+        {"merge", 0, "", "make one part of all parts so far", readMerge},
     };
     return table;
 }

@@ -77,6 +77,13 @@ void FindingCounts::add(const QVector<Finding> &findings)
     }
 }
 
+void FindingCounts::add(const FindingCounts &other)
+{
+    errors += other.errors;
+    warnings += other.warnings;
+    notes += other.notes;
+}
+
 QString FindingCounts::text() const
 {
     QStringList texts;

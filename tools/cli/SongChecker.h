@@ -27,6 +27,7 @@ struct FindingCounts
     // What is only worth knowing is not wrong.
     bool isAnythingWrong() const { return errors + warnings > 0; }
     void add(const QVector<Finding> &findings);
+    void add(const FindingCounts &other);
     QString text() const; // "2 errors, 1 warning", "nothing is wrong"
     QJsonObject json() const;
 };
