@@ -1,8 +1,8 @@
 #include "check/BarLineRule.h"
 
+#include "check/FindingKinds.h"
 #include "core/HeaderFields.h"
 #include "edit/NoteSpelling.h"
-#include "edit/NoteText.h"
 
 #include <algorithm>
 #include <utility>
@@ -71,7 +71,7 @@ void BarLineRule::judgeMeasure(const BarLine &bar)
                                         : FindingKind::BarLineSilence;
     if (gap == 0 || !out_.hasRoomFor(kind))
         return;
-    const Finding finding{kind, bar.range, bar.before, {NoteText::length(std::abs(gap))}};
+    const Finding finding{kind, bar.range, bar.before, {lengthInWords(std::abs(gap))}};
     if (kind != FindingKind::PickUp) {
         out_.add(finding);
         return;

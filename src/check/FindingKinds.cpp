@@ -1,5 +1,7 @@
 #include "check/FindingKinds.h"
 
+#include "edit/NoteText.h"
+
 #include <QCoreApplication>
 
 #include <array>
@@ -95,6 +97,14 @@ QString fixText(FindingKind kind)
 }
 
 } // namespace FindingKinds
+
+QString lengthInWords(Ticks length)
+{
+    if (length < ticksPerWholeNote)
+        return QCoreApplication::translate("Finding", "%1 note").arg(NoteText::length(length));
+    return QCoreApplication::translate("Finding", "%1 whole notes")
+        .arg(QString::number(double(length) / ticksPerWholeNote, 'g', 6));
+}
 
 QString sentenceOf(const Finding &finding)
 {

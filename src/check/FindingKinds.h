@@ -13,5 +13,8 @@ QString fixText(FindingKind kind);       // what its fix does, as a command; emp
 
 } // namespace FindingKinds
 
+// A length as a value of a finding: "3/8 note", "18.5 whole notes".
+QString lengthInWords(Ticks length);
+
 // In plain words: "The instrument has no sample for C4."
 QString sentenceOf(const Finding &finding);

@@ -1,6 +1,6 @@
 #include "check/SongCheck.h"
 
-#include "edit/NoteText.h"
+#include "check/FindingKinds.h"
 
 #include <algorithm>
 
@@ -74,9 +74,9 @@ public:
             findings.append(tempoFinding(part.tempos));
         if (part.firstNote > firstNote_)
             findings.append(
-                {FindingKind::StartDiffers, {}, part.firstNote, {NoteText::length(part.firstNote - firstNote_)}});
+                {FindingKind::StartDiffers, {}, part.firstNote, {lengthInWords(part.firstNote - firstNote_)}});
         if (part.length < length_)
-            findings.append({FindingKind::LengthDiffers, {}, part.length, {NoteText::length(length_ - part.length)}});
+            findings.append({FindingKind::LengthDiffers, {}, part.length, {lengthInWords(length_ - part.length)}});
         return findings;
     }
 

@@ -42,11 +42,11 @@ private slots:
             "wrong.abc: 3 errors, 1 warning in 1 part\n",
             "");
         row("together", "song.abc", 1,
-            "song.abc: Air, measure 1: note: The part ends 1/2 before the longest one. [length-differs]\n"
+            "song.abc: Air, measure 1: note: The part ends 1/2 note before the longest one. [length-differs]\n"
             "song.abc: Bass: error: The game has no instrument “bass”. [unknown-instrument]\n"
             "song.abc: Bass, measure 1: error: The part plays 90 quarter notes a minute here, most others 120. "
             "[tempo-differs]\n"
-            "song.abc: Bass, measure 1: note: The part ends 3/4 before the longest one. [length-differs]\n"
+            "song.abc: Bass, measure 1: note: The part ends 3/4 note before the longest one. [length-differs]\n"
             "song.abc: 2 errors, 2 notes in 3 parts\n",
             "");
         row("limits", "right.abc --set check/mostCharacters=10", 1,
