@@ -4,6 +4,7 @@
 #include "app/WindowFixture.h"
 #include "app/commands/About.h"
 #include "app/recovery/RecoveryDialog.h"
+#include "core/AbcParser.h"
 #include "support/GatedEngine.h"
 #include "support/MidiBytes.h"
 #include "ui/InstrumentComboBox.h"
@@ -295,6 +296,21 @@ void takeImports(WindowFixture &fixture)
             "it sounds as it is written. Opened as it is, it stays the same text and file."));
 }
 
+// What the game would not play, at the rows and in the panel.
+void takeFindings(WindowFixture &fixture)
+{
+    const auto part = [](const char *title, const char *body) {
+        const auto head = QStringLiteral("X:1\nT:%1\nM:4/4\nL:1/4\nK:C\n").arg(QLatin1String(title));
+        return NewTrack{parseAbc(head + QLatin1String(body)), QString()};
+    };
+    fixture.tracks().add(QStringLiteral("Add"),
+                         {part("Melody", "|:CEFG||C4|d''''4"), part("Second", "G|CEGc|C5|E4|"), part("Silent", "z4|")});
+    QTest::qWait(1500);
+    fixture.child<QDockWidget>("dockFindings")->show();
+    take(fixture.window(), "findings");
+    fixture.child<QDockWidget>("dockFindings")->hide();
+}
+
 void takeAll(const QString &game, const QStringList &songs)
 {
     WindowFixture fixture(game);
@@ -339,6 +355,7 @@ void takeAll(const QString &game, const QStringList &songs)
     takeSongTools(fixture);
     takeRecovery(window);
     takeDraft(fixture);
+    takeFindings(fixture);
     takeLoading(fixture, songs);
     takeImports(fixture);
 }

@@ -72,6 +72,20 @@ private slots:
         QCOMPARE(click(), std::pair(int(std::lround(level * std::sqrt(0.5))), 48000));
     }
 
+    void rendersFolders()
+    {
+        for (const char *name : {"pack/a.abc", "pack/b/a.abc"})
+            folder_.write(name, "X:1\nI:Instrument:lute\nL:1/4\nK:C\nC\n");
+        const auto render = [this](const char *words) {
+            return run(folder_, QStringLiteral("render pack --game game --output sounds/ ") + QLatin1String(words));
+        };
+        QCOMPARE(render("").out, QByteArray("pack/a.abc: wrote sounds/a.wav\npack/b/a.abc: wrote sounds/a (2).wav\n"));
+        QCOMPARE(folder_.read("sounds/a.wav"), folder_.read("sounds/a (2).wav"));
+        QCOMPARE(render("").status, 1);
+        QCOMPARE(render("--format flac").status, 0);
+        QCOMPARE(folder_.files("sounds").join(u'|'), QStringLiteral("a (2).flac|a (2).wav|a.flac|a.wav"));
+    }
+
     void guessesInstruments()
     {
         const auto [status, out, error] = render("X:1\nT:Track 2 - Lute\nL:1/4\nQ:1/4=60\nK:C\nzC\n");

@@ -35,8 +35,9 @@ struct Arguments
     ConvertTo to = ConvertTo::Abc;
     bool force = false; // write over files
     RenderFiles files = RenderFiles::Mix;
-    std::optional<int> bits;       // 16, 24, or 32 for a float
-    std::optional<double> quality; // 0..1
+    QString format = QStringLiteral("wav"); // ending of the sound files in a folder
+    std::optional<int> bits;                // 16, 24, or 32 for a float
+    std::optional<double> quality;          // 0..1
     int players = 0;
     int voices = ArrangeOptions().voices;
     bool loop = false;

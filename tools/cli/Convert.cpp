@@ -1,6 +1,7 @@
 #include "Convert.h"
 
 #include "ConvertedFiles.h"
+#include "FileNames.h"
 #include "Input.h"
 #include "Messages.h"
 #include "SongSummary.h"
@@ -8,35 +9,10 @@
 #include "base/SafeFile.h"
 
 #include <QDir>
-#include <QHash>
-#include <QSet>
 
 #include <optional>
 
 namespace {
-
-// Gives every title file names of its own, one after another; names that differ only in case are one on some file
-// systems.
-class FileNames
-{
-public:
-    QString nextFor(const QString &title, const QString &ending)
-    {
-        const auto clean = SafeFile::cleanName(title);
-        auto &number = numbers_[clean.toLower()];
-        QString name;
-        do {
-            ++number;
-            name = number == 1 ? clean : QStringLiteral("%1 (%2)").arg(clean).arg(number);
-        } while (taken_.contains(name.toLower()));
-        taken_.insert(name.toLower());
-        return name + ending;
-    }
-
-private:
-    QSet<QString> taken_;
-    QHash<QString, int> numbers_; // the last that each title was given
-};
 
 // Everything that is read, written and printed on the way from the inputs to the files. Inputs are read and made into
 // bytes on all cores, and written in their order, so that names do not depend on chance.

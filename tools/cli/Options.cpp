@@ -117,6 +117,12 @@ void readFiles(Arguments &arguments, const QString &text)
         "files", text, {{"mix", RenderFiles::Mix}, {"parts", RenderFiles::Parts}, {"both", RenderFiles::Both}});
 }
 
+void readFormat(Arguments &arguments, const QString &text)
+{
+    named<int>("format", text, {{"wav", 0}, {"flac", 0}, {"ogg", 0}, {"opus", 0}, {"mp3", 0}});
+    arguments.format = text;
+}
+
 void readBits(Arguments &arguments, const QString &text)
 {
     arguments.bits = named<int>("bits", text, {{"16", 16}, {"24", 24}, {"float", 32}});
@@ -186,6 +192,7 @@ const std::vector<Option> &allOptions()
         {"mods", 'm', "", "use the instruments of the game's mods as well", readSwitch<&Arguments::mods>},
         {"instrument", 'i', "NAME", "plays the parts that name none", readText<&Arguments::instrument>},
         {"files", 0, "mix|parts|both", "all parts in one file, a file for each part, or both", readFiles},
+        {"format", 0, "wav|flac|ogg|opus|mp3", "of the sound files in a folder; wav without it", readFormat},
         {"bits", 0, "16|24|float", "of a sample, in WAV and FLAC; 16 without it", readBits},
         {"quality", 'q', "0…10", "of Vorbis, Opus and MP3; 7 without it, 10 makes the largest files", readQuality},
         {"loop", 0, "", "only what sounds in the loop of the song file", readSwitch<&Arguments::loop>},

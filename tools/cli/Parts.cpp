@@ -1,6 +1,5 @@
 #include "Parts.h"
 
-#include "Input.h"
 #include "Messages.h"
 #include "song/SongParts.h"
 
@@ -114,16 +113,21 @@ void transform(Parts &parts, const Arguments &arguments)
 
 } // namespace
 
-Parts readParts(const Arguments &arguments, bool &failed)
+Parts partsOf(const QVector<NamedInput> &inputs, const Arguments &arguments)
 {
     PartCollector collector(arguments);
-    for (const auto &input : readInputs(arguments, failed))
+    for (const auto &input : inputs)
         collector.add(input);
     auto parts = collector.take();
-    const auto name = arguments.inputs.join(QStringLiteral(", "));
-    if (!arguments.transforms.isEmpty() && !runOrPrint(name, [&] { transform(parts, arguments); })) {
-        failed = true;
-        parts = {};
-    }
+    if (!arguments.transforms.isEmpty())
+        transform(parts, arguments);
+    return parts;
+}
+
+Parts readParts(const Arguments &arguments, bool &failed)
+{
+    const auto inputs = readInputs(arguments, failed);
+    Parts parts;
+    failed |= !runOrPrint(arguments.inputs.join(QStringLiteral(", ")), [&] { parts = partsOf(inputs, arguments); });
     return parts;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Arguments.h"
+#include "Input.h"
 #include "import/PartReport.h"
 #include "song/Song.h"
 
@@ -11,6 +11,10 @@ struct Parts
     QVector<Track> tracks;       // of the song's parts, in their order
     QVector<PartReport> reports; // of the tracks, as they were read
 };
+
+// Of these inputs, with the transformations applied; a merge makes one part without levels of its own. Throws a
+// QString. [any]
+Parts partsOf(const QVector<NamedInput> &inputs, const Arguments &arguments);
 
 // With the transformations applied; a merge makes one part without levels of its own. What cannot be read or done is
 // printed and sets `failed`.

@@ -1,66 +1,64 @@
 #include "Render.h"
 
+#include "FileNames.h"
 #include "Instruments.h"
 #include "Messages.h"
 #include "PartInstruments.h"
 #include "Parts.h"
 #include "audio/engine/BuiltinEngine.h"
 #include "audio/render/TrackRenderer.h"
+#include "base/ErrorText.h"
 
+#include <QDir>
 #include <QEventLoop>
 #include <QFileInfo>
 #include <QLoggingCategory>
 
 #include <array>
+#include <functional>
 
 namespace {
 
+// What is said of a song while it is rendered.
+struct RenderVoice
+{
+    std::function<void(const QString &file, const QString &message)> remark;
+    std::function<void(int done, int total)> progress;
+};
+
+// One song into its file or files; throws a QString. On the thread of its owner, of which several may be at work.
 class Rendering
 {
 public:
-    explicit Rendering(const Arguments &arguments) : arguments_(arguments) {}
-    int run();
+    Rendering(const Arguments &arguments, const QString &output, const InstrumentSet &instruments, RenderVoice voice)
+        : arguments_(arguments), output_(output), instruments_(instruments), voice_(std::move(voice))
+    {
+    }
+
+    void refuseInputAsOutput() const;
+    QString render(const Parts &parts); // gives what it wrote, in words
 
 private:
-    void refuseInputAsOutput() const;
     void refuseFilesThatAreThere(const RenderPlan &plan) const;
     SoundCoding coding() const;
     QStringList heardParts(const Parts &parts) const;
     RenderPlan planFor(const Parts &parts) const;
-    Instrument instrumentFor(const PlayedPart &part, const InstrumentSet &instruments) const;
-    void addParts(TrackRenderer &renderer, const Parts &parts, const InstrumentSet &instruments) const;
-    void renderParts(const Parts &parts, const InstrumentSet &instruments);
+    Instrument instrumentFor(const PlayedPart &part) const;
+    void addParts(TrackRenderer &renderer, const Parts &parts) const;
     void showProgress(quint64 tick, quint64 total);
 
     static constexpr int wholeBar = 100;
 
     const Arguments &arguments_;
-    bool failed_ = false;
+    const QString output_;
+    const InstrumentSet &instruments_;
+    const RenderVoice voice_;
     int shownProgress_ = -1;
 };
 
-int Rendering::run()
-{
-    const auto parts = readParts(arguments_, failed_);
-    if (failed_ && parts.tracks.isEmpty())
-        return 1;
-    InstrumentSet instruments;
-    const auto scan = [&] {
-        instruments = scanGame(arguments_);
-        if (!arguments_.instrument.isEmpty())
-            instruments.instrument(arguments_.instrument); // throws for a name that is not there
-    };
-    const auto write = [&] {
-        refuseInputAsOutput();
-        renderParts(parts, instruments);
-    };
-    const bool isDone = runOrPrint(arguments_.game, scan) && runOrPrint(arguments_.output, write);
-    return isDone && !failed_ ? 0 : 1;
-}
-
 void Rendering::refuseInputAsOutput() const
 {
-    const auto output = QFileInfo(arguments_.output).canonicalFilePath(); // empty for a new file
+    const auto output = QFileInfo(output_).canonicalFilePath(); // empty for a new file
     for (const auto &input : arguments_.inputs) {
         if (!output.isEmpty() && QFileInfo(input).canonicalFilePath() == output)
             throw QStringLiteral("The wave file would replace the song.");
@@ -79,7 +77,7 @@ void Rendering::refuseFilesThatAreThere(const RenderPlan &plan) const
 // By the ending; a file without one is a wave file.
 SoundCoding Rendering::coding() const
 {
-    const auto ending = QFileInfo(arguments_.output).suffix().toLower();
+    const auto ending = QFileInfo(output_).suffix().toLower();
     bool isKnown = ending.isEmpty();
     for (const auto &format : soundFormats()) {
         const bool isItsEnding = QLatin1String(format.ending) == (ending.isEmpty() ? QStringLiteral("wav") : ending);
@@ -108,8 +106,8 @@ QStringList Rendering::heardParts(const Parts &parts) const
 RenderPlan Rendering::planFor(const Parts &parts) const
 {
     const auto &song = parts.song;
-    const auto title = song.title.isEmpty() ? QFileInfo(arguments_.output).completeBaseName() : song.title;
-    auto plan = planOf({arguments_.output, title, heardParts(parts), arguments_.files});
+    const auto title = song.title.isEmpty() ? QFileInfo(output_).completeBaseName() : song.title;
+    auto plan = planOf({output_, title, heardParts(parts), arguments_.files});
     plan.coding = coding();
     plan.quality = arguments_.quality.value_or(plan.quality);
     plan.isNormalised = arguments_.normalise;
@@ -118,43 +116,43 @@ RenderPlan Rendering::planFor(const Parts &parts) const
     if (arguments_.loop)
         plan.range = TickRange{song.loop->begin, song.loop->end};
     // As wave files have always been.
-    return plan.isPlainWave() ? RenderPlan::wave(arguments_.output) : plan;
+    return plan.isPlainWave() ? RenderPlan::wave(output_) : plan;
 }
 
 // A guess that is more than the first of the catalogue is printed.
-Instrument Rendering::instrumentFor(const PlayedPart &part, const InstrumentSet &instruments) const
+Instrument Rendering::instrumentFor(const PlayedPart &part) const
 {
     const auto &named = part.song.instrument;
-    const auto choice = instrumentOf(part, arguments_, instruments);
+    const auto choice = instrumentOf(part, arguments_, instruments_);
     if (!named.isEmpty() && choice.name != named)
-        printFailure(part.song.name, QStringLiteral("Instrument '%1' not found; playing %2.").arg(named, choice.name));
+        voice_.remark(part.song.name, QStringLiteral("Instrument '%1' not found; playing %2.").arg(named, choice.name));
     constexpr std::array reasons{"its name", "its kind", "its range"};
     const auto guess = choice.guess;
-    if (guess && (*guess != GuessBasis::Range || choice.name != instruments.names().first()))
-        printFailure(part.song.name, QStringLiteral("No instrument is given; playing %1, chosen by %2.")
-                                         .arg(choice.name, QLatin1String(reasons[size_t(*guess)])));
-    return instruments.instrument(choice.name);
+    if (guess && (*guess != GuessBasis::Range || choice.name != instruments_.names().first()))
+        voice_.remark(part.song.name, QStringLiteral("No instrument is given; playing %1, chosen by %2.")
+                                          .arg(choice.name, QLatin1String(reasons[size_t(*guess)])));
+    return instruments_.instrument(choice.name);
 }
 
-void Rendering::addParts(TrackRenderer &renderer, const Parts &parts, const InstrumentSet &instruments) const
+void Rendering::addParts(TrackRenderer &renderer, const Parts &parts) const
 {
     for (int i = 0; i < parts.tracks.size(); ++i) {
         const auto &part = parts.song.parts[i];
         const float volume = float(part.volume * parts.song.masterVolume) / 10'000;
         if (!part.isMuted)
-            renderer.addTrack(parts.tracks[i], instrumentFor({part, parts.tracks[i], parts.reports[i]}, instruments),
+            renderer.addTrack(parts.tracks[i], instrumentFor({part, parts.tracks[i], parts.reports[i]}),
                               {volume, float(part.pan) / 100}, arguments_.startOffsets ? part.startOffset : 0);
     }
 }
 
-void Rendering::renderParts(const Parts &parts, const InstrumentSet &instruments)
+QString Rendering::render(const Parts &parts)
 {
     const auto plan = planFor(parts);
     refuseFilesThatAreThere(plan);
     TrackRenderer renderer(plan, [](const QString &path) {
         return std::make_unique<BuiltinEngine>(EngineOutput::WavFile, path.toStdU16String());
     });
-    addParts(renderer, parts, instruments);
+    addParts(renderer, parts);
 
     QEventLoop loop;
     QString failure;
@@ -175,7 +173,7 @@ void Rendering::renderParts(const Parts &parts, const InstrumentSet &instruments
     for (const auto &file : plan.files)
         paths.append(file.path);
     const auto remark = clipping.isEmpty() ? clipping : QStringLiteral("; ") + clipping;
-    printLine(QStringLiteral("wrote %1%2").arg(paths.join(QStringLiteral(", ")), remark));
+    return QStringLiteral("wrote %1%2").arg(paths.join(QStringLiteral(", ")), remark);
 }
 
 void Rendering::showProgress(quint64 tick, quint64 total)
@@ -184,7 +182,119 @@ void Rendering::showProgress(quint64 tick, quint64 total)
     if (progress == shownProgress_ && tick < total)
         return;
     shownProgress_ = progress;
-    printProgress(progress, wholeBar);
+    voice_.progress(progress, wholeBar);
+}
+
+InstrumentSet instrumentsFor(const Arguments &arguments)
+{
+    auto instruments = scanGame(arguments);
+    if (!arguments.instrument.isEmpty())
+        instruments.instrument(arguments.instrument); // throws for a name that is not there
+    return instruments;
+}
+
+// All inputs are one song.
+int renderOne(const Arguments &arguments)
+{
+    bool failed = false;
+    const auto parts = readParts(arguments, failed);
+    if (failed && parts.tracks.isEmpty())
+        return 1;
+    InstrumentSet instruments;
+    const auto scan = [&] { instruments = instrumentsFor(arguments); };
+    const auto write = [&] {
+        Rendering rendering(arguments, arguments.output, instruments, {printFailure, printProgress});
+        rendering.refuseInputAsOutput();
+        printLine(rendering.render(parts));
+    };
+    const bool isDone = runOrPrint(arguments.game, scan) && runOrPrint(arguments.output, write);
+    return isDone && !failed ? 0 : 1;
+}
+
+// Each input is a song, with a file in the output folder.
+class FolderRendering
+{
+public:
+    explicit FolderRendering(const Arguments &arguments) : arguments_(arguments) {}
+
+    int run()
+    {
+        const auto prepare = [this] {
+            instruments_ = instrumentsFor(arguments_);
+            if (!QDir(arguments_.output).mkpath(QStringLiteral(".")))
+                throw QStringLiteral("Could not create the directory.");
+        };
+        if (!runOrPrint(arguments_.output, prepare))
+            return 1;
+        nameFiles();
+        forEachInput<Rendered>(
+            arguments_, [this](const QString &path) { return rendered(path); },
+            [this](const Rendered &song) { take(song); });
+        return failed_ ? 1 : 0;
+    }
+
+private:
+    struct Rendered
+    {
+        QString path;
+        QString line; // empty when nothing was written
+        QVector<QPair<QString, QString>> remarks = {};
+        QStringList failures = {};
+    };
+
+    void nameFiles();
+    Rendered rendered(const QString &path) const;
+    void take(const Rendered &song);
+
+    const Arguments &arguments_;
+    InstrumentSet instruments_;
+    QHash<QString, QString> outputs_; // by input
+    bool failed_ = false;
+};
+
+// In the order of the inputs, whatever is done first.
+void FolderRendering::nameFiles()
+{
+    FileNames names;
+    const QDir folder(arguments_.output);
+    for (const auto &path : inputFiles(arguments_.inputs))
+        outputs_[path] = folder.filePath(names.nextFor(QFileInfo(path).completeBaseName(), u'.' + arguments_.format));
+}
+
+// On any thread.
+FolderRendering::Rendered FolderRendering::rendered(const QString &path) const
+{
+    const auto reading = readOne(path, arguments_);
+    Rendered song{path, {}, {}, reading.failures};
+    try {
+        const auto output = outputs_[path];
+        if (!reading.failures.isEmpty() && reading.song.tracks.isEmpty())
+            return song;
+        if (!arguments_.force && QFileInfo::exists(output))
+            throw QStringLiteral("\"%1\" exists; --force writes over it.").arg(output);
+        const auto parts = partsOf({{path, reading.song}}, arguments_);
+        const auto remark = [&song](const QString &file, const QString &text) { song.remarks.append({file, text}); };
+        song.line = Rendering(arguments_, output, instruments_, {remark, [](int, int) {}}).render(parts);
+    } catch (...) {
+        song.failures.append(currentErrorText());
+    }
+    return song;
+}
+
+void FolderRendering::take(const Rendered &song)
+{
+    for (const auto &[file, text] : song.remarks)
+        printFailure(song.path + QStringLiteral(": ") + file, text);
+    for (const auto &failure : song.failures)
+        printFailure(song.path, failure);
+    failed_ |= !song.failures.isEmpty();
+    if (!song.line.isEmpty())
+        printLine(song.path + QStringLiteral(": ") + song.line);
+}
+
+bool isFolder(const QString &output)
+{
+    return output.endsWith(u'/') || QFileInfo(output).isDir();
 }
 
 } // namespace
@@ -193,5 +303,5 @@ int render(const Arguments &arguments)
 {
     // A sample that cannot sound is worth a line.
     QLoggingCategory::setFilterRules(QStringLiteral("kelvarion.*=false\nkelvarion.audio.warning=true"));
-    return Rendering(arguments).run();
+    return isFolder(arguments.output) ? FolderRendering(arguments).run() : renderOne(arguments);
 }

@@ -13,7 +13,7 @@ struct SongSummary
         QString instrument;
         int noteCount = 0;
         double seconds = 0;
-        FindingCounts findings;
+        FindingCounts findings = {};
         QString file = {}; // that it was written to; empty when it has none of its own
     };
 

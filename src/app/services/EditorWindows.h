@@ -3,6 +3,7 @@
 #include "app/services/Playback.h"
 #include "audio/TrackPlayer.h"
 #include "edit/NoteEdit.h"
+#include "edit/TextChange.h"
 
 #include <QMap>
 #include <QPointer>

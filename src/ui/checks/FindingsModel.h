@@ -1,6 +1,7 @@
 #pragma once
 
 #include "check/CheckedSong.h"
+#include "core/Measures.h"
 
 #include <QAbstractItemModel>
 

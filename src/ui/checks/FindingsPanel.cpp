@@ -10,6 +10,8 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 QPushButton *makeButton(const char *name, const QString &text, const QString &tip)
@@ -50,8 +52,9 @@ FindingsPanel::FindingsPanel(QWidget *parent)
     view_->setMinimumWidth(50 * fontMetrics().averageCharWidth());
     connect(view_, &QTreeView::clicked, this, &FindingsPanel::choose);
     connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, this, &FindingsPanel::showButtons);
-    connect(view_, &QTreeView::collapsed, this, [this](const auto &row) { collapsed_.insert(*model_.kind(row)); });
-    connect(view_, &QTreeView::expanded, this, [this](const auto &row) { collapsed_.remove(*model_.kind(row)); });
+    connect(view_, &QTreeView::collapsed, this,
+            [this](const QModelIndex &row) { collapsed_.insert(*model_.kind(row)); });
+    connect(view_, &QTreeView::expanded, this, [this](const QModelIndex &row) { collapsed_.erase(*model_.kind(row)); });
     auto *const enter = new QShortcut(Qt::Key_Return, view_, nullptr, nullptr, Qt::WidgetShortcut);
     connect(enter, &QShortcut::activated, this, [this] { choose(view_->currentIndex()); });
     connect(fix_, &QPushButton::clicked, this, &FindingsPanel::fix);

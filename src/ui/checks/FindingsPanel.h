@@ -2,8 +2,9 @@
 
 #include "ui/checks/FindingsModel.h"
 
-#include <QSet>
 #include <QWidget>
+
+#include <set>
 
 class QLabel;
 class QPushButton;
@@ -37,5 +38,5 @@ private:
     QTreeView *view_;
     QPushButton *fix_;
     QPushButton *fixAll_;
-    QSet<FindingKind> collapsed_; // by the user
+    std::set<FindingKind> collapsed_; // by the user
 };
