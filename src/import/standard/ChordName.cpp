@@ -3,22 +3,23 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <string_view>
 
 namespace {
 
 struct Quality
 {
-    const char *name;
+    std::u16string_view name;
     std::array<int, 3> steps; // semitones above the root; 0: none
 };
 constexpr Quality qualities[]{
-    {"", {4, 7}},          {"maj", {4, 7}},      {"M", {4, 7}},        {"m", {3, 7}},       {"min", {3, 7}},
-    {"-", {3, 7}},         {"7", {4, 7, 10}},    {"maj7", {4, 7, 11}}, {"M7", {4, 7, 11}},  {"m7", {3, 7, 10}},
-    {"min7", {3, 7, 10}},  {"-7", {3, 7, 10}},   {"dim", {3, 6}},      {"o", {3, 6}},       {"dim7", {3, 6, 9}},
-    {"o7", {3, 6, 9}},     {"m7b5", {3, 6, 10}}, {"aug", {4, 8}},      {"+", {4, 8}},       {"aug7", {4, 8, 10}},
-    {"+7", {4, 8, 10}},    {"sus", {5, 7}},      {"sus4", {5, 7}},     {"sus2", {2, 7}},    {"7sus4", {5, 7, 10}},
-    {"6", {4, 7, 9}},      {"m6", {3, 7, 9}},    {"min6", {3, 7, 9}},  {"9", {4, 10, 14}},  {"m9", {3, 10, 14}},
-    {"maj9", {4, 11, 14}}, {"add9", {4, 7, 14}}, {"11", {10, 14, 17}}, {"13", {4, 10, 21}}, {"5", {7}},
+    {u"", {4, 7}},          {u"maj", {4, 7}},      {u"M", {4, 7}},        {u"m", {3, 7}},       {u"min", {3, 7}},
+    {u"-", {3, 7}},         {u"7", {4, 7, 10}},    {u"maj7", {4, 7, 11}}, {u"M7", {4, 7, 11}},  {u"m7", {3, 7, 10}},
+    {u"min7", {3, 7, 10}},  {u"-7", {3, 7, 10}},   {u"dim", {3, 6}},      {u"o", {3, 6}},       {u"dim7", {3, 6, 9}},
+    {u"o7", {3, 6, 9}},     {u"m7b5", {3, 6, 10}}, {u"aug", {4, 8}},      {u"+", {4, 8}},       {u"aug7", {4, 8, 10}},
+    {u"+7", {4, 8, 10}},    {u"sus", {5, 7}},      {u"sus4", {5, 7}},     {u"sus2", {2, 7}},    {u"7sus4", {5, 7, 10}},
+    {u"6", {4, 7, 9}},      {u"m6", {3, 7, 9}},    {u"min6", {3, 7, 9}},  {u"9", {4, 10, 14}},  {u"m9", {3, 10, 14}},
+    {u"maj9", {4, 11, 14}}, {u"add9", {4, 7, 14}}, {u"11", {10, 14, 17}}, {u"13", {4, 10, 21}}, {u"5", {7}},
 };
 
 // Takes signs from the front of a text.
@@ -30,7 +31,7 @@ public:
     QStringView rest() const { return rest_; }
     std::optional<QChar> takeIf(QStringView oneOf)
     {
-        if (rest_.isEmpty() || !oneOf.contains(rest_.front()))
+        if (rest_.isEmpty() || std::find(oneOf.begin(), oneOf.end(), rest_.front()) == oneOf.end())
             return {};
         const auto sign = rest_.front();
         rest_ = rest_.mid(1);
@@ -54,8 +55,9 @@ private:
 
 const Quality *qualityNamed(QStringView name)
 {
+    const std::u16string_view text(name.utf16(), std::size_t(name.size()));
     const auto *const found = std::find_if(std::begin(qualities), std::end(qualities),
-                                           [&](const Quality &known) { return name == QLatin1String(known.name); });
+                                           [&](const Quality &known) { return text == known.name; });
     return found == std::end(qualities) ? nullptr : found;
 }
 
@@ -79,9 +81,11 @@ QVarLengthArray<int, 5> chordPitches(QStringView name)
         text.chop(1);
     Signs signs(text);
     const auto root = signs.takeNote(u"ABCDEFG", u"#b");
-    const auto stroke = signs.rest().indexOf(u'/');
-    const auto *const quality = qualityNamed(signs.rest().left(stroke < 0 ? signs.rest().size() : stroke));
-    Signs behind(stroke < 0 ? QStringView() : signs.rest().mid(stroke + 1));
+    const auto rest = signs.rest();
+    const auto *const sign = std::find(rest.begin(), rest.end(), u'/');
+    const auto stroke = sign == rest.end() ? -1 : sign - rest.begin();
+    const auto *const quality = qualityNamed(rest.left(stroke < 0 ? rest.size() : stroke));
+    Signs behind(stroke < 0 ? QStringView() : rest.mid(stroke + 1));
     const auto bass = stroke < 0 ? root : behind.takeNote(u"ABCDEFGabcdefg", u"#b+");
     if (!root || !quality || !bass || !behind.rest().isEmpty())
         return {};

@@ -76,6 +76,7 @@ private:
     std::optional<int> readNumber();
     bool isBarLineHere() const;
     void skipBehind(QChar end);
+    qsizetype indexOf(QChar c, qsizetype from) const;
 
     QStringView line_;
     MusicLineListener &listener_;
@@ -107,10 +108,17 @@ void MusicLineReader::readNext()
     ++at_;
 }
 
+// -1 where it does not come.
+qsizetype MusicLineReader::indexOf(QChar c, qsizetype from) const
+{
+    const auto *const found = std::find(line_.begin() + std::min(from, line_.size()), line_.end(), c);
+    return found == line_.end() ? -1 : found - line_.begin();
+}
+
 // To the end of the line where it does not come.
 void MusicLineReader::skipBehind(QChar end)
 {
-    const auto found = line_.indexOf(end, at_);
+    const auto found = indexOf(end, at_);
     at_ = found < 0 ? line_.size() : found + 1;
 }
 
@@ -140,7 +148,7 @@ bool MusicLineReader::readMarked(QChar mark)
         voice().endChord(readLength());
         return true;
     }
-    const auto end = line_.indexOf(mark, at_ + 1);
+    const auto end = indexOf(mark, at_ + 1);
     const auto name = end > at_ ? line_.mid(at_ + 1, end - at_ - 1) : QStringView();
     const bool isName = isDecoration(name.toString());
     at_ = isName ? end + 1 : at_ + 1;

@@ -242,7 +242,7 @@ public:
     Performer(const VoiceScore &score, GraceNotes graces, const std::stop_token &stop)
         : score_(score), items_(score.items), graces_(graces), stop_(stop)
     {
-        performed_.notes.reserve(int(score.notes.size()));
+        performed_.notes.reserve(2 * int(score.notes.size())); // nearly all is repeated
         noteSigns();
     }
 
@@ -452,6 +452,10 @@ void Performer::playNote(const ScoreNote &note, const MusicTime &start, const Fr
 {
     auto end = start;
     end.advance(length);
+    if (ties_.isEmpty() && !note.isTied) {
+        appendNote(note.pitch, start, end);
+        return;
+    }
     const auto tie = ties_.find(note.pitch);
     const bool isContinued = tie != ties_.end() && continues(*tie, start);
     const int index = isContinued ? tie->note : appendNote(note.pitch, start, end);

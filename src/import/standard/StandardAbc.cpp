@@ -14,7 +14,7 @@ namespace {
 
 QString fractionText(qint64 numerator, qint64 denominator)
 {
-    return QStringLiteral("%1/%2").arg(numerator).arg(denominator);
+    return QString::number(numerator) + u'/' + QString::number(denominator);
 }
 
 // The chord names as they are written, measure by measure: "G D7 | C | G".
@@ -74,7 +74,8 @@ public:
     }
 
 private:
-    void addVoice(const Voice &voice, const PerformedVoice &performed, ChordNames chordNames);
+    void addVoice(const Voice &voice, PerformedVoice &performed, ChordNames chordNames);
+    static QVector<TrackEvent> playable(QVector<TrackEvent> notes, PartReport &report);
     void addAccompaniment(const Voice &voice, const PerformedVoice &performed);
     void addChanges(Track &track, const PerformedVoice &performed) const;
     static void finish(Track &track, const PerformedVoice &performed);
@@ -88,7 +89,20 @@ private:
     QVector<TrackEvent> tempos_;
 };
 
-void TuneConversion::addVoice(const Voice &voice, const PerformedVoice &performed, ChordNames chordNames)
+// The notes that have a key on the game's instruments.
+QVector<TrackEvent> TuneConversion::playable(QVector<TrackEvent> notes, PartReport &report)
+{
+    const auto isLeftOut = [&report](const TrackEvent &note) {
+        const bool isOut = !isPlayable(note.pitch());
+        if (isOut)
+            report.add(ImportFinding::OutOfRange, note.start());
+        return isOut;
+    };
+    notes.erase(std::remove_if(notes.begin(), notes.end(), isLeftOut), notes.end());
+    return notes;
+}
+
+void TuneConversion::addVoice(const Voice &voice, PerformedVoice &performed, ChordNames chordNames)
 {
     tune_.repeatsPlayed += performed.repeatsPlayed;
     auto report = performed.report;
@@ -98,14 +112,12 @@ void TuneConversion::addVoice(const Voice &voice, const PerformedVoice &performe
         track.appendHeaderField(QStringLiteral("N"), chordChart(voice));
     if (!voice.decorations.empty())
         track.appendHeaderField(QStringLiteral("N"), decorationList(voice));
-    track.editEvents().reserve(tempos_.size() + performed.changes.size() + performed.notes.size());
     addChanges(track, performed);
-    for (const auto &note : performed.notes) {
-        if (isPlayable(note.pitch()))
-            track.appendEvent(note);
-        else
-            report.add(ImportFinding::OutOfRange, note.start());
-    }
+    auto notes = playable(std::move(performed.notes), report);
+    if (track.events().isEmpty())
+        track.editEvents() = std::move(notes);
+    else
+        track.editEvents() += notes;
     finish(track, performed);
     tune_.outOfRange += report.count(ImportFinding::OutOfRange);
     report.channel = voice.channel;

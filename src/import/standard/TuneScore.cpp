@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -24,16 +25,15 @@ QStringView withoutComment(QStringView line)
 }
 
 // As long as U: says nothing else (ABC standard 2.1, section 4.14).
-std::map<QString, QString> usualSymbols()
+const std::map<QString, QString> &usualSymbols()
 {
-    static const QStringList signsAndNames{
-        QStringLiteral(". staccato"),     QStringLiteral("~ roll"),         QStringLiteral("H fermata"),
-        QStringLiteral("L accent"),       QStringLiteral("M lowermordent"), QStringLiteral("O coda"),
-        QStringLiteral("P uppermordent"), QStringLiteral("S segno"),        QStringLiteral("T trill"),
-        QStringLiteral("u upbow"),        QStringLiteral("v downbow")};
-    std::map<QString, QString> symbols;
-    for (const auto &each : signsAndNames)
-        symbols[each.left(1)] = each.mid(2);
+    static const std::map<QString, QString> symbols{
+        {QStringLiteral("."), QStringLiteral("staccato")},     {QStringLiteral("~"), QStringLiteral("roll")},
+        {QStringLiteral("H"), QStringLiteral("fermata")},      {QStringLiteral("L"), QStringLiteral("accent")},
+        {QStringLiteral("M"), QStringLiteral("lowermordent")}, {QStringLiteral("O"), QStringLiteral("coda")},
+        {QStringLiteral("P"), QStringLiteral("uppermordent")}, {QStringLiteral("S"), QStringLiteral("segno")},
+        {QStringLiteral("T"), QStringLiteral("trill")},        {QStringLiteral("u"), QStringLiteral("upbow")},
+        {QStringLiteral("v"), QStringLiteral("downbow")}};
     return symbols;
 }
 
@@ -97,7 +97,7 @@ private:
     bool isVoiceNamed_ = false;
     QVector<QChar> parts_; // met so far in the body
     QStringList macros_;
-    std::map<QString, QString> symbols_ = usualSymbols(); // signs that stand for decorations, with their names
+    std::map<QString, QString> symbols_; // signs that U: makes stand for decorations, with their names
     int elements_ = 0;
 };
 
@@ -111,6 +111,9 @@ TuneScore TuneReader::read(const TunebookTune &tune, const std::stop_token &stop
     }
     refuseMacros(tune);
     finishHeader();
+    if (score_.voices.size() == 1)
+        current_->expect(std::accumulate(tune.body.begin(), tune.body.end(), qsizetype(0),
+                                         [](qsizetype sum, QStringView line) { return sum + line.size(); }));
     for (const auto line : tune.body) {
         throwIfStopped(stop);
         readBodyLine(line);
@@ -130,10 +133,13 @@ Voice &TuneReader::voice()
 void TuneReader::decoration(QStringView name)
 {
     const auto text = name.toString();
-    const auto symbol = symbols_.find(text);
-    if (symbol != symbols_.end())
-        ++voice().decorations[symbol->second];
-    else if (text.size() > 1)
+    for (const auto *symbols : {&std::as_const(symbols_), &usualSymbols()}) {
+        if (const auto symbol = symbols->find(text); symbol != symbols->end()) {
+            ++voice().decorations[symbol->second];
+            return;
+        }
+    }
+    if (text.size() > 1)
         ++voice().decorations[text];
 }
 

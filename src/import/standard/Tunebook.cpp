@@ -73,7 +73,7 @@ void TunebookSplitter::take(QStringView line)
         return;
     }
     for (const auto *block : {"%%begintext", "%%beginps", "%%beginsvg"}) {
-        if (line.startsWith(QLatin1String(block))) {
+        if (isDirective(line) && line.startsWith(QLatin1String(block))) {
             skippedBlock_ = QStringLiteral("%%end") + line.mid(7).toString().section(u' ', 0, 0);
             return;
         }

@@ -16,6 +16,14 @@ int stepOf(const WrittenPitch &pitch)
 
 } // namespace
 
+// Notes take two or three characters with what stands between them.
+void Voice::expect(qsizetype characters)
+{
+    constexpr qsizetype most = 4096;
+    score_.items.reserve(int(std::min(most, characters / 2)));
+    score_.notes.reserve(std::size_t(std::min(most, characters / 3)));
+}
+
 // An accidental holds as far as the reach says; one that a tie brings over a bar line is for the tied note alone.
 int Voice::sounding(const WrittenPitch &pitch)
 {

@@ -62,6 +62,9 @@ public:
     void chordName(QStringView text);
     void append(const ScoreItem &item) { score_.items.append(item); }
 
+    // So many characters of music are to come.
+    void expect(qsizetype characters);
+
     const VoiceScore &score() const { return score_; }
     bool hasMusic() const { return hasMusic_; }
 
