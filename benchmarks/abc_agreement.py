@@ -150,9 +150,9 @@ MENDED = [  # what is amiss, or free, is taken out for both
 
 
 def cause_of(tune, ours, cli, folder):
-    """What makes the difference; two causes together where neither does alone."""
+    """What makes the difference; several causes together where none does alone."""
     plain = without_performance(tune)
-    for causes in [[each] for each in MEANT] + list(itertools.permutations(MEANT, 2)):
+    for causes in itertools.chain.from_iterable(itertools.permutations(MEANT, count) for count in (1, 2, 3)):
         lines = plain
         for _, respell in causes:
             lines = respell(lines)
@@ -200,8 +200,10 @@ def main():
                 counts['refused by abc2midi'] += 1
             elif same(ours, theirs):
                 counts['same'] += 1
+                counts['same, with errors in abc2midi'] += has_errors
             else:
                 counts['different'] += 1
+                counts['different, with errors in abc2midi'] += has_errors
                 title = next((line[2:].strip() for line in lines if line.startswith('T:')), '')
                 mark = ' (abc2midi: errors)' if has_errors else ''
                 differing[cause_of(lines, ours, cli, folder)].append(f'{name} {number}, {title}{mark}')
