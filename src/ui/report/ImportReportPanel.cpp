@@ -6,6 +6,8 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 ImportReportPanel::ImportReportPanel(QWidget *parent) : QWidget(parent), line_(new QLabel), view_(new QTreeView)
 {
     auto *const column = new QVBoxLayout(this);
@@ -19,10 +21,9 @@ ImportReportPanel::ImportReportPanel(QWidget *parent) : QWidget(parent), line_(n
     view_->setModel(&model_);
     view_->setUniformRowHeights(true);
     view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    view_->header()->setStretchLastSection(false); // what is too long is cut, not the place
+    view_->header()->setStretchLastSection(false); // in a narrow window what is too long is cut, not the place
     view_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     view_->header()->setSectionResizeMode(ImportReportModel::What, QHeaderView::Stretch);
-    view_->setMinimumWidth(50 * fontMetrics().averageCharWidth()); // what happened can be read beside the place
     view_->setToolTip(
         tr("A click shows the place, the next click the next one; a double click opens it in the editor"));
     connect(view_, &QTreeView::clicked, this, &ImportReportPanel::choose);
@@ -38,6 +39,18 @@ void ImportReportPanel::show(const QString &line, const QVector<ReportedPart> &p
     line_->setText(line.isEmpty() ? tr("Of the last import there is nothing to report.") : line);
     model_.show(parts);
     view_->expandAll();
+    fitWords();
+}
+
+// What happened can be read beside the place; long titles do not take the window's room.
+void ImportReportPanel::fitWords()
+{
+    const QAbstractItemView &view = *view_;
+    int width = 2 * view_->frameWidth() + style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, view_);
+    for (int column = 0; column < model_.columnCount({}); ++column)
+        width += std::max(view.sizeHintForColumn(column), view_->header()->sectionSizeHint(column));
+    const int character = fontMetrics().averageCharWidth();
+    view_->setMinimumWidth(std::clamp(width, 50 * character, 85 * character));
 }
 
 void ImportReportPanel::choose(const QModelIndex &row)
