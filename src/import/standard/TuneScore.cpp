@@ -348,7 +348,7 @@ Voice &TuneReader::voiceOf(QStringView value)
     }
     auto &voice = score_.voices[known->second];
     static const QRegularExpression name(QStringLiteral("\\b(?:name|nm)=(?:\"([^\"]*)\"|(\\S+))"));
-    if (const auto match = name.match(text); match.hasMatch())
+    if (const auto match = text.contains(u'=') ? name.match(text) : QRegularExpressionMatch(); match.hasMatch())
         voice.name = match.captured(1) + match.captured(2);
     if (voice.name.isEmpty() && isNew && text.size() > 0)
         voice.name = id;
