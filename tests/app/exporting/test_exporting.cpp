@@ -1,0 +1,177 @@
+// What the song becomes for other programs.
+#include "app/ExampleSongs.h"
+#include "app/WindowFixture.h"
+#include "audio/TempoMap.h"
+#include "support/GatedEngine.h"
+#include "support/Rows.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QDir>
+#include <QLockFile>
+#include <QPushButton>
+#include <QToolButton>
+
+class TestExporting : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<WindowFixture> fixture_;
+
+private slots:
+    void init()
+    {
+        fixture_ = std::make_unique<WindowFixture>(demoGame);
+        QVERIFY(fixture_->waitUntilLoaded());
+    }
+
+    void cleanup() { fixture_.reset(); }
+
+    void tellsWhyAnExportFailed()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        auto &dialogs = fixture_->dialogs();
+        for (const bool isCancelled : {true, false}) {
+            dialogs.files = isCancelled ? QStringList() : QStringList(fixture_->path("no/folder.wav"));
+            fixture_->trigger("actionExport_to_Wav");
+            QTRY_COMPARE(dialogs.messages.size(), isCancelled ? 0 : 1);
+            QTRY_VERIFY(!fixture_->child<QDialog>("exportProgress"));
+        }
+        QCOMPARE(dialogs.messages.first(),
+                 QStringLiteral("Export to Wav|%1: The folder does not exist.").arg(fixture_->path("no/folder.wav")));
+        QVERIFY(!fixture_->child<QWidget>("exportNote")->isVisible());
+    }
+
+    // Before the first sample is there.
+    void exportIsCancelledAtOnce()
+    {
+        const auto gate = GatedEngine::makeGate(false);
+        fixture_->makeFileEngine = [gate](const QString &file) {
+            return std::make_unique<GatedEngine>(EngineOutput::WavFile, gate, file.toStdString());
+        };
+        fixture_->makeWindow();
+        QVERIFY(fixture_->waitUntilLoaded() && fixture_->import(jig, 3));
+        fixture_->dialogs().files = QStringList(fixture_->path("jig.wav"));
+        fixture_->trigger("actionExport_to_Wav");
+        auto *const progress = fixture_->child<QDialog>("exportProgress");
+        QTRY_VERIFY(progress->isVisible());
+        progress->findChild<QPushButton *>()->click();
+        GatedEngine::open(gate);
+        QTRY_VERIFY(!fixture_->child<QDialog>("exportProgress"));
+        QVERIFY(!QFile::exists(fixture_->path("jig.wav")) && fixture_->dialogs().messages.isEmpty());
+    }
+
+    void exportsAudio()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        fixture_->tracks().setMuted({fixture_->tracks().ids().last()}, true);
+        auto &dialogs = fixture_->dialogs();
+        fixture_->write("jig - Track 1 - Flute.flac", "old");
+        dialogs.inDialog = [](QDialog &dialog) {
+            const auto choose = [&dialog](const char *name, int index) {
+                dialog.findChild<QComboBox *>(QLatin1String(name))->setCurrentIndex(index);
+            };
+            choose("cmbFormat", 4);
+            choose("cmbFiles", 2);
+            dialog.findChild<QCheckBox *>(QStringLiteral("chkNormalise"))->setChecked(true);
+            dialog.accept();
+        };
+        dialogs.files = QStringList{fixture_->path("jig.mp3"), fixture_->path("jig")};
+        dialogs.answer = Dialogs::Answer::Yes;
+        fixture_->trigger("actionExport_Audio");
+        QCOMPARE(
+            dialogs.takeMessages(),
+            QStringList(QStringLiteral("Export Audio|'jig.mp3' does not end in \".flac\", as FLAC, 24 bit files do.")));
+        QCOMPARE(QFileInfo(dialogs.starts.last()).fileName(), QStringLiteral("harbour-jig.flac"));
+        QTRY_VERIFY(fixture_->child<QWidget>("exportNote")->isVisible());
+        QVERIFY(dialogs.asked.last().contains(QStringLiteral("jig - Track 1 - Flute.flac\nWould you like")));
+        const auto files = QDir(fixture_->path("")).entryInfoList({QStringLiteral("*.flac")});
+        QCOMPARE(files.size(), 3); // the muted part has none
+        for (const auto &file : files)
+            QVERIFY(WindowFixture::read(file.filePath()).startsWith("fLaC"));
+        QTRY_VERIFY(!fixture_->child<QDialog>("exportProgress"));
+        QCOMPARE(fixture_->settings().value(Settings::ExportFormat).toInt(), 4);
+    }
+
+    // By an export of a program that runs no more; what others write, and the user's own files, stay.
+    void removesWhatAKilledExportLeft()
+    {
+        fixture_->write("journals/exports/dead.export", fixture_->path("song.wav").toUtf8());
+        fixture_->write("journals/exports/busy.export", fixture_->path("busy.wav").toUtf8());
+        QLockFile lock(fixture_->path("journals/exports/busy.export.lock"));
+        QVERIFY(lock.tryLock(0));
+        for (const char *name :
+             {"song.wav~0123456789abc.saving", "song.wav~mine.saving", "busy.wav~0123456789abc.saving", "song.wav"})
+            fixture_->write(name, "x");
+        fixture_->makeWindow();
+        QTRY_VERIFY(!QFile::exists(fixture_->path("song.wav~0123456789abc.saving")));
+        for (const char *name :
+             {"song.wav~mine.saving", "busy.wav~0123456789abc.saving", "song.wav", "journals/exports/busy.export"})
+            QVERIFY2(QFile::exists(fixture_->path(name)), name);
+        QVERIFY(!QFile::exists(fixture_->path("journals/exports/dead.export")));
+    }
+
+    void exportsNotation_data()
+    {
+        const Rows<QByteArray, QString, QString, QByteArray> row("action", "asked", "file", "begins");
+        row("MIDI", "actionExport_MIDI", "Export MIDI|MIDI file (*.mid)", "harbour-jig.mid", "MThd");
+        row("tunebook", "actionExport_Tunebook", "Export Tunebook|ABC Files (*.abc)", "harbour-jig.abc", "X: 1\nT:");
+    }
+    void exportsNotation()
+    {
+        QFETCH(const QByteArray, action);
+        QFETCH(const QString, asked);
+        QFETCH(const QString, file);
+        QFETCH(const QByteArray, begins);
+        QVERIFY(fixture_->import(jig, 3));
+        fixture_->tracks().setMuted({fixture_->tracks().ids().first()}, true); // written all the same
+        auto &dialogs = fixture_->dialogs();
+        dialogs.takeAsked();
+        dialogs.files = QStringList{fixture_->path("song.out"), fixture_->path("no/song.out")};
+        fixture_->trigger(action.constData());
+        QCOMPARE(dialogs.asked, QStringList(asked));
+        QCOMPARE(QFileInfo(dialogs.starts.last()).fileName(), file);
+        auto *const note = fixture_->child<QWidget>("exportNote");
+        QTRY_VERIFY(note->isVisible());
+        QVERIFY(WindowFixture::read(fixture_->path("song.out")).startsWith(begins));
+        note->findChild<QToolButton *>(QStringLiteral("btnOpenFolder"))->click();
+        QCOMPARE(dialogs.opened, QList<QUrl>{QUrl::fromLocalFile(QFileInfo(fixture_->path("song.out")).path())});
+        fixture_->trigger(action.constData());
+        QTRY_COMPARE(
+            dialogs.messages,
+            QStringList(QStringLiteral("Export|%1: The folder does not exist.").arg(fixture_->path("no/song.out"))));
+    }
+
+    void exportsWaves()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        fixture_->dialogs().answerOrCancel = Dialogs::Answer::No;
+        fixture_->window().openFiles({fixture_->write("long.abc", "X:1\nK:C\nZ100|C")});
+        QTRY_COMPARE(fixture_->tracks().song().size(), 4);
+        fixture_->dialogs().takeAsked();
+        fixture_->inRow<QCheckBox>(3, "btnMute")->click();
+        const auto wave = fixture_->path("jig.wav");
+        fixture_->dialogs().files = QStringList(wave);
+        fixture_->trigger("actionExport_to_Wav");
+        fixture_->trigger("actionExport_to_Wav"); // while it runs
+        QCOMPARE(fixture_->dialogs().takeMessages(),
+                 QStringList(QStringLiteral("Renderer in use|You are already rendering to wav, please wait for it to "
+                                            "finish and try again.")));
+        QCOMPARE(fixture_->dialogs().asked, QStringList(QStringLiteral("Export tracks to wav...|Wave file (*.wav)")));
+        fixture_->dialogs().closeAnswer = Dialogs::CloseAnswer::Discard;
+        QVERIFY(!fixture_->window().close()); // the export would be lost
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(wave), 30'000);
+        QTRY_VERIFY(!fixture_->child<QDialog>("exportProgress"));
+        QVERIFY(WindowFixture::read(wave).startsWith("RIFF"));
+        QCOMPARE(fixture_->settings().value(Settings::WavSaveDir).toString(), QFileInfo(wave).path());
+        const auto frames = (QFileInfo(wave).size() - 44) / 4;
+        const auto &track = *fixture_->tracks().song()[0]->track;
+        const auto written = qint64(TempoMap(track, 48000).samplesAt(track.length()));
+        QVERIFY(frames >= written && frames < written + 3 * 48000); // the last notes fade out
+        QVERIFY(fixture_->dialogs().messages.isEmpty());
+    }
+};
+
+QTEST_MAIN(TestExporting)
+#include "test_exporting.moc"
