@@ -42,7 +42,7 @@ void ImportReportPanel::show(const QString &line, const QVector<ReportedPart> &p
     fitWords();
 }
 
-// What happened can be read beside the place; long titles do not take the window's room.
+// What was found most often can be read beside the place; long words do not take the room of the rows.
 void ImportReportPanel::fitWords()
 {
     const QAbstractItemView &view = *view_;
@@ -50,7 +50,7 @@ void ImportReportPanel::fitWords()
     for (int column = 0; column < model_.columnCount({}); ++column)
         width += std::max(view.sizeHintForColumn(column), view_->header()->sectionSizeHint(column));
     const int character = fontMetrics().averageCharWidth();
-    view_->setMinimumWidth(std::clamp(width, 50 * character, 85 * character));
+    view_->setMinimumWidth(std::clamp(width, 50 * character, 64 * character));
 }
 
 void ImportReportPanel::choose(const QModelIndex &row)
