@@ -42,16 +42,18 @@ set(LAYERS
     "src/ui/editor|base settings core import import/quantise edit edit/plan edit/notes assets audio ui ui/document ui/text ui/roll ui/transform"
     "src/ui/importing|base settings core import edit song song/preview assets audio ui ui/report ui/listening"
     "src/app/services|base settings core import song song/journal check edit assets audio audio/clicks ui ui/tracks ui/editor"
-    "src/app/commands|base settings core import import/quantise song song/preview assets audio ui ui/timeline ui/tracks ui/song ui/report ui/preferences ui/importing app/services"
+    "src/app/commands|base settings core import import/quantise song song/preview assets audio ui ui/timeline ui/tracks ui/song ui/report ui/preferences ui/importing app/services ui/manual"
+    "src/ui/manual|ui"
     "src/app/exporting|base settings core song assets audio audio/render audio/sound export ui ui/tracks app/services app/commands"
     "src/app/practice|settings core song audio audio/clicks ui ui/tracks app/services app/commands"
     "src/app/recovery|base core song song/journal ui ui/tracks app/services app/commands"
     "src/app/keyboard|base settings core song assets audio midi ui ui/tracks ui/editor import edit import/quantise app/services edit/plan"
-    "src/app|base settings core edit check song assets audio midi audio/engine ui ui/timeline ui/tracks ui/song ui/report ui/checks app/services app/commands app/exporting app/practice app/recovery app/keyboard audio/render app/songtools"
+    "src/app|base settings core edit check song assets audio midi audio/engine ui ui/timeline ui/tracks ui/song ui/report ui/checks app/services app/commands app/exporting app/practice app/recovery app/keyboard audio/render app/songtools ui/manual"
     "src/ui/listening|core assets audio"
     "src/ui/arranging|base core arrange assets audio edit ui ui/listening"
     "src/app/songtools|base core arrange import song assets audio ui ui/tracks ui/arranging ui/transform app/services app/commands"
     "tools/cli|base settings core import import/quantise song edit check assets assets/package audio audio/render audio/sound audio/engine export arrange"
+    "tools/manual|"
     "tools/demogame|")
 set(LAYERS_WITHOUT_QT "src/audio/sound" "src/audio/engine")
 

@@ -140,6 +140,7 @@ public slots:
     void onPadParts();
     void onListenToSource(bool isOn);
     void onDonate();
+    void onManual();
     void onWebsite();
     void onDefaultInstrumentChanged(const QString &name);
     void onMasterVolumeChanged(int percent);

@@ -159,6 +159,11 @@ void MainWindow::onDonate()
     program_.openDonationPage();
 }
 
+void MainWindow::onManual()
+{
+    program_.openManual();
+}
+
 void MainWindow::onWebsite()
 {
     program_.openWebsite();

@@ -72,8 +72,9 @@ void makeMenus(QMainWindow &window, const WindowActions &actions, ImportCommands
         *playback,
         "actionRehearsal actionRehearsal_Offsets - actionZoom_In actionZoom_Out actionZoom_Whole actionFollow");
     actions.addTo(*addMenu(bar, "menuTools", "T&ools"), "actionPreferences");
-    actions.addTo(*addMenu(bar, "menuHelp", "&Help"),
-                  "actionCheck_for_updates - actionWebsite actionDonate - actionAbout_Kelvarion_Composer");
+    actions.addTo(
+        *addMenu(bar, "menuHelp", "&Help"),
+        "actionManual - actionCheck_for_updates - actionWebsite actionDonate - actionAbout_Kelvarion_Composer");
 }
 
 void makeHistoryDock(QMainWindow &window, QUndoStack &history)

@@ -10,6 +10,7 @@
 #include "settings/Settings.h"
 #include "ui/Dialogs.h"
 #include "ui/Theme.h"
+#include "ui/manual/ManualWindow.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -122,9 +123,12 @@ int main(int argc, char *argv[])
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 #endif
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     const Application application(argc, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("example.kelvarion_composer.Composer"));
     const auto commandLine = readCommandLine(application);
+    ManualKey manualKey;
+    QCoreApplication::instance()->installEventFilter(&manualKey);
 
     DesktopDialogs dialogs;
     try {

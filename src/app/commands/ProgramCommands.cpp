@@ -3,6 +3,7 @@
 #include "app/commands/About.h"
 #include "app/services/Playback.h"
 #include "ui/Dialogs.h"
+#include "ui/manual/ManualWindow.h"
 #include "ui/preferences/PreferencesDialog.h"
 
 QVector<ActionRow> ProgramCommands::actions()
@@ -10,6 +11,7 @@ QVector<ActionRow> ProgramCommands::actions()
     return {
         {"actionExit", "Exit", "Alt+F4", "Exit Kelvarion Composer", "exit", "close()"},
         {"actionPreferences", "Preferences...", "", "Show preferences", "preferences", "onPreferences()"},
+        {"actionManual", "Manual", "F1", "How things are done, and what the game plays", "", "onManual()"},
         {"actionCheck_for_updates", "Check for updates...", "", "Check online for updates for Kelvarion Composer", "",
          "onCheckUpdates()"},
         {"actionAbout_Kelvarion_Composer", "About Kelvarion Composer...", "", "", "about", "onAbout()"},
@@ -22,6 +24,11 @@ void ProgramCommands::editPreferences()
 {
     PreferencesDialog(context_.settings, context_.dialogs, devices_, context_.playback.instruments(), &context_.window)
         .exec();
+}
+
+void ProgramCommands::openManual()
+{
+    openManualFor(&context_.window);
 }
 
 void ProgramCommands::showAbout()

@@ -20,6 +20,7 @@ public:
     static QVector<ActionRow> actions();
 
     void editPreferences();
+    void openManual();
     void showAbout();
     void openDonationPage();
     void openWebsite();

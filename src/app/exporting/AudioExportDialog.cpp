@@ -1,6 +1,7 @@
 #include "app/exporting/AudioExportDialog.h"
 
 #include "settings/Settings.h"
+#include "ui/ManualPage.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -33,6 +34,7 @@ AudioExportDialog::AudioExportDialog(Settings &settings, Loop loop, Offsets offs
       offsets_(named<QCheckBox>("chkOffsets"))
 {
     setObjectName(QStringLiteral("audioExportDialog"));
+    setManualPage(*this, "export.md");
     setWindowTitle(tr("Export Audio"));
     addFormats(settings.value(Settings::ExportFormat).toInt());
     qualityLabel_->setText(tr("&Quality:"));

@@ -2,6 +2,7 @@
 
 #include "settings/Settings.h"
 #include "ui/Dialogs.h"
+#include "ui/ManualPage.h"
 #include "ui/ScreenFit.h"
 #include "ui/editor/EditorActions.h"
 #include "ui/editor/EditorCleanUp.h"
@@ -41,6 +42,7 @@ AbcEditorWindow::AbcEditorWindow(Settings &settings, Dialogs &dialogs, TrackPlay
     connectDocument();
     resize(1080, 760);
     fitToScreen(*this);
+    setManualPage(*this, "editor.md");
     showTitle();
     showPlaying();
     showTempo(playback_->tempoPercent());

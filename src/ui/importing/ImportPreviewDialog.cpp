@@ -4,6 +4,7 @@
 #include "ui/Icons.h"
 #include "ui/ImportSettingsBox.h"
 #include "ui/InstrumentComboBox.h"
+#include "ui/ManualPage.h"
 #include "ui/importing/ChoiceDelegate.h"
 #include "ui/importing/PartsTable.h"
 #include "ui/importing/PreviewPlayer.h"
@@ -89,6 +90,7 @@ ImportPreviewDialog::ImportPreviewDialog(const QVector<SongSource> &sources, con
     loss_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     summary_->setObjectName(QStringLiteral("lblSummary"));
     summary_->setTextFormat(Qt::PlainText);
+    setManualPage(*this, "import.md");
     setWindowTitle(titleOf(sources));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     auto *const left = new QVBoxLayout;

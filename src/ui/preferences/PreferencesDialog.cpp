@@ -3,6 +3,7 @@
 #include "assets/GameInstallation.h"
 #include "ui/Dialogs.h"
 #include "ui/ImportSettingsBox.h"
+#include "ui/ManualPage.h"
 #include "ui/preferences/ChecksPage.h"
 #include "ui/preferences/ColourSwatch.h"
 #include "ui/preferences/ProgramsPage.h"
@@ -59,6 +60,7 @@ PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, const
                                      const InstrumentSet &instruments, QWidget *parent)
     : QDialog(parent), settings_(settings), dialogs_(dialogs), selector_(new QListWidget), pages_(new QStackedWidget)
 {
+    setManualPage(*this, "window.md");
     setWindowTitle(QStringLiteral("Preferences"));
     selector_->setObjectName(QStringLiteral("propertySelector"));
     selector_->setAccessibleName(tr("Pages"));

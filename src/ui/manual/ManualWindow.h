@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QWidget>
+
+class QLineEdit;
+class QTextBrowser;
+
+// The manual in a window of its own, from the pages of docs/manual that are built into the program. [ui]
+class ManualWindow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    // Is deleted when it is closed.
+    explicit ManualWindow(QWidget *parent);
+
+    void showPage(const QString &name); // "editor.md"
+
+private:
+    void makeToolBar();
+    void find(const QString &text);
+
+    QTextBrowser *browser_;
+    QLineEdit *search_;
+};
+
+// Opens the page of a window or dialog (see ManualPage.h); may be null.
+void openManualFor(QWidget *window);
+
+// Makes F1 open the page of the window that has the keyboard: an event filter for the application. [ui]
+class ManualKey : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+};
