@@ -25,6 +25,8 @@ set(LAYERS
     "src/audio|base core assets assets/package audio/sound audio/samples audio/clicks"
     "src/audio/render|base core audio audio/sound"
     "src/audio/engine|audio/AudioEngine.h audio/OutputControl.h audio/sound"
+    "src/audio/fmod|audio/AudioEngine.h audio/sound"
+    "src/audio/choice|audio audio/engine audio/fmod audio/sound base"
     "src/midi|base"
     "src/export|base core import assets audio/TempoPlaces.h"
     "src/arrange|base core import audio/TempoPlaces.h"
@@ -54,7 +56,8 @@ set(LAYERS
     "src/app/songtools|base core arrange import song assets audio ui ui/tracks ui/arranging ui/transform app/services app/commands"
     "tools/cli|base settings core import import/quantise song edit check assets assets/package audio audio/render audio/sound audio/engine export arrange"
     "tools/manual|"
-    "tools/demogame|")
+    "tools/demogame|"
+    "tools/fmodfacts|audio/fmod")
 set(LAYERS_WITHOUT_QT "src/audio/sound" "src/audio/engine")
 
 # People look for the layers in the page about the architecture.

@@ -60,6 +60,10 @@ struct VoiceSpec
     LateStart lateStart = LateStart::Moved;
 };
 
+// Whether an engine takes it: numbers are finite, ratios from 1/4096 to 4096, starts up to 2^62. [any]
+bool isInRange(const VoiceSpec &spec);
+bool isInRange(GroupLevel level);
+
 // A song that an engine renders as a whole. [render]
 class Timeline
 {

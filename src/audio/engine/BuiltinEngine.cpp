@@ -5,8 +5,6 @@
 #include "audio/engine/VoiceTable.h"
 #include "audio/sound/SoundFileWriter.h"
 
-#include <cmath>
-
 // What exists between initialize() and release(). The output comes last, so that its threads end first.
 struct BuiltinEngine::Session
 {
@@ -183,7 +181,7 @@ AudioResult BuiltinEngine::checkGroup(GroupId group) const
 
 AudioResult BuiltinEngine::setGroupLevel(GroupId group, GroupLevel level)
 {
-    if (!(level.volume >= 0) || !std::isfinite(level.volume) || !(std::abs(level.pan) <= 1))
+    if (!isInRange(level))
         return AudioResult::InvalidArgument;
     const auto result = checkGroup(group);
     if (result == AudioResult::Ok)

@@ -5,22 +5,13 @@
 namespace {
 
 constexpr Position one = Position(1) << 32;
-constexpr double highestRatio = 4096;
-constexpr DspClock latestStart = DspClock(1) << 62;
-constexpr std::uint64_t mostFrames = std::uint64_t(1) << 31;  // of a source, so that products with steps fit 64 bits
 constexpr std::uint64_t longestFade = std::uint64_t(1) << 30; // six hours; fits what the kernels count with
-
-bool inRange(const VoiceSpec &spec)
-{
-    return spec.sound && spec.sound->frames() < mostFrames && spec.start <= latestStart && spec.end <= spec.fadeEnd &&
-           std::isfinite(spec.gain) && spec.ratio >= 1 / highestRatio && spec.ratio <= highestRatio;
-}
 
 } // namespace
 
 AudioResult shapeOf(const VoiceSpec &spec, VoiceShape &shape)
 {
-    if (!inRange(spec))
+    if (!isInRange(spec))
         return AudioResult::InvalidArgument;
     const auto &sound = *spec.sound;
     shape.source = {sound.plane(0), sound.channels() > 1 ? sound.plane(1) : nullptr};
