@@ -1,0 +1,91 @@
+#include "audio/choice/EngineChoice.h"
+
+#include "audio/ResultChecker.h"
+#include "audio/engine/BuiltinEngine.h"
+#include "audio/fmod/FmodEngine.h"
+
+#include <QCoreApplication>
+#include <QLoggingCategory>
+
+namespace {
+
+QString insteadText(const QString &reason)
+{
+    return QCoreApplication::translate("EngineChoice", "FMOD cannot be used, so the built-in engine plays. %1")
+        .arg(reason);
+}
+
+std::unique_ptr<AudioEngine> prepared(std::unique_ptr<FmodEngine> engine)
+{
+    const auto result = engine->prepare();
+    const bool isUsable = result == AudioResult::Ok || result == AudioResult::NoDevice;
+    if (!isUsable) {
+        ResultChecker().check(*engine, result);
+        throw QString::fromUtf8(engine->errorText(result));
+    }
+    return engine;
+}
+
+std::shared_ptr<const FmodLibrary> libraryFor(const EngineWish &wish)
+{
+    return FmodLibrary::find(wish.libraryFile, wish.gameFolder);
+}
+
+} // namespace
+
+std::unique_ptr<AudioEngine> makeFmodEngine(const EngineWish &wish)
+{
+    return prepared(std::make_unique<FmodEngine>(libraryFor(wish), FmodOutput::Device));
+}
+
+std::unique_ptr<AudioEngine> makeFmodEngine(const EngineWish &wish, const QString &waveFile)
+{
+    return prepared(std::make_unique<FmodEngine>(libraryFor(wish), FmodOutput::WavFile, waveFile.toStdU16String()));
+}
+
+QString describeFmod(const EngineWish &wish)
+{
+    try {
+        const auto library = libraryFor(wish);
+        return QStringLiteral("FMOD %1: %2").arg(library->versionText(), library->file());
+    } catch (const QString &reason) {
+        return reason;
+    }
+}
+
+void EngineChoice::wish(const EngineWish &wish)
+{
+    const std::lock_guard lock(mutex_);
+    wish_ = wish;
+}
+
+EngineWish EngineChoice::wished() const
+{
+    const std::lock_guard lock(mutex_);
+    return wish_;
+}
+
+MadeEngine EngineChoice::make() const
+{
+    const auto wish = wished();
+    if (wish.kind == EngineKind::Builtin)
+        return makeBuiltin_();
+    try {
+        return makeFmodEngine(wish);
+    } catch (const QString &reason) {
+        return {makeBuiltin_(), insteadText(reason)};
+    }
+}
+
+std::unique_ptr<AudioEngine> EngineChoice::makeForFile(const QString &waveFile) const
+{
+    const auto wish = wished();
+    if (wish.kind == EngineKind::Fmod && !waveFile.isEmpty()) {
+        try {
+            return makeFmodEngine(wish, waveFile);
+        } catch (const QString &reason) {
+            qWarning("%s", qUtf8Printable(insteadText(reason)));
+        }
+    }
+    return std::make_unique<BuiltinEngine>(EngineOutput::WavFile, waveFile.toStdU16String());
+}

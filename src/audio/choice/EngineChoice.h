@@ -1,0 +1,48 @@
+#pragma once
+
+#include "audio/PlayerWorker.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <mutex>
+
+enum class EngineKind { Builtin, Fmod };
+
+// The engine that is wanted.
+struct EngineWish
+{
+    EngineKind kind = EngineKind::Builtin;
+    QString libraryFile = {}; // of FMOD; empty: it is looked for in the game's folder and the system
+    QString gameFolder = {};
+};
+
+// The two throw a QString that says why the library cannot be used.
+std::unique_ptr<AudioEngine> makeFmodEngine(const EngineWish &wish);                          // for a player [any]
+std::unique_ptr<AudioEngine> makeFmodEngine(const EngineWish &wish, const QString &waveFile); // for a file [any]
+// "FMOD 2.02.15: FILE", or what is wrong. [any]
+QString describeFmod(const EngineWish &wish);
+
+// What players and exports get: as was wished last, or the built-in engine where the library cannot be used. [any]
+class EngineChoice
+{
+public:
+    // makeBuiltin: for a player.
+    explicit EngineChoice(std::function<std::unique_ptr<AudioEngine>()> makeBuiltin)
+        : makeBuiltin_(std::move(makeBuiltin))
+    {
+    }
+
+    void wish(const EngineWish &wish);
+    MadeEngine make() const;
+    // Without a file the built-in engine, since it is for mixing. Why it is there in the other's place is logged.
+    std::unique_ptr<AudioEngine> makeForFile(const QString &waveFile) const;
+
+private:
+    EngineWish wished() const;
+
+    std::function<std::unique_ptr<AudioEngine>()> makeBuiltin_;
+    mutable std::mutex mutex_; // of what follows
+    EngineWish wish_;
+};
