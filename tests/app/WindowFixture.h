@@ -24,15 +24,16 @@ public:
     }
 
     PlayedKeyboard::State keyboard; // the one there is
+    std::shared_ptr<OutputControl> output = std::make_shared<OutputControl>();
     EngineFactory makeEngine = [] { return std::make_unique<BuiltinEngine>(EngineOutput::Silent); };
     FileEngineFactory makeFileEngine = [](const QString &file) {
         return std::make_unique<BuiltinEngine>(EngineOutput::WavFile, file.toStdString());
     };
     void makeWindow(const QUrl &updateAddress = UpdateChecker::releaseAddress())
     {
-        window_ = std::make_unique<MainWindow>(WindowServices{
-            settings_, dialogs_, makeEngine, makeFileEngine, updateAddress, path("journals"),
-            std::make_shared<OutputControl>(), [this] { return std::make_unique<PlayedKeyboard>(keyboard); }});
+        window_ = std::make_unique<MainWindow>(
+            WindowServices{settings_, dialogs_, makeEngine, makeFileEngine, updateAddress, path("journals"), output,
+                           [this] { return std::make_unique<PlayedKeyboard>(keyboard); }});
         window_->show();
     }
 

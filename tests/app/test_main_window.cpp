@@ -84,6 +84,24 @@ private slots:
         QVERIFY(Settings(fixture_->path("Composer.cfg")).contains(Settings::WindowGeometry));
     }
 
+    void tellsOfTheSoundDevice()
+    {
+        const auto text = [this](const char *name) {
+            const auto *const notice = fixture_->child<QLabel>(name);
+            return notice->isVisible() ? notice->text() : QString();
+        };
+        auto &output = *fixture_->output;
+        output.tellOpened("Headset", 40);
+        QTRY_VERIFY(text("missingDevice").contains(QStringLiteral("Headset")));
+        QVERIFY(text("underruns").isEmpty());
+        output.tellUnderruns(2);
+        QTRY_VERIFY(text("underruns").contains(u'2'));
+        fixture_->settings().setValue(Settings::SoundDevice, QStringLiteral("Speakers"));
+        fixture_->settings().setValue(Settings::SoundBlock, 512);
+        QCOMPARE(output.choice(), (OutputChoice{"Speakers", 512}));
+        QTRY_VERIFY(text("missingDevice").isEmpty());
+    }
+
     void commandsSayWhetherTheyCan()
     {
         const auto enabled = [this] {
