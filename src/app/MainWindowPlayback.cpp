@@ -40,7 +40,7 @@ void MainWindow::onRecord(bool isOn)
     } else {
         playback_.stop();
         recorder_.start(session_.tempoFactor() / 100.0);
-        if (tracks_.commonLength() > 0)
+        if (tracks_.commonLength() > 0 || playback_.hasBeats())
             transport_.play();
     }
 }
@@ -49,6 +49,7 @@ void MainWindow::showRecording(bool isRecording)
 {
     actions_.find(QStringLiteral("actionRecord"))->setChecked(isRecording);
     status_.showRecording(isRecording);
+    playback_.setRecording(isRecording);
 }
 
 void MainWindow::onGoToStart()
@@ -161,6 +162,8 @@ void MainWindow::onTrackPositionChanged(const QString &trackId, quint64 position
 {
     playbackView_.setPosition(trackId, Ticks(position));
     transport_.report(trackId, Ticks(position));
+    if (Playback::isMetronome(trackId))
+        recorder_.report(Ticks(position));
 }
 
 void MainWindow::onPositionChanged(qint64 position)

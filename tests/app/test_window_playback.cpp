@@ -136,6 +136,35 @@ private slots:
         QCOMPARE(notes(), before);
     }
 
+    // Into a song without notes, by its beats.
+    void recordsByTheMetronome()
+    {
+        fixture_->makeEngine = [] { return std::make_unique<BuiltinEngine>(EngineOutput::Paced); };
+        fixture_->makeWindow();
+        QVERIFY(fixture_->waitUntilLoaded());
+        fixture_->trigger("actionNew_Track");
+        fixture_->trigger("actionMetronome");
+        fixture_->keyboard.ports = QStringList(QStringLiteral("Piano"));
+        fixture_->settings().setValue(Settings::KeyboardPort, QStringLiteral("Piano"));
+        Ticks position = 0;
+        connect(&player(), &TrackPlayer::trackPositionChanged, this, [&](const QString &id, quint64 tick) {
+            if (Playback::isMetronome(id))
+                position = Ticks(tick);
+        });
+        fixture_->trigger("actionRecord");
+        QTRY_VERIFY(position > ticksPerWholeNote / 2);
+        const auto pressed = position;
+        fixture_->keyboard.play({0x90, 60, 100});
+        QTRY_VERIFY(position > pressed + ticksPerQuarter);
+        fixture_->keyboard.play({0x80, 60, 0});
+        QTest::qWait(10);
+        fixture_->trigger("actionStop");
+        const auto &track = *fixture_->tracks().song().first()->track;
+        QCOMPARE(track.noteCount(), 1);
+        QVERIFY(std::abs(track.events().first().start() - pressed) <= ticksPerQuarter / 2);
+        QVERIFY(!fixture_->action("actionRecord")->isChecked());
+    }
+
     // As with the mouse and the keys: the window is the active one.
     void playsFromThePosition()
     {

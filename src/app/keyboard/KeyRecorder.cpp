@@ -24,7 +24,7 @@ KeyRecorder::KeyRecorder(const Song &song, LiveKeyboard &keyboard, QObject *pare
     connect(&keyboard_.keyboard(), &MidiKeyboard::keyPressed, this,
             [this](int pitch, int, qint64 at) { press(pitch, at); });
     connect(&keyboard_.keyboard(), &MidiKeyboard::keyReleased, this, &KeyRecorder::release);
-    connect(&song_.transport, &Transport::positionChanged, this, &KeyRecorder::followPosition);
+    connect(&song_.transport, &Transport::positionChanged, this, &KeyRecorder::report);
 }
 
 void KeyRecorder::start(double tempoFactor)
@@ -36,7 +36,7 @@ void KeyRecorder::start(double tempoFactor)
     played_.clear();
     early_.clear();
     held_.clear();
-    if (song_.tracks.commonLength() == 0)
+    if (song_.tracks.commonLength() == 0 && !song_.playback.hasBeats())
         clock_->report(0, double(MidiKeyboard::now()));
     emit recordingChanged(true);
 }
@@ -79,7 +79,7 @@ void KeyRecorder::release(int pitch, qint64 at)
 }
 
 // A song that waits for its samples, or is counted in, does not move.
-void KeyRecorder::followPosition(Ticks position)
+void KeyRecorder::report(Ticks position)
 {
     if (!isRecording() || !song_.playback.isPlaying() || position == std::exchange(lastPosition_, position))
         return;

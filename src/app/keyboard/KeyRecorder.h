@@ -33,12 +33,15 @@ public:
     KeyRecorder(const Song &song, LiveKeyboard &keyboard, QObject *parent = nullptr);
 
     bool isRecording() const { return clock_.has_value(); }
-    // Into the part that is played at the moment; there must be one. The song is to be played next, unless it has no
-    // notes: then its time runs from here. tempoFactor: as it is heard.
+    // Into the part that is played at the moment; there must be one. The song is to be played next, unless it has
+    // neither notes nor beats: then its time runs from here. tempoFactor: as it is heard.
     void start(double tempoFactor);
     // What was played becomes notes.
     void finish();
     void cancel(); // it does not
+
+    // What the player tells of a track that runs with the song.
+    void report(Ticks position);
 
 signals:
     void recordingChanged(bool isRecording);
@@ -53,7 +56,6 @@ private:
 
     void press(int pitch, qint64 at);
     void release(int pitch, qint64 at);
-    void followPosition(Ticks position);
     void convert(const Key &key);
     Ticks step() const;
     void write(const QVector<NoteSpec> &notes);

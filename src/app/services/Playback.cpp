@@ -158,12 +158,23 @@ void Playback::setMetronome(const Metronome &metronome)
 void Playback::followBeats()
 {
     const auto leader = list_.leader();
-    if (!metronome_.isOn || !leader || (leader->track == counted_ && list_.commonLength() == countedLength_))
+    if (!metronome_.isOn || !leader || (leader->track == counted_ && beatsEnd() == countedLength_))
         return;
     counted_ = leader->track;
-    countedLength_ = list_.commonLength();
+    countedLength_ = beatsEnd();
     const auto beats = ClickTrack::beats(*counted_, countedLength_);
     player_.playTrack(clicks(beats, PlayRequest::Begin::WithTheGroup));
+}
+
+bool Playback::isMetronome(const QString &trackId)
+{
+    return trackId == metronomeId;
+}
+
+Ticks Playback::beatsEnd() const
+{
+    constexpr Ticks room = 1000 * ticksPerWholeNote;
+    return list_.commonLength() + (isRecording_ ? room : 0);
 }
 
 PlayRequest Playback::clicks(const Track &beats, PlayRequest::Begin begin, Ticks from) const
@@ -185,7 +196,7 @@ QVector<PlayRequest> Playback::clicksFor(Ticks from)
     if (!leader)
         return requests;
     counted_ = leader->track;
-    countedLength_ = list_.commonLength();
+    countedLength_ = beatsEnd();
     const auto countIn = ClickTrack::countIn(*counted_, from, metronome_.countIn);
     if (countIn.length() > 0)
         requests.append(clicks(countIn, Begin::BeforeTheOthers));
@@ -270,7 +281,7 @@ void Playback::onTrackStarted(const QString &id)
 void Playback::onTrackStopped(const QString &id)
 {
     tellPlaying([&] { playing_.remove(id); });
-    const bool isSongOver = playing_ == QSet<QString>{metronomeId};
+    const bool isSongOver = playing_ == QSet<QString>{metronomeId} && !isRecording_;
     if (isSongOver && stopsUnderWay_ == 0) // otherwise it is stopped, too, and may be another one by now
         player_.stopTrack(metronomeId);
 }

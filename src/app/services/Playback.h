@@ -55,6 +55,10 @@ public:
     void setLoop(const std::optional<LoopRegion> &region);
     void setTempoFactor(double factor); // 0.25 … 2
     void setMetronome(const Metronome &metronome);
+    bool hasBeats() const { return metronome_.isOn; }
+    static bool isMetronome(const QString &trackId);
+    // Whether the beats go on behind the song's end, since somebody records there: from the next play() on.
+    void setRecording(bool isRecording) { isRecording_ = isRecording; }
     // Beside the parts' start offsets. Its dice are thrown by play().
     void setRehearsal(const Rehearsal &rehearsal);
     const Rehearsal &rehearsal() const { return rehearsal_; }
@@ -81,6 +85,7 @@ private:
     void throwDice();
     double offsetOf(const SongTrack &track) const { return track.startOffset + rehearsal_.offset(track.id); }
     void followBeats();
+    Ticks beatsEnd() const;
     PlayRequest clicks(const Track &beats, PlayRequest::Begin begin, Ticks from = 0) const;
     QVector<PlayRequest> clicksFor(Ticks from);
     void onTrackStarted(const QString &id);
@@ -94,6 +99,7 @@ private:
     Metronome metronome_;
     std::shared_ptr<const Track> counted_; // whose beats are heard, and up to where
     Ticks countedLength_ = 0;
+    bool isRecording_ = false;
     QSet<QString> playing_;
     QHash<QString, std::shared_ptr<const Track>> standIns_;
     bool isStarting_ = false;
