@@ -99,7 +99,7 @@ QString madeUpTune(Random &random)
             tune += QStringLiteral(".%1 .%2 ").arg(note(), note());
             break;
         case 5:
-            tune += QStringLiteral("[%1-%2]%1 ").arg(tied, note());
+            tune += QStringLiteral("[%1-%2]%1 ").arg(tied, anyOf<4>(random, {"d", "f", "_a", "^g"}));
             break;
         case 6:
             tune += QStringLiteral("\"Am\"%1 z ").arg(note());
@@ -247,6 +247,23 @@ bool overlaps(const AbcUnit &unit, const std::optional<NoteSpec> &note)
     return note && unit.start < note->start + note->length && note->start < unit.end;
 }
 
+// A note of the same pitch that sounds at the same time: a tie between its parts would take the new note in.
+bool sharesPitch(const TrackEvent &event, const std::optional<NoteSpec> &note)
+{
+    return note && event.isNote() && event.pitch() == note->pitch && event.start() <= note->start + note->length &&
+           note->start <= event.end();
+}
+
+bool meetsItsPitch(const AbcReading &reading, const Case &made)
+{
+    const auto &events = reading.track.events();
+    for (int i = 0; i < events.size(); ++i) {
+        if (i != made.event && sharesPitch(events[i], made.after))
+            return true;
+    }
+    return false;
+}
+
 // Nothing differs but the notes of the measures in which the note sounds, before and after.
 bool isMinimal(const Anatomy &before, const Anatomy &after, const AbcReading &reading, const Case &made)
 {
@@ -258,7 +275,8 @@ bool isMinimal(const Anatomy &before, const Anatomy &after, const AbcReading &re
             mayDiffer.insert(partAt(before, unit.range.offset, unit.isGap));
     }
     for (const auto &token : reading.layout.tokens) {
-        if (made.event >= 0 && token.event == made.event)
+        const bool isOwn = made.event >= 0 && token.event == made.event;
+        if (isOwn || (token.event >= 0 && sharesPitch(reading.track.events()[token.event], made.after)))
             mayDiffer.insert(partAt(before, token.range.offset, false));
     }
     for (int part = 0; part < before.parts.size(); ++part) {
@@ -437,7 +455,7 @@ void Driver::judgeGroups(const QString &text, const AbcReading &reading, const C
         shares.broken.add(said("broken rhythm lost",
                                count(after, AbcTokenType::BrokenRhythm) >= count(before, AbcTokenType::BrokenRhythm),
                                text, result, made));
-    if (hasTie && staysTied)
+    if (hasTie && staysTied && !meetsItsPitch(reading, made))
         shares.ties.add(said("tie lost", after.ties >= before.ties, text, result, made));
     if (hasDot && staysDotted)
         shares.staccato.add(said("staccato lost", after.staccatos >= before.staccatos, text, result, made));

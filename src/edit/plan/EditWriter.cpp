@@ -79,6 +79,17 @@ void EditWriter::writeRun(const EditRun &run)
     }
 }
 
+// A chord would take the dot of a staccato note that follows it for one of its own.
+void EditWriter::addChange(TextRange range, QString text)
+{
+    const auto afterChord = text.mid(text.lastIndexOf(u']') + 1);
+    const bool endsInChord = text.contains(u']') && std::none_of(afterChord.begin(), afterChord.end(),
+                                                                 [](QChar c) { return c.isLetter() || c.isSpace(); });
+    if (endsInChord && range.end() < text_.size() && text_[range.end()] == u'.')
+        text += u' ';
+    changes_.append({range, text});
+}
+
 void EditWriter::writeElements(const AbcUnit &unit)
 {
     const auto &all = pieces_.of(int(&unit - layout_.units.data()));
@@ -94,7 +105,7 @@ void EditWriter::writeElement(const AbcTextElement &element, std::span<const Not
         for (auto token = element.firstToken; token < element.endToken; ++token)
             passToken(token);
     } else {
-        changes_.append({element.range, elementText(element, pieces)});
+        addChange(element.range, elementText(element, pieces));
     }
 }
 

@@ -22,6 +22,7 @@ private:
     void passToken(int token);
     void writeRun(const EditRun &run);
 
+    void addChange(TextRange range, QString text);
     void writeElements(const AbcUnit &unit);
     void writeElement(const AbcTextElement &element, std::span<const NotePiece> pieces);
     bool isUnchanged(const AbcTextElement &element, std::span<const NotePiece> pieces) const;

@@ -164,7 +164,7 @@ void EditWriter::writeFree(const EditRun &run)
     }
     if (!text.isEmpty() && layout_.units[run.last].isGap && !isBlankAt(range.end()))
         text.append(u' ');
-    changes_.append({range, text});
+    addChange(range, text);
 }
 
 // Measures in which something sounds now stand between bar lines of their own.
@@ -196,5 +196,5 @@ void EditWriter::writeMeasures(const EditRun &run)
         begin = measure.end;
     }
     addSilence(unit.end);
-    changes_.append({unit.range, measures.join(QStringLiteral(" | "))});
+    addChange(unit.range, measures.join(QStringLiteral(" | ")));
 }
