@@ -15,6 +15,12 @@ enum class FindingKind : quint8 {
     BarLineSilence,
     BarLineOverlap,
     LongText,
+    OpenGraceNotes,
+    StraySign,
+    LostTie,
+    UnreadableField,
+    IgnoredField,
+    SecondTune,
     // in its notes
     EmptyPart,
     ManyNotes,

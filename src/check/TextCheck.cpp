@@ -1,8 +1,11 @@
 #include "check/TextCheck.h"
 
 #include "check/BarLineRule.h"
+#include "check/FieldRule.h"
+#include "check/PairRule.h"
 #include "check/RangeRule.h"
 #include "check/RefusalRule.h"
+#include "check/TieRule.h"
 #include "core/AbcParser.h"
 
 #include <tuple>
@@ -13,7 +16,11 @@ namespace {
 class TextRules final : public AbcListener
 {
 public:
-    explicit TextRules(TextFindings &out) : out_(out), rules_{RefusalRule(out), RangeRule(out), BarLineRule(out)} {}
+    explicit TextRules(TextFindings &out)
+        : out_(out), rules_{RefusalRule(out), FieldRule(out), RangeRule(out),
+                            BarLineRule(out), TieRule(out),   PairRule(out)}
+    {
+    }
 
     void bodyBegins(int line, quint32 keyRow) override
     {
@@ -26,6 +33,7 @@ public:
     void elementBegins(const AbcToken &first, bool, bool) override
     {
         tell([&](auto &rule) { rule.elementBegins(first); });
+        out_.elementBegins();
     }
     void note(const AbcToken &token, const AbcPitch &pitch) override
     {
@@ -35,7 +43,7 @@ public:
     void elementSounds(Ticks end) override
     {
         tell([&](auto &rule) { rule.elementSounds(end); });
-        out_.position = end;
+        out_.elementSounds(end);
     }
     void barLine(const AbcToken &token, quint32, Ticks position) override
     {
@@ -46,9 +54,9 @@ public:
     {
         tell([&](auto &rule) { rule.keyChange(token, keyRow); });
     }
-    void tieLost(Ticks end) override
+    void tieLost(const TrackEvent &note) override
     {
-        tell([&](auto &rule) { rule.tieLost(end); });
+        tell([&](auto &rule) { rule.tieLost(note); });
     }
     bool refused(AbcRefusal why, const AbcToken &first, const AbcToken &last) override
     {
@@ -68,7 +76,7 @@ private:
     }
 
     TextFindings &out_;
-    std::tuple<RefusalRule, RangeRule, BarLineRule> rules_;
+    std::tuple<RefusalRule, FieldRule, RangeRule, BarLineRule, TieRule, PairRule> rules_;
 };
 
 } // namespace

@@ -17,6 +17,26 @@ void TextFindings::add(Finding finding)
     findings_.append(std::move(finding));
 }
 
+void TextFindings::addBehindElement(Finding finding)
+{
+    finding.tick = position;
+    if (hasElement_)
+        waiting_.append(std::move(finding));
+    else
+        add(std::move(finding));
+}
+
+void TextFindings::elementSounds(Ticks end)
+{
+    position = end;
+    hasElement_ = false;
+    for (auto &finding : waiting_) {
+        finding.tick = end;
+        add(std::move(finding));
+    }
+    waiting_.clear();
+}
+
 QVector<Finding> TextFindings::take()
 {
     std::stable_sort(findings_.begin(), findings_.end(),

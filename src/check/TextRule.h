@@ -25,6 +25,10 @@ public:
     // Whether the kind has room for one more, so that nobody makes words in vain.
     bool hasRoomFor(FindingKind kind) const { return counts_[size_t(kind)] < mostFindings_; }
     void add(Finding finding);
+    // Of what stands behind the element that is read and has no end yet: its time is told with that.
+    void addBehindElement(Finding finding);
+    void elementBegins() { hasElement_ = true; }
+    void elementSounds(Ticks end);
     QVector<Finding> take(); // in the order of the text
 
 private:
@@ -33,6 +37,8 @@ private:
     int mostFindings_;
     std::array<int, findingKindCount> counts_{};
     QVector<Finding> findings_;
+    bool hasElement_ = false;
+    QVector<Finding> waiting_; // for its end
 };
 
 // A check of the text of one part: it hears what an AbcListener hears, in the same order. A rule defines the calls that
@@ -50,7 +56,7 @@ public:
     void elementSounds(Ticks /*end*/) {}
     void barLine(const AbcToken &, Ticks /*position*/) {} // out_.position is still the one before it
     void keyChange(const AbcToken &, quint32 /*keyRow*/) {}
-    void tieLost(Ticks /*end*/) {}
+    void tieLost(const TrackEvent & /*note*/) {}
     void refused(AbcRefusal, const AbcToken & /*first*/, const AbcToken & /*last*/) {}
     void textEnds(const Track &) {} // all of it is read
 

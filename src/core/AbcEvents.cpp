@@ -108,7 +108,7 @@ void AbcEvents::tieFrom(qsizetype firstEvent)
 void AbcEvents::loseTie(const TrackEvent &note)
 {
     if (listener_ != nullptr)
-        listener_->tieLost(note.end());
+        listener_->tieLost(note);
 }
 
 QVector<TrackEvent> AbcEvents::take()

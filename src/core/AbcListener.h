@@ -2,6 +2,7 @@
 
 #include "core/AbcTokenizer.h"
 #include "core/Ticks.h"
+#include "core/TrackEvent.h"
 
 // A note as it is written and as it sounds.
 struct AbcPitch
@@ -44,9 +45,9 @@ public:
     // Told for each element, but only when what follows it is known, which can still change its length.
     virtual void elementSounds(Ticks end) = 0;
 
-    // A note whose tie the next note of its pitch does not continue, or none does; it ends at the tick. Told when that
-    // is known, so not in the order of time.
-    virtual void tieLost(Ticks /*end*/) {}
+    // A note whose tie the next note of its pitch does not continue, or none does. Told when that is known, so not in
+    // the order of time.
+    virtual void tieLost(const TrackEvent & /*note*/) {}
 
     // What stands from one token to the other, often the same, is refused, and no other call tells of it. True: reading
     // goes on behind it, as if blanks stood there. False: parseAbc() throws.

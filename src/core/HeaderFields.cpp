@@ -138,14 +138,19 @@ Key parseKey(const QString &text)
     return findKey(text).value_or(Key());
 }
 
-quint32 parseUnitLength(QStringView text)
+std::optional<quint32> findUnitLength(QStringView text)
 {
     const auto fraction = readFraction(text);
     const auto denominator = fraction.denominator.value_or(1);
     if (!fraction.numerator || denominator == 0)
-        return quint32(ticksPerQuarter);
+        return {};
     const quint32 unitLength = *fraction.numerator * quint32(ticksPerWholeNote) / denominator;
-    return unitLength != 0 ? unitLength : quint32(ticksPerQuarter);
+    return unitLength != 0 ? std::optional(unitLength) : std::nullopt;
+}
+
+quint32 parseUnitLength(QStringView text)
+{
+    return findUnitLength(text).value_or(quint32(ticksPerQuarter));
 }
 
 bool Metre::isCompound() const

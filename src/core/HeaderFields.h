@@ -22,6 +22,8 @@ std::optional<Key> findKey(const QString &text);
 // The neutral key where there is none to be found.
 Key parseKey(const QString &text);
 
+// Nothing where there is no length above 0 to be found.
+std::optional<quint32> findUnitLength(QStringView text);
 // Ticks of "1/8", "3/16" or "2" (two whole notes). A quarter note when the text is empty, cannot be read or comes to
 // nothing.
 quint32 parseUnitLength(QStringView text);

@@ -19,7 +19,9 @@ QString refusalText(AbcRefusal why, const AbcToken &token)
     case AbcRefusal::HeaderText:
         return QStringLiteral("Unexpected text in the header; the music begins behind the K: line");
     case AbcRefusal::UnknownToken:
-        return QStringLiteral("“%1” means nothing here").arg(token.text.toString());
+        return (token.text == u"\"" || token.text == u"!" ? QStringLiteral("The sign %1 has no second one behind it")
+                                                          : QStringLiteral("“%1” means nothing here"))
+            .arg(token.text.toString());
     case AbcRefusal::HugeNumber:
         return QStringLiteral("The number is too large");
     case AbcRefusal::OpenChord:

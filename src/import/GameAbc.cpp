@@ -21,7 +21,7 @@ public:
     void elementSounds(Ticks end) override { position_ = end; }
     void barLine(const AbcToken &token, quint32 keyRow, Ticks position) override;
     void keyChange(const AbcToken &, quint32) override {}
-    void tieLost(Ticks end) override { lostTies_.push_back(end); }
+    void tieLost(const TrackEvent &note) override { lostTies_.push_back(note.end()); }
     void takeTies(); // once all are known
 
 private:

@@ -73,6 +73,17 @@ private slots:
         row("no metre, no measures", "C|[M:none]||C|E", "pick-up 1+1 @1", "z3 C|[M:none]||C|E");
         row("out of range", "d'''2 [^c'''E]2 | [K:D] .f,,,,,,4",
             "out-of-range 0+5 @0, out-of-range 7+5 @2, out-of-range 24+9 @4", "d''2 [^c''E]2 | [K:D] .F,,,4");
+        row("stray signs", "C)C]C2}|(CE)E2|", "stray-sign 1+1 @1, stray-sign 3+1 @2, stray-sign 6+1 @4",
+            "CCC2|(CE)E2|");
+        row("a chord's bracket is told once", "[CEFG|C]C3|", "refused-text 0+1 @0", "");
+        row("grace notes", "{C}C4|{/DE C4|\nC4", "open-grace-notes 6+2 @4", "");
+        row("ties", "C-C-D2|[CE]-[CG]-G2|E- -",
+            "lost-tie 3+1 @2, lost-tie 11+1 @5, lost-tie 16+1 @6, lost-tie 21+1 @9, stray-sign 23+1 @9",
+            "C-CD2|[CE]-[CG]-G2|E -");
+        row("fields", "C4|[L:1/8][M:odd][K:Hmin]C4\nQ:fast\nX:2\nK:none\nM:C|",
+            "ignored-field 3+7 @4, unreadable-field 10+7 @4, unreadable-field 17+8 @4, unreadable-field 28+6 @8, "
+            "second-tune 35+3 @8",
+            "");
         row("silent and far", "D4|c4", "no-sample 0+2 @0, far-from-sample 3+2 @4", "");
         row("no notes", "z4|", "empty-part", "");
     }
