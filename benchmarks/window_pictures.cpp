@@ -182,9 +182,12 @@ void takeEditor(WindowFixture &fixture)
     take(editor, "editor-roll");
     trigger("actionStop");
     auto broken = editor.document().appliedTrack();
-    editor.document().replaceText(broken.toAbc() + QStringLiteral("\n§ c9 ]\n"), QStringLiteral("Break"));
+    editor.document().replaceText(broken.toAbc() + QStringLiteral("\n§ c9 ] [eg] || G- A | Z\n"),
+                                  QStringLiteral("Break"));
     QTest::qWait(500);
+    trigger("actionShowProblems");
     take(editor, "editor-problems");
+    trigger("actionShowProblems");
     trigger("actionRevert");
     takeEditorDialogs(fixture);
 }

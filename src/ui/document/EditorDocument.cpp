@@ -1,6 +1,8 @@
 #include "ui/document/EditorDocument.h"
 
 #include "base/ErrorText.h"
+#include "check/FindingKinds.h"
+#include "check/PartCheck.h"
 #include "core/AbcParser.h"
 #include "edit/NoteLookup.h"
 #include "edit/plan/NoteEditPlan.h"
@@ -15,6 +17,24 @@
 namespace {
 
 constexpr int restBeforeReading = 150; // ms
+constexpr int restBeforeChecking = 60;
+
+// Of the part by itself and its one instrument: it may have no notes yet, and the song knows whether it has the
+// instrument that the text names.
+QVector<Finding> findingsIn(const QString &text, const Instrument &instrument, const std::stop_token &stop)
+{
+    InstrumentSet instruments;
+    if (!instrument.tuning.notes.isEmpty())
+        instruments.add(instrument);
+    auto findings = checkPart(text, instrument.name, instruments, {}, stop).findings;
+    findings.erase(std::remove_if(findings.begin(), findings.end(),
+                                  [](const Finding &finding) {
+                                      return finding.kind == FindingKind::EmptyPart ||
+                                             finding.kind == FindingKind::UnknownInstrument;
+                                  }),
+                   findings.end());
+    return findings;
+}
 
 } // namespace
 
@@ -24,6 +44,9 @@ EditorDocument::EditorDocument(QObject *parent) : QObject(parent)
     restTimer_.setSingleShot(true);
     restTimer_.setInterval(restBeforeReading);
     connect(&restTimer_, &QTimer::timeout, this, &EditorDocument::startReading);
+    checkTimer_.setSingleShot(true);
+    checkTimer_.setInterval(restBeforeChecking);
+    connect(&checkTimer_, &QTimer::timeout, this, &EditorDocument::startChecking);
     connect(&text_, &QTextDocument::contentsChange, this, &EditorDocument::onContentsChange);
     connect(&text_, &QTextDocument::modificationChanged, this,
             [this](bool modified) { emit isAppliedChanged(!modified); });
@@ -47,6 +70,7 @@ void EditorDocument::onContentsChange(int position, int removed, int added)
     seenTextRevision_ = text_.revision();
     ++revision_;
     reading_.addTyping(position, removed, added);
+    findings_.addTyping(position, removed, added);
     restTimer_.start();
     emit charactersChanged();
 }
@@ -82,11 +106,44 @@ void EditorDocument::takeReading(AbcReading reading, int revision)
     reading_.take(std::move(reading));
     readRevision_ = revision;
     restTimer_.stop();
+    findings_.takeRefusals(reading_->problems);
+    checkTimer_.start();
     playback_.follow(track());
     caret_ = reading_.caretAt(caret_.offset);
     emit readingChanged();
+    emit findingsChanged();
     emit selectionChanged();
     emit caretChanged();
+}
+
+void EditorDocument::startChecking()
+{
+    if (!isCurrent())
+        return;
+    const auto check = [text = text_.toPlainText(), instrument = instrument_](const TaskControl &control) {
+        return findingsIn(text, instrument, control.stop());
+    };
+    const auto take = [this, revision = revision_](const QVector<Finding> &findings) {
+        if (revision != revision_)
+            return;
+        findings_.take(findings);
+        emit findingsChanged();
+    };
+    checker_.start(check, take, [](const QString &) {}); // the reader says the same
+}
+
+void EditorDocument::fix(const QVector<Finding> &findings)
+{
+    QVector<TextChange> changes;
+    for (const auto &finding : findings) {
+        if (changes.isEmpty() || finding.fix.isEmpty() ||
+            changes.last().range.end() <= finding.fix.first().range.offset)
+            changes += finding.fix;
+    }
+    if (changes.isEmpty())
+        return;
+    replaceRanges(changes, FindingKinds::fixText(findings.first().kind));
+    update();
 }
 
 void EditorDocument::selectNotes(const QVector<int> &notes)
@@ -320,6 +377,7 @@ bool EditorDocument::apply(QString *error)
 void EditorDocument::setInstrument(const Instrument &instrument)
 {
     instrument_ = instrument;
+    checkTimer_.start();
     emit instrumentChanged();
 }
 

@@ -2,6 +2,7 @@
 
 #include "assets/Instrument.h"
 #include "base/Task.h"
+#include "check/LiveFindings.h"
 #include "core/Track.h"
 #include "edit/LiveReading.h"
 #include "edit/NoteEdit.h"
@@ -29,7 +30,8 @@ struct Plan;
 // from its beginning, which is what QTextCursor counts.
 //
 // The text is read again 150 ms after it last changed, in the background; where it has errors, track() is what could be
-// read of it. An edit in notes first reads the text at once when it must, and is itself read at once.
+// read of it. An edit in notes first reads the text at once when it must, and is itself read at once. What is wrong
+// with it is looked for in the background whenever it was read.
 class EditorDocument : public QObject
 {
     Q_OBJECT
@@ -50,6 +52,13 @@ public:
     const Track &track() const { return reading_->track; }
     bool hasErrors() const { return !reading_->problems.isEmpty(); }
     Ticks unitLength() const { return reading_->unitLength; } // the L field in ticks
+
+    // What is wrong with the text as it stands now: what cannot be read as soon as the text was read, all else of it,
+    // and fixes, soon after.
+    const QVector<Finding> &findings() const { return findings_.all(); }
+    QVector<Finding> findingsAt(TextRange range) const { return findings_.at(range); }
+    // Makes the fixes one step of the history; of those that overlap, the first one.
+    void fix(const QVector<Finding> &findings);
 
     // See LiveReading.
     TextRange textOf(int note) const { return reading_.textOf(note); }
@@ -137,6 +146,7 @@ public slots:
 
 signals:
     void readingChanged();   // track(), problems and every index may differ
+    void findingsChanged();  // typing that moves or removes some is not told
     void selectionChanged(); // selectedNotes()
     void caretChanged();
     void caretMoveRequested(int offset);
@@ -154,6 +164,7 @@ private:
     void startReading();
     void takeLateReading(const AbcReading &reading, int revision);
     void takeReading(AbcReading reading, int revision);
+    void startChecking();
     enum class Step { New, Joined };
     void replaceRanges(const QVector<TextChange> &changes, const QString &name, Step step);
     bool editAs(Step step, const NoteEdit &edit, const QString &name);
@@ -190,6 +201,9 @@ private:
     QTimer restTimer_;
     std::optional<Gesture> gesture_;
     RewriteQuestion mayRewrite_;
+    LiveFindings findings_;
+    Task checker_;
+    QTimer checkTimer_;
 
     Track applied_;
     Instrument instrument_;

@@ -1,5 +1,6 @@
 #include "ui/editor/AbcEditorWindow.h"
 
+#include "check/FindingKinds.h"
 #include "settings/Settings.h"
 #include "ui/Dialogs.h"
 #include "ui/ManualPage.h"
@@ -24,6 +25,8 @@
 #include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 AbcEditorWindow::AbcEditorWindow(Settings &settings, Dialogs &dialogs, TrackPlayer &player, QWidget *parent)
     : QMainWindow(parent), settings_(settings), dialogs_(dialogs),
@@ -100,7 +103,7 @@ void AbcEditorWindow::createMenus()
         return menu;
     };
     add(tr("&Tune"), Id::Apply, Id::Close);
-    add(tr("&Edit"), Id::Undo, Id::PreviousProblem);
+    add(tr("&Edit"), Id::Undo, Id::FixProblem);
     auto *const notes = menuBar()->addMenu(tr("&Notes"));
     notes->addActions(QList<QAction *>(roll_->actions().editActions().begin(), roll_->actions().editActions().end()));
     notes->addSeparator();
@@ -208,6 +211,10 @@ void AbcEditorWindow::connectEditing()
     on(Id::GoToLine, this, &AbcEditorWindow::goToLine);
     on(Id::NextProblem, problems_, &ProblemList::goToNext);
     on(Id::PreviousProblem, problems_, &ProblemList::goToPrevious);
+    on(Id::FixProblem, this, [this] {
+        if (!text_->fixAtCaret())
+            status_->say(tr("There is nothing at the caret that has one right fix."));
+    });
     on(Id::QuickRealign, transforms_, &EditorTransforms::quickRealign);
     on(Id::RealignNotes, transforms_, &EditorTransforms::realignNotes);
     on(Id::CleanQuantise, transforms_, &EditorTransforms::cleanQuantise);
@@ -265,7 +272,7 @@ void AbcEditorWindow::connectViews()
         connect((*actions_)[id], &QAction::toggled, receiver, slot);
     };
     on(Id::ShowRoll, this, &AbcEditorWindow::showRoll);
-    on(Id::ShowProblems, problems_, &QWidget::setVisible);
+    on(Id::ShowProblems, this, &AbcEditorWindow::showProblems);
     on(Id::WrapLines, text_, &AbcTextEdit::setWrapsLines);
     (*actions_)[Id::Follow]->setChecked(true);
     on(Id::Follow, text_, &AbcTextEdit::setFollowsPlayback);
@@ -292,11 +299,9 @@ void AbcEditorWindow::connectDocument()
     connect(&document_, &EditorDocument::applied, this, &AbcEditorWindow::applied);
     connect(&document_, &EditorDocument::applied, status_, [this] { status_->say(tr("The changes are applied.")); });
     connect(&document_, &EditorDocument::isAppliedChanged, this, &AbcEditorWindow::showTitle);
-    connect(&document_, &EditorDocument::readingChanged, this, [this] {
-        showTitle();
-        if (document_.hasErrors())
-            (*actions_)[Id::ShowProblems]->setChecked(true);
-    });
+    connect(&document_, &EditorDocument::readingChanged, this, &AbcEditorWindow::showTitle);
+    connect(transforms_, &EditorTransforms::refused, this, &AbcEditorWindow::goToError);
+    connect(&document_, &EditorDocument::applied, this, &AbcEditorWindow::openProblems);
     const auto follow = [this](Id id, void (QTextDocument::*signal)(bool)) {
         (*actions_)[id]->setEnabled(false);
         connect(document_.text(), signal, (*actions_)[id], &QAction::setEnabled);
@@ -340,6 +345,32 @@ void AbcEditorWindow::showRoll(bool visible)
         text_->setFocus();
 }
 
+void AbcEditorWindow::showProblems(bool visible)
+{
+    problems_->setVisible(visible);
+    mayOpenProblems_ = visible;
+}
+
+// After Apply, and never again once it was closed.
+void AbcEditorWindow::openProblems()
+{
+    const auto &findings = document_.findings();
+    if (mayOpenProblems_ && std::any_of(findings.begin(), findings.end(), [](const Finding &finding) {
+            return FindingKinds::severity(finding.kind) == Severity::Error;
+        }))
+        (*actions_)[EditorActions::ShowProblems]->setChecked(true);
+}
+
+void AbcEditorWindow::goToError()
+{
+    document_.update();
+    openProblems();
+    if (!document_.hasErrors())
+        return;
+    text_->goTo(document_.reading().problems.first().range);
+    text_->setFocus();
+}
+
 void AbcEditorWindow::switchView()
 {
     if (text_->hasFocus()) {
@@ -352,9 +383,10 @@ void AbcEditorWindow::switchView()
 
 void AbcEditorWindow::save()
 {
-    document_.apply();
-    if (!document_.isApplied())
+    if (!document_.apply()) {
+        goToError();
         status_->say(tr("The text has errors: it is a draft, and the part stays as it was applied last."));
+    }
     emit saveRequested();
 }
 

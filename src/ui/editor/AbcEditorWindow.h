@@ -69,6 +69,9 @@ private:
     void showPlaying();
     void showTempo(int percent);
     void showRoll(bool visible);
+    void showProblems(bool visible);
+    void openProblems();
+    void goToError();
     void switchView();
 
     Settings &settings_;
@@ -85,6 +88,7 @@ private:
     ProblemList *problems_;
     EditorStatus *status_;
     EditorCleanUp *cleanUp_;
+    bool mayOpenProblems_ = true;
     QSlider *tempo_ = nullptr;
     QLabel *tempoLabel_ = nullptr;
 };

@@ -44,6 +44,8 @@ constexpr std::array<Row, EditorActions::idCount> rows{{
     {"actionGoToLine", "&Go to Line…", "Ctrl+G", "Put the caret on a line", "", Scope::Window, group},
     {"actionNextProblem", "Ne&xt Problem", "F8", "Go to the next error of the text", ""},
     {"actionPreviousProblem", "Previous Pro&blem", "Shift+F8", "Go to the previous error of the text", ""},
+    {"actionFixProblem", "F&ix Problem", "Alt+Return", "Mend what is wrong at the caret, where there is one right way",
+     ""},
     {"actionQuickRealign", "&Quick Realign", "Ctrl+R", "Move all notes onto the nearest 128th or tuplet of it", "snap"},
     {"actionRealignNotes", "&Realign Notes…", "Ctrl+Shift+R", "Move all notes onto the grids of your choice", ""},
     {"actionCleanQuantise", "&Clean Quantise", "", "Write all notes as a musician would, on the grid of each measure",

@@ -33,6 +33,7 @@ public:
         GoToLine,
         NextProblem,
         PreviousProblem,
+        FixProblem,
         QuickRealign,
         RealignNotes,
         CleanQuantise,

@@ -13,15 +13,17 @@ EditorStatus::EditorStatus(EditorDocument &document, QWidget *parent)
       time_(addLabel("lblTime", tr("%1, tick %2").arg(QStringLiteral("Measure 88, beat 8")).arg(888888),
                      tr("The caret in the music; a whole note has 40320 ticks"))),
       note_(addLabel("lblNote", QStringLiteral("C♯8, 8/8"), tr("Pitch and length of the note at the caret"))),
-      problems_(addLabel("lblProblems", QString(), tr("Errors of the text"))),
+      problems_(addLabel("lblProblems", QString(), tr("What is wrong with the text"))),
       state_(addLabel("lblState", tr("Unapplied changes"), tr("Whether the song has what the text says")))
 {
     setSizeGripEnabled(false);
     setMinimumHeight(sizeHint().height());
     connect(&document_, &EditorDocument::readingChanged, this, &EditorStatus::readTrack);
+    connect(&document_, &EditorDocument::findingsChanged, this, &EditorStatus::showProblems);
     connect(&document_, &EditorDocument::caretChanged, this, &EditorStatus::showCaret);
     connect(&document_, &EditorDocument::isAppliedChanged, this, &EditorStatus::showState);
     readTrack();
+    showProblems();
     showState();
 }
 
@@ -44,12 +46,16 @@ void EditorStatus::say(const QString &message)
 void EditorStatus::readTrack()
 {
     measures_ = Measures(document_.track());
-    const auto count = int(document_.reading().problems.size());
+    showCaret();
+}
+
+void EditorStatus::showProblems()
+{
+    const auto count = int(document_.findings().size());
     problems_->setText(count == 0 ? QString() : count == 1 ? tr("1 problem") : tr("%1 problems").arg(count));
     auto font = problems_->font();
     font.setBold(count > 0);
     problems_->setFont(font);
-    showCaret();
 }
 
 void EditorStatus::showCaret()

@@ -23,6 +23,7 @@ public:
 private:
     QLabel *addLabel(const char *objectName, const QString &widest, const QString &tip);
     void readTrack();
+    void showProblems();
     void showCaret();
     void showState();
 

@@ -29,6 +29,7 @@ bool EditorTransforms::apply()
     QString error;
     if (document_.apply(&error))
         return true;
+    emit refused();
     dialogs_.message(&window_, Dialogs::Severity::Warning, tr("The changes cannot be applied"), error);
     return false;
 }

@@ -39,6 +39,9 @@ public:
     // Whether the user agrees to lose what stands in the text beside the notes.
     bool mayRewrite(const RewriteLoss &loss);
 
+signals:
+    void refused(); // the text has errors
+
 public slots:
     void quickRealign();
     void realignNotes();

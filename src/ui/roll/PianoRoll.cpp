@@ -50,6 +50,10 @@ PianoRoll::~PianoRoll() = default;
 void PianoRoll::connectDocument()
 {
     connect(&document_, &EditorDocument::readingChanged, this, &PianoRoll::readTrack);
+    connect(&document_, &EditorDocument::findingsChanged, this, [this] {
+        state_.readFindings(document_);
+        ruler_->update();
+    });
     connect(&document_, &EditorDocument::selectionChanged, this, &PianoRoll::onSelectionChanged);
     connect(&document_, &EditorDocument::caretChanged, this, &PianoRoll::onCaretChanged);
     connect(&document_, &EditorDocument::instrumentChanged, this, &PianoRoll::readInstrument);

@@ -54,6 +54,8 @@ RollColours::RollColours(const QPalette &palette, const QColor &noteColour)
     rulerText = palette.color(QPalette::WindowText);
     rulerMark = mixed(ruler, rulerText, 0.35);
 
+    error = isDark ? QColor(255, 107, 94) : QColor(217, 45, 32);
+    warning = isDark ? QColor(242, 180, 60) : QColor(214, 138, 0);
     cursor = isDark ? QColor(120, 200, 255) : QColor(0, 110, 190);
     playing = isDark ? QColor(255, 96, 96) : QColor(216, 36, 52);
     band = palette.color(QPalette::Highlight);

@@ -31,6 +31,8 @@ struct RollColours
     QColor ruler;
     QColor rulerText;
     QColor rulerMark;
+    QColor error;
+    QColor warning;
     QColor cursor;
     QColor playing; // position line and the keys that sound
     QColor band;

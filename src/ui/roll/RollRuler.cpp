@@ -1,12 +1,17 @@
 #include "ui/roll/RollRuler.h"
 
+#include "check/FindingKinds.h"
 #include "ui/SharpPainter.h"
 #include "ui/roll/RollState.h"
 #include "ui/timeline/MarkTexts.h"
 
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QToolTip>
+
+#include <cmath>
 
 namespace {
 
@@ -15,6 +20,8 @@ constexpr qreal beatTickLength = 5;
 constexpr qreal measureTickLength = 9;
 constexpr int textMargin = 4;
 constexpr int pointerWidth = 6; // from its middle
+constexpr qreal findingRadius = 3.5;
+constexpr int mostSentences = 10; // of a tool tip
 
 } // namespace
 
@@ -58,6 +65,7 @@ void RollRuler::paintEvent(QPaintEvent *event)
 
     const auto hairline = geometry.hairline();
     painter.fillRect(QRectF(clip.left(), height() - hairline, clip.width(), hairline), state_.colours.measureLine);
+    paintFindings(painter);
     paintPointer(painter, state_.cursor, state_.colours.cursor);
     if (state_.playing)
         paintPointer(painter, *state_.playing, state_.colours.playing);
@@ -111,6 +119,44 @@ void RollRuler::paintPointer(QPainter &painter, Ticks tick, const QColor &colour
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(pointer, colour);
     painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
+void RollRuler::paintFindings(QPainter &painter) const
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    for (const auto &finding : state_.findings) {
+        const auto x = state_.geometry.x(finding.tick) + 0.5;
+        if (x < -findingRadius || x > width() + findingRadius)
+            continue;
+        const bool isError = FindingKinds::severity(finding.kind) == Severity::Error;
+        painter.setBrush(isError ? state_.colours.error : state_.colours.warning);
+        painter.drawEllipse(QPointF(x, height() - findingRadius - 1.5), findingRadius, findingRadius);
+    }
+    painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
+QString RollRuler::problemsAt(int x) const
+{
+    QStringList sentences;
+    for (const auto &finding : state_.findings) {
+        if (std::abs(state_.geometry.x(finding.tick) - x) <= findingRadius + 1 && sentences.size() < mostSentences)
+            sentences += sentenceOf(finding);
+    }
+    sentences.removeDuplicates();
+    return sentences.join(u'\n');
+}
+
+bool RollRuler::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto *const help = static_cast<QHelpEvent *>(event);
+        if (const auto problems = problemsAt(help->pos().x()); !problems.isEmpty()) {
+            QToolTip::showText(help->globalPos(), problems, this);
+            return true;
+        }
+    }
+    return QWidget::event(event);
 }
 
 void RollRuler::pick(const QMouseEvent &event)

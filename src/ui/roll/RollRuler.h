@@ -8,7 +8,8 @@ struct Measure;
 struct RollState;
 
 // The strip above the piano roll: measure numbers, beats, tempo and metre changes, the edit cursor and the playing
-// position. A click or a drag sets the cursor, a double click asks to play from there.
+// position, and dots where something is wrong. A click or a drag sets the cursor, a double click asks to play from
+// there.
 class RollRuler : public QWidget
 {
     Q_OBJECT
@@ -22,11 +23,15 @@ public:
     // Repaints what stands at a tick.
     void updateMark(Ticks tick);
 
+    // What is wrong at a place; empty where nothing is.
+    QString problemsAt(int x) const;
+
 signals:
     void cursorPicked(Ticks tick); // snapped
     void playRequested(Ticks tick);
 
 protected:
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
@@ -39,6 +44,7 @@ private:
     void paintBeats(QPainter &painter, const Measure &measure, Ticks to) const;
     void paintNumber(QPainter &painter, const Measure &measure) const;
     void paintMarks(QPainter &painter, int right) const;
+    void paintFindings(QPainter &painter) const;
     void paintPointer(QPainter &painter, Ticks tick, const QColor &colour) const;
 
     const RollState &state_;

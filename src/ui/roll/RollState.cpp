@@ -6,7 +6,9 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -77,6 +79,13 @@ void RollState::readFlags(const EditorDocument &document)
     for (const auto event : document.playback().notes())
         mark(event, Sounding);
     mark(document.caret().note, AtCaret);
+}
+
+void RollState::readFindings(const EditorDocument &document)
+{
+    findings.clear();
+    std::copy_if(document.findings().begin(), document.findings().end(), std::back_inserter(findings),
+                 [](const Finding &finding) { return finding.tick >= 0; });
 }
 
 RollState::PitchSet RollState::readSounding(const EditorDocument &document)

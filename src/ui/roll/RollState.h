@@ -1,5 +1,6 @@
 #pragma once
 
+#include "check/Finding.h"
 #include "core/Measures.h"
 #include "ui/roll/RollColours.h"
 #include "ui/roll/RollGeometry.h"
@@ -44,6 +45,7 @@ struct RollState
     RollNotes notes;
     std::vector<quint8> noteFlags; // one for each note
     std::vector<RollNotes> ghosts; // of other parts, behind the notes
+    QVector<Finding> findings;     // that have a place in time
     Ticks length = 0;
     quint32 keyRow = 0;
 
@@ -67,6 +69,7 @@ struct RollState
 
     void readTrack(const EditorDocument &document);
     void readFlags(const EditorDocument &document);
+    void readFindings(const EditorDocument &document);
     // Gives the keys that begin or cease to be lit.
     PitchSet readSounding(const EditorDocument &document);
     void readInstrument(const Instrument &instrument);

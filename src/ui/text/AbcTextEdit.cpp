@@ -1,12 +1,16 @@
 #include "ui/text/AbcTextEdit.h"
 
+#include "check/FindingKinds.h"
 #include "ui/document/EditorDocument.h"
 #include "ui/text/AbcHighlighter.h"
 #include "ui/text/EditorColours.h"
 #include "ui/text/LineNumbers.h"
+#include "ui/text/ProblemFixes.h"
 
+#include <QContextMenuEvent>
 #include <QFontDatabase>
 #include <QHelpEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QTextBlock>
@@ -19,6 +23,20 @@ namespace {
 constexpr qreal smallestSize = 6; // points
 constexpr qreal largestSize = 48;
 constexpr int wheelStep = 120;
+constexpr int mostSentences = 10; // of a tool tip
+
+TextRange rangeOf(const QTextBlock &block)
+{
+    return {block.position(), block.length() - 1};
+}
+
+QString sentencesOf(const QVector<Finding> &findings)
+{
+    QStringList sentences;
+    for (const auto &finding : findings.mid(0, mostSentences))
+        sentences += sentenceOf(finding);
+    return sentences.join(u'\n');
+}
 
 } // namespace
 
@@ -60,6 +78,7 @@ void AbcTextEdit::connectDocument()
         lineNumbers_->update();
     };
     connect(&document_, &EditorDocument::readingChanged, this, repaint);
+    connect(&document_, &EditorDocument::findingsChanged, this, repaint);
     connect(&document_, &EditorDocument::selectionChanged, this, &AbcTextEdit::showSelectedNotes);
     connect(&document_, &EditorDocument::caretMoveRequested, this, &AbcTextEdit::moveCaret);
     connect(&document_, &EditorDocument::soundingNotesChanged, this, [this] {
@@ -248,14 +267,42 @@ bool AbcTextEdit::viewportEvent(QEvent *event)
     if (event->type() != QEvent::ToolTip)
         return QPlainTextEdit::viewportEvent(event);
     const auto *const help = static_cast<QHelpEvent *>(event);
-    const auto offset = document_.beforeTyping(cursorForPosition(help->pos()).position());
-    QString message;
-    for (const auto &problem : document_.reading().problems) {
-        if (problem.range.offset <= offset && offset <= problem.range.end())
-            message = problem.message;
-    }
-    QToolTip::showText(help->globalPos(), message, viewport());
+    QToolTip::showText(help->globalPos(),
+                       sentencesOf(document_.findingsAt({cursorForPosition(help->pos()).position(), 0})), viewport());
     return true;
+}
+
+void AbcTextEdit::contextMenuEvent(QContextMenuEvent *event)
+{
+    auto *const menu = createStandardContextMenu(event->pos());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    ProblemFixes::addTo(*menu, document_, document_.findingsAt({cursorForPosition(event->pos()).position(), 0}));
+    menu->popup(event->globalPos());
+}
+
+bool AbcTextEdit::fixAtCaret()
+{
+    const auto caret = textCursor();
+    auto findings = document_.findingsAt({caret.position(), 0});
+    if (!ProblemFixes::areThere(findings))
+        findings = document_.findingsAt(rangeOf(caret.block()));
+    return ProblemFixes::fixOrAsk(document_, findings, viewport()->mapToGlobal(cursorRect().bottomLeft()));
+}
+
+QString AbcTextEdit::problemAtLine(int y) const
+{
+    return sentencesOf(document_.findingsAt(rangeOf(cursorForPosition({0, y}).block())));
+}
+
+void AbcTextEdit::askForFixesAtLine(int y)
+{
+    const auto findings = document_.findingsAt(rangeOf(cursorForPosition({0, y}).block()));
+    if (!ProblemFixes::areThere(findings))
+        return;
+    auto *const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    ProblemFixes::addTo(*menu, document_, findings);
+    menu->popup(lineNumbers_->mapToGlobal({lineNumbers_->width(), y}));
 }
 
 int AbcTextEdit::lineNumberWidth() const

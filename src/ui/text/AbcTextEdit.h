@@ -40,6 +40,10 @@ public:
     int lineNumberWidth() const;
     void paintLineNumbers(QPainter &painter, const QRect &area);
     QString problemAtLine(int y) const;
+    void askForFixesAtLine(int y);
+
+    // Of the problems at the caret, or else on its line; false when none has one.
+    bool fixAtCaret();
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -48,6 +52,7 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
     void changeEvent(QEvent *event) override;
     bool viewportEvent(QEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void insertFromMimeData(const QMimeData *source) override;
 
 private:
@@ -76,7 +81,7 @@ private:
     void paintLongLine(QPainter &painter, const LongLine &longLine, const QTextBlock &block, const QRect &area,
                        const QVector<QTextLayout::FormatRange> &selections) const;
     void paintProblems(QPainter &painter, const QRect &area) const;
-    bool hasProblem(const QTextBlock &block) const;
+    void paintMark(QPainter &painter, const QTextBlock &block, const QPointF &middle) const;
 
     EditorDocument &document_;
     const EditorColours *colours_;

@@ -1,4 +1,5 @@
 // How the text looks: what is lit behind the characters, the marks of errors, and the margin.
+#include "check/FindingKinds.h"
 #include "edit/BracketMatch.h"
 #include "ui/document/EditorDocument.h"
 #include "ui/text/AbcTextEdit.h"
@@ -12,6 +13,7 @@
 #include <QTextBlock>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -36,11 +38,21 @@ void drawWave(QPainter &painter, const QRectF &area, const QColor &colour)
     painter.drawPath(wave);
 }
 
-// The first problem that ends behind the offset.
-auto firstProblemBehind(const QVector<AbcProblem> &problems, int offset)
+// The first that ends at the offset or behind it.
+auto firstFindingBehind(const QVector<Finding> &findings, int offset)
 {
-    return std::lower_bound(problems.begin(), problems.end(), offset,
-                            [](const AbcProblem &problem, int at) { return problem.range.end() < at; });
+    return std::lower_bound(findings.begin(), findings.end(), offset,
+                            [](const Finding &finding, int at) { return finding.range.end() < at; });
+}
+
+void drawBulb(QPainter &painter, const QPointF &middle)
+{
+    painter.setBrush(QColor(0xFF, 0xC8, 0x3D));
+    painter.setPen(QPen(QColor(0x9A, 0x6A, 0x00), 1));
+    painter.drawEllipse(middle - QPointF(0, 1.5), 4.5, 4.5);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0x8A, 0x8A, 0x8A));
+    painter.drawRoundedRect(QRectF(middle.x() - 2, middle.y() + 3.5, 4, 3), 1, 1);
 }
 
 // The column, -1 where no caret is to be seen. While an input method composes, it counts from where that began.
@@ -189,22 +201,18 @@ void AbcTextEdit::paintBehind(QPainter &painter, const QRect &area) const
 
 void AbcTextEdit::paintProblems(QPainter &painter, const QRect &area) const
 {
-    const auto &problems = document_.reading().problems;
-    if (problems.isEmpty())
+    const auto &findings = document_.findings();
+    if (findings.isEmpty())
         return;
     painter.setRenderHint(QPainter::Antialiasing);
     forEachVisibleLine(area, [&](const QTextBlock &block, TextRange visible) {
-        const auto end = document_.beforeTyping(visible.end());
-        for (auto problem = firstProblemBehind(problems, document_.beforeTyping(visible.offset));
-             problem != problems.end() && problem->range.offset <= end; ++problem) {
-            auto range = document_.sinceReading(problem->range);
-            if (range.isEmpty())
-                continue;
-            const auto last = std::min(range.end(), visible.end());
-            range.offset = std::max(range.offset, visible.offset);
-            range.length = last - range.offset;
-            if (range.length > 0)
-                forEachRect(block, range, [&](const QRectF &at) { drawWave(painter, at, colours_->problem); });
+        for (auto finding = firstFindingBehind(findings, visible.offset);
+             finding != findings.end() && finding->range.offset <= visible.end(); ++finding) {
+            const auto begin = std::max(finding->range.offset, visible.offset);
+            const auto end = std::min(finding->range.end(), visible.end());
+            const auto &colour = colours_->of(FindingKinds::severity(finding->kind));
+            if (begin < end)
+                forEachRect(block, {begin, end - begin}, [&](const QRectF &at) { drawWave(painter, at, colour); });
         }
     });
 }
@@ -259,31 +267,31 @@ void AbcTextEdit::paintLineNumbers(QPainter &painter, const QRect &area)
         painter.setPen(isCurrent ? palette().color(QPalette::Text) : colours_->lineNumber);
         const QRectF line(0, place.top(), lineNumberWidth() - 14, fontMetrics().height());
         painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, QString::number(block.blockNumber() + 1));
-        if (!hasProblem(block))
-            return;
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(colours_->problem);
-        painter.drawEllipse(QPointF(7, line.center().y()), 3.5, 3.5);
+        paintMark(painter, block, {7, line.center().y()});
     });
 }
 
-bool AbcTextEdit::hasProblem(const QTextBlock &block) const
+// The worst that was found in the line; where the caret is, that there are fixes.
+void AbcTextEdit::paintMark(QPainter &painter, const QTextBlock &block, const QPointF &middle) const
 {
-    const auto &problems = document_.reading().problems;
-    const auto problem = firstProblemBehind(problems, document_.beforeTyping(block.position()) + 1);
-    const auto end = document_.beforeTyping(block.position() + block.length() - 1);
-    return problem != problems.end() && problem->range.offset <= end;
-}
-
-QString AbcTextEdit::problemAtLine(int y) const
-{
-    const auto block = cursorForPosition({0, y}).block();
-    const auto begin = document_.beforeTyping(block.position());
-    const auto end = document_.beforeTyping(block.position() + block.length() - 1);
-    QStringList messages;
-    for (const auto &problem : document_.reading().problems) {
-        if (problem.range.offset >= begin && problem.range.offset <= end && messages.size() < 10)
-            messages += problem.message;
+    const auto end = block.position() + block.length() - 1;
+    const auto &findings = document_.findings();
+    std::optional<Severity> worst;
+    bool hasFix = false;
+    for (auto finding = firstFindingBehind(findings, block.position());
+         finding != findings.end() && finding->range.offset <= end; ++finding) {
+        if (finding->range.isEmpty())
+            continue;
+        worst = std::max(worst, std::optional(FindingKinds::severity(finding->kind)));
+        hasFix |= !finding->fix.isEmpty();
     }
-    return messages.join(u'\n');
+    if (!worst)
+        return;
+    if (hasFix && block == textCursor().block()) {
+        drawBulb(painter, middle);
+        return;
+    }
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colours_->of(*worst));
+    painter.drawEllipse(middle, 3.5, 3.5);
 }

@@ -25,6 +25,7 @@ const EditorColours &EditorColours::of(const QPalette &palette)
         .bracket = QColor(0x20, 0xA0, 0x60, 90),
         .found = QColor(0xFF, 0xE0, 0x66, 140),
         .problem = QColor(0xD9, 0x2D, 0x20),
+        .warning = QColor(0xD6, 0x8A, 0x00),
     };
     static const EditorColours dark{
         .field = QColor(0xC8, 0x9B, 0xEC),
@@ -47,6 +48,7 @@ const EditorColours &EditorColours::of(const QPalette &palette)
         .bracket = QColor(0x40, 0xD0, 0x90, 90),
         .found = QColor(0xFF, 0xD5, 0x40, 70),
         .problem = QColor(0xFF, 0x6B, 0x5E),
+        .warning = QColor(0xF2, 0xB4, 0x3C),
     };
     return palette.color(QPalette::Base).lightness() < 128 ? dark : light;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "check/Finding.h"
+
 #include <QColor>
 
 class QPalette;
@@ -28,6 +30,9 @@ struct EditorColours
     QColor bracket;
     QColor found;
     QColor problem;
+    QColor warning;
+
+    const QColor &of(Severity severity) const { return severity == Severity::Error ? problem : warning; }
 
     static const EditorColours &of(const QPalette &palette);
 };

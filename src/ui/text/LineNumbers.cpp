@@ -7,6 +7,12 @@
 #include <QPainter>
 #include <QToolTip>
 
+namespace {
+
+constexpr int markWidth = 16;
+
+} // namespace
+
 LineNumbers::LineNumbers(AbcTextEdit &text) : QWidget(&text), text_(text)
 {
     setAccessibleName(tr("Line numbers"));
@@ -27,6 +33,8 @@ void LineNumbers::mousePressEvent(QMouseEvent *event)
 {
     text_.setTextCursor(text_.cursorForPosition({0, event->pos().y()}));
     text_.setFocus();
+    if (event->pos().x() < markWidth)
+        text_.askForFixesAtLine(event->pos().y());
 }
 
 bool LineNumbers::event(QEvent *event)

@@ -4,7 +4,8 @@
 
 class AbcTextEdit;
 
-// The margin of an AbcTextEdit: line numbers and marks of errors. A click puts the caret on the line.
+// The margin of an AbcTextEdit: line numbers and marks of errors. A click puts the caret on the line,
+// one on a mark shows what would fix it.
 class LineNumbers : public QWidget
 {
     Q_OBJECT

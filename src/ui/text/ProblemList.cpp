@@ -1,11 +1,20 @@
 #include "ui/text/ProblemList.h"
 
+#include "check/FindingKinds.h"
 #include "ui/document/EditorDocument.h"
 #include "ui/text/EditorColours.h"
+#include "ui/text/ProblemFixes.h"
 
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QPainter>
+#include <QTextBlock>
+
+#include <array>
 
 namespace {
+
+constexpr int mostShown = 500;
 
 QIcon dot(const QColor &colour)
 {
@@ -30,7 +39,7 @@ ProblemList::ProblemList(EditorDocument &document, QWidget *parent) : QListWidge
     setFrameShape(NoFrame);
     connect(this, &QListWidget::itemClicked, this, &ProblemList::choose);
     connect(this, &QListWidget::itemActivated, this, &ProblemList::choose);
-    connect(&document_, &EditorDocument::readingChanged, this, &ProblemList::refresh);
+    connect(&document_, &EditorDocument::findingsChanged, this, &ProblemList::refresh);
     refresh();
 }
 
@@ -41,24 +50,51 @@ QSize ProblemList::sizeHint() const
 
 void ProblemList::refresh()
 {
-    const auto &problems = document_.reading().problems;
+    const auto &findings = document_.findings();
     QStringList texts;
-    for (const auto &problem : problems)
-        texts += tr("Line %1, column %2: %3").arg(problem.line + 1).arg(problem.column + 1).arg(problem.message);
-    QStringList shown;
-    for (int i = 0; i < count(); ++i)
-        shown += item(i)->text();
-    if (texts == shown && !texts.isEmpty())
+    for (int i = 0; i < std::min(mostShown, int(findings.size())); ++i)
+        texts += textOf(findings[i]);
+    if (texts == shown_ && !texts.isEmpty())
         return;
+    shown_ = texts;
     clear();
-    if (texts.isEmpty()) {
-        auto *const none = new QListWidgetItem(tr("No problems"), this);
-        none->setFlags(Qt::NoItemFlags);
-        return;
-    }
-    const auto icon = dot(EditorColours::of(palette()).problem);
-    for (const auto &text : texts)
-        new QListWidgetItem(icon, text, this);
+    const auto &colours = EditorColours::of(palette());
+    const std::array icons{dot(colours.warning), dot(colours.warning), dot(colours.problem)};
+    for (int i = 0; i < texts.size(); ++i)
+        new QListWidgetItem(icons[size_t(FindingKinds::severity(findings[i].kind))], texts[i], this);
+    if (texts.isEmpty())
+        addRemark(tr("No problems"));
+    else if (findings.size() > mostShown)
+        addRemark(tr("… and %1 more").arg(findings.size() - mostShown));
+}
+
+void ProblemList::addRemark(const QString &text)
+{
+    auto *const remark = new QListWidgetItem(text, this);
+    remark->setFlags(Qt::NoItemFlags);
+}
+
+QString ProblemList::textOf(const Finding &finding) const
+{
+    if (finding.range.isEmpty())
+        return sentenceOf(finding);
+    const auto block = document_.text()->findBlock(finding.range.offset);
+    return tr("Line %1, column %2: %3")
+        .arg(block.blockNumber() + 1)
+        .arg(finding.range.offset - block.position() + 1)
+        .arg(sentenceOf(finding));
+}
+
+void ProblemList::contextMenuEvent(QContextMenuEvent *event)
+{
+    const auto problem = indexAt(event->pos()).row();
+    auto *const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    ProblemFixes::addTo(*menu, document_, document_.findings().mid(problem, problem < 0 ? 0 : 1));
+    if (menu->isEmpty())
+        delete menu;
+    else
+        menu->popup(event->globalPos());
 }
 
 void ProblemList::choose(const QListWidgetItem *item)
@@ -68,17 +104,17 @@ void ProblemList::choose(const QListWidgetItem *item)
 
 void ProblemList::goTo(int problem)
 {
-    const auto &problems = document_.reading().problems;
-    if (problem < 0 || problem >= problems.size())
+    const auto &findings = document_.findings();
+    if (problem < 0 || problem >= findings.size())
         return;
     setCurrentRow(problem);
-    emit chosen(document_.sinceReading(problems[problem].range));
+    emit chosen(findings[problem].range);
 }
 
 void ProblemList::goToNext()
 {
     document_.update();
-    const auto &problems = document_.reading().problems;
+    const auto &problems = document_.findings();
     int next = 0;
     while (next < problems.size() && problems[next].range.end() <= document_.caret().offset)
         ++next;
@@ -88,7 +124,7 @@ void ProblemList::goToNext()
 void ProblemList::goToPrevious()
 {
     document_.update();
-    const auto &problems = document_.reading().problems;
+    const auto &problems = document_.findings();
     int previous = int(problems.size()) - 1;
     while (previous >= 0 && problems[previous].range.end() >= document_.caret().offset)
         --previous;

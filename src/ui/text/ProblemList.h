@@ -3,9 +3,10 @@
 #include <QListWidget>
 
 class EditorDocument;
+struct Finding;
 struct TextRange;
 
-// The errors of a document's text; a click or Return goes to one.
+// What is wrong with a document's text; a click or Return goes to it, its context menu has fixes.
 class ProblemList : public QListWidget
 {
     Q_OBJECT
@@ -21,13 +22,19 @@ public slots:
     void goToNext();
     void goToPrevious();
 
+protected:
+    void contextMenuEvent(QContextMenuEvent *event) override; // fixes
+
 signals:
     void chosen(TextRange range);
 
 private:
     void refresh();
+    void addRemark(const QString &text);
+    QString textOf(const Finding &finding) const;
     void choose(const QListWidgetItem *item);
     void goTo(int problem);
 
     EditorDocument &document_;
+    QStringList shown_;
 };

@@ -73,6 +73,15 @@ private slots:
         QCOMPARE(plays, (QVector<Ticks>{6 * eighth, eighth}));
     }
 
+    void rulerTellsProblems()
+    {
+        RollFixture fixture("C8|D6|E8");
+        const auto *ruler = fixture.roll.findChild<RollRuler *>();
+        const auto at = [&](double eighths) { return ruler->problemsAt(fixture.at(eighths, 60).x()); };
+        QTRY_VERIFY(at(14).contains(QStringLiteral("short by 1/4")));
+        QCOMPARE(at(12), QString());
+    }
+
     void zooms()
     {
         RollFixture fixture(longTune);

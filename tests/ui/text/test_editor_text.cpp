@@ -4,10 +4,12 @@
 #include "ui/text/LineNumbers.h"
 #include "ui/text/ProblemList.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPainter>
 #include <QStatusBar>
 #include <QTextBlock>
@@ -375,9 +377,19 @@ private slots:
         }
         QVERIFY(list->count() == 1);
         QTRY_COMPARE(list->count(), 2);
-        QVERIFY(list->isVisible());
+        QVERIFY(!list->isVisible());
         QCOMPARE(editor.label("lblProblems"), QStringLiteral("2 problems"));
         QVERIFY(editor.dialogs.messages.isEmpty());
+
+        // Only Apply opens the list, and not when it was closed since.
+        editor.trigger("actionApply");
+        QVERIFY(editor.dialogs.takeMessages().value(0).contains(QStringLiteral("line 9, column 3")));
+        QVERIFY(!editor.window.document().isApplied() && list->isVisible());
+        QCOMPARE(editor.selected(), QStringLiteral("?"));
+        editor.trigger("actionShowProblems");
+        editor.trigger("actionSave");
+        QVERIFY(!list->isVisible());
+        editor.trigger("actionShowProblems");
 
         const auto place = list->visualItemRect(list->item(1)).center();
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
@@ -391,10 +403,38 @@ private slots:
         }
         QVERIFY(
             editor.text->problemAtLine(editor.text->cursorRect().center().y()).contains(QStringLiteral("not closed")));
+    }
 
-        editor.trigger("actionApply");
-        QVERIFY(editor.dialogs.takeMessages().value(0).contains(QStringLiteral("line 9, column 3")));
-        QVERIFY(!editor.window.document().isApplied());
+    // The text before, with the caret at "^", and behind the fix or the first one of the menu.
+    void fixesProblems_data()
+    {
+        const Rows<QString, QString> row("body", "fixed");
+        row("at the caret", "C4||^D4||E4", "C4|D4||E4");
+        row("on its line", "C4 ^|D3)|E4", "C4 |D3|E4");
+        row("a choice of two", "^C4 || D4 || E4", "C4 | D4 || E4");
+        row("nothing", "C4^|C3|C", "C4|C3|C");
+    }
+
+    void fixesProblems()
+    {
+        QFETCH(QString, body);
+        const auto caret = body.indexOf(u'^');
+        EditorFixture editor(body.remove(caret, 1));
+        editor.show();
+        editor.select(caret, caret);
+        const auto &document = editor.window.document();
+        QTRY_VERIFY(!document.findings().isEmpty());
+        editor.trigger("actionFixProblem");
+        if (auto *const menu = qobject_cast<QMenu *>(QApplication::activePopupWidget())) {
+            menu->actions().first()->trigger();
+            menu->close();
+        }
+        QTEST(editor.body(), "fixed");
+        if (editor.body() != body) {
+            QVERIFY(document.undoName().startsWith(QStringLiteral("Remove")));
+            editor.trigger("actionUndo");
+            QCOMPARE(editor.body(), body);
+        }
     }
 
     void statusTellsTheCaret()
