@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QToolButton>
 #include <QTreeView>
+#include <QtTest>
 
 // What is wrong with the window's song, at its rows and in the panel.
 class TestSongFindings : public QObject
