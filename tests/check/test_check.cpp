@@ -77,9 +77,9 @@ private slots:
             "CCC2|(CE)E2|");
         row("a chord's bracket is told once", "[CEFG|C]C3|", "refused-text 0+1 @0", "");
         row("grace notes", "{C}C4|{/DE C4|\nC4", "open-grace-notes 6+2 @4", "");
-        row("ties", "C-C-D2|[CE]-[CG]-G2|E- -",
+        row("ties", "C-C-F2|[CE]-[CG]-G2|E- -",
             "lost-tie 3+1 @2, lost-tie 11+1 @5, lost-tie 16+1 @6, lost-tie 21+1 @9, stray-sign 23+1 @9",
-            "C-CD2|[CE]-[CG]-G2|E -");
+            "C-CF2|[CE]-[CG]-G2|E -");
         row("fields", "C4|[L:1/8][M:odd][K:Hmin]C4\nQ:fast\nX:2\nK:none\nM:C|",
             "ignored-field 3+7 @4, unreadable-field 10+7 @4, unreadable-field 17+8 @4, unreadable-field 28+6 @8, "
             "second-tune 35+3 @8",

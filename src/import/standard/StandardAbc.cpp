@@ -8,19 +8,13 @@
 #include "import/standard/TuneScore.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <utility>
 
 namespace {
 
 QString fractionText(qint64 numerator, qint64 denominator)
 {
-    std::array<char, 48> text{};
-    auto *end = std::to_chars(text.data(), text.data() + text.size(), numerator).ptr;
-    *end++ = '/';
-    end = std::to_chars(end, text.data() + text.size(), denominator).ptr;
-    return QString::fromLatin1(text.data(), int(end - text.data()));
+    return QString::number(numerator) + u'/' + QString::number(denominator);
 }
 
 // The chord names as they are written, measure by measure: "G D7 | C | G".

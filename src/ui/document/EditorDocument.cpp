@@ -142,7 +142,7 @@ void EditorDocument::fix(const QVector<Finding> &findings)
     }
     if (changes.isEmpty())
         return;
-    replaceRanges(changes, FindingKinds::fixText(findings.first().kind));
+    replaceRanges(changes, FindingKinds::fixText(findings.first().kind), Step::New);
     update();
 }
 

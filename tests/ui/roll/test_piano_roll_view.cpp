@@ -207,6 +207,7 @@ private slots:
         instrument.tuning.notes[60] = {{QStringLiteral("c.wav")}, 1, 261};
         fixture.document.setInstrument(instrument);
         fixture.document.setPlayPosition(9 * eighth);
+        QTRY_VERIFY(!fixture.state().findings.isEmpty()); // the ruler shows them when they are there
         const auto onScreen = [&] {
             return fixture.roll.window()->screen()->grabWindow(fixture.roll.winId()).toImage();
         };
