@@ -40,7 +40,7 @@ void fillInstrumentBar(QToolBar &bar, const WindowActions &actions, InstrumentCo
     describe(list, "instrumentList", tr("Default instrument"),
              QStringLiteral("This is the default instrument that will be assigned to new tracks"));
     list.setStatusTip(QStringLiteral("Default instrument for new tracks"));
-    list.setMinimumContentsLength(18);
+    list.setMinimumContentsLength(10);
     list.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     bar.addWidget(&list);
     actions.addTo(bar, "actionApplyInstrument");
@@ -50,7 +50,7 @@ void fillMeterBar(QToolBar &bar, VUMeter &meter, QSlider &volume)
 {
     describe(meter, "masterMeter", tr("Master level"),
              tr("The level of all tracks together; red at its end: it was too loud (click to put it out)"));
-    meter.setMinimumWidth(200);
+    meter.setMinimumWidth(160);
     bar.addWidget(&meter);
     auto *const speaker = new QLabel;
     speaker->setPixmap(icon("speaker-volume").pixmap(24, 24));
@@ -69,11 +69,12 @@ void addMenu(QToolBar &bar, QAction &action, QMenu *menu)
     button->setPopupMode(QToolButton::MenuButtonPopup);
 }
 
-// Stop is always in sight; it is other bars that become short in a narrow window.
-void keepWhole(QToolBar &bar)
+// Stop, the second button, is always in sight: the bar leaves room for it and for what shows the others.
+void keepStopInSight(QToolBar &bar)
 {
     const auto resize = [&bar](Qt::Orientation orientation) {
-        const auto size = bar.sizeHint();
+        constexpr int buttons = 4; // with handle and extension
+        const auto size = buttons * bar.widgetForAction(bar.actions().first())->sizeHint();
         bar.setMinimumSize(orientation == Qt::Horizontal ? QSize(size.width(), 0) : QSize(0, size.height()));
     };
     QObject::connect(&bar, &QToolBar::orientationChanged, &bar, resize);
@@ -95,7 +96,7 @@ void makeToolBars(QMainWindow &window, const WindowActions &actions, const ToolB
     auto *const offsets = new QMenu(&playback);
     actions.addTo(*offsets, "actionRehearsal_Offsets");
     addMenu(playback, *actions.find(QStringLiteral("actionRehearsal")), offsets);
-    keepWhole(playback);
+    keepStopInSight(playback);
     fillInstrumentBar(addBar(window, "tbInstrument", "Instrument Toolbar"), actions, controls.instrumentList);
     fillMeterBar(addBar(window, "tbVU", "Meters Toolbar"), controls.masterMeter, controls.masterVolume);
 }

@@ -201,7 +201,6 @@ private slots:
         row("too long", "X:1\nL:1/1\nQ:1/4=1\nK:C\nz100C\n", "", "out.wav: The song is longer than 6 hours.");
         row("no game", tune, "--game .", "No Kelvarion installation was found at the specified directory.");
         row("instrument", tune, "--instrument kazoo", "Instrument 'kazoo' not found.");
-        row("target", tune, "--output .", "Not a regular file.");
         row("no folder", tune, "--output nowhere/out.wav", "nowhere/out.wav: The folder does not exist.");
         row("ending", tune, "--output out.xyz", "out.xyz: The ending \"xyz\" is none of wav, flac, ogg, opus, mp3.");
         row("bits", tune, "--output out.mp3 --bits 24", "out.mp3: MP3 files have no such bits.");

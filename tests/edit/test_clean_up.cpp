@@ -110,7 +110,7 @@ private slots:
         row("delete with fields", "C4|\nK:G\nF4|\nQ:1/4=90\nF4|[K:D]F4|C4\n", 4, 12,
             "C4|\nK:G\nQ:1/4=90\n[K:D]F4|C4\n");
         row("delete the last", "C4|D4\n", 4, 8, "C4|\n");
-        row("delete what sounds across", "C3 D2|E3|F4|\n", 4, 8, "C3 D|F4|\n");
+        row("delete what sounds across", "C3 D2|E3|F4|\n", 4, 8, "C3 D z|F4|\n"); // the bar line goes back
         row("delete without bar lines", "C4 D4\nE4\n", 4, 8, "C4 \nE4\n");
     }
 

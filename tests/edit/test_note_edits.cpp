@@ -112,8 +112,6 @@ private slots:
         row("from a broken rhythm into a rest", "C>D z2\n", "change 62 6 6 62", "C>D- D z\n");
         row("between the notes of a tuplet", "(3CD\"Am\"E F\n", "insert 4 4 65",
             "C2/3 [z/3D2/3] [z/3F] \"Am\"E2/3 F\n");
-        row("across a tuplet that a bar line cuts", "G2(3CD|E F|A\n", "change 60 8 1 60",
-            "G2 C/4 z5/12 D2/3 |E2/3 F |A\n");
         row("chord before a staccato note", "C/.D E\n", "insert 0 2 64", "[C/E/] .D E\n");
         row("silence joins rests", "[zC2] D z E z2|\n", "remove 62;remove 64", "C2 z4|\n");
         row("batch", "C D E F\n", "remove 60;change 62 4 4 67;insert 12 4 69", "z G E [FA]\n");

@@ -454,6 +454,7 @@ private slots:
         QVERIFY(!playback.isPlaying());
         editor.trigger("actionWithSong");
         pressed.clear();
+        editor.select(0, 0);
         QTest::keyClick(editor.text, Qt::Key_Space, Qt::ControlModifier);
         QVERIFY(playback.isPlaying() && !playback.isLooping());
         QTRY_VERIFY(hasPressed(other));

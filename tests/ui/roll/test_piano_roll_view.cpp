@@ -35,9 +35,10 @@ private slots:
     {
         RollFixture fixture("C8");
         const auto colourAt = [&](double eighths, int pitch) {
-            return fixture.canvas()->grab().toImage().pixelColor(fixture.at(eighths, pitch));
+            const auto picture = fixture.canvas()->grab().toImage();
+            return picture.pixelColor((QPointF(fixture.at(eighths, pitch)) * picture.devicePixelRatio()).toPoint());
         };
-        const auto own = colourAt(2, 60), empty = colourAt(10, 64);
+        const auto own = colourAt(2, 60), empty = colourAt(10.3, 64);
         Track other;
         for (const quint32 pitch : {60U, 64U})
             other.appendEvent(TrackEvent::note(pitch, 0, 400 * eighth));
@@ -45,7 +46,7 @@ private slots:
         const auto range = fixture.roll.horizontalScrollBar()->maximum();
         fixture.roll.setGhosts({RollNotes(other)});
         QCOMPARE(colourAt(2, 60), own);
-        QVERIFY(colourAt(10, 64) != empty && colourAt(10, 64) == colourAt(10, 60));
+        QVERIFY(colourAt(10.3, 64) != empty && colourAt(10.3, 64) == colourAt(10.3, 60));
         QVERIFY(fixture.roll.horizontalScrollBar()->maximum() > 10 * range);
     }
 
