@@ -116,6 +116,8 @@ QString lengthInWords(Ticks length)
 {
     if (length < ticksPerWholeNote)
         return QCoreApplication::translate("Finding", "%1 note").arg(NoteText::length(length));
+    if (length == ticksPerWholeNote)
+        return QCoreApplication::translate("Finding", "a whole note");
     return QCoreApplication::translate("Finding", "%1 whole notes")
         .arg(QString::number(double(length) / ticksPerWholeNote, 'g', 6));
 }

@@ -2,6 +2,9 @@
 
 #include "check/Finding.h"
 
+#include <QPoint>
+#include <QVector>
+
 class EditorDocument;
 class QMenu;
 
