@@ -123,7 +123,6 @@ int main(int argc, char *argv[])
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 #endif
-    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     const Application application(argc, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("example.kelvarion_composer.Composer"));
     const auto commandLine = readCommandLine(application);
