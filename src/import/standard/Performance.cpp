@@ -137,7 +137,8 @@ void Walk::takeEnding()
 
 void Walk::passMeasures(int count)
 {
-    measuresOfEnding_ += count;
+    constexpr int mostCounted = 1'000'000; // a text that repeats without end comes here for as long
+    measuresOfEnding_ = std::min(measuresOfEnding_ + std::min(count, mostCounted), mostCounted);
     if (count > 0 && measuresOfEnding_ == measuresOfLast_)
         strain_ = at_;
 }
