@@ -12,6 +12,7 @@
 #include "ui/editor/AbcEditorWindow.h"
 #include "ui/editor/EditorTransforms.h"
 #include "ui/preferences/PreferencesDialog.h"
+#include "ui/preferences/SoundPage.h"
 #include "ui/transform/KeyDialog.h"
 #include "ui/transform/RealignNotesDialog.h"
 #include "ui/transform/TransposeDialog.h"
@@ -60,7 +61,7 @@ void takePreferences(WindowFixture &fixture)
 {
     fixture.settings().setValue(Settings::ProgramInstrument, QStringLiteral("0=Grand piano\n40=Violin\n128=Drums"));
     const auto *const model = fixture.inRow<InstrumentComboBox>(0, "cboInstrument")->model();
-    PreferencesDialog dialog(fixture.settings(), fixture.dialogs(),
+    PreferencesDialog dialog(fixture.settings(), fixture.dialogs(), SoundDevices{*fixture.output},
                              static_cast<const InstrumentSetModel *>(model)->instruments());
     auto *const selector = dialog.findChild<QListWidget *>(QStringLiteral("propertySelector"));
     for (int row = 0; row < selector->count(); ++row) {

@@ -88,6 +88,15 @@ function(composer_exact_samples NAME)
     endif()
 endfunction()
 
+# For sources that call a library by declarations of their own: the types of its handles are never the library's, which
+# UndefinedBehaviorSanitizer takes for another function.
+function(composer_foreign_calls)
+    if(COMPOSER_SANITIZE MATCHES undefined AND CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+        file(GLOB SOURCES *.cpp)
+        set_source_files_properties(${SOURCES} PROPERTIES COMPILE_OPTIONS -fno-sanitize=function)
+    endif()
+endfunction()
+
 function(composer_test NAME)
     cmake_parse_arguments(ARG "THREADS;WINDOW" "" "LINKS" ${ARGN})
     add_executable(${NAME} ${NAME}.cpp)

@@ -302,7 +302,7 @@ void AbcTextEdit::askForFixesAtLine(int y)
     auto *const menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     ProblemFixes::addTo(*menu, document_, findings);
-    menu->popup(lineNumbers_->mapToGlobal({lineNumbers_->width(), y}));
+    menu->popup(lineNumbers_->mapToGlobal(QPoint(lineNumbers_->width(), y)));
 }
 
 int AbcTextEdit::lineNumberWidth() const
