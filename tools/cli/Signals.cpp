@@ -21,16 +21,16 @@ bool isIgnored(int signal)
 // They are waited for, so that what is done then may lock and allocate.
 void endAtSignals()
 {
-    sigset_t signals;
-    sigemptyset(&signals);
+    sigset_t endings;
+    sigemptyset(&endings);
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         if (!isIgnored(signal))
-            sigaddset(&signals, signal);
+            sigaddset(&endings, signal);
     }
-    pthread_sigmask(SIG_BLOCK, &signals, nullptr); // in the threads to come as well
-    std::thread([signals] {
+    pthread_sigmask(SIG_BLOCK, &endings, nullptr); // in the threads to come as well
+    std::thread([endings] {
         int signal = 0;
-        while (sigwait(&signals, &signal) != 0) {
+        while (sigwait(&endings, &signal) != 0) {
         }
         SafeFile::abandonAll();
         std::_Exit(128 + signal);
