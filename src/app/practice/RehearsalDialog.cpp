@@ -60,7 +60,9 @@ RehearsalDialog::RehearsalDialog(const Rehearsal &rehearsal, const SongTracks &s
     throwing->addStretch();
     auto *const form = new QFormLayout(this);
     form->addRow(hint);
-    form->addRow(tr("Up to, &sooner or later:"), throwing);
+    auto *const spreadLabel = new QLabel(tr("Up to, &sooner or later:"));
+    spreadLabel->setBuddy(spread_);
+    form->addRow(spreadLabel, throwing);
     form->addRow(diced_);
     form->addRow(typed_);
     form->addRow(parts_);

@@ -175,5 +175,8 @@ fmodlib::Result FmodLibrary::createSystem(fmodlib::System **system) const
 fmodlib::Result FmodLibrary::releaseSystem(fmodlib::System *system) const
 {
     const std::lock_guard lock(systemMutex());
-    return api_.systemRelease(system);
+    const auto result = api_.systemRelease(system);
+    if (result != 0)
+        api_.systemRelease(system); // once more: what it holds would stay for as long as the program
+    return result;
 }
