@@ -249,6 +249,24 @@ private slots:
         QCOMPARE(before[QStringLiteral("noVoice")].toInt(), 4);
     }
 
+    void arrangeTakesFolders()
+    {
+        for (const auto *const name : {"pack/b/jig.abc", "pack/a/jig.kar", "pack/c.abc"})
+            folder_->write(name, QByteArray(name).endsWith("kar") ? "RIFF" : tune("Air", "[CE] | D3").constData());
+        const auto [status, out, error] = run("arrange pack --players 1 --voices 1 --output out --summary --manifest");
+        QCOMPARE(status, 1);
+        QVERIFY2(error.startsWith("kelvarion-composer-cli: pack/a/jig.kar: "), error);
+        const auto lines = out.split('\n');
+        QVERIFY2(lines[0].startsWith("pack/b/jig.abc: wrote out/jig - Air.abc"), out);
+        QCOMPARE(lines[lines.size() - 3], QByteArray("pack/c.abc          1    0:04       0         0      0"));
+        QCOMPARE(lines[lines.size() - 2], QByteArray("3 songs             2    0:08       1         0      0"));
+        const auto manifest = folder_->read("out/manifest.json");
+        const auto songs = QJsonDocument::fromJson(manifest)[QStringLiteral("songs")];
+        QCOMPARE(songs[2][QStringLiteral("files")][0].toString(), QStringLiteral("out/c - Air.abc"));
+        QCOMPARE(songs[2][QStringLiteral("before")][0][QStringLiteral("noVoice")].toInt(), 1);
+        QCOMPARE(run("arrange pack --players 1 --voices 1 --output out --json --force").out, manifest);
+    }
+
     void convertNeverWritesTwoTracksToOneFile()
     {
         const auto result = run("convert a.abc b.abc slash.abc --output out");

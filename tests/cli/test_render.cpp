@@ -84,6 +84,9 @@ private slots:
         QCOMPARE(render("").status, 1);
         QCOMPARE(render("--format flac").status, 0);
         QCOMPARE(folder_.files("sounds").join(u'|'), QStringLiteral("a (2).flac|a (2).wav|a.flac|a.wav"));
+        const auto table = render("--force --summary --manifest").out.split('\n');
+        QCOMPARE(table[4], QByteArray("pack/b/a.abc      1    0:01       0         0      0"));
+        QCOMPARE(render("--force --json").out, folder_.read("sounds/manifest.json"));
     }
 
     void guessesInstruments()

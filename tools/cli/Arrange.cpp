@@ -1,11 +1,14 @@
 #include "Arrange.h"
 
+#include "FileNames.h"
 #include "Instruments.h"
 #include "Messages.h"
 #include "Parts.h"
+#include "SongSummary.h"
 #include "arrange/Arrangement.h"
 #include "assets/InstrumentGuess.h"
 #include "assets/ProgramInstruments.h"
+#include "base/ErrorText.h"
 #include "base/SafeFile.h"
 #include "import/ProgramNames.h"
 #include "song/SongParts.h"
@@ -13,8 +16,9 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
+
+#include <algorithm>
 
 namespace {
 
@@ -73,25 +77,75 @@ QString headLine(const char *what)
     return line + QStringLiteral("    span");
 }
 
+struct NamedFigures
+{
+    QString name;
+    PartFigures figures;
+};
+
+QJsonArray json(const QVector<NamedFigures> &parts)
+{
+    QJsonArray array;
+    for (const auto &part : parts)
+        array.append(json(part.name, part.figures));
+    return array;
+}
+
+void printTable(const char *what, const QVector<NamedFigures> &parts)
+{
+    printLine(headLine(what));
+    PartFigures sum;
+    for (const auto &part : parts) {
+        printLine(tableLine(part.name, part.figures));
+        sum.add(part.figures);
+    }
+    printLine(tableLine(QStringLiteral("all"), sum));
+}
+
+// One input on its way to the files of its players.
+struct ArrangedInput
+{
+    struct File
+    {
+        QString name; // without ending, and not yet its own
+        QByteArray bytes;
+    };
+
+    QString path;
+    QStringList failures; // why it, or some of it, could not be read or arranged
+    QVector<NamedFigures> before = {};
+    QVector<NamedFigures> after = {};
+    QVector<File> files = {};
+    QStringList written = {};
+    SongSummary summary = {}; // when one is wanted
+};
+
+// Inputs are arranged on all cores, and written in their order, so that names do not depend on chance.
 class SongArranger
 {
 public:
-    explicit SongArranger(const Arguments &arguments) : arguments_(arguments) {}
+    explicit SongArranger(const Arguments &arguments) : arguments_(arguments), report_(arguments) {}
     int run();
 
 private:
-    void arrangeInput(const QString &input);
+    ArrangedInput arranged(const QString &path) const;
+    void arrangeParts(ArrangedInput &input, const Parts &parts) const;
     QVector<SourcePart> sourceParts(const Parts &parts) const;
     SourcePart sourcePart(const SongPart &part, const Track &track, const PartReport &report) const;
     QString instrumentOf(const SongPart &part, const Track &track, const PartReport &report) const;
     PitchRange rangeOf(const QString &instrument) const;
-    QStringList write(Arrangement &arrangement, const QString &songName) const;
-    void print(const QString &input, const QVector<SourcePart> &sources, const Arrangement &arrangement,
-               const QStringList &written);
+    ReadSong asSong(const Arrangement &arrangement, const QVector<SourcePart> &sources) const;
+    void take(ArrangedInput input);
+    void write(ArrangedInput &input);
+    void writeFile(const QString &path, const QByteArray &bytes);
+    void print(const ArrangedInput &input) const;
+    void report(const ArrangedInput &input);
 
     const Arguments &arguments_;
+    SongReport report_;
     InstrumentSet instruments_;
-    QJsonArray songs_;
+    FileNames names_;
+    QStringList unsynchronised_; // files that may not be on the disk yet
     bool failed_ = false;
 };
 
@@ -100,28 +154,56 @@ int SongArranger::run()
     const auto scan = [this] { instruments_ = scanGame(arguments_); };
     if (!arguments_.game.isEmpty() && !runOrPrint(arguments_.game, scan))
         return 1;
-    for (const auto &input : arguments_.inputs)
-        failed_ |= !runOrPrint(input, [&] { arrangeInput(input); });
-    if (arguments_.json)
-        printLine(QString::fromUtf8(
-            QJsonDocument(QJsonObject{{QStringLiteral("songs"), songs_}}).toJson(QJsonDocument::Compact)));
+    forEachInput<ArrangedInput>(
+        arguments_, [this](const QString &path) { return arranged(path); },
+        [this](const ArrangedInput &input) { take(input); });
+    failed_ |= !runOrPrint(arguments_.output, [this] { SafeFile::synchroniseNew(unsynchronised_); });
+    failed_ |= !report_.finish(arguments_.output);
     return failed_ ? 1 : 0;
 }
 
-void SongArranger::arrangeInput(const QString &input)
+// On any thread.
+ArrangedInput SongArranger::arranged(const QString &path) const
 {
-    auto one = arguments_;
-    one.inputs = QStringList(input);
-    const auto parts = readParts(one, failed_);
-    if (parts.tracks.isEmpty() && failed_)
-        return;
+    const auto reading = readOne(path, arguments_);
+    ArrangedInput input{path, reading.failures};
+    if (!reading.failures.isEmpty() && reading.song.tracks.isEmpty())
+        return input;
+    try {
+        arrangeParts(input, partsOf({{path, reading.song}}, arguments_));
+    } catch (...) {
+        input.failures.append(currentErrorText());
+    }
+    return input;
+}
+
+void SongArranger::arrangeParts(ArrangedInput &input, const Parts &parts) const
+{
     const auto sources = sourceParts(parts);
     auto arrangement = arrange(sources, {arguments_.players, arguments_.voices});
     if (arrangement.parts.isEmpty())
         throw QStringLiteral("There are no notes that could be played.");
-    const auto name = parts.song.title.isEmpty() ? QFileInfo(input).completeBaseName() : parts.song.title;
-    const auto written = write(arrangement, input == u"-" ? sources.first().name : name);
-    print(input, sources, arrangement, written);
+    for (int i = 0; i < sources.size(); ++i)
+        input.before.append({sources[i].name, arrangement.before[i]});
+    Song song;
+    for (auto &part : arrangement.parts) {
+        input.after.append({part.name, part.figures});
+        song.parts.append(SongPart());
+        song.parts.last().name = part.name;
+        part.track.toAbc();
+    }
+    const bool isNamed = !parts.song.title.isEmpty();
+    const auto title = isNamed              ? parts.song.title
+                       : input.path == u"-" ? sources.first().name
+                                            : QFileInfo(input.path).completeBaseName();
+    const auto names = SongParts::fileNames(song, title);
+    for (int i = 0; i < names.size(); ++i)
+        input.files.append({QFileInfo(names[i]).completeBaseName(), arrangement.parts[i].track.toAbc().toUtf8()});
+    if (!report_.isWanted())
+        return;
+    const auto played = asSong(arrangement, sources);
+    input.summary = summaryOf(input.path, played, checkReadSong(played, arguments_, instruments_));
+    input.summary.title = title;
 }
 
 QVector<SourcePart> SongArranger::sourceParts(const Parts &parts) const
@@ -159,55 +241,75 @@ PitchRange SongArranger::rangeOf(const QString &instrument) const
     return notes.isEmpty() ? PitchRange() : PitchRange{notes.firstKey(), notes.lastKey()};
 }
 
-QStringList SongArranger::write(Arrangement &arrangement, const QString &songName) const
+// As the game will have it.
+ReadSong SongArranger::asSong(const Arrangement &arrangement, const QVector<SourcePart> &sources) const
 {
-    Song song;
+    ReadSong song;
+    song.parts.resize(arrangement.parts.size());
     for (const auto &part : arrangement.parts) {
-        song.parts.append(SongPart());
-        song.parts.last().name = part.name;
+        const auto &instrument = sources[part.sources.first()].instrument;
+        SongPart played;
+        played.name = part.name;
+        played.instrument = instruments_.contains(instrument) ? instrument : QString();
+        song.songParts.insert(int(song.tracks.size()), played);
+        song.tracks.append(part.track);
     }
+    return song;
+}
+
+void SongArranger::take(ArrangedInput input)
+{
+    for (const auto &failure : qAsConst(input.failures))
+        printFailure(input.path, failure);
+    const bool isWritten = input.files.isEmpty() || runOrPrint(input.path, [&] { write(input); });
+    failed_ |= !isWritten || !input.failures.isEmpty();
+    if (report_.isWanted())
+        report(input);
+    if (isWritten && !input.files.isEmpty() && !report_.isInsteadOfLines())
+        print(input);
+}
+
+void SongArranger::write(ArrangedInput &input)
+{
     const QDir directory(arguments_.output);
     if (!directory.mkpath(QStringLiteral(".")))
         throw QStringLiteral("Could not create the directory.");
-    QStringList written;
-    const auto names = SongParts::fileNames(song, songName);
-    for (int i = 0; i < names.size(); ++i) {
-        const auto path = directory.filePath(names[i]);
-        const auto bytes = arrangement.parts[i].track.toAbc().toUtf8();
-        if (arguments_.force)
-            SafeFile::write(path, bytes);
-        else if (!SafeFile::writeNew(path, bytes))
-            throw QStringLiteral("\"%1\" exists; --force writes over it.").arg(names[i]);
-        written.append(path);
+    for (const auto &file : qAsConst(input.files)) {
+        const auto path = directory.filePath(names_.nextFor(file.name, QStringLiteral(".abc")));
+        writeFile(path, file.bytes);
+        input.written.append(path);
     }
-    return written;
 }
 
-void SongArranger::print(const QString &input, const QVector<SourcePart> &sources, const Arrangement &arrangement,
-                         const QStringList &written)
+void SongArranger::writeFile(const QString &path, const QByteArray &bytes)
 {
-    if (arguments_.json) {
-        QJsonArray before;
-        for (int i = 0; i < sources.size(); ++i)
-            before.append(json(sources[i].name, arrangement.before[i]));
-        QJsonArray after;
-        for (const auto &part : arrangement.parts)
-            after.append(json(part.name, part.figures));
-        songs_.append(QJsonObject{{QStringLiteral("file"), input},
-                                  {QStringLiteral("before"), before},
-                                  {QStringLiteral("after"), after},
-                                  {QStringLiteral("written"), QJsonArray::fromStringList(written)}});
-        return;
-    }
-    printLine(QStringLiteral("%1: wrote %2").arg(input, written.join(QStringLiteral(", "))));
-    printLine(headLine("before"));
-    for (int i = 0; i < sources.size(); ++i)
-        printLine(tableLine(sources[i].name, arrangement.before[i]));
-    printLine(tableLine(QStringLiteral("all"), arrangement.sumBefore()));
-    printLine(headLine("after"));
-    for (const auto &part : arrangement.parts)
-        printLine(tableLine(part.name, part.figures));
-    printLine(tableLine(QStringLiteral("all"), arrangement.sumAfter()));
+    if (arguments_.force)
+        return SafeFile::write(path, bytes);
+    if (!SafeFile::writeNewUnsynchronised(path, bytes))
+        throw QStringLiteral("\"%1\" exists; --force writes over it.").arg(QFileInfo(path).fileName());
+    unsynchronised_.append(path);
+}
+
+void SongArranger::print(const ArrangedInput &input) const
+{
+    printLine(QStringLiteral("%1: wrote %2").arg(input.path, input.written.join(QStringLiteral(", "))));
+    printTable("before", input.before);
+    printTable("after", input.after);
+}
+
+void SongArranger::report(const ArrangedInput &input)
+{
+    auto summary = input.summary;
+    summary.path = input.path;
+    summary.files = input.written;
+    summary.failures = input.failures;
+    for (int i = 0; i < std::min(summary.parts.size(), input.written.size()); ++i)
+        summary.parts[i].file = input.written[i];
+    summary.more = {{QStringLiteral("file"), input.path},
+                    {QStringLiteral("before"), json(input.before)},
+                    {QStringLiteral("after"), json(input.after)},
+                    {QStringLiteral("written"), QJsonArray::fromStringList(input.written)}};
+    report_.add(summary);
 }
 
 } // namespace

@@ -29,7 +29,7 @@ public:
             convertEach();
         synchroniseFiles();
         printInputs();
-        if (!report_.finish())
+        if (!report_.finish(arguments_.output))
             failed_ = true;
         return failed_ ? 1 : 0;
     }

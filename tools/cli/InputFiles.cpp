@@ -10,8 +10,8 @@ namespace {
 // Links to folders are not followed, since they may lead in circles.
 QStringList filesIn(const QString &folder)
 {
-    const QStringList endings{QStringLiteral("*.mid"), QStringLiteral("*.midi"), QStringLiteral("*.abc"),
-                              QStringLiteral("*.mml"), QStringLiteral("*.kvsong")};
+    const QStringList endings{QStringLiteral("*.mid"), QStringLiteral("*.midi"), QStringLiteral("*.kar"),
+                              QStringLiteral("*.abc"), QStringLiteral("*.mml"),  QStringLiteral("*.kvsong")};
     QStringList files;
     for (QDirIterator all(folder, endings, QDir::Files, QDirIterator::Subdirectories); all.hasNext();)
         files.append(all.next());

@@ -3,5 +3,5 @@
 #include <QStringList>
 
 // The inputs, with the music files in it and below it in the place of each folder, by their names: those that end in
-// .mid, .midi, .abc, .mml and .kvsong. A folder without any stays.
+// .mid, .midi, .kar, .abc, .mml and .kvsong. A folder without any stays.
 QStringList inputFiles(const QStringList &inputs);

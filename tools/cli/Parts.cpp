@@ -131,3 +131,14 @@ Parts readParts(const Arguments &arguments, bool &failed)
     failed |= !runOrPrint(arguments.inputs.join(QStringLiteral(", ")), [&] { parts = partsOf(inputs, arguments); });
     return parts;
 }
+
+ReadSong readSongOf(const Parts &parts)
+{
+    ReadSong song;
+    song.tracks = parts.tracks;
+    song.parts = parts.reports;
+    song.song = parts.song;
+    for (int i = 0; i < parts.song.parts.size(); ++i)
+        song.songParts.insert(i, parts.song.parts[i]);
+    return song;
+}

@@ -19,3 +19,6 @@ Parts partsOf(const QVector<NamedInput> &inputs, const Arguments &arguments);
 // With the transformations applied; a merge makes one part without levels of its own. What cannot be read or done is
 // printed and sets `failed`.
 Parts readParts(const Arguments &arguments, bool &failed);
+
+// The parts with their names and instruments, as checks and summaries want them.
+ReadSong readSongOf(const Parts &parts);

@@ -5,6 +5,7 @@
 #include "Messages.h"
 #include "PartInstruments.h"
 #include "Parts.h"
+#include "SongSummary.h"
 #include "audio/engine/BuiltinEngine.h"
 #include "audio/render/TrackRenderer.h"
 #include "base/ErrorText.h"
@@ -36,7 +37,10 @@ public:
     }
 
     void refuseInputAsOutput() const;
-    QString render(const Parts &parts); // gives what it wrote, in words
+    // The files that it wrote.
+    QStringList render(const Parts &parts);
+    // "wrote a.wav", behind which stands what is wrong with it.
+    QString lineOf(const QStringList &files) const { return QStringLiteral("wrote ") + files.join(u", ") + clipping_; }
 
 private:
     void refuseFilesThatAreThere(const RenderPlan &plan) const;
@@ -53,6 +57,7 @@ private:
     const QString output_;
     const InstrumentSet &instruments_;
     const RenderVoice voice_;
+    QString clipping_;
     int shownProgress_ = -1;
 };
 
@@ -145,7 +150,7 @@ void Rendering::addParts(TrackRenderer &renderer, const Parts &parts) const
     }
 }
 
-QString Rendering::render(const Parts &parts)
+QStringList Rendering::render(const Parts &parts)
 {
     const auto plan = planFor(parts);
     refuseFilesThatAreThere(plan);
@@ -160,9 +165,9 @@ QString Rendering::render(const Parts &parts)
                      [this](quint64 tick, quint64 total) { showProgress(tick, total); });
     QObject::connect(&renderer, &TrackRenderer::renderFailed, &loop,
                      [&failure](const QString &message) { failure = message; });
-    QString clipping;
-    QObject::connect(&renderer, &TrackRenderer::samplesClipped, &loop,
-                     [&clipping](quint64 clipped, quint64 samples) { clipping = clippingText(clipped, samples); });
+    QObject::connect(&renderer, &TrackRenderer::samplesClipped, &loop, [this](quint64 clipped, quint64 samples) {
+        clipping_ = QStringLiteral("; ") + clippingText(clipped, samples);
+    });
     QObject::connect(&renderer, &TrackRenderer::renderFinished, &loop, &QEventLoop::quit);
     renderer.render();
     loop.exec();
@@ -172,8 +177,7 @@ QString Rendering::render(const Parts &parts)
     QStringList paths;
     for (const auto &file : plan.files)
         paths.append(file.path);
-    const auto remark = clipping.isEmpty() ? clipping : QStringLiteral("; ") + clipping;
-    return QStringLiteral("wrote %1%2").arg(paths.join(QStringLiteral(", ")), remark);
+    return paths;
 }
 
 void Rendering::showProgress(quint64 tick, quint64 total)
@@ -193,6 +197,13 @@ InstrumentSet instrumentsFor(const Arguments &arguments)
     return instruments;
 }
 
+SongSummary summaryOf(const QString &path, const Parts &parts, const Arguments &arguments,
+                      const InstrumentSet &instruments)
+{
+    const auto song = readSongOf(parts);
+    return summaryOf(path, song, checkReadSong(song, arguments, instruments));
+}
+
 // All inputs are one song.
 int renderOne(const Arguments &arguments)
 {
@@ -201,13 +212,22 @@ int renderOne(const Arguments &arguments)
     if (failed && parts.tracks.isEmpty())
         return 1;
     InstrumentSet instruments;
+    SongReport report(arguments);
     const auto scan = [&] { instruments = instrumentsFor(arguments); };
     const auto write = [&] {
         Rendering rendering(arguments, arguments.output, instruments, {printFailure, printProgress});
         rendering.refuseInputAsOutput();
-        printLine(rendering.render(parts));
+        const auto files = rendering.render(parts);
+        if (!report.isInsteadOfLines())
+            printLine(rendering.lineOf(files));
+        if (!report.isWanted())
+            return;
+        auto summary = summaryOf(arguments.inputs.join(QStringLiteral(", ")), parts, arguments, instruments);
+        summary.files = files;
+        report.add(summary);
     };
-    const bool isDone = runOrPrint(arguments.game, scan) && runOrPrint(arguments.output, write);
+    const bool isDone = runOrPrint(arguments.game, scan) && runOrPrint(arguments.output, write) &&
+                        report.finish(QFileInfo(arguments.output).path());
     return isDone && !failed ? 0 : 1;
 }
 
@@ -215,7 +235,7 @@ int renderOne(const Arguments &arguments)
 class FolderRendering
 {
 public:
-    explicit FolderRendering(const Arguments &arguments) : arguments_(arguments) {}
+    explicit FolderRendering(const Arguments &arguments) : arguments_(arguments), report_(arguments) {}
 
     int run()
     {
@@ -230,6 +250,7 @@ public:
         forEachInput<Rendered>(
             arguments_, [this](const QString &path) { return rendered(path); },
             [this](const Rendered &song) { take(song); });
+        failed_ |= !report_.finish(arguments_.output);
         return failed_ ? 1 : 0;
     }
 
@@ -240,13 +261,16 @@ private:
         QString line; // empty when nothing was written
         QVector<QPair<QString, QString>> remarks = {};
         QStringList failures = {};
+        SongSummary summary = {}; // when one is wanted
     };
 
     void nameFiles();
     Rendered rendered(const QString &path) const;
+    void render(Rendered &song, const Parts &parts) const;
     void take(const Rendered &song);
 
     const Arguments &arguments_;
+    SongReport report_;
     InstrumentSet instruments_;
     QHash<QString, QString> outputs_; // by input
     bool failed_ = false;
@@ -266,19 +290,29 @@ FolderRendering::Rendered FolderRendering::rendered(const QString &path) const
 {
     const auto reading = readOne(path, arguments_);
     Rendered song{path, {}, {}, reading.failures};
+    if (!reading.failures.isEmpty() && reading.song.tracks.isEmpty())
+        return song;
     try {
-        const auto output = outputs_[path];
-        if (!reading.failures.isEmpty() && reading.song.tracks.isEmpty())
-            return song;
-        if (!arguments_.force && QFileInfo::exists(output))
-            throw QStringLiteral("\"%1\" exists; --force writes over it.").arg(output);
-        const auto parts = partsOf({{path, reading.song}}, arguments_);
-        const auto remark = [&song](const QString &file, const QString &text) { song.remarks.append({file, text}); };
-        song.line = Rendering(arguments_, output, instruments_, {remark, [](int, int) {}}).render(parts);
+        render(song, partsOf({{path, reading.song}}, arguments_));
     } catch (...) {
         song.failures.append(currentErrorText());
     }
     return song;
+}
+
+void FolderRendering::render(Rendered &song, const Parts &parts) const
+{
+    const auto output = outputs_[song.path];
+    if (!arguments_.force && QFileInfo::exists(output))
+        throw QStringLiteral("\"%1\" exists; --force writes over it.").arg(output);
+    const auto remark = [&song](const QString &file, const QString &text) { song.remarks.append({file, text}); };
+    Rendering rendering(arguments_, output, instruments_, {remark, [](int, int) {}});
+    const auto files = rendering.render(parts);
+    song.line = rendering.lineOf(files);
+    if (!report_.isWanted())
+        return;
+    song.summary = summaryOf(song.path, parts, arguments_, instruments_);
+    song.summary.files = files;
 }
 
 void FolderRendering::take(const Rendered &song)
@@ -288,8 +322,12 @@ void FolderRendering::take(const Rendered &song)
     for (const auto &failure : song.failures)
         printFailure(song.path, failure);
     failed_ |= !song.failures.isEmpty();
-    if (!song.line.isEmpty())
+    if (!song.line.isEmpty() && !report_.isInsteadOfLines())
         printLine(song.path + QStringLiteral(": ") + song.line);
+    auto summary = song.summary;
+    summary.path = song.path;
+    summary.failures = song.failures;
+    report_.add(summary);
 }
 
 bool isFolder(const QString &output)

@@ -101,7 +101,10 @@ QJsonObject SongSummary::json() const
     QJsonArray partArray;
     for (const auto &part : parts)
         partArray.append(jsonOf(part));
-    auto object = findings().json();
+    auto object = more;
+    const auto counts = findings().json();
+    for (auto count = counts.begin(); count != counts.end(); ++count)
+        object[count.key()] = count.value();
     object[key("input")] = path;
     object[key("title")] = title;
     object[key("seconds")] = seconds();
@@ -131,9 +134,9 @@ SongSummary summaryOf(const QString &path, const ReadSong &song, const QVector<C
     return summary;
 }
 
-bool SongReport::finish() const
+bool SongReport::finish(const QString &folder) const
 {
-    const bool isWritten = !arguments_.manifest || runOrPrint(arguments_.output, [this] { writeManifest(); });
+    const bool isWritten = !arguments_.manifest || runOrPrint(folder, [&] { writeManifest(folder); });
     if (arguments_.json) {
         return isWritten && runOrPrint(QStringLiteral("standard output"), [this] {
                    StandardOutput out;
@@ -154,9 +157,9 @@ QByteArray SongReport::json() const
     return QJsonDocument(QJsonObject{{key("songs"), songs}}).toJson();
 }
 
-void SongReport::writeManifest() const
+void SongReport::writeManifest(const QString &folder) const
 {
-    const auto path = QDir(arguments_.output).filePath(QStringLiteral("manifest.json"));
+    const auto path = QDir(folder).filePath(QStringLiteral("manifest.json"));
     if (arguments_.force)
         SafeFile::write(path, json());
     else if (!SafeFile::writeNew(path, json()))

@@ -22,6 +22,7 @@ struct SongSummary
     QVector<Part> parts;
     QStringList files = {};
     QStringList failures = {};
+    QJsonObject more = {}; // members that a command adds
 
     double seconds() const; // of the longest part
     int players() const;    // parts with notes
@@ -48,11 +49,11 @@ public:
     void add(const SongSummary &song) { songs_.append(song); }
 
     void printTable() const;
-    // Prints and writes; what fails is printed. Gives whether nothing did.
-    bool finish() const;
+    // Prints, and writes a manifest into the folder; what fails is printed. Gives whether nothing did.
+    bool finish(const QString &folder) const;
 
 private:
-    void writeManifest() const;
+    void writeManifest(const QString &folder) const;
     QByteArray json() const;
 
     const Arguments &arguments_;
