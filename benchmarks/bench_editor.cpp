@@ -4,8 +4,8 @@
 // than ten times the time. Ends with 1 when a 99th percentile or a chord is above its budget. Times are of the
 // interface's own thread; the clock's time, which other programs disturb, is printed beside it. An argument chooses the
 // rows of typing by a part of their names.
-#include "audio/TrackPlayer.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "audio/player/TrackPlayer.h"
 #include "core/AbcParser.h"
 #include "settings/Settings.h"
 #include "support/Figures.h"

@@ -2,8 +2,8 @@
 // player on the paced output, while a thread spins on every core. Fails when the output ran dry, or a note came too
 // late and was dropped. Usage: soak_playback [SECONDS]
 #include "audio/SampleFiles.h"
-#include "audio/TrackPlayer.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "audio/player/TrackPlayer.h"
 #include "support/Figures.h"
 
 #include <QCoreApplication>

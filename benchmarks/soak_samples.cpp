@@ -3,8 +3,8 @@
 // output. Fails when a note is missing, when the program needs more than 400 MB, or when the first note is late. Usage:
 // soak_samples [NOTES]
 #include "audio/SampleFiles.h"
-#include "audio/TrackPlayer.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "audio/player/TrackPlayer.h"
 #include "support/Figures.h"
 
 #include <QCoreApplication>

@@ -30,7 +30,7 @@
 #include "app/songtools/SongTools.h"
 #include "app/songtools/SourceListening.h"
 #include "assets/InstrumentSetModel.h"
-#include "audio/TrackPlayer.h"
+#include "audio/player/TrackPlayer.h"
 #include "settings/Settings.h"
 #include "ui/tracks/TrackList.h"
 

@@ -1,6 +1,6 @@
 #include "app/SongFindings.h"
 
-#include "check/FindingKinds.h"
+#include "check/findings/FindingKinds.h"
 #include "ui/checks/FindingsPanel.h"
 #include "ui/song/TrackRows.h"
 #include "ui/song/TrackWidget.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "check/TextCheck.h"
+#include "check/text/TextCheck.h"
 
 // What is wrong with the notes of a part, whatever plays them. [any]
 QVector<Finding> checkNotes(const TextCheck &part, const CheckOptions &options = {});

@@ -1,8 +1,8 @@
 #include "check/PartCheck.h"
 
 #include "check/InstrumentCheck.h"
-#include "check/LengthCheck.h"
 #include "check/NoteCheck.h"
+#include "check/text/LengthCheck.h"
 
 PartCheck checkPart(const QString &text, const QString &instrument, const InstrumentSet &instruments,
                     const CheckOptions &options, const std::stop_token &stop)

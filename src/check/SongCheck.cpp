@@ -1,6 +1,6 @@
 #include "check/SongCheck.h"
 
-#include "check/FindingKinds.h"
+#include "check/findings/FindingKinds.h"
 
 #include <algorithm>
 

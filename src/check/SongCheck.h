@@ -1,6 +1,6 @@
 #pragma once
 
-#include "check/TextCheck.h"
+#include "check/text/TextCheck.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "SampleFiles.h"
-#include "audio/PlayRequest.h"
+#include "audio/player/PlayRequest.h"
 
 #include <functional>
 #include <optional>

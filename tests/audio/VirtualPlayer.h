@@ -1,7 +1,7 @@
 #pragma once
 
-#include "audio/PlayerWorker.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "audio/player/PlayerWorker.h"
 
 #include <QStringList>
 

@@ -1,8 +1,8 @@
 // What a player does when its engine fails, loses its device or has nothing to do.
 #include "LoggedLines.h"
 #include "SampleFiles.h"
-#include "audio/PlayerWorker.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "audio/player/PlayerWorker.h"
 #include "support/Rows.h"
 
 #include <QSignalSpy>

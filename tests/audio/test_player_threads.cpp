@@ -1,6 +1,6 @@
 #include "RandomRequests.h"
-#include "audio/PlayerWorker.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "audio/player/PlayerWorker.h"
 #include "audio/render/RenderWorker.h"
 
 #include <QtTest>

@@ -1,5 +1,5 @@
 #include "RandomRequests.h"
-#include "audio/TrackPlayer.h"
+#include "audio/player/TrackPlayer.h"
 #include "support/GatedEngine.h"
 
 #include <QSignalSpy>

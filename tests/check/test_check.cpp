@@ -1,6 +1,6 @@
-#include "check/FindingKinds.h"
 #include "check/PartCheck.h"
-#include "check/UnitLengthChange.h"
+#include "check/findings/FindingKinds.h"
+#include "check/text/UnitLengthChange.h"
 #include "core/AbcParser.h"
 #include "support/DescribeTrack.h"
 #include "support/Rows.h"

@@ -2,8 +2,8 @@
 
 #include "app/AnsweringDialogs.h"
 #include "audio/SampleFiles.h"
-#include "audio/TrackPlayer.h"
 #include "audio/engine/BuiltinEngine.h"
+#include "audio/player/TrackPlayer.h"
 #include "core/AbcParser.h"
 #include "settings/Settings.h"
 #include "support/Rows.h"

@@ -5,7 +5,7 @@
 #include "Messages.h"
 #include "SongSummary.h"
 #include "base/ErrorText.h"
-#include "check/FindingKinds.h"
+#include "check/findings/FindingKinds.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,8 +1,8 @@
 #include "SongChecker.h"
 
 #include "PartInstruments.h"
-#include "check/FindingKinds.h"
 #include "check/PartCheck.h"
+#include "check/findings/FindingKinds.h"
 #include "edit/AbcReading.h"
 #include "song/SongParts.h"
 

@@ -2,7 +2,7 @@
 
 #include "Arguments.h"
 #include "assets/InstrumentSet.h"
-#include "check/Finding.h"
+#include "check/findings/Finding.h"
 #include "core/Measures.h"
 
 #include <QJsonObject>

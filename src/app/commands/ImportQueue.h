@@ -2,7 +2,7 @@
 
 #include "app/commands/CommandContext.h"
 #include "app/services/SongImport.h"
-#include "audio/PlayerWorker.h"
+#include "audio/player/PlayerWorker.h"
 
 #include <QHash>
 

@@ -3,7 +3,7 @@
 #include "app/services/Playback.h"
 #include "app/services/SongSession.h"
 #include "app/services/Transport.h"
-#include "audio/TrackPlayer.h"
+#include "audio/player/TrackPlayer.h"
 #include "settings/Settings.h"
 #include "ui/Dialogs.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/services/Playback.h"
-#include "audio/TrackPlayer.h"
+#include "audio/player/TrackPlayer.h"
 #include "edit/NoteEdit.h"
 #include "edit/TextChange.h"
 

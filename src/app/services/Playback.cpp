@@ -1,7 +1,7 @@
 #include "app/services/Playback.h"
 
-#include "audio/TrackPlayer.h"
 #include "audio/clicks/ClickTrack.h"
+#include "audio/player/TrackPlayer.h"
 #include "core/HeaderFields.h"
 
 #include <QHash>

@@ -2,7 +2,7 @@
 
 #include "app/services/Rehearsal.h"
 #include "assets/InstrumentSetModel.h"
-#include "audio/PlayRequest.h"
+#include "audio/player/PlayRequest.h"
 #include "ui/tracks/TrackList.h"
 
 #include <QObject>

@@ -1,7 +1,7 @@
 #include "app/services/SongChecks.h"
 
-#include "check/FindingKinds.h"
-#include "check/Fixes.h"
+#include "check/findings/FindingKinds.h"
+#include "check/findings/Fixes.h"
 #include "core/AbcParser.h"
 
 #include <algorithm>

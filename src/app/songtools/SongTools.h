@@ -3,7 +3,7 @@
 #include "app/commands/ActionRow.h"
 #include "app/commands/CommandContext.h"
 #include "arrange/Arrangement.h"
-#include "audio/PlayerWorker.h"
+#include "audio/player/PlayerWorker.h"
 #include "base/Task.h"
 #include "song/SongTrack.h"
 

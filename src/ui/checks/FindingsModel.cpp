@@ -1,6 +1,6 @@
 #include "ui/checks/FindingsModel.h"
 
-#include "check/FindingKinds.h"
+#include "check/findings/FindingKinds.h"
 
 #include <QColor>
 

@@ -1,6 +1,6 @@
 #include "ui/checks/FindingsPanel.h"
 
-#include "check/FindingKinds.h"
+#include "check/findings/FindingKinds.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>

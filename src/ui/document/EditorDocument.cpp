@@ -1,8 +1,8 @@
 #include "ui/document/EditorDocument.h"
 
 #include "base/ErrorText.h"
-#include "check/FindingKinds.h"
 #include "check/PartCheck.h"
+#include "check/findings/FindingKinds.h"
 #include "core/AbcParser.h"
 #include "edit/NoteLookup.h"
 #include "edit/plan/NoteEditPlan.h"

@@ -2,7 +2,7 @@
 
 #include "assets/Instrument.h"
 #include "base/Task.h"
-#include "check/LiveFindings.h"
+#include "check/findings/LiveFindings.h"
 #include "core/Track.h"
 #include "edit/LiveReading.h"
 #include "edit/NoteEdit.h"

@@ -1,6 +1,6 @@
 #include "ui/editor/AbcEditorWindow.h"
 
-#include "check/FindingKinds.h"
+#include "check/findings/FindingKinds.h"
 #include "settings/Settings.h"
 #include "ui/Dialogs.h"
 #include "ui/ManualPage.h"

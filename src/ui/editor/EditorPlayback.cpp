@@ -1,6 +1,6 @@
 #include "ui/editor/EditorPlayback.h"
 
-#include "audio/TrackPlayer.h"
+#include "audio/player/TrackPlayer.h"
 #include "edit/NoteLookup.h"
 #include "ui/document/EditorDocument.h"
 

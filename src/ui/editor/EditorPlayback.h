@@ -1,6 +1,6 @@
 #pragma once
 
-#include "audio/PlayRequest.h"
+#include "audio/player/PlayRequest.h"
 
 #include <QObject>
 #include <QSet>

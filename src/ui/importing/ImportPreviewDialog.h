@@ -1,7 +1,7 @@
 #pragma once
 
 #include "assets/InstrumentSetModel.h"
-#include "audio/PlayerWorker.h"
+#include "audio/player/PlayerWorker.h"
 #include "settings/Settings.h"
 #include "song/preview/ImportPreview.h"
 

@@ -1,6 +1,6 @@
 #include "ui/listening/GroupPlayer.h"
 
-#include "audio/TrackPlayer.h"
+#include "audio/player/TrackPlayer.h"
 
 #include <QUuid>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "audio/PlayerWorker.h"
+#include "audio/player/PlayerWorker.h"
 
 #include <QHash>
 #include <QMap>

@@ -1,6 +1,6 @@
 #include "ui/roll/RollRuler.h"
 
-#include "check/FindingKinds.h"
+#include "check/findings/FindingKinds.h"
 #include "ui/SharpPainter.h"
 #include "ui/roll/RollState.h"
 #include "ui/timeline/MarkTexts.h"

@@ -1,6 +1,6 @@
 #include "ui/text/AbcTextEdit.h"
 
-#include "check/FindingKinds.h"
+#include "check/findings/FindingKinds.h"
 #include "ui/document/EditorDocument.h"
 #include "ui/text/AbcHighlighter.h"
 #include "ui/text/EditorColours.h"

@@ -1,5 +1,5 @@
 // How the text looks: what is lit behind the characters, the marks of errors, and the margin.
-#include "check/FindingKinds.h"
+#include "check/findings/FindingKinds.h"
 #include "edit/BracketMatch.h"
 #include "ui/document/EditorDocument.h"
 #include "ui/text/AbcTextEdit.h"

@@ -1,6 +1,6 @@
 #include "ui/text/ProblemFixes.h"
 
-#include "check/FindingKinds.h"
+#include "check/findings/FindingKinds.h"
 #include "ui/document/EditorDocument.h"
 
 #include <QMenu>

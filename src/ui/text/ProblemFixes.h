@@ -1,6 +1,6 @@
 #pragma once
 
-#include "check/Finding.h"
+#include "check/findings/Finding.h"
 
 #include <QPoint>
 #include <QVector>

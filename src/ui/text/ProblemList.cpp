@@ -1,6 +1,6 @@
 #include "ui/text/ProblemList.h"
 
-#include "check/FindingKinds.h"
+#include "check/findings/FindingKinds.h"
 #include "ui/document/EditorDocument.h"
 #include "ui/text/EditorColours.h"
 #include "ui/text/ProblemFixes.h"
