@@ -19,7 +19,7 @@ set(LAYERS
     "src/assets|base assets/package"
     "src/check/findings|base settings core edit"
     "src/check/text|base core import edit check/findings"
-    "src/check|base core edit assets check/findings check/text"
+    "src/check|base core import edit assets check/findings check/text"
     "src/song/preview|base settings core import song assets"
     "src/audio/sound|"
     "src/audio/samples|base assets assets/package audio/sound"

@@ -1,19 +1,11 @@
 #include "arrange/OneTempo.h"
 
 #include "audio/TempoPlaces.h"
+#include "import/WrittenTempo.h"
 
 namespace {
 
 const auto tempoField = QStringLiteral("Q");
-
-qint64 beatsIn(qint64 ticksPerMinute)
-{
-    qint64 beats = 4;
-    while (beats < ticksPerWholeNote &&
-           (ticksPerWholeNote % beats != 0 || ticksPerMinute % (ticksPerWholeNote / beats) != 0))
-        ++beats;
-    return beats;
-}
 
 void moveNote(TrackEvent &note, const TempoPlaces &places)
 {
@@ -61,10 +53,4 @@ Track inTempoOf(const Track &track, const Track &leader)
     result.setFilePath({});
     result.normalize();
     return result;
-}
-
-QString tempoText(qint64 ticksPerMinute)
-{
-    const auto beats = beatsIn(ticksPerMinute);
-    return QStringLiteral("1/%1=%2").arg(beats).arg(ticksPerMinute * beats / ticksPerWholeNote);
 }

@@ -8,6 +8,3 @@ Track inTempoOf(const Track &track, const Track &leader);
 
 // Gives the track, whose events stay where they are, the tempos of another; whoever calls it ends with normalize().
 void takeTempos(Track &track, const Track &leader);
-
-// "1/4=120": the longest beat, a quarter note at most, of which there is a whole number a minute.
-QString tempoText(qint64 ticksPerMinute);

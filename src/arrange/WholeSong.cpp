@@ -6,6 +6,7 @@
 #include "core/HeaderFields.h"
 #include "core/KeyTable.h"
 #include "import/ChangeKey.h"
+#include "import/WrittenTempo.h"
 
 #include <algorithm>
 #include <array>

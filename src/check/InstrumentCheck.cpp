@@ -2,6 +2,7 @@
 
 #include "assets/InstrumentGuess.h"
 #include "check/NoteCheck.h"
+#include "check/text/FoldedNotes.h"
 #include "core/AbcParser.h"
 #include "core/HeaderFields.h"
 #include "core/KeyTable.h"
@@ -15,7 +16,7 @@
 
 namespace {
 
-constexpr double semitonesOfOctave = 12;
+constexpr int semitonesOfOctave = 12;
 
 // What each pitch of an instrument comes to: found once, and not for every note.
 class Pitches
@@ -39,9 +40,25 @@ public:
     }
 
     std::optional<FindingKind> kind(quint32 pitch) const { return judged_[pitch].kind; }
+    // To the nearest octave with a sample; 0 where two are as near, or there is none.
+    int octavesToSample(int pitch) const
+    {
+        for (int octaves = 1; octaves * semitonesOfOctave < int(judged_.size()); ++octaves) {
+            const bool isAbove = hasSample(pitch + octaves * semitonesOfOctave);
+            const bool isBelow = hasSample(pitch - octaves * semitonesOfOctave);
+            if (isAbove || isBelow)
+                return isAbove == isBelow ? 0 : isAbove ? octaves : -octaves;
+        }
+        return 0;
+    }
     double semitones(quint32 pitch) const { return judged_[pitch].semitones; }
 
 private:
+    bool hasSample(int pitch) const
+    {
+        return isPlayable(pitch) && judged_[size_t(pitch)].kind != FindingKind::NoSample;
+    }
+
     struct Judged
     {
         std::optional<FindingKind> kind;
@@ -90,6 +107,8 @@ void checkSamples(const TextCheck &part, const Instrument &instrument, const Che
             findings.append(
                 {*kind, textOf(note, part), note.start(), valuesOf(*kind, note.pitch(), pitches, instrument.name)});
     }
+    foldInto(findings, FindingKind::NoSample, {part.text, part.lines},
+             [&pitches](int pitch) { return pitches.octavesToSample(pitch); });
 }
 
 } // namespace

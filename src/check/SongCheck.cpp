@@ -1,6 +1,8 @@
 #include "check/SongCheck.h"
 
 #include "check/findings/FindingKinds.h"
+#include "core/AbcTokenizer.h"
+#include "import/WrittenTempo.h"
 
 #include <algorithm>
 
@@ -31,6 +33,27 @@ qint64 tempoAt(const Tempos &tempos, Ticks tick)
             tempo = each.ticksPerMinute;
     }
     return tempo;
+}
+
+TextRange rangeOf(const AbcToken &token, QStringView part, const QVector<int> &lines)
+{
+    return {lines[token.line] + token.column + int(part.begin() - token.text.begin()), int(part.size())};
+}
+
+// The first Q of the header, or the place in front of its K.
+std::optional<PartFacts::TempoField> tempoFieldOf(const TextCheck &part)
+{
+    AbcTokenizer tokens(part.text);
+    for (AbcToken token; tokens.next(token);) {
+        if (token.type != AbcTokenType::FieldLine)
+            continue;
+        const auto name = token.part(AbcPart::Name);
+        if (name == u"Q")
+            return PartFacts::TempoField{rangeOf(token, token.part(AbcPart::Value).trimmed(), part.lines), true};
+        if (name == u"K")
+            return PartFacts::TempoField{{part.lines[token.line], 0}, false};
+    }
+    return {};
 }
 
 // The first time from which on the two are not the same.
@@ -71,20 +94,35 @@ public:
     {
         QVector<Finding> findings;
         if (part.tempos != tempos_)
-            findings.append(tempoFinding(part.tempos));
+            findings.append(tempoFinding(part));
         if (part.firstNote > firstNote_)
             findings.append(
                 {FindingKind::StartDiffers, {}, part.firstNote, {lengthInWords(part.firstNote - firstNote_)}});
         if (part.length < length_)
-            findings.append({FindingKind::LengthDiffers, {}, part.length, {lengthInWords(length_ - part.length)}});
+            findings.append(lengthFinding(part));
         return findings;
     }
 
 private:
-    Finding tempoFinding(const Tempos &tempos) const
+    // Only where one field is all that differs.
+    Finding tempoFinding(const PartFacts &part) const
     {
-        const auto at = firstDifference(tempos, tempos_);
-        return {FindingKind::TempoDiffers, {}, at, {bpm(tempoAt(tempos, at)), bpm(tempoAt(tempos_, at))}};
+        const auto at = firstDifference(part.tempos, tempos_);
+        Finding finding{FindingKind::TempoDiffers, {}, at, {bpm(tempoAt(part.tempos, at)), bpm(tempoAt(tempos_, at))}};
+        if (!part.tempoField || part.tempos.size() != 1 || tempos_.size() != 1)
+            return finding;
+        const auto text = tempoText(tempos_.front().ticksPerMinute);
+        const auto &field = *part.tempoField;
+        finding.fix = {{field.range, field.isThere ? text : QStringLiteral("Q: %1\n").arg(text)}};
+        return finding;
+    }
+
+    Finding lengthFinding(const PartFacts &part) const
+    {
+        Finding finding{FindingKind::LengthDiffers, {}, part.length, {lengthInWords(length_ - part.length)}};
+        if (part.end)
+            finding.fix = {restsBehind(*part.end, length_ - part.end->position)};
+        return finding;
     }
 
     const Tempos &tempos_;
@@ -108,6 +146,10 @@ PartFacts factsOf(const TextCheck &part)
         }
     }
     facts.length = std::max(part.length, part.track.length());
+    facts.end = part.end;
+    const auto &events = part.track.events();
+    if (std::none_of(events.begin(), events.end(), [](const auto &event) { return event.kind() == TrackEvent::Tempo; }))
+        facts.tempoField = tempoFieldOf(part);
     return facts;
 }
 

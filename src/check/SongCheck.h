@@ -2,6 +2,7 @@
 
 #include "check/text/TextCheck.h"
 
+#include <optional>
 #include <vector>
 
 // What the other parts of a song need to know of a part; all else of it need not be kept.
@@ -15,12 +16,19 @@ struct PartFacts
         bool operator==(const Tempo &) const = default;
     };
 
+    // Where the part's only tempo is written, or is to be.
+    struct TempoField
+    {
+        TextRange range;
+        bool isThere = false;
+    };
+
     bool hasNotes = false;
     Ticks firstNote = 0;
-    Ticks length = 0;          // with the rests at the end
-    std::vector<Tempo> tempos; // by time, without those that change nothing; the first begins at 0
-
-    bool operator==(const PartFacts &) const = default;
+    Ticks length = 0;                          // with the rests at the end
+    std::vector<Tempo> tempos;                 // by time, without those that change nothing; the first begins at 0
+    std::optional<TempoField> tempoField = {}; // where one field is all
+    std::optional<MusicEnd> end = {};          // where rests can follow
 };
 PartFacts factsOf(const TextCheck &part);
 

@@ -28,3 +28,12 @@ WrittenTempo exactTempo(quint32 microsecondsPerQuarter)
     }
     return tempo;
 }
+
+QString tempoText(qint64 ticksPerMinute)
+{
+    qint64 beats = 4;
+    while (beats < ticksPerWholeNote &&
+           (ticksPerWholeNote % beats != 0 || ticksPerMinute % (ticksPerWholeNote / beats) != 0))
+        ++beats;
+    return QStringLiteral("1/%1=%2").arg(beats).arg(ticksPerMinute * beats / ticksPerWholeNote);
+}

@@ -21,3 +21,6 @@ WrittenTempo truncatedTempo(quint32 microsecondsPerQuarter);
 // The longest beat, a quarter note at most, whose whole number a minute is right within 0.01 %. At least 1 and at most
 // 2^24 microseconds.
 WrittenTempo exactTempo(quint32 microsecondsPerQuarter);
+
+// "1/4=120": the longest beat, a quarter note at most, of which there is a whole number a minute.
+QString tempoText(qint64 ticksPerMinute);

@@ -1,6 +1,7 @@
 #include "arrange/Arrangement.h"
 #include "arrange/OneTempo.h"
 #include "base/Interrupted.h"
+#include "import/WrittenTempo.h"
 #include "support/ArrangePromises.h"
 #include "support/DescribeTrack.h"
 #include "support/Rows.h"
@@ -118,7 +119,8 @@ private slots:
         for (unsigned seed = 0; seed < 60; ++seed) {
             const auto made = ArrangePromises::randomCase(seed);
             const auto arrangement = arrange(made.parts, made.options);
-            const auto wrong = ArrangePromises::broken(arrangement, made);
+            const auto wrong =
+                ArrangePromises::broken(arrangement, made) + ArrangePromises::brokenByUndo(arrangement, made);
             QVERIFY2(wrong.isEmpty(), qPrintable(QStringLiteral("song %1: %2").arg(seed).arg(wrong)));
             QCOMPARE(describe(arrange(made.parts, made.options)), describe(arrangement));
         }

@@ -1,5 +1,6 @@
 #include "check/PartCheck.h"
 #include "check/findings/FindingKinds.h"
+#include "check/findings/Fixes.h"
 #include "check/text/UnitLengthChange.h"
 #include "core/AbcParser.h"
 #include "support/DescribeTrack.h"
@@ -42,10 +43,7 @@ QString described(const QVector<Finding> &findings, int bodyOffset)
 
 QString fixedText(const QString &text, const QVector<Finding> &findings)
 {
-    auto fixed = text;
-    for (auto finding = findings.rbegin(); finding != findings.rend(); ++finding)
-        fixed = applyChanges(fixed, finding->fix);
-    return fixed;
+    return applyChanges(text, combinedFixes(findings));
 }
 
 } // namespace
@@ -84,7 +82,8 @@ private slots:
             "ignored-field 3+7 @4, unreadable-field 10+7 @4, unreadable-field 17+8 @4, unreadable-field 28+6 @8, "
             "second-tune 35+3 @8",
             "");
-        row("silent and far", "D4|c4", "no-sample 0+2 @0, far-from-sample 3+2 @4", "");
+        row("silent and far", "D4|c4", "no-sample 0+2 @0, far-from-sample 3+2 @4", "D,4|c4");
+        row("silent and tied", "D2-D2|[CD]2-D2|", "no-sample 0+3 @0, no-sample 8+1 @4", "D,2-D,2|[CD,]2-D,2|");
         row("no notes", "z4|", "empty-part", "");
     }
 
@@ -134,6 +133,42 @@ private slots:
         const auto fixed = applyChanges(text, withUnitLength(text, shortestUnitLength(text)));
         QTEST(fixed, "shorter");
         QCOMPARE(describe(parseAbc(fixed)), describe(parseAbc(text)));
+    }
+
+    void movesNotesAmongAccidentals()
+    {
+        const auto text = tune(QStringLiteral("^G,,,,G,,,2G,,,|_G,,,G,,,,3|G,,,,-G,,,,3|"));
+        QCOMPARE(fixedText(text, checkText(text).findings),
+                 tune(QStringLiteral("^G,,,=G,,,2G,,,|_G,,,=G,,,3|G,,,-G,,,3|")));
+    }
+
+    void mendsWhatDiffers_data()
+    {
+        const Rows<QString, QString> row("text", "mended");
+        const auto add = [&row](const char *name, const char *header, const char *body, const char *fixed) {
+            const auto whole = [](const QString &fields, const char *music) {
+                return QStringLiteral("X:1\nL:1/4\n%1K:C\n%2").arg(fields, QLatin1String(music));
+            };
+            const auto right = QString::fromLatin1(header).replace(u"Q:90", u"Q:1/4=120");
+            row(name, whole(QLatin1String(header), body), whole(right, fixed));
+        };
+        add("measures", "M:4/4\n", "C4|C2 |]", "C4|C2 z2 | z2 |]");
+        add("whole measures", "M:4/4\n", "(C4)||\n% end", "(C4) | Z | z2||\n% end");
+        add("no bar lines", "M:4/4\n", "C3[CE4]", "C3[CE4] z6");
+        add("no metre", "", "C|D|", "C|D z8|");
+        add("rest of a measure", "M:4/4\n", "C4|z4|z", "C4|z4|z z");
+        add("tempo", "Q:90\n", "C10", "C10");
+        add("a tuplet may be open", "M:4/4\n", "(3CDE", "(3CDE");
+    }
+    void mendsWhatDiffers()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, mended);
+        const auto facts = [](const QString &part) { return factsOf(checkText(part)); };
+        const auto leader = facts(QStringLiteral("X:1\nL:1/4\nK:C\nC4C4C2"));
+        const auto fixed = fixedText(text, checkSong({leader, leader, facts(text)})[2]);
+        QCOMPARE(fixed, mended);
+        QCOMPARE(checkSong({leader, facts(fixed)})[1].isEmpty(), fixed != text);
     }
 
     void comparesParts()

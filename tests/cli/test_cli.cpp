@@ -258,8 +258,8 @@ private slots:
         QVERIFY2(error.startsWith("kelvarion-composer-cli: pack/a/jig.kar: "), error);
         const auto lines = out.split('\n');
         QVERIFY2(lines[0].startsWith("pack/b/jig.abc: wrote out/jig - Air.abc"), out);
-        QCOMPARE(lines[lines.size() - 3], QByteArray("pack/c.abc          1    0:04       0         0      0"));
-        QCOMPARE(lines[lines.size() - 2], QByteArray("3 songs             2    0:08       1         0      0"));
+        QCOMPARE(lines[lines.size() - 3], QByteArray("pack/c.abc          1    0:02       0         0      0"));
+        QCOMPARE(lines[lines.size() - 2], QByteArray("3 songs             2    0:04       1         0      0"));
         const auto manifest = folder_->read("out/manifest.json");
         const auto songs = QJsonDocument::fromJson(manifest)[QStringLiteral("songs")];
         QCOMPARE(songs[2][QStringLiteral("files")][0].toString(), QStringLiteral("out/c - Air.abc"));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "arrange/Arrangement.h"
+#include "ui/tracks/TrackList.h"
 
 #include <algorithm>
 #include <random>
@@ -155,6 +156,37 @@ inline QString brokenByMelody(const Arrangement &arrangement, const Case &made)
     return line.isEmpty() || std::any_of(arrangement.parts.begin(), arrangement.parts.end(), isWholeIn)
                ? QString()
                : QStringLiteral("the melody is not whole");
+}
+
+inline QString textsOf(const SongTracks &song)
+{
+    QStringList texts;
+    for (const auto &track : song) {
+        auto copy = *track->track;
+        texts.append(track->id + copy.toAbc());
+    }
+    return texts.join(u'\f');
+}
+
+// As one step of a song's history, which is undone and redone.
+inline QString brokenByUndo(const Arrangement &arrangement, const Case &made)
+{
+    TrackList list;
+    QVector<NewTrack> sources;
+    for (const auto &part : made.parts)
+        sources.append({part.track, part.instrument});
+    list.add({}, sources);
+    const auto before = textsOf(list.song());
+    QVector<NewTrack> arranged;
+    for (const auto &part : arrangement.parts)
+        arranged.append({part.track, {}});
+    list.replace({}, list.ids(), arranged);
+    const auto after = textsOf(list.song());
+    list.history().undo();
+    if (textsOf(list.song()) != before)
+        return QStringLiteral("undo does not give the song back");
+    list.history().redo();
+    return textsOf(list.song()) == after ? QString() : QStringLiteral("redo does not give the arrangement back");
 }
 
 // What is wrong; empty when nothing is.

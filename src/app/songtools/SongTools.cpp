@@ -5,6 +5,7 @@
 #include "arrange/WholeSong.h"
 #include "assets/InstrumentGuess.h"
 #include "assets/ProgramInstruments.h"
+#include "import/WrittenTempo.h"
 #include "ui/Dialogs.h"
 #include "ui/arranging/ArrangeDialog.h"
 #include "ui/tracks/TrackList.h"

@@ -59,15 +59,18 @@ constexpr std::array<Row, findingKindCount> rows{{
      QT_TRANSLATE_NOOP("Finding", "The game has no instrument “%1”.%2"),
      QT_TRANSLATE_NOOP("Finding", "Name the instrument that is meant")},
     {"no-sample", Severity::Error, QT_TRANSLATE_NOOP("Finding", "Notes without a sample"),
-     QT_TRANSLATE_NOOP("Finding", "%2 has no sample for %1: the note stays silent."), ""},
+     QT_TRANSLATE_NOOP("Finding", "%2 has no sample for %1: the note stays silent."),
+     QT_TRANSLATE_NOOP("Finding", "Move by octaves to a sample")},
     {"far-from-sample", Severity::Warning, QT_TRANSLATE_NOOP("Finding", "Notes far from their sample"),
      QT_TRANSLATE_NOOP("Finding", "%1 is %2 semitones from its sample, and will not sound natural."), ""},
     {"tempo-differs", Severity::Error, QT_TRANSLATE_NOOP("Finding", "Tempos that differ"),
-     QT_TRANSLATE_NOOP("Finding", "The part plays %1 quarter notes a minute here, most others %2."), ""},
+     QT_TRANSLATE_NOOP("Finding", "The part plays %1 quarter notes a minute here, most others %2."),
+     QT_TRANSLATE_NOOP("Finding", "Give it the tempo of the others")},
     {"start-differs", Severity::Note, QT_TRANSLATE_NOOP("Finding", "Starts that differ"),
      QT_TRANSLATE_NOOP("Finding", "The part's first note comes %1 later than the song's."), ""},
     {"length-differs", Severity::Note, QT_TRANSLATE_NOOP("Finding", "Lengths that differ"),
-     QT_TRANSLATE_NOOP("Finding", "The part ends %1 before the longest one."), ""},
+     QT_TRANSLATE_NOOP("Finding", "The part ends %1 before the longest one."),
+     QT_TRANSLATE_NOOP("Finding", "End with rests")},
 }};
 
 const Row &rowOf(FindingKind kind)

@@ -3,6 +3,7 @@
 #include "base/ErrorText.h"
 #include "check/PartCheck.h"
 #include "check/findings/FindingKinds.h"
+#include "check/findings/Fixes.h"
 #include "core/AbcParser.h"
 #include "edit/NoteLookup.h"
 #include "edit/plan/NoteEditPlan.h"
@@ -134,12 +135,7 @@ void EditorDocument::startChecking()
 
 void EditorDocument::fix(const QVector<Finding> &findings)
 {
-    QVector<TextChange> changes;
-    for (const auto &finding : findings) {
-        if (changes.isEmpty() || finding.fix.isEmpty() ||
-            changes.last().range.end() <= finding.fix.first().range.offset)
-            changes += finding.fix;
-    }
+    const auto changes = combinedFixes(findings);
     if (changes.isEmpty())
         return;
     replaceRanges(changes, FindingKinds::fixText(findings.first().kind), Step::New);
