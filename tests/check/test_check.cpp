@@ -83,7 +83,7 @@ private slots:
             "second-tune 35+3 @8",
             "");
         row("silent and far", "D4|c4", "no-sample 0+2 @0, far-from-sample 3+2 @4", "D,4|c4");
-        row("silent and tied", "D2-D2|[CD]2-D2|", "no-sample 0+3 @0, no-sample 8+1 @4", "D,2-D,2|[CD,]2-D,2|");
+        row("silent and tied", "D2-D2|[CD]2-[CD]2|", "no-sample 0+3 @0, no-sample 8+1 @4", "D,2-D,2|[CD,]2-[CD,]2|");
         row("no notes", "z4|", "empty-part", "");
     }
 
@@ -149,7 +149,7 @@ private slots:
             const auto whole = [](const QString &fields, const char *music) {
                 return QStringLiteral("X:1\nL:1/4\n%1K:C\n%2").arg(fields, QLatin1String(music));
             };
-            const auto right = QString::fromLatin1(header).replace(u"Q:90", u"Q:1/4=120");
+            const auto right = QString::fromLatin1(header).replace(QStringLiteral("Q:90"), QStringLiteral("Q:1/4=120"));
             row(name, whole(QLatin1String(header), body), whole(right, fixed));
         };
         add("measures", "M:4/4\n", "C4|C2 |]", "C4|C2 z2 | z2 |]");

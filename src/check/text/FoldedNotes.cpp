@@ -110,7 +110,7 @@ void Folder::note(const AbcToken &token, const AbcPitch &pitch)
         move(token, pitch, to);
     else
         keepAccidental(token, pitch);
-    if (token.has(AbcPart::Accidental))
+    if (!token.part(AbcPart::Accidental).isEmpty())
         written_[pitch.step] = pitch.accidental;
 }
 
@@ -141,7 +141,7 @@ void Folder::keepAccidental(const AbcToken &token, const AbcPitch &pitch)
     const auto moved = moved_.find(pitch.step);
     if (moved == moved_.end())
         return;
-    if (!token.has(AbcPart::Accidental) && moved->second.accidental != pitch.accidental) {
+    if (token.part(AbcPart::Accidental).isEmpty() && moved->second.accidental != pitch.accidental) {
         const auto begin = offsetOf(token) + int(token.part(AbcPart::Staccato).size());
         moved->second.finding->fix.append({{begin, 0}, NoteSpelling::accidentalText(pitch.accidental)});
     }
