@@ -135,6 +135,34 @@ private slots:
         QVERIFY(part(edited, leadIn + 4 * period, period) == now);
     }
 
+    // Between the edit and the first sample that would have been another.
+    void editsAreHeardWithin10Milliseconds()
+    {
+        constexpr Ticks often = quarter / 50, silence = 100 * quarter;
+        VirtualPlayer player;
+        player.worker.setLoop(LoopRegion{quarter, 5 * quarter});
+        const auto playClicks = [&](Ticks distance, PlayRequest::Begin begin) {
+            player.worker.playTrack({.trackId = a,
+                                     .track = clicks(300, distance),
+                                     .instrument = click_,
+                                     .syncGroup = group,
+                                     .begin = begin});
+        };
+        playClicks(silence, PlayRequest::Begin::AtTheStart);
+        for (int edit = 0; edit < 10; ++edit) {
+            player.play(30'000 + 997 * DspClock(edit));
+            auto edited = player.left.size();
+            playClicks(often, withTheGroup);
+            player.play(480);
+            QVERIFY(std::ranges::count(part(player, edited, 480), 0.0F) < 480);
+            player.play(4800);
+            edited = player.left.size();
+            playClicks(silence, withTheGroup);
+            player.play(9600);
+            QCOMPARE(std::ranges::count(part(player, edited + 480, 9120), 0.0F), 9120);
+        }
+    }
+
     void loopsAreSetAndLeftWhileItPlays()
     {
         VirtualPlayer player;
