@@ -107,6 +107,7 @@ void EditorWindows::addWindow(const QString &trackId)
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->setTrack(tracks_.trackWithPath(trackId));
     window->setInstrument(playback_.instrument(tracks_.find(trackId)->instrument));
+    window->setInstruments(playback_.instruments().names());
     if (const auto draft = session_.draft(trackId))
         window->document().setDraft(*draft);
     windows_.insert(trackId, window);

@@ -22,8 +22,6 @@
 #include <QMenuBar>
 #include <QSlider>
 #include <QSplitter>
-#include <QTimer>
-#include <QToolBar>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -70,6 +68,11 @@ void AbcEditorWindow::setTrack(const Track &track)
     showTitle();
 }
 
+void AbcEditorWindow::setInstruments(const QStringList &names)
+{
+    text_->setInstruments(names);
+}
+
 void AbcEditorWindow::createViews()
 {
     text_->setObjectName(QStringLiteral("abcText"));
@@ -92,92 +95,6 @@ void AbcEditorWindow::createViews()
     setCentralWidget(splitter);
     setStatusBar(status_);
     problems_->hide();
-}
-
-void AbcEditorWindow::createMenus()
-{
-    using Id = EditorActions::Id;
-    const auto add = [this](const QString &title, Id first, Id last) {
-        auto *const menu = menuBar()->addMenu(title);
-        actions_->fill(*menu, first, last);
-        return menu;
-    };
-    add(tr("&Tune"), Id::Apply, Id::Close);
-    add(tr("&Edit"), Id::Undo, Id::FixProblem);
-    auto *const notes = menuBar()->addMenu(tr("&Notes"));
-    notes->addActions(QList<QAction *>(roll_->actions().editActions().begin(), roll_->actions().editActions().end()));
-    notes->addSeparator();
-    notes->addAction(stepEntry_->action());
-    auto *const snap = notes->addMenu(QIcon(QStringLiteral(":/icons/snap.png")), tr("S&nap"));
-    snap->addActions(QList<QAction *>(roll_->actions().snapActions().begin(), roll_->actions().snapActions().end()));
-    add(tr("T&ransform"), Id::QuickRealign, Id::ChangeKey);
-    add(tr("&Clean Up"), Id::SplitNotes, Id::DeleteMeasures);
-    add(tr("&Play"), Id::PlayOrStop, Id::NormalTempo);
-    auto *const view = add(tr("&View"), Id::ShowRoll, Id::ZoomNormal);
-    view->addSeparator();
-    auto *const ghosts = view->addMenu(tr("&Ghost Notes"));
-    ghosts->setObjectName(QStringLiteral("menuGhosts"));
-    connect(ghosts, &QMenu::aboutToShow, this, [=, this] { ghosts_->fill(*ghosts); });
-    view->addActions(QList<QAction *>(roll_->actions().viewActions().begin(), roll_->actions().viewActions().end()));
-    for (auto *const menu : menuBar()->findChildren<QMenu *>())
-        menu->setToolTipsVisible(true);
-}
-
-void AbcEditorWindow::createToolBar()
-{
-    using Id = EditorActions::Id;
-    auto *const bar = addToolBar(tr("Commands"));
-    bar->setObjectName(QStringLiteral("commands"));
-    bar->setMovable(false);
-    bar->setContextMenuPolicy(Qt::PreventContextMenu);
-    bar->setIconSize({20, 20});
-    const auto add = [&](std::initializer_list<Id> ids) {
-        for (const auto id : ids)
-            bar->addAction((*actions_)[id]);
-        bar->addSeparator();
-    };
-    add({Id::Apply});
-    add({Id::Undo, Id::Redo});
-    add({Id::PlayFromStart, Id::PlayFromCaret, Id::LoopSelection, Id::Stop, Id::WithSong});
-    addTempoControl(*bar);
-    bar->addSeparator();
-    const auto addTool = [&](RollActions::Id id, const QString &icon) {
-        auto *const tool = roll_->actions().action(id);
-        tool->setIcon(QIcon(icon));
-        bar->addAction(tool);
-    };
-    addTool(RollActions::SelectTool, QStringLiteral(":/icons/select.png"));
-    addTool(RollActions::DrawTool, QStringLiteral(":/icons/draw.png"));
-    bar->addSeparator();
-    add({Id::Find, Id::Replace});
-    bar->addAction((*actions_)[Id::ShowRoll]);
-    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    // Only Apply says its name.
-    for (auto *const action : bar->actions())
-        action->setPriority(action == (*actions_)[Id::Apply] ? QAction::NormalPriority : QAction::LowPriority);
-}
-
-void AbcEditorWindow::addTempoControl(QToolBar &bar)
-{
-    tempo_ = new QSlider(Qt::Horizontal);
-    tempo_->setObjectName(QStringLiteral("sldTempo"));
-    tempo_->setRange(EditorPlayback::slowest, EditorPlayback::fastest);
-    tempo_->setPageStep(25);
-    tempo_->setValue(playback_->tempoPercent());
-    tempo_->setFixedWidth(110);
-    tempo_->setAccessibleName(tr("Playback tempo"));
-    tempo_->setToolTip(tr("How fast the preview plays; the tune keeps its tempo (F9 slower, F11 faster)"));
-    tempoLabel_ = new QLabel;
-    tempoLabel_->setMinimumWidth(tempoLabel_->fontMetrics().horizontalAdvance(QStringLiteral("8888 %")));
-    bar.addWidget(tempo_);
-    bar.addWidget(tempoLabel_);
-    connect(tempo_, &QSlider::valueChanged, this, &AbcEditorWindow::showTempo);
-    // A drag restarts the music once it rests.
-    auto *const rest = new QTimer(this);
-    rest->setSingleShot(true);
-    rest->setInterval(120);
-    connect(tempo_, &QSlider::valueChanged, rest, qOverload<>(&QTimer::start));
-    connect(rest, &QTimer::timeout, this, [this] { playback_->setTempoPercent(tempo_->value()); });
 }
 
 void AbcEditorWindow::connectActions()

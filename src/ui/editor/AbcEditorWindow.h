@@ -17,6 +17,8 @@ class PianoRoll;
 class ProblemList;
 class QLabel;
 class QSlider;
+class QToolBar;
+class QToolButton;
 class Settings;
 class StepEntry;
 class TrackPlayer;
@@ -34,6 +36,8 @@ public:
 
     // Begins with a track. Changes that were not applied are gone.
     void setTrack(const Track &track);
+    // Those that the text may name.
+    void setInstruments(const QStringList &names);
     void setInstrument(const Instrument &instrument) { document_.setInstrument(instrument); }
 
     EditorDocument &document() { return document_; }
@@ -52,8 +56,11 @@ protected:
 private:
     void createViews();
     void createMenus();
+    void createNotesMenu();
     void createToolBar();
-    void addTempoControl(class QToolBar &bar);
+    void addTempoControl(QToolBar &bar);
+    void addLengthControls(QToolBar &bar);
+    void showLengths();
     void connectActions();
     void connectEditing();
     void connectCleanUp();
@@ -89,6 +96,8 @@ private:
     EditorStatus *status_;
     EditorCleanUp *cleanUp_;
     bool mayOpenProblems_ = true;
+    QToolButton *noteLength_ = nullptr;
+    QToolButton *grid_ = nullptr;
     QSlider *tempo_ = nullptr;
     QLabel *tempoLabel_ = nullptr;
 };

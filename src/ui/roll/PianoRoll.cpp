@@ -72,6 +72,7 @@ void PianoRoll::connectParts()
 {
     connect(&commands_, &RollCommands::cursorPlaced, this, &PianoRoll::onCursorPlaced);
     connect(&commands_, &RollCommands::cursorCarried, this, [this](int pitch) { state_.cursorPitch = pitch; });
+    connect(&commands_, &RollCommands::newNoteLengthChanged, this, &PianoRoll::showLengths);
     connect(&commands_, &RollCommands::noteTouched, this, &PianoRoll::soundBriefly);
     connect(&commands_, &RollCommands::said, this, &PianoRoll::statusChanged);
     connect(&commands_, &RollCommands::notesMoved, this, [this] {
@@ -153,6 +154,13 @@ void PianoRoll::updateActions()
     const auto selection =
         document_.selectedNotes().isEmpty() ? RollActions::Selection::None : RollActions::Selection::Some;
     actions_->update(selection, state_.snap);
+    showLengths();
+}
+
+void PianoRoll::showLengths()
+{
+    actions_->showNewNoteLength(commands_.newNoteLength());
+    emit lengthsChanged();
 }
 
 void PianoRoll::updateAll()

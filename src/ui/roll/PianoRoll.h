@@ -46,6 +46,7 @@ signals:
     void playOrStopRequested(Ticks tick); // the cursor's
     // What is under the mouse or at the cursor; empty when there is nothing to say.
     void statusChanged(const QString &status);
+    void lengthsChanged(); // the grid, or the length of new notes
 
 protected:
     bool viewportEvent(QEvent *event) override;
@@ -70,6 +71,7 @@ private:
     void readInstrument();
     void readColours();
     void updateActions();
+    void showLengths();
     void updateAll();
     void updateNotes(const QVector<int> &notes);
     void updateLine(Ticks tick); // cursor or playing position

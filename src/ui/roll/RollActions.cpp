@@ -37,7 +37,7 @@ const std::array rows{
     Row{RollActions::SelectTool, Menu::Edit, Starts::Here, COMPOSER_TEXT("&Select Notes"),
         COMPOSER_TEXT("Select, move and resize notes with the mouse; a double click inserts one"), "S", nullptr},
     Row{RollActions::DrawTool, Menu::Edit, Starts::Here, COMPOSER_TEXT("&Draw Notes"),
-        COMPOSER_TEXT("Draw notes with the mouse"), "D", nullptr},
+        COMPOSER_TEXT("Draw notes with the mouse"), "P", nullptr},
     Row{RollActions::InsertNote, Menu::Edit, Starts::Group, COMPOSER_TEXT("&Insert Note"),
         COMPOSER_TEXT("Insert a note at the cursor"), "Ins", [](RollCommands &commands) { commands.insertAtCursor(); }},
     Row{RollActions::Cut, Menu::Edit, Starts::Group, COMPOSER_TEXT("Cu&t Notes"),
@@ -125,8 +125,17 @@ const std::array rows{
     Row{RollActions::NormalSize, Menu::View, Starts::Here, COMPOSER_TEXT("&Normal Size"),
         COMPOSER_TEXT("Show time and pitches at their usual size"), "Ctrl+0", nullptr},
     Row{RollActions::Follow, Menu::View, Starts::Group, COMPOSER_TEXT("&Follow Playback"),
-        COMPOSER_TEXT("Keep the playing position in sight"), "F", nullptr},
+        COMPOSER_TEXT("Keep the playing position in sight"), "L", nullptr},
 };
+
+constexpr int plainLengthCount = 7; // of RollLengths
+
+QAction *newSeparator(QObject *parent)
+{
+    auto *const separator = new QAction(parent);
+    separator->setSeparator(true);
+    return separator;
+}
 
 } // namespace
 
@@ -145,9 +154,7 @@ RollActions::RollActions(RollCommands &commands, QWidget &roll) : QObject(&roll)
         actions_[row.id] = action;
         auto &menu = row.menu == Menu::Edit ? editMenu_ : viewMenu_;
         if (row.starts == Starts::Group) {
-            auto *separator = new QAction(this);
-            separator->setSeparator(true);
-            menu.append(separator);
+            menu.append(newSeparator(this));
         }
         menu.append(action);
         roll.addAction(action);
@@ -157,6 +164,8 @@ RollActions::RollActions(RollCommands &commands, QWidget &roll) : QObject(&roll)
     actions_[Follow]->setCheckable(true);
     actions_[Follow]->setChecked(true);
     addSnapActions();
+    addLengthActions(commands, roll);
+    addEntryActions(commands, roll);
 }
 
 void RollActions::addExclusive(const QVector<Id> &ids)
@@ -179,13 +188,64 @@ void RollActions::addSnapActions()
     }
 }
 
+QAction *RollActions::addKeyAction(const QString &text, const QString &key, QWidget &roll, const Run &run)
+{
+    auto *const action = new QAction(text, this);
+    action->setShortcut(QKeySequence(key));
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(action, &QAction::triggered, this, run);
+    roll.addAction(action);
+    return action;
+}
+
+// The keys 1 to 7 choose those that are no triplets.
+void RollActions::addLengthActions(RollCommands &commands, QWidget &roll)
+{
+    const auto add = [&](const QString &text, const QString &key, const Run &run) {
+        lengthMenu_.append(addKeyAction(text, key, roll, run));
+        lengthMenu_.last()->setCheckable(true);
+    };
+    for (int choice = 0; choice < RollLengths::count(); ++choice)
+        add(RollLengths::label(choice), choice < plainLengthCount ? QString::number(choice + 1) : QString(),
+            [&commands, choice] { commands.chooseNewNoteLength(RollLengths::ticks(choice)); });
+    lengthMenu_.append(newSeparator(this));
+    add(tr("Dotted"), QStringLiteral("."),
+        [&commands] { commands.chooseNewNoteLength(RollLengths::withDotToggled(commands.newNoteLength())); });
+    dotted_ = lengthMenu_.last();
+    add(tr("Triplet"), QStringLiteral("T"),
+        [&commands] { commands.chooseNewNoteLength(RollLengths::withTripletToggled(commands.newNoteLength())); });
+    triplet_ = lengthMenu_.last();
+}
+
+void RollActions::addEntryActions(RollCommands &commands, QWidget &roll)
+{
+    const auto letters = QStringLiteral("CDEFGAB");
+    for (int letter = 0; letter < letters.size(); ++letter)
+        entryMenu_.append(addKeyAction(tr("Note %1").arg(letters[letter]), letters[letter], roll,
+                                       [&commands, letter] { commands.enterLetter(letter); }));
+    entryMenu_.append(addKeyAction(tr("Rest"), QStringLiteral("Z"), roll, [&commands] { commands.enterRest(); }));
+    entryMenu_.append(newSeparator(this));
+    for (int letter = 0; letter < letters.size(); ++letter)
+        entryMenu_.append(addKeyAction(tr("%1 into the Chord").arg(letters[letter]),
+                                       QStringLiteral("Shift+") + letters[letter], roll,
+                                       [&commands, letter] { commands.addLetterToChord(letter); }));
+}
+
+void RollActions::showNewNoteLength(Ticks length)
+{
+    for (int choice = 0; choice < RollLengths::count(); ++choice)
+        lengthMenu_[choice]->setChecked(RollLengths::ticks(choice) == length);
+    dotted_->setChecked(RollLengths::isDotted(length));
+    triplet_->setChecked(RollLengths::isTriplet(length));
+}
+
 void RollActions::update(Selection selection, const RollSnap &snap)
 {
     for (const auto id : {Cut, Copy, Duplicate, Delete, Lengthen, Shorten})
         actions_[id]->setEnabled(selection == Selection::Some);
     for (int choice = 0; choice < int(snapMenu_.size()); ++choice) {
-        snapMenu_[choice]->setText(snap.label(choice));
-        snapMenu_[choice]->setToolTip(tr("Snap to %1").arg(snap.label(choice)));
+        snapMenu_[choice]->setText(RollSnap::label(choice));
+        snapMenu_[choice]->setToolTip(tr("Snap to %1").arg(RollSnap::label(choice)));
     }
     snapMenu_[snap.choice()]->setChecked(true);
 }

@@ -1,7 +1,11 @@
 #pragma once
 
+#include "core/Ticks.h"
+
 #include <QAction>
 #include <QVector>
+
+#include <functional>
 
 class QWidget;
 class RollCommands;
@@ -63,11 +67,14 @@ public:
     // In the order of a menu, with separators.
     const QVector<QAction *> &editActions() const { return editMenu_; }
     const QVector<QAction *> &viewActions() const { return viewMenu_; }
-    const QVector<QAction *> &snapActions() const { return snapMenu_; } // exclusive and checkable
+    const QVector<QAction *> &snapActions() const { return snapMenu_; }     // exclusive and checkable
+    const QVector<QAction *> &lengthActions() const { return lengthMenu_; } // of new notes; those of it are checked
+    const QVector<QAction *> &entryActions() const { return entryMenu_; }   // notes by their letters, and rests
 
     enum class Selection { None, Some };
     // What depends on the selection and on the grid.
     void update(Selection selection, const RollSnap &snap);
+    void showNewNoteLength(Ticks length);
 
 signals:
     void snapChosen(int choice);
@@ -75,9 +82,17 @@ signals:
 private:
     void addExclusive(const QVector<Id> &ids);
     void addSnapActions();
+    void addLengthActions(RollCommands &commands, QWidget &roll);
+    void addEntryActions(RollCommands &commands, QWidget &roll);
+    using Run = std::function<void()>;
+    QAction *addKeyAction(const QString &text, const QString &key, QWidget &roll, const Run &run);
 
     QVector<QAction *> actions_;
     QVector<QAction *> editMenu_;
     QVector<QAction *> viewMenu_;
     QVector<QAction *> snapMenu_;
+    QVector<QAction *> lengthMenu_;
+    QVector<QAction *> entryMenu_;
+    QAction *dotted_ = nullptr;
+    QAction *triplet_ = nullptr;
 };

@@ -186,7 +186,7 @@ void RollCommands::resizeNotes(Ticks ticks)
     if (growth == 0 || !changeSelected([growth](NoteSpec &note) { note.length += growth; }, tr("Resize Notes")))
         return;
     if (const auto notes = selectedSpecs(); !notes.isEmpty())
-        lastLength_ = notes.last().length;
+        chooseNewNoteLength(notes.last().length);
     emit notesMoved();
 }
 
@@ -207,7 +207,7 @@ void RollCommands::insertNote(const NoteSpec &note)
 {
     document_.update();
     if (document_.insertNotes({note}, tr("Insert Note")))
-        lastLength_ = note.length;
+        chooseNewNoteLength(note.length);
     emit cursorCarried(int(note.pitch));
 }
 

@@ -48,6 +48,12 @@ public:
 
     // At the cursor, as long as the note last drawn or resized. The cursor goes to its end.
     void insertAtCursor();
+    // The letter's note in the key that holds there, nearest to the cursor's pitch, or above the selected note and at
+    // its start. Letters count C D E F G A B = 0..6.
+    void enterLetter(int letter);
+    void addLetterToChord(int letter);
+    void enterRest(); // what sounds there stays
+    void chooseNewNoteLength(Ticks length);
     void insertNote(const NoteSpec &note);
     void insertChordAtCursor(const QVector<quint32> &pitches); // playable ones
     Ticks newNoteLength() const;
@@ -76,6 +82,7 @@ signals:
     void cursorCarried(int pitch);            // by notes that were moved or inserted there
     void notesMoved();                        // show them
     void noteTouched(int pitch);              // let it sound for a moment
+    void newNoteLengthChanged();
     void said(const QString &message);
 
 private:
@@ -86,6 +93,7 @@ private:
     static QString nameOf(const NoteMove &move);
 
     using Changer = std::function<void(NoteSpec &)>;
+    int semitoneOf(int letter) const;
     bool changeSelected(const Changer &change, const QString &name);
     QVector<NoteSpec> selectedSpecs() const;
     void insertSelected(QVector<NoteSpec> notes, Ticks shift, const QString &name);
@@ -93,7 +101,7 @@ private:
 
     EditorDocument &document_;
     const RollState &state_;
-    std::optional<Ticks> lastLength_;
+    std::optional<Ticks> lastLength_; // that a note was given or that was chosen
     NoteMove gesture_;
     QVector<int> gestureSelection_; // behind its last key
     QTimer pause_;                  // runs while a key goes on with the gesture

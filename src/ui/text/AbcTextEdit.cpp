@@ -6,6 +6,7 @@
 #include "ui/text/EditorColours.h"
 #include "ui/text/LineNumbers.h"
 #include "ui/text/ProblemFixes.h"
+#include "ui/text/TextCompleter.h"
 
 #include <QContextMenuEvent>
 #include <QFontDatabase>
@@ -42,7 +43,8 @@ QString sentencesOf(const QVector<Finding> &findings)
 
 AbcTextEdit::AbcTextEdit(EditorDocument &document, QWidget *parent)
     : QPlainTextEdit(parent), document_(document), colours_(&EditorColours::of(palette())),
-      highlighter_(new AbcHighlighter(document.text(), *colours_)), lineNumbers_(new LineNumbers(*this))
+      highlighter_(new AbcHighlighter(document.text(), *colours_)), lineNumbers_(new LineNumbers(*this)),
+      completer_(new TextCompleter(*this))
 {
     highlighter_->setParent(this);
     setDocument(document_.text());
@@ -223,6 +225,8 @@ void AbcTextEdit::wheelEvent(QWheelEvent *event)
 // A line separator would be a line for the reader and none for the margin.
 void AbcTextEdit::keyPressEvent(QKeyEvent *event)
 {
+    if (completer_->takes(*event))
+        return;
     if (event->matches(QKeySequence::InsertLineSeparator)) {
         textCursor().insertBlock();
         ensureCursorVisible();
@@ -231,6 +235,12 @@ void AbcTextEdit::keyPressEvent(QKeyEvent *event)
         if (event->matches(QKeySequence::Undo) || event->matches(QKeySequence::Redo))
             document_.update();
     }
+    completer_->follow(*event);
+}
+
+void AbcTextEdit::setInstruments(const QStringList &names)
+{
+    completer_->setInstruments(names);
 }
 
 void AbcTextEdit::insertFromMimeData(const QMimeData *source)

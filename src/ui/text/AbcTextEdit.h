@@ -12,6 +12,7 @@ class AbcHighlighter;
 class EditorDocument;
 class LineNumbers;
 class LongLine;
+class TextCompleter;
 struct EditorColours;
 
 // A document's text: coloured, with line numbers, errors marked where they stand, and the notes that are selected, at
@@ -33,6 +34,8 @@ public:
     void zoom(int steps);
     void zoomNormal();
     void setWrapsLines(bool wraps);
+    // That the text can name.
+    void setInstruments(const QStringList &names);
     // Keeps the sounding notes in view while something plays.
     void setFollowsPlayback(bool follows) { followsPlayback_ = follows; }
 
@@ -87,6 +90,7 @@ private:
     const EditorColours *colours_;
     AbcHighlighter *highlighter_;
     LineNumbers *lineNumbers_;
+    TextCompleter *completer_;
     QRegularExpression found_;
     qreal normalSize_;
     int wheelRest_ = 0;

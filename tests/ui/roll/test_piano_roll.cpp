@@ -26,7 +26,7 @@ private slots:
         row("no shorter than the grid", "CD3", "1.5:62 Shift+Left Shift+Left Shift+Left", "0+1:60 1+1:62* @1:62", 2);
         row("shorter than the grid stays", "CD/2", "1.2:62 Shift+Left Shift+Right", "0+1:60 1+1.5:62* @1:62", 1);
         row("finer grid", "CDz", "1.5:62 ] Shift+Right", "0+1:60 1+1.5:62* @1:62", 1);
-        row("coarser grid", "CDz4", "1.5:62 [ [ [ [ Right", "0+1:60 5+1:62* @1:62", 1);
+        row("coarser grid", "CDz4", "1.5:62 [ [ [ [ Right", "0+1:60 9+1:62* @1:62", 1);
         row("delete", "CDE", "1.5:62 Del", "0+1:60 2+1:64 @1:62", 1);
         row("all", "CDE", "Ctrl+A Down", "0+1:59* 1+1:61* 2+1:63* @0:59", 1);
         row("none", "CDE", "1.5:62 Esc Del", "0+1:60 1+1:62 2+1:64 @1:62", 0);
@@ -42,6 +42,11 @@ private slots:
         row("paste among others", "CDEF", "1.5:62 Ctrl+C Home Ctrl+V", "0+1:60 0+1:62* 1+1:62 2+1:64 3+1:65 @1:62", 1);
         row("from keys alone", "", "Home Ins Ins Up Up Ins Esc Right Shift+Right Ins Shift+Right",
             "0+1:60 1+1:62 2+1:62 4+2:62* @5:62", 6);
+        row("from letters and digits", "", "Home 3 G F . C 4 A", "0+2:55 2+2:53 4+3:48 7+1:45* @8:45", 4);
+        row("chords, rests and triplets", "", "Home C Shift+E Shift+G Z T E F G T 3 C",
+            "0+1:60 0+1:64 0+1:67 2+0.666667:64 2.66667+0.666667:65 3.33333+0.666667:67 4+2:72* @6:72", 7);
+        row("letters in the key that holds there", "[K:D]C", "End F", "0+1:61 1+1:66* @2:66", 1);
+        row("letters stay in range", "", "Home Ctrl+Down Ctrl+Down Ctrl+Down B Down G", "0+1:22 1+1:31* @2:31", 3);
         row("paste what was typed", "C", "End =G2_[ce]_]]_nonsense Ctrl+V",
             "0+1:60 1+2:67* 3+1:72* 3+1:76* 4+1:76* 5+1:76* @6:60", 1);
         row("paste what is no music", "C", "=12_%% Ctrl+V", "0+1:60 @0:60", 0);
@@ -74,12 +79,12 @@ private slots:
         row("drag broken off", "CDEF", "1.5:62>6:70!", "0+1:60 1+1:62* 2+1:64 3+1:65 @1:62", 0);
         row("double click", "C", "2x2.2:64", "0+1:60 2+1:64* @3:64", 1);
         row("double click off the grid", "C", "Alt+2x2.25:64", "0+1:60 2.25+1:64* @3.25:64", 1);
-        row("draw", "C", "D 5.2:67>7.9:67", "0+1:60 5+3:67* @8:67", 1);
-        row("draw as long as before", "C", "D 5.2:67>7.9:67 10.2:70", "0+1:60 5+3:67 10+3:70* @13:70", 2);
-        row("draw at least a step", "C", "D 5.2:67>3:67", "0+1:60 5+1:67* @6:67", 1);
-        row("draw with a pitch on the way", "C", "D 5.2:67>5.3:72", "0+1:60 5+1:72* @6:72", 1);
-        row("draw broken off", "C", "D 5.2:67>7.9:67!", "0+1:60 @0:60", 0);
-        row("tool for selecting again", "C", "D S 5.2:67>7.9:67", "0+1:60 @0:60", 0);
+        row("draw", "C", "P 5.2:67>7.9:67", "0+1:60 5+3:67* @8:67", 1);
+        row("draw as long as before", "C", "P 5.2:67>7.9:67 10.2:70", "0+1:60 5+3:67 10+3:70* @13:70", 2);
+        row("draw at least a step", "C", "P 5.2:67>3:67", "0+1:60 5+1:67* @6:67", 1);
+        row("draw with a pitch on the way", "C", "P 5.2:67>5.3:72", "0+1:60 5+1:72* @6:72", 1);
+        row("draw broken off", "C", "P 5.2:67>7.9:67!", "0+1:60 @0:60", 0);
+        row("tool for selecting again", "C", "P S 5.2:67>7.9:67", "0+1:60 @0:60", 0);
         row("chords, tuplets and overlaps", "z4 [C4E2] (3FGA [^c2-e4] [^c2B2] z3", "Ctrl+A Ctrl+X Ctrl+V",
             "4+4:60* 4+2:64* 6+0.666667:65* 6.66667+0.666667:67* 7.33333+0.666667:69* 8+4:73* 8+4:76* 10+2:71* @12:60",
             2);

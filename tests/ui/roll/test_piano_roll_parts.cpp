@@ -49,11 +49,11 @@ private slots:
     {
         const Rows<int, QString, Ticks, Ticks> row("choice", "label", "tick", "nearest");
         const Ticks measure = 3 * ticksPerQuarter;
-        row("unit", 2, "1/8", eighth + 2521, 2 * eighth);
-        row("quarter unit", 4, "1/32", eighth + 1, eighth);
-        row("triplet", 7, "1/8 triplet", measure + 3300, measure + 3360);
-        row("half notes end with the measure", 0, "1/2", measure - 100, measure);
-        row("off", 9, "Off", Ticks(12345), Ticks(12345));
+        row("eighths", 3, "1/8", eighth + 2521, 2 * eighth);
+        row("32nds", 5, "1/32", eighth + 1, eighth);
+        row("triplet", 9, "1/8 triplet", measure + 3300, measure + 3360);
+        row("half notes end with the measure", 1, "1/2", measure - 100, measure);
+        row("off", 12, "Off", Ticks(12345), Ticks(12345));
     }
 
     void snap()
@@ -63,9 +63,25 @@ private slots:
         Track track;
         track.setMetre(3 * ticksPerQuarter, 3);
         RollSnap snap;
+        snap.setUnit(eighth * 3 / 2);
+        QCOMPARE(snap.step(), eighth); // until one is chosen
         snap.setChoice(choice);
-        QTEST(snap.label(choice), "label");
+        snap.setUnit(eighth);
+        QTEST(RollSnap::label(choice), "label");
         QTEST(snap.nearest(tick, Measures(track)), "nearest");
+    }
+
+    void lengths()
+    {
+        const auto shown = [](Ticks length) {
+            return QStringLiteral("%1|%2|%3")
+                .arg(RollLengths::labelOf(length), RollLengths::labelOf(RollLengths::withDotToggled(length)),
+                     RollLengths::labelOf(RollLengths::withTripletToggled(length)));
+        };
+        QCOMPARE(shown(eighth), QStringLiteral("1/8|1/8 dotted|1/8 triplet"));
+        QCOMPARE(shown(eighth * 3 / 2), QStringLiteral("1/8 dotted|1/8|1/8"));
+        QCOMPARE(shown(eighth * 2 / 3), QStringLiteral("1/8 triplet|1/8|1/8"));
+        QCOMPARE(shown(eighth * 5), QStringLiteral("5/8|15/16|5/12"));
     }
 
     void pitchNames()

@@ -140,7 +140,7 @@ private slots:
         QCOMPARE(hover(3.95, 62), with("Measure 1, beat 2 + 1/8 · D4 · length 1/4", Qt::SizeHorCursor));
         QCOMPARE(hover(5.2, 67), with("Measure 1, beat 3 + 1/8 · G4", Qt::ArrowCursor));
         QCOMPARE(fixture.state().keyUnderMouse, std::optional(67));
-        fixture.act("D");
+        fixture.act("P");
         QCOMPARE(hover(5.2, 67), with("Measure 1, beat 3 + 1/8 · G4", Qt::CrossCursor));
         const auto shown = [&] {
             const auto picture = fixture.canvas()->grab().toImage();
@@ -178,12 +178,12 @@ private slots:
             return flags;
         };
         QCOMPARE(states(), QStringLiteral("x-x------x1/8"));
-        fixture.act("D 1:60 ] F");
+        fixture.act("P 1:60 ] L");
         QCOMPARE(states(), QStringLiteral("-x-xxxxxxx1/16"));
         fixture.act("S Esc");
-        actions.snapActions().at(7)->trigger();
+        actions.snapActions().at(9)->trigger();
         QCOMPARE(states(), QStringLiteral("x--------x1/8 triplet"));
-        QCOMPARE(fixture.state().snap.choice(), 7);
+        QCOMPARE(fixture.state().snap.choice(), 9);
         const auto picture = fixture.canvas()->grab().toImage();
         fixture.settings.setValue(Settings::NoteColor, QStringLiteral("#ffff8000"));
         QVERIFY(fixture.canvas()->grab().toImage() != picture);
@@ -255,7 +255,7 @@ private slots:
         };
         fixture.document.setPlayPosition(70 * eighth);
         QVERIFY(isVisible(70));
-        fixture.act("F");
+        fixture.act("L");
         fixture.document.setPlayPosition(0);
         QVERIFY(!isVisible(0));
         fixture.act("Home");

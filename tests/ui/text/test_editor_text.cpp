@@ -437,6 +437,46 @@ private slots:
         }
     }
 
+    void completes_data()
+    {
+        const Rows<QString, QString, QString> row("line", "typed", "completed"); // "\t" takes the first choice
+        row("a field of the header and an instrument", "", "I\tlu\t", "I: Instrument: Lute of Ages");
+        row("the field's instrument, by keys", "I:Instrument", ":vv\n", "I:Instrument:Lute of Ages");
+        row("a key", "K:", "bb\t", "K:Bb");
+        row("not in a comment", "% K:", "bb\t", "% K:bb\t");
+        row("none is chosen", "K:", "A\n", "K:A\n");
+        row("in a field within the music", "K:C\n[K:", "F#m\t", "K:C\n[K:F#mix");
+        row("a decoration", "K:C\n!f!C ", "!tri\t", "K:C\n!f!C !trill!");
+        row("nothing to complete", "K:C\nC!f!", "ff", "K:C\nC!f!ff");
+    }
+
+    void completes()
+    {
+        QFETCH(QString, line);
+        QFETCH(QString, typed);
+        EditorFixture editor;
+        editor.window.setInstruments({QStringLiteral("Harp"), QStringLiteral("Lute of Ages")});
+        editor.text->setPlainText(line);
+        editor.show();
+        QCoreApplication::processEvents(); // the first colouring waits for the event loop
+        editor.text->setFocus();
+        QTRY_VERIFY(editor.text->hasFocus());
+        editor.text->moveCursor(QTextCursor::End);
+        for (const auto key : typed) {
+            auto *const target = QApplication::activePopupWidget() != nullptr ? QApplication::activePopupWidget()
+                                                                              : static_cast<QWidget *>(editor.text);
+            if (key == u'\t')
+                QTest::keyClick(target, Qt::Key_Tab);
+            else if (key == u'v')
+                QTest::keyClick(target, Qt::Key_Down);
+            else if (key == u'\n')
+                QTest::keyClick(target, Qt::Key_Return);
+            else
+                QTest::keyClick(target, key.toLatin1());
+        }
+        QTEST(editor.plainText(), "completed");
+    }
+
     void statusTellsTheCaret()
     {
         EditorFixture editor("[M:3/4]C3 | ^F2 z\n");
