@@ -9,6 +9,11 @@
 
 namespace {
 
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(GameLocation)
+};
+
 void storeRoot(Settings &settings, const QString &directory)
 {
     settings.setValue(Settings::RootPath, QDir(directory).canonicalPath());
@@ -54,11 +59,11 @@ bool locateGame(Settings &settings, Dialogs &dialogs, const QStringList &roots)
         return true;
     const auto title = QCoreApplication::applicationName();
     dialogs.message(nullptr, Dialogs::Severity::Information, title,
-                    QStringLiteral("Kelvarion Composer requires Kelvarion to be installed in order to work.\n"
-                                   "Please specify where Kelvarion is installed."));
+                    Texts::tr("Kelvarion Composer requires Kelvarion to be installed in order to work.\n"
+                              "Please specify where Kelvarion is installed."));
     while (true) {
         const auto directory =
-            dialogs.directory(nullptr, QStringLiteral("Please locate the Kelvarion directory."), QString());
+            dialogs.directory(nullptr, Texts::tr("Please locate the Kelvarion directory."), QString());
         if (directory.isEmpty())
             return false;
         if (isGameInstallation(directory)) {
@@ -66,6 +71,6 @@ bool locateGame(Settings &settings, Dialogs &dialogs, const QStringList &roots)
             return true;
         }
         dialogs.message(nullptr, Dialogs::Severity::Warning, title,
-                        QStringLiteral("No Kelvarion installation was found at the specified directory."));
+                        Texts::tr("No Kelvarion installation was found at the specified directory."));
     }
 }

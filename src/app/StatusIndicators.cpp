@@ -142,7 +142,7 @@ void StatusIndicators::showRecording(bool isRecording)
 
 void StatusIndicators::showLoadingSample(const QString &samplePath)
 {
-    bar_.showMessage(QStringLiteral("Loading sample %1...").arg(samplePath), 3000);
+    bar_.showMessage(tr("Loading sample %1...").arg(samplePath), 3000);
 }
 
 void StatusIndicators::showOutputProblem(const QString &problem)

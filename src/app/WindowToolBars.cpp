@@ -15,14 +15,14 @@
 
 namespace {
 
-QString tr(const char *text)
+struct Texts
 {
-    return QCoreApplication::translate("MainWindow", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(MainWindow)
+};
 
-QToolBar &addBar(QMainWindow &window, const char *name, const char *title)
+QToolBar &addBar(QMainWindow &window, const char *name, const QString &title)
 {
-    auto &bar = *window.addToolBar(QLatin1String(title));
+    auto &bar = *window.addToolBar(title);
     bar.setObjectName(QLatin1String(name));
     bar.setIconSize({24, 24});
     return bar;
@@ -37,9 +37,9 @@ void describe(QWidget &widget, const char *name, const QString &accessibleName, 
 
 void fillInstrumentBar(QToolBar &bar, const WindowActions &actions, InstrumentComboBox &list)
 {
-    describe(list, "instrumentList", tr("Default instrument"),
-             QStringLiteral("This is the default instrument that will be assigned to new tracks"));
-    list.setStatusTip(QStringLiteral("Default instrument for new tracks"));
+    describe(list, "instrumentList", Texts::tr("Default instrument"),
+             Texts::tr("This is the default instrument that will be assigned to new tracks"));
+    list.setStatusTip(Texts::tr("Default instrument for new tracks"));
     list.setMinimumContentsLength(10);
     list.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     bar.addWidget(&list);
@@ -48,15 +48,15 @@ void fillInstrumentBar(QToolBar &bar, const WindowActions &actions, InstrumentCo
 
 void fillMeterBar(QToolBar &bar, VUMeter &meter, QSlider &volume)
 {
-    describe(meter, "masterMeter", tr("Master level"),
-             tr("The level of all tracks together; red at its end: it was too loud (click to put it out)"));
+    describe(meter, "masterMeter", Texts::tr("Master level"),
+             Texts::tr("The level of all tracks together; red at its end: it was too loud (click to put it out)"));
     meter.setMinimumWidth(160);
     bar.addWidget(&meter);
     auto *const speaker = new QLabel;
     speaker->setPixmap(icon("speaker-volume").pixmap(24, 24));
     speaker->setContentsMargins(8, 0, 4, 0);
     bar.addWidget(speaker);
-    describe(volume, "slMasterVolume", tr("Master volume"), tr("The playback volume of all tracks"));
+    describe(volume, "slMasterVolume", Texts::tr("Master volume"), Texts::tr("The playback volume of all tracks"));
     volume.setFixedWidth(120);
     bar.addWidget(&volume);
 }
@@ -85,10 +85,10 @@ void keepStopInSight(QToolBar &bar)
 
 void makeToolBars(QMainWindow &window, const WindowActions &actions, const ToolBarControls &controls)
 {
-    actions.addTo(addBar(window, "tbTracks", "Track Toolbar"),
+    actions.addTo(addBar(window, "tbTracks", Texts::tr("Track Toolbar")),
                   "actionOpen actionImport_MIDI actionSave_All - actionNew_Track actionDuplicate_Selected "
                   "actionMerge_Selected actionRemove_Selected actionClear_Tracks actionMute_Selected");
-    auto &playback = addBar(window, "tbPlayback", "Playback Controls");
+    auto &playback = addBar(window, "tbPlayback", Texts::tr("Playback Controls"));
     actions.addTo(playback,
                   "actionPlay actionStop actionListen_to_Source actionRecord actionMetronome actionRehearsal");
     addMenu(playback, *actions.find(QStringLiteral("actionMetronome")),
@@ -97,6 +97,7 @@ void makeToolBars(QMainWindow &window, const WindowActions &actions, const ToolB
     actions.addTo(*offsets, "actionRehearsal_Offsets");
     addMenu(playback, *actions.find(QStringLiteral("actionRehearsal")), offsets);
     keepStopInSight(playback);
-    fillInstrumentBar(addBar(window, "tbInstrument", "Instrument Toolbar"), actions, controls.instrumentList);
-    fillMeterBar(addBar(window, "tbVU", "Meters Toolbar"), controls.masterMeter, controls.masterVolume);
+    fillInstrumentBar(addBar(window, "tbInstrument", Texts::tr("Instrument Toolbar")), actions,
+                      controls.instrumentList);
+    fillMeterBar(addBar(window, "tbVU", Texts::tr("Meters Toolbar")), controls.masterMeter, controls.masterVolume);
 }

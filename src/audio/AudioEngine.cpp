@@ -2,6 +2,8 @@
 
 #include "audio/sound/SampleDecoder.h"
 
+#include <QtGlobal>
+
 #include <cmath>
 
 namespace {
@@ -73,35 +75,35 @@ const char *AudioEngine::errorText(AudioResult result) const
 {
     switch (result) {
     case AudioResult::Ok:
-        return "No errors.";
+        return QT_TRANSLATE_NOOP("AudioEngine", "No errors.");
     case AudioResult::InvalidArgument:
-        return "An invalid parameter was passed.";
+        return QT_TRANSLATE_NOOP("AudioEngine", "An invalid parameter was passed.");
     case AudioResult::NotInitialized:
-        return "The engine is not initialized.";
+        return QT_TRANSLATE_NOOP("AudioEngine", "The engine is not initialized.");
     case AudioResult::NoDevice:
-        return "There is no sound device.";
+        return QT_TRANSLATE_NOOP("AudioEngine", "There is no sound device.");
     case AudioResult::DeviceLost:
-        return "The sound device was lost.";
+        return QT_TRANSLATE_NOOP("AudioEngine", "The sound device was lost.");
     case AudioResult::DeviceNotAnswering:
-        return "The sound server does not answer.";
+        return QT_TRANSLATE_NOOP("AudioEngine", "The sound server does not answer.");
     case AudioResult::UnknownGroup:
-        return "There is no such group.";
+        return QT_TRANSLATE_NOOP("AudioEngine", "There is no such group.");
     case AudioResult::TooManyGroups:
-        return "There are too many groups.";
+        return QT_TRANSLATE_NOOP("AudioEngine", "There are too many groups.");
     case AudioResult::TooManyVoices:
-        return "Too many notes sound at once.";
+        return QT_TRANSLATE_NOOP("AudioEngine", "Too many notes sound at once.");
     case AudioResult::QueueFull:
-        return "The mixer did not keep up with the commands.";
+        return QT_TRANSLATE_NOOP("AudioEngine", "The mixer did not keep up with the commands.");
     case AudioResult::UnreadableSample:
-        return "The sample cannot be decoded.";
+        return QT_TRANSLATE_NOOP("AudioEngine", "The sample cannot be decoded.");
     case AudioResult::SampleTooLong:
-        return "The sample is too long.";
+        return QT_TRANSLATE_NOOP("AudioEngine", "The sample is too long.");
     case AudioResult::CannotWrite:
-        return "The wave file cannot be written.";
+        return QT_TRANSLATE_NOOP("AudioEngine", "The wave file cannot be written.");
     case AudioResult::LibraryError:
-        return "The sound library failed.";
+        return QT_TRANSLATE_NOOP("AudioEngine", "The sound library failed.");
     }
-    return "Unknown error.";
+    return QT_TRANSLATE_NOOP("AudioEngine", "Unknown error.");
 }
 
 AudioResult AudioEngine::render(Timeline &timeline, RenderHost &host)

@@ -272,24 +272,23 @@ namespace SafeFile {
 
 QString causeOf(int error)
 {
-    const auto translated = [](const char *text) { return QCoreApplication::translate("SafeFile", text); };
     switch (error) {
     case ENOSPC:
-        return translated("The disk is full.");
+        return QCoreApplication::translate("SafeFile", "The disk is full.");
 #ifdef EDQUOT
     case EDQUOT:
-        return translated("The space that is yours on the disk is used up.");
+        return QCoreApplication::translate("SafeFile", "The space that is yours on the disk is used up.");
 #endif
     case EROFS:
-        return translated("The disk is read-only.");
+        return QCoreApplication::translate("SafeFile", "The disk is read-only.");
     case EACCES:
-        return translated("The folder is read-only.");
+        return QCoreApplication::translate("SafeFile", "The folder is read-only.");
     case EPERM:
-        return translated("The file may not be replaced.");
+        return QCoreApplication::translate("SafeFile", "The file may not be replaced.");
     case ENOENT:
-        return translated("The folder does not exist.");
+        return QCoreApplication::translate("SafeFile", "The folder does not exist.");
     case ENAMETOOLONG:
-        return translated("The name is too long.");
+        return QCoreApplication::translate("SafeFile", "The name is too long.");
     default:
         return QString::fromLocal8Bit(std::strerror(error));
     }
@@ -322,7 +321,7 @@ Replacement::Replacement(const QString &target)
 {
     const QFileInfo info(target);
     if (info.exists() && !info.isFile())
-        throw QStringLiteral("Not a regular file.");
+        throw QCoreApplication::translate("SafeFile", "Not a regular file.");
     target_ = behindLinks(target);
     path_ = nameBeside(target_);
     unfinishedFiles().add(path_);

@@ -3,6 +3,8 @@
 #include "base/Interrupted.h"
 #include "core/AbcNumbers.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 // Many times the keys of a piano; a chord is held in memory beside the events until its end.
@@ -10,7 +12,7 @@ constexpr size_t largestChord = 10'000;
 
 QString unexpectedInChord()
 {
-    return QStringLiteral("Unexpected token found in chord at line %1, column %2.");
+    return QCoreApplication::translate("AbcParser", "Unexpected token found in chord at line %1, column %2.");
 }
 
 // With room for a line and a column, as far as it tells them.
@@ -18,9 +20,9 @@ QString messageOf(AbcRefusal why, AbcTokenType type)
 {
     switch (why) {
     case AbcRefusal::HeaderText:
-        return QStringLiteral("Unexpected token found in ABC header: line %1, column %2.");
+        return QCoreApplication::translate("AbcParser", "Unexpected token found in ABC header: line %1, column %2.");
     case AbcRefusal::EmptyChord:
-        return QStringLiteral("Empty chord");
+        return QCoreApplication::translate("AbcParser", "Empty chord");
     case AbcRefusal::OpenChord:
     case AbcRefusal::GiantChord:
         return unexpectedInChord();
@@ -32,7 +34,7 @@ QString messageOf(AbcRefusal why, AbcTokenType type)
     case AbcRefusal::HugeNumber:
         break;
     }
-    return QStringLiteral("Unknown token found in ABC body at line %1, column %2.");
+    return QCoreApplication::translate("AbcParser", "Unknown token found in ABC body at line %1, column %2.");
 }
 
 QString at(const QString &message, int line, int column)

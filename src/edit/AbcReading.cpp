@@ -2,6 +2,8 @@
 
 #include "core/HeaderFields.h"
 
+#include <QCoreApplication>
+
 #include <tuple>
 
 namespace {
@@ -17,21 +19,23 @@ QString refusalText(AbcRefusal why, const AbcToken &token)
 {
     switch (why) {
     case AbcRefusal::HeaderText:
-        return QStringLiteral("Unexpected text in the header; the music begins behind the K: line");
+        return QCoreApplication::translate("AbcReading",
+                                           "Unexpected text in the header; the music begins behind the K: line");
     case AbcRefusal::UnknownToken:
-        return (token.text == u"\"" || token.text == u"!" ? QStringLiteral("The sign %1 has no second one behind it")
-                                                          : QStringLiteral("“%1” means nothing here"))
+        return (token.text == u"\"" || token.text == u"!"
+                    ? QCoreApplication::translate("AbcReading", "The sign %1 has no second one behind it")
+                    : QCoreApplication::translate("AbcReading", "“%1” means nothing here"))
             .arg(token.text.toString());
     case AbcRefusal::HugeNumber:
-        return QStringLiteral("The number is too large");
+        return QCoreApplication::translate("AbcReading", "The number is too large");
     case AbcRefusal::OpenChord:
-        return QStringLiteral("The chord is not closed");
+        return QCoreApplication::translate("AbcReading", "The chord is not closed");
     case AbcRefusal::EmptyChord:
-        return QStringLiteral("Empty chord");
+        return QCoreApplication::translate("AbcReading", "Empty chord");
     case AbcRefusal::GiantChord:
-        return QStringLiteral("The chord has too many notes");
+        return QCoreApplication::translate("AbcReading", "The chord has too many notes");
     case AbcRefusal::ForeignInChord:
-        return QStringLiteral("“%1” does not belong in a chord").arg(token.text.toString());
+        return QCoreApplication::translate("AbcReading", "“%1” does not belong in a chord").arg(token.text.toString());
     }
     return {};
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 // Every track of a song gets its own copy of the song's tempo, metre and key changes, and a bend cuts every note that
@@ -14,16 +15,19 @@ public:
     void addTrack()
     {
         if (--tracksLeft_ < 0)
-            throw QStringLiteral("Too many tracks.");
+            throw QCoreApplication::translate("ImportLimits", "Too many tracks.");
     }
-    void addCopies(qint64 changes) { spend(changes, "Too many tempo, metre and key changes."); }
-    void addBentNotes(qint64 notes) { spend(notes, "Too many pitch bends."); }
+    void addCopies(qint64 changes)
+    {
+        spend(changes, QT_TRANSLATE_NOOP("ImportLimits", "Too many tempo, metre and key changes."));
+    }
+    void addBentNotes(qint64 notes) { spend(notes, QT_TRANSLATE_NOOP("ImportLimits", "Too many pitch bends.")); }
 
 private:
     void spend(qint64 copies, const char *message)
     {
         if ((copiesLeft_ -= copies) < 0)
-            throw QString(QLatin1String(message));
+            throw QCoreApplication::translate("ImportLimits", message);
     }
 
     int tracksLeft_ = 10'000;

@@ -1,5 +1,6 @@
 #include "import/MergeTracks.h"
 
+#include <QCoreApplication>
 #include <QHash>
 
 Track mergeTracks(const QVector<Track> &tracks)
@@ -16,7 +17,8 @@ Track mergeTracks(const QVector<Track> &tracks)
             tempos.insert(event.start(), event.ticksPerMinute());
     }
 
-    const auto differentTempos = QStringLiteral("Cannot merge tracks with different tempos");
+    const auto differentTempos =
+        QCoreApplication::translate("MergeTracks", "Cannot merge tracks with different tempos");
     for (const auto &track : tracks.mid(1)) {
         if (track.ticksPerMinute() != first.ticksPerMinute())
             throw differentTempos;

@@ -4,6 +4,8 @@
 #include "base/Interrupted.h"
 #include "import/MidiConversion.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <optional>
 
@@ -17,7 +19,7 @@ constexpr quint8 metaEvent = 0xFF;
 
 [[noreturn]] void failInvalid()
 {
-    throw QStringLiteral("Invalid MIDI file.");
+    throw QCoreApplication::translate("MidiImport", "Invalid MIDI file.");
 }
 
 QString withStatus(const QString &message, quint8 status)
@@ -68,9 +70,9 @@ void MidiReader::readHeader()
     trackCount_ = in_.u16();
     const auto division = in_.u16();
     if (format > 1)
-        throw QStringLiteral("Unsupported MIDI type %1.").arg(format);
+        throw QCoreApplication::translate("MidiImport", "Unsupported MIDI type %1.").arg(format);
     if ((division & 0x8000U) != 0)
-        throw QStringLiteral("SMPTE time divisions are currently unsupported.");
+        throw QCoreApplication::translate("MidiImport", "SMPTE time divisions are currently unsupported.");
     if (division == 0)
         failInvalid();
     if (options_.readAllChunks && length > shortestHeader) // the header is taken to be as short otherwise
@@ -174,7 +176,7 @@ void MidiReader::readEvent()
         readSystemEvent();
         break;
     default:
-        throw withStatus(QStringLiteral("Unknown MIDI channel event 0x%1."), status_);
+        throw withStatus(QCoreApplication::translate("MidiImport", "Unknown MIDI channel event 0x%1."), status_);
     }
 }
 
@@ -185,7 +187,7 @@ void MidiReader::readSystemEvent()
     else if (status_ == 0xF0 || status_ == 0xF7)
         in_.skip(in_.variableLength());
     else
-        throw withStatus(QStringLiteral("Unknown MIDI system event 0x%1."), status_);
+        throw withStatus(QCoreApplication::translate("MidiImport", "Unknown MIDI system event 0x%1."), status_);
 }
 
 // A file that ends early gives what there is.

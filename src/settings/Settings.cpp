@@ -3,6 +3,7 @@
 #include "base/ErrorText.h"
 #include "base/SafeFile.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -45,7 +46,7 @@ QByteArray bytesOf(const QString &fileName)
     if (!info.exists())
         return {};
     if (!info.isFile())
-        throw QStringLiteral("Not a regular file.");
+        throw QCoreApplication::translate("Settings", "Not a regular file.");
     QFile file(fileName);
     const auto bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     if (file.error() != QFileDevice::NoError)

@@ -2,6 +2,7 @@
 
 #include "song/SongMembers.h"
 
+#include <QCoreApplication>
 #include <QHash>
 #include <QJsonArray>
 
@@ -20,7 +21,7 @@ const auto putKey = QStringLiteral("put");
 
 [[noreturn]] void failForeign()
 {
-    throw QStringLiteral("A change does not belong to its song.");
+    throw QCoreApplication::translate("SongJournal", "A change does not belong to its song.");
 }
 
 template<typename Owner>

@@ -25,10 +25,10 @@ namespace {
 
 using Kind = SongSource::Kind;
 
-QString translated(const char *text)
+struct Texts
 {
-    return QCoreApplication::translate("SongReader", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(SongReader)
+};
 
 bool isFile(Kind kind)
 {
@@ -39,28 +39,28 @@ QString errorTitle(Kind kind)
 {
     switch (kind) {
     case Kind::MidiFile:
-        return QStringLiteral("Error while reading MIDI file");
+        return Texts::tr("Error while reading MIDI file");
     case Kind::AbcFile:
     case Kind::TextFile:
-        return QStringLiteral("Error while reading ABC file");
+        return Texts::tr("Error while reading ABC file");
     case Kind::SongFile:
-        return translated("Error while reading song file");
+        return Texts::tr("Error while reading song file");
     case Kind::AbcText:
     case Kind::MmlText:
     case Kind::Bytes:
         break;
     }
-    return QStringLiteral("Import from clipboard");
+    return Texts::tr("Import from clipboard");
 }
 
 QByteArray readFile(const QString &path, qint64 longest = largestSource)
 {
     const QFileInfo info(path);
     if (info.exists() && !info.isFile()) // opening a pipe would wait for its writer
-        throw translated("Not a regular file.");
+        throw Texts::tr("Not a regular file.");
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        throw QStringLiteral("Could not open file.");
+        throw Texts::tr("Could not open file.");
     return readBytes(file, longest);
 }
 
@@ -77,7 +77,7 @@ public:
     void throwIfAny() const
     {
         if (count_ > mostShown)
-            throw texts_.join(u'\n') + u'\n' + translated("%1 more tunes could not be read.").arg(count_ - mostShown);
+            throw texts_.join(u'\n') + u'\n' + Texts::tr("%1 more tunes could not be read.").arg(count_ - mostShown);
         if (count_ > 0)
             throw texts_.join(u'\n');
     }
@@ -153,8 +153,8 @@ ReadSong SourceReader::read()
         fail(message);
     } catch (const std::bad_alloc &) {
         song_ = {};
-        fail(isFile(source_.kind) ? translated("Not enough memory to read %1.").arg(source_.content)
-                                  : translated("Not enough memory to read the text."));
+        fail(isFile(source_.kind) ? Texts::tr("Not enough memory to read %1.").arg(source_.content)
+                                  : Texts::tr("Not enough memory to read the text."));
     }
     if (isFile(source_.kind) && (song_.errors.isEmpty() || !song_.tracks.isEmpty()))
         song_.readFiles.append(source_.content);
@@ -195,7 +195,7 @@ void SourceReader::readByText(const QString &text)
 {
     const auto sources = sourcesOf(text);
     if (sources.isEmpty())
-        throw QStringLiteral("Unknown file type.");
+        throw Texts::tr("Unknown file type.");
     if (sources.first().kind == Kind::MmlText)
         readMml(text);
     else
@@ -243,16 +243,16 @@ bool SourceReader::readStandardAbc(const QString &text)
 void SourceReader::takeStandard(const QVector<StandardTune> &tunes, const QStringList &differences)
 {
     song_.report.emplace();
-    song_.remark = translated("read as standard ABC");
+    song_.remark = Texts::tr("read as standard ABC");
     if (!differences.isEmpty())
-        song_.remark += translated(" for its %1").arg(differences.join(QStringLiteral(", ")));
+        song_.remark += Texts::tr(" for its %1").arg(differences.join(QStringLiteral(", ")));
     TuneErrors errors;
     ConvertedAbc converted{0, differences, {}};
     for (const auto &tune : tunes) {
         const auto number = int(converted.tunes.size());
-        converted.tunes.append(translated("%1. %2").arg(tune.number, tune.title));
+        converted.tunes.append(Texts::tr("%1. %2").arg(tune.number, tune.title));
         if (!tune.error.isEmpty())
-            errors.add(translated("Tune %1: %2").arg(tune.number, tune.error));
+            errors.add(Texts::tr("Tune %1: %2").arg(tune.number, tune.error));
         song_.report->outOfRange += tune.outOfRange;
         song_.elsewhere.add(tune.silent);
         for (const auto &voice : tune.voices)
@@ -277,7 +277,7 @@ void SourceReader::readGameAbc(const QString &text)
             limits.addTrack();
             readTune(tunes[i].text);
         } catch (const QString &message) {
-            errors.add(translated("Tune %1, which begins in line %2: %3").arg(i + 1).arg(tunes[i].line).arg(message));
+            errors.add(Texts::tr("Tune %1, which begins in line %2: %3").arg(i + 1).arg(tunes[i].line).arg(message));
         }
     }
     errors.throwIfAny();
@@ -319,7 +319,7 @@ void SourceReader::readMml(const QString &text)
 {
     auto result = importMml(text, options_.mml, stop_);
     for (int i = 0; i < result.tracks.size(); ++i)
-        result.tracks[i].setHeaderField(QStringLiteral("T"), translated("Part %1").arg(i + 1));
+        result.tracks[i].setHeaderField(QStringLiteral("T"), QStringLiteral("Part %1").arg(i + 1));
     take(std::move(result));
 }
 
@@ -335,7 +335,7 @@ void SourceReader::take(ImportResult result)
             song_.elsewhere.add(result.parts[i]);
     }
     if (areToBeShown() && song_.tracks.isEmpty())
-        throw translated("There are no notes in it.");
+        throw Texts::tr("There are no notes in it.");
 }
 
 void SourceReader::add(Track track, const PartReport &report, int tune)
@@ -477,7 +477,7 @@ QByteArray readBytes(QIODevice &device, qint64 longest)
             return bytes;
         bytes += block;
     }
-    throw translated("The file is too large.");
+    throw Texts::tr("The file is too large.");
 }
 
 ReadSong readSource(const SongSource &source, const ReadingOptions &options, const std::stop_token &stop)

@@ -7,7 +7,6 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
-// Texts of the rules are fixed; the others are translated.
 enum class ImportSettingsBox::Group { Rules, Choices, StandardAbc };
 
 struct ImportSettingsBox::Row
@@ -22,21 +21,31 @@ struct ImportSettingsBox::Row
 const QVector<ImportSettingsBox::Row> &ImportSettingsBox::rows()
 {
     static const QVector<Row> table{
-        {Settings::MidiMergeChannels, Group::Rules, "chkMergeChannels", "Create one track per MIDI channel",
-         "If checked, all notes playing on the same channel will be merged into a single track, even if they are in "
-         "separate tracks in the MIDI."},
-        {Settings::MidiAutoRealign, Group::Rules, "chkRealign", "Automatically re-align notes after importing",
-         "If checked, all notes will automatically be re-aligned after importing a MIDI."},
-        {Settings::MidiPitchBend, Group::Rules, "chkPitchBend", "Process pitch bending",
-         "If checked, pitch bending in MIDIs will be approximated with additional notes"},
+        {Settings::MidiMergeChannels, Group::Rules, "chkMergeChannels",
+         QT_TRANSLATE_NOOP("ImportSettingsBox", "Create one track per MIDI channel"),
+         QT_TRANSLATE_NOOP("ImportSettingsBox", "If checked, all notes playing on the same channel will be merged into "
+                                                "a single track, even if they are in "
+                                                "separate tracks in the MIDI.")},
+        {Settings::MidiAutoRealign, Group::Rules, "chkRealign",
+         QT_TRANSLATE_NOOP("ImportSettingsBox", "Automatically re-align notes after importing"),
+         QT_TRANSLATE_NOOP("ImportSettingsBox",
+                           "If checked, all notes will automatically be re-aligned after importing a MIDI.")},
+        {Settings::MidiPitchBend, Group::Rules, "chkPitchBend",
+         QT_TRANSLATE_NOOP("ImportSettingsBox", "Process pitch bending"),
+         QT_TRANSLATE_NOOP("ImportSettingsBox",
+                           "If checked, pitch bending in MIDIs will be approximated with additional notes")},
         {Settings::MidiAutoDetectUnitLength, Group::Rules, "chkOptimizeUnitLength",
-         "Auto-detect default note length to minimize ABC size",
-         "If checked, the unit length (L: header) of imported tracks will be optimized to produce the smallest ABC "
-         "size. Otherwise the default of 1/4 will be used."},
+         QT_TRANSLATE_NOOP("ImportSettingsBox", "Auto-detect default note length to minimize ABC size"),
+         QT_TRANSLATE_NOOP(
+             "ImportSettingsBox",
+             "If checked, the unit length (L: header) of imported tracks will be optimized to produce the smallest ABC "
+             "size. Otherwise the default of 1/4 will be used.")},
         {Settings::MidiProcessVolume, Group::Rules, "chkNoteVolume",
-         "Process note volume (Will not work in Kelvarion!)",
-         "If checked, the volume of notes will be imported as well. Do note that this will only affect the preview, "
-         "the generated ABC is not affected as Kelvarin does not support volume changes."},
+         QT_TRANSLATE_NOOP("ImportSettingsBox", "Process note volume (Will not work in Kelvarion!)"),
+         QT_TRANSLATE_NOOP("ImportSettingsBox",
+                           "If checked, the volume of notes will be imported as well. Do note that this will only "
+                           "affect the preview, "
+                           "the generated ABC is not affected as Kelvarin does not support volume changes.")},
         {Settings::MidiEndRestruck, Group::Choices, "chkEndRestruck",
          QT_TRANSLATE_NOOP("ImportSettingsBox", "End notes that are struck again"),
          QT_TRANSLATE_NOOP("ImportSettingsBox",
@@ -100,7 +109,7 @@ QString ImportSettingsBox::titleOf(Group group)
 {
     switch (group) {
     case Group::Rules:
-        return QStringLiteral("Import Settings");
+        return tr("Import Settings");
     case Group::Choices:
         return tr("By Choice");
     case Group::StandardAbc:

@@ -4,6 +4,7 @@
 #include "Signals.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 #include <QLoggingCategory>
 
 #include <cstdio>
@@ -32,6 +33,7 @@ int runCommandLine()
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
+    QLocale::setDefault(QLocale::c()); // scripts read the numbers, whatever the language of the system
     // What a song's fields fall back to belongs to the developer's log, not between the lines of the output.
     QLoggingCategory::setFilterRules(QStringLiteral("kelvarion.*=false"));
     try {

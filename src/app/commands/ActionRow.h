@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 // When a command of the window has something to do.
 enum class Available { Always, WithTracks, WithSelection, ToWorkOn, WithImports, ToStop };
 
@@ -7,9 +9,9 @@ enum class Available { Always, WithTracks, WithSelection, ToWorkOn, WithImports,
 struct ActionRow
 {
     const char *name; // of the object
-    const char *text;
+    QString text;
     const char *shortcut;
-    const char *tip; // tool tip and status text
+    QString tip; // tool tip and status text
     const char *icon;
     const char *slot; // of the window: "onPlay()"; of a switch, which is off at first, "onFollow(bool)"
     Available available = Available::Always;

@@ -42,21 +42,22 @@ QString nameOf(const QStringList &files)
 QVector<ActionRow> ImportCommands::actions()
 {
     return {
-        {"actionOpen", "Open", "Ctrl+O", "Open ABC files or a song", "open", "onLoadABC()"},
-        {"actionImport_MIDI", "Import MIDI", "Ctrl+Shift+M", "Import MIDI file into the editor", "midiimport",
+        {"actionOpen", tr("Open"), "Ctrl+O", tr("Open ABC files or a song"), "open", "onLoadABC()"},
+        {"actionImport_MIDI", tr("Import MIDI"), "Ctrl+Shift+M", tr("Import MIDI file into the editor"), "midiimport",
          "onImportMidi()"},
-        {"actionImport_from_Clipboard", "Import from Clipboard", "Ctrl+V", "Import an ABC track from the clipboard",
-         "clipboard", "onImportClipboard()"},
-        {"actionImport_Again", "Import Again...", "", "Read a file that parts came from again, with other settings", "",
-         "onImportAgain()", Available::WithImports},
+        {"actionImport_from_Clipboard", tr("Import from Clipboard"), "Ctrl+V",
+         tr("Import an ABC track from the clipboard"), "clipboard", "onImportClipboard()"},
+        {"actionImport_Again", tr("Import Again..."), "",
+         tr("Read a file that parts came from again, with other settings"), "", "onImportAgain()",
+         Available::WithImports},
     };
 }
 
 void ImportCommands::openAbc()
 {
     const auto start = context_.settings.value(Settings::AbcOpenDir).toString();
-    const auto files = context_.dialogs.openFiles(&context_.window, QStringLiteral("Choose ABC file(s) to open"), start,
-                                                  QStringLiteral("ABC files (*.abc)") + tr(";;Songs (*.kvsong)") +
+    const auto files = context_.dialogs.openFiles(&context_.window, tr("Choose ABC file(s) to open"), start,
+                                                  tr("ABC files (*.abc)") + tr(";;Songs (*.kvsong)") +
                                                       tr(";;All music (*.abc *.kvsong *.mid *.midi *.kar *.mml)"));
     if (files.isEmpty())
         return;
@@ -75,25 +76,24 @@ void ImportCommands::openAbc()
 void ImportCommands::importMidi()
 {
     const auto start = context_.settings.value(Settings::MidiOpenDir).toString();
-    const auto file = context_.dialogs.openFile(
-        &context_.window, QStringLiteral("Choose MIDI file to import..."), start,
-        QStringLiteral("MIDI files (*.mid)") + tr(";;Other endings of MIDI files (*.midi *.kar)"));
+    const auto file =
+        context_.dialogs.openFile(&context_.window, tr("Choose MIDI file to import..."), start,
+                                  tr("MIDI files (*.mid)") + tr(";;Other endings of MIDI files (*.midi *.kar)"));
     if (file.isEmpty())
         return;
     context_.settings.setValue(Settings::MidiOpenDir, QFileInfo(file).absolutePath());
-    ImportRequest request{
-        tr("Import MIDI"), QStringLiteral("Loading MIDI file..."), {{SongSource::Kind::MidiFile, file}}};
+    ImportRequest request{tr("Import MIDI"), tr("Loading MIDI file..."), {{SongSource::Kind::MidiFile, file}}};
     request.preview = ImportRequest::Preview::IfPreferred;
-    queue_.askAndLoad(QStringLiteral("Import MIDI"), request);
+    queue_.askAndLoad(tr("Import MIDI"), request);
 }
 
 void ImportCommands::importClipboard()
 {
-    const auto title = QStringLiteral("Import from clipboard");
+    const auto title = tr("Import from clipboard");
     const auto *const content = QApplication::clipboard()->mimeData();
     if (!content || !(content->hasText() || content->hasUrls())) {
         context_.dialogs.message(&context_.window, Dialogs::Severity::Information, title,
-                                 QStringLiteral("The clipboard does not contain anything to import."));
+                                 tr("The clipboard does not contain anything to import."));
         return;
     }
     const auto step = tr("Paste Tracks");
@@ -147,7 +147,7 @@ void ImportCommands::openFiles(const QStringList &paths)
         context_.dialogs.message(&context_.window, Dialogs::Severity::Warning, tr("Open Files"),
                                  tr("These are no ABC or MIDI files, and no songs."));
     else if (!openSong(sources))
-        queue_.askAndLoad(QStringLiteral("Import Files"), {tr("Open Files"), tr("Loading files..."), sources});
+        queue_.askAndLoad(tr("Import Files"), {tr("Open Files"), tr("Loading files..."), sources});
 }
 
 bool ImportCommands::acceptsDrop(const QMimeData &data)
@@ -160,7 +160,7 @@ void ImportCommands::takeDrop(const QMimeData &data)
 {
     const auto loadDropped = [this, sources = sourcesOf(data, FileOrigin::Dropped)] {
         if (!openSong(sources))
-            queue_.askAndLoad(QStringLiteral("Import Files"), {tr("Drop Files"), tr("Loading files..."), sources});
+            queue_.askAndLoad(tr("Import Files"), {tr("Drop Files"), tr("Loading files..."), sources});
     };
     QMetaObject::invokeMethod(&queue_, loadDropped, Qt::QueuedConnection);
 }

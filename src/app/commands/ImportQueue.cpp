@@ -99,7 +99,7 @@ void ImportQueue::load(const ImportRequest &request)
 
 void ImportQueue::askAndLoad(const QString &title, ImportRequest request)
 {
-    const auto question = QStringLiteral("Would you like to remove the existing tracks first?");
+    const auto question = tr("Would you like to remove the existing tracks first?");
     if (!context_.tracks.isEmpty() && !request.sources.isEmpty()) {
         const auto answer = context_.dialogs.askOrCancel(&context_.window, title, question);
         if (!answer)

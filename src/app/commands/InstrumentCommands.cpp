@@ -20,8 +20,8 @@ InstrumentCommands::InstrumentCommands(const CommandContext &context, Instrument
 
 QVector<ActionRow> InstrumentCommands::actions()
 {
-    return {{"actionApplyInstrument", "Apply Instrument", "",
-             "Apply this instrument to selected tracks or all if none are selected.", "applyinstrument",
+    return {{"actionApplyInstrument", tr("Apply Instrument"), "",
+             tr("Apply this instrument to selected tracks or all if none are selected."), "applyinstrument",
              "onApplyInstrument()", Available::WithTracks}};
 }
 

@@ -9,14 +9,14 @@
 QVector<ActionRow> ProgramCommands::actions()
 {
     return {
-        {"actionExit", "Exit", "Alt+F4", "Exit Kelvarion Composer", "exit", "close()"},
-        {"actionPreferences", "Preferences...", "", "Show preferences", "preferences", "onPreferences()"},
-        {"actionManual", "Manual", "F1", "How things are done, and what the game plays", "", "onManual()"},
-        {"actionCheck_for_updates", "Check for updates...", "", "Check online for updates for Kelvarion Composer", "",
-         "onCheckUpdates()"},
-        {"actionAbout_Kelvarion_Composer", "About Kelvarion Composer...", "", "", "about", "onAbout()"},
-        {"actionDonate", "Donate", "", "", "donate", "onDonate()"},
-        {"actionWebsite", "Website", "", "", "forum", "onWebsite()"},
+        {"actionExit", tr("Exit"), "Alt+F4", tr("Exit Kelvarion Composer"), "exit", "close()"},
+        {"actionPreferences", tr("Preferences..."), "", tr("Show preferences"), "preferences", "onPreferences()"},
+        {"actionManual", tr("Manual"), "F1", tr("How things are done, and what the game plays"), "", "onManual()"},
+        {"actionCheck_for_updates", tr("Check for updates..."), "",
+         tr("Check online for updates for Kelvarion Composer"), "", "onCheckUpdates()"},
+        {"actionAbout_Kelvarion_Composer", tr("About Kelvarion Composer..."), "", {}, "about", "onAbout()"},
+        {"actionDonate", tr("Donate"), "", {}, "donate", "onDonate()"},
+        {"actionWebsite", tr("Website"), "", {}, "forum", "onWebsite()"},
     };
 }
 
@@ -33,7 +33,7 @@ void ProgramCommands::openManual()
 
 void ProgramCommands::showAbout()
 {
-    context_.dialogs.about(&context_.window, QStringLiteral("About Kelvarion Composer"), aboutHtml());
+    context_.dialogs.about(&context_.window, tr("About Kelvarion Composer"), aboutHtml());
 }
 
 void ProgramCommands::openDonationPage()
@@ -49,18 +49,17 @@ void ProgramCommands::openWebsite()
 void ProgramCommands::tellAboutUpdate(bool isAvailable, const QString &version, const QString &address)
 {
     if (!isAvailable) {
-        context_.dialogs.message(&context_.window, Dialogs::Severity::Information, QStringLiteral("No updates"),
-                                 QStringLiteral("You are running the latest version of Kelvarion Composer."));
+        context_.dialogs.message(&context_.window, Dialogs::Severity::Information, tr("No updates"),
+                                 tr("You are running the latest version of Kelvarion Composer."));
         return;
     }
-    const auto question =
-        QStringLiteral("Kelvarion Composer v%1 is available.\nWould you like to download it now?").arg(version);
-    if (context_.dialogs.ask(&context_.window, QStringLiteral("Update available"), question) == Dialogs::Answer::Yes)
+    const auto question = tr("Kelvarion Composer v%1 is available.\nWould you like to download it now?").arg(version);
+    if (context_.dialogs.ask(&context_.window, tr("Update available"), question) == Dialogs::Answer::Yes)
         context_.dialogs.openInBrowser(QUrl(address));
 }
 
 void ProgramCommands::tellUpdateFailure(const QString &error)
 {
-    context_.dialogs.message(&context_.window, Dialogs::Severity::Warning, QStringLiteral("Updates check failed"),
-                             QStringLiteral("Failed to check for updates: %1").arg(error));
+    context_.dialogs.message(&context_.window, Dialogs::Severity::Warning, tr("Updates check failed"),
+                             tr("Failed to check for updates: %1").arg(error));
 }

@@ -20,7 +20,7 @@ const QString programName = QStringLiteral("Kelvarion Composer");
 QString shownTitle(const Track &track)
 {
     const auto title = track.title();
-    return title.isEmpty() ? QStringLiteral("Untitled") : title;
+    return title.isEmpty() ? SaveCommands::tr("Untitled") : title;
 }
 
 QString textOf(const Track &track)
@@ -39,14 +39,13 @@ struct Found
 // Why the user is to be asked before the file is replaced; empty when he need not be.
 QString objectionTo(const Found &found)
 {
-    const auto tr = [](const char *text) { return QCoreApplication::translate("SaveCommands", text); };
     if (found.expected && holdsAnotherText(found.path, *found.expected))
-        return tr("'%1' was changed by another program.").arg(found.path);
+        return SaveCommands::tr("'%1' was changed by another program.").arg(found.path);
     switch (protectionOf(found.path)) {
     case FileProtection::ReadOnly:
-        return tr("'%1' is read-only.").arg(found.path);
+        return SaveCommands::tr("'%1' is read-only.").arg(found.path);
     case FileProtection::OfAnotherUser:
-        return tr("'%1' belongs to another user.").arg(found.path);
+        return SaveCommands::tr("'%1' belongs to another user.").arg(found.path);
     case FileProtection::None:
         break;
     }
@@ -58,9 +57,9 @@ QString objectionTo(const Found &found)
 QVector<ActionRow> SaveCommands::actions()
 {
     return {
-        {"actionSave_Selected", "Save Selected", "Ctrl+S", "Save the selected tracks to disk", "save",
+        {"actionSave_Selected", tr("Save Selected"), "Ctrl+S", tr("Save the selected tracks to disk"), "save",
          "onSaveSelected()", Available::WithSelection},
-        {"actionSave_All", "Save All", "Ctrl+Shift+S", "Save all tracks to disk", "saveall", "onSaveAll()",
+        {"actionSave_All", tr("Save All"), "Ctrl+Shift+S", tr("Save all tracks to disk"), "saveall", "onSaveAll()",
          Available::WithTracks},
     };
 }

@@ -52,13 +52,14 @@ SongCommands::SongCommands(const CommandContext &context, SaveCommands &parts, s
 QVector<ActionRow> SongCommands::actions()
 {
     return {
-        {"actionNew_Song", "New Song", "Ctrl+Shift+N", "Begin an empty song", "", "onNewSong()"},
-        {"actionSave_Song", "Save Song", "Ctrl+S", "Save the song with its parts and mix in one file", "save",
+        {"actionNew_Song", tr("New Song"), "Ctrl+Shift+N", tr("Begin an empty song"), "", "onNewSong()"},
+        {"actionSave_Song", tr("Save Song"), "Ctrl+S", tr("Save the song with its parts and mix in one file"), "save",
          "onSaveSong()"},
-        {"actionSave_Song_As", "Save Song As...", "", "Save the song in another file", "saveas", "onSaveSongAs()"},
-        {"actionSave_Parts", "Save Parts to Folder...", "", "Save each part as an ABC file of one folder", "",
+        {"actionSave_Song_As", tr("Save Song As..."), "", tr("Save the song in another file"), "saveas",
+         "onSaveSongAs()"},
+        {"actionSave_Parts", tr("Save Parts to Folder..."), "", tr("Save each part as an ABC file of one folder"), "",
          "onSaveParts()", Available::WithTracks},
-        {"actionSong_Title", "Song Title...", "", "Change the title of the song", "", "onSongTitle()"},
+        {"actionSong_Title", tr("Song Title..."), "", tr("Change the title of the song"), "", "onSongTitle()"},
     };
 }
 

@@ -28,15 +28,14 @@ std::size_t bytesToSave(const Song &song)
 // Why the user is to be asked before the file is replaced; empty when he need not be.
 QString objectionTo(const QString &path, const std::optional<QString> &knownStamp)
 {
-    const auto tr = [](const char *text) { return QCoreApplication::translate("SongSaving", text); };
     if (knownStamp && QFileInfo::exists(path) && stampOf(path) != *knownStamp)
-        return knownStamp->isEmpty() ? tr("'%1' may hold another version of this song.").arg(path)
-                                     : tr("'%1' was changed by another program.").arg(path);
+        return knownStamp->isEmpty() ? SongSaving::tr("'%1' may hold another version of this song.").arg(path)
+                                     : SongSaving::tr("'%1' was changed by another program.").arg(path);
     switch (protectionOf(path)) {
     case FileProtection::ReadOnly:
-        return tr("'%1' is read-only.").arg(path);
+        return SongSaving::tr("'%1' is read-only.").arg(path);
     case FileProtection::OfAnotherUser:
-        return tr("'%1' belongs to another user.").arg(path);
+        return SongSaving::tr("'%1' belongs to another user.").arg(path);
     case FileProtection::None:
         break;
     }

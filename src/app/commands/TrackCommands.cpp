@@ -46,23 +46,29 @@ bool isShort(const TrackCommands::Sources &sources)
 QVector<ActionRow> TrackCommands::actions()
 {
     return {
-        {"actionNew_Track", "New Track", "Ctrl+N", "Create a new track", "newtrack", "onNewTrack()"},
-        {"actionClear_Tracks", "Remove All Tracks", "Shift+Del", "Remove all tracks", "removetrack", "onClearTracks()",
-         Available::WithTracks},
-        {"actionMerge_Selected", "Merge Selected", "Ctrl+J", "Merges the selected tracks together", "merge",
+        {"actionNew_Track", tr("New Track"), "Ctrl+N", tr("Create a new track"), "newtrack", "onNewTrack()"},
+        {"actionClear_Tracks", tr("Remove All Tracks"), "Shift+Del", tr("Remove all tracks"), "removetrack",
+         "onClearTracks()", Available::WithTracks},
+        {"actionMerge_Selected", tr("Merge Selected"), "Ctrl+J", tr("Merges the selected tracks together"), "merge",
          "onMergeTracks()", Available::ToWorkOn},
-        {"actionClean_Quantise", "Clean Quantise", "",
-         "Write the selected tracks as a musician would, on the grid of "
-         "each measure",
+        {"actionClean_Quantise", tr("Clean Quantise"), "",
+         tr("Write the selected tracks as a musician would, on the grid of "
+            "each measure"),
          "", "onCleanQuantise()", Available::ToWorkOn},
-        {"actionRemove_Selected", "Remove Selected", "", "Remove the selected tracks", "removeone",
+        {"actionRemove_Selected", tr("Remove Selected"), "", tr("Remove the selected tracks"), "removeone",
          "onRemoveSelectedTracks()", Available::WithSelection},
-        {"actionSelect_All", "Select All", "Ctrl+A", "", "", "onSelectAll()", Available::WithTracks},
-        {"actionDeselect_All", "Deselect All", "Ctrl+Shift+A", "", "", "onDeselectAll()", Available::WithTracks},
-        {"actionInvert_Selection", "Invert Selection", "Ctrl+I", "", "", "onInvertSelection()", Available::WithTracks},
-        {"actionDuplicate_Selected", "Duplicate Selected", "Ctrl+D", "Duplicate the selected tracks", "duplicatetrack",
-         "onDuplicateTracks()", Available::WithSelection},
-        {"actionMute_Selected", "(Un)mute Selected", "Ctrl+M", "(Un)mute the selected tracks", "mute",
+        {"actionSelect_All", tr("Select All"), "Ctrl+A", {}, "", "onSelectAll()", Available::WithTracks},
+        {"actionDeselect_All", tr("Deselect All"), "Ctrl+Shift+A", {}, "", "onDeselectAll()", Available::WithTracks},
+        {"actionInvert_Selection",
+         tr("Invert Selection"),
+         "Ctrl+I",
+         {},
+         "",
+         "onInvertSelection()",
+         Available::WithTracks},
+        {"actionDuplicate_Selected", tr("Duplicate Selected"), "Ctrl+D", tr("Duplicate the selected tracks"),
+         "duplicatetrack", "onDuplicateTracks()", Available::WithSelection},
+        {"actionMute_Selected", tr("(Un)mute Selected"), "Ctrl+M", tr("(Un)mute the selected tracks"), "mute",
          "onMuteSelected()", Available::WithSelection},
     };
 }
@@ -113,8 +119,8 @@ void TrackCommands::mergeSelected()
     };
     const auto fail = [this](const QString &error) {
         emit workingChanged();
-        context_.dialogs.message(&context_.window, Dialogs::Severity::Critical, QStringLiteral("Merge Tracks"),
-                                 QStringLiteral("Could not merge tracks: %1").arg(error));
+        context_.dialogs.message(&context_.window, Dialogs::Severity::Critical, tr("Merge Tracks"),
+                                 tr("Could not merge tracks: %1").arg(error));
     };
     work_.start([sources](const TaskControl &) { return merged(sources); }, take, fail);
     emit workingChanged();

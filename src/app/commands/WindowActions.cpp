@@ -10,12 +10,12 @@ void WindowActions::add(const QVector<ActionRow> &rows)
 {
     const auto &type = *window_.metaObject();
     for (const auto &row : rows) {
-        auto *const made = new QAction(QLatin1String(row.text), &window_);
+        auto *const made = new QAction(row.text, &window_);
         if (*row.icon != '\0')
             made->setIcon(icon(row.icon));
-        if (*row.tip != '\0') {
-            made->setToolTip(QLatin1String(row.tip));
-            made->setStatusTip(QLatin1String(row.tip));
+        if (!row.tip.isEmpty()) {
+            made->setToolTip(row.tip);
+            made->setStatusTip(row.tip);
         }
         const auto slot = type.method(type.indexOfSlot(row.slot));
         if (!QObject::connect(made, QMetaMethod::fromSignal(&QAction::triggered), &window_, slot))

@@ -41,10 +41,10 @@ ExportCommands::ExportCommands(const CommandContext &context, FileEngineFactory 
 
 QVector<ActionRow> ExportCommands::actions()
 {
-    return {{"actionExport_to_Wav", "Export to Wav", "Ctrl+Shift+W", "Export all (non-muted) tracks to a wave file",
-             "export", "onExportWav()", Available::WithTracks},
-            {"actionExport_Audio", "Export Audio...", "",
-             "Export all (non-muted) tracks as WAV, FLAC, Ogg, Opus or MP3: the mix, or each part", "export",
+    return {{"actionExport_to_Wav", tr("Export to Wav"), "Ctrl+Shift+W",
+             tr("Export all (non-muted) tracks to a wave file"), "export", "onExportWav()", Available::WithTracks},
+            {"actionExport_Audio", tr("Export Audio..."), "",
+             tr("Export all (non-muted) tracks as WAV, FLAC, Ogg, Opus or MP3: the mix, or each part"), "export",
              "onExportAudio()", Available::WithTracks}};
 }
 
@@ -52,9 +52,9 @@ QVector<ActionRow> ExportCommands::actions()
 bool ExportCommands::isFree()
 {
     if (isRunning()) {
-        context_.dialogs.message(&context_.window, Dialogs::Severity::Warning, QStringLiteral("Renderer in use"),
-                                 QStringLiteral("You are already rendering to wav, please wait for it to finish and "
-                                                "try again."));
+        context_.dialogs.message(&context_.window, Dialogs::Severity::Warning, tr("Renderer in use"),
+                                 tr("You are already rendering to wav, please wait for it to finish and "
+                                    "try again."));
         return false;
     }
     renderer_.reset();
@@ -65,13 +65,13 @@ void ExportCommands::exportWav()
 {
     if (!isFree())
         return;
-    const auto file = context_.dialogs.saveFile(&context_.window, QStringLiteral("Export tracks to wav..."),
-                                                context_.settings.value(Settings::WavSaveDir).toString(),
-                                                QStringLiteral("Wave file (*.wav)"));
+    const auto file =
+        context_.dialogs.saveFile(&context_.window, tr("Export tracks to wav..."),
+                                  context_.settings.value(Settings::WavSaveDir).toString(), tr("Wave file (*.wav)"));
     if (file.isEmpty())
         return;
     context_.settings.setValue(Settings::WavSaveDir, QFileInfo(file).absolutePath());
-    start({RenderPlan::wave(file), tr("Export to Wav"), QStringLiteral("Rendering to wav..."), 1});
+    start({RenderPlan::wave(file), tr("Export to Wav"), tr("Rendering to wav..."), 1});
 }
 
 void ExportCommands::exportAudio()

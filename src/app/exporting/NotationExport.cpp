@@ -30,10 +30,10 @@ struct NotationExport::Format
 QVector<ActionRow> NotationExport::actions()
 {
     return {
-        {"actionExport_MIDI", "Export MIDI...", "", "Write all parts into one MIDI file", "export", "onExportMidi()",
-         Available::WithTracks},
-        {"actionExport_Tunebook", "Export Tunebook...", "", "Write all parts into one ABC file, as tunes", "export",
-         "onExportTunebook()", Available::WithTracks},
+        {"actionExport_MIDI", tr("Export MIDI..."), "", tr("Write all parts into one MIDI file"), "export",
+         "onExportMidi()", Available::WithTracks},
+        {"actionExport_Tunebook", tr("Export Tunebook..."), "", tr("Write all parts into one ABC file, as tunes"),
+         "export", "onExportTunebook()", Available::WithTracks},
     };
 }
 

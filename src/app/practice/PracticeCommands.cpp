@@ -21,14 +21,15 @@ PracticeCommands::PracticeCommands(const CommandContext &context) : context_(con
 
 QVector<ActionRow> PracticeCommands::actions()
 {
-    return {{"actionRehearsal", "Band Rehearsal", "",
-             "Let the parts come in a little sooner or later, as players do who start by hand; the song stays as it is",
-             "rehearsal", "onRehearsal(bool)"},
-            {"actionRehearsal_Offsets", "Rehearsal Offsets...", "",
-             "Choose by how much the parts come in sooner or later", "", "onRehearsalOffsets()", Available::WithTracks},
-            {"actionMetronome", "Metronome", "Ctrl+K",
-             "Click on every beat while the song is played; no export has the clicks", "metronome",
-             "onMetronome(bool)"}};
+    return {
+        {"actionRehearsal", tr("Band Rehearsal"), "",
+         tr("Let the parts come in a little sooner or later, as players do who start by hand; the song stays as it is"),
+         "rehearsal", "onRehearsal(bool)"},
+        {"actionRehearsal_Offsets", tr("Rehearsal Offsets..."), "",
+         tr("Choose by how much the parts come in sooner or later"), "", "onRehearsalOffsets()", Available::WithTracks},
+        {"actionMetronome", tr("Metronome"), "Ctrl+K",
+         tr("Click on every beat while the song is played; no export has the clicks"), "metronome",
+         "onMetronome(bool)"}};
 }
 
 void PracticeCommands::switchMetronome(bool isOn)

@@ -69,7 +69,7 @@ SongRecovery::SongRecovery(const CommandContext &context, SessionJournal &journa
 
 QVector<ActionRow> SongRecovery::actions()
 {
-    return {{"actionRecover", "Recover...", "", "Bring back a song that was not saved or was discarded", "",
+    return {{"actionRecover", tr("Recover..."), "", tr("Bring back a song that was not saved or was discarded"), "",
              "onRecover()"}};
 }
 

@@ -67,7 +67,7 @@ void UpdateChecker::onFinished(QNetworkReply *reply)
     const auto answer = QJsonDocument::fromJson(reply->readAll()).object();
     const auto version = answer.value(QLatin1String("version")).toArray();
     if (version.size() != 4) {
-        emit updateCheckFailed(QStringLiteral("Could not read update information"));
+        emit updateCheckFailed(tr("Could not read update information"));
         return;
     }
     emit updateAvailable(isNewer(version), answer.value(QLatin1String("versionString")).toString(),

@@ -38,16 +38,16 @@ SongTools::SongTools(const CommandContext &context, EngineFactory makeEngine)
 QVector<ActionRow> SongTools::actions()
 {
     return {
-        {"actionArrange", "Arrange for Players...", "", "Fit the parts that are not muted to a number of players", "",
-         "onArrange()", Available::WithTracks},
-        {"actionTranspose_Song", "Transpose Song...", "", "Transpose all parts and their keys", "", "onTransposeSong()",
+        {"actionArrange", tr("Arrange for Players..."), "",
+         tr("Fit the parts that are not muted to a number of players"), "", "onArrange()", Available::WithTracks},
+        {"actionTranspose_Song", tr("Transpose Song..."), "", tr("Transpose all parts and their keys"), "",
+         "onTransposeSong()", Available::WithTracks},
+        {"actionOne_Tempo", tr("One Tempo for All..."), "", tr("Give all parts the tempo of one of them"), "",
+         "onOneTempo()", Available::WithTracks},
+        {"actionTrim_Silence", tr("Trim Silence"), "",
+         tr("Remove the silence before the first note of all parts and behind the last"), "", "onTrimSilence()",
          Available::WithTracks},
-        {"actionOne_Tempo", "One Tempo for All...", "", "Give all parts the tempo of one of them", "", "onOneTempo()",
-         Available::WithTracks},
-        {"actionTrim_Silence", "Trim Silence", "",
-         "Remove the silence before the first note of all parts and behind the last", "", "onTrimSilence()",
-         Available::WithTracks},
-        {"actionPad_Parts", "Pad to One Length", "", "Let all parts end with the longest, with rests", "",
+        {"actionPad_Parts", tr("Pad to One Length"), "", tr("Let all parts end with the longest, with rests"), "",
          "onPadParts()", Available::WithTracks},
     };
 }

@@ -14,8 +14,8 @@ SourceListening::SourceListening(const CommandContext &context) : context_(conte
 
 QVector<ActionRow> SourceListening::actions()
 {
-    return {{"actionListen_to_Source", "Source", "Ctrl+B",
-             "Hear the song as its source has it, instead of as the game will play it", "source",
+    return {{"actionListen_to_Source", tr("Source"), "Ctrl+B",
+             tr("Hear the song as its source has it, instead of as the game will play it"), "source",
              "onListenToSource(bool)", Available::WithImports}};
 }
 

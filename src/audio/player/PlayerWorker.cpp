@@ -4,6 +4,8 @@
 #include "audio/Logging.h"
 #include "audio/SampleCache.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <chrono>
 #include <utility>
@@ -62,7 +64,7 @@ void PlayerWorker::openEngine()
     const auto result = engine_->initialize();
     const bool isUnheard = result == AudioResult::NoDevice || result == AudioResult::DeviceNotAnswering;
     if (!check(result) && !isUnheard) {
-        tellOutput(QString::fromUtf8(engine_->errorText(result)));
+        tellOutput(QCoreApplication::translate("AudioEngine", engine_->errorText(result)));
         engine_.reset();
         return;
     }
@@ -203,7 +205,8 @@ void PlayerWorker::reportOutput()
 {
     const auto state = engine_->outputState();
     const auto problem = state == OutputState::NoDevice ? AudioResult::NoDevice : AudioResult::DeviceNotAnswering;
-    tellOutput(state == OutputState::Running ? QString() : QString::fromUtf8(engine_->errorText(problem)));
+    tellOutput(state == OutputState::Running ? QString()
+                                             : QCoreApplication::translate("AudioEngine", engine_->errorText(problem)));
 }
 
 void PlayerWorker::tellOutput(const QString &problem)

@@ -4,6 +4,7 @@
 #include "audio/render/RenderSink.h"
 #include "base/Interrupted.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QThread>
 
@@ -91,7 +92,7 @@ void RenderWorker::renderFiles()
 void RenderWorker::refuseImpossible() const
 {
     if (tracks_.size() >= maxGroups)
-        throw QStringLiteral("There are more than %1 tracks.").arg(maxGroups - 1);
+        throw QCoreApplication::translate("RenderWorker", "There are more than %1 tracks.").arg(maxGroups - 1);
     if (plan_.files.empty())
         throw tr("No part is heard, so that there is nothing to write.");
     if (!isBuiltIn(plan_.coding))
@@ -146,7 +147,7 @@ RenderRange RenderWorker::range()
 void RenderWorker::refuseOverlong(DspClock end) const
 {
     if (end > longestSong)
-        throw QStringLiteral("The song is longer than 6 hours.");
+        throw QCoreApplication::translate("RenderWorker", "The song is longer than 6 hours.");
     if (end > SoundFileWriter::mostFrames(plan_.coding))
         throw tr("The song is too long for a file of this kind: %1.")
             .arg(QString::fromUtf8(formatOf(plan_.coding).name));
@@ -222,9 +223,10 @@ void RenderWorker::write(Output &output, const RenderRange &range, float gain)
     SoundFileWriter writer;
     const auto requireWritten = [&](bool isWritten) {
         if (!isWritten)
-            fail(output.file, writer.systemError() != 0
-                                  ? SafeFile::causeOf(writer.systemError())
-                                  : QString::fromUtf8(engine_->errorText(AudioResult::CannotWrite)));
+            fail(output.file,
+                 writer.systemError() != 0
+                     ? SafeFile::causeOf(writer.systemError())
+                     : QCoreApplication::translate("AudioEngine", engine_->errorText(AudioResult::CannotWrite)));
     };
     requireWritten(
         writer.open(output.replacement.path().toStdU16String(), {plan_.coding, plan_.quality, output.file.tags}));
@@ -256,5 +258,5 @@ float RenderWorker::mix(const RenderFile &file, const RenderRange &range, float 
 void RenderWorker::require(AudioResult result)
 {
     if (!checker_.check(*engine_, result))
-        throw QString::fromUtf8(engine_->errorText(result));
+        throw QCoreApplication::translate("AudioEngine", engine_->errorText(result));
 }

@@ -3,6 +3,7 @@
 #include "edit/NoteText.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 
 #include <array>
 
@@ -122,7 +123,7 @@ QString lengthInWords(Ticks length)
     if (length == ticksPerWholeNote)
         return QCoreApplication::translate("Finding", "a whole note");
     return QCoreApplication::translate("Finding", "%1 whole notes")
-        .arg(QString::number(double(length) / ticksPerWholeNote, 'g', 6));
+        .arg(QLocale().toString(double(length) / ticksPerWholeNote, 'g', 6));
 }
 
 QString sentenceOf(const Finding &finding)

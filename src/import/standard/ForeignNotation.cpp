@@ -25,10 +25,10 @@ bool haveSameNotes(const Track &a, const Track &b)
     return std::equal(notes.begin(), notes.end(), others.begin(), others.end(), isSame);
 }
 
-QString translated(const char *text)
+struct Texts
 {
-    return QCoreApplication::translate("ForeignNotation", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(ForeignNotation)
+};
 
 } // namespace
 
@@ -57,12 +57,12 @@ QStringList differencesFromTheGame(const QVector<StandardTune> &tunes, const QVe
     }
     QStringList differences;
     if (hasRepeats)
-        differences.append(translated("repeats"));
+        differences.append(Texts::tr("repeats"));
     if (hasVoices)
-        differences.append(translated("voices"));
+        differences.append(Texts::tr("voices"));
     if (hasOtherTempo)
-        differences.append(translated("tempo"));
+        differences.append(Texts::tr("tempo"));
     if (hasOtherNotes && !hasRepeats && !hasVoices)
-        differences.append(translated("bar lines, ties or accidentals"));
+        differences.append(Texts::tr("bar lines, ties or accidentals"));
     return differences;
 }

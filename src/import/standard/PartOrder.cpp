@@ -1,5 +1,6 @@
 #include "import/standard/PartOrder.h"
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 #include <QVector>
 
@@ -11,7 +12,7 @@ void repeatTail(QString &parts, qsizetype begin, int times)
 {
     const auto tail = parts.mid(int(begin));
     if (parts.size() + tail.size() * qsizetype(times) > mostParts)
-        throw QStringLiteral("Too many parts.");
+        throw QCoreApplication::translate("StandardAbc", "Too many parts.");
     for (int i = 1; i < times; ++i)
         parts += tail;
     if (times == 0)

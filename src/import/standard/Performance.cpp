@@ -2,6 +2,7 @@
 
 #include "base/Interrupted.h"
 
+#include <QCoreApplication>
 #include <QHash>
 
 #include <algorithm>
@@ -308,7 +309,7 @@ void Performer::spend(qint64 cost)
 {
     throwIfStopped(stop_);
     if ((left_ -= cost) < 0)
-        throw QStringLiteral("The tune is too long.");
+        throw QCoreApplication::translate("StandardAbc", "The tune is too long.");
 }
 
 void Performer::play(qsizetype begin, qsizetype end)

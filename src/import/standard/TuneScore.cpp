@@ -4,6 +4,7 @@
 #include "import/standard/MusicLine.h"
 #include "import/standard/PartOrder.h"
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -125,7 +126,7 @@ TuneScore TuneReader::read(const TunebookTune &tune, const std::stop_token &stop
 Voice &TuneReader::voice()
 {
     if (++elements_ > mostElements)
-        throw QStringLiteral("The tune is too long.");
+        throw QCoreApplication::translate("StandardAbc", "The tune is too long.");
     return *current_;
 }
 
@@ -160,7 +161,9 @@ void TuneReader::refuseMacros(const TunebookTune &tune) const
                    withoutComment(line).toString().contains(macro);
         };
         if (std::any_of(tune.body.begin(), tune.body.end(), isUsed))
-            throw QStringLiteral("The tune uses the macro \"%1\" (m:), which cannot be read.").arg(macro);
+            throw QCoreApplication::translate("StandardAbc",
+                                              "The tune uses the macro \"%1\" (m:), which cannot be read.")
+                .arg(macro);
     }
 }
 
@@ -334,7 +337,7 @@ Voice &TuneReader::voiceOf(QStringView value)
     const auto [known, isNew] = voiceIds_.try_emplace(id, score_.voices.size());
     if (isNew) {
         if (score_.voices.size() >= mostVoices)
-            throw QStringLiteral("Too many voices.");
+            throw QCoreApplication::translate("StandardAbc", "Too many voices.");
         auto &voice = score_.voices.emplace_back();
         voice.settings = score_.start;
         if (current_ != nullptr) // the header is over

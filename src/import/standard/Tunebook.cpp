@@ -1,5 +1,7 @@
 #include "import/standard/Tunebook.h"
 
+#include <QCoreApplication>
+
 #include <utility>
 
 namespace {
@@ -94,7 +96,7 @@ void TunebookSplitter::take(QStringView line)
 void TunebookSplitter::beginTune()
 {
     if (tunes_.size() >= mostTunes)
-        throw QStringLiteral("Too many tunes.");
+        throw QCoreApplication::translate("StandardAbc", "Too many tunes.");
     tunes_.append(TunebookTune());
     tunes_.last().header = fileHeader_;
     place_ = Place::Header;

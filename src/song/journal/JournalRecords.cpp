@@ -80,7 +80,7 @@ QJsonObject parse(const QByteArray &payload)
 {
     const auto document = QJsonDocument::fromJson(payload);
     if (!document.isObject())
-        throw QStringLiteral("A record holds nothing.");
+        throw QCoreApplication::translate("SongJournal", "A record holds nothing.");
     return document.object();
 }
 

@@ -4,13 +4,17 @@
 #include "edit/NoteText.h"
 #include "ui/document/EditorDocument.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <QTextBlock>
 
 EditorStatus::EditorStatus(EditorDocument &document, QWidget *parent)
     : QStatusBar(parent), document_(document), measures_(document.track()),
       place_(addLabel("lblPlace", tr("Line %1, column %2").arg(888).arg(88), tr("The caret in the text"))),
-      time_(addLabel("lblTime", tr("%1, tick %2").arg(QStringLiteral("Measure 88, beat 8")).arg(888888),
+      time_(addLabel("lblTime",
+                     tr("%1, tick %2")
+                         .arg(QCoreApplication::translate("NoteText", "Measure %1, beat %2").arg(88).arg(8))
+                         .arg(888888),
                      tr("The caret in the music; a whole note has 40320 ticks"))),
       note_(addLabel("lblNote", QStringLiteral("C♯8, 8/8"), tr("Pitch and length of the note at the caret"))),
       problems_(addLabel("lblProblems", QString(), tr("What is wrong with the text"))),

@@ -5,10 +5,10 @@
 
 namespace {
 
-QString translated(const char *text)
+struct Texts
 {
-    return QCoreApplication::translate("ImportWords", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(ImportWords)
+};
 
 // Of notes: behind their number. Of others: before it.
 struct Words
@@ -54,11 +54,11 @@ int notesOfSource(const PartReport &sum)
 QString phrase(const Words &words, const PartReport &sum, bool isFirst)
 {
     const int count = sum.count(words.finding);
-    const auto text = translated(words.inLine);
+    const auto text = Texts::tr(words.inLine);
     if (!words.isOfNotes)
-        return translated("%1: %2").arg(text).arg(count);
-    return isFirst ? translated("%1 of %2 notes were %3").arg(count).arg(notesOfSource(sum)).arg(text)
-                   : translated("%1 %2").arg(count).arg(text);
+        return Texts::tr("%1: %2").arg(text).arg(count);
+    return isFirst ? Texts::tr("%1 of %2 notes were %3").arg(count).arg(notesOfSource(sum)).arg(text)
+                   : Texts::tr("%1 %2").arg(count).arg(text);
 }
 
 } // namespace
@@ -67,7 +67,7 @@ QString wordsOf(ImportFinding finding)
 {
     for (const auto &words : table) {
         if (words.finding == finding)
-            return translated(words.inRow);
+            return Texts::tr(words.inRow);
     }
     return {};
 }
@@ -80,6 +80,6 @@ QString lineOf(const PartReport &sum)
             phrases.append(phrase(words, sum, phrases.isEmpty()));
     }
     if (sum.shifts.shiftedNotes > 0)
-        phrases.append(translated("worst shift %1 ms").arg(qRound(sum.shifts.largestMs)));
+        phrases.append(Texts::tr("worst shift %1 ms").arg(qRound(sum.shifts.largestMs)));
     return phrases.join(QStringLiteral(", "));
 }

@@ -47,7 +47,7 @@ void TrackWidget::setTrack(const std::shared_ptr<const SongTrack> &track)
 void TrackWidget::showTrack()
 {
     const auto title = track().title();
-    const auto shownTitle = title.isEmpty() ? QStringLiteral("Untitled") : title;
+    const auto shownTitle = title.isEmpty() ? tr("Untitled") : title;
     lblTitle_->setText(shownTitle);
     setAccessibleName(shownTitle);
     wVis_->setTrack(track());

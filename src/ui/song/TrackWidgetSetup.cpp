@@ -43,14 +43,14 @@ QToolButton *makeButton(QWidget *parent, const char *objectName, const char *ico
 
 QString volumeText(int percent)
 {
-    return QStringLiteral("%1 %").arg(percent);
+    return TrackWidget::tr("%1 %").arg(percent);
 }
 
 QString panText(int percent)
 {
     if (percent == 0)
-        return QStringLiteral("C");
-    return percent < 0 ? QStringLiteral("L %1").arg(-percent) : QStringLiteral("R %1").arg(percent);
+        return TrackWidget::tr("C", "in the middle");
+    return percent < 0 ? TrackWidget::tr("L %1", "left").arg(-percent) : TrackWidget::tr("R %1", "right").arg(percent);
 }
 
 QVBoxLayout *belowIcon(ValueDial *dial, const char *iconName)

@@ -112,7 +112,7 @@ QString VUMeter::hoverText() const
 {
     if (!mouse_)
         return {};
-    return QStringLiteral("%1 dB").arg(MeterScale::decibelsAt(positionAt(*mouse_)), 0, 'f', 1);
+    return tr("%L1 dB").arg(MeterScale::decibelsAt(positionAt(*mouse_)), 0, 'f', 1);
 }
 
 void VUMeter::mouseMoveEvent(QMouseEvent *event)

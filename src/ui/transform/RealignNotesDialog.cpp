@@ -24,11 +24,16 @@ struct RealignDialRow
 namespace {
 
 constexpr std::array<RealignDialRow, 5> rows{{
-    {"dlRegular", "Regular", 7, SettingsTable::RealignRegular, 1, 0, "Whole"},
-    {"dlTriplet", "Triplets", 6, SettingsTable::RealignTriplets, 3, 1, "None"},
-    {"dlQuintuplet", "Quintuplets", 5, SettingsTable::RealignQuintuplets, 5, 1, "None"},
-    {"dlSeptuplet", "Septuplets", 5, SettingsTable::RealignSeptuplets, 7, 1, "None"},
-    {"dlNonuplet", "Nonuplets", 4, SettingsTable::RealignNonuplets, 9, 1, "None"},
+    {"dlRegular", QT_TRANSLATE_NOOP("RealignNotesDialog", "Regular"), 7, SettingsTable::RealignRegular, 1, 0,
+     QT_TRANSLATE_NOOP("RealignNotesDialog", "Whole")},
+    {"dlTriplet", QT_TRANSLATE_NOOP("RealignNotesDialog", "Triplets"), 6, SettingsTable::RealignTriplets, 3, 1,
+     QT_TRANSLATE_NOOP("RealignNotesDialog", "None")},
+    {"dlQuintuplet", QT_TRANSLATE_NOOP("RealignNotesDialog", "Quintuplets"), 5, SettingsTable::RealignQuintuplets, 5, 1,
+     QT_TRANSLATE_NOOP("RealignNotesDialog", "None")},
+    {"dlSeptuplet", QT_TRANSLATE_NOOP("RealignNotesDialog", "Septuplets"), 5, SettingsTable::RealignSeptuplets, 7, 1,
+     QT_TRANSLATE_NOOP("RealignNotesDialog", "None")},
+    {"dlNonuplet", QT_TRANSLATE_NOOP("RealignNotesDialog", "Nonuplets"), 4, SettingsTable::RealignNonuplets, 9, 1,
+     QT_TRANSLATE_NOOP("RealignNotesDialog", "None")},
 }};
 
 quint32 denominator(const RealignDialRow &row, int value)
@@ -36,17 +41,15 @@ quint32 denominator(const RealignDialRow &row, int value)
     return row.base << (value - row.firstStep);
 }
 
+// Of a whole note: "128ths".
 QString pluralOrdinal(quint32 number)
 {
-    const auto lastTwo = number % 100;
-    const auto last = number % 10;
-    QLatin1String suffix("ths");
-    if (lastTwo < 11 || lastTwo > 13)
-        suffix = last == 1   ? QLatin1String("sts")
-                 : last == 2 ? QLatin1String("nds")
-                 : last == 3 ? QLatin1String("rds")
-                             : suffix;
-    return QStringLiteral("%1%2").arg(number).arg(suffix);
+    const auto last = number % 100 >= 11 && number % 100 <= 13 ? 0 : number % 10;
+    const auto text = last == 1   ? RealignNotesDialog::tr("%1sts")
+                      : last == 2 ? RealignNotesDialog::tr("%1nds")
+                      : last == 3 ? RealignNotesDialog::tr("%1rds")
+                                  : RealignNotesDialog::tr("%1ths");
+    return text.arg(number);
 }
 
 } // namespace
@@ -83,7 +86,7 @@ RealignNotesDialog::Dial RealignNotesDialog::addDial(const RealignDialRow &row, 
     dial->setToolTip(tr("The finest note that notes are moved onto"));
     auto *const name = new QLabel(tr(row.label));
     auto *const value = new QLabel;
-    value->setMinimumWidth(value->fontMetrics().horizontalAdvance(QStringLiteral("888ths")) + 8);
+    value->setMinimumWidth(value->fontMetrics().horizontalAdvance(pluralOrdinal(888)) + 8);
     for (auto *const label : {name, value})
         label->setAlignment(Qt::AlignCenter);
     grid.addWidget(name, 0, column);
