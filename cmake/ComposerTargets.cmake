@@ -108,6 +108,8 @@ function(composer_test NAME)
         set_tests_properties(${NAME} PROPERTIES ENVIRONMENT
             TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/thread-sanitizer.supp)
     endif()
+    # Whatever the language of who builds: texts in the tests are English, and numbers have a point.
+    set_property(TEST ${NAME} APPEND PROPERTY ENVIRONMENT LC_ALL=C.UTF-8 LANGUAGE=)
     if(ARG_WINDOW)
         composer_without_display(${NAME})
     endif()

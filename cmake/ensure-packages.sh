@@ -12,7 +12,7 @@ ensure_packages() {
     DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-build_packages=(g++ cmake ninja-build ccache pkg-config qtbase5-dev libsndfile1-dev libsdl2-dev librtmidi-dev librsvg2-bin)
+build_packages=(g++ cmake ninja-build ccache pkg-config qtbase5-dev qttools5-dev qttranslations5-l10n libsndfile1-dev libsdl2-dev librtmidi-dev librsvg2-bin)
 bench_packages=(libbenchmark-dev libfluidsynth-dev)
 
 # build PRESET [TARGET…]: configures when needed and builds.

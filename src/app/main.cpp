@@ -6,6 +6,7 @@
 #include "audio/engine/BuiltinEngine.h"
 #include "audio/engine/SoundDevices.h"
 #include "core/Track.h"
+#include "language/Language.h"
 #include "midi/SystemMidiInput.h"
 #include "settings/Settings.h"
 #include "ui/Dialogs.h"
@@ -132,14 +133,15 @@ int main(int argc, char *argv[])
     DesktopDialogs dialogs;
     try {
         Settings settings(Settings::defaultFile());
+        Language::start(settings.value(Settings::Language).toString());
         startTheme(settings.value(Settings::DarkPalette).toBool() ? Theme::Dark : Theme::Light);
         if (!locateGame(settings, dialogs, driveRoots()))
             return exitCancelled;
         return runWindow(settings, dialogs, commandLine);
     } catch (const QString &error) {
-        showFatalError(dialogs, QStringLiteral("A fatal error occured:\n%1").arg(error));
+        showFatalError(dialogs, QCoreApplication::translate("main", "A fatal error occured:\n%1").arg(error));
     } catch (...) {
-        showFatalError(dialogs, QStringLiteral("An unknown fatal error ocurred"));
+        showFatalError(dialogs, QCoreApplication::translate("main", "An unknown fatal error ocurred"));
     }
     return 0;
 }

@@ -42,6 +42,7 @@ enum Setting {
     MidiOpenDir,
     WavSaveDir,
     DarkPalette,
+    Language,
     RecentFiles,
     MasterVolume,
     WindowGeometry,

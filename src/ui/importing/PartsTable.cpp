@@ -2,6 +2,7 @@
 
 #include "core/KeyTable.h"
 #include "edit/NoteText.h"
+#include "import/ProgramNames.h"
 #include "ui/report/ImportWords.h"
 
 #include <QApplication>
@@ -58,7 +59,8 @@ QString rangeText(const PartPreview &part)
 
 QString programText(const PartPreview &part)
 {
-    return part.channel() ? PartsTable::tr("%1: %2").arg(*part.channel()).arg(part.programName()) : QString();
+    return part.channel() ? PartsTable::tr("%1: %2").arg(*part.channel()).arg(translatedProgramName(part.programName()))
+                          : QString();
 }
 
 } // namespace

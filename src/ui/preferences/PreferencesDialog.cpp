@@ -1,6 +1,7 @@
 #include "ui/preferences/PreferencesDialog.h"
 
 #include "assets/GameInstallation.h"
+#include "language/Language.h"
 #include "ui/Dialogs.h"
 #include "ui/ImportSettingsBox.h"
 #include "ui/ManualPage.h"
@@ -21,6 +22,7 @@
 #include <QPushButton>
 #include <QStackedWidget>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -61,7 +63,7 @@ PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, const
     : QDialog(parent), settings_(settings), dialogs_(dialogs), selector_(new QListWidget), pages_(new QStackedWidget)
 {
     setManualPage(*this, "window.md");
-    setWindowTitle(QStringLiteral("Preferences"));
+    setWindowTitle(tr("Preferences"));
     selector_->setObjectName(QStringLiteral("propertySelector"));
     selector_->setAccessibleName(tr("Pages"));
     selector_->setToolTip(tr("What the preferences are about"));
@@ -78,14 +80,14 @@ PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, const
     connect(buttons, &QDialogButtonBox::rejected, this, &PreferencesDialog::reject);
     connect(apply_, &QPushButton::clicked, this, &PreferencesDialog::apply);
 
-    addPage(QStringLiteral("Instruments"), QStringLiteral(":/icons/instrument.png"), instrumentsPage());
-    addPage(QStringLiteral("Track Preview"), QStringLiteral(":/icons/preview.png"), previewPage());
-    addPage(QStringLiteral("Midi Import"), QStringLiteral(":/icons/midiimport.png"), midiPage());
+    addPage(tr("Instruments"), QStringLiteral(":/icons/instrument.png"), instrumentsPage());
+    addPage(tr("Track Preview"), QStringLiteral(":/icons/preview.png"), previewPage());
+    addPage(tr("Midi Import"), QStringLiteral(":/icons/midiimport.png"), midiPage());
     addPage(tr("ABC Import"), QStringLiteral(":/icons/import.png"), abcPage());
     addPage(tr("Programs"), QStringLiteral(":/icons/applyinstrument.png"), programsPage(instruments));
     addPage(tr("Sound"), QStringLiteral(":/icons/sound.png"), soundPage(sound));
     addPage(tr("Checks"), QStringLiteral(":/icons/find.png"), checksPage());
-    addPage(QStringLiteral("Appearance"), QStringLiteral(":/icons/preferences.png"), appearancePage());
+    addPage(tr("Appearance"), QStringLiteral(":/icons/preferences.png"), appearancePage());
     selector_->setCurrentRow(0);
 
     auto *const row = new QHBoxLayout;
@@ -115,7 +117,7 @@ QWidget *PreferencesDialog::instrumentsPage()
     bind(binding);
     connect(browseButton, &QPushButton::clicked, this, [this, binding] { browse(binding); });
 
-    auto *const label = new QLabel(QStringLiteral("Kelvarion Location:"));
+    auto *const label = new QLabel(tr("Kelvarion Location:"));
     label->setBuddy(path);
     auto *const location = new QHBoxLayout;
     location->addWidget(label);
@@ -124,44 +126,44 @@ QWidget *PreferencesDialog::instrumentsPage()
     auto *const rows = new QVBoxLayout;
     rows->addLayout(location);
     rows->addWidget(addCheckBox(Settings::LoadMods, QStringLiteral("chkLoadMods"),
-                                QStringLiteral("Load instruments from mods directory"),
-                                tr("Also offer the instruments of mods"), Restart::Needed));
-    return pageOf(QStringLiteral("Kelvarion"), rows);
+                                tr("Load instruments from mods directory"), tr("Also offer the instruments of mods"),
+                                Restart::Needed));
+    return pageOf(tr("Kelvarion"), rows);
 }
 
 QWidget *PreferencesDialog::previewPage()
 {
     auto *const rows = new QVBoxLayout;
     rows->addWidget(addCheckBox(Settings::DrawOctaveLines, QStringLiteral("chkPreviewDrawOctave"),
-                                QStringLiteral("Draw octave lines"), tr("Show a line below every C")));
+                                tr("Draw octave lines"), tr("Show a line below every C")));
     rows->addWidget(addCheckBox(Settings::DrawMeasureLines, QStringLiteral("chkPreviewDrawMeasure"),
-                                QStringLiteral("Draw measure lines"), tr("Show where each measure begins")));
+                                tr("Draw measure lines"), tr("Show where each measure begins")));
 
     auto *const swatch = new ColourSwatch;
     swatch->setObjectName(QStringLiteral("clNoteColor"));
     swatch->setAccessibleName(tr("Note color"));
     swatch->setToolTip(tr("The color that notes are drawn in"));
     auto *const pick =
-        namedButton(QStringLiteral("btnPickNoteColor"), QStringLiteral("Change color"),
+        namedButton(QStringLiteral("btnPickNoteColor"), tr("Change color"),
                     tr("Choose the color that notes are drawn in"), QStringLiteral(":/icons/color-swatch.png"));
-    auto *const reset = namedButton(QStringLiteral("btnResetNoteColor"), QStringLiteral("Revert to default"),
+    auto *const reset = namedButton(QStringLiteral("btnResetNoteColor"), tr("Revert to default"),
                                     tr("Draw notes in the usual color again"), QStringLiteral(":/icons/revert.png"));
     const Binding binding{Settings::NoteColor, Restart::NotNeeded, Kind::Colour, nullptr, nullptr, swatch};
     bind(binding);
     connect(pick, &QPushButton::clicked, this, [this, binding] {
-        changeColour(binding, dialogs_.colour(this, QStringLiteral("Pick note color"), binding.swatch->colour()));
+        changeColour(binding, dialogs_.colour(this, tr("Pick note color"), binding.swatch->colour()));
     });
     connect(reset, &QPushButton::clicked, this,
             [this, binding] { changeColour(binding, SettingsTable::defaultValue(binding.setting).value<QColor>()); });
 
     auto *const colour = new QHBoxLayout;
-    colour->addWidget(new QLabel(QStringLiteral("Note color")));
+    colour->addWidget(new QLabel(tr("Note color")));
     colour->addWidget(swatch);
     colour->addWidget(pick);
     colour->addWidget(reset);
     colour->addStretch();
     rows->addLayout(colour);
-    return pageOf(QStringLiteral("Visualization"), rows);
+    return pageOf(tr("Visualization"), rows);
 }
 
 QWidget *PreferencesDialog::midiPage()
@@ -243,7 +245,30 @@ QWidget *PreferencesDialog::appearancePage()
     auto *const rows = new QVBoxLayout;
     rows->addWidget(addCheckBox(Settings::DarkPalette, QStringLiteral("chkDarkPalette"), tr("Dark colors"),
                                 tr("Draw the windows in dark colors")));
+    rows->addLayout(languageRow());
     return pageOf(tr("Windows"), rows);
+}
+
+QLayout *PreferencesDialog::languageRow()
+{
+    auto *const box = new QComboBox;
+    box->setObjectName(QStringLiteral("cboLanguage"));
+    box->addItem(tr("System"));
+    for (const auto &choice : Language::choices())
+        box->addItem(choice.name, choice.code);
+    box->setToolTip(tr("The language of menus, dialogs and messages, and how numbers are written"));
+    box->setCurrentIndex(std::max(0, box->findData(settings_.value(Settings::Language))));
+    connect(box, qOverload<int>(&QComboBox::currentIndexChanged), this, [=, this](int index) {
+        tellAboutRestart(Settings::Language);
+        change(Settings::Language, box->itemData(index).toString());
+    });
+    auto *const label = new QLabel(tr("&Language:"));
+    label->setBuddy(box);
+    auto *const row = new QHBoxLayout;
+    row->addWidget(label);
+    row->addWidget(box);
+    row->addStretch();
+    return row;
 }
 
 QCheckBox *PreferencesDialog::addCheckBox(Settings::Setting setting, const QString &name, const QString &text,
@@ -277,10 +302,16 @@ void PreferencesDialog::bind(const Binding &binding)
 
 void PreferencesDialog::change(const Binding &binding, const QVariant &value)
 {
-    if (binding.restart == Restart::Needed && !pending_.contains(binding.setting))
-        dialogs_.message(this, Dialogs::Severity::Information, QStringLiteral("Kelvarion Composer"),
-                         QStringLiteral("This change will take effect next time you start Kelvarion Composer."));
+    if (binding.restart == Restart::Needed)
+        tellAboutRestart(binding.setting);
     change(binding.setting, value);
+}
+
+void PreferencesDialog::tellAboutRestart(Settings::Setting setting)
+{
+    if (!pending_.contains(setting))
+        dialogs_.message(this, Dialogs::Severity::Information, QStringLiteral("Kelvarion Composer"),
+                         tr("This change will take effect next time you start Kelvarion Composer."));
 }
 
 void PreferencesDialog::change(Settings::Setting setting, const QVariant &value)
@@ -291,13 +322,12 @@ void PreferencesDialog::change(Settings::Setting setting, const QVariant &value)
 
 void PreferencesDialog::browse(const Binding &binding)
 {
-    const auto directory =
-        dialogs_.directory(this, QStringLiteral("Please locate the Kelvarion directory."), binding.path->text());
+    const auto directory = dialogs_.directory(this, tr("Please locate the Kelvarion directory."), binding.path->text());
     if (directory.isEmpty())
         return;
     if (!isGameInstallation(directory)) {
         dialogs_.message(this, Dialogs::Severity::Critical, QStringLiteral("Kelvarion Composer"),
-                         QStringLiteral("No Kelvarion installation was found at the specified directory."));
+                         tr("No Kelvarion installation was found at the specified directory."));
         return;
     }
     binding.path->setText(directory);

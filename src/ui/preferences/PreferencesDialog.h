@@ -55,11 +55,13 @@ private:
     QWidget *soundPage(const SoundDevices &devices);
     QWidget *checksPage();
     QWidget *appearancePage();
+    QLayout *languageRow();
     QCheckBox *addCheckBox(Settings::Setting setting, const QString &name, const QString &text, const QString &tip,
                            Restart restart = Restart::NotNeeded);
     void bind(const Binding &binding);
     void change(const Binding &binding, const QVariant &value);
     void change(Settings::Setting setting, const QVariant &value);
+    void tellAboutRestart(Settings::Setting setting);
     void browse(const Binding &binding);
     void changeColour(const Binding &binding, const QColor &colour);
     void apply();

@@ -18,7 +18,7 @@ constexpr int programRole = Qt::UserRole;
 QTreeWidgetItem *itemOf(int program, const QString &instrument)
 {
     const bool isPercussion = program == ProgramInstruments::percussion;
-    const auto name = isPercussion ? ProgramsPage::tr("Percussion") : programName(program);
+    const auto name = isPercussion ? ProgramsPage::tr("Percussion") : translatedProgramName(programName(program));
     auto *const item = new QTreeWidgetItem(QStringList{name, instrument});
     item->setData(0, programRole, program);
     return item;
