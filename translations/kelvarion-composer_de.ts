@@ -93,27 +93,27 @@
     </message>
     <message>
         <source>&amp;Enter</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Eingeben</translation>
     </message>
     <message>
         <source>Len&amp;gth of New Notes</source>
-        <translation type="unfinished"></translation>
+        <translation>Länge ne&amp;uer Noten</translation>
     </message>
     <message>
         <source>How long new notes of the piano roll are (keys 1 to 7; . dots, T makes triplets)</source>
-        <translation type="unfinished"></translation>
+        <translation>Wie lang neue Noten der Pianorolle sind (Tasten 1 bis 7; . punktiert, T macht Triolen)</translation>
     </message>
     <message>
         <source>What notes of the piano roll snap to (keys [ and ])</source>
-        <translation type="unfinished"></translation>
+        <translation>Worauf Noten der Pianorolle einrasten (Tasten [ und ])</translation>
     </message>
     <message>
         <source>Length of new notes: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Länge neuer Noten: %1</translation>
     </message>
     <message>
         <source>Grid: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Raster: %1</translation>
     </message>
 </context>
 <context>
@@ -139,7 +139,7 @@
     <name>AbcReading</name>
     <message>
         <source>Unexpected text in the header; the music begins behind the K: line</source>
-        <translation>Unerwarteter Text im Kopf; die Musik beginnt hinter der Zeile K:</translation>
+        <translation>Unerwarteter Text im Kopf; die Musik beginnt hinter der K:-Zeile</translation>
     </message>
     <message>
         <source>The sign %1 has no second one behind it</source>
@@ -1795,15 +1795,15 @@ Möchten Sie ihn abbrechen?</translation>
     </message>
     <message>
         <source>Move by octaves to a sample</source>
-        <translation type="unfinished"></translation>
+        <translation>Um Oktaven zu einem Sample versetzen</translation>
     </message>
     <message>
         <source>Give it the tempo of the others</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Tempo der anderen geben</translation>
     </message>
     <message>
         <source>End with rests</source>
-        <translation type="unfinished"></translation>
+        <translation>Mit Pausen enden</translation>
     </message>
 </context>
 <context>
@@ -3990,6 +3990,10 @@ Möchten Sie es jetzt herunterladen?</translation>
         <source>Gunshot</source>
         <translation>Schuss</translation>
     </message>
+    <message>
+        <source>Percussion</source>
+        <translation>Schlagzeug</translation>
+    </message>
 </context>
 <context>
     <name>ProgramsPage</name>
@@ -4552,23 +4556,23 @@ Möchten Sie es jetzt herunterladen?</translation>
     </message>
     <message>
         <source>Dotted</source>
-        <translation type="unfinished"></translation>
+        <translation>Punktiert</translation>
     </message>
     <message>
         <source>Triplet</source>
-        <translation type="unfinished"></translation>
+        <translation>Triole</translation>
     </message>
     <message>
         <source>Note %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Note %1</translation>
     </message>
     <message>
         <source>Rest</source>
-        <translation type="unfinished"></translation>
+        <translation>Pause</translation>
     </message>
     <message>
         <source>%1 into the Chord</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 in den Akkord</translation>
     </message>
 </context>
 <context>
@@ -4663,7 +4667,7 @@ Möchten Sie es jetzt herunterladen?</translation>
     </message>
     <message>
         <source>%1 dotted</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 punktiert</translation>
     </message>
 </context>
 <context>

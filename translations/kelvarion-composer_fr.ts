@@ -93,27 +93,27 @@
     </message>
     <message>
         <source>&amp;Enter</source>
-        <translation type="unfinished"></translation>
+        <translation>Sais&amp;ir</translation>
     </message>
     <message>
         <source>Len&amp;gth of New Notes</source>
-        <translation type="unfinished"></translation>
+        <translation>Durée des nou&amp;velles notes</translation>
     </message>
     <message>
         <source>How long new notes of the piano roll are (keys 1 to 7; . dots, T makes triplets)</source>
-        <translation type="unfinished"></translation>
+        <translation>La durée des nouvelles notes du piano roll (touches 1 à 7 ; . pointe, T fait des triolets)</translation>
     </message>
     <message>
         <source>What notes of the piano roll snap to (keys [ and ])</source>
-        <translation type="unfinished"></translation>
+        <translation>Ce sur quoi s’aimantent les notes du piano roll (touches [ et ])</translation>
     </message>
     <message>
         <source>Length of new notes: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Durée des nouvelles notes : %1</translation>
     </message>
     <message>
         <source>Grid: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Grille : %1</translation>
     </message>
 </context>
 <context>
@@ -139,7 +139,7 @@
     <name>AbcReading</name>
     <message>
         <source>Unexpected text in the header; the music begins behind the K: line</source>
-        <translation>Texte inattendu dans l’en-tête ; la musique commence après la ligne K:</translation>
+        <translation>Texte inattendu dans l’en-tête ; la musique ne commence qu’après la ligne K: de la tonalité</translation>
     </message>
     <message>
         <source>The sign %1 has no second one behind it</source>
@@ -1795,15 +1795,15 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>Move by octaves to a sample</source>
-        <translation type="unfinished"></translation>
+        <translation>Déplacer par octaves vers un échantillon</translation>
     </message>
     <message>
         <source>Give it the tempo of the others</source>
-        <translation type="unfinished"></translation>
+        <translation>Lui donner le tempo des autres</translation>
     </message>
     <message>
         <source>End with rests</source>
-        <translation type="unfinished"></translation>
+        <translation>Finir par des silences</translation>
     </message>
 </context>
 <context>
@@ -3990,6 +3990,10 @@ Voulez-vous le télécharger maintenant ?</translation>
         <source>Gunshot</source>
         <translation>Coup de feu</translation>
     </message>
+    <message>
+        <source>Percussion</source>
+        <translation>Percussions</translation>
+    </message>
 </context>
 <context>
     <name>ProgramsPage</name>
@@ -4552,23 +4556,23 @@ Voulez-vous le télécharger maintenant ?</translation>
     </message>
     <message>
         <source>Dotted</source>
-        <translation type="unfinished"></translation>
+        <translation>Pointée</translation>
     </message>
     <message>
         <source>Triplet</source>
-        <translation type="unfinished"></translation>
+        <translation>Triolet</translation>
     </message>
     <message>
         <source>Note %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Note %1</translation>
     </message>
     <message>
         <source>Rest</source>
-        <translation type="unfinished"></translation>
+        <translation>Silence</translation>
     </message>
     <message>
         <source>%1 into the Chord</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 dans l’accord</translation>
     </message>
 </context>
 <context>
@@ -4663,7 +4667,7 @@ Voulez-vous le télécharger maintenant ?</translation>
     </message>
     <message>
         <source>%1 dotted</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 pointée</translation>
     </message>
 </context>
 <context>
