@@ -16,12 +16,12 @@ struct Choice
 
 QVector<Choice> choices();
 
-// The first choice among the languages that the user's system names, in its order ("en-GB", "de"); English when it names
-// none that is here. [any]
+// The first choice among the languages that the user's system names, in its order ("en-GB", "de"); English when it
+// names none that is here. [any]
 QString best(const QStringList &systemLanguages);
 
-// Installs the texts of the language, Qt's own too, and makes its numbers and dates the usual ones. Nothing that has made
-// its texts before will change them. code: of a choice; with any other the system decides. Once, before the first
+// Installs the texts of the language, Qt's own too, and makes its numbers and dates the usual ones. Nothing that has
+// made its texts before will change them. code: of a choice; with any other the system decides. Once, before the first
 // window. [ui]
 void start(const QString &code);
 
