@@ -6,6 +6,9 @@ usage: abc_agreement.py CLI [FILE.abc...]     (without files: ../shared/corpus/a
 What abc2midi adds as a performance is off: chord names, ornaments, swing, grace notes, fermatas. Old chords, "+CEG+",
 are chords to it. A tune that differs is written again so that it can be understood in one way only, each time for one
 cause, and is read by abc2midi again: when that gives what was read of the tune as it stands, it is the cause.
+
+abc2midi writes a file even where it prints "Error ..." of a tune, and has then left something out or guessed.
+Such a tune is not one that both accept, whether the two agree about it or not. The second figure counts these tunes too.
 """
 import collections
 import itertools
@@ -21,6 +24,8 @@ FIELD = re.compile(r'[A-Za-z+]:(?![|:])|%')
 SOUNDING = re.compile(r'!(trill|roll|fermata|breath|arpeggio|ped|.*mordent|turn|[pmf]+|sfz|.*\(|.*\)|segno|coda|'
                       r'D\.[CS]\.|fine|accent|>|staccato|tenuto|slide|invertedfermata)')
 PLAYING = re.compile(r'%%MIDI\s+(gchord|drum|drone|grace|chordattack|ratio)')
+WITH_ERRORS = ', with errors in abc2midi'
+ERROR = re.compile(rb'(?m)^Error\b')
 OLD_CHORD = re.compile(r'\+ *[\^_=]*[A-Ga-g][^+\n|]*\+')
 
 
@@ -107,7 +112,7 @@ def abc2midi(lines, folder):
     if OLD_CHORD.search(re.sub('"[^"]*"', '', text)):
         options.append('-OCC')
     run = subprocess.run(['abc2midi', source, '-o', result] + options, capture_output=True, timeout=20, check=False)
-    has_errors = b'Error' in run.stdout + run.stderr
+    has_errors = bool(ERROR.search(run.stdout + b'\n' + run.stderr))
     if not os.path.exists(result):
         return None, has_errors
     with open(result, 'rb') as written:
@@ -185,6 +190,11 @@ def read_all(cli, tunes, folder):
     return results
 
 
+def agreement(same_tunes, different_tunes):
+    both = same_tunes + different_tunes
+    return f'{same_tunes} of {both} agree, {100 * same_tunes / max(1, both):.2f} %'
+
+
 def main():
     cli = sys.argv[1]
     files = sys.argv[2:] or sorted(os.path.join(CORPUS, name) for name in os.listdir(CORPUS))
@@ -198,17 +208,18 @@ def main():
                 counts['refused by us'] += 1
             elif not theirs:
                 counts['refused by abc2midi'] += 1
-            elif same(ours, theirs):
-                counts['same'] += 1
-                counts['same, with errors in abc2midi'] += has_errors
             else:
-                counts['different'] += 1
-                counts['different, with errors in abc2midi'] += has_errors
-                title = next((line[2:].strip() for line in lines if line.startswith('T:')), '')
-                mark = ' (abc2midi: errors)' if has_errors else ''
-                differing[cause_of(lines, ours, cli, folder)].append(f'{name} {number}, {title}{mark}')
-    both = counts['same'] + counts['different']
-    print(f'{len(tunes)} tunes, {dict(counts)}: {100 * counts["same"] / max(1, both):.2f} % of {both} agree')
+                result = 'same' if same(ours, theirs) else 'different'
+                counts[result + (WITH_ERRORS if has_errors else '')] += 1
+                if result == 'different':
+                    title = next((line[2:].strip() for line in lines if line.startswith('T:')), '')
+                    mark = ' (abc2midi: errors)' if has_errors else ''
+                    differing[cause_of(lines, ours, cli, folder)].append(f'{name} {number}, {title}{mark}')
+    print(f'{len(tunes)} tunes, {dict(counts)}')
+    same_all = counts['same'] + counts['same' + WITH_ERRORS]
+    print('that both accept: ' + agreement(counts['same'], counts['different']))
+    print('and with those that abc2midi has errors in: ' +
+          agreement(same_all, counts['different'] + counts['different' + WITH_ERRORS]))
     for cause, names in differing.items():
         print(f'\n{len(names)}: {cause}')
         for each in names:
