@@ -1,12 +1,12 @@
 #include "import/standard/Performance.h"
 
 #include "base/Interrupted.h"
+#include "import/standard/RepeatWalk.h"
 
 #include <QCoreApplication>
 #include <QHash>
 
 #include <algorithm>
-#include <bit>
 #include <utility>
 
 namespace {
@@ -14,229 +14,6 @@ namespace {
 using Kind = ScoreItem::Kind;
 
 constexpr qint64 mostPlayed = 4'000'000; // items and notes
-
-// The order in which items are played. It walks through a stretch of items and tells each that is reached.
-class Walk
-{
-public:
-    Walk(const QVector<ScoreItem> &items, qsizetype begin, qsizetype end)
-        : items_(items), end_(end), at_(begin), begin_(begin), start_(begin)
-    {
-        lookAhead();
-    }
-
-    // The next item to play, null at the end.
-    const ScoreItem *next()
-    {
-        while (at_ < end_) {
-            const auto &item = items_[int(at_)];
-            if (!step(item))
-                return &item;
-        }
-        return nullptr;
-    }
-    int repeatsPlayed() const { return repeatsPlayed_; }
-
-private:
-    // Whether the item was a sign for the walk alone, which then stands at the next item.
-    bool step(const ScoreItem &item);
-    void startRepeat();
-    void endRepeat(const ScoreItem &item);
-    void stopEnding();
-    void skipEnding();
-    void takeEnding();
-    void passMeasures(int count);
-    bool hasStrainInEnding() const;
-    void goBack()
-    {
-        measuresOfLast_ = isInEnding_ ? measuresOfEnding_ : 0;
-        ++pass_;
-        ++repeatsPlayed_;
-        at_ = start_;
-        isInEnding_ = false;
-    }
-    enum class Begun { BySign, Silently };
-    void beginGroup(qsizetype start, Begun begun = Begun::Silently)
-    {
-        start_ = start;
-        pass_ = 1;
-        begun_ = begun;
-        isFirstGroup_ = false;
-        measuresOfLast_ = 0;
-    }
-    bool soundsSinceStart() const;
-    struct Ahead
-    {
-        quint64 nextEnding = 0; // passes of the ending that comes with nothing that sounds before it; 0: none does
-        quint8 passes = 0;      // the greatest number of the endings to the end of the group
-    };
-    void lookAhead();
-    static bool isEndingNext(const Ahead &ahead) { return ahead.nextEnding != 0; }
-    static bool isLaterEndingNext(const Ahead &ahead)
-    {
-        return isEndingNext(ahead) && (ahead.nextEnding >> 1 & 1) == 0;
-    }
-    const Ahead &ahead(qsizetype at) const { return ahead_[int(at - begin_)]; }
-    int passesOfGroup(int withoutEndings) const;
-
-    const QVector<ScoreItem> &items_;
-    qsizetype end_;
-    qsizetype at_;
-    qsizetype begin_;
-    qsizetype start_;      // where a repeat goes back to
-    QVector<Ahead> ahead_; // of each item, and of the end
-    int pass_ = 1;
-    Begun begun_ = Begun::Silently; // whether |: stands at the start
-    bool isFirstGroup_ = true;      // which begins with the music, wherever double bar lines are
-    bool isInEnding_ = false;
-    int measuresOfEnding_ = 0; // so far
-    int measuresOfLast_ = 0;   // of the ending that was played before; 0: none was
-    qsizetype strain_ = 0;     // where this ending is as long as that
-    int repeatsPlayed_ = 0;
-};
-
-bool Walk::step(const ScoreItem &item)
-{
-    switch (item.kind) {
-    case Kind::RepeatStart:
-        startRepeat();
-        return true;
-    case Kind::RepeatEnd:
-        endRepeat(item);
-        return true;
-    case Kind::Ending:
-        if ((item.passes & 2) != 0 && hasStrainInEnding())
-            beginGroup(strain_);
-        if ((item.passes >> pass_ & 1) != 0)
-            takeEnding();
-        else
-            skipEnding();
-        return true;
-    case Kind::EndingStop:
-        ++at_;
-        stopEnding();
-        return true;
-    case Kind::Part: // a heading ends an ending, too, but may stand within a section
-        ++at_;
-        if (isInEnding_)
-            stopEnding();
-        return true;
-    default:
-        ++at_;
-        passMeasures(item.kind == Kind::Bar ? 1 : item.kind == Kind::Sound ? int(item.first) : 0);
-        return false;
-    }
-}
-
-void Walk::takeEnding()
-{
-    ++at_;
-    isInEnding_ = true;
-    measuresOfEnding_ = 0;
-    strain_ = at_;
-}
-
-void Walk::passMeasures(int count)
-{
-    constexpr int mostCounted = 1'000'000; // a text that repeats without end comes here for as long
-    measuresOfEnding_ = std::min(measuresOfEnding_ + std::min(count, mostCounted), mostCounted);
-    if (count > 0 && measuresOfEnding_ == measuresOfLast_)
-        strain_ = at_;
-}
-
-// Where the last ending has no bar line that ends it, "[2 … |", a repeat or a first ending far behind belongs to a
-// strain of its own, which begins where the ending is as long as the one before.
-bool Walk::hasStrainInEnding() const
-{
-    constexpr int shortestStrain = 4; // measures
-    return isInEnding_ && measuresOfLast_ > 0 && measuresOfEnding_ >= measuresOfLast_ + shortestStrain;
-}
-
-// A repeat that began with a sign and that the next one meets unended was meant to end there. A sign before the second
-// ending, ":| |: [2", begins nothing.
-void Walk::startRepeat()
-{
-    if (isLaterEndingNext(ahead(at_))) {
-        ++at_;
-        return;
-    }
-    if (begun_ == Begun::BySign && pass_ == 1 && !isInEnding_ && soundsSinceStart())
-        return goBack();
-    beginGroup(++at_, Begun::BySign);
-    isInEnding_ = false;
-}
-
-bool Walk::soundsSinceStart() const
-{
-    const auto begin = items_.begin();
-    return std::any_of(begin + start_, begin + at_, [](const ScoreItem &item) { return item.kind == Kind::Sound; });
-}
-
-void Walk::endRepeat(const ScoreItem &item)
-{
-    if (pass_ < passesOfGroup(int(item.passes)))
-        return goBack();
-    if (hasStrainInEnding()) {
-        beginGroup(strain_);
-        return goBack();
-    }
-    beginGroup(++at_);
-    isInEnding_ = false;
-}
-
-// Behind a double bar line that ends an ending something new begins; behind others, too, where a repeat may end that no
-// sign begins (ABC standard 2.1, section 4.8).
-void Walk::stopEnding()
-{
-    const bool mayBegin = isInEnding_ || (begun_ == Begun::Silently && !isFirstGroup_ && pass_ == 1);
-    if (mayBegin && !isEndingNext(ahead(at_)))
-        beginGroup(at_);
-    isInEnding_ = false;
-}
-
-// An ending of other passes: to its end, a repeat's end, a thick bar line or the next ending.
-void Walk::skipEnding()
-{
-    auto at = at_ + 1;
-    const auto ends = [&](Kind kind) {
-        return kind == Kind::RepeatEnd || kind == Kind::EndingStop || kind == Kind::Ending || kind == Kind::RepeatStart;
-    };
-    while (at < end_ && !ends(items_[int(at)].kind))
-        ++at;
-    const auto kind = at < end_ ? items_[int(at)].kind : Kind::Ending;
-    const bool isOwnEnd = kind == Kind::RepeatEnd || kind == Kind::EndingStop;
-    at_ = isOwnEnd ? at + 1 : at;
-    if (isOwnEnd && !isEndingNext(ahead(at_)))
-        beginGroup(at_);
-}
-
-// From the end, so that each item is looked at once. A group ends where the next begins, and at the end of a repeat
-// that no ending follows.
-void Walk::lookAhead()
-{
-    ahead_.resize(int(end_ - begin_) + 1);
-    for (auto at = end_ - 1; at >= begin_; --at) {
-        const auto &item = items_[int(at)];
-        const auto &next = ahead(at + 1);
-        auto &here = ahead_[int(at - begin_)];
-        const bool isStray = item.kind == Kind::RepeatStart && isLaterEndingNext(next);
-        const bool isSilent = item.kind == Kind::Bar || item.kind == Kind::Key || item.kind == Kind::Metre ||
-                              item.kind == Kind::Tempo || item.kind == Kind::ChordName || isStray;
-        here.nextEnding = item.kind == Kind::Ending ? item.passes : isSilent ? next.nextEnding : 0;
-        const bool endsGroup =
-            (item.kind == Kind::RepeatStart && !isStray) || (item.kind == Kind::RepeatEnd && !isEndingNext(next));
-        const int own = item.kind == Kind::Ending ? std::bit_width(item.passes) - 1 : 0;
-        here.passes = endsGroup ? quint8(0) : quint8(std::max(int(next.passes), own));
-    }
-}
-
-// The greatest number of its endings says how often a group is played. Of a first ending alone the second is what
-// follows.
-int Walk::passesOfGroup(int withoutEndings) const
-{
-    const int passes = ahead(start_).passes;
-    return passes > 1 ? passes : passes == 1 ? 2 : withoutEndings;
-}
 
 class Performer
 {
@@ -315,7 +92,7 @@ void Performer::spend(qint64 cost)
 void Performer::play(qsizetype begin, qsizetype end)
 {
     spend(end - begin);
-    Walk walk(items_, begin, end);
+    RepeatWalk walk(items_, begin, end);
     while (const auto *const item = walk.next())
         playItem(*item);
     performed_.repeatsPlayed += walk.repeatsPlayed();
