@@ -2,7 +2,7 @@
 // notes. Files: ../shared/corpus beside the source tree when it is there, else the examples.
 #include "base/TextDecoding.h"
 #include "core/AbcParser.h"
-#include "import/MidiImport.h"
+#include "import/midi/MidiImport.h"
 #include "import/standard/StandardAbc.h"
 #include "support/ChildProcess.h"
 #include "support/MidiBytes.h"

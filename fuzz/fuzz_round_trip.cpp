@@ -1,6 +1,6 @@
 // Text that the writer made is read back to the same notes, and writing those again gives the same text.
 #include "core/AbcParser.h"
-#include "import/MidiImport.h"
+#include "import/midi/MidiImport.h"
 
 #include <QStringList>
 

@@ -2,7 +2,17 @@
 
 #include "core/Ticks.h"
 
-// How far realignment moved the starts of notes, in milliseconds of the song's own tempo.
+#include <vector>
+
+// A note whose start was moved.
+struct Shift
+{
+    double ms = 0; // in the song's own tempo
+    Ticks place = 0;
+};
+using Shifts = std::vector<Shift>;
+
+// How far realignment moved the starts of notes.
 struct ShiftReport
 {
     int shiftedNotes = 0;
@@ -12,13 +22,18 @@ struct ShiftReport
 
     double meanMs() const { return shiftedNotes > 0 ? totalMs / shiftedNotes : 0; }
 
-    void add(double ms, Ticks place)
+    void add(const Shifts &shifts)
     {
-        ++shiftedNotes;
-        totalMs += ms;
-        if (ms > largestMs) {
-            largestMs = ms;
-            largestAt = place;
+        for (const auto &shift : shifts)
+            add(ShiftReport{1, shift.ms, shift.ms, shift.place});
+    }
+    void add(const ShiftReport &other)
+    {
+        shiftedNotes += other.shiftedNotes;
+        totalMs += other.totalMs;
+        if (other.largestMs > largestMs) {
+            largestMs = other.largestMs;
+            largestAt = other.largestAt;
         }
     }
 };

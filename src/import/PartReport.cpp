@@ -11,12 +11,7 @@ void PartReport::add(const PartReport &other)
     }
     barLineSilence += other.barLineSilence;
     notes += other.notes;
-    addShifts(shifts, [&](ShiftReport *sum) {
-        sum->shiftedNotes += other.shifts.shiftedNotes;
-        sum->totalMs += other.shifts.totalMs;
-        sum->largestMs = other.shifts.largestMs;
-        sum->largestAt = other.shifts.largestAt;
-    });
+    shifts.add(other.shifts);
 }
 
 bool PartReport::hasFindings() const

@@ -69,20 +69,3 @@ private:
 
 // Adds the part's notes that were left out or changed to the sums; not its shifts.
 void addNotes(ImportReport &sum, const PartReport &part);
-
-// Calls work(ShiftReport *), which adds a part's shifts to the sum note by note, and gives those of this part.
-template<typename Work>
-ShiftReport addShifts(ShiftReport &sum, Work work)
-{
-    const auto before = sum;
-    sum.largestMs = 0;
-    work(&sum);
-    auto part = sum;
-    part.shiftedNotes -= before.shiftedNotes;
-    part.totalMs -= before.totalMs;
-    if (before.largestMs >= sum.largestMs) {
-        sum.largestMs = before.largestMs;
-        sum.largestAt = before.largestAt;
-    }
-    return part;
-}

@@ -53,7 +53,7 @@ Ticks SnapGrid::snap(Ticks time) const
     return time - inPeriod + periodPoints_[int(inPeriod)];
 }
 
-Track realign(Track track, const SnapGrid &grid, ShiftReport *shifts)
+Track realign(Track track, const SnapGrid &grid, Shifts *shifts)
 {
     track.clearAbc();
 
@@ -72,7 +72,7 @@ Track realign(Track track, const SnapGrid &grid, ShiftReport *shifts)
         const auto snappedLength = grid.snap(start + event.length()) - snappedStart;
         event.setLength(snappedLength > 0 ? snappedLength : grid.minimumLength());
         if (shifts != nullptr && snappedStart != start)
-            shifts->add(double(std::abs(snappedStart - start)) * tempo, snappedStart);
+            shifts->push_back({double(std::abs(snappedStart - start)) * tempo, snappedStart});
     }
     track.normalize();
     return track;

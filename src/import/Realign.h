@@ -33,4 +33,4 @@ private:
 
 // The track with the starts of all events and the ends of its notes on the grid. No note becomes shorter than the
 // grid's finest step. Adds the notes that moved to the shifts.
-Track realign(Track track, const SnapGrid &grid, ShiftReport *shifts = nullptr);
+Track realign(Track track, const SnapGrid &grid, Shifts *shifts = nullptr);

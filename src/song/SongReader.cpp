@@ -4,6 +4,7 @@
 #include "base/TextDecoding.h"
 #include "core/AbcListener.h"
 #include "core/AbcParser.h"
+#include "import/EachTrack.h"
 #include "import/GameAbc.h"
 #include "import/ImportLimits.h"
 #include "import/quantise/CleanQuantise.h"
@@ -114,7 +115,9 @@ public:
     ReadSong read();
 
 private:
+    void attempt(const std::function<void()> &work);
     void readContent();
+    void writeTexts();
     void readByText(const QString &text);
     void readAbc(const QString &text);
     void readGameAbc(const QString &text);
@@ -147,8 +150,18 @@ private:
 
 ReadSong SourceReader::read()
 {
+    attempt([this] { readContent(); });
+    if (areToBeShown())
+        attempt([this] { writeTexts(); });
+    if (isFile(source_.kind) && (song_.errors.isEmpty() || !song_.tracks.isEmpty()))
+        song_.readFiles.append(source_.content);
+    return std::move(song_);
+}
+
+void SourceReader::attempt(const std::function<void()> &work)
+{
     try {
-        readContent();
+        work();
     } catch (const QString &message) {
         fail(message);
     } catch (const std::bad_alloc &) {
@@ -156,9 +169,12 @@ ReadSong SourceReader::read()
         fail(isFile(source_.kind) ? Texts::tr("Not enough memory to read %1.").arg(source_.content)
                                   : Texts::tr("Not enough memory to read the text."));
     }
-    if (isFile(source_.kind) && (song_.errors.isEmpty() || !song_.tracks.isEmpty()))
-        song_.readFiles.append(source_.content);
-    return std::move(song_);
+}
+
+void SourceReader::writeTexts()
+{
+    auto *const tracks = song_.tracks.data();
+    forEachTrack(song_.tracks, stop_, [tracks](int number) { tracks[number].toAbc(); });
 }
 
 void SourceReader::readContent()
@@ -341,8 +357,6 @@ void SourceReader::take(ImportResult result)
 void SourceReader::add(Track track, const PartReport &report, int tune)
 {
     throwIfStopped(stop_);
-    if (areToBeShown())
-        track.toAbc();
     song_.tracks.append(std::move(track));
     song_.parts.append(report);
     song_.sources.append(0);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "import/MidiImport.h"
 #include "import/MmlImport.h"
+#include "import/midi/MidiImport.h"
 #include "import/standard/StandardAbcOptions.h"
 #include "settings/SettingsTable.h"
 #include "song/Song.h"

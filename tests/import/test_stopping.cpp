@@ -1,7 +1,7 @@
 #include "base/Interrupted.h"
 #include "core/AbcParser.h"
-#include "import/MidiImport.h"
 #include "import/MmlImport.h"
+#include "import/midi/MidiImport.h"
 #include "support/MidiBytes.h"
 #include "support/Rows.h"
 #include "support/Thrown.h"

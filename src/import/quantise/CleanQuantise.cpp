@@ -1,6 +1,7 @@
 #include "import/quantise/CleanQuantise.h"
 
 #include "base/Interrupted.h"
+#include "import/EachTrack.h"
 #include "import/UnitLength.h"
 #include "import/quantise/MeasureGrids.h"
 #include "import/quantise/NoteLengths.h"
@@ -31,14 +32,14 @@ class Quantiser
 public:
     Quantiser(Track track, const std::stop_token &stop) : track_(std::move(track)), stop_(stop) {}
 
-    Track run(ShiftReport *shifts);
+    Track run(Shifts *shifts);
 
 private:
     void alignMetres();
     void collectOnsets();
     Ticks findUnit() const;
     std::vector<LooseNote> looseNotes() const;
-    void moveNotes(ShiftReport *shifts);
+    void moveNotes(Shifts *shifts);
     void moveTempos();
     Ticks placeOf(Ticks time, double farthest) const;
 
@@ -105,7 +106,7 @@ std::vector<LooseNote> Quantiser::looseNotes() const
     return notes;
 }
 
-void Quantiser::moveNotes(ShiftReport *shifts)
+void Quantiser::moveNotes(Shifts *shifts)
 {
     const auto notes = looseNotes();
     LengthPrices prices(findUnit());
@@ -117,7 +118,7 @@ void Quantiser::moveNotes(ShiftReport *shifts)
         const auto onset = notes[number].onset;
         const auto place = places_[onset].time;
         if (shifts != nullptr && place != event.start())
-            shifts->add(double(std::abs(place - event.start())) * onsets_[onset].msPerTick, place);
+            shifts->push_back({double(std::abs(place - event.start())) * onsets_[onset].msPerTick, place});
         event.setStart(place);
         event.setLength(lengths[number++]);
     }
@@ -157,7 +158,7 @@ void Quantiser::moveTempos()
     }
 }
 
-Track Quantiser::run(ShiftReport *shifts)
+Track Quantiser::run(Shifts *shifts)
 {
     track_.clearAbc();
     alignMetres();
@@ -177,7 +178,7 @@ Track Quantiser::run(ShiftReport *shifts)
 
 } // namespace
 
-Track cleanQuantised(Track track, ShiftReport *shifts, const std::stop_token &stop)
+Track cleanQuantised(Track track, Shifts *shifts, const std::stop_token &stop)
 {
     return Quantiser(std::move(track), stop).run(shifts);
 }
@@ -187,14 +188,15 @@ ImportResult importMidiCleanly(const QByteArray &bytes, const MidiImportOptions 
     auto options = wanted;
     options.autoRealign = false;
     auto result = importMidi(bytes, options, stop);
-    const auto l = QStringLiteral("L");
-    for (int i = 0; i < result.tracks.size(); ++i) {
-        auto &track = result.tracks[i];
-        const bool hasUnit = track.hasHeaderField(l);
-        result.parts[i].shifts = addShifts(
-            result.report.shifts, [&](ShiftReport *shifts) { track = cleanQuantised(std::move(track), shifts, stop); });
-        if (hasUnit && options.autoDetectUnitLength)
+    auto *const tracks = result.tracks.data();
+    std::vector<Shifts> shifts(size_t(result.tracks.size()));
+    forEachTrack(result.tracks, stop, [&](int number) {
+        auto &track = tracks[number];
+        track = cleanQuantised(std::move(track), &shifts[size_t(number)], stop);
+        if (const auto l = QStringLiteral("L"); track.hasHeaderField(l) && options.autoDetectUnitLength)
             track.setHeaderField(l, unitLengthText(detectUnitLength(track)));
-    }
+    });
+    for (int i = 0; i < result.parts.size(); ++i)
+        addShifts(result, i, shifts[size_t(i)]);
     return result;
 }

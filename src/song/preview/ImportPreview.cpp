@@ -1,7 +1,7 @@
 #include "song/preview/ImportPreview.h"
 
 #include "base/Interrupted.h"
-#include "base/ParallelJobs.h"
+#include "import/EachTrack.h"
 #include "song/ChosenTunes.h"
 
 #include <algorithm>
@@ -72,19 +72,11 @@ ImportPreview::Reading ImportPreview::preview(const ReadSong &song, const Choice
                                               const TaskControl &control)
 {
     Reading reading{song, Parts(song.tracks.size()), keysOf(song)};
-    ParallelJobs jobs(ParallelJobs::allCores(), [&control] { throwIfStopped(control.stop()); });
-    int next = 0;
-    jobs.run<PartPreview>([&]() -> std::optional<Job<PartPreview>> {
-        if (next == song.tracks.size())
-            return std::nullopt;
-        const int number = next++;
-        const auto work = [&, number] {
-            PartPreview part(song.tracks[number], song.parts.value(number));
-            part.settle(choices.value(reading.keys.at(number)), basis);
-            return part;
-        };
-        return Job<PartPreview>{
-            work, [&parts = reading.parts, number](PartPreview part) { parts[number] = std::move(part); }};
+    auto *const parts = reading.parts.data();
+    forEachTrack(song.tracks, control.stop(), [&](int number) {
+        auto &part = parts[number];
+        part = PartPreview(song.tracks[number], song.parts.value(number));
+        part.settle(choices.value(reading.keys.at(number)), basis);
     });
     return reading;
 }

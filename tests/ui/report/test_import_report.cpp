@@ -17,7 +17,7 @@ PartReport report(int notes, const QVector<QPair<Finding, int>> &counts, double 
             report.add(finding, i * ticksPerWholeNote);
     }
     if (worstMs > 0)
-        report.shifts.add(worstMs, 2 * ticksPerWholeNote);
+        report.shifts.add(Shifts{{worstMs, 2 * ticksPerWholeNote}});
     return report;
 }
 

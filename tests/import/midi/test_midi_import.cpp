@@ -1,6 +1,6 @@
 #include "core/AbcParser.h"
-#include "import/MidiImport.h"
 #include "import/WrittenTempo.h"
+#include "import/midi/MidiImport.h"
 #include "support/DescribeTrack.h"
 #include "support/MidiBytes.h"
 #include "support/Rows.h"

@@ -1,12 +1,9 @@
-#include "import/MidiConversion.h"
+#include "import/midi/MidiConversion.h"
 
-#include "base/Interrupted.h"
 #include "base/TextDecoding.h"
 #include "core/AbcParser.h"
 #include "core/KeyTable.h"
 #include "core/Logging.h"
-#include "import/Realign.h"
-#include "import/UnitLength.h"
 
 #include <cmath>
 
@@ -14,18 +11,6 @@ namespace {
 
 constexpr quint8 sustainController = 64;
 constexpr quint8 resetController = 121; // all controllers, and so the pedal
-
-const QString &titleField()
-{
-    static const auto letter = QStringLiteral("T");
-    return letter;
-}
-
-const QString &tempoField()
-{
-    static const auto letter = QStringLiteral("Q");
-    return letter;
-}
 
 // A line feed in a title would end the header field.
 QString oneLine(QString text)
@@ -325,25 +310,6 @@ void MidiConversion::dropActiveNotes()
     }
 }
 
-Track MidiConversion::makeTrack(MidiPart part, const QStringList &titles) const
-{
-    Track track;
-    for (const auto &title : titles)
-        track.appendHeaderField(titleField(), title);
-    if (start_.tempo) {
-        track.setHeaderField(tempoField(), start_.tempo->text());
-        track.setTempo(start_.tempo->ticksPerMinute());
-    }
-    if (!start_.metre.isEmpty()) {
-        track.setHeaderField(QStringLiteral("M"), start_.metre);
-        track.setMetre(start_.measureTicks, start_.beatsPerMeasure);
-    }
-    if (!start_.key.isEmpty())
-        track.setHeaderField(QStringLiteral("K"), start_.key);
-    track.editEvents() = std::move(part.events);
-    return track;
-}
-
 QVector<MidiPart> MidiConversion::takeGroupParts()
 {
     const auto programs = options_.splitPrograms ? ProgramParts::Split : ProgramParts::Joined;
@@ -374,50 +340,22 @@ void MidiConversion::endGroup()
             titles.prepend(trackTitles[i]);
         titles.append(QStringLiteral("Track %1 - %2").arg(number).arg(instrumentTitle(parts[i])));
         result_.parts.append(parts[i].report);
-        result_.tracks.append(makeTrack(std::move(parts[i]), titles));
+        result_.tracks.append(midiTrack(std::move(parts[i]), titles, start_));
     }
 }
 
-void MidiConversion::applyTempoList(Track &track)
+void MidiConversion::applyTempoList()
 {
-    limits_.addCopies(qint64(tempoList_.size()));
-    for (const auto &[time, tempo] : tempoList_) {
-        if (time == 0) {
-            track.setHeaderField(tempoField(), tempo.text());
-            track.setTempo(tempo.ticksPerMinute());
-        } else {
-            track.appendEvent(tempo.eventAt(time));
-        }
+    for (auto &track : result_.tracks) {
+        limits_.addCopies(qint64(tempoList_.size()));
+        for (const auto &[time, tempo] : tempoList_)
+            setTempo(track, time, tempo);
     }
-}
-
-Track MidiConversion::finished(Track track, PartReport &report)
-{
-    applyTempoList(track);
-    if (!track.hasHeaderField(tempoField()))
-        track.setHeaderField(tempoField(), WrittenTempo().text());
-    track.normalize();
-    if (options_.autoRealign) {
-        report.shifts = addShifts(result_.report.shifts, [&](ShiftReport *shifts) {
-            track = realign(std::move(track), SnapGrid::quick(), shifts);
-        });
-    }
-    if (!options_.mergeChannels || (options_.mergedUnitLength && options_.autoDetectUnitLength)) {
-        const auto denominator = options_.autoDetectUnitLength ? detectUnitLength(track) : 4;
-        track.setHeaderField(QStringLiteral("L"), unitLengthText(denominator));
-    }
-    return track;
 }
 
 ImportResult MidiConversion::finish(const std::stop_token &stop)
 {
-    // Each track leaves the list before it is worked on, so that its events are not copied more often than needed.
-    for (int i = 0; i < result_.tracks.size(); ++i) {
-        throwIfStopped(stop);
-        auto &track = result_.tracks[i];
-        track = finished(std::move(track), result_.parts[i]);
-        addNotes(result_.report, result_.parts[i]);
-    }
-    addNotes(result_.report, result_.elsewhere);
+    applyTempoList();
+    finishTracks(result_, options_, stop);
     return std::move(result_);
 }

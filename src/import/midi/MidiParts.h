@@ -1,9 +1,9 @@
 #pragma once
 
 #include "core/Track.h"
-#include "import/ActiveNotes.h"
 #include "import/ImportLimits.h"
 #include "import/PartReport.h"
+#include "import/midi/ActiveNotes.h"
 
 #include <QStringList>
 

@@ -1,8 +1,8 @@
-#include "import/MidiImport.h"
+#include "import/midi/MidiImport.h"
 
 #include "base/ByteReader.h"
 #include "base/Interrupted.h"
-#include "import/MidiConversion.h"
+#include "import/midi/MidiConversion.h"
 
 #include <QCoreApplication>
 

@@ -1,4 +1,4 @@
-#include "import/MidiParts.h"
+#include "import/midi/MidiParts.h"
 
 #include "import/ProgramNames.h"
 

@@ -1,13 +1,10 @@
 #pragma once
 
-#include "import/MidiImport.h"
-#include "import/MidiParts.h"
-#include "import/WrittenTempo.h"
+#include "import/midi/MidiTracks.h"
 
 #include <array>
 #include <map>
 #include <memory>
-#include <optional>
 
 // Turns the events of a MIDI file into tracks, one for each channel that holds a note. Times are file ticks until a
 // note or change is appended.
@@ -38,16 +35,6 @@ public:
     ImportResult finish(const std::stop_token &stop);
 
 private:
-    // What the start of the group says about all of its tracks; empty texts when it is silent.
-    struct Start
-    {
-        std::optional<WrittenTempo> tempo;
-        QString metre;
-        quint32 measureTicks = 0;
-        quint32 beatsPerMeasure = 0;
-        QString key;
-    };
-
     Ticks toTicks(quint64 fileTicks) const;
     void finishNote(MidiChannel &channel, int pitch, const ActiveNotes::Note &note, quint64 end);
     void appendNote(MidiChannel &channel, int pitch, const ActiveNotes::Note &note, quint64 end);
@@ -58,9 +45,7 @@ private:
     void catchUp(MidiChannel &channel);
     QString decoded(QByteArray name);
     QVector<MidiPart> takeGroupParts();
-    Track makeTrack(MidiPart part, const QStringList &titles) const;
-    void applyTempoList(Track &track);
-    Track finished(Track track, PartReport &report);
+    void applyTempoList();
 
     MidiImportOptions options_;
     double tickScale_;
@@ -71,7 +56,7 @@ private:
     // Metre, key and tempo changes reach every channel's track in the order of the file. They are kept once and copied
     // to a channel when it gets its next note.
     QVector<TrackEvent> changes_;
-    Start start_;
+    MidiStart start_;
     std::map<Ticks, WrittenTempo> tempoList_; // shared by tracks that are converted on their own
     int titleNumber_ = 1;
 };
