@@ -59,7 +59,7 @@ set(LAYERS
     "src/ui/listening|core assets audio audio/player"
     "src/ui/arranging|base core arrange assets audio edit ui ui/listening"
     "src/app/songtools|base core arrange import song assets audio audio/player ui ui/tracks ui/arranging ui/transform app/services app/commands"
-    "tools/cli|base settings core import import/quantise song edit check check/findings assets assets/package audio audio/render audio/sound audio/engine export arrange"
+    "tools/cli|base settings core import import/quantise song edit check check/findings assets assets/package audio audio/render audio/sound audio/engine audio/choice export arrange"
     "tools/manual|"
     "tools/demogame|"
     "tools/fmodfacts|audio/fmod")

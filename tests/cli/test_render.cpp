@@ -208,6 +208,9 @@ private slots:
         row("ending", tune, "--output out.xyz", "out.xyz: The ending \"xyz\" is none of wav, flac, ogg, opus, mp3.");
         row("bits", tune, "--output out.mp3 --bits 24", "out.mp3: MP3 files have no such bits.");
         row("quality", tune, "--quality 3", "out.wav: WAV files have no such quality.");
+        row("a library's mix", tune, "--engine fmod --normalise",
+            "out.wav: FMOD writes all parts into one WAV of 16 bit, and nothing else.");
+        row("no library", tune, "--engine fmod:tune.abc", "file too short)");
         row("no loop", tune, "--loop", "out.wav: The song has no loop.");
         row("a part's file", tune, "--files parts --output g.wav",
             "g.wav: \"g - Untitled.wav\" exists; --force writes over it.");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "arrange/Arrangement.h"
+#include "audio/choice/EngineChoice.h"
 #include "audio/render/RenderPlan.h"
 #include "core/Track.h"
 #include "settings/SettingsTable.h"
@@ -43,6 +44,7 @@ struct Arguments
     bool loop = false;
     bool normalise = false;
     bool startOffsets = false;
+    EngineWish engine;
     QHash<int, QVariant> settings; // by SettingsTable::Setting; the others have their defaults
     QVector<Transform> transforms; // in the order given
     bool merges = false;           // one of them makes one track of those of all inputs

@@ -27,8 +27,8 @@ const std::vector<Command> &allCommands()
          "Writes each part as ABC for the game, or each input as a MIDI file or a book of tunes.", 1, any, Auto,
          convert},
         {"render", "INPUT…", "game output=OUT.wav|flac|ogg|opus|mp3|DIR/",
-         "files format bits quality loop normalise start-offsets instrument mods force summary json manifest "
-         "transforms",
+         "files format bits quality loop normalise start-offsets engine instrument mods force summary json "
+         "manifest transforms",
          "Plays all parts with the game's instruments into a sound file.", 1, any, Game, render},
         {"check", "INPUT…", "game", "json summary instrument mods transforms",
          "Tells what the game would not play as it is meant, in each input, which is a song.", 1, any, Game, check},

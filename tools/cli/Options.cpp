@@ -161,6 +161,16 @@ void readSetting(Arguments &arguments, const QString &text)
     arguments.settings[row->setting] = *value;
 }
 
+void readEngine(Arguments &arguments, const QString &text)
+{
+    const auto colon = text.indexOf(u':');
+    arguments.engine.kind =
+        named<EngineKind>("engine", text.left(colon), {{"builtin", EngineKind::Builtin}, {"fmod", EngineKind::Fmod}});
+    arguments.engine.libraryFile = colon < 0 ? QString() : text.mid(colon + 1);
+    if (colon >= 0 && (arguments.engine.kind == EngineKind::Builtin || arguments.engine.libraryFile.isEmpty()))
+        throw WrongUsage{QStringLiteral("--engine takes a file only as fmod:FILE")};
+}
+
 void readReading(Arguments &arguments, const QString &text)
 {
     arguments.reading = named<AbcDialect>(
@@ -199,6 +209,8 @@ const std::vector<Option> &allOptions()
         {"normalise", 'n', "", "as loud as can be without clipping: -1 dBFS", readSwitch<&Arguments::normalise>},
         {"start-offsets", 0, "", "parts come in later or sooner, by the start offsets of the song file",
          readSwitch<&Arguments::startOffsets>},
+        {"engine", 0, "builtin|fmod[:FILE]", "what mixes: this program, or your own FMOD library, which writes WAV",
+         readEngine},
         {"players", 'p', "N", "how many people play, 1 to 24", readCount<&Arguments::players, mostPlayers>},
         {"voices", 'k', "K", "most notes at once of one player, 1 to 8; 3 without it",
          readCount<&Arguments::voices, mostVoices>},

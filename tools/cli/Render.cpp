@@ -49,6 +49,7 @@ private:
     RenderPlan planFor(const Parts &parts) const;
     Instrument instrumentFor(const PlayedPart &part) const;
     void addParts(TrackRenderer &renderer, const Parts &parts) const;
+    std::unique_ptr<AudioEngine> makeEngine(const QString &waveFile) const;
     void showProgress(quint64 tick, quint64 total);
 
     static constexpr int wholeBar = 100;
@@ -150,13 +151,23 @@ void Rendering::addParts(TrackRenderer &renderer, const Parts &parts) const
     }
 }
 
+// Who asks for a library is not given another engine in its place.
+std::unique_ptr<AudioEngine> Rendering::makeEngine(const QString &waveFile) const
+{
+    if (arguments_.engine.kind == EngineKind::Builtin)
+        return std::make_unique<BuiltinEngine>(EngineOutput::WavFile, waveFile.toStdU16String());
+    if (waveFile.isEmpty())
+        throw QStringLiteral("FMOD writes all parts into one WAV of 16 bit, and nothing else.");
+    auto wish = arguments_.engine;
+    wish.gameFolder = arguments_.game;
+    return makeFmodEngine(wish, waveFile);
+}
+
 QStringList Rendering::render(const Parts &parts)
 {
     const auto plan = planFor(parts);
     refuseFilesThatAreThere(plan);
-    TrackRenderer renderer(plan, [](const QString &path) {
-        return std::make_unique<BuiltinEngine>(EngineOutput::WavFile, path.toStdU16String());
-    });
+    TrackRenderer renderer(plan, [this](const QString &path) { return makeEngine(path); });
     addParts(renderer, parts);
 
     QEventLoop loop;
