@@ -400,6 +400,10 @@ void MainWindow::onSettingChanged(Settings::Setting setting, const QVariant &val
 {
     if (setting == Settings::DarkPalette)
         applyTheme(value.toBool() ? Theme::Dark : Theme::Light);
+    if (setting == Settings::SoundEngine || setting == Settings::FmodFile) {
+        player_.renewEngine();
+        editors_.renewEngine();
+    }
 }
 
 // A track that was removed meanwhile comes back as a new one, which its editor belongs to from then on.

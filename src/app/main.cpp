@@ -3,6 +3,7 @@
 #include "app/MainWindow.h"
 #include "app/Screenshot.h"
 #include "assets/Instrument.h"
+#include "audio/choice/EngineChoice.h"
 #include "audio/engine/BuiltinEngine.h"
 #include "audio/engine/SoundDevices.h"
 #include "core/Track.h"
@@ -81,21 +82,28 @@ QString journalFolder()
     return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + QStringLiteral("/journals");
 }
 
+EngineWish engineWish(const Settings &settings)
+{
+    const bool isFmod = settings.value(Settings::SoundEngine).toInt() == int(EngineKind::Fmod);
+    return {isFmod ? EngineKind::Fmod : EngineKind::Builtin, settings.value(Settings::FmodFile).toString(),
+            settings.value(Settings::RootPath).toString()};
+}
+
 int runWindow(Settings &settings, Dialogs &dialogs, const CommandLine &commandLine)
 {
     const bool isPicture = !commandLine.screenshot.isEmpty();
     const auto control = std::make_shared<OutputControl>(findSoundDevices);
-    const auto makeEngine = [isPicture, control] {
+    const auto choice = std::make_shared<EngineChoice>([isPicture, control]() -> std::unique_ptr<AudioEngine> {
         return isPicture ? std::make_unique<BuiltinEngine>(EngineOutput::Paced)
                          : std::make_unique<BuiltinEngine>(control);
-    };
+    });
+    const auto choose = [choice, &settings] { choice->wish(engineWish(settings)); };
+    choose();
+    QObject::connect(&settings, &Settings::settingChanged, choose);
     const WindowServices services{settings,
                                   dialogs,
-                                  makeEngine,
-                                  [](const QString &file) {
-                                      return std::make_unique<BuiltinEngine>(EngineOutput::WavFile,
-                                                                             file.toStdU16String());
-                                  },
+                                  [choice] { return choice->make(); },
+                                  [choice](const QString &file) { return choice->makeForFile(file); },
                                   UpdateChecker::releaseAddress(),
                                   isPicture ? QString() : journalFolder(),
                                   control,

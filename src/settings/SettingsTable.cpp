@@ -80,6 +80,8 @@ const std::array<Row, settingCount> &rows()
         {CheckSemitones, "check/mostSemitones", Type::Integer, "7"},     // see CheckOptions
         {CheckNotesAtOnce, "check/mostNotesAtOnce", Type::Integer, "0"}, // 0: any number
         {CheckCharacters, "check/mostCharacters", Type::Integer, "0"},
+        {SoundEngine, "sound/engine", Type::Integer, "0"}, // see EngineKind
+        {FmodFile, "sound/fmodFile", Type::Text, ""},      // empty: it is looked for
     }};
     return table;
 }

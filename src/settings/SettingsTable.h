@@ -81,6 +81,8 @@ enum Setting {
     CheckSemitones,
     CheckNotesAtOnce,
     CheckCharacters,
+    SoundEngine,
+    FmodFile,
     settingCount
 };
 

@@ -5,6 +5,8 @@
 #include "Messages.h"
 #include "Options.h"
 
+#include <QRegularExpression>
+
 namespace {
 
 // What a value can be, where it is one of some words.
@@ -16,7 +18,8 @@ QStringList choices(const CommandOption &option)
             keys.append(QLatin1String(SettingsTable::rows()[setting].key) + u'=');
         return keys;
     }
-    const auto words = option.value.split(u'|');
+    static const QRegularExpression mayFollow(QStringLiteral("\\[.*?\\]"));
+    const auto words = QString(option.value).remove(mayFollow).split(u'|');
     const auto isOpen = [](const QString &word) { return word != word.toLower() || word.contains(u'…'); };
     return words.size() < 2 || std::any_of(words.begin(), words.end(), isOpen) ? QStringList() : words;
 }

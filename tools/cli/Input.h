@@ -33,17 +33,17 @@ QVector<NamedInput> readInputs(const Arguments &arguments, bool &failed);
 // The song with the transformations; its parts are others when they are merged. Throws a QString.
 void applyTransforms(ReadSong &song, const Arguments &arguments);
 
-// Each input, and each file of a folder, on all cores; the results are taken in the order of the inputs, with a bar
+// Each input, and each file of a folder, on so many cores; the results are taken in the order of the inputs, with a bar
 // meanwhile.
 template<typename Result>
 void forEachInput(const Arguments &arguments, const std::function<Result(const QString &path)> &work,
-                  const std::function<void(const Result &)> &take)
+                  const std::function<void(const Result &)> &take, std::size_t cores = ParallelJobs::allCores())
 {
     const auto files = inputFiles(arguments.inputs);
     const auto total = int(files.size());
     int next = 0;
     int done = 0;
-    ParallelJobs jobs;
+    ParallelJobs jobs(cores);
     jobs.run<Result>([&]() -> std::optional<Job<Result>> {
         if (next == total)
             return std::nullopt;

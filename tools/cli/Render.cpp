@@ -260,7 +260,7 @@ public:
         nameFiles();
         forEachInput<Rendered>(
             arguments_, [this](const QString &path) { return rendered(path); },
-            [this](const Rendered &song) { take(song); });
+            [this](const Rendered &song) { take(song); }, cores());
         failed_ |= !report_.finish(arguments_.output);
         return failed_ ? 1 : 0;
     }
@@ -275,6 +275,7 @@ private:
         SongSummary summary = {}; // when one is wanted
     };
 
+    std::size_t cores() const;
     void nameFiles();
     Rendered rendered(const QString &path) const;
     void render(Rendered &song, const Parts &parts) const;
@@ -286,6 +287,12 @@ private:
     QHash<QString, QString> outputs_; // by input
     bool failed_ = false;
 };
+
+std::size_t FolderRendering::cores() const
+{
+    const auto all = ParallelJobs::allCores();
+    return arguments_.engine.kind == EngineKind::Fmod ? std::min(all, mostFmodEngines) : all;
+}
 
 // In the order of the inputs, whatever is done first.
 void FolderRendering::nameFiles()

@@ -1,4 +1,4 @@
-// Prints what an FMOD library does where its manual leaves it open: for people who have one. See docs/fmod.md.
+// Prints what an FMOD library does where its manual leaves it open: for people who have one. See docs/manual/fmod.md.
 #include "audio/fmod/FmodLibrary.h"
 
 #include <QCoreApplication>

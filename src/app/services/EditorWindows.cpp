@@ -49,6 +49,12 @@ void EditorWindows::open(const QString &trackId)
     window->activateWindow();
 }
 
+void EditorWindows::renewEngine()
+{
+    if (player_)
+        player_->renewEngine();
+}
+
 void EditorWindows::openAt(const QString &trackId, Ticks tick)
 {
     open(trackId);

@@ -44,6 +44,8 @@ public:
     // Those of tracks that are gone, whose changes no song has, ask about them; false when one stays open. The others
     // close without a question when the song is left, since whoever leaves it has asked.
     bool closeStrays();
+    // Their player's, at its next start.
+    void renewEngine();
 
 signals:
     void applied(const QString &trackId, const Track &track);

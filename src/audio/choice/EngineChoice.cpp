@@ -9,12 +9,6 @@
 
 namespace {
 
-QString insteadText(const QString &reason)
-{
-    return QCoreApplication::translate("EngineChoice", "FMOD cannot be used, so the built-in engine plays. %1")
-        .arg(reason);
-}
-
 std::unique_ptr<AudioEngine> prepared(std::unique_ptr<FmodEngine> engine)
 {
     const auto result = engine->prepare();
@@ -45,12 +39,14 @@ std::unique_ptr<AudioEngine> makeFmodEngine(const EngineWish &wish, const QStrin
 
 QString describeFmod(const EngineWish &wish)
 {
-    try {
-        const auto library = libraryFor(wish);
-        return QStringLiteral("FMOD %1: %2").arg(library->versionText(), library->file());
-    } catch (const QString &reason) {
-        return reason;
-    }
+    const auto library = libraryFor(wish);
+    return QStringLiteral("FMOD %1: %2").arg(library->versionText(), library->file());
+}
+
+QString insteadText(const QString &reason)
+{
+    return QCoreApplication::translate("EngineChoice", "FMOD cannot be used, so the built-in engine plays. %1")
+        .arg(reason);
 }
 
 void EngineChoice::wish(const EngineWish &wish)

@@ -18,11 +18,14 @@ struct EngineWish
     QString gameFolder = {};
 };
 
-// The two throw a QString that says why the library cannot be used.
+// These throw a QString that says why the library cannot be used.
 std::unique_ptr<AudioEngine> makeFmodEngine(const EngineWish &wish);                          // for a player [any]
 std::unique_ptr<AudioEngine> makeFmodEngine(const EngineWish &wish, const QString &waveFile); // for a file [any]
-// "FMOD 2.02.15: FILE", or what is wrong. [any]
-QString describeFmod(const EngineWish &wish);
+QString describeFmod(const EngineWish &wish); // "FMOD 2.02.15: FILE" [any]
+constexpr std::size_t mostFmodEngines = 8;    // at a time; the library refuses more
+
+// For people, where the library cannot be used: that the built-in engine plays, and why. [any]
+QString insteadText(const QString &reason);
 
 // What players and exports get: as was wished last, or the built-in engine where the library cannot be used. [any]
 class EngineChoice

@@ -226,7 +226,7 @@ QWidget *PreferencesDialog::programsPage(const InstrumentSet &instruments)
 
 QWidget *PreferencesDialog::soundPage(const SoundDevices &devices)
 {
-    auto *const page = new SoundPage(settings_, devices);
+    auto *const page = new SoundPage(settings_, devices, dialogs_);
     connect(page, &SoundPage::changed, this,
             qOverload<Settings::Setting, const QVariant &>(&PreferencesDialog::change));
     return page;

@@ -1,5 +1,6 @@
 #include "ui/preferences/SoundPage.h"
 
+#include "ui/preferences/EngineGroup.h"
 #include "ui/preferences/KeyboardGroup.h"
 
 #include <QComboBox>
@@ -22,19 +23,17 @@ QString blockText(int frames)
 
 } // namespace
 
-SoundPage::SoundPage(const Settings &settings, const SoundDevices &devices, QWidget *parent)
+SoundPage::SoundPage(const Settings &settings, const SoundDevices &devices, Dialogs &dialogs, QWidget *parent)
     : QWidget(parent), output_(devices.output), wantedDevice_(settings.value(Settings::SoundDevice).toString()),
-      wantedBlock_(settings.value(Settings::SoundBlock).toInt()), groups_(new QVBoxLayout(this)),
-      search_(output_.findDevices())
+      wantedBlock_(settings.value(Settings::SoundBlock).toInt()), search_(output_.findDevices())
 {
-    groups_->setContentsMargins(0, 0, 0, 0);
-    groups_->addStretch();
-    addGroup(deviceGroup());
-    if (devices.keyboard) {
-        auto *const keyboard = new KeyboardGroup(settings, *devices.keyboard);
-        connect(keyboard, &KeyboardGroup::changed, this, &SoundPage::changed);
-        addGroup(keyboard);
-    }
+    auto *const groups = new QVBoxLayout(this);
+    groups->setContentsMargins(0, 0, 0, 0);
+    groups->addWidget(deviceGroup());
+    addGroup(new EngineGroup(settings, dialogs));
+    if (devices.keyboard)
+        addGroup(new KeyboardGroup(settings, *devices.keyboard));
+    groups->addStretch();
     listDevices({});
     connect(device_, qOverload<int>(&QComboBox::activated), this,
             [this] { emit changed(Settings::SoundDevice, device_->currentData()); });
@@ -44,9 +43,11 @@ SoundPage::SoundPage(const Settings &settings, const SoundDevices &devices, QWid
     connect(&timer_, &QTimer::timeout, this, &SoundPage::showState);
 }
 
-void SoundPage::addGroup(QWidget *group)
+template<typename Group>
+void SoundPage::addGroup(Group *group)
 {
-    groups_->insertWidget(groups_->count() - 1, group);
+    connect(group, &Group::changed, this, &SoundPage::changed);
+    layout()->addWidget(group);
 }
 
 QWidget *SoundPage::deviceGroup()

@@ -6,12 +6,12 @@
 #include <QTimer>
 #include <QWidget>
 
+class Dialogs;
+class MidiKeyboard;
 class QComboBox;
 class QFormLayout;
 class QLabel;
 class QVBoxLayout;
-
-class MidiKeyboard;
 
 // What the page is about; all outlive it.
 struct SoundDevices
@@ -20,16 +20,14 @@ struct SoundDevices
     const MidiKeyboard *keyboard = nullptr; // null: none is spoken of
 };
 
-// The sound device that is wanted, and how it does now. Further groups come below.
+// The sound device that is wanted, and how it does now; the engine; the MIDI keyboard.
 class SoundPage : public QWidget
 {
     Q_OBJECT
 
 public:
-    // Shows what is in the settings.
-    SoundPage(const Settings &settings, const SoundDevices &devices, QWidget *parent = nullptr);
-
-    void addGroup(QWidget *group);
+    // Shows what is in the settings; the dialogs outlive it.
+    SoundPage(const Settings &settings, const SoundDevices &devices, Dialogs &dialogs, QWidget *parent = nullptr);
 
 signals:
     void changed(Settings::Setting setting, const QVariant &value);
@@ -39,6 +37,8 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
+    template<typename Group>
+    void addGroup(Group *group);
     QWidget *deviceGroup();
     QComboBox *deviceBox();
     QComboBox *blockBox();
@@ -49,7 +49,6 @@ private:
     OutputControl &output_;
     const QString wantedDevice_;
     const int wantedBlock_;
-    QVBoxLayout *groups_;
     QComboBox *device_;
     QComboBox *block_;
     QLabel *latency_;

@@ -191,6 +191,25 @@ private slots:
         QCOMPARE(settings_->value(Settings::SoundBlock).toInt(), 512);
     }
 
+    // Whether a library can be used is found out beside the window.
+    void choosesAnEngine()
+    {
+        auto *const engine = child<QComboBox>("cboSoundEngine");
+        auto *const file = child<QLineEdit>("txtFmodFile");
+        QVERIFY(!file->isEnabled());
+        engine->setCurrentIndex(1);
+        emit engine->activated(1);
+        file->setText(QStringLiteral("/nowhere/library"));
+        emit file->editingFinished();
+        QTRY_VERIFY(child<QLabel>("lblFmod")->text().contains(QStringLiteral("/nowhere/library")));
+        click("btnTestFmod");
+        QVERIFY(!child<QPushButton>("btnTestFmod")->isEnabled());
+        QTRY_VERIFY(child<QPushButton>("btnTestFmod")->isEnabled());
+        button(QDialogButtonBox::Ok)->click();
+        QCOMPARE(settings_->value(Settings::SoundEngine).toInt(), 1);
+        QCOMPARE(settings_->value(Settings::FmodFile).toString(), QStringLiteral("/nowhere/library"));
+    }
+
     void discardsWhenCancelled()
     {
         dialogs_->pickedColour = QColor(10, 20, 30);
