@@ -31,7 +31,7 @@ set(LAYERS
     "src/audio/render|base core audio audio/sound"
     "src/audio/engine|audio/AudioEngine.h audio/OutputControl.h audio/sound"
     "src/audio/fmod|audio/AudioEngine.h audio/sound"
-    "src/audio/choice|audio audio/player audio/engine audio/fmod audio/sound base"
+    "src/audio/choice|audio audio/engine audio/fmod audio/sound base"
     "src/midi|base"
     "src/export|base core import assets audio/TempoPlaces.h"
     "src/arrange|base core import audio/TempoPlaces.h"

@@ -175,7 +175,7 @@ void ExportCommands::start(const Export &wanted)
 {
     export_ = wanted;
     failure_.clear();
-    clipping_.clear();
+    remarks_.clear();
     unfinished_.begin(filesOf(wanted.plan));
     renderer_ = std::make_unique<TrackRenderer>(wanted.plan, makeEngine_);
     for (const auto &track : context_.tracks.song()) {
@@ -191,7 +191,8 @@ void ExportCommands::start(const Export &wanted)
     connect(renderer_.get(), &TrackRenderer::renderFailed, this, [this](const QString &why) { failure_ = why; });
     connect(renderer_.get(), &TrackRenderer::renderCancelled, this, [this] { export_.plan.files.clear(); });
     connect(renderer_.get(), &TrackRenderer::samplesClipped, this,
-            [this](quint64 clipped, quint64 samples) { clipping_ = clippingText(clipped, samples); });
+            [this](quint64 clipped, quint64 samples) { remarks_.append(clippingText(clipped, samples)); });
+    connect(renderer_.get(), &TrackRenderer::warned, this, [this](const QString &text) { remarks_.append(text); });
     renderer_->render();
 }
 
@@ -209,10 +210,11 @@ void ExportCommands::closeProgress()
     const auto paths = filesOf(export_.plan);
     if (paths.isEmpty() && failure_.isEmpty())
         return;
+    const auto remark = remarks_.join(QStringLiteral("; "));
     // Later, since whoever is told may begin the next export, and this one's renderer is still speaking.
-    QTimer::singleShot(0, this, [this, paths, title = export_.title, failure = failure_, clipping = clipping_] {
+    QTimer::singleShot(0, this, [this, paths, title = export_.title, failure = failure_, remark] {
         if (failure.isEmpty())
-            emit written(paths, clipping);
+            emit written(paths, remark);
         else
             showFailure(title, paths.isEmpty()
                                    ? failure

@@ -70,7 +70,7 @@ private:
     std::unique_ptr<TrackRenderer> renderer_; // kept until the next export
     Export export_;                           // of the renderer
     QString failure_;                         // of the renderer, or why there is none
-    QString clipping_;
+    QStringList remarks_;                     // on what was written
     ExportProgress progress_;
     UnfinishedExports unfinished_;
     Task task_;

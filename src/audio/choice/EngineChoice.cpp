@@ -25,6 +25,20 @@ std::shared_ptr<const FmodLibrary> libraryFor(const EngineWish &wish)
     return FmodLibrary::find(wish.libraryFile, wish.gameFolder);
 }
 
+template<typename MakeFmod, typename MakeBuiltin>
+MadeEngine firstThatWorks(EngineKind wished, MakeFmod makeFmod, MakeBuiltin makeBuiltin)
+{
+    if (wished == EngineKind::Builtin)
+        return makeBuiltin();
+    try {
+        return makeFmod();
+    } catch (const QString &reason) {
+        const auto text = insteadText(reason);
+        qWarning("%s", qUtf8Printable(text));
+        return {makeBuiltin(), text};
+    }
+}
+
 } // namespace
 
 std::unique_ptr<AudioEngine> makeFmodEngine(const EngineWish &wish)
@@ -64,24 +78,17 @@ EngineWish EngineChoice::wished() const
 MadeEngine EngineChoice::make() const
 {
     const auto wish = wished();
-    if (wish.kind == EngineKind::Builtin)
-        return makeBuiltin_();
-    try {
-        return makeFmodEngine(wish);
-    } catch (const QString &reason) {
-        return {makeBuiltin_(), insteadText(reason)};
-    }
+    return firstThatWorks(
+        wish.kind, [&] { return makeFmodEngine(wish); }, makeBuiltin_);
 }
 
-std::unique_ptr<AudioEngine> EngineChoice::makeForFile(const QString &waveFile) const
+MadeEngine EngineChoice::makeForFile(const QString &waveFile) const
 {
     const auto wish = wished();
-    if (wish.kind == EngineKind::Fmod && !waveFile.isEmpty()) {
-        try {
-            return makeFmodEngine(wish, waveFile);
-        } catch (const QString &reason) {
-            qWarning("%s", qUtf8Printable(insteadText(reason)));
-        }
-    }
-    return std::make_unique<BuiltinEngine>(EngineOutput::WavFile, waveFile.toStdU16String());
+    const auto makeBuiltin = [&] {
+        return std::make_unique<BuiltinEngine>(EngineOutput::WavFile, waveFile.toStdU16String());
+    };
+    return firstThatWorks(
+        waveFile.isEmpty() ? EngineKind::Builtin : wish.kind, [&] { return makeFmodEngine(wish, waveFile); },
+        makeBuiltin);
 }

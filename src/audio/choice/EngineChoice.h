@@ -1,6 +1,6 @@
 #pragma once
 
-#include "audio/player/PlayerWorker.h"
+#include "audio/EngineFactory.h"
 
 #include <QString>
 
@@ -27,7 +27,8 @@ constexpr std::size_t mostFmodEngines = 8;    // at a time; the library refuses 
 // For people, where the library cannot be used: that the built-in engine plays, and why. [any]
 QString insteadText(const QString &reason);
 
-// What players and exports get: as was wished last, or the built-in engine where the library cannot be used. [any]
+// What players and exports get: as was wished last, or the built-in engine where the library cannot be used, with the
+// reason. [any]
 class EngineChoice
 {
 public:
@@ -39,8 +40,8 @@ public:
 
     void wish(const EngineWish &wish);
     MadeEngine make() const;
-    // Without a file the built-in engine, since it is for mixing. Why it is there in the other's place is logged.
-    std::unique_ptr<AudioEngine> makeForFile(const QString &waveFile) const;
+    // Without a file the built-in engine, since it is for mixing.
+    MadeEngine makeForFile(const QString &waveFile) const;
 
 private:
     EngineWish wished() const;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "audio/EngineFactory.h"
 #include "audio/player/LiveKeys.h"
 #include "audio/player/PlayingTracks.h"
 #include "audio/player/PreviewNote.h"
@@ -12,19 +13,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-
-// An engine that a player owns from then on.
-struct MadeEngine
-{
-    template<typename Engine>
-    MadeEngine(std::unique_ptr<Engine> made, const QString &remark = {}) : engine(std::move(made)), warning(remark)
-    {
-    }
-
-    std::unique_ptr<AudioEngine> engine;
-    QString warning; // what the user should know of it, if anything
-};
-using EngineFactory = std::function<MadeEngine()>;
 
 // Milliseconds of a clock that never goes back; only differences count.
 using TimeSource = std::function<qint64()>;

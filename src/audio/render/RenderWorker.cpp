@@ -119,7 +119,10 @@ void RenderWorker::openOutputs()
 
 void RenderWorker::prepareSamples()
 {
-    engine_ = makeEngine_(plan_.isPlainWave() ? outputs_.front()->replacement.path() : QString());
+    auto made = makeEngine_(plan_.isPlainWave() ? outputs_.front()->replacement.path() : QString());
+    engine_ = std::move(made.engine);
+    if (!made.warning.isEmpty())
+        emit warned(made.warning);
     const auto tellLoading = [this](const QString &path) { emit loadingSample(path); };
     samples_ = std::make_unique<SampleCache>(*engine_, sampleRate, tellLoading);
     std::vector<TrackPlayback> playbacks;

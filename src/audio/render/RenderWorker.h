@@ -1,6 +1,6 @@
 #pragma once
 
-#include "audio/AudioEngine.h"
+#include "audio/EngineFactory.h"
 #include "audio/ResultChecker.h"
 #include "audio/SampleCache.h"
 #include "audio/render/RenderPlan.h"
@@ -12,13 +12,9 @@
 #include <QObject>
 #include <QString>
 
-#include <functional>
 #include <memory>
 #include <stop_token>
 #include <vector>
-
-// Makes an engine whose output is the wave file of that path: 48 kHz, stereo. Without a path it only mixes.
-using FileEngineFactory = std::function<std::unique_ptr<AudioEngine>(const QString &waveFile)>;
 
 // The part of a TrackRenderer that works on its render thread: loads the samples, places all notes on the clock and has
 // an engine write or mix them. The files appear under their names when all are whole. Stops within milliseconds when it
@@ -39,6 +35,7 @@ signals: // [render]
     // Of all passes over the song that the plan takes.
     void renderProgress(quint64 currentTick, quint64 totalTicks);
     void loadingSample(const QString &samplePath);
+    void warned(const QString &text); // what the user should know of the engine
     // Why there is no file; before renderFinished.
     void renderFailed(const QString &message);
     void renderCancelled(); // instead of renderFailed

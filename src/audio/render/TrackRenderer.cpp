@@ -26,6 +26,7 @@ void TrackRenderer::render()
     connect(&thread_, &QThread::finished, worker, &QObject::deleteLater);
     connect(worker, &RenderWorker::renderProgress, this, &TrackRenderer::renderProgress);
     connect(worker, &RenderWorker::loadingSample, this, &TrackRenderer::loadingSample);
+    connect(worker, &RenderWorker::warned, this, &TrackRenderer::warned);
     connect(worker, &RenderWorker::renderFailed, this, &TrackRenderer::renderFailed);
     connect(worker, &RenderWorker::renderCancelled, this, &TrackRenderer::renderCancelled);
     connect(worker, &RenderWorker::samplesClipped, this, &TrackRenderer::samplesClipped);

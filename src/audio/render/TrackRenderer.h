@@ -46,6 +46,8 @@ signals:
     void renderFinished();
     // A sample is about to be read and decoded.
     void loadingSample(const QString &samplePath);
+    // What the user should know of the engine that writes.
+    void warned(const QString &text);
     // Why there is no file; renderFinished follows.
     void renderFailed(const QString &message);
     // There is no file, as cancel() asked for; renderFinished follows.

@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDir>
+#include <QLabel>
 #include <QLockFile>
 #include <QPushButton>
 #include <QToolButton>
@@ -64,7 +65,12 @@ private slots:
 
     void exportsAudio()
     {
-        QVERIFY(fixture_->import(jig, 3));
+        fixture_->makeFileEngine = [](const QString &file) {
+            return MadeEngine(std::make_unique<BuiltinEngine>(EngineOutput::WavFile, file.toStdString()),
+                              QStringLiteral("in its place"));
+        };
+        fixture_->makeWindow();
+        QVERIFY(fixture_->waitUntilLoaded() && fixture_->import(jig, 3));
         fixture_->tracks().setMuted({fixture_->tracks().ids().last()}, true);
         auto &dialogs = fixture_->dialogs();
         fixture_->write("jig - Track 1 - Flute.flac", "old");
@@ -84,7 +90,8 @@ private slots:
             dialogs.takeMessages(),
             QStringList(QStringLiteral("Export Audio|'jig.mp3' does not end in \".flac\", as FLAC, 24 bit files do.")));
         QCOMPARE(QFileInfo(dialogs.starts.last()).fileName(), QStringLiteral("harbour-jig.flac"));
-        QTRY_VERIFY(fixture_->child<QWidget>("exportNote")->isVisible());
+        auto *const note = fixture_->child<QWidget>("exportNote");
+        QTRY_VERIFY(note->isVisible() && note->findChild<QLabel *>()->text().endsWith(QStringLiteral("in its place")));
         QVERIFY(dialogs.asked.last().contains(QStringLiteral("jig - Track 1 - Flute.flac\nWould you like")));
         const auto files = QDir(fixture_->path("")).entryInfoList({QStringLiteral("*.flac")});
         QCOMPARE(files.size(), 3); // the muted part has none
