@@ -30,6 +30,7 @@ public:
 
 private:
     void beginUnit(int offset);
+    void continueTuplet();
     void addRest(const AbcToken &token);
     void addLength(const AbcRatio &length);
     void endChord(const AbcToken &bracket);
@@ -103,7 +104,8 @@ void LayoutMaker::elementBegins(const AbcToken &first, bool isBroken, bool inTup
     tupletOffset_ = -1;
 
     layout_.units.last().isCompound |= isBroken || inTuplet;
-    layout_.units.last().continuesTuplet |= inTuplet && !beginsTuplet && !continuesUnit;
+    if (inTuplet && !beginsTuplet && !continuesUnit)
+        continueTuplet();
 
     AbcTextElement element;
     element.range.offset = offsetOf(first);
@@ -115,6 +117,16 @@ void LayoutMaker::elementBegins(const AbcToken &first, bool isBroken, bool inTup
     elementIsEmpty_ = true;
     if (first.type == AbcTokenType::Rest)
         addRest(first);
+}
+
+// Between its parts stand at most gaps.
+void LayoutMaker::continueTuplet()
+{
+    auto &units = layout_.units;
+    units.last().continuesTuplet = units.last().isCut = true;
+    const auto before = std::find_if(units.rbegin() + 1, units.rend(), [](const AbcUnit &unit) { return !unit.isGap; });
+    if (before != units.rend())
+        before->isCut = true;
 }
 
 void LayoutMaker::addRest(const AbcToken &token)

@@ -62,6 +62,7 @@ struct AbcUnit
     bool isGap = false;
     bool isCompound = false;      // a tuplet or part of one, or joined by a broken rhythm
     bool continuesTuplet = false; // that began before a bar line or field
+    bool isCut = false;           // part of such a tuplet
     bool joinsPrevious = false;   // nothing but blanks between, and no time lost
     bool isRest() const { return !isGap && firstToken == endToken; }
 };

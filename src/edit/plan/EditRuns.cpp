@@ -28,8 +28,8 @@ EditRun::Form RunFinder::formOf(int unit) const
     const auto &own = layout_.units[unit];
     if (own.isRest() && layout_.measuresRest(own) != nullptr && own.endElement - own.firstElement == 1)
         return EditRun::Form::Measures;
-    return pieces_.keepsForms() && fitsElements(layout_, own, pieces_.of(unit)) ? EditRun::Form::Elements
-                                                                                : EditRun::Form::Free;
+    return pieces_.keepsForm(unit) && fitsElements(layout_, own, pieces_.of(unit)) ? EditRun::Form::Elements
+                                                                                   : EditRun::Form::Free;
 }
 
 bool RunFinder::joins(int unit) const

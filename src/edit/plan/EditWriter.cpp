@@ -1,5 +1,6 @@
 #include "edit/plan/EditWriter.h"
 
+#include "core/AbcTokenizer.h"
 #include "edit/plan/RhythmFit.h"
 
 #include <algorithm>
@@ -120,7 +121,7 @@ QString EditWriter::elementText(const AbcTextElement &element, std::span<const N
 {
     const auto scale = LengthScale::of(element);
     if (pieces.empty())
-        return u'z' + scale.text(element.advance);
+        return foreignText(element) + u'z' + scale.text(element.advance);
     const auto shortest = std::min_element(pieces.begin(), pieces.end(), [](const NotePiece &a, const NotePiece &b) {
                               return a.length < b.length;
                           })->length;
@@ -129,15 +130,33 @@ QString EditWriter::elementText(const AbcTextElement &element, std::span<const N
     const bool keepsLength = isChord && !element.chordLengthText.isEmpty();
     const auto noteScale = keepsLength ? LengthScale::inChordOf(element) : scale;
     QString notes = isCut ? u'z' + noteScale.text(element.advance) : QString();
+    const auto foreign = foreignText(element);
     for (const auto &piece : pieces) {
         const bool keepsText =
             piece.token >= 0 && !piece.isAltered && (keepsLength || element.chordLengthText.isEmpty());
         notes += pieceText(piece, keepsText ? keptLength(piece) : noteScale.text(piece.length));
     }
     if (!isChord)
-        return notes;
+        return foreign + notes;
     const auto &length = element.chordLengthText;
-    return u'[' + notes + u']' + text_.mid(length.offset, length.length);
+    return u'[' + foreign + notes + u']' + text_.mid(length.offset, length.length);
+}
+
+// What the reader passes over in a chord.
+QString EditWriter::foreignText(const AbcTextElement &element) const
+{
+    QString foreign;
+    AbcTokenizer tokens(QStringView(text_).mid(element.range.offset, element.isChord ? element.range.length : 0));
+    AbcToken token;
+    while (tokens.next(token)) {
+        const bool isMusic = token.type == AbcTokenType::Note || token.type == AbcTokenType::Rest ||
+                             token.type == AbcTokenType::ChordStart || token.type == AbcTokenType::ChordEnd;
+        if (!isMusic && token.type != AbcTokenType::WhiteSpace)
+            foreign += token.text;
+        if (token.type == AbcTokenType::Comment || token.type == AbcTokenType::LineContinuation)
+            foreign += u'\n';
+    }
+    return foreign;
 }
 
 QString EditWriter::keptLength(const NotePiece &piece) const

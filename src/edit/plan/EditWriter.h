@@ -26,12 +26,15 @@ private:
     void writeElements(const AbcUnit &unit);
     void writeElement(const AbcTextElement &element, std::span<const NotePiece> pieces);
     bool isUnchanged(const AbcTextElement &element, std::span<const NotePiece> pieces) const;
+    QString foreignText(const AbcTextElement &element) const;
     QString elementText(const AbcTextElement &element, std::span<const NotePiece> pieces);
 
     void writeFree(const EditRun &run);
     QString freeText(const EditRun &run);
     QString musicText(std::vector<NotePiece> pieces, Ticks start, const AbcUnit &last, Ticks lineStart);
     Ticks lineStart(const EditRun &run) const;
+    QString silenceOf(const EditRun &run) const;
+    bool beginsMeasure(int unit) const;
     void collectBetween(const EditRun &run);
     QString takeBetween(Ticks until);
 

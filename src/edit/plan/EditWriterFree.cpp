@@ -63,7 +63,7 @@ void EditWriter::collectBetween(const EditRun &run)
         auto end = layout_.units[unit].range.offset;
         for (auto i = layout_.units[unit].firstElement; i < layout_.units[unit].endElement; ++i) {
             const auto &element = layout_.elements[i];
-            const auto text = withoutRhythm(text_.mid(end, element.range.offset - end));
+            const auto text = withoutRhythm(text_.mid(end, element.range.offset - end)) + foreignText(element);
             if (!text.isEmpty())
                 between_.push_back({element.start, text});
             end = element.range.end();
@@ -145,6 +145,24 @@ QString EditWriter::freeText(const EditRun &run)
     return musicText(piecesOf(pieces_, run), layout_.units[run.first].start, layout_.units[run.last], lineStart(run));
 }
 
+// A measure that nothing is left of says that it is one.
+QString EditWriter::silenceOf(const EditRun &run) const
+{
+    const auto &units = layout_.units;
+    const auto &gap = units[run.last];
+    if (!gap.isGap || gap.end == maxTicks || units[run.first].isGap || !beginsMeasure(run.first))
+        return {};
+    return u'z' + lengthText(gap.start - units[run.first].start, reading_.unitLength);
+}
+
+bool EditWriter::beginsMeasure(int unit) const
+{
+    auto mark = mark_ - 1;
+    while (mark > 0 && layout_.marks[mark].kind != AbcAccidentalMark::Kind::BarLine)
+        --mark;
+    return unit == 0 || (mark > 0 && layout_.units[unit - 1].range.offset <= layout_.marks[mark].offset);
+}
+
 void EditWriter::writeFree(const EditRun &run)
 {
     TextRange range = layout_.units[run.first].range;
@@ -153,6 +171,10 @@ void EditWriter::writeFree(const EditRun &run)
     const auto isBlankAt = [this](int offset) {
         return offset < 0 || offset >= text_.size() || text_[offset].isSpace();
     };
+    if (const auto silence = text.isEmpty() ? silenceOf(run) : QString(); !silence.isEmpty()) {
+        addChange(range, silence);
+        return;
+    }
     if (text.isEmpty()) {
         while (range.offset > layout_.bodyOffset && text_[range.offset - 1] == u' ')
             --range.offset, ++range.length;

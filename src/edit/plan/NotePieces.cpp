@@ -1,6 +1,7 @@
 #include "edit/plan/NotePieces.h"
 
 #include "edit/NoteLookup.h"
+#include "edit/plan/RhythmFit.h"
 
 #include <algorithm>
 
@@ -17,12 +18,26 @@ void insertInChord(std::vector<NotePiece> &pieces, const NotePiece &piece)
     pieces.insert(place, piece);
 }
 
+// The parts, by unit, of each tuplet that bar lines or fields cut.
+std::vector<std::vector<int>> cutTuplets(const AbcLayout &layout)
+{
+    std::vector<std::vector<int>> tuplets;
+    for (int unit = 0; unit < layout.units.size(); ++unit) {
+        if (!layout.units[unit].isCut)
+            continue;
+        if (tuplets.empty() || !layout.units[unit].continuesTuplet)
+            tuplets.emplace_back();
+        tuplets.back().push_back(unit);
+    }
+    return tuplets;
+}
+
 } // namespace
 
 NotePieces::NotePieces(const AbcReading &reading, const NoteEdit &edit, EditReach reach)
     : reading_(reading), layout_(reading.layout), reach_(reach), isNew_(size_t(reading.track.events().size()), false),
       isGone_(size_t(layout_.tokens.size()), false), tokensOf_(size_t(reading.track.events().size())),
-      isDirty_(size_t(layout_.units.size()), false), ofUnit_(size_t(layout_.units.size()))
+      isDirty_(size_t(layout_.units.size()), false), isLoose_(isDirty_), ofUnit_(size_t(layout_.units.size()))
 {
     isInOrder_ = std::is_sorted(layout_.units.begin(), layout_.units.end(),
                                 [](const AbcUnit &a, const AbcUnit &b) { return a.start < b.start; });
@@ -42,11 +57,10 @@ NotePieces::NotePieces(const AbcReading &reading, const NoteEdit &edit, EditReac
     if (!isPossible_)
         return;
     settleTies();
-    if (reach_ == EditReach::Measures) {
-        dirtyTuplets();
+    if (reach_ == EditReach::Measures)
         dirtyMeasures();
-    }
     assign();
+    loosenTuplets();
 }
 
 void NotePieces::readTokens()
@@ -193,18 +207,27 @@ int NotePieces::unitAt(Ticks tick) const
     return -1;
 }
 
-// All of a tuplet that bar lines cut.
-void NotePieces::dirtyTuplets()
+// Where a part is not written with its elements, no part can be.
+void NotePieces::loosenTuplets()
 {
-    const auto &units = layout_.units;
-    for (int unit = 1; unit < units.size(); ++unit) {
-        if (units[unit].continuesTuplet && isDirty(unit - 1))
-            setDirty(unit);
+    for (const auto &tuplet : cutTuplets(layout_)) {
+        const bool fits = std::all_of(tuplet.begin(), tuplet.end(), [this](int unit) {
+            return !isDirty(unit) || (keepsForms() && fitsElements(layout_, layout_.units[unit], of(unit)));
+        });
+        const bool isSilent =
+            std::all_of(tuplet.begin(), tuplet.end(), [this](int unit) { return isDirty(unit) && of(unit).empty(); });
+        for (size_t part = 0; (isSilent || !fits) && part < tuplet.size(); ++part)
+            loosen(tuplet[part]);
     }
-    for (auto unit = int(units.size()) - 1; unit > 0; --unit) {
-        if (units[unit].continuesTuplet && isDirty(unit))
-            setDirty(unit - 1);
-    }
+}
+
+void NotePieces::loosen(int unit)
+{
+    isLoose_[size_t(unit)] = true;
+    if (isDirty(unit))
+        return;
+    setDirty(unit);
+    assignTokens(unit);
 }
 
 void NotePieces::dirtyMeasures()

@@ -23,18 +23,18 @@ struct NotePiece
     bool keepsSpelling = false; // of its token
     bool isAltered = false;     // in more than its pitch
     bool isStaccato = false;
-    bool isTied = false;         // to the next of its pitch
-    bool isContinuation = false; // new, and tied to by another
+    bool isTied = false; // to the next of its pitch
 
     Ticks end() const { return start + length; }
 };
 
-// Where a note of the pitch begins; the event is -1 for a new one.
+// Where a piece begins; the token is -1 for a new one.
 struct NoteBegin
 {
     quint32 pitch = 0;
+    int unit = 0;
     Ticks start = 0;
-    int event = -1;
+    int token = -1;
 };
 
 // The notes of a text behind an edit, as pieces, and which units of the text must be written anew for them. What lies
@@ -50,8 +50,8 @@ public:
 
     // False where the text has no place for a new note; nothing else may be asked then.
     bool isPossible() const { return isPossible_; }
-    // Whether tuplets and broken rhythms stay where they can.
-    bool keepsForms() const { return reach_ == EditReach::Notes; }
+    // Whether the unit stays a tuplet or a broken rhythm where it can.
+    bool keepsForm(int unit) const { return keepsForms() && !isLoose_[size_t(unit)]; }
     bool isDirty(int unit) const { return isDirty_[size_t(unit)]; }
     // Of a dirty unit, by start; those that start together as a chord writes them.
     const std::vector<NotePiece> &of(int unit) const { return ofUnit_[size_t(unit)]; }
@@ -59,6 +59,7 @@ public:
     const NotePiece &ofToken(int token) const { return ofToken_[size_t(token)]; }
 
 private:
+    bool keepsForms() const { return reach_ == EditReach::Notes; }
     void readTokens();
     Ticks lengthOf(const AbcNoteToken &token, const AbcTextElement &element) const;
     void findTokens(const NoteEdit &edit);
@@ -70,18 +71,21 @@ private:
     void addNew(NotePiece piece);
     std::optional<NotePiece> cutOff(NotePiece &piece, int unit) const;
     Ticks endOfPlace(const NotePiece &piece, int unit) const;
+    bool isSilent(int unit) const;
     bool takes(int unit, const NotePiece &rest) const;
     bool meetsItsPitch(const NotePiece &piece, Ticks until) const;
     void settleTies();
-    void settleTie(int token, int continuation, const std::vector<NoteBegin> &begins);
+    void settleTie(int token, int continuation, const NoteBegin *next);
     void joinTied(int event);
-    std::bitset<128> newPitches() const;
+    std::bitset<128> changedPitches() const;
+    // By pitch, and in the order of the text.
     std::vector<NoteBegin> beginsOf(const std::bitset<128> &pitches) const;
     Ticks nextBarLine(const NotePiece &piece, int unit) const;
     int unitAt(Ticks tick) const;
     void setDirty(int unit) { isDirty_[size_t(unit)] = true; }
-    void dirtyTuplets();
     void dirtyMeasures();
+    void loosenTuplets();
+    void loosen(int unit);
     void assign();
     void assignTokens(int unit);
     void dirtyBefore(int unit);
@@ -97,6 +101,7 @@ private:
     std::vector<bool> isNew_;                // by event: gone from where it was, or of another pitch
     std::vector<bool> isGone_;               // by token
     std::vector<std::vector<int>> tokensOf_; // by event; of those that the edit names
-    std::vector<bool> isDirty_;              // by unit
+    std::vector<bool> isDirty_;              // by unit, as is the next
+    std::vector<bool> isLoose_;              // part of a tuplet that becomes plain notes
     std::vector<std::vector<NotePiece>> ofUnit_;
 };

@@ -17,7 +17,6 @@ std::optional<NotePiece> NotePieces::cutOff(NotePiece &piece, int unit) const
     if (piece.isStaccato || end <= piece.start || end >= piece.end())
         return {};
     NotePiece rest{end, piece.end() - end, piece.pitch};
-    rest.isContinuation = true;
     const auto place = unitAt(end);
     const bool isInRest = place == unit && layout_.measuresRest(layout_.units[unit]) != nullptr;
     if ((place <= unit && !isInRest) || !takes(place, rest) || meetsItsPitch(piece, end))
@@ -27,13 +26,20 @@ std::optional<NotePiece> NotePieces::cutOff(NotePiece &piece, int unit) const
     return rest;
 }
 
-// Whether the rest of a note can stand there in a chord, without cutting what is written.
+// Whether the rest of a note can stand there, without taking a rhythm apart.
 bool NotePieces::takes(int unit, const NotePiece &rest) const
 {
     const auto &own = layout_.units[unit];
-    if (own.isGap || own.isRest())
-        return !own.isCompound;
-    return own.start == rest.start && rest.length >= layout_.elements[own.firstElement].advance;
+    if (!own.isCompound)
+        return own.start == rest.start || isSilent(unit);
+    return own.start == rest.start && !isSilent(unit) && rest.length >= layout_.elements[own.firstElement].advance;
+}
+
+bool NotePieces::isSilent(int unit) const
+{
+    const auto &own = layout_.units[unit];
+    return std::all_of(isGone_.begin() + own.firstToken, isGone_.begin() + own.endToken,
+                       [](bool isGone) { return isGone; });
 }
 
 // A note of its pitch that begins before its end would end a tie.
@@ -79,16 +85,19 @@ Ticks NotePieces::nextBarLine(const NotePiece &piece, int unit) const
     return mark == layout_.marks.end() ? piece.end() : mark->time;
 }
 
-std::bitset<128> NotePieces::newPitches() const
+// Of all that begins or goes.
+std::bitset<128> NotePieces::changedPitches() const
 {
     std::bitset<128> pitches;
     for (const auto &added : ofUnit_) {
         for (const auto &piece : added)
             pitches.set(piece.pitch % 128);
     }
-    for (size_t token = 0; token < ofToken_.size(); ++token) {
-        if (!isGone_[token] && !ofToken_[token].keepsSpelling)
-            pitches.set(ofToken_[token].pitch % 128);
+    for (size_t event = 0; event < tokensOf_.size(); ++event) {
+        if (tokensOf_[event].empty())
+            continue;
+        pitches.set(reading_.track.events()[int(event)].pitch() % 128);
+        pitches.set(ofToken_[size_t(tokensOf_[event].front())].pitch % 128);
     }
     return pitches;
 }
@@ -96,66 +105,54 @@ std::bitset<128> NotePieces::newPitches() const
 std::vector<NoteBegin> NotePieces::beginsOf(const std::bitset<128> &pitches) const
 {
     std::vector<NoteBegin> begins;
-    for (const auto &added : ofUnit_) {
-        for (const auto &piece : added) {
-            if (!piece.isContinuation)
-                begins.push_back({piece.pitch, piece.start});
-        }
-    }
     for (int token = 0; token < layout_.tokens.size(); ++token) {
         const auto &piece = ofToken_[size_t(token)];
-        const auto event = layout_.tokens[token].event;
-        if (event >= 0 && !isGone_[size_t(token)] && pitches[piece.pitch % 128])
-            begins.push_back({piece.pitch, piece.start, event});
+        if (layout_.tokens[token].event >= 0 && !isGone_[size_t(token)] && pitches[piece.pitch % 128])
+            begins.push_back({piece.pitch, layout_.tokens[token].unit, piece.start, token});
     }
-    std::sort(begins.begin(), begins.end(), [](const NoteBegin &a, const NoteBegin &b) {
-        return std::tie(a.pitch, a.start) < std::tie(b.pitch, b.start);
+    for (size_t unit = 0; unit < ofUnit_.size(); ++unit) {
+        for (const auto &piece : ofUnit_[unit])
+            begins.push_back({piece.pitch, int(unit), piece.start});
+    }
+    std::stable_sort(begins.begin(), begins.end(), [](const NoteBegin &a, const NoteBegin &b) {
+        return std::tie(a.pitch, a.unit, a.start) < std::tie(b.pitch, b.unit, b.start);
     });
     return begins;
 }
 
-// A tie joins the next note of its pitch that begins at its end, and none when another began before. What is new in its
-// way parts what was tied.
+// A tie joins the next note of its pitch in the text when that begins at its end, and else none. What is new in its way
+// parts what was tied, and what goes lets it join what it did not.
 void NotePieces::settleTies()
 {
-    const auto pitches = newPitches();
+    const auto pitches = changedPitches();
     const auto hasTie = std::any_of(ofToken_.begin(), ofToken_.end(),
                                     [&](const NotePiece &piece) { return piece.isTied && pitches[piece.pitch % 128]; });
     if (!hasTie)
         return;
     const auto begins = beginsOf(pitches);
     std::vector<int> nextOfEvent(isNew_.size(), -1);
-    for (int token = int(layout_.tokens.size()) - 1; token >= 0; --token) {
-        const auto event = layout_.tokens[token].event;
-        if (event < 0 || isGone_[size_t(token)])
+    const NoteBegin *next = nullptr;
+    for (auto begin = begins.rbegin(); begin != begins.rend(); next = &*begin++) {
+        if (begin->token < 0)
             continue;
-        if (const auto &piece = ofToken_[size_t(token)]; piece.isTied && pitches[piece.pitch % 128])
-            settleTie(token, nextOfEvent[size_t(event)], begins);
-        nextOfEvent[size_t(event)] = token;
+        auto &nextOfOwn = nextOfEvent[size_t(layout_.tokens[begin->token].event)];
+        if (ofToken_[size_t(begin->token)].isTied)
+            settleTie(begin->token, nextOfOwn, next != nullptr && next->pitch == begin->pitch ? next : nullptr);
+        nextOfOwn = begin->token;
     }
 }
 
-void NotePieces::settleTie(int token, int continuation, const std::vector<NoteBegin> &begins)
+void NotePieces::settleTie(int token, int continuation, const NoteBegin *next)
 {
     auto &piece = ofToken_[size_t(token)];
-    const auto event = layout_.tokens[token].event;
-    auto begin = std::partition_point(begins.begin(), begins.end(), [&](const NoteBegin &other) {
-        return std::tie(other.pitch, other.start) <= std::tie(piece.pitch, piece.start);
-    });
-    for (; begin != begins.end() && begin->pitch == piece.pitch && begin->start <= piece.end(); ++begin) {
-        const bool isNew = begin->event < 0 || isNew_[size_t(begin->event)] || isNew_[size_t(event)];
-        if (begin->event == event || !isNew)
-            continue;
-        if (continuation >= 0) {
-            joinTied(event);
-            return;
-        }
-        if (begin->start == piece.end()) {
-            piece.isTied = false;
-            piece.isAltered = true;
-            setDirty(layout_.tokens[token].unit);
-            return;
-        }
+    const auto end = piece.isStaccato ? piece.start + piece.length / 2 : piece.end();
+    if (continuation >= 0) {
+        if (next == nullptr || next->token != continuation)
+            joinTied(layout_.tokens[token].event);
+    } else if (!piece.isAltered && next != nullptr && next->start == end) { // the edit's own tie leads to what is new
+        piece.isTied = false;
+        piece.isAltered = true;
+        setDirty(layout_.tokens[token].unit);
     }
 }
 

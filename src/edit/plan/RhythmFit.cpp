@@ -55,7 +55,7 @@ std::span<const NotePiece> startingWithin(const std::vector<NotePiece> &pieces, 
 
 bool fitsElements(const AbcLayout &layout, const AbcUnit &unit, const std::vector<NotePiece> &pieces)
 {
-    if (unit.isGap || pieces.empty())
+    if (unit.isGap || (pieces.empty() && !unit.isCut))
         return false;
     auto end = unit.start;
     for (auto i = unit.firstElement; i < unit.endElement; ++i) {
