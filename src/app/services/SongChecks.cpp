@@ -6,16 +6,6 @@
 
 #include <algorithm>
 
-namespace {
-
-bool isOfChecks(Settings::Setting setting)
-{
-    return setting == Settings::CheckSemitones || setting == Settings::CheckNotesAtOnce ||
-           setting == Settings::CheckCharacters;
-}
-
-} // namespace
-
 SongChecks::SongChecks(TrackList &tracks, const InstrumentSetModel &catalogue, const Settings &settings,
                        DefaultInstrument defaultInstrument, QObject *parent)
     : QObject(parent), tracks_(tracks), catalogue_(catalogue), settings_(settings),
@@ -28,7 +18,7 @@ SongChecks::SongChecks(TrackList &tracks, const InstrumentSetModel &catalogue, c
     connect(&tracks_, &TrackList::songChanged, &timer_, qOverload<>(&QTimer::start));
     connect(&catalogue_, &InstrumentSetModel::modelReset, this, &SongChecks::forget);
     connect(&settings_, &Settings::settingChanged, this, [this](Settings::Setting setting) {
-        if (isOfChecks(setting) || setting == Settings::DefaultInstrument)
+        if (isCheckOption(setting) || setting == Settings::DefaultInstrument)
             timer_.start();
     });
 }

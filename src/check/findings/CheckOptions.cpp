@@ -11,3 +11,9 @@ CheckOptions checkOptions(const std::function<QVariant(SettingsTable::Setting)> 
     options.mostCharacters = limit(SettingsTable::CheckCharacters);
     return options;
 }
+
+bool isCheckOption(SettingsTable::Setting setting)
+{
+    return setting == SettingsTable::CheckSemitones || setting == SettingsTable::CheckNotesAtOnce ||
+           setting == SettingsTable::CheckCharacters;
+}

@@ -14,4 +14,6 @@ struct CheckOptions
 
     bool operator==(const CheckOptions &) const = default;
 };
+// As they are set.
 CheckOptions checkOptions(const std::function<QVariant(SettingsTable::Setting)> &setting);
+bool isCheckOption(SettingsTable::Setting setting);

@@ -22,12 +22,13 @@ constexpr int restBeforeChecking = 60;
 
 // Of the part by itself and its one instrument: it may have no notes yet, and the song knows whether it has the
 // instrument that the text names.
-QVector<Finding> findingsIn(const QString &text, const Instrument &instrument, const std::stop_token &stop)
+QVector<Finding> findingsIn(const QString &text, const Instrument &instrument, const CheckOptions &options,
+                            const std::stop_token &stop)
 {
     InstrumentSet instruments;
     if (!instrument.tuning.notes.isEmpty())
         instruments.add(instrument);
-    auto findings = checkPart(text, instrument.name, instruments, {}, stop).findings;
+    auto findings = checkPart(text, instrument.name, instruments, options, stop).findings;
     findings.erase(std::remove_if(findings.begin(), findings.end(),
                                   [](const Finding &finding) {
                                       return finding.kind == FindingKind::EmptyPart ||
@@ -121,8 +122,9 @@ void EditorDocument::startChecking()
 {
     if (!isCurrent())
         return;
-    const auto check = [text = text_.toPlainText(), instrument = instrument_](const TaskControl &control) {
-        return findingsIn(text, instrument, control.stop());
+    const auto check = [text = text_.toPlainText(), instrument = instrument_,
+                        options = checkOptions_](const TaskControl &control) {
+        return findingsIn(text, instrument, options, control.stop());
     };
     const auto take = [this, revision = revision_](const QVector<Finding> &findings) {
         if (revision != revision_)
@@ -131,6 +133,14 @@ void EditorDocument::startChecking()
         emit findingsChanged();
     };
     checker_.start(check, take, [](const QString &) {}); // the reader says the same
+}
+
+void EditorDocument::setCheckOptions(const CheckOptions &options)
+{
+    if (options == checkOptions_)
+        return;
+    checkOptions_ = options;
+    checkTimer_.start();
 }
 
 void EditorDocument::fix(const QVector<Finding> &findings)

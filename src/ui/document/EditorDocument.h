@@ -2,6 +2,7 @@
 
 #include "assets/Instrument.h"
 #include "base/Task.h"
+#include "check/findings/CheckOptions.h"
 #include "check/findings/LiveFindings.h"
 #include "core/Track.h"
 #include "edit/LiveReading.h"
@@ -57,6 +58,7 @@ public:
     // and fixes, soon after.
     const QVector<Finding> &findings() const { return findings_.all(); }
     QVector<Finding> findingsAt(TextRange range) const { return findings_.at(range); }
+    void setCheckOptions(const CheckOptions &options);
     // Makes the fixes one step of the history; of those that overlap, the first one.
     void fix(const QVector<Finding> &findings);
 
@@ -202,6 +204,7 @@ private:
     std::optional<Gesture> gesture_;
     RewriteQuestion mayRewrite_;
     LiveFindings findings_;
+    CheckOptions checkOptions_;
     Task checker_;
     QTimer checkTimer_;
 

@@ -1,5 +1,6 @@
 #include "ui/editor/AbcEditorWindow.h"
 
+#include "check/findings/CheckOptions.h"
 #include "check/findings/FindingKinds.h"
 #include "settings/Settings.h"
 #include "ui/Dialogs.h"
@@ -41,6 +42,7 @@ AbcEditorWindow::AbcEditorWindow(Settings &settings, Dialogs &dialogs, TrackPlay
     createToolBar();
     connectActions();
     connectDocument();
+    followCheckOptions();
     resize(1080, 760);
     fitToScreen(*this);
     setManualPage(*this, "editor.md");
@@ -230,6 +232,19 @@ void AbcEditorWindow::connectDocument()
     auto *const edit = qobject_cast<QMenu *>(menuBar()->actions().at(1)->menu());
     connect(edit, &QMenu::aboutToShow, this, [this] {
         (*actions_)[Id::Undo]->setText(document_.canUndo() ? tr("&Undo %1").arg(document_.undoName()) : tr("&Undo"));
+    });
+}
+
+// The same that the song is checked by.
+void AbcEditorWindow::followCheckOptions()
+{
+    const auto take = [this] {
+        document_.setCheckOptions(checkOptions([this](auto setting) { return settings_.value(setting); }));
+    };
+    take();
+    connect(&settings_, &Settings::settingChanged, this, [take](Settings::Setting setting) {
+        if (isCheckOption(setting))
+            take();
     });
 }
 

@@ -67,6 +67,7 @@ private:
     void connectPlaying();
     void connectViews();
     void connectDocument();
+    void followCheckOptions();
     void save();
     void revert();
     void goToLine();

@@ -5,6 +5,7 @@
 #include "ui/roll/PianoRoll.h"
 
 #include <QDialogButtonBox>
+#include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QSet>
@@ -231,19 +232,38 @@ private slots:
                      {"actionChangeUnitLength", "cboUnitLength", "currentIndex", 3, "c2 d ^f4 | % end\n"},
                      {"actionChangeKey", "cboAccidentals", "currentIndex", 6, "c2 d f4 | % end\n"},
                      {"actionRealignNotes", "dlRegular", "value", 2, "c2 [d2f4] | % end\n"}};
+        editor.select(3, 3);
+        const auto line = [&] { return editor.text->textCursor().blockNumber(); };
+        const auto ownLine = line();
         for (const auto &step : steps) {
             const auto before = editor.plainText();
             perform(editor, step.command, QDialogButtonBox::Cancel, step.child, step.property, step.value);
             QCOMPARE(editor.plainText(), before);
             perform(editor, step.command, QDialogButtonBox::Ok, step.child, step.property, step.value);
             QCOMPARE(editor.body(), QLatin1String(step.body));
+            QCOMPARE(line(), ownLine);
         }
         QCOMPARE(editor.window.document().track().headerField(QStringLiteral("K")), QStringLiteral("G"));
         QCOMPARE(applied.size(), 4);
         QVERIFY(editor.window.document().isApplied());
-        for (int i = 0; i < 4; ++i)
+        for (int i = 0; i < 4; ++i) {
             editor.trigger("actionUndo");
+            QCOMPARE(line(), ownLine);
+        }
         QCOMPARE(editor.plainText(), start);
+    }
+
+    void limitsOfThePreferencesHold()
+    {
+        EditorFixture editor("[CEG] D\n");
+        auto *const list = editor.child<QListWidget>("problemList");
+        const auto shows = [&](const char *text) { return !list->findItems(Text(text), Qt::MatchContains).isEmpty(); };
+        editor.settings.setValue(Settings::CheckNotesAtOnce, 2);
+        QTRY_VERIFY(shows("3 notes sound at once; the limit is 2"));
+        editor.settings.setValue(Settings::CheckNotesAtOnce, 0);
+        QTRY_VERIFY(shows("No problems"));
+        editor.settings.setValue(Settings::CheckCharacters, 10);
+        QTRY_VERIFY(shows("the limit is 10"));
     }
 
     void quantises()
