@@ -49,7 +49,7 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
       editors_(session_, tracks_, playback_, settings_, dialogs_, services.makeEngine, this),
       keyboard_({settings_, player_, tracks_, playback_, editors_},
                 services.makeMidiInput ? services.makeMidiInput() : nullptr),
-      recorder_({settings_, tracks_, playback_, transport_, editors_, sound_.control()}, keyboard_),
+      recorder_({settings_, tracks_, playback_, transport_, editors_, dialogs_, this, sound_.control()}, keyboard_),
       journal_(session_, services.journalFolder), updates_(services.updateAddress),
       rows_(new TrackRows(tracks_, instruments_, settings_, dialogs_, this)), area_(new SongArea(tracks_, rows_, this)),
       instrumentList_(new InstrumentComboBox(instruments_, this)), masterMeter_(new VUMeter(Qt::Horizontal, this)),

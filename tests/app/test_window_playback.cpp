@@ -2,6 +2,7 @@
 #include "app/ExampleSongs.h"
 #include "app/Screenshot.h"
 #include "app/WindowFixture.h"
+#include "core/AbcParser.h"
 #include "support/GatedEngine.h"
 #include "ui/song/TrackVisualizationWidget.h"
 #include "ui/song/VUMeter.h"
@@ -163,6 +164,37 @@ private slots:
         QCOMPARE(track.noteCount(), 1);
         QVERIFY(std::abs(track.events().first().start() - pressed) <= ticksPerQuarter / 2);
         QVERIFY(!fixture_->action("actionRecord")->isChecked());
+    }
+
+    // A text that can hold the notes only when all of it is written anew; what was played is not lost if it may not.
+    void recordingAsksBeforeATextIsWrittenAnew()
+    {
+        fixture_->makeEngine = [] { return std::make_unique<BuiltinEngine>(EngineOutput::Paced); };
+        fixture_->makeWindow();
+        QVERIFY(fixture_->waitUntilLoaded());
+        auto &tracks = fixture_->tracks();
+        const auto track = parseAbc(QStringLiteral("X: 1\nL: 1/4\nM: 4/4\nK: C\n[Z2C8] | C4 | C4 | % end\n"));
+        const auto part = tracks.add(QString(), {NewTrack{track, QString()}}).first();
+        fixture_->keyboard.ports = QStringList(QStringLiteral("Piano"));
+        fixture_->settings().setValue(Settings::KeyboardPort, QStringLiteral("Piano"));
+        const auto hasItsText = [&] { return tracks.trackWithPath(part).toAbc().endsWith(QStringLiteral("end\n")); };
+        for (const auto answer : {Dialogs::Answer::No, Dialogs::Answer::Yes}) {
+            fixture_->dialogs().answer = answer;
+            tracks.setSelected(part, true);
+            fixture_->trigger("actionRecord");
+            const auto begin = overview(0)->position();
+            QTRY_VERIFY(overview(0)->position() > begin);
+            fixture_->keyboard.play({0x90, 72, 100});
+            QTest::qWait(100);
+            fixture_->keyboard.play({0x90, 72, 0});
+            QTest::qWait(10);
+            fixture_->trigger("actionStop");
+            QCOMPARE(fixture_->dialogs().takeAsked().size(), 1);
+            QCOMPARE(hasItsText(), answer == Dialogs::Answer::No);
+            QCOMPARE(tracks.ids().size(), 2);
+        }
+        QCOMPARE(tracks.song().last()->track->noteCount(), 1);
+        QCOMPARE(tracks.find(part)->track->noteCount(), track.noteCount() + 1);
     }
 
     // As with the mouse and the keys: the window is the active one.

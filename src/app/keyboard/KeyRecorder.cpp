@@ -6,6 +6,8 @@
 #include "audio/OutputControl.h"
 #include "core/AbcParser.h"
 #include "edit/plan/NoteEditPlan.h"
+#include "edit/plan/RewriteLoss.h"
+#include "ui/editor/RewriteQuestion.h"
 
 #include <algorithm>
 #include <utility>
@@ -107,14 +109,39 @@ Ticks KeyRecorder::step() const
 
 void KeyRecorder::write(const QVector<NoteSpec> &notes)
 {
-    if (notes.isEmpty() || !song_.tracks.find(part_) || song_.editors.insertNotes(part_, notes, tr("Record Notes")))
+    if (notes.isEmpty() || !song_.tracks.find(part_))
         return;
-    auto track = song_.tracks.trackWithPath(part_);
+    const auto inEditor = song_.editors.insertNotes(part_, notes, tr("Record Notes"));
+    const bool isWritten = inEditor ? *inEditor : writeInto(song_.tracks.trackWithPath(part_), notes);
+    if (!isWritten)
+        writeAsPart(notes);
+}
+
+// False where the user does not want it.
+bool KeyRecorder::writeInto(Track track, const QVector<NoteSpec> &notes)
+{
     const auto text = track.toAbc();
     const auto plan = NoteEditPlan::plan(text, readAbc(text), {{}, {}, notes});
     if (!plan)
-        return;
+        return true;
+    if (plan->rewritesAll && !mayRewriteText(song_.dialogs, song_.window, tr("Record Notes"), lostInRewriting(text),
+                                             tr("Otherwise what was played becomes a part of its own.")))
+        return false;
     auto recorded = parseAbc(applyChanges(text, plan->changes));
     recorded.setFilePath(track.filePath());
     song_.tracks.setTrack(tr("Record Notes"), part_, recorded);
+    return true;
+}
+
+// With the tempos and metres of the part that it was played to.
+void KeyRecorder::writeAsPart(const QVector<NoteSpec> &notes)
+{
+    const auto &part = *song_.tracks.find(part_);
+    NoteEdit exchange{{}, {}, notes};
+    for (int i = 0; i < part.track->events().size(); ++i)
+        exchange.removed.append(i);
+    auto played = NoteEditPlan::editedTrack(*part.track, NoteEditPlan::cleaned(*part.track, exchange));
+    played.setFilePath({});
+    played.toAbc();
+    song_.tracks.add(tr("Record Notes"), {{played, part.instrument}});
 }

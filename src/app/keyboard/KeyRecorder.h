@@ -6,7 +6,9 @@
 
 #include <QHash>
 
+class Dialogs;
 class OutputControl;
+class QWidget;
 class Transport;
 
 // Writes down what is played on the keyboard while the song runs: on a grid, into the part that is played, as one step
@@ -26,6 +28,8 @@ public:
         Playback &playback;
         Transport &transport;
         EditorWindows &editors;
+        Dialogs &dialogs;
+        QWidget *window; // in front of which is asked
         const OutputControl &output;
     };
 
@@ -36,7 +40,8 @@ public:
     // Into the part that is played at the moment; there must be one. The song is to be played next, unless it has
     // neither notes nor beats: then its time runs from here. tempoFactor: as it is heard.
     void start(double tempoFactor);
-    // What was played becomes notes.
+    // What was played becomes notes of the part; where its text would lose what stands beside the notes and the user
+    // does not want that, a part of its own.
     void finish();
     void cancel(); // it does not
 
@@ -59,6 +64,8 @@ private:
     void convert(const Key &key);
     Ticks step() const;
     void write(const QVector<NoteSpec> &notes);
+    bool writeInto(Track track, const QVector<NoteSpec> &notes);
+    void writeAsPart(const QVector<NoteSpec> &notes);
 
     Song song_;
     LiveKeyboard &keyboard_;

@@ -86,13 +86,13 @@ void EditorWindows::releaseKey(int pitch)
     }
 }
 
-bool EditorWindows::insertNotes(const QString &trackId, const QVector<NoteSpec> &notes, const QString &step)
+std::optional<bool> EditorWindows::insertNotes(const QString &trackId, const QVector<NoteSpec> &notes,
+                                               const QString &step)
 {
     const auto window = windows_.value(trackId);
     if (!window || window->document().isApplied())
-        return false;
-    window->document().insertNotes(notes, step);
-    return true;
+        return {};
+    return window->document().insertNotes(notes, step);
 }
 
 void EditorWindows::openAt(const QString &trackId, TextRange range, Ticks tick)

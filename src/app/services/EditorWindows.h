@@ -9,6 +9,8 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <optional>
+
 class AbcEditorWindow;
 struct Companions;
 class Dialogs;
@@ -37,8 +39,9 @@ public:
     // Of a MIDI keyboard; they enter notes in the editor that is active.
     void pressKey(int pitch);
     void releaseKey(int pitch);
-    // Into the editor's text, where that holds what is not applied; false where there is no such editor.
-    bool insertNotes(const QString &trackId, const QVector<NoteSpec> &notes, const QString &step);
+    // Into the editor's text, where that holds what is not applied; whether it was changed, nothing where there is no
+    // such editor.
+    std::optional<bool> insertNotes(const QString &trackId, const QVector<NoteSpec> &notes, const QString &step);
     // Adds what was edited of a track that was removed; the editor belongs to the new track from then on.
     void bringBack(const QString &trackId, const Track &track);
     // Those of tracks that are gone, whose changes no song has, ask about them; false when one stays open. The others

@@ -13,6 +13,7 @@
 #include "import/quantise/CleanQuantise.h"
 #include "ui/Dialogs.h"
 #include "ui/document/EditorDocument.h"
+#include "ui/editor/RewriteQuestion.h"
 #include "ui/transform/DialogFrame.h"
 #include "ui/transform/KeyDialog.h"
 #include "ui/transform/RealignNotesDialog.h"
@@ -77,21 +78,7 @@ EditorTransforms::Closing EditorTransforms::askAboutErrors(const QString &error)
 
 bool EditorTransforms::mayRewrite(const RewriteLoss &loss)
 {
-    QStringList lost;
-    const auto add = [&](int count, const QString &words) {
-        if (count > 0)
-            lost += words;
-    };
-    add(loss.barLines, tr("%n bar line(s)", nullptr, loss.barLines));
-    add(loss.chordSymbols, tr("%n chord symbol(s) and text(s) above the staff", nullptr, loss.chordSymbols));
-    add(loss.decorations, tr("%n decoration(s), grace notes and slurs", nullptr, loss.decorations));
-    add(loss.comments, tr("%n comment(s)", nullptr, loss.comments));
-    const auto losses =
-        lost.isEmpty() ? tr("its line breaks and its own way of writing notes") : lost.join(QStringLiteral(", "));
-    return dialogs_.ask(&window_, tr("ABC Editor"),
-                        tr("The whole text must be written anew for this change. The notes stay as they are, but the "
-                           "text loses: %1.\n\nWrite it anew?")
-                            .arg(losses)) == Dialogs::Answer::Yes;
+    return mayRewriteText(dialogs_, &window_, tr("ABC Editor"), loss);
 }
 
 void EditorTransforms::become(Track track, const QString &name)
