@@ -3,6 +3,7 @@
 #include "core/AbcWriter.h"
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -50,9 +51,14 @@ int Track::noteCount() const
 QMap<quint32, int> Track::pitchCounts() const
 {
     QMap<quint32, int> counts;
+    std::array<int, 128> usual{}; // nearly all, counted fast
     for (const auto &event : events_) {
         if (event.isNote())
-            ++counts[event.pitch()];
+            ++(event.pitch() < usual.size() ? usual[event.pitch()] : counts[event.pitch()]);
+    }
+    for (quint32 pitch = 0; pitch < usual.size(); ++pitch) {
+        if (usual[pitch] > 0)
+            counts[pitch] = usual[pitch];
     }
     return counts;
 }

@@ -4,7 +4,7 @@
 #include <QString>
 
 #include <algorithm>
-#include <string_view>
+#include <array>
 
 namespace {
 
@@ -96,7 +96,7 @@ bool isAsciiLetter(QChar c)
 
 void MusicLineReader::readNext()
 {
-    if (readSkipped() || readGrouping() || readBracket() || readBarLine() || readNote() || readRest())
+    if (readNote() || readSkipped() || readGrouping() || readBracket() || readBarLine() || readRest())
         return;
     // Letters that stand for decorations, as the standard and the user have them.
     const auto c = peek();
@@ -384,17 +384,18 @@ bool MusicLineReader::readNote()
     const auto begin = at_;
     WrittenPitch pitch;
     pitch.accidental = readAccidental();
-    constexpr std::u16string_view letters = u"CDEFGABcdefgab";
-    const auto index = letters.find(peek().unicode());
-    if (index == letters.npos) {
+    const auto letter = peek();
+    const bool isLow = letter >= u'A' && letter <= u'G';
+    if (!isLow && !(letter >= u'a' && letter <= u'g')) {
         if (at_ == begin)
             return false;
         listener_.unreadable(line_.mid(begin, at_ - begin));
         return true;
     }
     ++at_;
-    pitch.letter = int(index % 7);
-    pitch.octave = int(index / 7);
+    constexpr std::array<int, 7> fromA{5, 6, 0, 1, 2, 3, 4};
+    pitch.letter = fromA[size_t(letter.unicode() - (isLow ? u'A' : u'a'))];
+    pitch.octave = isLow ? 0 : 1;
     for (; peek() == u',' || peek() == u'\''; ++at_)
         pitch.octave = std::clamp(pitch.octave + (peek() == u',' ? -1 : 1), -9, 9);
     voice().note(pitch, readLength());

@@ -138,8 +138,6 @@ void Performer::noteSigns()
 // The key and metre of the place where playing goes on hold there again, whatever came since.
 void Performer::showSigns(const ScoreItem &item)
 {
-    if (signs_.isEmpty())
-        return;
     const auto tick = now_.rounded();
     const auto shown = std::exchange(shown_, signs_[int(&item - items_.data())]);
     if (const auto *const key = shown_.key; key != shown.key && key != nullptr)
@@ -151,8 +149,8 @@ void Performer::showSigns(const ScoreItem &item)
 void Performer::playItem(const ScoreItem &item)
 {
     spend(1 + qint64(item.notes.count));
-    showSigns(item);
-    const auto tick = now_.rounded();
+    if (!signs_.isEmpty())
+        showSigns(item);
     switch (item.kind) {
     case Kind::Sound:
         sound(item);
@@ -167,10 +165,10 @@ void Performer::playItem(const ScoreItem &item)
         break;
     case Kind::ChordName:
         if (layer_ == 0)
-            performed_.chords.push_back({tick, item.text, int(item.first)});
+            performed_.chords.push_back({now_.rounded(), item.text, int(item.first)});
         break;
     case Kind::Tempo:
-        performed_.tempos.append(TrackEvent::tempo(tick, item.first, item.second, item.perMinute));
+        performed_.tempos.append(TrackEvent::tempo(now_.rounded(), item.first, item.second, item.perMinute));
         break;
     default:
         break;
@@ -191,18 +189,23 @@ void Performer::endMeasure()
 
 void Performer::sound(const ScoreItem &item)
 {
-    const auto taken = playGraces(item);
-    auto start = now_;
-    start.advance(taken);
-    for (const auto &note : score_.in(item.notes))
-        playNote(note, start, taken.isZero() ? note.length : note.length - taken);
+    const auto taken = item.graces.count > 0 ? playGraces(item) : Fraction();
+    if (taken.isZero()) {
+        for (const auto &note : score_.in(item.notes))
+            playNote(note, now_, note.length);
+    } else {
+        auto start = now_;
+        start.advance(taken);
+        for (const auto &note : score_.in(item.notes))
+            playNote(note, start, note.length - taken);
+    }
     now_.advance(item.duration);
 }
 
 // Each lasts a quarter of its written length; where that leaves nothing of the note they are left out.
 Fraction Performer::playGraces(const ScoreItem &item)
 {
-    if (graces_ == GraceNotes::Drop || item.notes.count == 0 || item.graces.count == 0)
+    if (graces_ == GraceNotes::Drop || item.notes.count == 0)
         return {};
     Fraction total;
     for (const auto &grace : score_.in(item.graces))
@@ -264,12 +267,12 @@ void Performer::loseTies()
 // The index of the new note, -1 when it is too low to have a number.
 int Performer::appendNote(int pitch, const MusicTime &start, const MusicTime &end)
 {
+    const auto tick = start.rounded();
     if (pitch < 0) {
-        performed_.report.add(ImportFinding::OutOfRange, start.rounded());
+        performed_.report.add(ImportFinding::OutOfRange, tick);
         return -1;
     }
-    const auto length = std::max<Ticks>(1, end.rounded() - start.rounded());
-    performed_.notes.append(TrackEvent::note(quint32(pitch), start.rounded(), length));
+    performed_.notes.append(TrackEvent::note(quint32(pitch), tick, std::max<Ticks>(1, end.rounded() - tick)));
     return int(performed_.notes.size()) - 1;
 }
 

@@ -37,7 +37,8 @@ bool RepeatWalk::step(const ScoreItem &item)
         return true;
     default:
         ++at_;
-        passMeasures(item.kind == Kind::Bar ? 1 : item.kind == Kind::Sound ? int(item.first) : 0);
+        if (const int measures = item.kind == Kind::Bar ? 1 : item.kind == Kind::Sound ? int(item.first) : 0)
+            passMeasures(measures);
         return false;
     }
 }
@@ -54,7 +55,7 @@ void RepeatWalk::passMeasures(int count)
 {
     constexpr int mostCounted = 1'000'000; // a text that repeats without end comes here for as long
     measuresOfEnding_ = std::min(measuresOfEnding_ + std::min(count, mostCounted), mostCounted);
-    if (count > 0 && measuresOfEnding_ == measuresOfLast_)
+    if (measuresOfEnding_ == measuresOfLast_)
         strain_ = at_;
 }
 

@@ -222,26 +222,24 @@ QString TuneConversion::titleOf(const Voice &voice) const
 // The fields in the game's words. Every tempo is written with its beat, so that it means the same to all.
 void TuneConversion::writeHeader(Track &track, const Voice &voice) const
 {
-    const auto set = [&track](const char *letter, const QString &value) {
-        track.setHeaderField(QLatin1String(letter), value);
-    };
-    set("X", QStringLiteral("1"));
-    set("T", titleOf(voice));
+    track.setHeaderField(QStringLiteral("X"), QStringLiteral("1"));
+    track.setHeaderField(QStringLiteral("T"), titleOf(voice));
     for (const auto &[letter, values] : score_.texts) {
         for (const auto &value : letter == u'T' ? QStringList() : values)
             track.appendHeaderField(letter, value);
     }
     const auto &start = score_.start;
     if (!start.metre.isNone()) {
-        set("M", fractionText(start.metre.numerator, start.metre.denominator));
+        track.setHeaderField(QStringLiteral("M"), fractionText(start.metre.numerator, start.metre.denominator));
         track.setMetre(quint32(start.metre.measureTicks()), start.metre.numerator);
     }
     const auto unit = start.unitLength * Fraction(1, ticksPerWholeNote);
-    set("L", fractionText(unit.numerator(), unit.denominator()));
+    track.setHeaderField(QStringLiteral("L"), fractionText(unit.numerator(), unit.denominator()));
     const auto tempo = score_.tempo.value_or(TempoValue());
-    set("Q", fractionText(tempo.beatNumerator, tempo.beatDenominator) + u'=' + QString::number(tempo.bpm));
+    track.setHeaderField(QStringLiteral("Q"),
+                         fractionText(tempo.beatNumerator, tempo.beatDenominator) + u'=' + QString::number(tempo.bpm));
     track.setTempo(TrackEvent::tempo(0, tempo.beatNumerator, tempo.beatDenominator, tempo.bpm).ticksPerMinute());
-    set("K", KeyTable::keyName(start.key.row, start.key.mode));
+    track.setHeaderField(QStringLiteral("K"), KeyTable::keyName(start.key.row, start.key.mode));
 }
 
 StandardTune readOne(const TunebookTune &source, const StandardAbcOptions &options, const std::stop_token &stop)
