@@ -242,14 +242,16 @@ QVector<StandardTune> SourceReader::standardTunes(const QString &text)
 bool SourceReader::readStandardAbc(const QString &text)
 {
     const auto tunes = standardTunes(text);
-    QVector<Track> asTheGameReads;
+    QVector<GameReading> ofTheGame;
     for (const auto &tune : tunesOf(text)) {
+        GameReading reading;
         try {
-            asTheGameReads.append(parseAbc(tune.text, stop_));
+            reading.track = parseAbcWithReport(tune.text, reading.report, stop_);
         } catch (const QString &) { // the standard allows more
         }
+        ofTheGame.append(reading);
     }
-    const auto differences = differencesFromTheGame(tunes, asTheGameReads);
+    const auto differences = differencesFromTheGame(tunes, ofTheGame);
     if (tunes.isEmpty() || (options_.abc == AbcDialect::Auto && differences.isEmpty()))
         return false;
     takeStandard(tunes, differences);

@@ -4,6 +4,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -39,30 +40,47 @@ bool isWrittenForTheGame(const QString &text)
     return !text.contains(u'|') || mark.match(text).hasMatch();
 }
 
-QStringList differencesFromTheGame(const QVector<StandardTune> &tunes, const QVector<Track> &asTheGameReads)
+QStringList differencesFromTheGame(const QVector<StandardTune> &tunes, const QVector<GameReading> &ofTheGame)
 {
     bool hasRepeats = false;
     bool hasVoices = false;
     bool hasOtherTempo = false;
-    bool hasOtherNotes = tunes.size() != asTheGameReads.size();
+    bool hasOtherNotes = tunes.size() != ofTheGame.size();
+    bool hasRefused = false;
+    PartReport found;
+    for (const auto &reading : ofTheGame) {
+        found.add(reading.report);
+        hasRefused |= !reading.track;
+    }
     for (int i = 0; i < tunes.size(); ++i) {
         const auto &tune = tunes[i];
         hasRepeats |= tune.repeatsPlayed > 0;
         hasVoices |= tune.voices.size() > 1;
-        if (tune.voices.size() != 1 || i >= asTheGameReads.size())
+        if (tune.voices.size() != 1 || i >= ofTheGame.size() || !ofTheGame[i].track)
             continue;
         const auto &track = tune.voices.first().track;
-        hasOtherTempo |= track.ticksPerMinute() != asTheGameReads[i].ticksPerMinute();
-        hasOtherNotes |= !haveSameNotes(track, asTheGameReads[i]);
+        const auto &other = *ofTheGame[i].track;
+        hasOtherTempo |= track.ticksPerMinute() != other.ticksPerMinute();
+        hasOtherNotes |= !haveSameNotes(track, other);
     }
+    const bool hasOthers = hasRepeats || hasVoices || hasOtherNotes;
+    const auto isFound = [&](ImportFinding finding) { return hasOthers && found.count(finding) > 0; };
+    const bool areBarLines = isFound(ImportFinding::BarLineSilence) || isFound(ImportFinding::BarLineOverlap);
+    const bool areTies = isFound(ImportFinding::TieLost);
+    const std::pair<bool, QString> all[]{
+        {hasRepeats, Texts::tr("repeats")},
+        {hasVoices, Texts::tr("voices")},
+        {hasOtherTempo, Texts::tr("tempo")},
+        {areBarLines, Texts::tr("bar lines")},
+        {areTies, Texts::tr("ties")},
+        {hasRefused, Texts::tr("signs that it cannot read")},
+        {hasOtherNotes && !(hasRepeats || hasVoices || areBarLines || areTies || hasRefused),
+         Texts::tr("accidentals or note lengths")},
+    };
     QStringList differences;
-    if (hasRepeats)
-        differences.append(Texts::tr("repeats"));
-    if (hasVoices)
-        differences.append(Texts::tr("voices"));
-    if (hasOtherTempo)
-        differences.append(Texts::tr("tempo"));
-    if (hasOtherNotes && !hasRepeats && !hasVoices)
-        differences.append(Texts::tr("bar lines, ties or accidentals"));
+    for (const auto &[is, words] : all) {
+        if (is)
+            differences.append(words);
+    }
     return differences;
 }
