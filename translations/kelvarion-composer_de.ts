@@ -1871,8 +1871,20 @@ Möchten Sie ihn abbrechen?</translation>
         <translation>Tempo</translation>
     </message>
     <message>
-        <source>bar lines, ties or accidentals</source>
-        <translation>Taktstriche, Haltebögen oder Vorzeichen</translation>
+        <source>bar lines</source>
+        <translation>Taktstriche</translation>
+    </message>
+    <message>
+        <source>ties</source>
+        <translation>Haltebögen</translation>
+    </message>
+    <message>
+        <source>signs that it cannot read</source>
+        <translation>Zeichen, die es nicht lesen kann</translation>
+    </message>
+    <message>
+        <source>accidentals or note lengths</source>
+        <translation>Vorzeichen oder Notenlängen</translation>
     </message>
 </context>
 <context>
@@ -5967,6 +5979,14 @@ Bitte wählen Sie andere.</translation>
 </context>
 <context>
     <name>TuneChooser</name>
+    <message>
+        <source>Find</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Find tunes by a part of their names</source>
+        <translation>Stücke nach einem Teil ihres Namens suchen</translation>
+    </message>
     <message>
         <source>Choose Tunes</source>
         <translation>Stücke wählen</translation>

@@ -1871,8 +1871,20 @@ Voulez-vous l’arrêter ?</translation>
         <translation>tempo</translation>
     </message>
     <message>
-        <source>bar lines, ties or accidentals</source>
-        <translation>barres de mesure, liaisons ou altérations</translation>
+        <source>bar lines</source>
+        <translation>barres de mesure</translation>
+    </message>
+    <message>
+        <source>ties</source>
+        <translation>liaisons</translation>
+    </message>
+    <message>
+        <source>signs that it cannot read</source>
+        <translation>signes qu’il ne sait pas lire</translation>
+    </message>
+    <message>
+        <source>accidentals or note lengths</source>
+        <translation>altérations ou durées des notes</translation>
     </message>
 </context>
 <context>
@@ -5967,6 +5979,14 @@ Veuillez en choisir d’autres.</translation>
 </context>
 <context>
     <name>TuneChooser</name>
+    <message>
+        <source>Find</source>
+        <translation>Chercher</translation>
+    </message>
+    <message>
+        <source>Find tunes by a part of their names</source>
+        <translation>Chercher des morceaux par une partie de leur nom</translation>
+    </message>
     <message>
         <source>Choose Tunes</source>
         <translation>Choisir des airs</translation>

@@ -100,8 +100,8 @@ private slots:
         dialogs.foreignAnswer = {};
         fixture_->trigger("actionOpen");
         QTRY_COMPARE(dialogs.asked.size(), 2);
-        QVERIFY2(dialogs.takeAsked()[1].startsWith(
-                     QStringLiteral("Open Tracks|book.abc uses notation that the game reads otherwise: repeats.")),
+        QVERIFY2(dialogs.takeAsked()[1].startsWith(QStringLiteral(
+                     "Open Tracks|book.abc uses notation that the game reads otherwise: repeats, bar lines.")),
                  "named");
         QVERIFY(fixture_->tracks().isEmpty());
 

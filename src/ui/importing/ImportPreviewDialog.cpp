@@ -93,15 +93,13 @@ ImportPreviewDialog::ImportPreviewDialog(const QVector<SongSource> &sources, con
     setManualPage(*this, "import.md");
     setWindowTitle(titleOf(sources));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-    auto *const left = new QVBoxLayout;
-    left->addWidget(makeTable(), 1);
-    left->addWidget(loss_);
-    left->addWidget(makeListening());
     auto *const middle = new QHBoxLayout;
-    middle->addLayout(left, 1);
+    middle->addWidget(makeTable(), 1);
     middle->addWidget(makeSettings(kindsOf(sources, song)));
     auto *const column = new QVBoxLayout(this);
     column->addLayout(middle, 1);
+    column->addWidget(loss_);
+    column->addWidget(makeListening());
     column->addWidget(makeButtons());
     const auto room = screen()->availableSize() * 0.95;
     resize(QSize(1440, 700).boundedTo(room));

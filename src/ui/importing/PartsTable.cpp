@@ -90,7 +90,10 @@ QString PartsTable::lossText(int part) const
     add(shown.droppedNotes(), tr("%1 notes are moved out of range"));
     if (const auto line = lineOf(shown.report()); !line.isEmpty())
         texts.append(line);
-    return texts.join(QStringLiteral(", "));
+    auto text = texts.join(QStringLiteral(", "));
+    if (!text.isEmpty())
+        text[0] = text[0].toUpper();
+    return text;
 }
 
 int PartsTable::rowCount(const QModelIndex &parent) const

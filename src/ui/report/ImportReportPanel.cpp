@@ -3,10 +3,39 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QShortcut>
+#include <QStyledItemDelegate>
 #include <QTreeView>
 #include <QVBoxLayout>
 
-#include <algorithm>
+namespace {
+
+// In a narrow window long words take several lines: a tree makes its rows as high, but does not say how wide they are.
+class WrappedWords : public QStyledItemDelegate
+{
+public:
+    explicit WrappedWords(QTreeView *view) : QStyledItemDelegate(view), view_(*view)
+    {
+        connect(view->header(), &QHeaderView::sectionResized, this, [this](int section) {
+            if (section == ImportReportModel::What)
+                emit sizeHintChanged({});
+        });
+        // Later, since a resized section may come of the rows' heights.
+        connect(this, &QAbstractItemDelegate::sizeHintChanged, view, &QTreeView::doItemsLayout, Qt::QueuedConnection);
+    }
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        const int depth = index.parent().isValid() ? 2 : 1;
+        auto cell = option;
+        cell.rect.setSize({view_.columnWidth(index.column()) - depth * view_.indentation(), 1});
+        return QStyledItemDelegate::sizeHint(cell, index);
+    }
+
+private:
+    const QTreeView &view_;
+};
+
+} // namespace
 
 ImportReportPanel::ImportReportPanel(QWidget *parent) : QWidget(parent), line_(new QLabel), view_(new QTreeView)
 {
@@ -19,11 +48,13 @@ ImportReportPanel::ImportReportPanel(QWidget *parent) : QWidget(parent), line_(n
     view_->setObjectName(QStringLiteral("importReport"));
     view_->setAccessibleName(tr("Import report"));
     view_->setModel(&model_);
-    view_->setUniformRowHeights(true);
+    view_->setWordWrap(true);
+    view_->setItemDelegateForColumn(ImportReportModel::What, new WrappedWords(view_));
     view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    view_->header()->setStretchLastSection(false); // in a narrow window what is too long is cut, not the place
+    view_->header()->setStretchLastSection(false);
     view_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     view_->header()->setSectionResizeMode(ImportReportModel::What, QHeaderView::Stretch);
+    view_->setMinimumWidth(42 * fontMetrics().averageCharWidth());
     view_->setToolTip(
         tr("A click shows the place, the next click the next one; a double click opens it in the editor"));
     connect(view_, &QTreeView::clicked, this, &ImportReportPanel::choose);
@@ -39,18 +70,6 @@ void ImportReportPanel::show(const QString &line, const QVector<ReportedPart> &p
     line_->setText(line.isEmpty() ? tr("Of the last import there is nothing to report.") : line);
     model_.show(parts);
     view_->expandAll();
-    fitWords();
-}
-
-// What was found most often can be read beside the place; long words do not take the room of the rows.
-void ImportReportPanel::fitWords()
-{
-    const QAbstractItemView &view = *view_;
-    int width = 2 * view_->frameWidth() + style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, view_);
-    for (int column = 0; column < model_.columnCount({}); ++column)
-        width += std::max(view.sizeHintForColumn(column), view_->header()->sectionSizeHint(column));
-    const int character = fontMetrics().averageCharWidth();
-    view_->setMinimumWidth(std::clamp(width, 50 * character, 64 * character));
 }
 
 void ImportReportPanel::choose(const QModelIndex &row)

@@ -25,7 +25,6 @@ signals:
 private:
     void choose(const QModelIndex &row);
     void edit(const QModelIndex &row);
-    void fitWords();
 
     ImportReportModel model_;
     QLabel *line_;

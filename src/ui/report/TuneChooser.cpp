@@ -2,10 +2,17 @@
 
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
+
+namespace {
+
+constexpr int fewTunes = 12; // that can be seen at once
+
+} // namespace
 
 TuneChooser::TuneChooser(const QString &book, const QStringList &tunes, QWidget *parent)
     : QDialog(parent), list_(new QListWidget)
@@ -25,6 +32,14 @@ TuneChooser::TuneChooser(const QString &book, const QStringList &tunes, QWidget 
     connect(none, &QPushButton::clicked, this, [this] { tickAll(Qt::Unchecked); });
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto *const find = new QLineEdit;
+    find->setObjectName(QStringLiteral("edtFindTune"));
+    find->setPlaceholderText(tr("Find"));
+    find->setAccessibleName(tr("Find tunes by a part of their names"));
+    find->setToolTip(find->accessibleName());
+    find->setClearButtonEnabled(true);
+    find->setVisible(tunes.size() > fewTunes);
+    connect(find, &QLineEdit::textChanged, this, &TuneChooser::showOnly);
     connect(list_, &QListWidget::itemChanged, this, [this] { open_->setEnabled(!chosen().isEmpty()); });
 
     auto *const column = new QVBoxLayout(this);
@@ -32,18 +47,28 @@ TuneChooser::TuneChooser(const QString &book, const QStringList &tunes, QWidget 
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     column->addWidget(label);
+    column->addWidget(find);
     column->addWidget(list_, 1);
     column->addWidget(buttons);
     resize(420, 360);
 }
 
+// All that are shown.
 void TuneChooser::tickAll(Qt::CheckState state)
 {
     const QSignalBlocker blocker(list_);
-    for (int row = 0; row < list_->count(); ++row)
-        list_->item(row)->setCheckState(state);
-    open_->setEnabled(state == Qt::Checked);
+    for (int row = 0; row < list_->count(); ++row) {
+        if (!list_->item(row)->isHidden())
+            list_->item(row)->setCheckState(state);
+    }
+    open_->setEnabled(!chosen().isEmpty());
     list_->viewport()->update();
+}
+
+void TuneChooser::showOnly(const QString &words)
+{
+    for (int row = 0; row < list_->count(); ++row)
+        list_->item(row)->setHidden(!list_->item(row)->text().contains(words.trimmed(), Qt::CaseInsensitive));
 }
 
 QVector<int> TuneChooser::chosen() const

@@ -19,6 +19,7 @@ public:
 
 private:
     void tickAll(Qt::CheckState state);
+    void showOnly(const QString &words); // tunes with them in their names
 
     QListWidget *list_;
     QPushButton *open_;
