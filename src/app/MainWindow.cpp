@@ -190,6 +190,7 @@ void MainWindow::connectPlayer()
     connect(&player_, &TrackPlayer::notePressed, this, &MainWindow::onNotePressed);
     connect(&player_, &TrackPlayer::noteReleased, this, &MainWindow::onNoteReleased);
     connect(&player_, &TrackPlayer::loadingSample, this, &MainWindow::onLoadingSample);
+    connect(&player_, &TrackPlayer::engineMade, &status_, &StatusIndicators::showEngineProblem);
     connect(&player_, &TrackPlayer::outputChanged, &status_, &StatusIndicators::showOutputProblem);
 }
 

@@ -32,6 +32,7 @@ StatusIndicators::StatusIndicators(QMainWindow &window) : bar_(*window.statusBar
     // Here, since a key belongs to one thing only and several indicators may be shown.
     auto *const escape = new QShortcut(Qt::Key_Escape, &window);
     connect(escape, &QShortcut::activated, this, &StatusIndicators::cancelAll);
+    engineProblem_ = addNotice("engineProblem");
     outputProblem_ = addNotice("outputProblem");
     missingDevice_ = addNotice("missingDevice");
     recording_ = addNotice("recording");
@@ -143,6 +144,13 @@ void StatusIndicators::showRecording(bool isRecording)
 void StatusIndicators::showLoadingSample(const QString &samplePath)
 {
     bar_.showMessage(tr("Loading sample %1...").arg(samplePath), 3000);
+}
+
+void StatusIndicators::showEngineProblem(const QString &problem)
+{
+    constexpr int widest = 420; // so that it has room in a small window
+    engineProblem_->setToolTip(problem);
+    show(*engineProblem_, engineProblem_->fontMetrics().elidedText(problem, Qt::ElideRight, widest));
 }
 
 void StatusIndicators::showOutputProblem(const QString &problem)

@@ -32,7 +32,8 @@ public:
 
     void showRecording(bool isRecording);
     void showLoadingSample(const QString &samplePath);
-    // Both stay while they are there; empty: there is none.
+    // These stay while they are there; empty: there is none.
+    void showEngineProblem(const QString &problem);
     void showOutputProblem(const QString &problem);
     void showJournalProblem(const QString &problem);
     void follow(const Settings &settings);
@@ -44,6 +45,7 @@ private:
     void cancelAll();
 
     QStatusBar &bar_;
+    QLabel *engineProblem_;
     QLabel *outputProblem_;
     QLabel *missingDevice_;
     QLabel *recording_;

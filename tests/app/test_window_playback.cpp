@@ -540,10 +540,13 @@ private slots:
     void tellsThatNothingIsHeard()
     {
         const auto *const notice = fixture_->child<QLabel>("outputProblem");
+        const auto *const engine = fixture_->child<QLabel>("engineProblem");
         for (const auto &problem : {QStringLiteral("There is no sound device."), QString()}) {
             emit player().outputChanged(problem);
             QCOMPARE(notice->text(), problem);
             QCOMPARE(notice->isVisible(), !problem.isEmpty());
+            emit player().engineMade(problem);
+            QCOMPARE(engine->isVisible(), !problem.isEmpty());
         }
     }
 

@@ -250,7 +250,7 @@ private slots:
             return MadeEngine(std::make_unique<CountedEngine>(engines, told), QStringLiteral("no. %1").arg(engines));
         };
         PlayerWorker worker(makeEngine, steadyMilliseconds, 0);
-        connect(&worker, &PlayerWorker::warned, this, [&](const QString &text) { told.append(text); });
+        connect(&worker, &PlayerWorker::engineMade, this, [&](const QString &text) { told.append(text); });
         connect(&worker, &PlayerWorker::outputChanged, this, [&](const QString &text) { told.append(text); });
         const auto play = [&] { worker.playTrack({QStringLiteral("a"), clicks(1), click_}); };
         worker.initialize();
@@ -264,8 +264,9 @@ private slots:
         QCOMPARE(engines, 2);
         worker.stopAll();
         play();
-        QCOMPARE(told, QStringList({QStringLiteral("The sound library failed."), QString(), QStringLiteral("2: 0.5"),
-                                    QStringLiteral("no. 2"), QStringLiteral("3: 0.5"), QStringLiteral("no. 3")}));
+        QCOMPARE(told, QStringList({QStringLiteral("no. 1"), QStringLiteral("The sound library failed."),
+                                    QStringLiteral("no. 2"), QString(), QStringLiteral("2: 0.5"),
+                                    QStringLiteral("no. 3"), QStringLiteral("3: 0.5")}));
         worker.terminate();
     }
 

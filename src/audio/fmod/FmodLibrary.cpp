@@ -12,11 +12,6 @@ namespace {
 constexpr unsigned oldest = 0x00010800;
 constexpr unsigned newest = 0x000203ff;
 
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("FmodLibrary", text);
-}
-
 std::mutex &systemMutex()
 {
     static std::mutex mutex;
@@ -71,6 +66,17 @@ fmodlib::Result tryHeaderVersions(Create create)
     return fmodlib::headerMismatch;
 }
 
+// A name that is no file here is one for the system to look for.
+QString placeOf(const QString &chosenFile)
+{
+    const QFileInfo chosen(chosenFile);
+    if (chosen.exists())
+        return chosen.absoluteFilePath();
+    if (chosen.path() != u".")
+        throw FmodLibrary::tr("There is no file %1.").arg(chosenFile);
+    return chosenFile;
+}
+
 } // namespace
 
 std::shared_ptr<const FmodLibrary> FmodLibrary::open(const QString &file)
@@ -97,7 +103,7 @@ void FmodLibrary::resolve()
         function = reinterpret_cast<Function>(symbol);
     });
     if (!missing.isEmpty())
-        throw translated("%1 is no FMOD library, or one that is not supported: it has no %2.")
+        throw tr("%1 is no FMOD library, or one that is not supported: it has no %2.")
             .arg(file_, missing.size() > 3 ? missing.first() : missing.join(QStringLiteral(", ")));
 }
 
@@ -116,18 +122,16 @@ void FmodLibrary::readVersion()
         result = result != 0 ? result : released;
     }
     if (result != 0)
-        throw translated("%1 does not start: FMOD Error: %2").arg(file_, QString::fromUtf8(fmodlib::textOf(result)));
+        throw tr("%1 does not start: FMOD Error: %2").arg(file_, QString::fromUtf8(fmodlib::textOf(result)));
     if (version_ < oldest || version_ > newest)
-        throw translated("%1 is FMOD %2; 1.08 to 2.03 are supported.").arg(file_, versionText());
+        throw tr("%1 is FMOD %2; 1.08 to 2.03 are supported.").arg(file_, versionText());
 }
 
 std::shared_ptr<const FmodLibrary> FmodLibrary::find(const QString &chosenFile, const QString &gameFolder)
 {
-    if (const QFileInfo chosen(chosenFile); chosen.exists()) // without a folder the system would look for it
-        return open(chosen.absoluteFilePath());
     if (!chosenFile.isEmpty())
-        return open(chosenFile);
-    QString reason = translated("No FMOD library was found.");
+        return open(placeOf(chosenFile));
+    QString reason = tr("No FMOD library was found.");
     for (const auto &file : candidates(gameFolder)) {
         try {
             return open(file);

@@ -2,6 +2,7 @@
 
 #include "audio/fmod/FmodApi.h"
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -10,6 +11,8 @@
 // An FMOD library of the user's that was opened and found usable. Once opened it stays so. [any]
 class FmodLibrary
 {
+    Q_DECLARE_TR_FUNCTIONS(FmodLibrary)
+
 public:
     // Throws a QString with what is wrong: no library, symbols that are missing, a version that is not supported.
     static std::shared_ptr<const FmodLibrary> open(const QString &file);

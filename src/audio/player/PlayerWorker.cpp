@@ -60,7 +60,7 @@ void PlayerWorker::openEngine()
 {
     auto made = makeEngine_();
     engine_ = std::move(made.engine);
-    engineWarning_ = made.warning;
+    emit engineMade(made.warning);
     const auto result = engine_->initialize();
     const bool isUnheard = result == AudioResult::NoDevice || result == AudioResult::DeviceNotAnswering;
     if (!check(result) && !isUnheard) {
@@ -259,8 +259,6 @@ void PlayerWorker::playTracks(const QVector<PlayRequest> &requests)
 {
     guarded([this] { renewWhenDue(); });
     withEngine([&] {
-        if (const auto warning = std::exchange(engineWarning_, QString()); !warning.isEmpty())
-            emit warned(warning);
         wake();
         playing_->play(requests);
     });

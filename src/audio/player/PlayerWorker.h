@@ -44,6 +44,8 @@ signals: // [audio]
     void notePressed(const QString &trackId, int eventIndex);
     void noteReleased(const QString &trackId, int eventIndex);
     void loadingSample(const QString &samplePath);
+    // What the user should know of the engine that was made; mostly nothing, which is an empty text.
+    void engineMade(const QString &warning);
     // Why nothing can be heard, or an empty text when it can be heard again.
     void outputChanged(const QString &problem);
     // Tracks do not begin yet, since samples of their first second are missing: those of this track (from 1) of so
@@ -128,7 +130,6 @@ private: // [audio]
     Instrument keyInstrument_;
     float keyVolume_ = 1;
     bool isRenewalDue_ = false;
-    QString engineWarning_; // to be told at the next start
     float masterVolume_ = 1;
     std::optional<LoopRegion> loop_;
     double tempoFactor_ = 1;

@@ -34,6 +34,7 @@ void TrackPlayer::relaySignals()
     connect(worker_, &PlayerWorker::notePressed, this, &TrackPlayer::notePressed);
     connect(worker_, &PlayerWorker::noteReleased, this, &TrackPlayer::noteReleased);
     connect(worker_, &PlayerWorker::loadingSample, this, &TrackPlayer::loadingSample);
+    connect(worker_, &PlayerWorker::engineMade, this, &TrackPlayer::engineMade);
     connect(worker_, &PlayerWorker::outputChanged, this, &TrackPlayer::outputChanged);
     connect(worker_, &PlayerWorker::loadingTrack, this, &TrackPlayer::loadingTrack);
     connect(worker_, &PlayerWorker::tracksLoaded, this, &TrackPlayer::tracksLoaded);

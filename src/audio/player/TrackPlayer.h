@@ -28,6 +28,7 @@ signals:
     void notePressed(const QString &trackId, int eventIndex);
     void noteReleased(const QString &trackId, int eventIndex);
     void loadingSample(const QString &samplePath);
+    void engineMade(const QString &warning);
     void outputChanged(const QString &problem);
     void loadingTrack(int track, int tracks, int percent);
     void tracksLoaded();

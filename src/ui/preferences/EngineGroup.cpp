@@ -30,7 +30,7 @@ QLineEdit *fileLine(const QString &file)
 {
     auto *const line = new QLineEdit(file);
     line->setObjectName(QStringLiteral("txtFmodFile"));
-    line->setPlaceholderText(EngineGroup::tr("Looked for in the game's folder and the system"));
+    line->setPlaceholderText(EngineGroup::tr("The game's or the system's"));
     line->setToolTip(EngineGroup::tr("Your FMOD library, version 1.08 to 2.03, as games come with"));
     return line;
 }
@@ -110,11 +110,12 @@ void EngineGroup::browse()
 void EngineGroup::showLibrary()
 {
     const bool isWanted = wish().kind == EngineKind::Fmod;
-    for (QWidget *const each : std::initializer_list<QWidget *>{file_, browse_, test_, library_})
+    for (QWidget *const each : std::initializer_list<QWidget *>{file_, browse_, test_})
         each->setEnabled(isWanted);
     testing_.cancel();
     describing_.cancel();
     library_->clear();
+    library_->setVisible(isWanted);
     if (!isWanted)
         return;
     const auto describe = [wish = wish()](const TaskControl &) { return describeFmod(wish); };

@@ -121,10 +121,9 @@ void SoundPage::showState()
     latency_->setText(figures.latency > 0 ? tr("%1 ms").arg(QLocale().toString(figures.latency, 'f', 1))
                                           : tr("no device is open"));
     underruns_->setText(QLocale().toString(qulonglong(figures.underruns)));
+    missing_->setVisible(!figures.missing.empty());
     missing_->setText(
-        figures.missing.empty()
-            ? QString()
-            : tr("\"%1\" is not there, so the system default is heard.").arg(QString::fromStdString(figures.missing)));
+        tr("\"%1\" is not there, so the system default is heard.").arg(QString::fromStdString(figures.missing)));
 }
 
 void SoundPage::showEvent(QShowEvent *event)

@@ -70,7 +70,8 @@ private slots:
         QDir().mkpath(folder_.path("game/linux64"));
         QFile::copy(StandIn::fileOf(2), library);
         row("in the game's folder", "", folder_.path("game"), QStringLiteral("FMOD 2.02.15: ") + library);
-        row("no file", folder_.path("nothing.so"), "", "nothing.so");
+        row("no file", folder_.path("nothing.so"), "",
+            QStringLiteral("There is no file ") + folder_.path("nothing.so"));
         row("no library", folder_.write("text.so", "no library"), "", "text.so");
         row("another library", QStringLiteral("libm.so.6"), "", "libm.so.6 is no FMOD library");
     }
