@@ -21,7 +21,7 @@ inline void start(QProcess &program, const TestFolder &folder, const Text &words
 inline Outcome outcomeOf(QProcess &program)
 {
     program.closeWriteChannel();
-    if (!program.waitForFinished() || program.exitStatus() != QProcess::NormalExit)
+    if (!program.waitForFinished(-1) || program.exitStatus() != QProcess::NormalExit)
         qFatal("the program did not end by itself");
     return {program.exitCode(), program.readAllStandardOutput(), program.readAllStandardError()};
 }

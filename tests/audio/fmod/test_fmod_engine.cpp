@@ -10,6 +10,7 @@
 #include "audio/fmod/FmodEngine.h"
 #include "audio/player/PlayerWorker.h"
 #include "audio/render/TrackRenderer.h"
+#include "cli/Program.h"
 #include "support/TestFolder.h"
 #include "support/Thrown.h"
 
@@ -46,6 +47,15 @@ double decibels(const std::vector<qint16> &samples)
     for (const auto sample : samples)
         energy += double(sample) * sample;
     return 10 * std::log10(energy);
+}
+
+// How far two samples of the same frame are apart at most.
+int distance(const std::vector<qint16> &some, const std::vector<qint16> &others)
+{
+    int most = 0;
+    for (std::size_t i = 0; i < std::min(some.size(), others.size()); ++i)
+        most = std::max(most, std::abs(some[i] - others[i]));
+    return most;
 }
 
 } // namespace
@@ -229,6 +239,33 @@ private slots:
         QVERIFY(std::abs(decibels(other.left) - decibels(builtin.left)) < 0.1);
         QVERIFY(std::abs(decibels(other.right) - decibels(builtin.right)) < 0.1);
         QCOMPARE(StandIn(kind).systemsAlive(), systemsBefore);
+    }
+
+    void demoSongsAreTheBuiltInEngines_data()
+    {
+        const Rows<QString, int> row("song", "kind");
+        row("one argument", "lanterns-on-the-water", 1);
+        row("two arguments", "night-market", 2);
+        row("its very version", "the-millers-wager", 3);
+    }
+
+    // As the command line writes them, but for the rounding of samples.
+    void demoSongsAreTheBuiltInEngines()
+    {
+        QFETCH(QString, song);
+        QFETCH(int, kind);
+        const auto render = [&](const QString &engine, const QString &file) {
+            const auto line = QStringLiteral("render %1/songs/%2 --game %3 --mods --force --engine %4 --output %5");
+            const auto outcome =
+                run(folder_, line.arg(QStringLiteral(EXAMPLES), song, QStringLiteral(DEMO_GAME), engine, file));
+            QVERIFY2(outcome.status == 0, outcome.error.constData());
+        };
+        render(QStringLiteral("builtin"), QStringLiteral("builtin.wav"));
+        render(QStringLiteral("fmod:") + StandIn::fileOf(kind), QStringLiteral("fmod.wav"));
+        const WaveFile builtin(folder_.path("builtin.wav")), other(folder_.path("fmod.wav"));
+        QVERIFY(builtin.isValid && other.isValid && decibels(builtin.left) > 80 && decibels(builtin.right) > 80);
+        QVERIFY(distance(builtin.left, other.left) <= 1 && distance(builtin.right, other.right) <= 1);
+        QVERIFY(std::abs(qint64(builtin.left.size()) - qint64(other.left.size())) < 1024); // it has larger blocks
     }
 };
 
