@@ -144,9 +144,20 @@ QWidget *ImportPreviewDialog::makeTable()
     header->setHighlightSections(false);
     header->setSectionResizeMode(QHeaderView::ResizeToContents);
     header->setSectionResizeMode(PartsTable::Name, QHeaderView::Interactive);
-    header->resizeSection(PartsTable::Name, table_->fontMetrics().averageCharWidth() * 24);
+    connect(&preview_, &ImportPreview::partsChanged, this, &ImportPreviewDialog::fitNames, Qt::QueuedConnection);
     connect(table_->selectionModel(), &QItemSelectionModel::currentChanged, this, &ImportPreviewDialog::showState);
     return table_;
+}
+
+// What the other columns leave is for long names.
+void ImportPreviewDialog::fitNames()
+{
+    const QAbstractItemView &table = *table_;
+    auto *const header = table_->horizontalHeader();
+    const int others = header->length() - header->sectionSize(PartsTable::Name);
+    const int least = table.fontMetrics().averageCharWidth() * 24;
+    const int most = std::max(least, table.viewport()->width() - others);
+    header->resizeSection(PartsTable::Name, std::clamp(table.sizeHintForColumn(PartsTable::Name), least, most));
 }
 
 QWidget *ImportPreviewDialog::makeListening()

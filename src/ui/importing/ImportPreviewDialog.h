@@ -47,6 +47,7 @@ signals:
 
 private:
     QWidget *makeTable();
+    void fitNames();
     QWidget *makeListening();
     QWidget *makeSettings(const QVector<ImportKind> &kinds);
     QWidget *makeButtons();

@@ -25,9 +25,11 @@ public:
 
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
-        const int depth = index.parent().isValid() ? 2 : 1;
+        const bool isOfPart = !index.parent().isValid(); // these reach over all columns
         auto cell = option;
-        cell.rect.setSize({view_.columnWidth(index.column()) - depth * view_.indentation(), 1});
+        cell.rect.setSize({isOfPart ? view_.header()->length() - view_.indentation()
+                                    : view_.columnWidth(index.column()) - 2 * view_.indentation(),
+                           1});
         return QStyledItemDelegate::sizeHint(cell, index);
     }
 
@@ -69,6 +71,8 @@ void ImportReportPanel::show(const QString &line, const QVector<ReportedPart> &p
     chosen_ = QModelIndex();
     line_->setText(line.isEmpty() ? tr("Of the last import there is nothing to report.") : line);
     model_.show(parts);
+    for (int row = 0; row < model_.rowCount({}); ++row)
+        view_->setFirstColumnSpanned(row, {}, true);
     view_->expandAll();
 }
 
