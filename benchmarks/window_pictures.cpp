@@ -1,10 +1,11 @@
 // Saves pictures of the windows into a folder, to be looked at: window_pictures GAME FOLDER SONG…
-// QT_SCALE_FACTOR=2 makes them twice as large.
+// QT_SCALE_FACTOR=2 makes them twice as large, LANGUAGE=de in German.
 
 #include "app/WindowFixture.h"
 #include "app/commands/About.h"
 #include "app/recovery/RecoveryDialog.h"
 #include "core/AbcParser.h"
+#include "language/Language.h"
 #include "support/GatedEngine.h"
 #include "support/MidiBytes.h"
 #include "ui/InstrumentComboBox.h"
@@ -374,6 +375,7 @@ int main(int argc, char *argv[])
 #endif
     QApplication application(argc, argv);
     QApplication::setStyle(QStringLiteral("Fusion"));
+    Language::start({});
     const auto arguments = QCoreApplication::arguments();
     if (arguments.size() < 4)
         return 1;

@@ -26,6 +26,9 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION sound)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qttranslations5-l10n) # the buttons of Qt's own dialogs
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qttranslations5-l10n) # the words of Qt's own dialogs
+if(COMPOSER_QT EQUAL 6)
+    set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-translations-l10n)
+endif()
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON) # the libraries and the versions of them that are linked
 include(CPack)

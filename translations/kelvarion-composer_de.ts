@@ -115,6 +115,10 @@
         <source>Grid: %1</source>
         <translation>Raster: %1</translation>
     </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Ohne Titel</translation>
+    </message>
 </context>
 <context>
     <name>AbcParser</name>
@@ -196,7 +200,7 @@
     </message>
     <message>
         <source>As it would be</source>
-        <translation>Wie er würde</translation>
+        <translation>Wie er dann wäre</translation>
     </message>
     <message>
         <source>How many people play</source>
@@ -1187,46 +1191,6 @@ A draft stays with the song as it is, to go on with later. Until then the part p
 
 Ein Entwurf bleibt unverändert beim Song, um später daran weiterzuarbeiten. Bis dahin spielt die Stimme, wie sie zuletzt übernommen wurde.</translation>
     </message>
-    <message numerus="yes">
-        <source>%n bar line(s)</source>
-        <translation>
-            <numerusform>%n Taktstrich</numerusform>
-            <numerusform>%n Taktstriche</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n chord symbol(s) and text(s) above the staff</source>
-        <translation>
-            <numerusform>%n Akkordsymbol oder Text über den Noten</numerusform>
-            <numerusform>%n Akkordsymbole und Texte über den Noten</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n decoration(s), grace notes and slurs</source>
-        <translation>
-            <numerusform>%n Verzierung, Vorschlag oder Bindebogen</numerusform>
-            <numerusform>%n Verzierungen, Vorschläge und Bindebögen</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n comment(s)</source>
-        <translation>
-            <numerusform>%n Kommentar</numerusform>
-            <numerusform>%n Kommentare</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>its line breaks and its own way of writing notes</source>
-        <translation>seine Zeilenumbrüche und seine eigene Schreibweise der Noten</translation>
-    </message>
-    <message>
-        <source>The whole text must be written anew for this change. The notes stay as they are, but the text loses: %1.
-
-Write it anew?</source>
-        <translation>Für diese Änderung muss der ganze Text neu geschrieben werden. Die Noten bleiben, wie sie sind, aber der Text verliert: %1.
-
-Neu schreiben?</translation>
-    </message>
     <message>
         <source>Quick Realign</source>
         <translation>Schnell ausrichten</translation>
@@ -1295,6 +1259,67 @@ Neu schreiben?</translation>
     <message>
         <source>FMOD cannot be used, so the built-in engine plays. %1</source>
         <translation>FMOD lässt sich nicht verwenden, daher spielt die eingebaute Klangausgabe. %1</translation>
+    </message>
+</context>
+<context>
+    <name>EngineGroup</name>
+    <message>
+        <source>Built-in</source>
+        <translation>Eingebaut</translation>
+    </message>
+    <message>
+        <source>What mixes the tracks, from the next Play on</source>
+        <translation>Was die Spuren mischt, ab der nächsten Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Your FMOD library, version 1.08 to 2.03, as games come with</source>
+        <translation>Ihre FMOD-Bibliothek, Version 1.08 bis 2.03, wie Spiele sie mitbringen</translation>
+    </message>
+    <message>
+        <source>Sound Engine</source>
+        <translation>Klangausgabe</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Durchsuchen...</translation>
+    </message>
+    <message>
+        <source>Choose the file of an FMOD library</source>
+        <translation>Die Datei einer FMOD-Bibliothek wählen</translation>
+    </message>
+    <message>
+        <source>Test</source>
+        <translation>Testen</translation>
+    </message>
+    <message>
+        <source>Play a scale with this library</source>
+        <translation>Mit dieser Bibliothek eine Tonleiter spielen</translation>
+    </message>
+    <message>
+        <source>Engine:</source>
+        <translation>Ausgabe:</translation>
+    </message>
+    <message>
+        <source>Library:</source>
+        <translation>Bibliothek:</translation>
+    </message>
+    <message>
+        <source>Choose the FMOD library</source>
+        <translation>Die FMOD-Bibliothek wählen</translation>
+    </message>
+    <message>
+        <source>Libraries (*.so *.so.* *.dll *.dylib);;All files (*)</source>
+        <translation>Bibliotheken (*.so *.so.* *.dll *.dylib);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>%1
+It plays on the system&apos;s default device.</source>
+        <translation>%1
+Sie spielt auf dem Standardgerät des Systems.</translation>
+    </message>
+    <message>
+        <source>The game&apos;s or the system&apos;s</source>
+        <translation>Die des Spiels oder des Systems</translation>
     </message>
 </context>
 <context>
@@ -1854,6 +1879,29 @@ Möchten Sie ihn abbrechen?</translation>
     <message>
         <source>A click shows the place in the editor.</source>
         <translation>Ein Klick zeigt die Stelle im Editor.</translation>
+    </message>
+</context>
+<context>
+    <name>FmodLibrary</name>
+    <message>
+        <source>%1 is no FMOD library, or one that is not supported: it has no %2.</source>
+        <translation>%1 ist keine FMOD-Bibliothek oder eine, die nicht unterstützt wird: %2 fehlt ihr.</translation>
+    </message>
+    <message>
+        <source>%1 does not start: FMOD Error: %2</source>
+        <translation>%1 startet nicht: FMOD-Fehler: %2</translation>
+    </message>
+    <message>
+        <source>%1 is FMOD %2; 1.08 to 2.03 are supported.</source>
+        <translation>%1 ist FMOD %2; unterstützt werden 1.08 bis 2.03.</translation>
+    </message>
+    <message>
+        <source>No FMOD library was found.</source>
+        <translation>Es wurde keine FMOD-Bibliothek gefunden.</translation>
+    </message>
+    <message>
+        <source>There is no file %1.</source>
+        <translation>Es gibt keine Datei %1.</translation>
     </message>
 </context>
 <context>
@@ -2629,6 +2677,10 @@ Möchten Sie wirklich fortfahren?</translation>
     <message>
         <source>Record Notes</source>
         <translation>Noten aufnehmen</translation>
+    </message>
+    <message>
+        <source>Otherwise what was played becomes a part of its own.</source>
+        <translation>Sonst wird das Gespielte eine eigene Stimme.</translation>
     </message>
 </context>
 <context>
@@ -4273,6 +4325,49 @@ Möchten Sie es jetzt herunterladen?</translation>
     </message>
 </context>
 <context>
+    <name>RewriteQuestion</name>
+    <message numerus="yes">
+        <source>%n bar line(s)</source>
+        <translation>
+            <numerusform>%n Taktstrich</numerusform>
+            <numerusform>%n Taktstriche</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n chord symbol(s) and text(s) above the staff</source>
+        <translation>
+            <numerusform>%n Akkordsymbol oder Text über den Noten</numerusform>
+            <numerusform>%n Akkordsymbole und Texte über den Noten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n decoration(s), grace notes and slurs</source>
+        <translation>
+            <numerusform>%n Verzierung, Vorschlag oder Bindebogen</numerusform>
+            <numerusform>%n Verzierungen, Vorschläge und Bindebögen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n comment(s)</source>
+        <translation>
+            <numerusform>%n Kommentar</numerusform>
+            <numerusform>%n Kommentare</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>its line breaks and its own way of writing notes</source>
+        <translation>seine Zeilenumbrüche und seine eigene Schreibweise der Noten</translation>
+    </message>
+    <message>
+        <source>The whole text must be written anew for this change. The notes stay as they are, but the text loses: %1.
+
+Write it anew?</source>
+        <translation>Für diese Änderung muss der ganze Text neu geschrieben werden. Die Noten bleiben, wie sie sind, aber der Text verliert: %1.
+
+Neu schreiben?</translation>
+    </message>
+</context>
+<context>
     <name>RollActions</name>
     <message>
         <source>Snap to %1</source>
@@ -5293,6 +5388,29 @@ Möchten Sie sie löschen?</numerusform>
     </message>
 </context>
 <context>
+    <name>SoundFormat</name>
+    <message>
+        <source>WAV, 16 bit</source>
+        <translation>WAV, 16 Bit</translation>
+    </message>
+    <message>
+        <source>WAV, 24 bit</source>
+        <translation>WAV, 24 Bit</translation>
+    </message>
+    <message>
+        <source>WAV, 32 bit float</source>
+        <translation>WAV, 32 Bit Gleitkomma</translation>
+    </message>
+    <message>
+        <source>FLAC, 16 bit</source>
+        <translation>FLAC, 16 Bit</translation>
+    </message>
+    <message>
+        <source>FLAC, 24 bit</source>
+        <translation>FLAC, 24 Bit</translation>
+    </message>
+</context>
+<context>
     <name>SoundPage</name>
     <message>
         <source>%1 samples (%2 ms)</source>
@@ -5985,7 +6103,7 @@ Bitte wählen Sie andere.</translation>
     </message>
     <message>
         <source>Find tunes by a part of their names</source>
-        <translation>Stücke nach einem Teil ihres Namens suchen</translation>
+        <translation>Stücke über einen Teil ihres Namens finden</translation>
     </message>
     <message>
         <source>Choose Tunes</source>

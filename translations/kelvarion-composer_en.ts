@@ -12,37 +12,6 @@
     </message>
 </context>
 <context>
-    <name>EditorTransforms</name>
-    <message numerus="yes">
-        <source>%n bar line(s)</source>
-        <translation>
-            <numerusform>%n bar line</numerusform>
-            <numerusform>%n bar lines</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n chord symbol(s) and text(s) above the staff</source>
-        <translation>
-            <numerusform>%n chord symbol and text above the staff</numerusform>
-            <numerusform>%n chord symbols and texts above the staff</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n decoration(s), grace notes and slurs</source>
-        <translation>
-            <numerusform>%n decoration, grace notes and slurs</numerusform>
-            <numerusform>%n decorations, grace notes and slurs</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n comment(s)</source>
-        <translation>
-            <numerusform>%n comment</numerusform>
-            <numerusform>%n comments</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
     <name>ExportCommands</name>
     <message numerus="yes">
         <source>%n file(s) are there already:
@@ -138,6 +107,37 @@ Would you like to overwrite them?</numerusform>
         <translation>
             <numerusform>%n note selected</numerusform>
             <numerusform>%n notes selected</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>RewriteQuestion</name>
+    <message numerus="yes">
+        <source>%n bar line(s)</source>
+        <translation>
+            <numerusform>%n bar line</numerusform>
+            <numerusform>%n bar lines</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n chord symbol(s) and text(s) above the staff</source>
+        <translation>
+            <numerusform>%n chord symbol and text above the staff</numerusform>
+            <numerusform>%n chord symbols and texts above the staff</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n decoration(s), grace notes and slurs</source>
+        <translation>
+            <numerusform>%n decoration, grace notes and slurs</numerusform>
+            <numerusform>%n decorations, grace notes and slurs</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n comment(s)</source>
+        <translation>
+            <numerusform>%n comment</numerusform>
+            <numerusform>%n comments</numerusform>
         </translation>
     </message>
 </context>

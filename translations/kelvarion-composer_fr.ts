@@ -115,6 +115,10 @@
         <source>Grid: %1</source>
         <translation>Grille : %1</translation>
     </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Sans titre</translation>
+    </message>
 </context>
 <context>
     <name>AbcParser</name>
@@ -1187,46 +1191,6 @@ A draft stays with the song as it is, to go on with later. Until then the part p
 
 Un brouillon reste tel quel avec le morceau, pour continuer plus tard. D’ici là, la partie joue comme elle a été appliquée en dernier.</translation>
     </message>
-    <message numerus="yes">
-        <source>%n bar line(s)</source>
-        <translation>
-            <numerusform>%n barre de mesure</numerusform>
-            <numerusform>%n barres de mesure</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n chord symbol(s) and text(s) above the staff</source>
-        <translation>
-            <numerusform>%n chiffrage d’accord ou texte au-dessus de la portée</numerusform>
-            <numerusform>%n chiffrages d’accords et textes au-dessus de la portée</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n decoration(s), grace notes and slurs</source>
-        <translation>
-            <numerusform>%n ornement, appoggiature ou liaison</numerusform>
-            <numerusform>%n ornements, appoggiatures et liaisons</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n comment(s)</source>
-        <translation>
-            <numerusform>%n commentaire</numerusform>
-            <numerusform>%n commentaires</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>its line breaks and its own way of writing notes</source>
-        <translation>ses sauts de ligne et sa propre façon d’écrire les notes</translation>
-    </message>
-    <message>
-        <source>The whole text must be written anew for this change. The notes stay as they are, but the text loses: %1.
-
-Write it anew?</source>
-        <translation>Pour cette modification, tout le texte doit être réécrit. Les notes restent telles quelles, mais le texte perd : %1.
-
-Le réécrire ?</translation>
-    </message>
     <message>
         <source>Quick Realign</source>
         <translation>Réalignement rapide</translation>
@@ -1295,6 +1259,67 @@ Le réécrire ?</translation>
     <message>
         <source>FMOD cannot be used, so the built-in engine plays. %1</source>
         <translation>FMOD est inutilisable, le moteur intégré joue donc à sa place. %1</translation>
+    </message>
+</context>
+<context>
+    <name>EngineGroup</name>
+    <message>
+        <source>Built-in</source>
+        <translation>Intégré</translation>
+    </message>
+    <message>
+        <source>What mixes the tracks, from the next Play on</source>
+        <translation>Ce qui mixe les pistes, à partir de la prochaine lecture</translation>
+    </message>
+    <message>
+        <source>The game&apos;s or the system&apos;s</source>
+        <translation>Celle du jeu ou du système</translation>
+    </message>
+    <message>
+        <source>Your FMOD library, version 1.08 to 2.03, as games come with</source>
+        <translation>Votre bibliothèque FMOD, version 1.08 à 2.03, comme celle des jeux</translation>
+    </message>
+    <message>
+        <source>Sound Engine</source>
+        <translation>Moteur audio</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Parcourir...</translation>
+    </message>
+    <message>
+        <source>Choose the file of an FMOD library</source>
+        <translation>Choisir le fichier d’une bibliothèque FMOD</translation>
+    </message>
+    <message>
+        <source>Test</source>
+        <translation>Tester</translation>
+    </message>
+    <message>
+        <source>Play a scale with this library</source>
+        <translation>Jouer une gamme avec cette bibliothèque</translation>
+    </message>
+    <message>
+        <source>Engine:</source>
+        <translation>Moteur :</translation>
+    </message>
+    <message>
+        <source>Library:</source>
+        <translation>Bibliothèque :</translation>
+    </message>
+    <message>
+        <source>Choose the FMOD library</source>
+        <translation>Choisir la bibliothèque FMOD</translation>
+    </message>
+    <message>
+        <source>Libraries (*.so *.so.* *.dll *.dylib);;All files (*)</source>
+        <translation>Bibliothèques (*.so *.so.* *.dll *.dylib);;Tous les fichiers (*)</translation>
+    </message>
+    <message>
+        <source>%1
+It plays on the system&apos;s default device.</source>
+        <translation>%1
+Elle joue sur le périphérique par défaut du système.</translation>
     </message>
 </context>
 <context>
@@ -1857,6 +1882,29 @@ Voulez-vous l’arrêter ?</translation>
     </message>
 </context>
 <context>
+    <name>FmodLibrary</name>
+    <message>
+        <source>There is no file %1.</source>
+        <translation>Il n’y a pas de fichier %1.</translation>
+    </message>
+    <message>
+        <source>%1 is no FMOD library, or one that is not supported: it has no %2.</source>
+        <translation>%1 n’est pas une bibliothèque FMOD, ou n’est pas prise en charge : il lui manque %2.</translation>
+    </message>
+    <message>
+        <source>%1 does not start: FMOD Error: %2</source>
+        <translation>%1 ne démarre pas : erreur FMOD : %2</translation>
+    </message>
+    <message>
+        <source>%1 is FMOD %2; 1.08 to 2.03 are supported.</source>
+        <translation>%1 est FMOD %2 ; les versions 1.08 à 2.03 sont prises en charge.</translation>
+    </message>
+    <message>
+        <source>No FMOD library was found.</source>
+        <translation>Aucune bibliothèque FMOD n’a été trouvée.</translation>
+    </message>
+</context>
+<context>
     <name>ForeignNotation</name>
     <message>
         <source>repeats</source>
@@ -1880,11 +1928,11 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>signs that it cannot read</source>
-        <translation>signes qu’il ne sait pas lire</translation>
+        <translation>signes qu’il ne peut pas lire</translation>
     </message>
     <message>
         <source>accidentals or note lengths</source>
-        <translation>altérations ou durées des notes</translation>
+        <translation>altérations ou durées</translation>
     </message>
 </context>
 <context>
@@ -2629,6 +2677,10 @@ Voulez-vous vraiment continuer ?</translation>
     <message>
         <source>Record Notes</source>
         <translation>Enregistrer des notes</translation>
+    </message>
+    <message>
+        <source>Otherwise what was played becomes a part of its own.</source>
+        <translation>Sinon, ce qui a été joué devient une partie à part.</translation>
     </message>
 </context>
 <context>
@@ -4273,6 +4325,49 @@ Voulez-vous le télécharger maintenant ?</translation>
     </message>
 </context>
 <context>
+    <name>RewriteQuestion</name>
+    <message numerus="yes">
+        <source>%n bar line(s)</source>
+        <translation>
+            <numerusform>%n barre de mesure</numerusform>
+            <numerusform>%n barres de mesure</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n chord symbol(s) and text(s) above the staff</source>
+        <translation>
+            <numerusform>%n chiffrage d’accord ou texte au-dessus de la portée</numerusform>
+            <numerusform>%n chiffrages d’accords et textes au-dessus de la portée</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n decoration(s), grace notes and slurs</source>
+        <translation>
+            <numerusform>%n ornement, appoggiature ou liaison</numerusform>
+            <numerusform>%n ornements, appoggiatures et liaisons</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n comment(s)</source>
+        <translation>
+            <numerusform>%n commentaire</numerusform>
+            <numerusform>%n commentaires</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>its line breaks and its own way of writing notes</source>
+        <translation>ses sauts de ligne et sa propre façon d’écrire les notes</translation>
+    </message>
+    <message>
+        <source>The whole text must be written anew for this change. The notes stay as they are, but the text loses: %1.
+
+Write it anew?</source>
+        <translation>Pour cette modification, tout le texte doit être réécrit. Les notes restent telles quelles, mais le texte perd : %1.
+
+Le réécrire ?</translation>
+    </message>
+</context>
+<context>
     <name>RollActions</name>
     <message>
         <source>Snap to %1</source>
@@ -5293,6 +5388,29 @@ Voulez-vous les supprimer ?</numerusform>
     </message>
 </context>
 <context>
+    <name>SoundFormat</name>
+    <message>
+        <source>WAV, 16 bit</source>
+        <translation>WAV, 16 bits</translation>
+    </message>
+    <message>
+        <source>WAV, 24 bit</source>
+        <translation>WAV, 24 bits</translation>
+    </message>
+    <message>
+        <source>WAV, 32 bit float</source>
+        <translation>WAV, 32 bits flottants</translation>
+    </message>
+    <message>
+        <source>FLAC, 16 bit</source>
+        <translation>FLAC, 16 bits</translation>
+    </message>
+    <message>
+        <source>FLAC, 24 bit</source>
+        <translation>FLAC, 24 bits</translation>
+    </message>
+</context>
+<context>
     <name>SoundPage</name>
     <message>
         <source>%1 samples (%2 ms)</source>
@@ -5981,11 +6099,11 @@ Veuillez en choisir d’autres.</translation>
     <name>TuneChooser</name>
     <message>
         <source>Find</source>
-        <translation>Chercher</translation>
+        <translation>Rechercher</translation>
     </message>
     <message>
         <source>Find tunes by a part of their names</source>
-        <translation>Chercher des morceaux par une partie de leur nom</translation>
+        <translation>Trouver des airs par une partie de leur nom</translation>
     </message>
     <message>
         <source>Choose Tunes</source>

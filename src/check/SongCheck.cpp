@@ -4,6 +4,8 @@
 #include "core/AbcTokenizer.h"
 #include "import/WrittenTempo.h"
 
+#include <QLocale>
+
 #include <algorithm>
 
 namespace {
@@ -12,7 +14,7 @@ using Tempos = std::vector<PartFacts::Tempo>;
 
 QString bpm(qint64 ticksPerMinute)
 {
-    return QString::number(double(ticksPerMinute) / ticksPerQuarter, 'g', 6);
+    return QLocale().toString(double(ticksPerMinute) / ticksPerQuarter, 'g', 6);
 }
 
 void addTempo(Tempos &tempos, Ticks from, qint64 ticksPerMinute)

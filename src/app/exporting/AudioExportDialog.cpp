@@ -5,6 +5,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLabel>
@@ -16,6 +17,12 @@
 namespace {
 
 constexpr int bestQuality = 10;
+
+// The words in the table of formats, which knows nothing of Qt; the other formats are names.
+[[maybe_unused]] constexpr const char *formatNames[] = {
+    QT_TRANSLATE_NOOP("SoundFormat", "WAV, 16 bit"), QT_TRANSLATE_NOOP("SoundFormat", "WAV, 24 bit"),
+    QT_TRANSLATE_NOOP("SoundFormat", "WAV, 32 bit float"), QT_TRANSLATE_NOOP("SoundFormat", "FLAC, 16 bit"),
+    QT_TRANSLATE_NOOP("SoundFormat", "FLAC, 24 bit")};
 
 template<typename Widget>
 Widget *named(const char *name)
@@ -79,7 +86,7 @@ void AudioExportDialog::addFormats(int chosen)
     for (const auto &format : soundFormats()) {
         if (!isBuiltIn(format.coding))
             continue;
-        format_->addItem(QString::fromUtf8(format.name), int(format.coding));
+        format_->addItem(QCoreApplication::translate("SoundFormat", format.name), int(format.coding));
         if (int(format.coding) == chosen)
             format_->setCurrentIndex(format_->count() - 1);
     }

@@ -4,7 +4,10 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QLocale>
 #include <QSet>
+
+#include <algorithm>
 
 namespace {
 
@@ -63,6 +66,8 @@ QString clippingText(quint64 clipped, quint64 samples)
     if (clipped == 0 || samples == 0)
         return {};
     const auto percent = 100 * double(clipped) / double(samples);
-    const auto share = percent < 0.1 ? QStringLiteral("< 0.1") : QString::number(percent, 'f', 1);
+    constexpr double leastShown = 0.1;
+    const auto number = QLocale().toString(std::max(percent, leastShown), 'f', 1);
+    const auto share = percent < leastShown ? QStringLiteral("< ") + number : number;
     return QCoreApplication::translate("RenderPlan", "%1 % of the samples are clipped").arg(share);
 }

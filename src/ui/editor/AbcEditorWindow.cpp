@@ -251,7 +251,8 @@ void AbcEditorWindow::followCheckOptions()
 void AbcEditorWindow::showTitle()
 {
     const bool isApplied = document_.isApplied();
-    setWindowTitle(tr("%1[*] – ABC Editor").arg(document_.track().title()));
+    const auto title = document_.track().headerField(QStringLiteral("T"));
+    setWindowTitle(tr("%1[*] – ABC Editor").arg(title.isEmpty() ? tr("Untitled") : title));
     setWindowModified(!isApplied);
     for (const auto id : {EditorActions::Apply, EditorActions::Revert})
         (*actions_)[id]->setEnabled(!isApplied);

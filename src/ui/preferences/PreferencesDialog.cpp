@@ -68,7 +68,6 @@ PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, const
     selector_->setAccessibleName(tr("Pages"));
     selector_->setToolTip(tr("What the preferences are about"));
     selector_->setIconSize({24, 24});
-    selector_->setFixedWidth(160);
     pages_->setObjectName(QStringLiteral("propertyPages"));
     connect(selector_, &QListWidget::currentRowChanged, pages_, &QStackedWidget::setCurrentIndex);
 
@@ -88,6 +87,8 @@ PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, const
     addPage(tr("Sound"), QStringLiteral(":/icons/sound.png"), soundPage(sound));
     addPage(tr("Checks"), QStringLiteral(":/icons/find.png"), checksPage());
     addPage(tr("Appearance"), QStringLiteral(":/icons/preferences.png"), appearancePage());
+    constexpr int usualWidth = 160;
+    selector_->setFixedWidth(std::max(usualWidth, selector_->sizeHintForColumn(0) + 2 * selector_->frameWidth()));
     selector_->setCurrentRow(0);
 
     auto *const row = new QHBoxLayout;

@@ -46,7 +46,7 @@ void TrackWidget::setTrack(const std::shared_ptr<const SongTrack> &track)
 
 void TrackWidget::showTrack()
 {
-    const auto title = track().title();
+    const auto title = track().headerField(QStringLiteral("T"));
     const auto shownTitle = title.isEmpty() ? tr("Untitled") : title;
     lblTitle_->setText(shownTitle);
     setAccessibleName(shownTitle);

@@ -1,15 +1,17 @@
 #include "ui/timeline/PositionDisplay.h"
 
 #include <QAccessible>
+#include <QLocale>
 #include <QPainter>
 
 namespace {
 
 QString timeText(qint64 milliseconds)
 {
-    return QStringLiteral("%1:%2.%3")
+    return QStringLiteral("%1:%2%3%4")
         .arg(milliseconds / 60'000)
         .arg(milliseconds / 1000 % 60, 2, 10, QLatin1Char('0'))
+        .arg(QLocale().decimalPoint())
         .arg(milliseconds % 1000, 3, 10, QLatin1Char('0'));
 }
 
