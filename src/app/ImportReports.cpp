@@ -26,8 +26,8 @@ QString lineFor(const ReadSong &song)
 } // namespace
 
 ImportReports::ImportReports(QMainWindow &window)
-    : QObject(&window), dock_(new QDockWidget(tr("Import Report"), &window)), panel_(new ImportReportPanel),
-      line_(new QLabel)
+    : QObject(&window), status_(*window.statusBar()), dock_(new QDockWidget(tr("Import Report"), &window)),
+      panel_(new ImportReportPanel), line_(new QLabel)
 {
     dock_->setObjectName(QStringLiteral("dockImportReport"));
     dock_->setWidget(panel_);
@@ -37,7 +37,7 @@ ImportReports::ImportReports(QMainWindow &window)
     line_->setObjectName(QStringLiteral("importLine"));
     line_->setTextFormat(Qt::RichText);
     line_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // the window may be narrower
-    window.statusBar()->addWidget(line_, 1);
+    status_.addWidget(line_, 1);
     clear();
     connect(line_, &QLabel::linkActivated, dock_, [this] {
         dock_->show();
@@ -74,4 +74,6 @@ void ImportReports::showLine(const QString &line)
     line_->setText(QStringLiteral("%1 - <a href=\"details\">%2</a>").arg(line.toHtmlEscaped(), tr("Details")));
     line_->setToolTip(line.toHtmlEscaped());
     line_->setVisible(!line.isEmpty());
+    if (!line.isEmpty())
+        status_.clearMessage(); // of what the mouse happens to be on, which would hide it
 }

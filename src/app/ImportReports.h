@@ -10,6 +10,7 @@ class ImportReportPanel;
 class QAction;
 class QDockWidget;
 class QMainWindow;
+class QStatusBar;
 
 // Says after each import what it lost: one line in the status bar, and a panel with all of it. On the interface thread.
 class ImportReports : public QObject
@@ -32,6 +33,7 @@ signals:
 private:
     void showLine(const QString &line);
 
+    QStatusBar &status_;
     QDockWidget *dock_;
     ImportReportPanel *panel_;
     QLabel *line_;
