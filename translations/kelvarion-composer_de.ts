@@ -5133,8 +5133,8 @@ Möchten Sie ihn speichern?</translation>
         <translation>Keine gewöhnliche Datei.</translation>
     </message>
     <message>
-        <source>Could not open file.</source>
-        <translation>Die Datei ließ sich nicht öffnen.</translation>
+        <source>Could not open file: %1.</source>
+        <translation>Die Datei ließ sich nicht öffnen: %1.</translation>
     </message>
     <message>
         <source>%1 more tunes could not be read.</source>

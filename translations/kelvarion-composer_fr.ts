@@ -5133,8 +5133,8 @@ Voulez-vous l’enregistrer ?</translation>
         <translation>Pas un fichier ordinaire.</translation>
     </message>
     <message>
-        <source>Could not open file.</source>
-        <translation>Impossible d’ouvrir le fichier.</translation>
+        <source>Could not open file: %1.</source>
+        <translation>Impossible d’ouvrir le fichier : %1.</translation>
     </message>
     <message>
         <source>%1 more tunes could not be read.</source>

@@ -66,12 +66,18 @@ QString freeImportId(const QVector<SongImported> &imports)
     return QStringLiteral("I%1").arg(number);
 }
 
+QString fileTitle(const QString &songName, const QString &partName)
+{
+    const bool isNamed = songName.isEmpty() || (partName + u' ').startsWith(songName + u' ', Qt::CaseInsensitive);
+    return isNamed ? partName : QStringLiteral("%1 - %2").arg(songName, partName);
+}
+
 QStringList fileNames(const Song &song, const QString &songName)
 {
     QSet<QString> taken;
     QStringList names;
     for (const auto &part : song.parts) {
-        const auto stem = SafeFile::cleanName(QStringLiteral("%1 - %2").arg(songName, part.name));
+        const auto stem = SafeFile::cleanName(fileTitle(songName, part.name));
         auto name = stem;
         for (int number = 2; taken.contains(name.toLower()); ++number)
             name = QStringLiteral("%1 (%2)").arg(stem, QString::number(number));

@@ -26,6 +26,9 @@ QString freeId(const Song &song);
 // "I1", "I2", …: the first that none of them has.
 QString freeImportId(const QVector<SongImported> &imports);
 
+// "<song> - <part>", or the part's name alone when it begins with the song's. A name for people, no file name yet.
+QString fileTitle(const QString &songName, const QString &partName);
+
 // A file name for each part, "<song> - <part>.abc"; those that a file system takes for the same are numbered.
 QStringList fileNames(const Song &song, const QString &songName);
 

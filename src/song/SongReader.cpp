@@ -61,7 +61,7 @@ QByteArray readFile(const QString &path, qint64 longest = largestSource)
         throw Texts::tr("Not a regular file.");
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        throw Texts::tr("Could not open file.");
+        throw Texts::tr("Could not open file: %1.").arg(file.errorString());
     return readBytes(file, longest);
 }
 

@@ -44,7 +44,6 @@ private slots:
         for (const char *words : {"",
                                   "dance a.abc",
                                   "inspect",
-                                  "inspect a.abc b.abc",
                                   "inspect a --game b",
                                   "inspect a --output b",
                                   "convert a.abc",
@@ -131,11 +130,12 @@ private slots:
     void failures_data()
     {
         const Rows<QString, QByteArray> row("words", "error");
-        row("absent", "inspect absent.abc", "absent.abc: Could not open file.\n");
+        row("absent", "inspect absent.abc", "absent.abc: Could not open file: No such file or directory.\n");
         row("no song", "inspect letter.txt", "letter.txt: Unknown file type.\n");
         row("ABC", "inspect bad.abc", "bad.abc: Unknown token found in ABC body at line 3, column 3.\n");
         row("MIDI", "inspect bad.mid", "bad.mid: Invalid MIDI file.\n");
-        row("terminal escapes", "inspect a\033[31m\u0085", "a\uFFFD[31m\uFFFD: Could not open file.\n");
+        row("terminal escapes", "inspect a\033[31m\u0085",
+            "a\uFFFD[31m\uFFFD: Could not open file: No such file or directory.\n");
         row("one of two tunes", "convert book.abc --output out",
             "book.abc: Tune 2, which begins in line 7: Unknown token found in ABC body at line 3, column 1.\n");
         row("folder is a file", "convert a.abc --output a.abc", "a.abc: ");
@@ -184,6 +184,7 @@ private slots:
                  QJsonDocument::fromJson(R"({"kind": "Note", "start": 20160, "length": 10080, "pitch": 74,
                      "velocity": 1, "textLine": 5, "textColumn": 3, "textLength": 1})"));
         QVERIFY(!document.contains(u"report")); // nothing can be left out of ABC
+        QCOMPARE(run("inspect a.abc b.abc").out, run("inspect a.abc").out + run("inspect b.abc").out);
     }
 
     void readsAbcAsTheGameOrTheStandardHasIt_data()
@@ -239,7 +240,8 @@ private slots:
         folder_->write("chords.abc", tune("Air", "[CEGc] [DFAd]"));
         const auto [status, out, error] = run("arrange chords.abc no.abc --players 2 --voices 2 --output out");
         QCOMPARE(status, 1);
-        QCOMPARE(error, QByteArray("kelvarion-composer-cli: no.abc: Could not open file.\n"));
+        QCOMPARE(error,
+                 QByteArray("kelvarion-composer-cli: no.abc: Could not open file: No such file or directory.\n"));
         QVERIFY2(out.startsWith("chords.abc: wrote out/chords - Air (1).abc, out/chords - Air (2).abc\n"), out);
         QVERIFY(folder_->read("out/chords - Air (1).abc").endsWith("K: C\n[Gc] [Ad] \n"));
         QVERIFY(folder_->read("out/chords - Air (2).abc").endsWith("K: C\n[CE] [DF] \n"));
@@ -269,16 +271,16 @@ private slots:
 
     void convertNeverWritesTwoTracksToOneFile()
     {
-        const auto result = run("convert a.abc b.abc slash.abc --output out");
+        const auto result = run("convert a.abc b.abc slash.abc --names title --output out");
         QCOMPARE(result.status, 0);
         QCOMPARE(folder_->files("out").join(u'|'), QStringLiteral("a_b_ ...abc|Air (2).abc|Air.abc"));
         QVERIFY(folder_->read("out/Air (2).abc").contains("E4"));
         QCOMPARE(result.out.count('\n'), 3);
 
         const auto ofEarlierCalls = folder_->read("out/Air.abc");
-        QVERIFY(run("convert b.abc --output out").out.contains("Air (3).abc"));
+        QVERIFY(run("convert b.abc --names title --output out").out.contains("Air (3).abc"));
         QCOMPARE(folder_->read("out/Air.abc"), ofEarlierCalls);
-        QVERIFY(run("convert b.abc --output out --force").out.contains("Air.abc"));
+        QVERIFY(run("convert b.abc --names title --output out --force").out.contains("Air.abc"));
         QCOMPARE(folder_->read("out/Air.abc"), folder_->read("out/Air (3).abc"));
     }
 
@@ -289,7 +291,7 @@ private slots:
         folder_->write("pack/letter.txt", "Dear friend");
         const auto table = run("convert pack --output out --summary --manifest").out.split('\n');
         QCOMPARE(table.size(), 7);
-        QVERIFY(table[0].startsWith("pack/a/deep.mml: wrote out/Part 1.abc, out/Part 2.abc"));
+        QVERIFY(table[0].startsWith("pack/a/deep.mml: wrote out/deep - Part 1.abc, out/deep - Part 2.abc"));
         QCOMPARE(table[2], QByteArray("INPUT            PARTS  LENGTH  ERRORS  WARNINGS  NOTES"));
         QCOMPARE(table[3], QByteArray("pack/a/deep.mml      2    0:02       0         0      1"));
         QCOMPARE(table[5], QByteArray("2 songs              3    0:04       0         0      1"));
@@ -297,7 +299,7 @@ private slots:
         const auto manifest = folder_->read("out/manifest.json");
         const auto songs = QJsonDocument::fromJson(manifest).object().value(u"songs").toArray();
         const auto part = songs[0].toObject().value(u"parts").toArray()[1].toObject();
-        QCOMPARE(part.value(u"file").toString(), QStringLiteral("out/Part 2.abc"));
+        QCOMPARE(part.value(u"file").toString(), QStringLiteral("out/deep - Part 2.abc"));
         QCOMPARE(part.value(u"noteCount").toInt(), 1);
         QCOMPARE(run("convert pack/b.abc --output out --manifest").error,
                  QByteArray("kelvarion-composer-cli: out: manifest.json exists; --force writes over it.\n"));
@@ -317,7 +319,7 @@ private slots:
         QCOMPARE(run("inspect -", folder_->read("one.kvsong")).out, run("inspect one.kvsong").out);
         QVERIFY(run("convert one.kvsong --output out").status == 0);
         QCOMPARE(folder_->files("out").size(), parts.size());
-        QCOMPARE(folder_->read("out/Air.abc"), folder_->read("a.abc"));
+        QCOMPARE(folder_->read("out/Evening - Air.abc"), folder_->read("a.abc"));
 
         QCOMPARE(run("song b.abc --output one.kvsong").error,
                  QByteArray("kelvarion-composer-cli: one.kvsong: The file exists; --force writes over it.\n"));
@@ -366,7 +368,7 @@ private slots:
     {
         const auto result = run("convert bad.abc absent.mid a.abc --output out");
         QCOMPARE(result.status, 1);
-        QCOMPARE(folder_->files("out").join(u'|'), QStringLiteral("Air.abc"));
+        QCOMPARE(folder_->files("out").join(u'|'), QStringLiteral("a - Air.abc"));
         QCOMPARE(result.error.count('\n'), 2);
     }
 
@@ -377,7 +379,7 @@ private slots:
                                                                {"--realign 1 --transpose 2", "[D4E4]"}};
         for (const auto &[words, notes] : cases) {
             QCOMPARE(run(QStringLiteral("convert --force --output out a.abc ") + QLatin1String(words)).status, 0);
-            QVERIFY2(folder_->read("out/Air.abc").contains(notes), words);
+            QVERIFY2(folder_->read("out/a - Air.abc").contains(notes), words);
         }
     }
 
@@ -387,7 +389,7 @@ private slots:
         folder_->write("soft.mid", file({noteOn(0, 60) + noteOff(96, 60) + noteOn(0, 62, 1) + noteOff(96, 62) +
                                          noteOn(0, 127) + noteOff(96, 127) + endOfTrack()}));
         QCOMPARE(run("convert soft.mid --output out").out,
-                 QByteArray("soft.mid: wrote out/Track 1 - Acoustic Grand Piano.abc; "
+                 QByteArray("soft.mid: wrote out/soft - Track 1 - Acoustic Grand Piano.abc; "
                             "notes: 1 too soft, 1 out of range\n"));
     }
 };

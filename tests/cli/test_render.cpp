@@ -5,6 +5,10 @@
 
 #include <csignal>
 
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
 // kelvarion-composer-cli render. Each instrument has one sample, a click of a level of its own.
 class TestRender : public QObject
 {
@@ -133,11 +137,33 @@ private slots:
         QCOMPARE(WaveFile(wav_).right[48000], 0);
     }
 
+    void writesToStandardOutputAndPipes()
+    {
+        const auto music = QByteArrayLiteral("X:1\nL:1/4\nQ:1/4=60\nK:C\nzzC\n");
+        QCOMPARE(render(music).status, 0);
+        const auto wave = folder_.read("out.wav");
+        const auto [status, out, error] = render(music, QStringLiteral("--output -"));
+        QCOMPARE(error, QByteArray());
+        QCOMPARE(status, 0);
+        QVERIFY(out == wave);
+#ifdef Q_OS_UNIX
+        QCOMPARE(::mkfifo(QFile::encodeName(folder_.path("pipe")).constData(), 0600), 0);
+        QProcess reader;
+        reader.start(QStringLiteral("cat"), {folder_.path("pipe")});
+        QCOMPARE(render(music, QStringLiteral("--output pipe")).status, 0);
+        QVERIFY(reader.waitForFinished());
+        QVERIFY(reader.readAllStandardOutput() == wave);
+#endif
+        QCOMPARE(render(music, QStringLiteral("--output - --files parts")).error,
+                 QByteArray("kelvarion-composer-cli: -: Only one file goes there: --files mix.\n"));
+    }
+
     void inputsThatFailAreLeftOut()
     {
         const auto [status, out, error] = render("X:1\nL:1/4\nQ:1/4=60\nK:C\nzzC\n", QStringLiteral("missing.abc"));
         QCOMPARE(status, 1);
-        QCOMPARE(error, QByteArray("kelvarion-composer-cli: missing.abc: Could not open file.\n"));
+        QCOMPARE(error,
+                 QByteArray("kelvarion-composer-cli: missing.abc: Could not open file: No such file or directory.\n"));
         QCOMPARE(click().second, 96000);
     }
 

@@ -106,7 +106,7 @@ private slots:
         row("letters.txt", "a bad cabbage", "Unknown file type.");
         row("prose.txt", "Meet at l4 or t2", "Unknown file type.");
         row("c.txt", "T:B\n" + tune, "Unknown file type.");
-        row("absent.txt", {}, "Could not open file.");
+        row("absent.txt", {}, "Could not open file: No such file or directory.");
     }
     void sources()
     {

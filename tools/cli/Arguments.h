@@ -20,6 +20,9 @@ using Transform = std::function<QVector<Track>(const QVector<Track> &)>;
 // What convert writes: a file for each track, or for all tracks of an input.
 enum class ConvertTo { Abc, Midi, Tunebook };
 
+// How convert names the file of a part: "<song> - <part>", or as the part alone.
+enum class PartNames { Song, Title };
+
 // What a command line asks for.
 struct Arguments
 {
@@ -34,6 +37,7 @@ struct Arguments
     bool manifest = false; // a file beside the results
     AbcDialect reading = AbcDialect::Game;
     ConvertTo to = ConvertTo::Abc;
+    PartNames names = PartNames::Song;
     bool force = false; // write over files
     RenderFiles files = RenderFiles::Mix;
     QString format = QStringLiteral("wav"); // ending of the sound files in a folder

@@ -23,10 +23,10 @@ const std::vector<Command> &allCommands()
 {
     using enum AbcDialect;
     static const std::vector<Command> table{
-        {"convert", "INPUT…", "output=DIR", "to force summary json manifest transforms",
+        {"convert", "INPUT…", "output=DIR", "to names force summary json manifest transforms",
          "Writes each part as ABC for the game, or each input as a MIDI file or a book of tunes.", 1, any, Auto,
          convert},
-        {"render", "INPUT…", "game output=OUT.wav|flac|ogg|opus|mp3|DIR/",
+        {"render", "INPUT…", "game output=OUT.wav|flac|ogg|opus|mp3|DIR/|-",
          "files format bits quality loop normalise start-offsets engine instrument mods force summary json "
          "manifest transforms",
          "Plays all parts with the game's instruments into a sound file.", 1, any, Game, render},
@@ -37,7 +37,8 @@ const std::vector<Command> &allCommands()
         {"arrange", "INPUT…", "players output=DIR", "voices game mods force summary json manifest transforms",
          "Fits each input, a song, to a number of players, with an ABC file for each of them.", 1, any, Game,
          arrangeSongs},
-        {"inspect", "INPUT", "", "transforms", "Prints parts, fields and notes as JSON.", 1, 1, Game, inspect},
+        {"inspect", "INPUT…", "", "transforms", "Prints parts, fields and notes as JSON, an object for each input.", 1,
+         any, Game, inspect},
         {"instruments", "", "game", "mods json", "Lists the instruments of a game.", 0, 0, Game, listInstruments},
         {"pak list", "PACKAGE", "", "", "Lists the files in a package of the game.", 1, 1, Game, listPackage},
         {"pak extract", "PACKAGE PATH", "", "output",

@@ -5,6 +5,7 @@
 #include "export/MidiExport.h"
 #include "export/ProgramGuess.h"
 #include "export/Tunebook.h"
+#include "song/SongParts.h"
 
 #include <functional>
 
@@ -111,17 +112,20 @@ void makeFiles(ConvertedInput &input, const QVector<Track> &tracks, Merged merge
 {
     if (tracks.isEmpty())
         return;
+    const auto song = songName(input.path, input.song);
     switch (arguments.to) {
     case ConvertTo::Abc:
-        for (auto track : tracks)
-            addFile(input, track.title(), QStringLiteral(".abc"), [&] { return track.toAbc().toUtf8(); });
+        for (auto track : tracks) {
+            const auto title = track.title();
+            addFile(input, arguments.names == PartNames::Title ? title : SongParts::fileTitle(song, title),
+                    QStringLiteral(".abc"), [&] { return track.toAbc().toUtf8(); });
+        }
         break;
     case ConvertTo::Midi:
-        addFile(input, songName(input.path, input.song), QStringLiteral(".mid"),
-                [&] { return midiOf(input, tracks, merged, arguments); });
+        addFile(input, song, QStringLiteral(".mid"), [&] { return midiOf(input, tracks, merged, arguments); });
         break;
     case ConvertTo::Tunebook:
-        addFile(input, songName(input.path, input.song), QStringLiteral(".abc"), [&] { return tunebookOf(tracks); });
+        addFile(input, song, QStringLiteral(".abc"), [&] { return tunebookOf(tracks); });
         break;
     }
 }

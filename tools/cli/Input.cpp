@@ -11,7 +11,7 @@ SongSource standardInput()
 {
     QFile file;
     if (!file.open(stdin, QIODevice::ReadOnly))
-        throw QStringLiteral("Could not open file.");
+        throw QStringLiteral("Could not open file: %1.").arg(file.errorString());
     return {SongSource::Kind::Bytes, QStringLiteral("-"), readBytes(file)};
 }
 

@@ -162,15 +162,17 @@ void writeSong(ReadSong &song, QIODevice &out)
 
 int inspect(const Arguments &arguments)
 {
-    const auto &path = arguments.inputs.first();
     bool failed = false;
-    auto song = readInput(path, arguments, failed);
-    const auto print = [&] {
-        for (const auto &transform : arguments.transforms)
-            song->tracks = transform(song->tracks);
-        StandardOutput out;
-        writeSong(*song, out.device());
-        out.finish();
-    };
-    return song && runOrPrint(path, print) && !failed ? 0 : 1;
+    for (const auto &path : inputFiles(arguments.inputs)) {
+        auto song = readInput(path, arguments, failed);
+        const auto print = [&] {
+            for (const auto &transform : arguments.transforms)
+                song->tracks = transform(song->tracks);
+            StandardOutput out;
+            writeSong(*song, out.device());
+            out.finish();
+        };
+        failed |= !song || !runOrPrint(path, print);
+    }
+    return failed ? 1 : 0;
 }

@@ -183,16 +183,23 @@ void readConvertTo(Arguments &arguments, const QString &text)
         "to", text, {{"abc", ConvertTo::Abc}, {"midi", ConvertTo::Midi}, {"tunebook", ConvertTo::Tunebook}});
 }
 
+void readNames(Arguments &arguments, const QString &text)
+{
+    arguments.names = named<PartNames>("names", text, {{"song", PartNames::Song}, {"title", PartNames::Title}});
+}
+
 } // namespace
 
 const std::vector<Option> &allOptions()
 {
     static const std::vector<Option> table{
-        {"output", 'o', "FILE", "the file or folder to write; the ending of a sound file says its format",
+        {"output", 'o', "FILE",
+         "the file or folder to write, - for standard output; the ending of a sound file says its format",
          readText<&Arguments::output>},
         {"force", 'f', "", "write over files that are there", readSwitch<&Arguments::force>},
         {"to", 0, "abc|midi|tunebook", "ABC for each part, or one MIDI file or one book of tunes for each input",
          readConvertTo},
+        {"names", 0, "song|title", "ABC files are \"SONG - PART.abc\", or are called as the part alone", readNames},
         {"title", 't', "TEXT", "the title of the song, else the name of its file", readText<&Arguments::title>},
         {"json", 0, "", "print JSON, for other programs", readSwitch<&Arguments::json>},
         {"summary", 0, "", "end with a table of all inputs", readSwitch<&Arguments::summary>},

@@ -5,6 +5,7 @@
 #include "Messages.h"
 #include "PartInstruments.h"
 #include "Parts.h"
+#include "PipedOutput.h"
 #include "SongSummary.h"
 #include "audio/engine/BuiltinEngine.h"
 #include "audio/render/TrackRenderer.h"
@@ -215,6 +216,16 @@ SongSummary summaryOf(const QString &path, const Parts &parts, const Arguments &
     return summaryOf(path, song, checkReadSong(song, arguments, instruments));
 }
 
+// Standard output may be the sound, among which no line may stand.
+void renderToPipe(const Arguments &arguments, const InstrumentSet &instruments, const Parts &parts)
+{
+    if (arguments.files != RenderFiles::Mix)
+        throw QStringLiteral("Only one file goes there: --files mix.");
+    const PipedOutput output(arguments.output, arguments.format);
+    Rendering(arguments, output.path(), instruments, {printFailure, printProgress}).render(parts);
+    output.send();
+}
+
 // All inputs are one song.
 int renderOne(const Arguments &arguments)
 {
@@ -226,6 +237,8 @@ int renderOne(const Arguments &arguments)
     SongReport report(arguments);
     const auto scan = [&] { instruments = instrumentsFor(arguments); };
     const auto write = [&] {
+        if (PipedOutput::isNeeded(arguments.output))
+            return renderToPipe(arguments, instruments, parts);
         Rendering rendering(arguments, arguments.output, instruments, {printFailure, printProgress});
         rendering.refuseInputAsOutput();
         const auto files = rendering.render(parts);
