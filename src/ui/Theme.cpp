@@ -16,7 +16,7 @@ QPalette darkPalette()
     const QColor button(0x3A, 0x3D, 0x42);
     const QColor text(0xE4, 0xE6, 0xEA);
     const QColor faded(0x8A, 0x8F, 0x98);
-    const QColor accent(0x4C, 0x8D, 0xFF);
+    const QColor accent(0x35, 0x72, 0xE0);
 
     QPalette palette(text, button, button.lighter(140), base.darker(150), button.lighter(120), text, Qt::white, base,
                      window);
@@ -24,8 +24,8 @@ QPalette darkPalette()
     palette.setColor(QPalette::ToolTipBase, base);
     palette.setColor(QPalette::ToolTipText, text);
     palette.setColor(QPalette::PlaceholderText, faded);
-    palette.setColor(QPalette::Link, accent.lighter(120));
-    palette.setColor(QPalette::LinkVisited, accent);
+    palette.setColor(QPalette::Link, QColor(0x7F, 0xAE, 0xFF));
+    palette.setColor(QPalette::LinkVisited, QColor(0xB4, 0x9C, 0xF0));
     palette.setColor(QPalette::Highlight, accent);
     palette.setColor(QPalette::HighlightedText, Qt::white);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
