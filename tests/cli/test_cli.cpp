@@ -341,7 +341,7 @@ private slots:
         const auto result = run("convert bad.kvsong --output out");
         QCOMPARE(result.status, 1);
         QVERIFY(result.error.startsWith("kelvarion-composer-cli: bad.kvsong: Part \"Lute\": "));
-        QCOMPARE(folder_->files("out").join(u'|'), QStringLiteral("Air.abc|Lute.abc"));
+        QCOMPARE(folder_->files("out").join(u'|'), QStringLiteral("bad - Air.abc|bad - Lute.abc"));
     }
 
 #ifdef Q_OS_UNIX
