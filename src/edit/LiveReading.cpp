@@ -75,5 +75,7 @@ TextCaret LiveReading::caretAt(int offset) const
         caret.tick = elements[element + 1].start;
     else if (!elements.isEmpty())
         caret.tick = elements.last().end();
+    const bool isBehindElement = element >= 0 && at == elements[element].range.end();
+    caret.insertion = isBehindElement ? elements[element].end() : caret.tick;
     return caret;
 }

@@ -8,6 +8,7 @@ struct TextCaret
     int offset = 0;
     int note = -1; // -1 where it is on no note
     Ticks tick = 0;
+    Ticks insertion = 0; // where a note begins that is entered here
 };
 
 // The reading of a text that is typed on: what was read last, and how its places and those of the text as it stands now

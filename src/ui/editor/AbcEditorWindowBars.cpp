@@ -41,7 +41,7 @@ void AbcEditorWindow::createMenus()
     auto *const ghosts = view->addMenu(tr("&Ghost Notes"));
     ghosts->setObjectName(QStringLiteral("menuGhosts"));
     connect(ghosts, &QMenu::aboutToShow, this, [=, this] { ghosts_->fill(*ghosts); });
-    view->addActions(listOf(roll_->actions().viewActions()));
+    view->addActions(listOf(roll_->actions().actionsOf(RollActions::Menu::View)));
     for (auto *const menu : menuBar()->findChildren<QMenu *>())
         menu->setToolTipsVisible(true);
 }
@@ -50,7 +50,7 @@ void AbcEditorWindow::createNotesMenu()
 {
     const auto &actions = roll_->actions();
     auto *const notes = menuBar()->addMenu(tr("&Notes"));
-    notes->addActions(listOf(actions.editActions()));
+    actions.fillEditMenu(*notes);
     notes->addSeparator();
     notes->addMenu(tr("&Enter"))->addActions(listOf(actions.entryActions()));
     notes->addAction(stepEntry_->action());
@@ -103,7 +103,6 @@ void AbcEditorWindow::addLengthControls(QToolBar &bar)
         button->setObjectName(name);
         button->setIcon(QIcon(QStringLiteral(":/icons/%1.png").arg(name)));
         button->setToolTip(tip);
-        button->setStatusTip(tip);
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         button->setPopupMode(QToolButton::InstantPopup);
         auto *const menu = new QMenu(button);

@@ -135,17 +135,17 @@ void EditorPlayback::followSong()
         player_.playTracks(requests);
 }
 
+// Behind the end there is nothing to hear.
 void EditorPlayback::playFrom(Ticks tick)
 {
     document_.update();
-    play(std::clamp<Ticks>(tick, 0, document_.track().length()), Loops::Never);
+    play(tick < document_.track().length() ? std::max(Ticks(0), tick) : 0, Loops::Never);
 }
 
 void EditorPlayback::playFromCaret()
 {
     document_.update();
-    const auto caret = document_.caret().tick;
-    playFrom(caret < document_.track().length() ? caret : 0);
+    playFrom(document_.caret().tick);
 }
 
 void EditorPlayback::playOrStop()

@@ -227,7 +227,7 @@ void PianoRoll::onCaretChanged()
     state_.readFlags(document_);
     viewport()->update();
     if (!hasFocus() && !mouse_.isDown())
-        commands_.placeCursor(document_.caret().tick, state_.cursorPitch);
+        commands_.placeCursor(document_.caret().insertion, state_.cursorPitch);
 }
 
 void PianoRoll::onCursorPlaced(Ticks tick, int pitch)

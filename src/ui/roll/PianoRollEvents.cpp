@@ -188,8 +188,7 @@ void PianoRoll::contextMenuEvent(QContextMenuEvent *event)
         mouse_.selectForMenu(event->pos());
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    for (auto *action : actions_->editActions())
-        menu->addAction(action);
+    actions_->fillEditMenu(*menu);
     menu->popup(event->globalPos());
 }
 

@@ -6,6 +6,7 @@
 #include <QActionGroup>
 #include <QCoreApplication>
 #include <QKeySequence>
+#include <QMenu>
 #include <QWidget>
 
 #include <array>
@@ -16,7 +17,7 @@ using Direction = RollCommands::Direction;
 using Selecting = RollCommands::Selecting;
 constexpr auto semitonesPerOctave = 12;
 
-enum class Menu { Edit, View };
+using Menu = RollActions::Menu;
 enum class Starts { Here, Group };
 
 struct Row
@@ -55,64 +56,65 @@ const std::array rows{
     Row{RollActions::Delete, Menu::Edit, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "D&elete Notes"),
         QT_TRANSLATE_NOOP("RollActions", "Delete the selected notes"), "Del",
         [](RollCommands &commands) { commands.removeSelected(); }},
-    Row{RollActions::SelectAll, Menu::Edit, Starts::Group, QT_TRANSLATE_NOOP("RollActions", "Select &All Notes"),
+    Row{RollActions::SelectAll, Menu::Selection, Starts::Group, QT_TRANSLATE_NOOP("RollActions", "Select &All Notes"),
         QT_TRANSLATE_NOOP("RollActions", "Select every note"), "Ctrl+A",
         [](RollCommands &commands) { commands.selectAll(); }},
-    Row{RollActions::SelectNone, Menu::Edit, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Select &No Notes"),
+    Row{RollActions::SelectNone, Menu::Selection, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Select &No Notes"),
         QT_TRANSLATE_NOOP("RollActions", "Take back the selection, or the drag in progress"), "Esc", nullptr},
-    Row{RollActions::SelectNext, Menu::Edit, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Select Next Note"),
+    Row{RollActions::SelectNext, Menu::Selection, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Select Next Note"),
         QT_TRANSLATE_NOOP("RollActions", "Select the note after the selection or the cursor"), "Alt+Right",
         [](RollCommands &commands) { commands.selectNeighbour(Direction::Forward, Selecting::Replace); }},
-    Row{RollActions::SelectPrevious, Menu::Edit, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Select Previous Note"),
+    Row{RollActions::SelectPrevious, Menu::Selection, Starts::Here,
+        QT_TRANSLATE_NOOP("RollActions", "Select Previous Note"),
         QT_TRANSLATE_NOOP("RollActions", "Select the note before the selection or the cursor"), "Alt+Left",
         [](RollCommands &commands) { commands.selectNeighbour(Direction::Back, Selecting::Replace); }},
-    Row{RollActions::ExtendNext, Menu::Edit, Starts::Here,
+    Row{RollActions::ExtendNext, Menu::Selection, Starts::Here,
         QT_TRANSLATE_NOOP("RollActions", "Extend Selection to Next Note"),
         QT_TRANSLATE_NOOP("RollActions", "Add the next note to the selection"), "Alt+Shift+Right",
         [](RollCommands &commands) { commands.selectNeighbour(Direction::Forward, Selecting::Extend); }},
-    Row{RollActions::ExtendPrevious, Menu::Edit, Starts::Here,
+    Row{RollActions::ExtendPrevious, Menu::Selection, Starts::Here,
         QT_TRANSLATE_NOOP("RollActions", "Extend Selection to Previous Note"),
         QT_TRANSLATE_NOOP("RollActions", "Add the previous note to the selection"), "Alt+Shift+Left",
         [](RollCommands &commands) { commands.selectNeighbour(Direction::Back, Selecting::Extend); }},
-    Row{RollActions::MoveEarlier, Menu::Edit, Starts::Group, QT_TRANSLATE_NOOP("RollActions", "Move Earlier"),
+    Row{RollActions::MoveEarlier, Menu::Move, Starts::Group, QT_TRANSLATE_NOOP("RollActions", "Move Earlier"),
         QT_TRANSLATE_NOOP("RollActions", "Move the selected notes, or the cursor, one grid step back"), "Left",
         [](RollCommands &commands) { commands.moveByStep(Direction::Back); }},
-    Row{RollActions::MoveLater, Menu::Edit, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Move Later"),
+    Row{RollActions::MoveLater, Menu::Move, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Move Later"),
         QT_TRANSLATE_NOOP("RollActions", "Move the selected notes, or the cursor, one grid step on"), "Right",
         [](RollCommands &commands) { commands.moveByStep(Direction::Forward); }},
-    Row{RollActions::MoveUp, Menu::Edit, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Move Up"),
+    Row{RollActions::MoveUp, Menu::Move, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Move Up"),
         QT_TRANSLATE_NOOP("RollActions", "Move the selected notes, or the cursor, a semitone up"), "Up",
         [](RollCommands &commands) { commands.moveBySemitones(1); }},
-    Row{RollActions::MoveDown, Menu::Edit, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Move Down"),
+    Row{RollActions::MoveDown, Menu::Move, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Move Down"),
         QT_TRANSLATE_NOOP("RollActions", "Move the selected notes, or the cursor, a semitone down"), "Down",
         [](RollCommands &commands) { commands.moveBySemitones(-1); }},
-    Row{RollActions::MoveOctaveUp, Menu::Edit, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Move an Octave Up"),
+    Row{RollActions::MoveOctaveUp, Menu::Move, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Move an Octave Up"),
         QT_TRANSLATE_NOOP("RollActions", "Move the selected notes, or the cursor, an octave up"), "Ctrl+Up",
         [](RollCommands &commands) { commands.moveBySemitones(semitonesPerOctave); }},
-    Row{RollActions::MoveOctaveDown, Menu::Edit, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Move an Octave Down"),
+    Row{RollActions::MoveOctaveDown, Menu::Move, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Move an Octave Down"),
         QT_TRANSLATE_NOOP("RollActions", "Move the selected notes, or the cursor, an octave down"), "Ctrl+Down",
         [](RollCommands &commands) { commands.moveBySemitones(-semitonesPerOctave); }},
-    Row{RollActions::MoveMeasureEarlier, Menu::Edit, Starts::Here,
+    Row{RollActions::MoveMeasureEarlier, Menu::Move, Starts::Here,
         QT_TRANSLATE_NOOP("RollActions", "Move a Measure Earlier"),
         QT_TRANSLATE_NOOP("RollActions", "Move the selected notes a measure back, or the cursor to its start"),
         "Ctrl+Left", [](RollCommands &commands) { commands.moveByMeasure(Direction::Back); }},
-    Row{RollActions::MoveMeasureLater, Menu::Edit, Starts::Here,
+    Row{RollActions::MoveMeasureLater, Menu::Move, Starts::Here,
         QT_TRANSLATE_NOOP("RollActions", "Move a Measure Later"),
         QT_TRANSLATE_NOOP("RollActions", "Move the selected notes a measure on, or the cursor to the next one"),
         "Ctrl+Right", [](RollCommands &commands) { commands.moveByMeasure(Direction::Forward); }},
-    Row{RollActions::Lengthen, Menu::Edit, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "&Lengthen"),
+    Row{RollActions::Lengthen, Menu::Edit, Starts::Group, QT_TRANSLATE_NOOP("RollActions", "&Lengthen"),
         QT_TRANSLATE_NOOP("RollActions", "Make the selected notes one grid step longer"), "Shift+Right",
         [](RollCommands &commands) { commands.resizeByStep(Direction::Forward); }},
     Row{RollActions::Shorten, Menu::Edit, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Sho&rten"),
         QT_TRANSLATE_NOOP("RollActions", "Make the selected notes one grid step shorter"), "Shift+Left",
         [](RollCommands &commands) { commands.resizeByStep(Direction::Back); }},
-    Row{RollActions::CursorToStart, Menu::Edit, Starts::Group, QT_TRANSLATE_NOOP("RollActions", "Cursor to Start"),
+    Row{RollActions::CursorToStart, Menu::Move, Starts::Group, QT_TRANSLATE_NOOP("RollActions", "Cursor to Start"),
         QT_TRANSLATE_NOOP("RollActions", "Set the cursor to the start of the track"), "Home",
         [](RollCommands &commands) { commands.setCursor(0); }},
-    Row{RollActions::CursorToEnd, Menu::Edit, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Cursor to End"),
+    Row{RollActions::CursorToEnd, Menu::Move, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Cursor to End"),
         QT_TRANSLATE_NOOP("RollActions", "Set the cursor behind the last note"), "End",
         [](RollCommands &commands) { commands.setCursorToEnd(); }},
-    Row{RollActions::PlayOrStop, Menu::Edit, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Play or Stop"),
+    Row{RollActions::PlayOrStop, Menu::Edit, Starts::Group, QT_TRANSLATE_NOOP("RollActions", "Play or Stop"),
         QT_TRANSLATE_NOOP("RollActions", "Play the track from the cursor on, or stop what plays"), "Space", nullptr},
     Row{RollActions::PlayFromCursor, Menu::Edit, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Play from Cursor"),
         QT_TRANSLATE_NOOP("RollActions", "Play the track from the cursor on"), "Shift+Space", nullptr},
@@ -158,7 +160,7 @@ RollActions::RollActions(RollCommands &commands, QWidget &roll) : QObject(&roll)
         if (row.run != nullptr)
             connect(action, &QAction::triggered, this, [&commands, run = row.run] { run(commands); });
         actions_[row.id] = action;
-        auto &menu = row.menu == Menu::Edit ? editMenu_ : viewMenu_;
+        auto &menu = menus_[size_t(row.menu)];
         if (row.starts == Starts::Group) {
             menu.append(newSeparator(this));
         }
@@ -172,6 +174,19 @@ RollActions::RollActions(RollCommands &commands, QWidget &roll) : QObject(&roll)
     addSnapActions();
     addLengthActions(commands, roll);
     addEntryActions(commands, roll);
+}
+
+void RollActions::fillEditMenu(QMenu &menu) const
+{
+    const auto add = [this](QMenu &to, Menu from) {
+        for (auto *const action : actionsOf(from))
+            to.addAction(action);
+        to.setToolTipsVisible(true);
+    };
+    add(menu, Menu::Edit);
+    menu.addSeparator();
+    add(*menu.addMenu(tr("Selectio&n")), Menu::Selection);
+    add(*menu.addMenu(tr("&Move")), Menu::Move);
 }
 
 void RollActions::addExclusive(const QVector<Id> &ids)

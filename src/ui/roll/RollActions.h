@@ -5,8 +5,10 @@
 #include <QAction>
 #include <QVector>
 
+#include <array>
 #include <functional>
 
+class QMenu;
 class QWidget;
 class RollCommands;
 class RollSnap;
@@ -65,8 +67,10 @@ public:
     QAction *action(Id id) const { return actions_[id]; }
 
     // In the order of a menu, with separators.
-    const QVector<QAction *> &editActions() const { return editMenu_; }
-    const QVector<QAction *> &viewActions() const { return viewMenu_; }
+    enum class Menu { Edit, Selection, Move, View };
+    const QVector<QAction *> &actionsOf(Menu menu) const { return menus_[size_t(menu)]; }
+    // All but those of the view, selection and movement in menus of their own.
+    void fillEditMenu(QMenu &menu) const;
     const QVector<QAction *> &snapActions() const { return snapMenu_; }     // exclusive and checkable
     const QVector<QAction *> &lengthActions() const { return lengthMenu_; } // of new notes; those of it are checked
     const QVector<QAction *> &entryActions() const { return entryMenu_; }   // notes by their letters, and rests
@@ -88,8 +92,7 @@ private:
     QAction *addKeyAction(const QString &text, const QString &key, QWidget &roll, const Run &run);
 
     QVector<QAction *> actions_;
-    QVector<QAction *> editMenu_;
-    QVector<QAction *> viewMenu_;
+    std::array<QVector<QAction *>, 4> menus_;
     QVector<QAction *> snapMenu_;
     QVector<QAction *> lengthMenu_;
     QVector<QAction *> entryMenu_;

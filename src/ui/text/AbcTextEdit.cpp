@@ -222,6 +222,19 @@ void AbcTextEdit::wheelEvent(QWheelEvent *event)
     wheelRest_ %= wheelStep;
 }
 
+// Undo and Redo are the window's, which knows what was typed and what was edited as notes.
+bool AbcTextEdit::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto &key = *static_cast<QKeyEvent *>(event);
+        if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo)) {
+            event->ignore();
+            return true;
+        }
+    }
+    return QPlainTextEdit::event(event);
+}
+
 // A line separator would be a line for the reader and none for the margin.
 void AbcTextEdit::keyPressEvent(QKeyEvent *event)
 {

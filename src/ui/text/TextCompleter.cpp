@@ -67,7 +67,9 @@ void TextCompleter::offer()
     }
     typed_ = completion.typed;
     choices_.setStringList(completion.choices);
-    auto below = text_.cursorRect();
+    auto word = caret;
+    word.movePosition(QTextCursor::Left, QTextCursor::MoveAnchor, typed_);
+    auto below = text_.cursorRect(word);
     below.setWidth(popup()->sizeHintForColumn(0) + popup()->verticalScrollBar()->sizeHint().width() + 12);
     below.translate(text_.viewport()->pos());
     complete(below);

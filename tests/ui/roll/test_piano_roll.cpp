@@ -114,6 +114,9 @@ private slots:
         fixture.roll.clearFocus();
         fixture.document.setCaret(start + 3, {start + 1, 2});
         QCOMPARE(fixture.result(), QStringLiteral("0+1:60 1+1:62* 2+1:64* 3+1:65 @3:60"));
+        fixture.document.moveCaret(start + 4); // behind the last one, where more would be typed
+        QCOMPARE(fixture.state().cursor, 4 * eighth);
+        fixture.document.moveCaret(start + 3);
         QVERIFY(fixture.state().has(1, RollState::Selected) && !fixture.state().has(0, RollState::Selected));
         QVERIFY(fixture.state().has(3, RollState::AtCaret) && !fixture.state().has(1, RollState::AtCaret));
         QCOMPARE(fixture.roll.accessibleDescription(), QStringLiteral("2 note(s) selected"));

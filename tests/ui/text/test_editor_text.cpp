@@ -437,6 +437,20 @@ private slots:
         }
     }
 
+    void undoOfNotesKeepsTheLine()
+    {
+        EditorFixture editor("c d\n");
+        editor.show();
+        editor.text->setFocus();
+        QTRY_VERIFY(editor.text->hasFocus());
+        const auto before = editor.plainText();
+        editor.window.document().insertNotes({{0, ticksPerQuarter, 60}}, QStringLiteral("Insert Note"));
+        editor.text->goToLine(2);
+        QTest::keyClick(editor.text, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(editor.plainText(), before);
+        QCOMPARE(editor.text->textCursor().blockNumber(), 1);
+    }
+
     void completes_data()
     {
         const Rows<QString, QString, QString> row("line", "typed", "completed"); // "\t" takes the first choice
@@ -447,6 +461,10 @@ private slots:
         row("none is chosen", "K:", "A\n", "K:A\n");
         row("in a field within the music", "K:C\n[K:", "F#m\t", "K:C\n[K:F#mix");
         row("a decoration", "K:C\n!f!C ", "!tri\t", "K:C\n!f!C !trill!");
+        const auto tune =
+            QStringLiteral("X: 1\nT: Kite\nM: 4/4\nL: 1/8\nK: G\nz4 z2 GA | B2 BA GA Bc | d2 (3edc B4- |\n"
+                           "B2 !trill!A2 [GB]4 | [K: D]Bc d>B c2 A2 |]\n");
+        row("a tune as it is typed", "", tune, tune);
         row("nothing to complete", "K:C\nC!f!", "ff", "K:C\nC!f!ff");
     }
 
