@@ -65,6 +65,8 @@ struct ArrangeOptions
 
     static constexpr int mostPlayers = 24;
     static constexpr int mostVoices = 8;
+
+    bool operator==(const ArrangeOptions &) const = default;
 };
 
 enum class DropReason : quint8 {

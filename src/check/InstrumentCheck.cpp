@@ -1,6 +1,7 @@
 #include "check/InstrumentCheck.h"
 
 #include "assets/InstrumentGuess.h"
+#include "assets/ProgramInstruments.h"
 #include "check/NoteCheck.h"
 #include "check/text/FoldedNotes.h"
 #include "core/AbcParser.h"
@@ -107,6 +108,9 @@ void checkSamples(const TextCheck &part, const Instrument &instrument, const Che
             findings.append(
                 {*kind, textOf(note, part), note.start(), valuesOf(*kind, note.pitch(), pitches, instrument.name)});
     }
+    const bool isPercussion = usualProgram(instrument.name) == ProgramInstruments::percussion;
+    if (isPercussion)
+        return; // an octave away is another drum
     foldInto(findings, FindingKind::NoSample, {part.text, part.lines},
              [&pitches](int pitch) { return pitches.octavesToSample(pitch); });
 }

@@ -2,6 +2,7 @@
 #include "app/ExampleSongs.h"
 #include "app/WindowFixture.h"
 #include "app/songtools/SourceTracks.h"
+#include "core/AbcParser.h"
 #include "support/Rows.h"
 #include "ui/arranging/ArrangeDialog.h"
 #include "ui/listening/GroupPlayer.h"
@@ -76,6 +77,20 @@ private slots:
         QCOMPARE(fixture_->tracks().song().size(), 2);
         QVERIFY(fixture_->tracks().filePath(fixture_->tracks().ids().first()).isEmpty());
         verifyOneStep(before);
+
+        // The source is heard as it was, each of its notes once.
+        const auto notesOf = [](const auto &all) {
+            int notes = 0;
+            for (const auto &track : all)
+                notes += track->noteCount();
+            return notes;
+        };
+        const auto sources = sourceTracks(fixture_->tracks().song(), fixture_->window().session().imports());
+        QCOMPARE(sources.tracks.size(), 2);
+        QVector<std::shared_ptr<const Track>> imported;
+        for (const auto &part : before)
+            imported.append(part->track);
+        QCOMPARE(notesOf(sources.tracks), notesOf(imported));
     }
 
     void changesAllParts_data()
@@ -134,6 +149,17 @@ private slots:
         source->trigger();
         QTRY_COMPARE(fixture_->dialogs().messages.size(), 1);
         QVERIFY(!source->isChecked());
+    }
+
+    void hearsStandardAbcAsItIsMeant()
+    {
+        SongTrack part;
+        part.id = QStringLiteral("T1");
+        part.import = QStringLiteral("I1");
+        part.track = std::make_shared<const Track>(parseAbc(QStringLiteral("X:1\nT:Reel\nK:C\nC")));
+        const auto file = fixture_->write("reel.abc", "X:1\nT:Reel\nM:2/4\nL:1/8\nK:C\n|:CD:|\n");
+        const auto sources = sourceTracks({std::make_shared<const SongTrack>(part)}, {{file, {}, {}, part.import}});
+        QCOMPARE(sources.tracks[part.id]->noteCount(), 4);
     }
 
     void asksBeforeNotesAreRemoved_data()

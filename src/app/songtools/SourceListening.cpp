@@ -3,12 +3,29 @@
 #include "app/services/Playback.h"
 #include "app/services/SongSession.h"
 #include "ui/Dialogs.h"
+#include "ui/tracks/TrackList.h"
+
+namespace {
+
+QStringList idsOf(const SongTracks &song)
+{
+    QStringList ids;
+    for (const auto &track : song)
+        ids.append(track->id);
+    return ids;
+}
+
+} // namespace
 
 SourceListening::SourceListening(const CommandContext &context) : context_(context)
 {
     connect(&context_.session, &SongSession::opened, this, [this] {
         listenToSource(false);
         emit switchedOff();
+    });
+    connect(&context_.tracks, &TrackList::songChanged, this, [this](const SongTracks &before, const SongTracks &after) {
+        if (isOn_ && idsOf(before) != idsOf(after))
+            listenToSource(true);
     });
 }
 
@@ -21,6 +38,7 @@ QVector<ActionRow> SourceListening::actions()
 
 void SourceListening::listenToSource(bool isOn)
 {
+    isOn_ = isOn;
     if (!isOn) {
         reading_.cancel();
         context_.playback.setStandIns({});
@@ -42,6 +60,7 @@ void SourceListening::take(const SourceTracks &sources)
 
 void SourceListening::tell(const QString &text)
 {
+    listenToSource(false);
     emit switchedOff();
     context_.dialogs.message(&context_.window, Dialogs::Severity::Warning, tr("Source"), text);
 }

@@ -9,7 +9,7 @@
 #include <QVector>
 
 // The switch between the song as the game will play it and the sources that it came from, also while it sounds. The
-// sources are read beside the interface thread. [ui]
+// sources are read beside the interface thread, and again when parts come or go meanwhile. [ui]
 class SourceListening : public QObject
 {
     Q_OBJECT
@@ -29,5 +29,6 @@ private:
     void tell(const QString &text);
 
     CommandContext context_;
+    bool isOn_ = false;
     Task reading_;
 };

@@ -4,12 +4,16 @@
 #include "song/SongSource.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace {
 
-ReadingOptions asItIs(const QJsonObject &settings)
+// ABC is only imported as the standard has it.
+ReadingOptions asItIs(const SongSource &source, const QJsonObject &settings)
 {
     auto options = readingOptions(settings);
+    const bool isAbc = source.kind == SongSource::Kind::AbcFile || source.kind == SongSource::Kind::AbcText;
+    options.abc = isAbc ? AbcDialect::Standard : AbcDialect::Auto;
     options.cleanQuantise = false;
     options.midi.autoRealign = false;
     options.midi.velocityGate = 0;
@@ -18,15 +22,87 @@ ReadingOptions asItIs(const QJsonObject &settings)
     return options;
 }
 
-// Takes the tracks away that it gives.
-void assign(SourceTracks &result, QVector<std::shared_ptr<const SongTrack>> parts, QVector<Track> tracks)
+// Where a part has notes, so that others can be known again that were moved to a grid or by octaves.
+class NoteImage
+{
+public:
+    explicit NoteImage(const Track &track)
+    {
+        for (const auto &event : track.events()) {
+            if (event.isNote())
+                notes_.insert(keyOf(event, 0));
+        }
+    }
+
+    // How many of the track's notes are there, of 1.
+    double shareOf(const Track &track) const
+    {
+        const auto &events = track.events();
+        const auto isHere = [this](const TrackEvent &event) {
+            return event.isNote() && (notes_.count(keyOf(event, 0)) > 0 || notes_.count(keyOf(event, -1)) > 0 ||
+                                      notes_.count(keyOf(event, 1)) > 0);
+        };
+        return double(std::count_if(events.begin(), events.end(), isHere)) / std::max(1, track.noteCount());
+    }
+
+private:
+    static qint64 keyOf(const TrackEvent &note, int aside)
+    {
+        constexpr Ticks grid = ticksPerWholeNote / 32;
+        return (note.start() / grid + aside) * 12 + note.pitch() % 12;
+    }
+
+    std::unordered_set<qint64> notes_;
+};
+
+void addNotes(Track &track, const Track &other)
+{
+    for (const auto &event : other.events()) {
+        if (event.isNote())
+            track.appendEvent(event);
+    }
+    track.normalize();
+}
+
+// What was arranged, merged or split: each of the tracks sounds with the part that has most of its notes, and a part
+// whose notes sound in others is silent.
+void share(SourceTracks &result, const QVector<std::shared_ptr<const SongTrack>> &parts, const QVector<Track> &tracks)
+{
+    constexpr double enough = 0.25;
+    std::vector<NoteImage> images;
+    QVector<Track> heard(parts.size());
+    for (const auto &part : parts)
+        images.emplace_back(*part->track);
+    for (const auto &track : tracks) {
+        std::vector<double> shares;
+        for (const auto &image : images)
+            shares.push_back(image.shareOf(track));
+        const auto best = std::max_element(shares.begin(), shares.end());
+        if (best == shares.end() || *best < enough)
+            continue;
+        auto &into = heard[int(best - shares.begin())];
+        if (into.noteCount() == 0)
+            into = track;
+        else
+            addNotes(into, track);
+    }
+    for (int i = 0; i < parts.size(); ++i) {
+        const bool isElsewhere = std::any_of(tracks.begin(), tracks.end(), [&](const Track &track) {
+            return NoteImage(track).shareOf(*parts[i]->track) >= enough;
+        });
+        if (heard[i].noteCount() > 0 || isElsewhere)
+            result.tracks.insert(parts[i]->id, std::make_shared<const Track>(heard[i]));
+    }
+}
+
+void assign(SourceTracks &result, const QVector<std::shared_ptr<const SongTrack>> &parts, QVector<Track> tracks)
 {
     const bool isWhole = parts.size() == tracks.size();
     const auto take = [&](const SongTrack &part, int index) {
         result.tracks.insert(part.id, std::make_shared<const Track>(tracks.takeAt(index)));
     };
     QVector<std::shared_ptr<const SongTrack>> unnamed;
-    for (const auto &part : qAsConst(parts)) {
+    for (const auto &part : parts) {
         const auto found = std::find_if(tracks.begin(), tracks.end(),
                                         [&](const Track &track) { return track.title() == part->track->title(); });
         if (found != tracks.end())
@@ -34,8 +110,10 @@ void assign(SourceTracks &result, QVector<std::shared_ptr<const SongTrack>> part
         else
             unnamed.append(part);
     }
-    for (int i = 0; isWhole && i < unnamed.size(); ++i)
-        take(*unnamed[i], 0);
+    if (!isWhole)
+        return share(result, unnamed, tracks);
+    for (const auto &part : qAsConst(unnamed))
+        take(*part, 0);
 }
 
 QVector<std::shared_ptr<const SongTrack>> partsOf(const SongTracks &song, const SongImported &imported)
@@ -57,7 +135,8 @@ SourceTracks sourceTracks(const SongTracks &song, const QVector<SongImported> &i
         const auto parts = partsOf(song, imported);
         if (parts.isEmpty())
             continue;
-        auto read = readSource(sourceOf(imported), asItIs(imported.settings), stop);
+        const auto source = sourceOf(imported);
+        auto read = readSource(source, asItIs(source, imported.settings), stop);
         for (const auto &error : qAsConst(read.errors))
             result.problems.append(imported.path.isEmpty() ? error.text
                                                            : imported.path + QStringLiteral(": ") + error.text);

@@ -17,6 +17,7 @@ struct SourceTracks
 
 // Reads the sources again as they are: MIDI with its own times and lengths, without grids and gates, as loud as it is
 // struck; the tempo is the one that it was imported with, so that both stay together. A part is found by its title, or
-// by its place where there are as many. Throws Interrupted soon after a stop.
+// by its place where there are as many, or by its notes: after an arrangement the tracks that it plays sound in its
+// place, each of them once. Throws Interrupted soon after a stop.
 SourceTracks sourceTracks(const SongTracks &song, const QVector<SongImported> &imports,
                           const std::stop_token &stop = {});

@@ -193,12 +193,16 @@ ArrangeOptions ArrangeDialog::options() const
     return {players_->value(), voices_->value(), chosen(melody_), chosen(bass_)};
 }
 
+// A spin box tells its value again when Enter is pressed in it, which is to arrange.
 void ArrangeDialog::arrangeAgain()
 {
+    if (wanted_ == options())
+        return;
+    wanted_ = options();
     QVector<SourcePart> parts;
     for (const auto &source : qAsConst(sources_))
         parts.append(source.part);
-    const auto work = [parts, wanted = options()](const TaskControl &control) {
+    const auto work = [parts, wanted = *wanted_](const TaskControl &control) {
         auto arrangement = arrange(parts, wanted, control.stop());
         for (auto &part : arrangement.parts)
             part.track.toAbc();

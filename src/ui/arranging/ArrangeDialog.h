@@ -66,6 +66,7 @@ private:
     ArrangeTable after_{ArrangeTable::Side::After};
     GroupPlayer player_;
     Heard heard_ = Heard::Nothing;
+    std::optional<ArrangeOptions> wanted_; // at last
     Arrangement arrangement_;
     QString failure_;
     QSpinBox *players_;

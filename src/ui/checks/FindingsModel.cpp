@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr quintptr ofKinds = 0; // the internal id of a row of a kind; below it the kind's number from 1
+constexpr quintptr levels = 3; // an index's internal id is its number on its level, times this, and the level
 
 QColor colourOf(Severity severity)
 {
@@ -25,104 +25,186 @@ void FindingsModel::show(const CheckedSong &song)
     beginResetModel();
     song_ = song;
     kinds_.clear();
+    parts_.clear();
+    places_.clear();
+    placeParents_.clear();
     measures_.assign(size_t(song_.parts().size()), std::nullopt);
-    std::array<std::vector<Place>, findingKindCount> places;
-    for (int part = 0; part < song_.parts().size(); ++part) {
-        const auto &result = song_.parts()[part];
-        for (const auto *findings : {&result.alone->findings, &result.together}) {
-            for (const auto &finding : *findings)
-                places[size_t(finding.kind)].push_back({part, &finding});
-        }
-    }
-    for (size_t kind = 0; kind < places.size(); ++kind) {
-        if (!places[kind].empty())
-            kinds_.push_back({FindingKind(kind), std::move(places[kind])});
-    }
-    std::stable_sort(kinds_.begin(), kinds_.end(), [](const Kind &a, const Kind &b) {
-        return FindingKinds::severity(a.kind) > FindingKinds::severity(b.kind);
+    std::vector<FindingKind> kinds;
+    for (int kind = 0; kind < findingKindCount; ++kind)
+        kinds.push_back(FindingKind(kind));
+    std::stable_sort(kinds.begin(), kinds.end(), [](FindingKind a, FindingKind b) {
+        return FindingKinds::severity(a) > FindingKinds::severity(b);
     });
+    for (const auto kind : kinds)
+        addKind(kind);
     endResetModel();
 }
 
-bool FindingsModel::isPlace(const QModelIndex &index)
+void FindingsModel::addKind(FindingKind kind)
 {
-    return index.isValid() && index.internalId() != ofKinds;
+    KindRow row{{0, int(kinds_.size()), int(parts_.size()), 0}, kind, 0};
+    for (int part = 0; part < song_.parts().size(); ++part) {
+        const auto &result = song_.parts()[part];
+        PartRow partRow{{row.row, row.count, int(places_.size()), 0}, part};
+        for (const auto *findings : {&result.alone->findings, &result.together}) {
+            for (const auto &finding : *findings) {
+                if (finding.kind == kind)
+                    places_.push_back(&finding);
+            }
+        }
+        partRow.count = int(places_.size()) - partRow.first;
+        if (partRow.count == 0)
+            continue;
+        placeParents_.resize(places_.size(), int(parts_.size()));
+        row.places += partRow.count;
+        ++row.count;
+        parts_.push_back(partRow);
+    }
+    if (row.count > 0)
+        kinds_.push_back(row);
 }
 
-const FindingsModel::Kind &FindingsModel::kindAt(const QModelIndex &index) const
+FindingsModel::Node FindingsModel::nodeOf(const QModelIndex &index)
 {
-    return kinds_[isPlace(index) ? size_t(index.internalId()) - 1 : size_t(index.row())];
+    return {Level(index.internalId() % levels), int(index.internalId() / levels)};
 }
 
-const FindingsModel::Place &FindingsModel::placeAt(const QModelIndex &index) const
+QModelIndex FindingsModel::indexOf(Node node, int column) const
 {
-    return kindAt(index).places[size_t(index.row())];
+    const auto number = size_t(node.number);
+    const int row = node.level == Level::Kind   ? node.number
+                    : node.level == Level::Part ? parts_[number].row
+                                                : node.number - parts_[size_t(placeParents_[number])].first;
+    return createIndex(row, column, quintptr(number) * levels + quintptr(node.level));
+}
+
+int FindingsModel::partRowOf(Node node) const
+{
+    return node.level == Level::Place ? placeParents_[size_t(node.number)] : node.number;
+}
+
+std::pair<int, int> FindingsModel::placesOf(Node node) const
+{
+    const auto number = size_t(node.number);
+    if (node.level == Level::Place)
+        return {node.number, node.number + 1};
+    const auto first = node.level == Level::Part ? parts_[number].first : parts_[size_t(kinds_[number].first)].first;
+    return {first, first + (node.level == Level::Part ? parts_[number].count : kinds_[number].places)};
+}
+
+const Finding *FindingsModel::findingOf(Node node) const
+{
+    const auto [first, end] = placesOf(node);
+    return node.level != Level::Kind && end - first == 1 ? places_[size_t(first)] : nullptr;
 }
 
 std::optional<FindingKind> FindingsModel::kind(const QModelIndex &row) const
 {
-    return row.isValid() ? std::optional(kindAt(row).kind) : std::nullopt;
+    if (!row.isValid())
+        return {};
+    return places_[size_t(placesOf(nodeOf(row)).first)]->kind;
+}
+
+QString FindingsModel::trackId(const QModelIndex &row) const
+{
+    if (!row.isValid() || nodeOf(row).level == Level::Kind)
+        return {};
+    return song_.parts()[parts_[size_t(partRowOf(nodeOf(row)))].part].part.id;
 }
 
 std::optional<FoundPlace> FindingsModel::place(const QModelIndex &row) const
 {
-    if (!isPlace(row))
+    const auto *const finding = row.isValid() ? findingOf(nodeOf(row)) : nullptr;
+    return finding != nullptr ? std::optional(FoundPlace{trackId(row), *finding}) : std::nullopt;
+}
+
+QString FindingsModel::fullText(const QModelIndex &row) const
+{
+    const auto *const finding = row.isValid() ? findingOf(nodeOf(row)) : nullptr;
+    if (finding == nullptr)
         return {};
-    const auto &place = placeAt(row);
-    return FoundPlace{song_.parts()[place.part].part.id, *place.finding};
+    const auto &part = song_.parts()[parts_[size_t(partRowOf(nodeOf(row)))].part].part;
+    return tr("%1: %2").arg(part.track->title(), sentenceOf(*finding));
 }
 
 bool FindingsModel::isFixable(const QModelIndex &row) const
 {
-    const auto hasFix = [](const Place &place) { return !place.finding->fix.isEmpty(); };
     if (!row.isValid())
         return false;
-    const auto &places = kindAt(row).places;
-    return isPlace(row) ? hasFix(placeAt(row)) : std::any_of(places.begin(), places.end(), hasFix);
+    const auto [first, end] = placesOf(nodeOf(row));
+    return std::any_of(places_.begin() + first, places_.begin() + end,
+                       [](const Finding *finding) { return !finding->fix.isEmpty(); });
 }
 
 QModelIndex FindingsModel::index(int row, int column, const QModelIndex &parent) const
 {
     if (!hasIndex(row, column, parent))
         return {};
-    return createIndex(row, column, parent.isValid() ? quintptr(parent.row()) + 1 : ofKinds);
+    if (!parent.isValid())
+        return indexOf({Level::Kind, row}, column);
+    const auto above = nodeOf(parent);
+    const auto number = size_t(above.number);
+    return above.level == Level::Kind ? indexOf({Level::Part, kinds_[number].first + row}, column)
+                                      : indexOf({Level::Place, parts_[number].first + row}, column);
 }
 
 QModelIndex FindingsModel::parent(const QModelIndex &index) const
 {
-    return isPlace(index) ? createIndex(int(index.internalId()) - 1, 0, ofKinds) : QModelIndex();
+    if (!index.isValid())
+        return {};
+    const auto node = nodeOf(index);
+    const auto number = size_t(node.number);
+    return node.level == Level::Kind   ? QModelIndex()
+           : node.level == Level::Part ? indexOf({Level::Kind, parts_[number].parent}, 0)
+                                       : indexOf({Level::Part, placeParents_[number]}, 0);
 }
 
 int FindingsModel::rowCount(const QModelIndex &parent) const
 {
     if (!parent.isValid())
         return int(kinds_.size());
-    return isPlace(parent) || parent.column() > 0 ? 0 : int(kindAt(parent).places.size());
+    const auto node = nodeOf(parent);
+    if (parent.column() > 0 || findingOf(node) != nullptr)
+        return 0;
+    return node.level == Level::Kind ? kinds_[size_t(node.number)].count : parts_[size_t(node.number)].count;
 }
 
-QString FindingsModel::textOf(const Place &place, int column) const
+QString FindingsModel::textOf(Node node) const
 {
-    const auto &part = song_.parts()[place.part].part;
-    if (column == What)
-        return tr("%1: %2").arg(part.track->title(), sentenceOf(*place.finding));
-    if (place.finding->tick < 0)
+    if (node.level == Level::Kind)
+        return FindingKinds::title(kinds_[size_t(node.number)].kind);
+    if (node.level == Level::Place)
+        return sentenceOf(*places_[size_t(node.number)]);
+    const auto *const finding = findingOf(node);
+    const auto &part = song_.parts()[parts_[size_t(node.number)].part].part;
+    return finding != nullptr ? tr("%1: %2").arg(part.track->title(), sentenceOf(*finding)) : part.track->title();
+}
+
+// Of several places their number.
+QString FindingsModel::placeOf(Node node) const
+{
+    const auto *const finding = findingOf(node);
+    if (finding == nullptr) {
+        const auto [first, end] = placesOf(node);
+        return QString::number(end - first);
+    }
+    if (finding->tick < 0)
         return {};
-    auto &measures = measures_[size_t(place.part)];
+    const auto part = parts_[size_t(partRowOf(node))].part;
+    auto &measures = measures_[size_t(part)];
     if (!measures)
-        measures.emplace(*part.track);
-    return tr("measure %1").arg(measures->at(place.finding->tick).number);
+        measures.emplace(*song_.parts()[part].part.track);
+    return tr("measure %1").arg(measures->at(finding->tick).number);
 }
 
 QVariant FindingsModel::data(const QModelIndex &index, int role) const
 {
-    const auto &kind = kindAt(index);
-    if (role == Qt::DecorationRole && index.column() == What && !isPlace(index))
-        return colourOf(FindingKinds::severity(kind.kind));
+    const auto node = nodeOf(index);
+    if (role == Qt::DecorationRole && index.column() == What && node.level == Level::Kind)
+        return colourOf(FindingKinds::severity(kinds_[size_t(node.number)].kind));
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
         return {};
-    if (isPlace(index))
-        return textOf(placeAt(index), role == Qt::ToolTipRole ? int(What) : index.column());
-    return index.column() == What ? FindingKinds::title(kind.kind) : QString::number(kind.places.size());
+    return role == Qt::ToolTipRole || index.column() == What ? textOf(node) : placeOf(node);
 }
 
 QVariant FindingsModel::headerData(int section, Qt::Orientation orientation, int role) const

@@ -15,8 +15,8 @@ struct FoundPlace
     Finding finding;
 };
 
-// What is wrong with a song: a row for each kind of finding, the gravest first, and below it a row for each place. On
-// the interface thread.
+// What is wrong with a song: a row for each kind of finding, the gravest first, below it one for each part, and below
+// that one for each place. A part with one place is that place. On the interface thread.
 class FindingsModel : public QAbstractItemModel
 {
     Q_OBJECT
@@ -29,11 +29,14 @@ public:
     void show(const CheckedSong &song);
     const CheckedSong &song() const { return song_; }
 
-    // Of a row of either sort; nothing for an index that is none.
+    // Of a row of any sort; nothing for an index that is none.
     std::optional<FindingKind> kind(const QModelIndex &row) const;
+    // Of a row of a part or place; empty for others.
+    QString trackId(const QModelIndex &row) const;
     // Of a row of a place; nothing for others.
     std::optional<FoundPlace> place(const QModelIndex &row) const;
-    bool isFixable(const QModelIndex &row) const; // it, or one of the places below it
+    QString fullText(const QModelIndex &row) const; // of a place, with its part
+    bool isFixable(const QModelIndex &row) const;   // it, or one of the places below it
 
     QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
     QModelIndex parent(const QModelIndex &index) const override;
@@ -43,22 +46,41 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
 private:
-    struct Place
+    enum class Level { Kind, Part, Place };
+    struct Group
     {
-        int part = 0; // of song_
-        const Finding *finding = nullptr;
+        int parent = 0; // its number among those of the level above
+        int row = 0;    // in it
+        int first = 0;  // of those of the level below
+        int count = 0;
     };
-    struct Kind
+    struct KindRow : Group
     {
         FindingKind kind;
-        std::vector<Place> places; // by part
+        int places = 0;
     };
-    static bool isPlace(const QModelIndex &index);
-    const Kind &kindAt(const QModelIndex &index) const;
-    const Place &placeAt(const QModelIndex &index) const;
-    QString textOf(const Place &place, int column) const;
+    struct PartRow : Group
+    {
+        int part = 0; // of song_
+    };
+    struct Node
+    {
+        Level level;
+        int number; // on it
+    };
+    static Node nodeOf(const QModelIndex &index);
+    QModelIndex indexOf(Node node, int column) const;
+    int partRowOf(Node node) const;
+    std::pair<int, int> placesOf(Node node) const; // first and end
+    const Finding *findingOf(Node node) const;     // null where there are several
+    QString textOf(Node node) const;
+    QString placeOf(Node node) const;
+    void addKind(FindingKind kind);
 
     CheckedSong song_;
-    std::vector<Kind> kinds_;
+    std::vector<KindRow> kinds_;
+    std::vector<PartRow> parts_;
+    std::vector<const Finding *> places_;
+    std::vector<int> placeParents_;                         // of the places, among parts_
     mutable std::vector<std::optional<Measures>> measures_; // of the parts, when they are asked for
 };

@@ -26,7 +26,7 @@ QPushButton *makeButton(const char *name, const QString &text, const QString &ti
 } // namespace
 
 FindingsPanel::FindingsPanel(QWidget *parent)
-    : QWidget(parent), line_(new QLabel), view_(new QTreeView),
+    : QWidget(parent), line_(new QLabel), view_(new QTreeView), sentence_(new QLabel),
       fix_(makeButton("btnFixFinding", tr("Fix"), tr("Mend what is chosen, in the part's text"))),
       fixAll_(makeButton("btnFixAllFindings", tr("Fix All of This Kind"), tr("Mend it in all parts, as one step")))
 {
@@ -38,8 +38,13 @@ FindingsPanel::FindingsPanel(QWidget *parent)
     column->setContentsMargins(6, 6, 6, 6);
     column->addWidget(line_);
     column->addWidget(view_, 1);
+    column->addWidget(sentence_);
     column->addLayout(buttons);
     line_->setWordWrap(true);
+    sentence_->setWordWrap(true);
+    sentence_->setTextFormat(Qt::PlainText);
+    sentence_->setAlignment(Qt::AlignTop);
+    sentence_->setMinimumHeight(3 * fontMetrics().lineSpacing()); // the list keeps its size
     view_->setObjectName(QStringLiteral("findings"));
     view_->setAccessibleName(tr("What the game would not play as it is meant"));
     view_->setModel(&model_);
@@ -51,10 +56,9 @@ FindingsPanel::FindingsPanel(QWidget *parent)
     view_->header()->setResizeContentsPrecision(0); // of what is seen: there may be thousands
     view_->setMinimumWidth(50 * fontMetrics().averageCharWidth());
     connect(view_, &QTreeView::clicked, this, &FindingsPanel::choose);
-    connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, this, &FindingsPanel::showButtons);
-    connect(view_, &QTreeView::collapsed, this,
-            [this](const QModelIndex &row) { collapsed_.insert(*model_.kind(row)); });
-    connect(view_, &QTreeView::expanded, this, [this](const QModelIndex &row) { collapsed_.erase(*model_.kind(row)); });
+    connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, this, &FindingsPanel::showCurrent);
+    connect(view_, &QTreeView::collapsed, this, [this](const QModelIndex &row) { keepExpanded(row, false); });
+    connect(view_, &QTreeView::expanded, this, [this](const QModelIndex &row) { keepExpanded(row, true); });
     auto *const enter = new QShortcut(Qt::Key_Return, view_, nullptr, nullptr, Qt::WidgetShortcut);
     connect(enter, &QShortcut::activated, this, [this] { choose(view_->currentIndex()); });
     connect(fix_, &QPushButton::clicked, this, &FindingsPanel::fix);
@@ -67,31 +71,64 @@ void FindingsPanel::show(const CheckedSong &song)
 {
     const auto current = view_->currentIndex();
     const auto kind = model_.kind(current);
-    const int place = model_.place(current) ? current.row() : -1;
+    const auto trackId = model_.trackId(current);
+    const int place = model_.place(current) && current.parent().parent().isValid() ? current.row() : 0;
     model_.show(song);
-    line_->setText(song.findingCount() == 0 ? tr("Nothing is known that the game would not play as it is meant.")
-                                            : tr("A click shows the place in the editor."));
-    for (int row = 0; row < model_.rowCount(); ++row) {
-        const auto index = model_.index(row, 0);
-        if (!collapsed_.contains(*model_.kind(index)))
-            view_->expand(index);
-        if (kind && model_.kind(index) == kind) // the next place is where the last one was mended
-            view_->setCurrentIndex(place < 0 ? index
-                                             : model_.index(std::min(place, model_.rowCount(index) - 1), 0, index));
+    line_->setText(song.findingCount() > 0  ? tr("A click shows the place in the editor.")
+                   : song.parts().isEmpty() ? tr("There are no parts yet.")
+                                            : tr("Nothing is known that the game would not play as it is meant."));
+    expandRows({});
+    if (kind)
+        view_->setCurrentIndex(rowLike(*kind, trackId, place));
+    showCurrent();
+}
+
+// Many places of a part are one row, until the user wants to see them.
+void FindingsPanel::expandRows(const QModelIndex &parent)
+{
+    constexpr int fewPlaces = 12;
+    const QSignalBlocker blocker(view_);
+    for (int row = 0; row < model_.rowCount(parent); ++row) {
+        const auto index = model_.index(row, 0, parent);
+        const auto chosen = expanded_.find({*model_.kind(index), model_.trackId(index)});
+        const bool isShort = !parent.isValid() || model_.rowCount(index) <= fewPlaces;
+        view_->setExpanded(index, chosen != expanded_.end() ? chosen->second : isShort);
+        if (!parent.isValid())
+            expandRows(index);
     }
-    showButtons();
+}
+
+void FindingsPanel::keepExpanded(const QModelIndex &row, bool isExpanded)
+{
+    expanded_[{*model_.kind(row), model_.trackId(row)}] = isExpanded;
+}
+
+// The next place is where the last one was mended; where there is none, the row above it.
+QModelIndex FindingsPanel::rowLike(FindingKind kind, const QString &trackId, int place) const
+{
+    for (int row = 0; row < model_.rowCount(); ++row) {
+        const auto kindRow = model_.index(row, 0);
+        if (model_.kind(kindRow) != kind)
+            continue;
+        for (int part = 0; !trackId.isEmpty() && part < model_.rowCount(kindRow); ++part) {
+            const auto partRow = model_.index(part, 0, kindRow);
+            if (model_.trackId(partRow) == trackId)
+                return model_.rowCount(partRow) == 0
+                           ? partRow
+                           : model_.index(std::min(place, model_.rowCount(partRow) - 1), 0, partRow);
+        }
+        return kindRow;
+    }
+    return {};
 }
 
 void FindingsPanel::showPart(const QString &trackId)
 {
     for (int row = 0; row < model_.rowCount(); ++row) {
-        const auto kind = model_.index(row, 0);
-        for (int place = 0; place < model_.rowCount(kind); ++place) {
-            const auto index = model_.index(place, 0, kind);
-            if (model_.place(index)->trackId == trackId) {
-                view_->setCurrentIndex(index);
-                return;
-            }
+        const auto index = rowLike(*model_.kind(model_.index(row, 0)), trackId, 0);
+        if (model_.trackId(index) == trackId) {
+            view_->setCurrentIndex(index);
+            return;
         }
     }
 }
@@ -108,12 +145,16 @@ void FindingsPanel::fix()
         emit fixRequested(*place);
 }
 
-void FindingsPanel::showButtons()
+void FindingsPanel::showCurrent()
 {
     const auto current = view_->currentIndex();
     const auto kind = model_.kind(current);
     const auto fixText = kind ? FindingKinds::fixText(*kind) : QString();
+    sentence_->setText(model_.fullText(current));
     fix_->setText(fixText.isEmpty() ? tr("Fix") : fixText);
     fix_->setEnabled(model_.place(current) && model_.isFixable(current));
-    fixAll_->setEnabled(kind && model_.isFixable(current.parent().isValid() ? current.parent() : current));
+    auto whole = current;
+    while (whole.parent().isValid())
+        whole = whole.parent();
+    fixAll_->setEnabled(kind && model_.isFixable(whole));
 }

@@ -4,7 +4,8 @@
 
 #include <QWidget>
 
-#include <set>
+#include <map>
+#include <utility>
 
 class QLabel;
 class QPushButton;
@@ -31,12 +32,16 @@ signals:
 private:
     void choose(const QModelIndex &row);
     void fix();
-    void showButtons();
+    void expandRows(const QModelIndex &parent);
+    void keepExpanded(const QModelIndex &row, bool isExpanded);
+    QModelIndex rowLike(FindingKind kind, const QString &trackId, int place) const;
+    void showCurrent();
 
     FindingsModel model_;
     QLabel *line_;
     QTreeView *view_;
+    QLabel *sentence_; // all of it
     QPushButton *fix_;
     QPushButton *fixAll_;
-    std::set<FindingKind> collapsed_; // by the user
+    std::map<std::pair<FindingKind, QString>, bool> expanded_; // kinds, and parts of them, by the user
 };
