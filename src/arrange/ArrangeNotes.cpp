@@ -52,11 +52,18 @@ qint64 percentOf(Ticks part, Ticks whole)
     return whole > 0 ? qint64(double(part) * 100 / double(whole)) : 0;
 }
 
+// A MIDI program is the choice of a sound, and says little about what is played with it.
+const QRegularExpression &soundOfLead()
+{
+    static const QRegularExpression names(QStringLiteral("\\bLead \\d \\([^)]*\\)|\\bVoice Oohs\\b|\\bSynth Voice\\b"));
+    return names;
+}
+
 bool isNamed(const SourcePart &part, const QString &words)
 {
     const QRegularExpression pattern(QStringLiteral("\\b(?:%1)\\b").arg(words),
                                      QRegularExpression::CaseInsensitiveOption);
-    return pattern.match(part.name).hasMatch();
+    return pattern.match(QString(part.name).remove(soundOfLead())).hasMatch();
 }
 
 // The part of the highest score; the first of equals.
@@ -193,8 +200,9 @@ Lines findLines(const QVector<SourcePart> &parts, const ArrangeNotes &notes, con
         lines.melody = bestPart(parts, shapes, [&](int i) {
             const auto &shape = shapes[size_t(i)];
             const auto name = isNamed(parts[i], QStringLiteral("melody|lead|vocals?|voice|solo|tune"));
+            const auto sound = parts[i].name.contains(soundOfLead());
             return shape.meanPitch() + percentOf(shape.sounding, end) / 3 + shape.alonePercent() / 3 +
-                   (name ? named : 0);
+                   (name ? named : 0) + (sound ? 12 : 0);
         });
     }
     if (!lines.bass) {

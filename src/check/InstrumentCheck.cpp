@@ -3,7 +3,6 @@
 #include "assets/InstrumentGuess.h"
 #include "assets/ProgramInstruments.h"
 #include "check/NoteCheck.h"
-#include "check/text/FoldedNotes.h"
 #include "core/AbcParser.h"
 #include "core/HeaderFields.h"
 #include "core/KeyTable.h"
@@ -108,11 +107,7 @@ void checkSamples(const TextCheck &part, const Instrument &instrument, const Che
             findings.append(
                 {*kind, textOf(note, part), note.start(), valuesOf(*kind, note.pitch(), pitches, instrument.name)});
     }
-    const bool isPercussion = usualProgram(instrument.name) == ProgramInstruments::percussion;
-    if (isPercussion)
-        return; // an octave away is another drum
-    foldInto(findings, FindingKind::NoSample, {part.text, part.lines},
-             [&pitches](int pitch) { return pitches.octavesToSample(pitch); });
+    addFixes(part.noteFixes, findings);
 }
 
 } // namespace
@@ -130,4 +125,18 @@ QVector<Finding> checkInstrument(const TextCheck &part, const QString &instrumen
     else if (name != named)
         findings.append(unknownInstrument(part, name, instruments));
     return findings;
+}
+
+OctaveMoves octavesToSamples(const QString &instrument, const InstrumentSet &instruments, const CheckOptions &options)
+{
+    OctaveMoves moves{};
+    const auto name = instrument.isEmpty() ? instruments.names().value(0) : instrument;
+    if (!instruments.contains(name) || usualProgram(name) == ProgramInstruments::percussion)
+        return moves;
+    const Pitches pitches(instruments.instrument(name).tuning, options);
+    for (auto pitch = lowestPlayablePitch; pitch <= highestPlayablePitch; ++pitch) {
+        if (pitches.kind(pitch) == FindingKind::NoSample)
+            moves[pitch] = qint8(pitches.octavesToSample(int(pitch)));
+    }
+    return moves;
 }

@@ -7,7 +7,7 @@
 PartCheck checkPart(const QString &text, const QString &instrument, const InstrumentSet &instruments,
                     const CheckOptions &options, const std::stop_token &stop)
 {
-    auto part = checkText(text, options, stop);
+    auto part = checkText(text, options, octavesToSamples(instrument, instruments, options), stop);
     auto findings = std::move(part.findings);
     findings += checkLength(part, options);
     findings += checkNotes(part, options);

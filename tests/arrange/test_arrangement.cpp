@@ -114,6 +114,14 @@ private slots:
         QCOMPARE(describe(arrange(partsOf(parts), {players, voices})), expected);
     }
 
+    void findsTheMelody()
+    {
+        auto parts = partsOf(QStringLiteral("Lead: 36@0+1; Flute: 76@0+1"));
+        QCOMPARE(arrange(parts, {1, 1}).melody, std::optional(0));
+        parts[0].name = QStringLiteral("Track 1 - Lead 2 (sawtooth)");
+        QCOMPARE(arrange(parts, {1, 1}).melody, std::optional(1));
+    }
+
     void promisesAreKept()
     {
         for (unsigned seed = 0; seed < 60; ++seed) {

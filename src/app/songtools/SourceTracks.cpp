@@ -3,6 +3,8 @@
 #include "song/SongReader.h"
 #include "song/SongSource.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <unordered_set>
 
@@ -64,19 +66,41 @@ void addNotes(Track &track, const Track &other)
     track.normalize();
 }
 
-// What was arranged, merged or split: each of the tracks sounds with the part that has most of its notes, and a part
-// whose notes sound in others is silent.
+// How much of a track is in a part, of 1, and more where its name says that it is: an arrangement names up to three of
+// its sources, and then how many there are besides.
+class PartOfSource
+{
+public:
+    explicit PartOfSource(const Track &track) : title_(track.title()), notes_(track) {}
+
+    double shareOf(const Track &track) const
+    {
+        static const QRegularExpression andOthers(QStringLiteral(" \\+ \\d+( \\(\\d+\\))?$"));
+        const int named = title_.contains(track.title()) ? 2 : title_.contains(andOthers) ? 1 : 0;
+        return named + notes_.shareOf(track);
+    }
+
+private:
+    QString title_;
+    NoteImage notes_;
+};
+
+// What was arranged, merged or split: each of the tracks sounds with the part that has most of it, and a part whose
+// notes sound in others is silent.
 void share(SourceTracks &result, const QVector<std::shared_ptr<const SongTrack>> &parts, const QVector<Track> &tracks)
 {
     constexpr double enough = 0.25;
-    std::vector<NoteImage> images;
     QVector<Track> heard(parts.size());
+    QVector<bool> isSource(parts.size(), false);
+    std::vector<PartOfSource> images;
     for (const auto &part : parts)
         images.emplace_back(*part->track);
     for (const auto &track : tracks) {
         std::vector<double> shares;
         for (const auto &image : images)
             shares.push_back(image.shareOf(track));
+        for (int i = 0; i < parts.size(); ++i)
+            isSource[i] |= shares[size_t(i)] >= enough;
         const auto best = std::max_element(shares.begin(), shares.end());
         if (best == shares.end() || *best < enough)
             continue;
@@ -87,10 +111,7 @@ void share(SourceTracks &result, const QVector<std::shared_ptr<const SongTrack>>
             addNotes(into, track);
     }
     for (int i = 0; i < parts.size(); ++i) {
-        const bool isElsewhere = std::any_of(tracks.begin(), tracks.end(), [&](const Track &track) {
-            return NoteImage(track).shareOf(*parts[i]->track) >= enough;
-        });
-        if (heard[i].noteCount() > 0 || isElsewhere)
+        if (isSource[i])
             result.tracks.insert(parts[i]->id, std::make_shared<const Track>(heard[i]));
     }
 }

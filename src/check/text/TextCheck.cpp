@@ -2,7 +2,7 @@
 
 #include "check/text/BarLineRule.h"
 #include "check/text/FieldRule.h"
-#include "check/text/FoldedNotes.h"
+#include "check/text/FoldRule.h"
 #include "check/text/PairRule.h"
 #include "check/text/RangeRule.h"
 #include "check/text/RefusalRule.h"
@@ -80,8 +80,8 @@ std::optional<MusicEnd> EndOfMusic::find(const Track &track, const QVector<Findi
 class TextRules final : public AbcListener
 {
 public:
-    explicit TextRules(TextFindings &out)
-        : out_(out), end_(out), rules_{RefusalRule(out), FieldRule(out), RangeRule(out),
+    TextRules(TextFindings &out, const OctaveMoves &moves)
+        : out_(out), end_(out), rules_{RefusalRule(out), FieldRule(out), RangeRule(out), FoldRule(out, moves),
                                        BarLineRule(out), TieRule(out),   PairRule(out)}
     {
     }
@@ -135,6 +135,7 @@ public:
         tell([&](auto &rule) { rule.textEnds(track); });
     }
     const EndOfMusic &end() const { return end_; }
+    NoteFixes takeNoteFixes() { return std::get<FoldRule>(rules_).take(); }
 
 private:
     template<typename Call>
@@ -145,15 +146,16 @@ private:
 
     TextFindings &out_;
     EndOfMusic end_;
-    std::tuple<RefusalRule, FieldRule, RangeRule, BarLineRule, TieRule, PairRule> rules_;
+    std::tuple<RefusalRule, FieldRule, RangeRule, FoldRule, BarLineRule, TieRule, PairRule> rules_;
 };
 
 } // namespace
 
-TextCheck checkText(const QString &text, const CheckOptions &options, const std::stop_token &stop)
+TextCheck checkText(const QString &text, const CheckOptions &options, const OctaveMoves &moves,
+                    const std::stop_token &stop)
 {
     TextFindings out(text, options);
-    TextRules rules(out);
+    TextRules rules(out, moves);
     TextCheck check;
     check.text = text;
     check.track = parseAbc(text, stop, &rules);
@@ -161,7 +163,8 @@ TextCheck checkText(const QString &text, const CheckOptions &options, const std:
     check.lines = out.lines();
     check.length = rules.end().position();
     check.findings = out.take();
-    foldInto(check.findings, FindingKind::OutOfRange, {text, check.lines}, octavesIntoRange);
+    check.noteFixes = rules.takeNoteFixes();
+    addFixes(check.noteFixes, check.findings);
     check.end = rules.end().find(check.track, check.findings);
     return check;
 }

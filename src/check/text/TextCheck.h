@@ -3,6 +3,7 @@
 #include "check/findings/CheckOptions.h"
 #include "check/findings/Finding.h"
 #include "check/text/MusicEnd.h"
+#include "check/text/NoteFixes.h"
 #include "core/Track.h"
 
 #include <optional>
@@ -17,8 +18,11 @@ struct TextCheck
     QVector<int> lines; // where the lines of the text begin
     Ticks length = 0;   // with the rests at the end
     std::optional<MusicEnd> end = {};
+    NoteFixes noteFixes = {};  // of notes out of range, and of those that move
     QVector<Finding> findings; // in the order of the text
 };
 
-// Throws nothing but Interrupted, soon after a stop. [any]
-TextCheck checkText(const QString &text, const CheckOptions &options = {}, const std::stop_token &stop = {});
+// moves: what is to be done with notes that the instrument cannot play. Throws nothing but Interrupted, soon after a
+// stop. [any]
+TextCheck checkText(const QString &text, const CheckOptions &options = {}, const OctaveMoves &moves = {},
+                    const std::stop_token &stop = {});

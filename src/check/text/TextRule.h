@@ -22,6 +22,8 @@ public:
 
     Ticks position = 0; // where the music stands that is read
 
+    int mostFindings() const { return mostFindings_; } // of a kind
+
     // Whether the kind has room for one more, so that nobody makes words in vain.
     bool hasRoomFor(FindingKind kind) const { return counts_[size_t(kind)] < mostFindings_; }
     void add(Finding finding);
