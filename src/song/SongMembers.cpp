@@ -6,6 +6,9 @@
 #include <QJsonArray>
 #include <QSet>
 
+#include <algorithm>
+#include <utility>
+
 using namespace JsonReading;
 
 namespace {
@@ -63,8 +66,11 @@ void readLoop(Song &song, const QJsonValue &value)
 QJsonValue barLinesValue(const SongPart &part)
 {
     QJsonArray barLines;
-    for (const auto tick : part.barLines)
-        barLines.append(tick);
+    Ticks last = 0;
+    for (const auto tick : part.barLines) { // each once, as they are read
+        if (tick > std::exchange(last, std::max(last, tick)))
+            barLines.append(tick);
+    }
     return barLines.isEmpty() ? QJsonValue(QJsonValue::Undefined) : barLines;
 }
 

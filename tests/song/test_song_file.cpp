@@ -90,7 +90,7 @@ private slots:
         part.abc = QStringLiteral("X:1\r\nK:C\nC\t\u00e9\n");
         part.instrument = QStringLiteral("lute");
         part.path = QStringLiteral("/songs/lute.abc");
-        part.barLines = {10080, 50400};
+        part.barLines = {0, 10080, 50400, 50400};
         part.draft = QString();
         song.parts.append(part);
         song.others.insert(QStringLiteral("aNewOne"), QJsonObject{{QStringLiteral("a"), 1}});

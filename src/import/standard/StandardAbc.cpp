@@ -157,7 +157,9 @@ void TuneConversion::addChanges(Track &track, const PerformedVoice &performed) c
 // In the order of time, ends with what the text is to show of it.
 void TuneConversion::finish(Track &track, const PerformedVoice &performed)
 {
-    track.setBarLines(QVector<Ticks>(performed.measures.begin(), performed.measures.end()));
+    auto barLines = performed.measures; // where a part of the tune ends and one begins, there are two
+    barLines.erase(std::unique(barLines.begin(), barLines.end()), barLines.end());
+    track.setBarLines(QVector<Ticks>(barLines.begin(), barLines.end()));
     track.normalize();
     takeIntoHeader(track);
 }
