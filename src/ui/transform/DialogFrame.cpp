@@ -11,9 +11,19 @@ namespace {
 
 const QString keepsTextName = QStringLiteral("chkKeepText");
 
+QWidget *makeTextChoice()
+{
+    auto *const keeps = new QCheckBox(QCoreApplication::translate("DialogFrame", "Keep bar lines and comments"));
+    keeps->setObjectName(keepsTextName);
+    keeps->setChecked(true);
+    keeps->setToolTip(QCoreApplication::translate(
+        "DialogFrame", "Change only the notes in the text; otherwise it is written anew, without all that is no note"));
+    return keeps;
+}
+
 } // namespace
 
-void frameDialog(QDialog &dialog, const QString &title, const QList<QWidget *> &parts)
+void frameDialog(QDialog &dialog, const QString &title, const QList<QWidget *> &parts, TextChoice choice)
 {
     dialog.setWindowTitle(title);
     dialog.setWindowIcon(QIcon(QStringLiteral(":/icons/appicon.png")));
@@ -25,12 +35,8 @@ void frameDialog(QDialog &dialog, const QString &title, const QList<QWidget *> &
     layout->setSpacing(12);
     for (auto *const part : parts)
         layout->addWidget(part);
-    auto *const keeps = new QCheckBox(QCoreApplication::translate("DialogFrame", "Keep bar lines and comments"));
-    keeps->setObjectName(keepsTextName);
-    keeps->setChecked(true);
-    keeps->setToolTip(QCoreApplication::translate(
-        "DialogFrame", "Change only the notes in the text; otherwise it is written anew, without all that is no note"));
-    layout->addWidget(keeps);
+    if (choice == TextChoice::Asked)
+        layout->addWidget(makeTextChoice());
     layout->addWidget(buttons);
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }

@@ -25,7 +25,7 @@ OneTempoDialog::OneTempoDialog(const QVector<Part> &parts, int chosen, QWidget *
     form->addRow(tr("All parts get the &tempo of"), part_);
     form->addRow(moments_);
     form->addRow(lengths_);
-    frameDialog(*this, tr("One Tempo for All"), {questions});
+    frameDialog(*this, tr("One Tempo for All"), {questions}, TextChoice::NotAsked);
 }
 
 int OneTempoDialog::part() const

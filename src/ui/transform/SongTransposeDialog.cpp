@@ -38,7 +38,7 @@ SongTransposeDialog::SongTransposeDialog(const QVector<Part> &parts, QWidget *pa
     connect(semitones_, QOverload<int>::of(&QSpinBox::valueChanged), this, &SongTransposeDialog::showLoss);
     connect(percussion_, &QCheckBox::toggled, this, &SongTransposeDialog::showLoss);
     showLoss();
-    frameDialog(*this, tr("Transpose Song"), {questions});
+    frameDialog(*this, tr("Transpose Song"), {questions}, TextChoice::NotAsked);
     semitones_->selectAll();
 }
 
