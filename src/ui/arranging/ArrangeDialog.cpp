@@ -56,6 +56,7 @@ ArrangeDialog::ArrangeDialog(const QVector<ArrangedSource> &sources, const Instr
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     summary_->setObjectName(QStringLiteral("lblSummary"));
     summary_->setTextFormat(Qt::PlainText);
+    summary_->setWordWrap(true);
     auto *const column = new QVBoxLayout(this);
     column->addWidget(makeQuestions());
     auto *const beforeLabel = new QLabel(tr("The song as it is"));
@@ -95,7 +96,9 @@ QComboBox *ArrangeDialog::makeLine(const char *name, const QString &tip)
     box->setObjectName(QLatin1String(name));
     box->setToolTip(tip);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    box->setMinimumContentsLength(24);
+    box->setMinimumContentsLength(10);
+    box->setMaximumWidth(40 * box->fontMetrics().averageCharWidth());
+    box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     box->addItem(QString(), -1);
     for (int i = 0; i < sources_.size(); ++i) {
         if (!sources_[i].part.isPercussion && sources_[i].part.track.noteCount() > 0)
