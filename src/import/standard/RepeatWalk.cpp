@@ -129,11 +129,11 @@ void RepeatWalk::skipEnding()
 // that no ending follows.
 void RepeatWalk::lookAhead()
 {
-    ahead_.resize(int(end_ - begin_) + 1);
+    ahead_.resize(std::size_t(end_ - begin_) + 1);
     for (auto at = end_ - 1; at >= begin_; --at) {
         const auto &item = items_[int(at)];
         const auto &next = ahead(at + 1);
-        auto &here = ahead_[int(at - begin_)];
+        auto &here = ahead_[std::size_t(at - begin_)];
         const bool isStray = item.kind == Kind::RepeatStart && isLaterEndingNext(next);
         const bool isSilent = item.kind == Kind::Bar || item.kind == Kind::Key || item.kind == Kind::Metre ||
                               item.kind == Kind::Tempo || item.kind == Kind::ChordName || isStray;

@@ -2,6 +2,8 @@
 
 #include "import/standard/ScoreItem.h"
 
+#include <vector>
+
 // The order in which items are played, with repeats and endings: it walks through a stretch of items and tells each
 // that is reached.
 class RepeatWalk
@@ -18,6 +20,10 @@ public:
     {
         while (at_ < end_) {
             const auto &item = items_[int(at_)];
+            if (item.kind == ScoreItem::Kind::Sound && item.first == 0) { // nearly all
+                ++at_;
+                return &item;
+            }
             if (!step(item))
                 return &item;
         }
@@ -64,15 +70,15 @@ private:
     {
         return isEndingNext(ahead) && (ahead.nextEnding >> 1 & 1) == 0;
     }
-    const Ahead &ahead(qsizetype at) const { return ahead_[int(at - begin_)]; }
+    const Ahead &ahead(qsizetype at) const { return ahead_[std::size_t(at - begin_)]; }
     int passesOfGroup(int withoutEndings) const;
 
     const QVector<ScoreItem> &items_;
     qsizetype end_;
     qsizetype at_;
     qsizetype begin_;
-    qsizetype start_;      // where a repeat goes back to
-    QVector<Ahead> ahead_; // of each item, and of the end
+    qsizetype start_;          // where a repeat goes back to
+    std::vector<Ahead> ahead_; // of each item, and of the end
     int pass_ = 1;
     Begun begun_ = Begun::Silently; // whether |: stands at the start
     bool isFirstGroup_ = true;      // which begins with the music, wherever double bar lines are
