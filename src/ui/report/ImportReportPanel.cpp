@@ -7,6 +7,8 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 // In a narrow window long words take several lines: a tree makes its rows as high, but does not say how wide they are.
@@ -56,7 +58,7 @@ ImportReportPanel::ImportReportPanel(QWidget *parent) : QWidget(parent), line_(n
     view_->header()->setStretchLastSection(false);
     view_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     view_->header()->setSectionResizeMode(ImportReportModel::What, QHeaderView::Stretch);
-    view_->setMinimumWidth(42 * fontMetrics().averageCharWidth());
+    view_->setIndentation(2 * fontMetrics().averageCharWidth());
     view_->setToolTip(
         tr("A click shows the place, the next click the next one; a double click opens it in the editor"));
     connect(view_, &QTreeView::clicked, this, &ImportReportPanel::choose);
@@ -74,6 +76,19 @@ void ImportReportPanel::show(const QString &line, const QVector<ReportedPart> &p
     for (int row = 0; row < model_.rowCount({}); ++row)
         view_->setFirstColumnSpanned(row, {}, true);
     view_->expandAll();
+    leaveRoomForWords();
+}
+
+// Some beside the numbers and the places, so that few words stand on each other.
+void ImportReportPanel::leaveRoomForWords()
+{
+    constexpr int characters = 20;
+    const QAbstractItemView &view = *view_;
+    int width = characters * fontMetrics().averageCharWidth() + 2 * (view_->indentation() + view_->frameWidth()) +
+                style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, view_);
+    for (const int column : {ImportReportModel::Count, ImportReportModel::Where})
+        width += std::max(view.sizeHintForColumn(column), view_->header()->sectionSizeHint(column));
+    view_->setMinimumWidth(width);
 }
 
 void ImportReportPanel::choose(const QModelIndex &row)

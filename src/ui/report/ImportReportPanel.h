@@ -25,6 +25,7 @@ signals:
 private:
     void choose(const QModelIndex &row);
     void edit(const QModelIndex &row);
+    void leaveRoomForWords();
 
     ImportReportModel model_;
     QLabel *line_;
