@@ -9,7 +9,12 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -38,7 +43,7 @@ QVector<ImportKind> kindsOf(const SongSource &source)
 } // namespace
 
 ImportAgainDialog::ImportAgainDialog(const QVector<SongImported> &imports, const Settings &settings, QWidget *parent)
-    : QDialog(parent), imports_(imports), settings_(settings), files_(new QComboBox), column_(new QVBoxLayout(this))
+    : QDialog(parent), imports_(imports), settings_(settings), files_(new QComboBox), area_(new QScrollArea)
 {
     setWindowTitle(tr("Import Again"));
     files_->setObjectName(QStringLiteral("cboFile"));
@@ -49,18 +54,22 @@ ImportAgainDialog::ImportAgainDialog(const QVector<SongImported> &imports, const
     }
     auto *const file = new QFormLayout;
     file->addRow(tr("File:"), files_);
-    column_->addLayout(file);
+    auto *const column = new QVBoxLayout(this);
+    column->addLayout(file);
+    column->addWidget(area_, 1);
+    area_->setFrameShape(QFrame::NoFrame);
+    area_->setWidgetResizable(true);
 
     auto *const remark =
         new QLabel(tr("The parts of this import are replaced, in one step that can be undone. Parts of "
                       "the same name keep their instrument, volume and pan."));
     remark->setWordWrap(true);
-    column_->addWidget(remark);
+    column->addWidget(remark);
     auto *const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     buttons->button(QDialogButtonBox::Ok)->setText(tr("Import"));
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    column_->addWidget(buttons);
+    column->addWidget(buttons);
     showSettings();
     connect(files_, qOverload<int>(&QComboBox::currentIndexChanged), this, &ImportAgainDialog::showSettings);
 }
@@ -70,12 +79,16 @@ int ImportAgainDialog::chosen() const
     return files_->currentIndex();
 }
 
+// On a small screen they are scrolled.
 void ImportAgainDialog::showSettings()
 {
-    delete std::exchange(box_, nullptr);
     const auto imported = imports_.value(chosen());
     box_ = new ImportSettingsBox(kindsOf(sourceOf(imported)), settings_, valuesOf(imported.settings));
-    column_->insertWidget(1, box_);
+    area_->setWidget(box_);
+    const auto wanted = box_->sizeHint();
+    const int others = 20 * fontMetrics().lineSpacing(); // the rest of the dialog, and frames of windows
+    area_->setMinimumSize(wanted.width() + area_->verticalScrollBar()->sizeHint().width(),
+                          std::min(wanted.height(), screen()->availableSize().height() - others));
 }
 
 QJsonObject ImportAgainDialog::settings() const

@@ -7,7 +7,7 @@
 
 class ImportSettingsBox;
 class QComboBox;
-class QVBoxLayout;
+class QScrollArea;
 class Settings;
 
 // Asks which import is to be read again, and with what settings. They begin as it was read before.
@@ -28,6 +28,6 @@ private:
     QVector<SongImported> imports_;
     const Settings &settings_;
     QComboBox *files_;
-    QVBoxLayout *column_;
+    QScrollArea *area_;
     ImportSettingsBox *box_ = nullptr;
 };
