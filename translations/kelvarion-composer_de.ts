@@ -620,7 +620,7 @@
     </message>
     <message>
         <source>&amp;Convert for the Game</source>
-        <translation>Für das Spiel &amp;umwandeln</translation>
+        <translation>Für das Spiel um&amp;wandeln</translation>
     </message>
     <message>
         <source>&amp;Open as It Is</source>
@@ -4655,7 +4655,7 @@ Neu schreiben?</translation>
     </message>
     <message>
         <source>&amp;Follow Playback</source>
-        <translation>Wiedergabe &amp;folgen</translation>
+        <translation>&amp;Wiedergabe folgen</translation>
     </message>
     <message>
         <source>Keep the playing position in sight</source>

@@ -93,7 +93,7 @@
     </message>
     <message>
         <source>&amp;Enter</source>
-        <translation>Sais&amp;ir</translation>
+        <translation>Saisie par touc&amp;hes</translation>
     </message>
     <message>
         <source>Len&amp;gth of New Notes</source>
