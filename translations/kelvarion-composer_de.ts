@@ -1880,6 +1880,10 @@ Möchten Sie ihn abbrechen?</translation>
         <source>A click shows the place in the editor.</source>
         <translation>Ein Klick zeigt die Stelle im Editor.</translation>
     </message>
+    <message>
+        <source>There are no parts yet.</source>
+        <translation>Es gibt noch keine Stimmen.</translation>
+    </message>
 </context>
 <context>
     <name>FmodLibrary</name>
@@ -4681,6 +4685,14 @@ Neu schreiben?</translation>
         <source>%1 into the Chord</source>
         <translation>%1 in den Akkord</translation>
     </message>
+    <message>
+        <source>Selectio&amp;n</source>
+        <translation>&amp;Auswahl</translation>
+    </message>
+    <message>
+        <source>&amp;Move</source>
+        <translation>Verschie&amp;ben</translation>
+    </message>
 </context>
 <context>
     <name>RollCommands</name>
@@ -5179,6 +5191,10 @@ Möchten Sie ihn speichern?</translation>
     <message>
         <source>The file is too large.</source>
         <translation>Die Datei ist zu groß.</translation>
+    </message>
+    <message>
+        <source>Could not open file: %1.</source>
+        <translation>Die Datei ließ sich nicht öffnen: %1.</translation>
     </message>
 </context>
 <context>

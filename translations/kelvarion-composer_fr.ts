@@ -1880,6 +1880,10 @@ Voulez-vous l’arrêter ?</translation>
         <source>A click shows the place in the editor.</source>
         <translation>Un clic montre l’endroit dans l’éditeur.</translation>
     </message>
+    <message>
+        <source>There are no parts yet.</source>
+        <translation>Il n’y a pas encore de parties.</translation>
+    </message>
 </context>
 <context>
     <name>FmodLibrary</name>
@@ -4681,6 +4685,14 @@ Le réécrire ?</translation>
         <source>%1 into the Chord</source>
         <translation>%1 dans l’accord</translation>
     </message>
+    <message>
+        <source>Selectio&amp;n</source>
+        <translation>Sélectio&amp;n</translation>
+    </message>
+    <message>
+        <source>&amp;Move</source>
+        <translation>&amp;Bouger</translation>
+    </message>
 </context>
 <context>
     <name>RollCommands</name>
@@ -5179,6 +5191,10 @@ Voulez-vous l’enregistrer ?</translation>
     <message>
         <source>The file is too large.</source>
         <translation>Le fichier est trop grand.</translation>
+    </message>
+    <message>
+        <source>Could not open file: %1.</source>
+        <translation>Impossible d’ouvrir le fichier : %1.</translation>
     </message>
 </context>
 <context>
