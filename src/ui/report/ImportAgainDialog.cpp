@@ -71,6 +71,7 @@ ImportAgainDialog::ImportAgainDialog(const QVector<SongImported> &imports, const
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     column->addWidget(buttons);
     showSettings();
+    remark->setMinimumHeight(remark->heightForWidth(area_->minimumWidth())); // which no layout asks for
     connect(files_, qOverload<int>(&QComboBox::currentIndexChanged), this, &ImportAgainDialog::showSettings);
 }
 
