@@ -3,6 +3,8 @@
 // as its composer wrote it. Ends with 1 when a share is below its gate.
 //   bench_note_edits [EDITS] [-v]     EDITS in all, -v prints what an edit lost
 //
+// Edits of a few notes at once must leave all that is no note as it was.
+//
 // Minimal: nothing differs but notes, rests and rhythm in the measures that the note sounds in, before and after.
 // A tie is a place where one note is written in two. Those of the elements that the edit touches are kept when the
 // notes behind it are still joined there: all of other notes, and of the edited one those up to its new end. Where the
@@ -179,6 +181,33 @@ Case anyCase(Random &random, const AbcReading &reading)
     return made;
 }
 
+// Of a few notes that follow each other.
+NoteEdit anyBatch(Random &random, const AbcReading &reading)
+{
+    const auto notes = notesOf(reading.track);
+    const auto first = int(random.bounded(int(notes.size())));
+    const auto some = notes.mid(first, 2 + random.bounded(11));
+    const auto kind = random.bounded(4);
+    const auto semitones = random.bounded(-12, 13);
+    const auto step = std::max<Ticks>(1, reading.unitLength / (1 << random.bounded(2)));
+    const auto shift = std::max(random.bounded(-8, 9) * step, -reading.track.events()[some.first()].start());
+    NoteEdit edit;
+    for (const auto note : some) {
+        auto spec = specOf(reading.track.events()[note]);
+        if (kind == 0)
+            spec.pitch = quint32(int(spec.pitch) + semitones);
+        else if (kind == 1)
+            spec.start += shift;
+        else if (kind == 2)
+            spec.length *= 2;
+        if (kind == 3)
+            edit.removed.append(note);
+        else
+            edit.changed.append({note, spec});
+    }
+    return edit;
+}
+
 // Whether the note would come to lie on another.
 bool collides(const Track &track, const Case &made)
 {
@@ -340,7 +369,7 @@ struct Share
 
 struct Shares
 {
-    Share minimal, inPlace, right, undone, tuplets, broken, ties, staccato;
+    Share minimal, inPlace, batchInPlace, batchRight, right, undone, tuplets, broken, ties, staccato;
 };
 
 // The units that the edit reaches into.
@@ -419,6 +448,7 @@ private:
     void judge(const QString &text, const AbcReading &reading, const Case &made, Shares &shares) const;
     void judgeGroups(const QString &text, const AbcReading &reading, const Case &made, const QString &result,
                      const Track &wanted, Shares &shares) const;
+    void judgeBatch(const QString &text, const AbcReading &reading, const NoteEdit &edit, Shares &shares) const;
     void judgeTies(const QString &text, const AbcReading &reading, const Case &made, const QString &result,
                    const Track &wanted, Shares &shares) const;
     void judgeUndo(const QString &text, const Case &made, Shares &shares) const;
@@ -459,6 +489,20 @@ void Driver::judge(const QString &text, const AbcReading &reading, const Case &m
     shares.inPlace.add(said("all written anew", !plan->rewritesAll, text, result, made));
     judgeGroups(text, reading, made, result, wanted, shares);
     judgeTies(text, reading, made, result, wanted, shares);
+}
+
+// That nothing but notes differs, and those as they should.
+void Driver::judgeBatch(const QString &text, const AbcReading &reading, const NoteEdit &edit, Shares &shares) const
+{
+    const auto plan = NoteEditPlan::plan(text, reading, edit);
+    if (!plan)
+        return;
+    const auto result = applyChanges(text, plan->changes);
+    const auto wanted = NoteEditPlan::editedTrack(reading.track, NoteEditPlan::cleaned(reading.track, edit));
+    const bool isRight = NoteEditPlan::haveSameEvents(readAbc(result).track, wanted);
+    shares.batchRight.add(said("batch: other notes", isRight, text, result, {}));
+    const bool isInPlace = anatomyOf(result).fixed == anatomyOf(text).fixed;
+    shares.batchInPlace.add(said("batch: not in place", isInPlace, text, result, {}));
 }
 
 void Driver::judgeTies(const QString &text, const AbcReading &reading, const Case &made, const QString &result,
@@ -554,6 +598,8 @@ void Driver::run(Random &random, const QString &text, int edits, Shares &shares)
         if (!isPossible || collides(reading.track, made))
             continue;
         judge(text, reading, made, shares);
+        if (i % 4 == 0)
+            judgeBatch(text, reading, anyBatch(random, reading), shares);
         if (i == 0)
             judgeUndo(text, made, shares);
     }
@@ -568,6 +614,8 @@ bool print(const char *tunes, const Shares &shares)
     bool isGood = say("no other note changed", shares.right, 100);
     isGood &= say("minimal", shares.minimal, 99.99);
     isGood &= say("not written anew as a whole", shares.inPlace, 99.99);
+    isGood &= say("batches: no other note changed", shares.batchRight, 100);
+    isGood &= say("batches: in place", shares.batchInPlace, 99.9);
     isGood &= say("undone to the byte", shares.undone, 100);
     isGood &= say("tuplets kept", shares.tuplets, 99);
     isGood &= say("broken rhythms kept", shares.broken, 99);
