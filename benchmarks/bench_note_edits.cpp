@@ -86,7 +86,7 @@ QString madeUpTune(Random &random)
     for (int half = 0; half < 16; ++half) {
         const auto note = [&] { return anyNote(random); };
         const auto tied = QString(QLatin1Char("CDEFGAB"[random.bounded(7)]));
-        switch (random.bounded(8)) {
+        switch (random.bounded(9)) {
         case 0:
             tune += QStringLiteral("(3%1%2%3 ").arg(note(), note(), note());
             break;
@@ -111,6 +111,9 @@ QString madeUpTune(Random &random)
             tune += QStringLiteral("[%1-%2]%1 ").arg(tied, anyOf<4>(random, {"d", "f", "_a", "^g"}));
             break;
         case 6:
+            tune += QStringLiteral("[%1/%2/]2-[%1/%2/]2 ").arg(tied, anyOf<4>(random, {"d", "f", "_a", "^g"}));
+            break;
+        case 7:
             tune += QStringLiteral("\"Am\"%1 z ").arg(note());
             break;
         default:

@@ -79,6 +79,25 @@ void NotePieces::readTokens()
             piece.isTied = token.isTied;
         }
     }
+    lengthenTied();
+}
+
+// The length of a chord holds for all of a note that ends in it, also for what was written before.
+void NotePieces::lengthenTied()
+{
+    std::vector<int> lastOf(isNew_.size(), -1);
+    for (int token = 0; token < layout_.tokens.size(); ++token) {
+        if (const auto event = layout_.tokens[token].event; event >= 0)
+            lastOf[size_t(event)] = token;
+    }
+    for (size_t event = 0; event < lastOf.size(); ++event) {
+        if (lastOf[event] < 0)
+            continue;
+        auto &piece = ofToken_[size_t(lastOf[event])];
+        const auto &note = reading_.track.events()[int(event)];
+        if (!piece.isStaccato && note.start() < piece.start)
+            piece.length = std::max(piece.length, note.end() - piece.start);
+    }
 }
 
 Ticks NotePieces::lengthOf(const AbcNoteToken &token, const AbcTextElement &element) const

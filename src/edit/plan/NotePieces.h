@@ -61,6 +61,7 @@ public:
 private:
     bool keepsForms() const { return reach_ == EditReach::Notes; }
     void readTokens();
+    void lengthenTied();
     Ticks lengthOf(const AbcNoteToken &token, const AbcTextElement &element) const;
     void findTokens(const NoteEdit &edit);
     void change(const NoteEdit::Change &change);
