@@ -93,8 +93,8 @@ private slots:
         row("over a bar line", "C D E F| G\n", "change 65 12 8 65", "C D E F-| [FG]\n");
         row("into a rest", "C z4 D\n", "insert 8 4 64", "C z E z2 D\n");
         row("into a chord", "C D\n", "insert 4 4 65", "C [DF]\n");
-        row("at the end", "C D|\n", "insert 16 4 64", "C D|\nE\n");
-        row("behind the end", "C D\n", "insert 12 4 64", "C D z E\n");
+        row("at the end", "C D|\n", "insert 16 4 64", "C D| E\n");
+        row("behind the end", "C D\n", "insert 12 4 64", "C D z E |\n");
         row("behind a comment", "C D % end", "insert 8 4 64", "C D % end\nE");
         row("where a bar was not full", "C D|E\n", "insert 12 4 64", "C D z E |E\n");
         row("first note, whose letter returns", "C C D|C\n", "change 60 0 4 61", "^C =C D|C\n");
@@ -114,17 +114,16 @@ private slots:
         row("into a tuplet", "(3CD2E F\n", "insert 0 12 64", "(3[CE9/]D2E F\n");
         row("out of a broken rhythm", "C>\"Am\"D E\n", "remove 60", "z>\"Am\"D E\n");
         row("from a broken rhythm into a rest", "C>D z2\n", "change 62 6 6 62", "C>D- D z\n");
-        row("between the notes of a tuplet", "(3CD\"Am\"E F\n", "insert 4 4 65",
-            "C2/3 [z/3D2/3] [z/3F] \"Am\"E2/3 F\n");
+        row("between the notes of a tuplet", "(3CD\"Am\"E F\n", "insert 4 4 65", "C2/3[z/3D2/3] [z/3F]\"Am\"E2/3 F\n");
         row("across a tuplet that a bar line cuts", "G2(3CD|E F|A\n", "change 60 8 1 60",
             "G2C/4 z5/12 D2/3|E2/3 F|A\n");
         row("out of a tuplet that a bar line cuts", "G2(3CD|E F|A\n", "remove 64", "G2(3CD|z F|A\n");
-        row("over a bar line, for a while", "C D E F| G2\n", "change 65 12 6 65", "C D E F-| [F/G2] z3/\n");
-        row("a tied note over other bar lines", "C4-|C4|D4|E4|\n", "change 60 8 28 60", "z2 C2-|C4-|[CD4] z3|E4|\n");
-        row("chord before a staccato note", "C/.D E\n", "insert 0 2 64", "[C/E/] .D E\n");
+        row("over a bar line, for a while", "C D E F| G2\n", "change 65 12 6 65", "C D E F-| [F/G2] z/ z\n");
+        row("a tied note over other bar lines", "C4-|C4|D4|E4|\n", "change 60 8 28 60", "z2 C2-|C4-|[CD4] z z2|E4|\n");
+        row("chord before a staccato note", "C/.D E\n", "insert 0 2 64", "[CE]/ .D E\n");
         row("silence joins rests", "[zC2] D z E z2|\n", "remove 62;remove 64", "C2 z4|\n");
         row("batch", "C D E F\n", "remove 60;change 62 4 4 67;insert 12 4 69", "z G E [FA]\n");
-        row("line breaks", "C4\n", "insert 16 4 64", "C4\nE\n");
+        row("line breaks", "C8\n", "insert 32 4 64", "C8\nE\n");
         row("into a rest of measures", "Z4 | C\n", "insert 20 4 64", "Z | z E z2 | Z2 | C\n");
         row("across a rest of measures", "Z2 | C\n", "insert 12 8 64", "z3 E- | E z3 | C\n");
         row("the same twice, and one that is not there", "C D\n", "change 99 0 4 60;change 62 4 4 64;change 62 4 4 65",

@@ -5,8 +5,9 @@
 
 #include <algorithm>
 
-EditWriter::EditWriter(const QString &text, const AbcReading &reading, const NotePieces &pieces)
-    : text_(text), reading_(reading), layout_(reading.layout), pieces_(pieces)
+EditWriter::EditWriter(const QString &text, const AbcReading &reading, const NotePieces &pieces, EditLayout layout)
+    : text_(text), reading_(reading), layout_(reading.layout), pieces_(pieces), measures_(reading.track),
+      inMeasures_(layout == EditLayout::InMeasures && writesMeasures())
 {
     spelling_.begin(layout_.marks.first().keyRow);
 }
@@ -129,6 +130,8 @@ QString EditWriter::elementText(const AbcTextElement &element, std::span<const N
     const bool isChord = isCut || pieces.size() > 1;
     const bool keepsLength = isChord && !element.chordLengthText.isEmpty();
     const auto noteScale = keepsLength ? LengthScale::inChordOf(element) : scale;
+    if (!isCut && !element.isChord && foreignText(element).isEmpty() && sharesLength(pieces))
+        return chordText(pieces, scale.text(shortest));
     QString notes = isCut ? u'z' + noteScale.text(element.advance) : QString();
     const auto foreign = foreignText(element);
     for (const auto &piece : pieces) {
@@ -157,6 +160,23 @@ QString EditWriter::foreignText(const AbcTextElement &element) const
             foreign += u'\n';
     }
     return foreign;
+}
+
+// Written once, behind the bracket.
+bool EditWriter::sharesLength(std::span<const NotePiece> chord) const
+{
+    return inMeasures_ && chord.size() > 1 &&
+           std::none_of(chord.begin(), chord.end(), [&chord](const NotePiece &piece) {
+               return piece.isTied || piece.isStaccato || piece.length != chord.front().length;
+           });
+}
+
+QString EditWriter::chordText(std::span<const NotePiece> chord, const QString &length)
+{
+    QString notes;
+    for (const auto &piece : chord)
+        notes += pieceText(piece, {});
+    return u'[' + notes + u']' + length;
 }
 
 QString EditWriter::keptLength(const NotePiece &piece) const

@@ -5,8 +5,6 @@
 
 namespace {
 
-using Pieces = std::vector<NotePiece>;
-
 // What of the characters between two elements says nothing about their lengths.
 QString withoutRhythm(const QString &text)
 {
@@ -24,25 +22,14 @@ QString withoutRhythm(const QString &text)
     return kept;
 }
 
-Pieces::iterator endOfChord(Pieces &pieces, Pieces::iterator first)
-{
-    return std::find_if(first, pieces.end(), [first](const NotePiece &piece) { return piece.start != first->start; });
-}
-
-Ticks shortestOf(Pieces::iterator first, Pieces::iterator end)
-{
-    return std::min_element(first, end, [](const NotePiece &a, const NotePiece &b) { return a.length < b.length; })
-        ->length;
-}
-
 // A new staccato note has its dot only where it has the time for it.
-void dropDots(Pieces::iterator first, Pieces::iterator end, Ticks next)
+void dropDots(std::span<NotePiece> chord, Ticks next)
 {
-    for (; first != end; ++first) {
-        if (first->token >= 0 || !first->isStaccato || first->end() <= next)
+    for (auto &piece : chord) {
+        if (piece.token >= 0 || !piece.isStaccato || piece.end() <= next)
             continue;
-        first->isStaccato = false;
-        first->length /= 2;
+        piece.isStaccato = false;
+        piece.length /= 2;
     }
 }
 
@@ -81,9 +68,34 @@ QString EditWriter::takeBetween(Ticks until)
     return taken;
 }
 
-// The notes as groups with rests between; a group that sounds beyond the start of the next is cut by a rest in its
-// bracket. Behind the end of the music a line ends after each whole note, and no rest is left over.
-QString EditWriter::musicText(Pieces pieces, Ticks start, const AbcUnit &last, Ticks lineStart)
+size_t EditWriter::endOfChord(std::span<const NotePiece> pieces)
+{
+    const auto start = pieces.front().start;
+    const auto end =
+        std::find_if(pieces.begin(), pieces.end(), [start](const NotePiece &piece) { return piece.start != start; });
+    return size_t(end - pieces.begin());
+}
+
+// What begins together, cut by a rest in its bracket where it sounds beyond the next.
+EditWriter::Group EditWriter::groupOf(std::span<NotePiece> chord, Ticks next)
+{
+    dropDots(chord, next);
+    const auto shortest = std::min_element(chord.begin(), chord.end(), [](const NotePiece &a, const NotePiece &b) {
+                              return a.length < b.length;
+                          })->length;
+    const auto advance = std::min(shortest, next - chord.front().start);
+    const bool isCut = advance < shortest;
+    if (!isCut && sharesLength(chord))
+        return {chordText(chord, lengthText(shortest, reading_.unitLength)), advance};
+    QString text = isCut ? u'z' + lengthText(advance, reading_.unitLength) : QString();
+    for (const auto &piece : chord)
+        text += pieceText(piece, lengthOf(piece));
+    return {isCut || chord.size() > 1 ? u'[' + text + u']' : text, advance};
+}
+
+// The notes as groups with rests between. Behind the end of the music a line ends after each whole note, and no rest is
+// left over.
+QString EditWriter::musicText(std::vector<NotePiece> pieces, Ticks start, const AbcUnit &last, Ticks lineStart)
 {
     const auto unitLength = reading_.unitLength;
     auto cursor = start;
@@ -105,21 +117,15 @@ QString EditWriter::musicText(Pieces pieces, Ticks start, const AbcUnit &last, T
         text += u'z' + lengthText(until - cursor, unitLength);
         cursor = until;
     };
-    for (auto piece = pieces.begin(); piece != pieces.end();) {
-        rest(piece->start);
+    for (std::span<NotePiece> left(pieces); !left.empty();) {
+        rest(left.front().start);
         separate();
-        const auto end = endOfChord(pieces, piece);
-        const auto next = end != pieces.end() ? end->start : last.isGap ? maxTicks : last.end;
-        dropDots(piece, end, next);
-        const auto shortest = shortestOf(piece, end);
-        const auto advance = std::min(shortest, next - piece->start);
-        const bool isCut = advance < shortest;
-        const bool isChord = isCut || end - piece > 1;
-        cursor = piece->start + advance;
-        QString group = isCut ? u'z' + lengthText(advance, unitLength) : QString();
-        for (; piece != end; ++piece)
-            group += pieceText(*piece, lengthOf(*piece));
-        text += isChord ? u'[' + group + u']' : group;
+        const auto end = endOfChord(left);
+        const auto next = end < left.size() ? left[end].start : last.isGap ? maxTicks : last.end;
+        const auto group = groupOf(left.first(end), next);
+        text += group.text;
+        cursor = left.front().start + group.advance;
+        left = left.subspan(end);
     }
     if (!last.isGap)
         rest(last.end);
@@ -142,6 +148,9 @@ QString EditWriter::lengthOf(const NotePiece &piece) const
 QString EditWriter::freeText(const EditRun &run)
 {
     collectBetween(run);
+    isJoined_ = false;
+    if (const auto text = measuredText(run))
+        return *text;
     return musicText(piecesOf(pieces_, run), layout_.units[run.first].start, layout_.units[run.last], lineStart(run));
 }
 
@@ -181,7 +190,7 @@ void EditWriter::writeFree(const EditRun &run)
     } else if (range.isEmpty()) {
         if (run.last == layout_.units.size() - 1 && layout_.tailNeedsLine)
             text.prepend(u'\n');
-        else if (!isBlankAt(range.offset - 1) && !text.startsWith(u'\n'))
+        else if (!isBlankAt(range.offset - 1) && !text.startsWith(u'\n') && !isJoined_)
             text.prepend(u' ');
     }
     if (!text.isEmpty() && layout_.units[run.last].isGap && !isBlankAt(range.end()))

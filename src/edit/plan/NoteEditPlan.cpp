@@ -5,6 +5,7 @@
 #include "edit/plan/EditWriter.h"
 
 #include <algorithm>
+#include <array>
 #include <set>
 #include <tuple>
 #include <vector>
@@ -24,8 +25,11 @@ NoteSpec inRange(NoteSpec note)
 
 NoteEditPlan::Plan leastPlan(const QString &text, const AbcReading &reading, const NoteEdit &edit, Track &result)
 {
-    for (const auto reach : {EditReach::Notes, EditReach::Measures}) {
-        const auto changes = NoteEditPlan::textChanges(text, reading, edit, reach);
+    constexpr std::array ways{std::pair(EditReach::Notes, EditLayout::InMeasures),
+                              std::pair(EditReach::Notes, EditLayout::Plain),
+                              std::pair(EditReach::Measures, EditLayout::Plain)};
+    for (const auto &[reach, layout] : ways) {
+        const auto changes = NoteEditPlan::textChanges(text, reading, edit, reach, layout);
         if (!changes)
             break;
         auto after = readAbc(applyChanges(text, *changes));
@@ -120,12 +124,12 @@ bool NoteEditPlan::haveSameEvents(const Track &a, const Track &b)
 }
 
 std::optional<QVector<TextChange>> NoteEditPlan::textChanges(const QString &text, const AbcReading &reading,
-                                                             const NoteEdit &edit, EditReach reach)
+                                                             const NoteEdit &edit, EditReach reach, EditLayout layout)
 {
     const NotePieces pieces(reading, edit, reach);
     if (!pieces.isPossible())
         return {};
-    return EditWriter(text, reading, pieces).write();
+    return EditWriter(text, reading, pieces, layout).write();
 }
 
 std::optional<NoteEditPlan::Plan> NoteEditPlan::plan(const QString &text, const AbcReading &reading,

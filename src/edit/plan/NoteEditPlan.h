@@ -21,7 +21,7 @@ Track editedTrack(const Track &track, const NoteEdit &edit);
 // nothing where only a new text can. The caller reads the changed text and compares: rare notations make a plan that
 // does not hold.
 std::optional<QVector<TextChange>> textChanges(const QString &text, const AbcReading &reading, const NoteEdit &edit,
-                                               EditReach reach);
+                                               EditReach reach, EditLayout layout = EditLayout::InMeasures);
 
 // Whether the two hold the same notes and the same other events.
 bool haveSameEvents(const Track &a, const Track &b);

@@ -13,6 +13,12 @@ enum class EditReach {
     Measures, // the measures that it reaches into
 };
 
+// How it is written.
+enum class EditLayout {
+    InMeasures, // rests, triplets and bar lines as measures want them, in a text that has bar lines or nothing yet
+    Plain,
+};
+
 // A note as one place of the text writes it: all of a note, or one of those that ties join.
 struct NotePiece
 {

@@ -270,7 +270,7 @@ private slots:
     {
         EditorFixture editor("C65/64 D63/64 E F\n");
         editor.trigger("actionCleanQuantise");
-        QCOMPARE(editor.body(), QStringLiteral("C D E F\n"));
+        QCOMPARE(editor.body(), QStringLiteral("C D E F |\n"));
     }
 
     void transformsTheSelection()

@@ -107,6 +107,44 @@ private slots:
         QCOMPARE(fixture.document.text()->toPlainText(), before);
     }
 
+    // As a musician would write it.
+    void writes_data()
+    {
+        const Rows<QString, QString, QString> row("body", "steps", "text");
+        row("bar lines and beats", "", "Home C D E F G A B C D", "CD EF GA Bc | d");
+        row("compound metre", "[M:6/8]", "Home C D E F G A B", "[M:6/8] CDE FGA | B");
+        row("triplets", "", "Home T C D E T 3 G", "(3CDE G2");
+        row("triplet of chords and a rest, in a rest", "z8|C", "Home Right Right T C Shift+E Z D", "z2 (3[CE]zD z4|C");
+        row("ties", "", "Home 2 C . D E", "C4 D4- | D2 E6 |");
+        row("longer over bar lines", "C6", "5.9:60>20:60", "C8- | C8- | C4");
+        row("accidentals of new measures", "", "Home 1 F Up F", "^F8 | F8 |");
+        row("rests end with beats", "", "Home C Z 3 Z E", "C z z2 E2");
+        row("in a measure of rest", "C8 | z8 | C8", "Home Ctrl+Right Right Right Right D", "C8 | z2 z D z4 | C8");
+        row("far behind the end", "C8 |", "End Ctrl+Right Ctrl+Right 3 D", "C8 | z8 | z8 | D2");
+        row("on the next line", "C8 | D8 | E8 | F8 |", "End 1 F", "C8 | D8 | E8 | F8 |\nF8 |");
+        row("a full measure without its bar line", "C8 | D8", "End F", "C8 | D8 | F");
+        row("blanks as the text has them", "C D E F G A B c | C D", "End E", "C D E F G A B c | C D E");
+        row("no bar lines in a text without", "C8 D8", "End 1 F", "C8 D8\nF8");
+        row("a tune", "",
+            "Home Ctrl+Up 2 . Z 4 G A 3 B 4 B A G A B C 3 D 4 T E D C 3 B A 3 G A 2 . B 3 A 2 G "
+            "4 B C D B 3 C A 3 . G 4 F 3 G A 4 T G A B C B A 2 G 2 D Z "
+            "3 G Shift+B 4 A B 3 C 4 B A 3 . D 4 C 3 B A 2 G 2 . A 3 B 2 C "
+            "4 T C B A G A B 3 C A 3 G E 4 F G A F 1 G",
+            "z4 z2 GA | B2 BA GA Bc | d2 (3edc B2 A2 | G2 A2 B4- | B2 A2 G4 |\n"
+            "Bc dB c2 A2 | G3 F G2 A2 | (3GAB (3cBA G4 | D4 z4 |\n"
+            "[GB]2 AB c2 BA | d3 c B2 A2 | G4 A4- | A2 B2 c4 |\n"
+            "(3cBA (3GAB c2 A2 | G2 E2 FG AF | G8 |");
+    }
+
+    void writes()
+    {
+        QFETCH(QString, body);
+        QFETCH(QString, steps);
+        RollFixture fixture(body);
+        fixture.act(steps);
+        QTEST(fixture.document.text()->toPlainText().mid(fixture.document.reading().layout.bodyOffset), "text");
+    }
+
     void linkedWithTheText()
     {
         RollFixture fixture("CDEF");
