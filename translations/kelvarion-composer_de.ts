@@ -4603,7 +4603,7 @@ Neu schreiben?</translation>
     </message>
     <message>
         <source>&amp;Finer Grid</source>
-        <translation>&amp;Feineres Raster</translation>
+        <translation>F&amp;eineres Raster</translation>
     </message>
     <message>
         <source>Snap to the next shorter length</source>
@@ -4619,7 +4619,7 @@ Neu schreiben?</translation>
     </message>
     <message>
         <source>Zoom &amp;In</source>
-        <translation>&amp;Vergrößern</translation>
+        <translation>Hine&amp;inzoomen</translation>
     </message>
     <message>
         <source>Show time wider (Ctrl+wheel)</source>
@@ -4627,7 +4627,7 @@ Neu schreiben?</translation>
     </message>
     <message>
         <source>Zoom &amp;Out</source>
-        <translation>Ver&amp;kleinern</translation>
+        <translation>Herausz&amp;oomen</translation>
     </message>
     <message>
         <source>Show time narrower (Ctrl+wheel)</source>
@@ -4643,7 +4643,7 @@ Neu schreiben?</translation>
     </message>
     <message>
         <source>&amp;Lower Rows</source>
-        <translation>&amp;Niedrigere Zeilen</translation>
+        <translation>Niedrigere Zei&amp;len</translation>
     </message>
     <message>
         <source>Show pitches lower (Ctrl+Shift+wheel)</source>
@@ -4651,7 +4651,7 @@ Neu schreiben?</translation>
     </message>
     <message>
         <source>&amp;Normal Size</source>
-        <translation>Normale &amp;Größe</translation>
+        <translation>Norm&amp;ale Größe</translation>
     </message>
     <message>
         <source>Show time and pitches at their usual size</source>
@@ -4659,7 +4659,7 @@ Neu schreiben?</translation>
     </message>
     <message>
         <source>&amp;Follow Playback</source>
-        <translation>&amp;Wiedergabe folgen</translation>
+        <translation>Wie&amp;dergabe folgen</translation>
     </message>
     <message>
         <source>Keep the playing position in sight</source>

@@ -4603,7 +4603,7 @@ Le réécrire ?</translation>
     </message>
     <message>
         <source>&amp;Finer Grid</source>
-        <translation>Grille plus &amp;fine</translation>
+        <translation>Grille plus f&amp;ine</translation>
     </message>
     <message>
         <source>Snap to the next shorter length</source>
@@ -4619,7 +4619,7 @@ Le réécrire ?</translation>
     </message>
     <message>
         <source>Zoom &amp;In</source>
-        <translation>&amp;Agrandir</translation>
+        <translation>Zoom a&amp;vant</translation>
     </message>
     <message>
         <source>Show time wider (Ctrl+wheel)</source>
@@ -4627,7 +4627,7 @@ Le réécrire ?</translation>
     </message>
     <message>
         <source>Zoom &amp;Out</source>
-        <translation>&amp;Réduire</translation>
+        <translation>Z&amp;oom arrière</translation>
     </message>
     <message>
         <source>Show time narrower (Ctrl+wheel)</source>
@@ -4643,7 +4643,7 @@ Le réécrire ?</translation>
     </message>
     <message>
         <source>&amp;Lower Rows</source>
-        <translation>Rangées plus &amp;basses</translation>
+        <translation>Ra&amp;ngées plus basses</translation>
     </message>
     <message>
         <source>Show pitches lower (Ctrl+Shift+wheel)</source>
@@ -4651,7 +4651,7 @@ Le réécrire ?</translation>
     </message>
     <message>
         <source>&amp;Normal Size</source>
-        <translation>Taille &amp;normale</translation>
+        <translation>Taille nor&amp;male</translation>
     </message>
     <message>
         <source>Show time and pitches at their usual size</source>
@@ -4659,7 +4659,7 @@ Le réécrire ?</translation>
     </message>
     <message>
         <source>&amp;Follow Playback</source>
-        <translation>&amp;Suivre la lecture</translation>
+        <translation>S&amp;uivre la lecture</translation>
     </message>
     <message>
         <source>Keep the playing position in sight</source>
@@ -5146,7 +5146,7 @@ Voulez-vous l’enregistrer ?</translation>
     </message>
     <message>
         <source>Could not open file: %1.</source>
-        <translation>Impossible d’ouvrir le fichier : %1.</translation>
+        <translation>Impossible d’ouvrir le fichier : %1.</translation>
     </message>
     <message>
         <source>%1 more tunes could not be read.</source>
