@@ -107,6 +107,7 @@ private slots:
         row("longer tied note", "C4-|C2 z2\n", "change 60 0 28 60", "C4-|C3 z\n");
         row("what a lost tie must not find", "C6-|C2 C2|D\n", "remove 60 1", "C6|z2 C2|D\n");
         row("all of a measure", "C4|D2:|\nE4\n", "remove 62", "C4|z2:|\nE4\n");
+        row("into a chord with a length", "C2 D2|[E/G/]4 z2|\n", "change 62 8 16 62", "C2 D2-|[D2E2G2] z2|\n");
         row("tied chords with lengths", "[CE]2-[CE]2|z4|\n", "remove 64", "C2-[z2C4]|z4|\n");
         row("beside a tied note", "[C-E]2 C2\n", "remove 64", "C2- C2\n");
         row("beside staccato", "[.CE]2 C2\n", "insert 0 8 65", "[.CEF]2 C2\n");

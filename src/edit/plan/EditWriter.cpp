@@ -117,7 +117,7 @@ bool EditWriter::isUnchanged(const AbcTextElement &element, std::span<const Note
            std::none_of(pieces.begin(), pieces.end(), [](const NotePiece &piece) { return piece.isAltered; });
 }
 
-// A chord keeps its own length as long as it is one.
+// A chord keeps its own length as long as it is one, and nothing new is tied into it: that would be lengthened, too.
 QString EditWriter::elementText(const AbcTextElement &element, std::span<const NotePiece> pieces)
 {
     const auto scale = LengthScale::of(element);
@@ -128,7 +128,9 @@ QString EditWriter::elementText(const AbcTextElement &element, std::span<const N
                           })->length;
     const bool isCut = shortest > element.advance;
     const bool isChord = isCut || pieces.size() > 1;
-    const bool keepsLength = isChord && !element.chordLengthText.isEmpty();
+    const bool isTiedInto =
+        std::any_of(pieces.begin(), pieces.end(), [](const NotePiece &piece) { return piece.isContinuation; });
+    const bool keepsLength = isChord && !element.chordLengthText.isEmpty() && !isTiedInto;
     const auto noteScale = keepsLength ? LengthScale::inChordOf(element) : scale;
     if (!isCut && !element.isChord && foreignText(element).isEmpty() && sharesLength(pieces))
         return chordText(pieces, scale.text(shortest));
@@ -141,7 +143,7 @@ QString EditWriter::elementText(const AbcTextElement &element, std::span<const N
     }
     if (!isChord)
         return foreign + notes;
-    const auto &length = element.chordLengthText;
+    const auto length = keepsLength ? element.chordLengthText : TextRange();
     return u'[' + foreign + notes + u']' + text_.mid(length.offset, length.length);
 }
 

@@ -29,7 +29,8 @@ struct NotePiece
     bool keepsSpelling = false; // of its token
     bool isAltered = false;     // in more than its pitch
     bool isStaccato = false;
-    bool isTied = false; // to the next of its pitch
+    bool isTied = false;         // to the next of its pitch
+    bool isContinuation = false; // new, and tied to by another
 
     Ticks end() const { return start + length; }
 };

@@ -17,6 +17,7 @@ std::optional<NotePiece> NotePieces::cutOff(NotePiece &piece, int unit) const
     if (piece.isStaccato || end <= piece.start || end >= piece.end())
         return {};
     NotePiece rest{end, piece.end() - end, piece.pitch};
+    rest.isContinuation = true;
     const auto place = unitAt(end);
     const bool isInRest = place == unit && layout_.measuresRest(layout_.units[unit]) != nullptr;
     if ((place <= unit && !isInRest) || !takes(place, rest) || meetsItsPitch(piece, end))
