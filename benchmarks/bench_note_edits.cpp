@@ -335,10 +335,26 @@ bool isPossible(const Join &join, quint32 pitch, const Track &track)
     });
 }
 
+bool endsBehind(const AbcReading &reading, const std::optional<NoteSpec> &note)
+{
+    return note && note->start + note->length > reading.layout.units.last().start;
+}
+
+// What is no note is as it was; what is written behind the end of the music has bar lines of its own.
+bool keepsFixed(const Anatomy &before, const Anatomy &after, bool growsBehind)
+{
+    if (!growsBehind)
+        return before.fixed == after.fixed;
+    const auto own = before.fixed.size();
+    return after.fixed.mid(0, own) == before.fixed &&
+           std::all_of(after.fixed.begin() + own, after.fixed.end(),
+                       [](const QString &added) { return added == QLatin1String("|"); });
+}
+
 // Nothing differs but the notes of the measures in which the note sounds, before and after.
 bool isMinimal(const Anatomy &before, const Anatomy &after, const AbcReading &reading, const Case &made)
 {
-    if (before.fixed != after.fixed || before.parts.size() != after.parts.size())
+    if (!keepsFixed(before, after, endsBehind(reading, made.after)))
         return false;
     std::set<int> mayDiffer;
     for (const auto &unit : reading.layout.units) {
@@ -504,7 +520,7 @@ void Driver::judgeBatch(const QString &text, const AbcReading &reading, const No
     const auto wanted = NoteEditPlan::editedTrack(reading.track, NoteEditPlan::cleaned(reading.track, edit));
     const bool isRight = NoteEditPlan::haveSameEvents(readAbc(result).track, wanted);
     shares.batchRight.add(said("batch: other notes", isRight, text, result, {}));
-    const bool isInPlace = anatomyOf(result).fixed == anatomyOf(text).fixed;
+    const bool isInPlace = keepsFixed(anatomyOf(text), anatomyOf(result), true);
     shares.batchInPlace.add(said("batch: not in place", isInPlace, text, result, {}));
 }
 
