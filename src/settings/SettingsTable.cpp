@@ -41,7 +41,7 @@ const std::array<Row, settingCount> &rows()
         {MidiOpenDir, "dirs/midi/open", Type::Text, ""},
         {WavSaveDir, "dirs/wav/save", Type::Text, ""},
         {DarkPalette, "window/darkPalette", Type::Boolean, "false"},
-        {Language, "window/language", Type::Text, ""},       // its code, "de"; the system's
+        {Language, "window/language", Type::Text, ""},          // its code, "de"; the system's
         {RecentFiles, "window/recentFiles", Type::History, ""}, // paths
         {MasterVolume, "window/masterVolume", Type::Integer, "100"},
         {WindowGeometry, "window/geometry", Type::Text, ""}, // Base64, as is the next

@@ -218,8 +218,9 @@ private slots:
         fixture_->trigger("actionOpen");
         QTRY_COMPARE(fixture_->titles(), (QStringList{QStringLiteral("One"), QStringLiteral("Two")}));
         QCOMPARE(fixture_->dialogs().messages,
-                 QStringList(QStringLiteral("Error while reading ABC file|%1: Could not open file: No such file or directory.")
-                                 .arg(fixture_->path("missing.abc"))));
+                 QStringList(
+                     QStringLiteral("Error while reading ABC file|%1: Could not open file: No such file or directory.")
+                         .arg(fixture_->path("missing.abc"))));
         QCOMPARE(fixture_->dialogs().asked,
                  QStringList(QStringLiteral("Choose ABC file(s) to open|ABC files (*.abc);;Songs (*.kvsong);;All music "
                                             "(*.abc *.kvsong *.mid *.midi *.kar *.mml)")));

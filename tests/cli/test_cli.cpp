@@ -192,7 +192,8 @@ private slots:
         const Rows<QString, QByteArray, QString> row("words", "notes", "remark");
         row("convert decides", "", "C D C D ", "; read as standard ABC for its repeats, tempo, bar lines\n");
         row("as the game", "--read game", "|:CD:|", "out/Reel.abc\n");
-        row("as the standard", "--read standard", "C D C D ", "; read as standard ABC for its repeats, tempo, bar lines\n");
+        row("as the standard", "--read standard", "C D C D ",
+            "; read as standard ABC for its repeats, tempo, bar lines\n");
     }
     void readsAbcAsTheGameOrTheStandardHasIt()
     {
