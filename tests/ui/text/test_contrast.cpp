@@ -27,7 +27,7 @@ double contrast(const QColor &a, const QColor &b)
 
 QColor over(const QColor &ground, const QColor &film)
 {
-    const auto mixed = [&](double below, double above) { return below + film.alphaF() * (above - below); };
+    const auto mixed = [&](double below, double above) { return below + double(film.alphaF()) * (above - below); };
     return QColor::fromRgbF(mixed(ground.redF(), film.redF()), mixed(ground.greenF(), film.greenF()),
                             mixed(ground.blueF(), film.blueF()));
 }
