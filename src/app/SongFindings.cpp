@@ -1,6 +1,7 @@
 #include "app/SongFindings.h"
 
 #include "check/findings/FindingKinds.h"
+#include "ui/ManualPage.h"
 #include "ui/checks/FindingsPanel.h"
 #include "ui/song/TrackRows.h"
 #include "ui/song/TrackWidget.h"
@@ -49,6 +50,7 @@ SongFindings::SongFindings(QMainWindow &window, SongChecks &checks, TrackRows &r
 {
     dock_->setObjectName(QStringLiteral("dockFindings"));
     dock_->setWidget(panel_);
+    setManualPage(*dock_, "checks.md");
     window.addDockWidget(Qt::RightDockWidgetArea, dock_);
     dock_->hide();
     dock_->toggleViewAction()->setStatusTip(tr("Show what the game would not play as it is meant"));

@@ -6,8 +6,8 @@
 #include "support/MidiBytes.h"
 #include "support/Rows.h"
 #include "ui/InstrumentComboBox.h"
+#include "ui/ManualPage.h"
 #include "ui/editor/AbcEditorWindow.h"
-#include "ui/manual/ManualWindow.h"
 #include "ui/preferences/PreferencesDialog.h"
 #include "ui/preferences/SoundPage.h"
 #include "ui/transform/KeyDialog.h"
@@ -204,6 +204,14 @@ bool isCut(const QWidget &widget)
     return widget.sizeHint().width() > widget.width();
 }
 
+// Windows and dialogs open a page of the manual with F1, but for the main window, which opens the contents.
+bool hasManualPage(const QWidget &window)
+{
+    const auto page = manualPage(window);
+    return page.isEmpty() ? !qobject_cast<const QDialog *>(&window)
+                          : QFile::exists(QStringLiteral(":/docs/manual/") + page);
+}
+
 // Those that the same letter triggers.
 QSet<QString> rivalsIn(const QWidget &menu)
 {
@@ -287,6 +295,8 @@ private slots:
             Walk([&](QWidget &window) {
                 window.show();
                 QCoreApplication::processEvents();
+                if (!hasManualPage(window))
+                    misfits.insert(nameOf(window) + QStringLiteral(" has no page of the manual"));
                 forEachIn(window, [&](const QWidget &widget) {
                     if (isCut(widget))
                         misfits.insert(nameOf(widget) + QStringLiteral(" is cut: ") + textsOf(widget).last());

@@ -23,7 +23,11 @@ void convert(const QString &page, const QDir &folder)
     document.setMarkdown(markdown);
     document.setMetaInformation(QTextDocument::DocumentTitle, titleOf(markdown));
     QFile target(folder.filePath(QFileInfo(page).completeBaseName() + QStringLiteral(".html")));
-    const auto html = document.toHtml().replace(QStringLiteral(".md\""), QStringLiteral(".html\"")).toUtf8();
+    const auto html =
+        document.toHtml()
+            .replace(QStringLiteral("href=\"../"), QStringLiteral("href=\"")) // all are in one folder here
+            .replace(QStringLiteral(".md\""), QStringLiteral(".html\""))
+            .toUtf8();
     if (!target.open(QIODevice::WriteOnly) || target.write(html) != html.size())
         throw QStringLiteral("%1: %2").arg(target.fileName(), target.errorString());
 }

@@ -6,6 +6,8 @@
 #include "ui/manual/ManualWindow.h"
 #include "ui/preferences/PreferencesDialog.h"
 
+#include <QApplication>
+
 QVector<ActionRow> ProgramCommands::actions()
 {
     return {
@@ -28,7 +30,8 @@ void ProgramCommands::editPreferences()
 
 void ProgramCommands::openManual()
 {
-    openManualFor(&context_.window);
+    auto *const focus = QApplication::focusWidget();
+    openManualFor(focus != nullptr && focus->window() == &context_.window ? focus : &context_.window);
 }
 
 void ProgramCommands::showAbout()

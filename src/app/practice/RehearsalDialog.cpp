@@ -1,5 +1,7 @@
 #include "app/practice/RehearsalDialog.h"
 
+#include "ui/ManualPage.h"
+
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -32,6 +34,7 @@ RehearsalDialog::RehearsalDialog(const Rehearsal &rehearsal, const SongTracks &s
 {
     setObjectName(QStringLiteral("rehearsalDialog"));
     setWindowTitle(tr("Band Rehearsal"));
+    setManualPage(*this, "window.md");
     spread_->setObjectName(QStringLiteral("spnSpread"));
     spread_->setRange(1, Rehearsal::mostSpread);
     spread_->setValue(rehearsal.spread);

@@ -1,5 +1,7 @@
 #include "app/recovery/RecoveryDialog.h"
 
+#include "ui/ManualPage.h"
+
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -69,6 +71,7 @@ RecoveryDialog::RecoveryDialog(Occasion occasion, QWidget *parent)
     const bool isStart = occasion == Occasion::Start;
     setObjectName(QStringLiteral("recoveryDialog"));
     setWindowTitle(tr("Recover Songs"));
+    setManualPage(*this, "questions.md");
     auto *const text = new QLabel(
         isStart ? tr("The program ended before these songs were saved. They are as they were at the last moment.")
                 : tr("Songs that were not saved, and songs that were discarded in the last 7 days."));

@@ -1,6 +1,7 @@
 #include "ui/arranging/ArrangeDialog.h"
 
 #include "ui/Icons.h"
+#include "ui/ManualPage.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -53,6 +54,7 @@ ArrangeDialog::ArrangeDialog(const QVector<ArrangedSource> &sources, const Instr
 {
     setObjectName(QStringLiteral("arrangeDialog"));
     setWindowTitle(tr("Arrange for Players"));
+    setManualPage(*this, "arranging.md");
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     summary_->setObjectName(QStringLiteral("lblSummary"));
     summary_->setTextFormat(Qt::PlainText);

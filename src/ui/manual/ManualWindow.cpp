@@ -1,10 +1,11 @@
 #include "ui/manual/ManualWindow.h"
 
 #include "ui/ManualPage.h"
+#include "ui/ScreenFit.h"
+#include "ui/manual/ManualBrowser.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QTextBrowser>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -15,7 +16,7 @@ const auto contents = QStringLiteral("index.md");
 } // namespace
 
 ManualWindow::ManualWindow(QWidget *parent)
-    : QWidget(parent, Qt::Window), browser_(new QTextBrowser), search_(new QLineEdit)
+    : QWidget(parent, Qt::Window), browser_(new ManualBrowser), search_(new QLineEdit)
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(tr("Manual - Kelvarion Composer"));
@@ -30,8 +31,9 @@ ManualWindow::ManualWindow(QWidget *parent)
     layout->setSpacing(0);
     makeToolBar();
     layout->addWidget(browser_);
-    constexpr QSize comfortable(760, 640);
+    constexpr QSize comfortable(960, 680);
     resize(comfortable);
+    fitToScreen(*this);
 }
 
 void ManualWindow::makeToolBar()
@@ -59,7 +61,7 @@ void ManualWindow::makeToolBar()
 
 void ManualWindow::showPage(const QString &name)
 {
-    browser_->setSource(QUrl(QStringLiteral("qrc:/manual/") + name));
+    browser_->setSource(QUrl(QStringLiteral("qrc:/docs/manual/") + name));
 }
 
 // From the start again behind the last place.
@@ -71,10 +73,11 @@ void ManualWindow::find(const QString &text)
     browser_->find(text);
 }
 
-void openManualFor(QWidget *window)
+void openManualFor(QWidget *widget)
 {
-    const auto page = window != nullptr ? manualPage(*window) : QString();
-    auto *const manual = new ManualWindow(window); // a child, since a dialog lets nobody else be used
+    const auto page = widget != nullptr ? manualPage(*widget) : QString();
+    // A child, since a dialog lets nobody else be used.
+    auto *const manual = new ManualWindow(widget != nullptr ? widget->window() : nullptr);
     manual->showPage(page.isEmpty() ? contents : page);
     manual->show();
 }
@@ -83,9 +86,9 @@ bool ManualKey::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::KeyPress || !static_cast<QKeyEvent *>(event)->matches(QKeySequence::HelpContents))
         return false;
-    const auto *const widget = qobject_cast<QWidget *>(watched);
+    auto *const widget = qobject_cast<QWidget *>(watched);
     if (widget == nullptr)
         return false;
-    openManualFor(widget->window());
+    openManualFor(widget);
     return true;
 }

@@ -2,8 +2,8 @@
 
 #include <QWidget>
 
+class ManualBrowser;
 class QLineEdit;
-class QTextBrowser;
 
 // The manual in a window of its own, from the pages of docs/manual that are built into the program. [ui]
 class ManualWindow : public QWidget
@@ -20,14 +20,15 @@ private:
     void makeToolBar();
     void find(const QString &text);
 
-    QTextBrowser *browser_;
+    ManualBrowser *browser_;
     QLineEdit *search_;
 };
 
-// Opens the page of a window or dialog (see ManualPage.h); may be null.
-void openManualFor(QWidget *window);
+// Opens the page about a widget or what it is in (see ManualPage.h); null opens the contents.
+void openManualFor(QWidget *widget);
 
-// Makes F1 open the page of the window that has the keyboard: an event filter for the application. [ui]
+// Makes F1 open the page of the window, dialog or panel that has the keyboard: an event filter for the application.
+// [ui]
 class ManualKey : public QObject
 {
     Q_OBJECT

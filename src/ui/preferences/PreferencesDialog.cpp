@@ -62,7 +62,6 @@ PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, const
                                      const InstrumentSet &instruments, QWidget *parent)
     : QDialog(parent), settings_(settings), dialogs_(dialogs), selector_(new QListWidget), pages_(new QStackedWidget)
 {
-    setManualPage(*this, "window.md");
     setWindowTitle(tr("Preferences"));
     selector_->setObjectName(QStringLiteral("propertySelector"));
     selector_->setAccessibleName(tr("Pages"));
@@ -70,6 +69,8 @@ PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, const
     selector_->setIconSize({24, 24});
     pages_->setObjectName(QStringLiteral("propertyPages"));
     connect(selector_, &QListWidget::currentRowChanged, pages_, &QStackedWidget::setCurrentIndex);
+    connect(pages_, &QStackedWidget::currentChanged, this,
+            [this] { setProperty(manualPageProperty, manualPage(*pages_->currentWidget())); });
 
     auto *const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     buttons->setObjectName(QStringLiteral("buttonBox"));
@@ -79,14 +80,14 @@ PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, const
     connect(buttons, &QDialogButtonBox::rejected, this, &PreferencesDialog::reject);
     connect(apply_, &QPushButton::clicked, this, &PreferencesDialog::apply);
 
-    addPage(tr("Instruments"), QStringLiteral(":/icons/instrument.png"), instrumentsPage());
-    addPage(tr("Track Preview"), QStringLiteral(":/icons/preview.png"), previewPage());
-    addPage(tr("Midi Import"), QStringLiteral(":/icons/midiimport.png"), midiPage());
-    addPage(tr("ABC Import"), QStringLiteral(":/icons/import.png"), abcPage());
-    addPage(tr("Programs"), QStringLiteral(":/icons/applyinstrument.png"), programsPage(instruments));
-    addPage(tr("Sound"), QStringLiteral(":/icons/sound.png"), soundPage(sound));
-    addPage(tr("Checks"), QStringLiteral(":/icons/find.png"), checksPage());
-    addPage(tr("Appearance"), QStringLiteral(":/icons/preferences.png"), appearancePage());
+    addPage(tr("Instruments"), QStringLiteral(":/icons/instrument.png"), instrumentsPage(), "instruments.md");
+    addPage(tr("Track Preview"), QStringLiteral(":/icons/preview.png"), previewPage(), "window.md");
+    addPage(tr("Midi Import"), QStringLiteral(":/icons/midiimport.png"), midiPage(), "import.md");
+    addPage(tr("ABC Import"), QStringLiteral(":/icons/import.png"), abcPage(), "import.md");
+    addPage(tr("Programs"), QStringLiteral(":/icons/applyinstrument.png"), programsPage(instruments), "import.md");
+    addPage(tr("Sound"), QStringLiteral(":/icons/sound.png"), soundPage(sound), "window.md");
+    addPage(tr("Checks"), QStringLiteral(":/icons/find.png"), checksPage(), "checks.md");
+    addPage(tr("Appearance"), QStringLiteral(":/icons/preferences.png"), appearancePage(), "window.md");
     constexpr int usualWidth = 160;
     selector_->setFixedWidth(std::max(usualWidth, selector_->sizeHintForColumn(0) + 2 * selector_->frameWidth()));
     selector_->setCurrentRow(0);
@@ -100,8 +101,9 @@ PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, const
     resize(720, 340);
 }
 
-void PreferencesDialog::addPage(const QString &title, const QString &icon, QWidget *page)
+void PreferencesDialog::addPage(const QString &title, const QString &icon, QWidget *page, const char *manual)
 {
+    setManualPage(*page, manual);
     selector_->addItem(new QListWidgetItem(rowIcon(icon), title));
     pages_->addWidget(page);
 }

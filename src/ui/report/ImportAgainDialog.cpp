@@ -2,6 +2,7 @@
 
 #include "song/SongReader.h"
 #include "ui/ImportSettingsBox.h"
+#include "ui/ManualPage.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -46,6 +47,7 @@ ImportAgainDialog::ImportAgainDialog(const QVector<SongImported> &imports, const
     : QDialog(parent), imports_(imports), settings_(settings), files_(new QComboBox), area_(new QScrollArea)
 {
     setWindowTitle(tr("Import Again"));
+    setManualPage(*this, "import.md");
     files_->setObjectName(QStringLiteral("cboFile"));
     files_->setToolTip(tr("What is read again; its parts are replaced"));
     for (const auto &imported : imports_) {

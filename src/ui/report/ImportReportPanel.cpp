@@ -1,5 +1,7 @@
 #include "ui/report/ImportReportPanel.h"
 
+#include "ui/ManualPage.h"
+
 #include <QHeaderView>
 #include <QLabel>
 #include <QShortcut>
@@ -44,6 +46,7 @@ private:
 ImportReportPanel::ImportReportPanel(QWidget *parent) : QWidget(parent), line_(new QLabel), view_(new QTreeView)
 {
     auto *const column = new QVBoxLayout(this);
+    setManualPage(*this, "import.md");
     column->setContentsMargins(6, 6, 6, 6);
     column->addWidget(line_);
     column->addWidget(view_, 1);

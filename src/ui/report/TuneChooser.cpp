@@ -1,5 +1,7 @@
 #include "ui/report/TuneChooser.h"
 
+#include "ui/ManualPage.h"
+
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -18,6 +20,7 @@ TuneChooser::TuneChooser(const QString &book, const QStringList &tunes, QWidget 
     : QDialog(parent), list_(new QListWidget)
 {
     setWindowTitle(tr("Choose Tunes"));
+    setManualPage(*this, "import.md");
     list_->setObjectName(QStringLiteral("lstTunes"));
     list_->setAccessibleName(tr("Tunes"));
     list_->setToolTip(tr("Ticked tunes are opened, a track for each of their voices"));

@@ -1,5 +1,7 @@
 #include "ui/transform/DialogFrame.h"
 
+#include "ui/ManualPage.h"
+
 #include <QCheckBox>
 #include <QCoreApplication>
 #include <QDialog>
@@ -26,6 +28,7 @@ QWidget *makeTextChoice()
 void frameDialog(QDialog &dialog, const QString &title, const QList<QWidget *> &parts, TextChoice choice)
 {
     dialog.setWindowTitle(title);
+    setManualPage(dialog, "editor.md"); // where most of them belong
     dialog.setWindowIcon(QIcon(QStringLiteral(":/icons/appicon.png")));
     dialog.setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     auto *const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);

@@ -1,5 +1,6 @@
 #include "ui/transform/OneTempoDialog.h"
 
+#include "ui/ManualPage.h"
 #include "ui/transform/DialogFrame.h"
 
 #include <QComboBox>
@@ -26,6 +27,7 @@ OneTempoDialog::OneTempoDialog(const QVector<Part> &parts, int chosen, QWidget *
     form->addRow(moments_);
     form->addRow(lengths_);
     frameDialog(*this, tr("One Tempo for All"), {questions}, TextChoice::NotAsked);
+    setManualPage(*this, "arranging.md");
 }
 
 int OneTempoDialog::part() const

@@ -1,5 +1,6 @@
 #include "ui/transform/SongTransposeDialog.h"
 
+#include "ui/ManualPage.h"
 #include "ui/transform/DialogFrame.h"
 
 #include <QCheckBox>
@@ -39,6 +40,7 @@ SongTransposeDialog::SongTransposeDialog(const QVector<Part> &parts, QWidget *pa
     connect(percussion_, &QCheckBox::toggled, this, &SongTransposeDialog::showLoss);
     showLoss();
     frameDialog(*this, tr("Transpose Song"), {questions}, TextChoice::NotAsked);
+    setManualPage(*this, "arranging.md");
     semitones_->selectAll();
 }
 
