@@ -4927,6 +4927,10 @@ Neu schreiben?</translation>
         <source>How fast the song is played, in percent of its tempo; its pitch stays</source>
         <translation>Wie schnell der Song gespielt wird, in Prozent seines Tempos; die Tonhöhe bleibt</translation>
     </message>
+    <message>
+        <source>Tracks</source>
+        <translation>Spuren</translation>
+    </message>
 </context>
 <context>
     <name>SongCommands</name>
@@ -5191,10 +5195,6 @@ Möchten Sie ihn speichern?</translation>
     <message>
         <source>The file is too large.</source>
         <translation>Die Datei ist zu groß.</translation>
-    </message>
-    <message>
-        <source>Could not open file: %1.</source>
-        <translation>Die Datei ließ sich nicht öffnen: %1.</translation>
     </message>
 </context>
 <context>
@@ -5509,6 +5509,20 @@ Möchten Sie sie löschen?</numerusform>
     </message>
 </context>
 <context>
+    <name>SpokenPosition</name>
+    <message>
+        <source>Measure %1, beat %2</source>
+        <translation>Takt %1, Schlag %2</translation>
+    </message>
+</context>
+<context>
+    <name>SpokenWidget</name>
+    <message>
+        <source>nothing chosen</source>
+        <translation>nichts gewählt</translation>
+    </message>
+</context>
+<context>
     <name>StandardAbc</name>
     <message>
         <source>Too many parts.</source>
@@ -5605,6 +5619,11 @@ Möchten Sie sie löschen?</numerusform>
     <message>
         <source>Measures</source>
         <translation>Takte</translation>
+    </message>
+    <message>
+        <source>%1; loop: %2 to %3</source>
+        <comment>all are positions</comment>
+        <translation>%1; Schleife: %2 bis %3</translation>
     </message>
 </context>
 <context>
@@ -5952,6 +5971,42 @@ Stattdessen um Oktaven in den Umfang zurückversetzen?</numerusform>
         <comment>right</comment>
         <translation>R %1</translation>
     </message>
+    <message>
+        <source>no instrument</source>
+        <translation>kein Instrument</translation>
+    </message>
+    <message>
+        <source>volume %1</source>
+        <translation>Lautstärke %1</translation>
+    </message>
+    <message>
+        <source>pan %1</source>
+        <translation>Panorama %1</translation>
+    </message>
+    <message>
+        <source>muted</source>
+        <translation>stumm</translation>
+    </message>
+    <message>
+        <source>not muted</source>
+        <translation>nicht stumm</translation>
+    </message>
+    <message>
+        <source>solo</source>
+        <translation>solo</translation>
+    </message>
+    <message>
+        <source>selected</source>
+        <translation>ausgewählt</translation>
+    </message>
+    <message>
+        <source>level %1</source>
+        <translation>Pegel %1</translation>
+    </message>
+    <message>
+        <source>start offset %1</source>
+        <translation>Startversatz %1</translation>
+    </message>
 </context>
 <context>
     <name>TransportCommands</name>
@@ -6193,6 +6248,15 @@ Bitte wählen Sie andere.</translation>
     <message>
         <source>%L1 dB</source>
         <translation>%L1 dB</translation>
+    </message>
+    <message>
+        <source>silent</source>
+        <translation>still</translation>
+    </message>
+    <message>
+        <source>%1, it was too loud</source>
+        <comment>a level</comment>
+        <translation>%1, war zu laut</translation>
     </message>
 </context>
 <context>

@@ -4927,6 +4927,10 @@ Le réécrire ?</translation>
         <source>How fast the song is played, in percent of its tempo; its pitch stays</source>
         <translation>La vitesse de lecture du morceau, en pour cent de son tempo ; la hauteur reste</translation>
     </message>
+    <message>
+        <source>Tracks</source>
+        <translation>Pistes</translation>
+    </message>
 </context>
 <context>
     <name>SongCommands</name>
@@ -5191,10 +5195,6 @@ Voulez-vous l’enregistrer ?</translation>
     <message>
         <source>The file is too large.</source>
         <translation>Le fichier est trop grand.</translation>
-    </message>
-    <message>
-        <source>Could not open file: %1.</source>
-        <translation>Impossible d’ouvrir le fichier : %1.</translation>
     </message>
 </context>
 <context>
@@ -5509,6 +5509,20 @@ Voulez-vous les supprimer ?</numerusform>
     </message>
 </context>
 <context>
+    <name>SpokenPosition</name>
+    <message>
+        <source>Measure %1, beat %2</source>
+        <translation>Mesure %1, temps %2</translation>
+    </message>
+</context>
+<context>
+    <name>SpokenWidget</name>
+    <message>
+        <source>nothing chosen</source>
+        <translation>rien n’est choisi</translation>
+    </message>
+</context>
+<context>
     <name>StandardAbc</name>
     <message>
         <source>Too many parts.</source>
@@ -5605,6 +5619,11 @@ Voulez-vous les supprimer ?</numerusform>
     <message>
         <source>Measures</source>
         <translation>Mesures</translation>
+    </message>
+    <message>
+        <source>%1; loop: %2 to %3</source>
+        <comment>all are positions</comment>
+        <translation>%1 ; boucle : de %2 à %3</translation>
     </message>
 </context>
 <context>
@@ -5952,6 +5971,42 @@ Les ramener plutôt par octaves dans l’étendue ?</numerusform>
         <comment>right</comment>
         <translation>D %1</translation>
     </message>
+    <message>
+        <source>no instrument</source>
+        <translation>pas d’instrument</translation>
+    </message>
+    <message>
+        <source>volume %1</source>
+        <translation>volume %1</translation>
+    </message>
+    <message>
+        <source>pan %1</source>
+        <translation>panoramique %1</translation>
+    </message>
+    <message>
+        <source>muted</source>
+        <translation>muette</translation>
+    </message>
+    <message>
+        <source>not muted</source>
+        <translation>non muette</translation>
+    </message>
+    <message>
+        <source>solo</source>
+        <translation>en solo</translation>
+    </message>
+    <message>
+        <source>selected</source>
+        <translation>sélectionnée</translation>
+    </message>
+    <message>
+        <source>level %1</source>
+        <translation>niveau %1</translation>
+    </message>
+    <message>
+        <source>start offset %1</source>
+        <translation>décalage de départ %1</translation>
+    </message>
 </context>
 <context>
     <name>TransportCommands</name>
@@ -6193,6 +6248,15 @@ Veuillez en choisir d’autres.</translation>
     <message>
         <source>%L1 dB</source>
         <translation>%L1 dB</translation>
+    </message>
+    <message>
+        <source>silent</source>
+        <translation>silencieux</translation>
+    </message>
+    <message>
+        <source>%1, it was too loud</source>
+        <comment>a level</comment>
+        <translation>%1, c’était trop fort</translation>
     </message>
 </context>
 <context>

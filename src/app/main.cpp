@@ -11,6 +11,7 @@
 #include "midi/SystemMidiInput.h"
 #include "settings/Settings.h"
 #include "ui/Dialogs.h"
+#include "ui/SpokenWidget.h"
 #include "ui/Theme.h"
 #include "ui/manual/ManualWindow.h"
 
@@ -132,9 +133,12 @@ int main(int argc, char *argv[])
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 #endif
+    // A screen at 150 % shows the windows so large, and not twice as large.
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     const Application application(argc, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("example.kelvarion_composer.Composer"));
     const auto commandLine = readCommandLine(application);
+    speakWidgets();
     ManualKey manualKey;
     QCoreApplication::instance()->installEventFilter(&manualKey);
 

@@ -28,8 +28,7 @@ void InstrumentComboBox::paintEvent(QPaintEvent *)
     initStyleOption(&option);
     // The box by itself draws icons and pixmaps; the catalogue holds images.
     option.currentIcon = QIcon(QPixmap::fromImage(currentData(Qt::DecorationRole).value<QImage>()));
-    if (currentIndex() < 0)
-        option.currentText = missing_;
+    option.currentText = shownText();
     QStylePainter painter(this);
     painter.setPen(palette().color(QPalette::Text));
     painter.drawComplexControl(QStyle::CC_ComboBox, option);

@@ -15,6 +15,7 @@ public:
 
     // The name of an instrument that the catalogue lacks, shown while none of it is chosen.
     void setMissing(const QString &name);
+    QString shownText() const { return currentIndex() < 0 ? missing_ : currentText(); }
 
 protected:
     void paintEvent(QPaintEvent *event) override;

@@ -3,6 +3,7 @@
 #include "settings/Settings.h"
 #include "ui/roll/RollKeyboard.h"
 #include "ui/roll/RollRuler.h"
+#include "ui/timeline/SpokenPosition.h"
 
 #include <utility>
 
@@ -256,12 +257,27 @@ void PianoRoll::updateLine(Ticks tick)
 void PianoRoll::updateAccessibleText()
 {
     const auto &selected = document_.selectedNotes();
-    auto text = state_.positionText(state_.cursor) + QStringLiteral(", ") + state_.pitchText(state_.cursorPitch);
+    auto text = spokenValue();
     if (selected.size() == 1)
         text = state_.noteText(state_.notes[state_.notes.ofEvent(selected.first())]);
     else if (!selected.isEmpty())
         text = tr("%n note(s) selected", nullptr, int(selected.size()));
     setAccessibleDescription(text); // tells assistive programs by itself
+}
+
+QString PianoRoll::spokenValue() const
+{
+    return state_.positionText(state_.cursor) + QStringLiteral(", ") + state_.pitchText(state_.cursorPitch);
+}
+
+std::optional<SpokenWidget::Range> PianoRoll::spokenRange() const
+{
+    return SpokenPosition::range(state_.measures, state_.cursor, state_.length);
+}
+
+void PianoRoll::setSpokenValue(double measure)
+{
+    commands_.setCursor(SpokenPosition::tick(state_.measures, measure));
 }
 
 void PianoRoll::soundBriefly(int pitch)

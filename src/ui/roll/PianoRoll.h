@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/SpokenWidget.h"
 #include "ui/roll/RollActions.h"
 #include "ui/roll/RollCommands.h"
 #include "ui/roll/RollMouse.h"
@@ -15,7 +16,7 @@ class Settings;
 
 // A document's notes as bars over time, beside a keyboard and under the measures. Shows and changes the document's
 // selection, and edits its notes by mouse and keys.
-class PianoRoll : public QAbstractScrollArea
+class PianoRoll : public QAbstractScrollArea, public SpokenWidget
 {
     Q_OBJECT
 
@@ -36,6 +37,11 @@ public:
     void zoomTime(int steps);
     void zoomPitch(int steps);
     void zoomNormal();
+
+    QAccessible::Role spokenRole() const override { return QAccessible::Canvas; }
+    QString spokenValue() const override; // where the cursor is
+    std::optional<Range> spokenRange() const override;
+    void setSpokenValue(double measure) override;
 
     QSize sizeHint() const override { return {900, 420}; }
 

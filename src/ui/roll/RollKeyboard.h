@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/SpokenWidget.h"
+
 #include <QWidget>
 
 #include <optional>
@@ -7,13 +9,15 @@
 struct RollState;
 
 // The keys at the left of the piano roll. A key that is pressed with the mouse asks for its sound until it is let go.
-class RollKeyboard : public QWidget
+class RollKeyboard : public QWidget, public SpokenWidget
 {
     Q_OBJECT
 
 public:
     // The state must outlive the widget.
     explicit RollKeyboard(const RollState &state, QWidget *parent = nullptr);
+
+    QAccessible::Role spokenRole() const override { return QAccessible::Graphic; }
 
     QSize sizeHint() const override;
 

@@ -4,6 +4,7 @@
 #include "ui/SharpPainter.h"
 #include "ui/roll/RollState.h"
 #include "ui/timeline/MarkTexts.h"
+#include "ui/timeline/SpokenPosition.h"
 
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -30,6 +31,21 @@ RollRuler::RollRuler(const RollState &state, QWidget *parent) : QWidget(parent),
     setAttribute(Qt::WA_OpaquePaintEvent);
     setToolTip(tr("Click to set the cursor, double-click to play from here"));
     setAccessibleName(tr("Measures"));
+}
+
+QString RollRuler::spokenValue() const
+{
+    return state_.positionText(state_.cursor);
+}
+
+std::optional<SpokenWidget::Range> RollRuler::spokenRange() const
+{
+    return SpokenPosition::range(state_.measures, state_.cursor, state_.length);
+}
+
+void RollRuler::setSpokenValue(double measure)
+{
+    emit cursorPicked(SpokenPosition::tick(state_.measures, measure));
 }
 
 int RollRuler::lineHeight() const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Ticks.h"
+#include "ui/SpokenWidget.h"
 
 #include <QWidget>
 
@@ -10,13 +11,18 @@ struct RollState;
 // The strip above the piano roll: measure numbers, beats, tempo and metre changes, the edit cursor and the playing
 // position, and dots where something is wrong. A click or a drag sets the cursor, a double click asks to play from
 // there.
-class RollRuler : public QWidget
+class RollRuler : public QWidget, public SpokenWidget
 {
     Q_OBJECT
 
 public:
     // The state must outlive the widget.
     explicit RollRuler(const RollState &state, QWidget *parent = nullptr);
+
+    QAccessible::Role spokenRole() const override { return QAccessible::Slider; }
+    QString spokenValue() const override; // where the cursor is
+    std::optional<Range> spokenRange() const override;
+    void setSpokenValue(double measure) override;
 
     QSize sizeHint() const override;
 

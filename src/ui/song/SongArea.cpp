@@ -59,6 +59,7 @@ void SongArea::scrollRows()
     area_->setObjectName(QStringLiteral("scrTrackArea"));
     area_->setWidgetResizable(true);
     area_->setFrameShape(QFrame::NoFrame);
+    area_->setAccessibleName(tr("Tracks"));
     area_->setWidget(&rows_);
     area_->viewport()->installEventFilter(this);
     connect(&rows_, &TrackRows::draggedTo, this,

@@ -2,6 +2,7 @@
 
 #include "core/Measures.h"
 #include "ui/song/NotePicture.h"
+#include "ui/timeline/SpokenPosition.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -295,6 +296,21 @@ void TrackVisualizationWidget::keyPressEvent(QKeyEvent *event)
     default:
         QWidget::keyPressEvent(event);
     }
+}
+
+QString TrackVisualizationWidget::spokenValue() const
+{
+    return SpokenPosition::text(Measures(track_), position_);
+}
+
+std::optional<SpokenWidget::Range> TrackVisualizationWidget::spokenRange() const
+{
+    return SpokenPosition::range(Measures(track_), position_, std::max(track_.length(), span_.end()));
+}
+
+void TrackVisualizationWidget::setSpokenValue(double measure)
+{
+    emit seek(SpokenPosition::tick(Measures(track_), measure));
 }
 
 void TrackVisualizationWidget::focusInEvent(QFocusEvent *)

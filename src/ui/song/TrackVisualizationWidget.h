@@ -3,6 +3,7 @@
 #include "base/Task.h"
 #include "core/Track.h"
 #include "settings/Settings.h"
+#include "ui/SpokenWidget.h"
 #include "ui/timeline/TimeSpan.h"
 
 #include <QColor>
@@ -20,7 +21,7 @@ class QPainter;
 // shown time, the size or a drawing setting changed; what moves is painted over it. The picture of a long track is made
 // beside the interface thread, and until then the one before is shown, moved to where it belongs. On the interface
 // thread.
-class TrackVisualizationWidget : public QWidget
+class TrackVisualizationWidget : public QWidget, public SpokenWidget
 {
     Q_OBJECT
 
@@ -49,6 +50,11 @@ public:
 
     // How often the picture was made.
     int pictureCount() const { return pictureCount_; }
+
+    QAccessible::Role spokenRole() const override { return QAccessible::Slider; }
+    QString spokenValue() const override;
+    std::optional<Range> spokenRange() const override;
+    void setSpokenValue(double measure) override;
 
     QSize sizeHint() const override { return {400, 64}; }
     QSize minimumSizeHint() const override { return {80, 40}; }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "song/SongTrack.h"
+#include "ui/SpokenWidget.h"
 
 #include <QFrame>
 
@@ -24,7 +25,7 @@ struct TimeSpan;
 // One row of the track list: shows a track, and says by signals what the user wants of it. It knows neither the player
 // nor the undo history nor files, and shares the track with the list: what is wanted is there when the list has it and
 // shows it here. The set… functions announce nothing. On the interface thread.
-class TrackWidget : public QFrame
+class TrackWidget : public QFrame, public SpokenWidget
 {
     Q_OBJECT
 
@@ -74,6 +75,9 @@ public:
     QRect overviewRect() const;
 
     std::unique_ptr<QMenu> contextMenu();
+
+    QAccessible::Role spokenRole() const override { return QAccessible::Grouping; }
+    QString spokenDescription() const override; // all that the row shows, but its title and its notes
 
     // What the row is moved by in the list.
     DragHandle *dragHandle() const { return dragHandle_; }

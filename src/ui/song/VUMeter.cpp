@@ -115,6 +115,25 @@ QString VUMeter::hoverText() const
     return tr("%L1 dB").arg(MeterScale::decibelsAt(positionAt(*mouse_)), 0, 'f', 1);
 }
 
+double VUMeter::peakDecibels() const
+{
+    float loudest = 0;
+    for (const auto &channel : channels_)
+        loudest = std::max(loudest, channel.shownPeak());
+    return MeterScale::decibels(double(loudest));
+}
+
+QString VUMeter::spokenValue() const
+{
+    const auto level = peakDecibels() < MeterScale::lowest ? tr("silent") : tr("%L1 dB").arg(peakDecibels(), 0, 'f', 1);
+    return hasClipped() ? tr("%1, it was too loud", "a level").arg(level) : level;
+}
+
+std::optional<SpokenWidget::Range> VUMeter::spokenRange() const
+{
+    return Range{std::max(peakDecibels(), MeterScale::lowest), MeterScale::lowest, MeterScale::highest, 0};
+}
+
 void VUMeter::mouseMoveEvent(QMouseEvent *event)
 {
     mouse_ = event->pos();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/SpokenWidget.h"
 #include "ui/song/MeterChannel.h"
 
 #include <QBasicTimer>
@@ -14,7 +15,7 @@
 // of a dark one for the peak, and a mark that holds the highest peak. A light at the end of a bar says that its channel
 // was too loud, until a click puts it out. While the mouse is over it, it shows the level at the mouse. On the
 // interface thread.
-class VUMeter : public QWidget
+class VUMeter : public QWidget, public SpokenWidget
 {
     Q_OBJECT
 
@@ -35,6 +36,10 @@ public:
     // What the read-out shows; empty without a mouse.
     QString hoverText() const;
 
+    QAccessible::Role spokenRole() const override { return QAccessible::ProgressBar; }
+    QString spokenValue() const override; // of the loudest channel: "-12.0 dB"
+    std::optional<Range> spokenRange() const override;
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -52,6 +57,7 @@ private:
     QRect barRect(int channel) const;
     QRect partOfBar(int channel, double from, double to) const;
     double positionAt(QPoint point) const;
+    double peakDecibels() const;
 
     void ensurePictures();
     QPixmap facePicture() const;

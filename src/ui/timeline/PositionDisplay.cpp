@@ -1,6 +1,5 @@
 #include "ui/timeline/PositionDisplay.h"
 
-#include <QAccessible>
 #include <QLocale>
 #include <QPainter>
 
@@ -46,8 +45,6 @@ void PositionDisplay::setPosition(Ticks position, const Measure &measure, qint64
         return;
     time_ = std::move(time);
     place_ = std::move(place);
-    if (QAccessible::isActive())
-        setAccessibleDescription(time_ + u' ' + place_);
     update();
 }
 

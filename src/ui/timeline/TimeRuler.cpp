@@ -2,6 +2,7 @@
 
 #include "ui/SharpPainter.h"
 #include "ui/timeline/MarkTexts.h"
+#include "ui/timeline/SpokenPosition.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -62,6 +63,25 @@ void TimeRuler::setLoop(const std::optional<TimeSpan> &loop)
 {
     loop_ = loop;
     update();
+}
+
+QString TimeRuler::spokenValue() const
+{
+    const auto position = SpokenPosition::text(measures_, position_);
+    return loop_ ? tr("%1; loop: %2 to %3", "all are positions")
+                       .arg(position, SpokenPosition::text(measures_, loop_->begin),
+                            SpokenPosition::text(measures_, loop_->end()))
+                 : position;
+}
+
+std::optional<SpokenWidget::Range> TimeRuler::spokenRange() const
+{
+    return SpokenPosition::range(measures_, position_, span_.end());
+}
+
+void TimeRuler::setSpokenValue(double measure)
+{
+    emit seek(SpokenPosition::tick(measures_, measure));
 }
 
 int TimeRuler::lineHeight() const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Measures.h"
+#include "ui/SpokenWidget.h"
 #include "ui/timeline/TimeSpan.h"
 
 #include <QWidget>
@@ -12,7 +13,7 @@ class QPainter;
 // The strip above the overviews of a song: measures, beats, tempo and metre changes over the time that they share, and
 // the playing position. A click or a drag asks for another position; a drag in its upper half for a loop, and one at an
 // end of the loop moves that. On the interface thread.
-class TimeRuler : public QWidget
+class TimeRuler : public QWidget, public SpokenWidget
 {
     Q_OBJECT
 
@@ -31,6 +32,11 @@ public:
     // The beat next to a place in logical pixels; where beats stand close, the measure.
     Ticks nearestTick(int x) const;
     Ticks tickAt(int x) const { return span_.tickAt(x, width()); }
+
+    QAccessible::Role spokenRole() const override { return QAccessible::Slider; }
+    QString spokenValue() const override;
+    std::optional<Range> spokenRange() const override;
+    void setSpokenValue(double measure) override;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return {80, sizeHint().height()}; }
