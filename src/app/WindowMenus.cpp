@@ -84,6 +84,7 @@ void makeHistoryDock(QMainWindow &window, QUndoStack &history)
     auto *const view = new QUndoView(&history);
     view->setObjectName(QStringLiteral("historyView"));
     view->setAccessibleName(Texts::tr("History"));
+    view->setMinimumHeight(3 * view->fontMetrics().lineSpacing()); // beside other panels on a small screen
     view->setEmptyLabel(Texts::tr("Start"));
     view->setToolTip(Texts::tr("Every change; click on one to go back to it"));
     dock->setWidget(view);

@@ -1,7 +1,6 @@
 #include "ui/ScreenFit.h"
 
 #include <QScreen>
-#include <QStyle>
 #include <QWidget>
 
 void fitToScreen(QWidget &window)
@@ -9,8 +8,6 @@ void fitToScreen(QWidget &window)
     const auto *const screen = window.screen();
     if (!screen || window.isMaximized() || window.isFullScreen())
         return;
-    constexpr int border = 8; // of both sides
-    const auto *const style = window.style();
-    const int title = style->pixelMetric(QStyle::PM_TitleBarHeight) + border;
-    window.resize(window.size().boundedTo(screen->availableSize() - QSize(border, title)));
+    constexpr QSize frame(20, 60); // with the title bar; thinner on most desktops
+    window.resize(window.size().boundedTo(screen->availableSize() - frame));
 }

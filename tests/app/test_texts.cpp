@@ -1,22 +1,12 @@
 // Every text that can be seen is translated, has room, and is reached by a letter of its own in its menu.
 #include "app/ExampleSongs.h"
-#include "app/WindowFixture.h"
-#include "app/recovery/RecoveryDialog.h"
+#include "app/WindowWalk.h"
 #include "language/Language.h"
-#include "support/MidiBytes.h"
 #include "support/Rows.h"
 #include "ui/InstrumentComboBox.h"
 #include "ui/ManualPage.h"
-#include "ui/editor/AbcEditorWindow.h"
-#include "ui/preferences/PreferencesDialog.h"
-#include "ui/preferences/SoundPage.h"
-#include "ui/transform/KeyDialog.h"
-#include "ui/transform/RealignNotesDialog.h"
-#include "ui/transform/TransposeDialog.h"
-#include "ui/transform/UnitLengthDialog.h"
 
 #include <QAbstractButton>
-#include <QDockWidget>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -55,92 +45,6 @@ std::unique_ptr<QTranslator> translatorOf(const QString &language)
     return translator->load(QStringLiteral(":/translations/kelvarion-composer_") + language) ? std::move(translator)
                                                                                              : nullptr;
 }
-
-// Opens the windows and dialogs one after the other, and looks at each.
-class Walk
-{
-public:
-    using Look = std::function<void(QWidget &)>;
-
-    explicit Walk(const Look &look) : look_(look), fixture_(demoGame) {}
-
-    bool run()
-    {
-        if (!fixture_.waitUntilLoaded())
-            return false;
-        look_(fixture_.window());
-        fixture_.window().openFiles({song()});
-        if (!QTest::qWaitFor([this] { return fixture_.tracks().song().size() == 2; }, 10'000))
-            return false;
-        for (const auto *const dock : {"dockHistory", "dockFindings", "dockImportReport"})
-            fixture_.child<QDockWidget>(dock)->show();
-        fixture_.tracks().setStartOffset({fixture_.tracks().ids().first()}, 20);
-        look_(fixture_.window());
-        look_(*fixture_.row(0)->contextMenu());
-        lookAtEditor();
-        lookAtOtherDialogs();
-        return lookAtDialogsOfCommands();
-    }
-
-private:
-    QString song()
-    {
-        using namespace MidiBytes;
-        const auto part = [](int channel) {
-            return noteOn(0, 60, 90, channel) + noteOff(96, 60, channel) + noteOn(0, 20, 90, channel) +
-                   noteOff(96, 20, channel);
-        };
-        return fixture_.write("song.mid", file({part(0) + part(1) + endOfTrack()}));
-    }
-
-    void lookAtEditor()
-    {
-        fixture_.inRow<QAbstractButton>(0, "btnEdit")->click();
-        auto &editor = *fixture_.window().findChild<AbcEditorWindow *>();
-        for (const auto *const action : {"actionShowRoll", "actionShowProblems", "actionReplace"})
-            editor.findChild<QAction *>(QLatin1String(action))->trigger();
-        look_(editor);
-    }
-
-    bool lookAtDialogsOfCommands()
-    {
-        fixture_.settings().setValue(Settings::ChooseParts, true);
-        fixture_.dialogs().files = QStringList(song());
-        fixture_.dialogs().answerOrCancel = Dialogs::Answer::No;
-        fixture_.dialogs().inDialog = [this](QDialog &dialog) {
-            look_(dialog);
-            dialog.reject();
-        };
-        for (const auto *const action :
-             {"actionImport_MIDI", "actionImport_Again", "actionExport_Audio", "actionRehearsal_Offsets",
-              "actionArrange", "actionTranspose_Song", "actionOne_Tempo"})
-            fixture_.trigger(action);
-        return QTest::qWaitFor([this] { return !fixture_.window().isLoading(); });
-    }
-
-    void lookAtOtherDialogs()
-    {
-        const auto *const model = fixture_.inRow<InstrumentComboBox>(0, "cboInstrument")->model();
-        PreferencesDialog preferences(fixture_.settings(), fixture_.dialogs(), SoundDevices{*fixture_.output},
-                                      static_cast<const InstrumentSetModel *>(model)->instruments());
-        auto *const pages = preferences.findChild<QListWidget *>();
-        for (int row = 0; row < pages->count(); ++row) {
-            pages->setCurrentRow(row);
-            look_(preferences);
-        }
-        KeyDialog key(fixture_.dialogs());
-        RealignNotesDialog realign(fixture_.settings());
-        TransposeDialog transpose;
-        UnitLengthDialog unitLength;
-        RecoveryDialog recovery(RecoveryDialog::Occasion::Command, &fixture_.window());
-        for (QWidget *const dialog :
-             std::initializer_list<QWidget *>{&key, &realign, &transpose, &unitLength, &recovery})
-            look_(*dialog);
-    }
-
-    const Look look_;
-    WindowFixture fixture_;
-};
 
 bool hasWords(const QString &text)
 {
@@ -259,7 +163,7 @@ private slots:
         QCoreApplication::installTranslator(translator.get());
         QSet<QString> untranslated;
         int seen = 0;
-        const bool isSeen = Walk([&](QWidget &window) {
+        const bool isSeen = WindowWalk(demoGame, [&](QWidget &window) {
                                 forEachIn(window, [&](const QWidget &widget) {
                                     for (const auto &text : textsOf(widget)) {
                                         seen += hasWords(text);
@@ -292,7 +196,7 @@ private slots:
         const bool translates = language == u"de" || language == u"fr"; // English letters are as they are
         QSet<QString> misfits;
         const bool isSeen =
-            Walk([&](QWidget &window) {
+            WindowWalk(demoGame, [&](QWidget &window) {
                 window.show();
                 QCoreApplication::processEvents();
                 if (!hasManualPage(window))

@@ -2,6 +2,7 @@
 
 #include "ui/Icons.h"
 #include "ui/ManualPage.h"
+#include "ui/ScreenFit.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -10,7 +11,6 @@
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
-#include <QScreen>
 #include <QSpinBox>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -71,7 +71,8 @@ ArrangeDialog::ArrangeDialog(const QVector<ArrangedSource> &sources, const Instr
     column->addWidget(afterView_, 1);
     column->addWidget(makeListening());
     column->addWidget(makeButtons());
-    resize(QSize(1100, 760).boundedTo(screen()->availableSize() * 0.95));
+    resize(1100, 760);
+    fitToScreen(*this);
     connect(afterView_->selectionModel(), &QItemSelectionModel::currentChanged, this, &ArrangeDialog::showState);
     connect(&player_, &GroupPlayer::playingChanged, this, [this](bool isPlaying) {
         if (!isPlaying)
@@ -98,7 +99,7 @@ QComboBox *ArrangeDialog::makeLine(const char *name, const QString &tip)
     box->setObjectName(QLatin1String(name));
     box->setToolTip(tip);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    box->setMinimumContentsLength(10);
+    box->setMinimumContentsLength(6);
     box->setMaximumWidth(40 * box->fontMetrics().averageCharWidth());
     box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     box->addItem(QString(), -1);

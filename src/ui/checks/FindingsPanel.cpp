@@ -44,7 +44,7 @@ FindingsPanel::FindingsPanel(QWidget *parent)
     sentence_->setWordWrap(true);
     sentence_->setTextFormat(Qt::PlainText);
     sentence_->setAlignment(Qt::AlignTop);
-    sentence_->setMinimumHeight(3 * fontMetrics().lineSpacing()); // the list keeps its size
+    sentence_->setMinimumHeight(2 * fontMetrics().lineSpacing()); // the list keeps its size
     view_->setObjectName(QStringLiteral("findings"));
     view_->setAccessibleName(tr("What the game would not play as it is meant"));
     view_->setModel(&model_);
@@ -53,7 +53,8 @@ FindingsPanel::FindingsPanel(QWidget *parent)
     view_->header()->setStretchLastSection(false); // what is too long is cut, not the place
     view_->header()->setSectionResizeMode(FindingsModel::What, QHeaderView::Stretch);
     view_->header()->setSectionResizeMode(FindingsModel::Where, QHeaderView::ResizeToContents);
-    view_->header()->setResizeContentsPrecision(0); // of what is seen: there may be thousands
+    view_->header()->setResizeContentsPrecision(0);           // of what is seen: there may be thousands
+    view_->setMinimumHeight(3 * fontMetrics().lineSpacing()); // beside other panels on a small screen
     view_->setMinimumWidth(50 * fontMetrics().averageCharWidth());
     connect(view_, &QTreeView::clicked, this, &FindingsPanel::choose);
     connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, this, &FindingsPanel::showCurrent);

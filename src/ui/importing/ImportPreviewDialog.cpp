@@ -5,6 +5,7 @@
 #include "ui/ImportSettingsBox.h"
 #include "ui/InstrumentComboBox.h"
 #include "ui/ManualPage.h"
+#include "ui/ScreenFit.h"
 #include "ui/importing/ChoiceDelegate.h"
 #include "ui/importing/PartsTable.h"
 #include "ui/importing/PreviewPlayer.h"
@@ -16,7 +17,6 @@
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTableView>
@@ -90,6 +90,7 @@ ImportPreviewDialog::ImportPreviewDialog(const QVector<SongSource> &sources, con
     loss_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     summary_->setObjectName(QStringLiteral("lblSummary"));
     summary_->setTextFormat(Qt::PlainText);
+    summary_->setWordWrap(true);
     setManualPage(*this, "import.md");
     setWindowTitle(titleOf(sources));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
@@ -101,8 +102,8 @@ ImportPreviewDialog::ImportPreviewDialog(const QVector<SongSource> &sources, con
     column->addWidget(loss_);
     column->addWidget(makeListening());
     column->addWidget(makeButtons());
-    const auto room = screen()->availableSize() * 0.95;
-    resize(QSize(1440, 700).boundedTo(room));
+    resize(1440, 700);
+    fitToScreen(*this);
 
     connect(&preview_, &ImportPreview::partsChanged, this, &ImportPreviewDialog::showState);
     connect(&preview_, &ImportPreview::partChanged, this, &ImportPreviewDialog::showState);
@@ -129,6 +130,7 @@ QWidget *ImportPreviewDialog::makeTable()
     table_->setShowGrid(false);
     table_->setWordWrap(false);
     table_->setTabKeyNavigation(false);
+    table_->setMinimumWidth(45 * fontMetrics().averageCharWidth()); // it goes before the settings
     table_->setItemDelegateForColumn(
         PartsTable::Instrument,
         new ChoiceDelegate([this](QWidget *parent) { return new InstrumentComboBox(instruments_, parent); }, table_));
@@ -188,10 +190,10 @@ QWidget *ImportPreviewDialog::makeSettings(const QVector<ImportKind> &kinds)
     connect(box_, &ImportSettingsBox::changed, this, &ImportPreviewDialog::readAgain);
     auto *const area = new QScrollArea;
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus); // what is in it takes the keys, and comes into sight
     area->setWidgetResizable(true);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setWidget(box_);
-    area->setFixedWidth(box_->sizeHint().width() + area->verticalScrollBar()->sizeHint().width());
+    area->setMaximumWidth(box_->sizeHint().width() + area->verticalScrollBar()->sizeHint().width());
     return area;
 }
 

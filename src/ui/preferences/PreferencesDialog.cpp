@@ -5,6 +5,7 @@
 #include "ui/Dialogs.h"
 #include "ui/ImportSettingsBox.h"
 #include "ui/ManualPage.h"
+#include "ui/ScreenFit.h"
 #include "ui/preferences/ChecksPage.h"
 #include "ui/preferences/ColourSwatch.h"
 #include "ui/preferences/ProgramsPage.h"
@@ -20,6 +21,8 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStackedWidget>
 
 #include <algorithm>
@@ -98,14 +101,24 @@ PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, const
     auto *const column = new QVBoxLayout(this);
     column->addLayout(row, 1);
     column->addWidget(buttons);
-    resize(720, 340);
+    const int margin = column->contentsMargins().left();
+    const auto room = roomOfPages_ + QSize(selector_->width() + row->spacing(), column->spacing());
+    resize(room + QSize(0, buttons->sizeHint().height()) + 2 * QSize(margin, margin));
+    fitToScreen(*this);
 }
 
 void PreferencesDialog::addPage(const QString &title, const QString &icon, QWidget *page, const char *manual)
 {
-    setManualPage(*page, manual);
     selector_->addItem(new QListWidgetItem(rowIcon(icon), title));
-    pages_->addWidget(page);
+    auto *const area = new QScrollArea; // on a small screen
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(page);
+    setManualPage(*area, manual);
+    pages_->addWidget(area);
+    const int bar = area->verticalScrollBar()->sizeHint().width();
+    roomOfPages_ = roomOfPages_.expandedTo(page->sizeHint() + QSize(bar, 0));
 }
 
 QWidget *PreferencesDialog::instrumentsPage()

@@ -70,6 +70,7 @@ private:
     Dialogs &dialogs_;
     QListWidget *selector_;
     QStackedWidget *pages_;
+    QSize roomOfPages_; // that the largest asks for
     QPushButton *apply_ = nullptr;
     QHash<Settings::Setting, QVariant> pending_;
 };

@@ -60,6 +60,7 @@ ImportAgainDialog::ImportAgainDialog(const QVector<SongImported> &imports, const
     column->addLayout(file);
     column->addWidget(area_, 1);
     area_->setFrameShape(QFrame::NoFrame);
+    area_->setFocusPolicy(Qt::NoFocus); // what is in it takes the keys
     area_->setWidgetResizable(true);
 
     auto *const remark =

@@ -55,6 +55,7 @@ ImportReportPanel::ImportReportPanel(QWidget *parent) : QWidget(parent), line_(n
     view_->setObjectName(QStringLiteral("importReport"));
     view_->setAccessibleName(tr("Import report"));
     view_->setModel(&model_);
+    view_->setMinimumHeight(3 * fontMetrics().lineSpacing()); // beside other panels on a small screen
     view_->setWordWrap(true);
     view_->setItemDelegateForColumn(ImportReportModel::What, new WrappedWords(view_));
     view_->setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -46,9 +46,11 @@ EmptyHint::EmptyHint(QWidget *parent) : QWidget(parent)
     auto *const column = new QVBoxLayout(this);
     column->setSpacing(16);
     column->addStretch(2);
-    for (auto *const label : {headline, explanation})
-        column->addWidget(label, 0, Qt::AlignHCenter);
-    column->addLayout(buttons);
-    column->addWidget(pasteHint, 0, Qt::AlignHCenter);
+    for (auto *const label : {headline, explanation, pasteHint}) {
+        label->setAlignment(Qt::AlignHCenter);
+        label->setWordWrap(true); // the window may be narrow
+        column->addWidget(label);
+    }
+    column->insertLayout(3, buttons);
     column->addStretch(3);
 }

@@ -5,6 +5,7 @@
 #include "ui/Dialogs.h"
 #include "ui/Icons.h"
 #include "ui/InstrumentComboBox.h"
+#include "ui/ManualPage.h"
 #include "ui/ValueDial.h"
 #include "ui/song/TitleLabel.h"
 #include "ui/song/TrackVisualizationWidget.h"
@@ -290,8 +291,11 @@ void TrackWidget::onChooseStartOffset()
 {
     QInputDialog dialog(this);
     dialog.setObjectName(QStringLiteral("startOffsetDialog"));
+    setManualPage(dialog, "window.md");
     dialog.setWindowTitle(tr("Start Offset"));
     dialog.setLabelText(tr("Milliseconds by which the part sounds later than it is written (below 0: sooner):"));
+    for (auto *const label : dialog.findChildren<QLabel *>())
+        label->setWordWrap(true);
     dialog.setInputMode(QInputDialog::IntInput);
     dialog.setIntRange(-mostStartOffset, mostStartOffset);
     dialog.setIntStep(10);

@@ -106,11 +106,12 @@ void FindBar::layOut()
     findLayout->addWidget(
         addButton("moveup", tr("Find previous"), tr("Find previous (Shift+F3)"), &FindBar::findPrevious));
     findLayout->addWidget(addButton("movedown", tr("Find next"), tr("Find next (F3)"), &FindBar::findNext));
+    findLayout->addWidget(direction_);
+    findLayout->addWidget(addButton(nullptr, tr("Close"), tr("Close (Esc)"), &FindBar::dismiss));
     auto *const optionLayout = new QHBoxLayout;
-    for (auto *const option : std::initializer_list<QWidget *>{mode_, direction_, matchCase_, wholeWords_, wrapAround_})
+    for (auto *const option : std::initializer_list<QWidget *>{mode_, matchCase_, wholeWords_, wrapAround_})
         optionLayout->addWidget(option);
     optionLayout->addStretch();
-    optionLayout->addWidget(addButton(nullptr, tr("Close"), tr("Close (Esc)"), &FindBar::dismiss));
     auto *const lines = new QVBoxLayout(this);
     lines->setContentsMargins(8, 4, 8, 4);
     lines->setSpacing(4);
