@@ -95,6 +95,8 @@ private slots:
         row("into a chord", "C D\n", "insert 4 4 65", "C [DF]\n");
         row("at the end", "C D|\n", "insert 16 4 64", "C D| E\n");
         row("behind the end", "C D\n", "insert 12 4 64", "C D z E |\n");
+        row("no measure more", "C D E F3/4\n", "change 65 12 4 65", "C D E F\n");
+        row("a measure more", "C D E F\n", "change 65 12 8 65", "C D E F- | F\n");
         row("behind a comment", "C D % end", "insert 8 4 64", "C D % end\nE");
         row("where a bar was not full", "C D|E\n", "insert 12 4 64", "C D z E |E\n");
         row("first note, whose letter returns", "C C D|C\n", "change 60 0 4 61", "^C =C D|C\n");

@@ -46,7 +46,9 @@ private:
     Group groupOf(std::span<NotePiece> chord, Ticks next);
     bool sharesLength(std::span<const NotePiece> chord) const;
     QString chordText(std::span<const NotePiece> chord, const QString &length);
+    bool hasBarLines() const;
     bool writesMeasures() const;
+    bool mayAddBarLines(const std::vector<NotePiece> &pieces) const;
     // Nothing where the text, or this place of it, is in no measures.
     std::optional<QString> measuredText(const EditRun &run);
     bool isInMeasures(const EditRun &run) const;

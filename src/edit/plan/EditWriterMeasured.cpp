@@ -80,11 +80,23 @@ bool cutAtMeasures(Pieces &pieces, const Measures &measures)
 
 } // namespace
 
+bool EditWriter::hasBarLines() const
+{
+    return std::any_of(layout_.marks.begin() + 1, layout_.marks.end(), isBarLine);
+}
+
 // The text has bar lines, or is too short to tell.
 bool EditWriter::writesMeasures() const
 {
-    return std::any_of(layout_.marks.begin() + 1, layout_.marks.end(), isBarLine) ||
-           layout_.units.last().start <= measures_.at(0).end;
+    return hasBarLines() || layout_.units.last().start <= measures_.at(0).end;
+}
+
+// A text of one measure gets its first with what goes on behind it, and not because its notes changed.
+bool EditWriter::mayAddBarLines(const Pieces &pieces) const
+{
+    return hasBarLines() || pieces_.addsNotes() ||
+           std::any_of(pieces.begin(), pieces.end(),
+                       [this](const NotePiece &piece) { return piece.end() > measures_.at(0).end; });
 }
 
 bool EditWriter::isInMeasures(const EditRun &run) const
@@ -135,7 +147,8 @@ std::optional<QString> EditWriter::measuredText(const EditRun &run)
     auto pieces = piecesOf(pieces_, run);
     const auto &last = layout_.units[run.last];
     const bool isAtEnd = last.end == maxTicks;
-    if (pieces.empty() || !isInMeasures(run) || (isAtEnd && !cutAtMeasures(pieces, measures_)))
+    if (pieces.empty() || !isInMeasures(run) ||
+        (isAtEnd && !(mayAddBarLines(pieces) && cutAtMeasures(pieces, measures_))))
         return {};
     MeasuredText music(layout_, measures_, reading_.unitLength, layout_.units[run.first].start);
     beginMeasured(music, run);

@@ -35,9 +35,10 @@ std::vector<std::vector<int>> cutTuplets(const AbcLayout &layout)
 } // namespace
 
 NotePieces::NotePieces(const AbcReading &reading, const NoteEdit &edit, EditReach reach)
-    : reading_(reading), layout_(reading.layout), reach_(reach), isNew_(size_t(reading.track.events().size()), false),
-      isGone_(size_t(layout_.tokens.size()), false), tokensOf_(size_t(reading.track.events().size())),
-      isDirty_(size_t(layout_.units.size()), false), isLoose_(isDirty_), ofUnit_(size_t(layout_.units.size()))
+    : reading_(reading), layout_(reading.layout), reach_(reach), addsNotes_(!edit.inserted.isEmpty()),
+      isNew_(size_t(reading.track.events().size()), false), isGone_(size_t(layout_.tokens.size()), false),
+      tokensOf_(size_t(reading.track.events().size())), isDirty_(size_t(layout_.units.size()), false),
+      isLoose_(isDirty_), ofUnit_(size_t(layout_.units.size()))
 {
     isInOrder_ = std::is_sorted(layout_.units.begin(), layout_.units.end(),
                                 [](const AbcUnit &a, const AbcUnit &b) { return a.start < b.start; });

@@ -57,6 +57,8 @@ public:
 
     // False where the text has no place for a new note; nothing else may be asked then.
     bool isPossible() const { return isPossible_; }
+    // Whether there are more notes than before, and not only other ones.
+    bool addsNotes() const { return addsNotes_; }
     // Whether the unit stays a tuplet or a broken rhythm where it can.
     bool keepsForm(int unit) const { return keepsForms() && !isLoose_[size_t(unit)]; }
     bool isDirty(int unit) const { return isDirty_[size_t(unit)]; }
@@ -103,6 +105,7 @@ private:
     const AbcReading &reading_;
     const AbcLayout &layout_;
     const EditReach reach_;
+    const bool addsNotes_;
     bool isInOrder_ = true;
     bool isPossible_ = true;
     std::vector<NotePiece> ofToken_;

@@ -119,6 +119,7 @@ void AbcEditorWindow::connectEditing()
     on(Id::Close, this, &QWidget::close);
     on(Id::Undo, this, &AbcEditorWindow::stepBack);
     on(Id::Redo, this, &AbcEditorWindow::stepForward);
+    text_->setUndoCommands((*actions_)[Id::Undo], (*actions_)[Id::Redo]);
     on(Id::Cut, text_, &QPlainTextEdit::cut);
     on(Id::Copy, text_, &QPlainTextEdit::copy);
     on(Id::Paste, text_, &QPlainTextEdit::paste);

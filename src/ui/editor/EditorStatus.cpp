@@ -8,19 +8,30 @@
 #include <QLabel>
 #include <QTextBlock>
 
+#include <algorithm>
+
+namespace {
+
+constexpr int labelMargin = 6;        // px on both sides
+constexpr int messageCharacters = 36; // that have room
+
+QString widestPosition()
+{
+    return QCoreApplication::translate("NoteText", "Measure %1, beat %2").arg(88).arg(8);
+}
+
+} // namespace
+
 EditorStatus::EditorStatus(EditorDocument &document, QWidget *parent)
     : QStatusBar(parent), document_(document), measures_(document.track()),
       place_(addLabel("lblPlace", tr("Line %1, column %2").arg(888).arg(88), tr("The caret in the text"))),
-      time_(addLabel("lblTime",
-                     tr("%1, tick %2")
-                         .arg(QCoreApplication::translate("NoteText", "Measure %1, beat %2").arg(88).arg(8))
-                         .arg(888888),
-                     tr("The caret in the music; a whole note has 40320 ticks"))),
+      time_(addLabel("lblTime", widestPosition(), tr("The caret in the music; a whole note has 40320 ticks"))),
       note_(addLabel("lblNote", QStringLiteral("C♯8, 8/8"), tr("Pitch and length of the note at the caret"))),
       problems_(addLabel("lblProblems", QString(), tr("What is wrong with the text"))),
       state_(addLabel("lblState", tr("Unapplied changes"), tr("Whether the song has what the text says")))
 {
     setSizeGripEnabled(false);
+    connect(this, &QStatusBar::messageChanged, this, &EditorStatus::elide);
     setMinimumHeight(sizeHint().height());
     connect(&document_, &EditorDocument::readingChanged, this, &EditorStatus::readTrack);
     connect(&document_, &EditorDocument::findingsChanged, this, &EditorStatus::showProblems);
@@ -36,15 +47,58 @@ QLabel *EditorStatus::addLabel(const char *objectName, const QString &widest, co
     auto *const label = new QLabel;
     label->setObjectName(QLatin1String(objectName));
     label->setToolTip(tip);
-    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(widest));
+    label->setContentsMargins(labelMargin, 0, labelMargin, 0);
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(widest) + 2 * labelMargin);
     addPermanentWidget(label);
     return label;
+}
+
+void EditorStatus::resizeEvent(QResizeEvent *event)
+{
+    fitLabels();
+    QStatusBar::resizeEvent(event);
+}
+
+// With room for a message.
+int EditorStatus::widthOf(Detail detail) const
+{
+    const auto &metrics = fontMetrics();
+    auto width = messageCharacters * metrics.averageCharWidth() + time_->minimumWidth() + state_->minimumWidth() +
+                 metrics.horizontalAdvance(tr("%1 problems").arg(88));
+    if (detail != Detail::MeasureAlone)
+        width += place_->minimumWidth();
+    if (detail == Detail::All)
+        width += note_->minimumWidth() + metrics.horizontalAdvance(tr("%1, tick %2").arg(QString()).arg(888888));
+    return width;
+}
+
+void EditorStatus::fitLabels()
+{
+    detail_ = Detail::MeasureAlone;
+    for (const auto detail : {Detail::WithoutNote, Detail::All}) {
+        if (widthOf(detail) <= width())
+            detail_ = detail;
+    }
+    note_->setVisible(detail_ == Detail::All);
+    place_->setVisible(detail_ != Detail::MeasureAlone);
+    showCaret();
+}
+
+// It would be cut where the labels begin.
+void EditorStatus::elide(const QString &message)
+{
+    const auto &first = place_->isVisible() ? *place_ : *time_;
+    const auto shown = fontMetrics().elidedText(message, Qt::ElideRight, std::max(0, first.x() - 2 * labelMargin));
+    if (isVisible() && shown != message)
+        showMessage(shown);
 }
 
 void EditorStatus::say(const QString &message)
 {
     constexpr int shownFor = 6000; // ms
-    showMessage(message, shownFor);
+    showMessage(message);
+    if (!message.isEmpty())
+        showMessage(currentMessage(), shownFor);
 }
 
 void EditorStatus::readTrack()
@@ -67,8 +121,8 @@ void EditorStatus::showCaret()
     const auto block = document_.text()->findBlock(document_.caret().offset);
     place_->setText(
         tr("Line %1, column %2").arg(block.blockNumber() + 1).arg(document_.caret().offset - block.position() + 1));
-    time_->setText(
-        tr("%1, tick %2").arg(NoteText::position(document_.caret().tick, measures_)).arg(document_.caret().tick));
+    const auto position = NoteText::position(document_.caret().tick, measures_);
+    time_->setText(detail_ == Detail::All ? tr("%1, tick %2").arg(position).arg(document_.caret().tick) : position);
     const auto note = document_.caret().note;
     if (note < 0) {
         note_->clear();

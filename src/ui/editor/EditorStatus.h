@@ -8,7 +8,7 @@ class EditorDocument;
 class QLabel;
 
 // Says where the caret is in the text and in the music, which note it is on, how many problems there are, and whether
-// the changes are applied.
+// the changes are applied. Where the window is narrow it says less of it, and messages keep their room.
 class EditorStatus : public QStatusBar
 {
     Q_OBJECT
@@ -20,8 +20,16 @@ public:
     // A few seconds; an empty text takes the last one away.
     void say(const QString &message);
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
+    enum class Detail { All, WithoutNote, MeasureAlone };
+
     QLabel *addLabel(const char *objectName, const QString &widest, const QString &tip);
+    int widthOf(Detail detail) const;
+    void fitLabels();
+    void elide(const QString &message);
     void readTrack();
     void showProblems();
     void showCaret();
@@ -29,6 +37,7 @@ private:
 
     EditorDocument &document_;
     Measures measures_;
+    Detail detail_ = Detail::All;
     QLabel *place_;
     QLabel *time_;
     QLabel *note_;

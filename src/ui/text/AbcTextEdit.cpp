@@ -295,9 +295,19 @@ bool AbcTextEdit::viewportEvent(QEvent *event)
     return true;
 }
 
+void AbcTextEdit::setUndoCommands(QAction *undo, QAction *redo)
+{
+    undoCommands_ = {undo, redo};
+}
+
+// The menu begins with Qt's own Undo and Redo.
 void AbcTextEdit::contextMenuEvent(QContextMenuEvent *event)
 {
     auto *const menu = createStandardContextMenu(event->pos());
+    const auto own = menu->actions().mid(0, undoCommands_.size());
+    if (!own.isEmpty())
+        menu->insertActions(own.first(), undoCommands_);
+    qDeleteAll(own);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     ProblemFixes::addTo(*menu, document_, document_.findingsAt({cursorForPosition(event->pos()).position(), 0}));
     menu->popup(event->globalPos());

@@ -36,6 +36,8 @@ public:
     void setWrapsLines(bool wraps);
     // That the text can name.
     void setInstruments(const QStringList &names);
+    // For the context menu, in place of the text's own, which know nothing of notes. Both must outlive the view.
+    void setUndoCommands(QAction *undo, QAction *redo);
     // Keeps the sounding notes in view while something plays.
     void setFollowsPlayback(bool follows) { followsPlayback_ = follows; }
 
@@ -95,6 +97,7 @@ private:
     QRegularExpression found_;
     qreal normalSize_;
     int wheelRest_ = 0;
+    QList<QAction *> undoCommands_;
     bool followsPlayback_ = true;
     bool isShowingSelection_ = false;
 };
