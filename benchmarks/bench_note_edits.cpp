@@ -17,14 +17,11 @@
 #include "edit/NoteLookup.h"
 #include "edit/plan/NoteEditPlan.h"
 #include "support/Figures.h"
+#include "support/Tunes.h"
 #include "ui/document/EditorDocument.h"
 
 #include <QApplication>
-#include <QDir>
-#include <QDirIterator>
-#include <QFile>
 #include <QRandomGenerator>
-#include <QRegularExpression>
 #include <QStringList>
 
 #include <algorithm>
@@ -36,36 +33,6 @@
 namespace {
 
 using Random = QRandomGenerator;
-
-QString read(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
-QStringList tunesIn(const QString &folder, const QString &pattern)
-{
-    QStringList tunes;
-    QStringList paths;
-    for (QDirIterator files(folder, {pattern}, QDir::Files, QDirIterator::Subdirectories); files.hasNext();)
-        paths += files.next();
-    paths.sort();
-    static const QRegularExpression begin(QStringLiteral("^(?=X:)"), QRegularExpression::MultilineOption);
-    for (const auto &path : paths) {
-        for (const auto &tune : read(path).remove(u'\r').split(begin)) {
-            if (tune.startsWith(QLatin1String("X:")))
-                tunes += tune;
-        }
-    }
-    return tunes;
-}
-
-QStringList realTunes()
-{
-    const QString source(QStringLiteral(COMPOSER_SOURCE_DIR));
-    const auto corpus = tunesIn(source + QStringLiteral("/../shared/corpus/abc"), QStringLiteral("*.abc"));
-    return corpus.isEmpty() ? tunesIn(source + QStringLiteral("/examples"), QStringLiteral("*.abc")) : corpus;
-}
 
 template<size_t size>
 QString anyOf(Random &random, const std::array<const char *, size> &choices)

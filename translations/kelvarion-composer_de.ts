@@ -1089,10 +1089,6 @@
         <translation>Quantisieren</translation>
     </message>
     <message>
-        <source>The text is written in a way that does not let measures be moved here.</source>
-        <translation>Der Text ist so geschrieben, dass sich hier keine Takte verschieben lassen.</translation>
-    </message>
-    <message>
         <source>Insert Measure</source>
         <translation>Takt einfügen</translation>
     </message>
@@ -1103,6 +1099,18 @@
     <message>
         <source>Delete Measures</source>
         <translation>Takte löschen</translation>
+    </message>
+    <message>
+        <source>No bar line stands where this measure begins or ends by its metre. Write one there first.</source>
+        <translation>Wo dieser Takt nach seiner Taktart beginnt oder endet, steht kein Taktstrich. Schreiben Sie dort zuerst einen.</translation>
+    </message>
+    <message>
+        <source>A tuplet goes on behind a bar line here. Let it end before the bar line first.</source>
+        <translation>Eine N-Tole geht hier hinter einem Taktstrich weiter. Lassen Sie sie zuerst vor dem Taktstrich enden.</translation>
+    </message>
+    <message>
+        <source>Other notes would change. Make the measures around here as long as their metre says first.</source>
+        <translation>Andere Noten würden sich ändern. Machen Sie die Takte um diese Stelle zuerst so lang, wie ihre Taktart sagt.</translation>
     </message>
 </context>
 <context>

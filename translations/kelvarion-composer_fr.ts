@@ -1089,10 +1089,6 @@
         <translation>Quantifier</translation>
     </message>
     <message>
-        <source>The text is written in a way that does not let measures be moved here.</source>
-        <translation>Le texte est écrit de telle façon que les mesures ne peuvent pas être déplacées ici.</translation>
-    </message>
-    <message>
         <source>Insert Measure</source>
         <translation>Insérer une mesure</translation>
     </message>
@@ -1103,6 +1099,18 @@
     <message>
         <source>Delete Measures</source>
         <translation>Supprimer des mesures</translation>
+    </message>
+    <message>
+        <source>No bar line stands where this measure begins or ends by its metre. Write one there first.</source>
+        <translation>Aucune barre de mesure ne se trouve là où cette mesure commence ou finit selon sa métrique. Écrivez-en d’abord une à cet endroit.</translation>
+    </message>
+    <message>
+        <source>A tuplet goes on behind a bar line here. Let it end before the bar line first.</source>
+        <translation>Un n-olet continue ici derrière une barre de mesure. Faites-le d’abord finir avant la barre.</translation>
+    </message>
+    <message>
+        <source>Other notes would change. Make the measures around here as long as their metre says first.</source>
+        <translation>D’autres notes changeraient. Donnez d’abord aux mesures voisines la longueur que dit leur métrique.</translation>
     </message>
 </context>
 <context>

@@ -1,15 +1,19 @@
 #include "edit/plan/MeasureChange.h"
 
-#include "core/AbcTokenizer.h"
 #include "edit/NoteLookup.h"
 #include "edit/NoteSpelling.h"
+#include "edit/plan/BarredMeasures.h"
 #include "edit/plan/NoteEditPlan.h"
 
 #include <algorithm>
-#include <map>
+#include <optional>
 #include <tuple>
 #include <vector>
 
+using MeasureChange::Obstacle;
+using MeasureChange::Result;
+
+// What stands here are texts without bar lines, or places without them.
 namespace {
 
 struct Tune
@@ -52,24 +56,6 @@ Beginnings beginnings(const Track &track, Ticks fieldsBehind)
     return found;
 }
 
-int barLineAt(const AbcLayout &layout, Ticks tick)
-{
-    for (int mark = 1; mark < layout.marks.size(); ++mark) {
-        if (layout.marks[mark].kind == AbcAccidentalMark::Kind::BarLine && layout.marks[mark].time == tick)
-            return mark;
-    }
-    return -1;
-}
-
-int endOfBarLine(const Tune &tune, int mark)
-{
-    const auto offset = tune.reading.layout.marks[mark].offset;
-    const auto rest = QStringView(tune.text).mid(offset);
-    AbcTokenizer tokens(rest);
-    AbcToken token;
-    return tokens.next(token) ? offset + int(token.text.size()) : offset;
-}
-
 // Behind the last element that ends at the tick or before it.
 int endOfMusicBefore(const AbcLayout &layout, Ticks tick)
 {
@@ -81,66 +67,15 @@ int endOfMusicBefore(const AbcLayout &layout, Ticks tick)
     return offset;
 }
 
-TextChange restAt(const Tune &tune, Ticks at, Ticks length)
+// The rest, with the blank before it where one behind it or the end of the line parts what is left.
+TextRange withBlank(const QString &text, TextRange rest)
 {
-    const auto &layout = tune.reading.layout;
-    const auto rest = u'z' + lengthText(length, tune.reading.unitLength);
-    const auto mark = barLineAt(layout, at);
-    if (mark >= 0)
-        return {{endOfBarLine(tune, mark), 0}, u' ' + rest + QStringLiteral(" |")};
-    if (at > 0)
-        return {{endOfMusicBefore(layout, at), 0}, u' ' + rest};
-    const bool hasBarLines = layout.marks.size() > 1;
-    return {{layout.bodyOffset, 0}, rest + (hasBarLines ? QStringLiteral(" |\n") : QStringLiteral("\n"))};
+    const bool isApart = rest.end() == text.size() || text[rest.end()].isSpace();
+    if (!isApart || rest.offset == 0 || text[rest.offset - 1] != u' ')
+        return rest;
+    return {rest.offset - 1, rest.length + 1};
 }
 
-QString keptFields()
-{
-    return QStringLiteral("KLMQ");
-}
-
-// The last field of each letter that still says something behind the stretch.
-QString fieldsIn(const QString &stretch)
-{
-    std::map<QString, QString> lines;
-    std::map<QString, QString> inlineFields;
-    AbcTokenizer tokens(stretch);
-    AbcToken token;
-    while (tokens.next(token)) {
-        const auto name = token.part(AbcPart::Name).toString();
-        if (token.type == AbcTokenType::FieldLine && keptFields().contains(name))
-            lines[name] = token.text.toString() + u'\n';
-        if (token.type == AbcTokenType::InlineField && keptFields().contains(name))
-            inlineFields[name] = token.text.toString();
-    }
-    QString kept = lines.empty() ? QString() : QStringLiteral("\n");
-    for (const auto &fields : {lines, inlineFields}) {
-        for (const auto &field : fields)
-            kept += field.second;
-    }
-    return kept;
-}
-
-// From behind one bar line to behind the other.
-std::optional<TextChange> withoutMeasures(const Tune &tune, Ticks from, Ticks to)
-{
-    const auto &layout = tune.reading.layout;
-    const auto first = barLineAt(layout, from);
-    const auto last = barLineAt(layout, to);
-    const bool isAtEnd = layout.units.last().start <= to;
-    if ((first < 0 && from > 0) || (last < 0 && !isAtEnd))
-        return {};
-    TextRange range;
-    range.offset = from == 0 ? layout.bodyOffset : endOfBarLine(tune, first);
-    const auto end = last >= 0 ? endOfBarLine(tune, last) : layout.units.last().range.offset;
-    range.length = end - range.offset;
-    auto fields = fieldsIn(tune.text.mid(range.offset, range.length));
-    if (fields.startsWith(u'\n') && range.offset > 0 && tune.text[range.offset - 1] == u'\n')
-        fields.remove(0, 1);
-    return TextChange{range, fields};
-}
-
-// Where no bar lines stand, from the rests.
 QVector<TextChange> withoutRests(const Tune &tune, Ticks from, Ticks to)
 {
     QVector<TextChange> changes;
@@ -149,18 +84,19 @@ QVector<TextChange> withoutRests(const Tune &tune, Ticks from, Ticks to)
         if (unit.isGap || common <= 0)
             continue;
         const auto left = unit.end - unit.start - common;
-        changes.append({unit.range, left == 0 ? QString() : u'z' + lengthText(left, tune.reading.unitLength)});
+        if (left == 0)
+            changes.append({withBlank(tune.text, unit.range), {}});
+        else
+            changes.append({unit.range, u'z' + lengthText(left, tune.reading.unitLength)});
     }
     return changes;
 }
 
-std::optional<QString> checked(const Tune &tune, const QVector<TextChange> &changes, const Track &wanted, Ticks behind)
+Result checked(const Tune &tune, const QVector<TextChange> &changes, const Track &wanted, Ticks behind)
 {
-    auto text = applyChanges(tune.text, changes);
-    const auto found = readAbc(text).track;
-    if (beginnings(found, behind) != beginnings(wanted, behind))
-        return {};
-    return text;
+    const auto text = applyChanges(tune.text, changes);
+    const bool isRight = beginnings(readAbc(text).track, behind) == beginnings(wanted, behind);
+    return isRight ? Result{text, Obstacle::None} : Result{{}, Obstacle::NoBarLine};
 }
 
 Track shifted(Track track, Ticks from, Ticks by)
@@ -201,33 +137,53 @@ NoteEdit clearing(const Track &track, Ticks from, Ticks to)
 {
     NoteEdit edit;
     forEachNote(track, [&](int note, const NoteSpec &spec) {
-        if (spec.start >= from && spec.start < to)
+        const auto end = spec.start + spec.length;
+        if (spec.start >= from && spec.start < to && end > to)
+            edit.changed.append(NoteEdit::Change{note, {to, end - to, spec.pitch}});
+        else if (spec.start >= from && spec.start < to)
             edit.removed.append(note);
-        else if (spec.start < from && spec.start + spec.length > from)
+        else if (spec.start < from && end > from)
             edit.changed.append(NoteEdit::Change{note, {spec.start, from - spec.start, spec.pitch}});
     });
     return edit;
 }
 
-} // namespace
-
-std::optional<QString> MeasureChange::inserted(const QString &text, const AbcReading &reading, Ticks at, Ticks length)
+Result insertedAmongNotes(const QString &text, const AbcReading &reading, Ticks at, Ticks length)
 {
     const auto tune = edited(text, reading, cutAt(reading.track, at));
     if (!tune)
-        return {};
-    return checked(*tune, {restAt(*tune, at, length)}, shifted(tune->reading.track, at, length), at - 1);
+        return {{}, Obstacle::NoBarLine};
+    const auto rest = QStringLiteral(" z") + lengthText(length, tune->reading.unitLength);
+    return checked(*tune, {{{endOfMusicBefore(tune->reading.layout, at), 0}, rest}},
+                   shifted(tune->reading.track, at, length), at - 1);
 }
 
-std::optional<QString> MeasureChange::removed(const QString &text, const AbcReading &reading, Ticks from, Ticks to)
+Result removedAmongNotes(const QString &text, const AbcReading &reading, Ticks from, Ticks to)
 {
     const auto tune = edited(text, reading, clearing(reading.track, from, to));
     if (!tune)
-        return {};
-    const auto wanted = closedUp(tune->reading.track, from, to);
-    if (const auto change = withoutMeasures(*tune, from, to)) {
-        if (auto result = checked(*tune, {*change}, wanted, from))
-            return result;
-    }
-    return checked(*tune, withoutRests(*tune, from, to), wanted, from);
+        return {{}, Obstacle::NoBarLine};
+    return checked(*tune, withoutRests(*tune, from, to), closedUp(tune->reading.track, from, to), from);
+}
+
+} // namespace
+
+Result MeasureChange::inserted(const QString &text, const AbcReading &reading, Ticks at, Ticks length)
+{
+    const BarredMeasures measures(text, reading);
+    if (measures.hasBarLine(at))
+        return measures.inserted(at, length);
+    if (auto result = measures.restChanged(at, at, length); result.isDone())
+        return result;
+    return insertedAmongNotes(text, reading, at, length);
+}
+
+Result MeasureChange::removed(const QString &text, const AbcReading &reading, Ticks from, Ticks to)
+{
+    const BarredMeasures measures(text, reading);
+    if (measures.hasBarLine(from) && (measures.hasBarLine(to) || measures.isBehindMusic(to)))
+        return measures.removed(from, to);
+    if (auto result = measures.restChanged(from, to, from - to); result.isDone())
+        return result;
+    return removedAmongNotes(text, reading, from, to);
 }

@@ -3,7 +3,6 @@
 #include "edit/NoteLookup.h"
 #include "edit/notes/NoteCleanUp.h"
 #include "edit/notes/NoteEdits.h"
-#include "edit/plan/MeasureChange.h"
 #include "ui/document/EditorDocument.h"
 #include "ui/roll/RollState.h"
 
@@ -106,12 +105,29 @@ void EditorCleanUp::selectPitchRange()
     document_.selectNotes(NoteCleanUp::betweenTheirPitches(document_.track(), document_.selectedNotes()));
 }
 
-void EditorCleanUp::exchange(const std::optional<QString> &text, const QString &name)
+QString EditorCleanUp::sentenceAbout(MeasureChange::Obstacle obstacle)
 {
-    if (text)
-        document_.replaceText(*text, name);
+    switch (obstacle) {
+    case MeasureChange::Obstacle::None:
+        break;
+    case MeasureChange::Obstacle::NoMeasure:
+        return tr("There is no measure here.");
+    case MeasureChange::Obstacle::NoBarLine:
+        return tr("No bar line stands where this measure begins or ends by its metre. Write one there first.");
+    case MeasureChange::Obstacle::Tuplet:
+        return tr("A tuplet goes on behind a bar line here. Let it end before the bar line first.");
+    case MeasureChange::Obstacle::Overlap:
+        return tr("Other notes would change. Make the measures around here as long as their metre says first.");
+    }
+    return {};
+}
+
+void EditorCleanUp::exchange(const MeasureChange::Result &result, const QString &name)
+{
+    if (result.isDone())
+        document_.replaceText(result.text, name);
     else
-        emit said(tr("The text is written in a way that does not let measures be moved here."));
+        emit said(sentenceAbout(result.obstacle));
 }
 
 // In the metre that holds before it.
@@ -135,7 +151,7 @@ void EditorCleanUp::deleteMeasures()
     first = roll_.measures.at(first).start;
     last = roll_.measures.at(last).end;
     if (first >= document_.track().length())
-        emit said(tr("There is no measure here."));
+        emit said(sentenceAbout(MeasureChange::Obstacle::NoMeasure));
     else
         exchange(MeasureChange::removed(document_.text()->toPlainText(), document_.reading(), first, last),
                  tr("Delete Measures"));

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "edit/NoteEdit.h"
+#include "edit/plan/MeasureChange.h"
 
 #include <QObject>
 #include <QVector>
 
 #include <functional>
-#include <optional>
 
 class EditorDocument;
 class Track;
@@ -45,7 +45,8 @@ private:
     void change(const QString &name, const EditMaker &makeEdit);
     void quantiseBy(int strength);
     QVector<int> meantNotes() const;
-    void exchange(const std::optional<QString> &text, const QString &name);
+    static QString sentenceAbout(MeasureChange::Obstacle obstacle);
+    void exchange(const MeasureChange::Result &result, const QString &name);
 
     EditorDocument &document_;
     const RollState &roll_;
