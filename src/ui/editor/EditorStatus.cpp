@@ -12,8 +12,8 @@
 
 namespace {
 
-constexpr int labelMargin = 6;        // px on both sides
-constexpr int messageCharacters = 36; // that have room
+constexpr int labelMargin = 6;   // px on both sides
+constexpr int usualMessage = 36; // characters
 
 QString widestPosition()
 {
@@ -55,41 +55,48 @@ QLabel *EditorStatus::addLabel(const char *objectName, const QString &widest, co
 
 void EditorStatus::resizeEvent(QResizeEvent *event)
 {
-    fitLabels();
+    fitLabels(currentMessage());
     QStatusBar::resizeEvent(event);
 }
 
-// With room for a message.
 int EditorStatus::widthOf(Detail detail) const
 {
     const auto &metrics = fontMetrics();
-    auto width = messageCharacters * metrics.averageCharWidth() + time_->minimumWidth() + state_->minimumWidth() +
-                 metrics.horizontalAdvance(tr("%1 problems").arg(88));
-    if (detail != Detail::MeasureAlone)
+    auto width = state_->minimumWidth() + 4 * labelMargin + metrics.horizontalAdvance(tr("%1 problems").arg(88));
+    if (detail <= Detail::MeasureAlone)
+        width += time_->minimumWidth();
+    if (detail <= Detail::WithoutNote)
         width += place_->minimumWidth();
     if (detail == Detail::All)
         width += note_->minimumWidth() + metrics.horizontalAdvance(tr("%1, tick %2").arg(QString()).arg(888888));
     return width;
 }
 
-void EditorStatus::fitLabels()
+// As much as leaves the message its room, or a usual one.
+void EditorStatus::fitLabels(const QString &message)
 {
-    detail_ = Detail::MeasureAlone;
-    for (const auto detail : {Detail::WithoutNote, Detail::All}) {
-        if (widthOf(detail) <= width())
+    const auto room = std::max(fontMetrics().averageCharWidth() * usualMessage,
+                               fontMetrics().horizontalAdvance(message) + labelMargin);
+    detail_ = message.isEmpty() ? Detail::MeasureAlone : Detail::NoPlace;
+    for (const auto detail : {Detail::MeasureAlone, Detail::WithoutNote, Detail::All}) {
+        if (widthOf(detail) + room <= width())
             detail_ = detail;
     }
     note_->setVisible(detail_ == Detail::All);
-    place_->setVisible(detail_ != Detail::MeasureAlone);
+    place_->setVisible(detail_ <= Detail::WithoutNote);
+    time_->setVisible(detail_ <= Detail::MeasureAlone);
     showCaret();
 }
 
 // It would be cut where the labels begin.
 void EditorStatus::elide(const QString &message)
 {
-    const auto &first = place_->isVisible() ? *place_ : *time_;
-    const auto shown = fontMetrics().elidedText(message, Qt::ElideRight, std::max(0, first.x() - 2 * labelMargin));
-    if (isVisible() && shown != message)
+    if (!isVisible())
+        return;
+    fitLabels(message);
+    const auto room = std::max(0, width() - widthOf(detail_));
+    const auto shown = fontMetrics().elidedText(message, Qt::ElideRight, room);
+    if (shown != message)
         showMessage(shown);
 }
 

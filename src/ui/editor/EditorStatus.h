@@ -8,7 +8,7 @@ class EditorDocument;
 class QLabel;
 
 // Says where the caret is in the text and in the music, which note it is on, how many problems there are, and whether
-// the changes are applied. Where the window is narrow it says less of it, and messages keep their room.
+// the changes are applied. Where the window is narrow it says less of it, and the least while it shows a message.
 class EditorStatus : public QStatusBar
 {
     Q_OBJECT
@@ -24,11 +24,11 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    enum class Detail { All, WithoutNote, MeasureAlone };
+    enum class Detail { All, WithoutNote, MeasureAlone, NoPlace };
 
     QLabel *addLabel(const char *objectName, const QString &widest, const QString &tip);
     int widthOf(Detail detail) const;
-    void fitLabels();
+    void fitLabels(const QString &message);
     void elide(const QString &message);
     void readTrack();
     void showProblems();
