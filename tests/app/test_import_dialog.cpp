@@ -145,9 +145,12 @@ private slots:
             QVERIFY(waitUntilSettled(dialog));
             QCOMPARE(shown(dialog, 1, PartsTable::Notes), QStringLiteral("8"));
             QCOMPARE(shown(dialog, 0, PartsTable::Notes), QStringLiteral("10"));
+            auto *const table = dialog.findChild<QTableView *>();
+            table->selectionModel()->setCurrentIndex(table->model()->index(1, 0), QItemSelectionModel::SelectCurrent);
             for (const auto *const name : {"chkGraceNotes", "chkPlayChordNames"})
                 dialog.findChild<QCheckBox *>(QLatin1String(name))->click();
             QVERIFY(waitUntilSettled(dialog));
+            QCOMPARE(table->currentIndex().row(), 1); // the part that is looked at
             QCOMPARE(shown(dialog, 0, PartsTable::Notes), QStringLiteral("8"));
             QCOMPARE(shown(dialog, 2, PartsTable::Name), QStringLiteral("Two - 1 - Chords"));
             choose(dialog, 0, PartsTable::Name, Qt::Unchecked, Qt::CheckStateRole);

@@ -66,16 +66,29 @@ QString programText(const PartPreview &part)
 } // namespace
 
 PartsTable::PartsTable(ImportPreview &preview, const InstrumentSet &instruments, QObject *parent)
-    : QAbstractTableModel(parent), preview_(preview), instruments_(instruments)
+    : QAbstractTableModel(parent), preview_(preview), instruments_(instruments), rows_(int(preview.parts().size()))
 {
-    connect(&preview_, &ImportPreview::partsChanged, this, [this] {
-        beginResetModel();
-        endResetModel();
-    });
+    connect(&preview_, &ImportPreview::partsChanged, this, &PartsTable::showParts);
     connect(&preview_, &ImportPreview::takenChanged, this,
             [this] { emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount_ - 1)); });
     connect(&preview_, &ImportPreview::partChanged, this,
             [this](int part) { emit dataChanged(index(part, 0), index(part, columnCount_ - 1)); });
+}
+
+// The rows stay while they change, so that a person keeps the part that is looked at.
+void PartsTable::showParts()
+{
+    const int rows = int(preview_.parts().size());
+    if (rows > rows_) {
+        beginInsertRows({}, rows_, rows - 1);
+        rows_ = rows;
+        endInsertRows();
+    } else if (rows < rows_) {
+        beginRemoveRows({}, rows, rows_ - 1);
+        rows_ = rows;
+        endRemoveRows();
+    }
+    emit dataChanged(index(0, 0), index(rows - 1, columnCount_ - 1));
 }
 
 QString PartsTable::lossText(int part) const
@@ -98,7 +111,7 @@ QString PartsTable::lossText(int part) const
 
 int PartsTable::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : int(preview_.parts().size());
+    return parent.isValid() ? 0 : rows_;
 }
 
 int PartsTable::columnCount(const QModelIndex &parent) const
@@ -151,7 +164,7 @@ QVariant PartsTable::decoration(const QString &instrument) const
 
 QVariant PartsTable::data(const QModelIndex &index, int role) const
 {
-    if (!index.isValid() || index.row() >= rowCount())
+    if (!index.isValid() || index.row() >= preview_.parts().size())
         return {};
     const auto column = Column(index.column());
     switch (role) {
@@ -203,7 +216,7 @@ Qt::ItemFlags PartsTable::flags(const QModelIndex &index) const
 
 bool PartsTable::setData(const QModelIndex &index, const QVariant &value, int role)
 {
-    if (!index.isValid() || index.row() >= rowCount())
+    if (!index.isValid() || index.row() >= preview_.parts().size())
         return false;
     if (role == Qt::CheckStateRole && index.column() == Name)
         preview_.take(index.row(), value.toInt() == Qt::Checked);

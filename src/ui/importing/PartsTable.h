@@ -29,10 +29,12 @@ public:
     QString lossText(int part) const;
 
 private:
+    void showParts();
     QString text(int row, int column) const;
     QVariant decoration(const QString &instrument) const;
 
     ImportPreview &preview_;
     InstrumentSet instruments_;
+    int rows_; // as the views know them: the preview changes its parts before
     mutable QHash<QString, QIcon> icons_;
 };
