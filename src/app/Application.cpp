@@ -2,6 +2,8 @@
 
 #include "base/ErrorText.h"
 
+#include <QFileOpenEvent>
+
 #include <utility>
 
 bool Application::notify(QObject *receiver, QEvent *event)
@@ -15,6 +17,15 @@ bool Application::notify(QObject *receiver, QEvent *event)
             this, [this, error] { tellFailure(error); }, Qt::QueuedConnection);
         return true;
     }
+}
+
+bool Application::event(QEvent *event)
+{
+    if (event->type() != QEvent::FileOpen)
+        return QApplication::event(event);
+    wantedFiles_.append(static_cast<QFileOpenEvent *>(event)->file());
+    emit filesWanted();
+    return true;
 }
 
 // What paints fails again while the message is open.

@@ -6,6 +6,7 @@
 #include "audio/choice/EngineChoice.h"
 #include "audio/engine/BuiltinEngine.h"
 #include "audio/engine/SoundDevices.h"
+#include "base/FilePaths.h"
 #include "core/Track.h"
 #include "language/Language.h"
 #include "midi/SystemMidiInput.h"
@@ -59,7 +60,10 @@ CommandLine readCommandLine(const QCoreApplication &application)
     parser.addPositionalArgument(QStringLiteral("files"), QStringLiteral("songs, ABC, MIDI and MML files to open"),
                                  QStringLiteral("[files...]"));
     parser.process(application);
-    return {parser.positionalArguments(), parser.value(screenshot)};
+    QStringList files;
+    for (const auto &path : parser.positionalArguments())
+        files += expandedWildcards(path);
+    return {files, parser.value(screenshot)};
 }
 
 // Such a question needs no display.
@@ -90,7 +94,7 @@ EngineWish engineWish(const Settings &settings)
             settings.value(Settings::RootPath).toString()};
 }
 
-int runWindow(Settings &settings, Dialogs &dialogs, const CommandLine &commandLine)
+int runWindow(Application &application, Settings &settings, Dialogs &dialogs, const CommandLine &commandLine)
 {
     const bool isPicture = !commandLine.screenshot.isEmpty();
     const auto control = std::make_shared<OutputControl>(findSoundDevices);
@@ -113,7 +117,9 @@ int runWindow(Settings &settings, Dialogs &dialogs, const CommandLine &commandLi
     if (isPicture) // whatever the screen
         window.resize(1180, 760);
     window.show();
-    window.openFiles(commandLine.files);
+    window.openFiles(commandLine.files + application.takeWantedFiles());
+    QObject::connect(&application, &Application::filesWanted, &window,
+                     [&] { window.openFiles(application.takeWantedFiles()); });
     window.offerRecovery();
     if (isPicture)
         saveScreenshot(window, commandLine.screenshot);
@@ -135,7 +141,7 @@ int main(int argc, char *argv[])
 #endif
     // A screen at 150 % shows the windows so large, and not twice as large.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-    const Application application(argc, argv);
+    Application application(argc, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("example.kelvarion_composer.Composer"));
     const auto commandLine = readCommandLine(application);
     speakWidgets();
@@ -149,7 +155,7 @@ int main(int argc, char *argv[])
         startTheme(settings.value(Settings::DarkPalette).toBool() ? Theme::Dark : Theme::Light);
         if (!locateGame(settings, dialogs, driveRoots()))
             return exitCancelled;
-        return runWindow(settings, dialogs, commandLine);
+        return runWindow(application, settings, dialogs, commandLine);
     } catch (const QString &error) {
         showFatalError(dialogs, QCoreApplication::translate("main", "A fatal error occured:\n%1").arg(error));
     } catch (...) {

@@ -15,3 +15,17 @@ bool leadsOutOf(const QString &directory, const QString &path)
     const auto target = QFileInfo(path).canonicalFilePath();
     return !target.isEmpty() && !isInside(QFileInfo(directory).canonicalFilePath(), target);
 }
+
+QStringList expandedWildcards(const QString &path)
+{
+    const QFileInfo info(path);
+    auto pattern = info.fileName();
+    if (info.exists() || !(pattern.contains(u'*') || pattern.contains(u'?')))
+        return {path};
+    pattern.replace(u'[', QStringLiteral("[[]")); // the name of the file has one
+    const auto folder = path.chopped(info.fileName().size());
+    QStringList paths;
+    for (const auto &name : info.dir().entryList({pattern}, QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name))
+        paths.append(folder + name);
+    return paths.isEmpty() ? QStringList(path) : paths;
+}

@@ -47,6 +47,31 @@ private slots:
         QVERIFY(!leadsOutOf(mod, folder.path("mod/broken"))); // there is nothing
     }
 
+    void expandsWildcards_data()
+    {
+        const Rows<QString, QString> row("path", "found");
+        row("any ending", "*.mid", "[1] a.mid b.MID");
+        row("one character", "?.mid", "b.MID");
+        row("brackets are themselves", "[1]*", "[1] a.mid");
+        row("folders, too", "s*", "song");
+        row("none of them", "*.abc", "*.abc");
+        row("in the name of a folder", "*/c.mid", "*/c.mid");
+        row("plain", "b.mid", "b.mid");
+    }
+    void expandsWildcards()
+    {
+        QFETCH(QString, path);
+        const TestFolder folder;
+        for (const auto *const name : {"[1] a.mid", "b.MID", "c.kar", ".hidden.mid"})
+            folder.write(name, {});
+        QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("song")));
+        auto paths = expandedWildcards(folder.path() + u'/' + path);
+        for (auto &each : paths)
+            each.remove(0, folder.path().size() + 1);
+        QTEST(paths.join(u' '), "found");
+        QCOMPARE(expandedWildcards(QStringLiteral("-")), QStringList(QStringLiteral("-")));
+    }
+
     void decodes_data()
     {
         const Rows<QByteArray, QString, bool> row("bytes", "text", "isUtf8");

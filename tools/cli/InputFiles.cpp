@@ -1,5 +1,7 @@
 #include "InputFiles.h"
 
+#include "base/FilePaths.h"
+
 #include <QDirIterator>
 #include <QFileInfo>
 
@@ -25,8 +27,10 @@ QStringList inputFiles(const QStringList &inputs)
 {
     QStringList files;
     for (const auto &input : inputs) {
-        const auto found = QFileInfo(input).isDir() ? filesIn(input) : QStringList();
-        files += found.isEmpty() ? QStringList(input) : found;
+        for (const auto &path : expandedWildcards(input)) {
+            const auto found = QFileInfo(path).isDir() ? filesIn(path) : QStringList();
+            files += found.isEmpty() ? QStringList(path) : found;
+        }
     }
     return files;
 }

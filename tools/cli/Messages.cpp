@@ -1,27 +1,13 @@
 #include "Messages.h"
 
+#include "System.h"
 #include "base/ErrorText.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <utility>
 
-#ifdef Q_OS_WIN
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
-
 namespace {
-
-bool isTerminal()
-{
-#ifdef Q_OS_WIN
-    return _isatty(_fileno(stderr)) != 0;
-#else
-    return isatty(STDERR_FILENO) != 0;
-#endif
-}
 
 bool isBarOpen = false;
 
@@ -85,7 +71,7 @@ void StandardOutput::finish()
 
 void printProgress(int done, int total)
 {
-    if (!isTerminal())
+    if (!System::isTerminal(stderr))
         return;
     constexpr int width = 40;
     const int filled = total > 0 ? width * done / total : width;

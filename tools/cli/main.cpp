@@ -1,7 +1,8 @@
 #include "Commands.h"
 #include "Help.h"
 #include "Messages.h"
-#include "Signals.h"
+#include "System.h"
+#include "base/SafeFile.h"
 
 #include <QCoreApplication>
 #include <QLocale>
@@ -32,12 +33,13 @@ int runCommandLine()
 
 int main(int argc, char **argv)
 {
+    System::prepareStreams();
     const QCoreApplication application(argc, argv);
     QLocale::setDefault(QLocale::c()); // scripts read the numbers, whatever the language of the system
     // What a song's fields fall back to belongs to the developer's log, not between the lines of the output.
     QLoggingCategory::setFilterRules(QStringLiteral("kelvarion.*=false"));
     try {
-        endAtSignals();
+        System::endAtSignals(SafeFile::abandonAll);
         return runCommandLine();
     } catch (const HelpWanted &help) {
         std::fputs(qUtf8Printable(help.command != nullptr ? helpText(*help.command) : helpText(allCommands())), stdout);

@@ -1,11 +1,9 @@
-#include "Signals.h"
+#include "System.h"
 
-#include "base/SafeFile.h"
-
-#ifdef Q_OS_UNIX
 #include <csignal>
 #include <cstdlib>
 #include <thread>
+#include <unistd.h>
 
 namespace {
 
@@ -18,8 +16,15 @@ bool isIgnored(int signal)
 
 } // namespace
 
+void System::prepareStreams() {}
+
+bool System::isTerminal(std::FILE *stream)
+{
+    return isatty(fileno(stream)) != 0;
+}
+
 // They are waited for, so that what is done then may lock and allocate.
-void endAtSignals()
+void System::endAtSignals(void (*beforeEnd)())
 {
     sigset_t endings;
     sigemptyset(&endings);
@@ -28,17 +33,11 @@ void endAtSignals()
             sigaddset(&endings, signal);
     }
     pthread_sigmask(SIG_BLOCK, &endings, nullptr); // in the threads to come as well
-    std::thread([endings] {
+    std::thread([endings, beforeEnd] {
         int signal = 0;
         while (sigwait(&endings, &signal) != 0) {
         }
-        SafeFile::abandonAll();
+        beforeEnd();
         std::_Exit(128 + signal);
     }).detach();
 }
-
-#else
-
-void endAtSignals() {}
-
-#endif
