@@ -4,8 +4,6 @@
 
 #include <QtGlobal>
 
-#include <cmath>
-
 namespace {
 
 constexpr int mostFruitlessUpdates = 8;
@@ -56,20 +54,6 @@ AudioResult mixBlock(AudioEngine &engine, RenderHost &host)
 }
 
 } // namespace
-
-bool isInRange(const VoiceSpec &spec)
-{
-    constexpr double highestRatio = 4096;
-    constexpr DspClock latestStart = DspClock(1) << 62;
-    constexpr std::uint64_t mostFrames = std::uint64_t(1) << 31; // so that products with fixed-point steps fit 64 bits
-    return spec.sound && spec.sound->frames() < mostFrames && spec.start <= latestStart && spec.end <= spec.fadeEnd &&
-           std::isfinite(spec.gain) && spec.ratio >= 1 / highestRatio && spec.ratio <= highestRatio;
-}
-
-bool isInRange(GroupLevel level)
-{
-    return level.volume >= 0 && std::isfinite(level.volume) && std::abs(level.pan) <= 1;
-}
 
 const char *AudioEngine::errorText(AudioResult result) const
 {

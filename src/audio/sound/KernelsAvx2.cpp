@@ -2,10 +2,13 @@
 
 #if defined(__x86_64__) || defined(_M_X64)
 
+#include "audio/sound/Processor.h"
+
 #include <algorithm>
 #include <immintrin.h>
 
 // The functions are compiled for AVX2 and FMA one by one, so that nothing else of the program needs such a processor.
+// Microsoft's compiler takes the instructions in any function.
 #if defined(__GNUC__)
 #define COMPOSER_AVX2 __attribute__((target("avx2,fma")))
 #define COMPOSER_AVX2_INLINE __attribute__((target("avx2,fma"), always_inline)) inline
@@ -221,21 +224,12 @@ COMPOSER_AVX2 void resample(float *to, const float *from, std::size_t n, Positio
     }
 }
 
-bool supported()
-{
-#if defined(__GNUC__)
-    return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma");
-#else
-    return false;
-#endif
-}
-
 } // namespace
 
 const Kernels *avx2Kernels()
 {
     static constexpr Kernels kernels{"AVX2", add, addFading, measure, interpolate, resample};
-    static const bool usable = supported();
+    static const bool usable = processorHasAvx2();
     return usable ? &kernels : nullptr;
 }
 
