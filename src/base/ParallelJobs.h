@@ -63,8 +63,9 @@ private:
     void work(UnderWay &job); // [any]
     void awaitEnd(const UnderWay &job);
     void abandon();
-    // One more than there are cores, so that none rests while the owner takes a result.
-    std::size_t mostUnderWay() const { return cores_ == 1 ? 1 : cores_ + 1; }
+    // More than there are cores, so that none rests while the owner takes a result, or waits for one that takes longer
+    // than those behind it.
+    std::size_t mostUnderWay() const { return cores_ == 1 ? 1 : 4 * cores_; }
 
     std::size_t cores_;
     std::function<void()> whileWaiting_;

@@ -5,13 +5,17 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QRandomGenerator>
 #include <QSet>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
+#include <memory>
 #include <mutex>
+#include <shared_mutex>
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -38,23 +42,41 @@ public:
         const std::scoped_lock lock(mutex_);
         paths_.remove(path);
     }
-    // Nobody sees a file that is neither there nor committed.
+    // Nobody sees a file that is neither there nor committed. work: gives whether it took its place.
     template<typename Work>
-    void commit(const QString &path, Work work)
+    bool commit(const QString &path, Work work)
     {
-        const std::scoped_lock lock(mutex_);
-        work();
-        paths_.remove(path);
+        return change([&] {
+            const bool isCommitted = work();
+            if (isCommitted)
+                remove(path);
+            return isCommitted;
+        });
+    }
+    // Whatever makes or moves a file: not while all are abandoned, nor after.
+    template<typename Work>
+    auto change(Work work)
+    {
+        passGate();
+        const std::shared_lock lock(changing_);
+        return work();
     }
     void abandon()
     {
-        mutex_.lock(); // for ever
+        gate_.lock(); // these two for ever
+        changing_.lock();
+        const std::scoped_lock lock(mutex_);
         for (const auto &path : qAsConst(paths_))
             QFile::remove(path);
     }
 
 private:
-    std::mutex mutex_;
+    // Where whoever comes later waits, so that abandoning need not wait for all of them.
+    void passGate() { const std::scoped_lock gate(gate_); }
+
+    std::mutex gate_;
+    std::shared_mutex changing_;
+    std::mutex mutex_; // of the paths
     QSet<QString> paths_;
 };
 
@@ -99,6 +121,14 @@ public:
             failWithErrno();
     }
 
+    // Of many files, all at once: the disk need not wait for the one that is synchronised first.
+    void beginSync() const
+    {
+#ifdef SYNC_FILE_RANGE_WRITE
+        sync_file_range(descriptor_, 0, 0, SYNC_FILE_RANGE_WRITE); // where it cannot be, sync() does all
+#endif
+    }
+
     void setMode(mode_t mode) const
     {
         if (fchmod(descriptor_, mode) != 0)
@@ -114,9 +144,29 @@ int openNew(const QString &path)
     return open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
 }
 
+int beginNew(const QString &path)
+{
+    return unfinishedFiles().change([&path] { return openNew(path); });
+}
+
 void create(const QString &path, const QByteArray &bytes)
 {
-    Descriptor(openNew(path)).write(bytes);
+    Descriptor(beginNew(path)).write(bytes);
+}
+
+// It gets the permissions of the file that it shall replace.
+void synchronise(const Descriptor &replacement, const QString &target)
+{
+    struct stat old = {};
+    if (stat(QFile::encodeName(target).constData(), &old) == 0)
+        replacement.setMode(old.st_mode & 07777);
+    replacement.sync();
+}
+
+void synchronise(const QString &replacement, const QString &target)
+{
+    const auto name = QFile::encodeName(replacement);
+    synchronise(Descriptor(open(name.constData(), O_RDONLY | O_CLOEXEC)), target);
 }
 
 // An empty file; false when there is something of that name.
@@ -135,34 +185,33 @@ void moveTo(const QString &target, const QString &replacement)
         failWithErrno();
 }
 
-void syncFolderOf(const QString &path)
+void syncFolder(const QString &path)
 {
-    const auto folder = QFile::encodeName(QFileInfo(path).absolutePath());
-    Descriptor(open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)).sync();
-}
-
-void replace(const QString &target, const QString &replacement)
-{
-    const auto oldName = QFile::encodeName(target);
-    const auto newName = QFile::encodeName(replacement);
-    {
-        struct stat old = {};
-        const Descriptor file(open(newName.constData(), O_RDONLY | O_CLOEXEC));
-        if (stat(oldName.constData(), &old) == 0)
-            file.setMode(old.st_mode & 07777);
-        file.sync();
-    }
-    unfinishedFiles().commit(replacement, [&] { moveTo(target, replacement); });
-    syncFolderOf(target);
+    const auto name = QFile::encodeName(path);
+    Descriptor(open(name.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)).sync();
 }
 
 #else
 
+void create(QFile &file, const QByteArray &bytes)
+{
+    const bool isOpen = unfinishedFiles().change([&file] { return file.open(QIODevice::WriteOnly); });
+    if (!isOpen || file.write(bytes) != bytes.size() || !file.flush())
+        throw file.errorString();
+}
+
 void create(const QString &path, const QByteArray &bytes)
 {
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())
+    create(file, bytes);
+}
+
+void synchronise(const QString &replacement, const QString &)
+{
+    QFile file(replacement);
+    if (!file.open(QIODevice::ReadWrite))
         throw file.errorString();
+    SafeFile::synchronise(file);
 }
 
 bool reserve(const QString &path)
@@ -175,7 +224,7 @@ bool reserve(const QString &path)
     throw file.errorString();
 }
 
-void syncFolderOf(const QString &) {} // it cannot be done
+void syncFolder(const QString &) {} // it cannot be done
 
 void moveTo(const QString &target, const QString &replacement)
 {
@@ -185,12 +234,38 @@ void moveTo(const QString &target, const QString &replacement)
         throw QString::fromLocal8Bit(error.message().c_str());
 }
 
-void replace(const QString &target, const QString &replacement)
+#endif
+
+// Where the system cannot move without replacing, an empty file keeps the place.
+bool moveToReserved(const QString &target, const QString &replacement)
 {
-    unfinishedFiles().commit(replacement, [&] { moveTo(target, replacement); });
+    if (!reserve(target))
+        return false;
+    try {
+        moveTo(target, replacement);
+    } catch (...) {
+        QFile::remove(target);
+        throw;
+    }
+    return true;
 }
 
+// False when there is something of that name.
+bool moveToNew(const QString &target, const QString &replacement)
+{
+#ifdef RENAME_NOREPLACE
+    const auto from = QFile::encodeName(replacement);
+    const auto to = QFile::encodeName(target);
+    if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
+        return true;
+    if (errno == EEXIST)
+        return false;
+    const bool isUnknown = errno == EINVAL || errno == ENOSYS; // to the file system, or to the system
+    if (!isUnknown)
+        failWithErrno();
 #endif
+    return moveToReserved(target, replacement);
+}
 
 bool isRefused(QChar c)
 {
@@ -244,17 +319,30 @@ bool isBeside(const QString &name, const QString &begin)
            std::all_of(name.begin() + begin.size(), name.end() - endingBeside.size(), isDigit);
 }
 
-// What programs left that were killed while they saved the same file, and that nobody has changed for so long.
+// What a file's name begins with that is beside another; empty for all other names.
+QString beginIn(const QString &name)
+{
+    const auto begin = name.chopped(std::min(int(name.size()), uniqueDigits + int(endingBeside.size())));
+    return isBeside(name, begin) ? begin : QString();
+}
+
+// What programs left that were killed while they saved the same files, and that nobody has changed for so long.
+void removeLeftovers(const QString &folder, const QSet<QString> &begins, int seconds)
+{
+    const auto old = QDateTime::currentDateTime().addSecs(-seconds);
+    for (QDirIterator files(folder, QDir::Files | QDir::Hidden | QDir::NoSymLinks); files.hasNext();) {
+        files.next();
+        if (begins.contains(beginIn(files.fileName())) && files.fileInfo().lastModified() < old)
+            QFile::remove(files.filePath());
+    }
+}
+
+constexpr int oldAfterSeconds = 600; // nobody writes for so long without changing the file
+
 void removeLeftovers(const QString &target, int seconds)
 {
     const QFileInfo info(target);
-    const auto begin = beginBeside(info);
-    const auto old = QDateTime::currentDateTime().addSecs(-seconds);
-    for (QDirIterator files(info.path(), QDir::Files | QDir::Hidden | QDir::NoSymLinks); files.hasNext();) {
-        files.next();
-        if (isBeside(files.fileName(), begin) && files.fileInfo().lastModified() < old)
-            QFile::remove(files.filePath());
-    }
+    removeLeftovers(info.path(), {beginBeside(info)}, seconds);
 }
 
 // Where writing to the path leads, also when that is not there yet.
@@ -317,6 +405,32 @@ void synchronise(QFile &file)
 #endif
 }
 
+#ifdef Q_OS_UNIX
+
+struct Replacement::Open
+{
+    Descriptor file;
+
+    Open(const QString &path, const QByteArray &bytes) : file(beginNew(path))
+    {
+        file.write(bytes);
+        file.beginSync();
+    }
+    void synchronise(const QString &target) { ::synchronise(file, target); }
+};
+
+#else
+
+struct Replacement::Open
+{
+    QFile file;
+
+    Open(const QString &path, const QByteArray &bytes) : file(path) { ::create(file, bytes); }
+    void synchronise(const QString &) { SafeFile::synchronise(file); }
+};
+
+#endif
+
 Replacement::Replacement(const QString &target)
 {
     const QFileInfo info(target);
@@ -331,6 +445,7 @@ Replacement::~Replacement()
 {
     if (isCommitted_)
         return;
+    open_.reset();
     QFile::remove(path_);
     unfinishedFiles().remove(path_);
 }
@@ -340,23 +455,43 @@ void Replacement::create() const
     ::create(path_, {});
 }
 
+void Replacement::write(const QByteArray &bytes)
+{
+    open_ = std::make_unique<Open>(path_, bytes);
+}
+
+void Replacement::synchronise()
+{
+    open_->synchronise(target_);
+    open_.reset();
+}
+
 void Replacement::commit()
 {
-    replace(target_, path_);
-    isCommitted_ = true;
-    constexpr int oldAfterSeconds = 600; // nobody writes for so long without changing the file
-    ::removeLeftovers(target_, oldAfterSeconds);
+    ::synchronise(path_, target_);
+    commitUnsynchronised();
+    finishFolders({target_});
 }
 
 void Replacement::commitUnsynchronised()
 {
-    unfinishedFiles().commit(path_, [this] { moveTo(target_, path_); });
-    isCommitted_ = true;
+    takePlace(Existing::Replaced);
+}
+
+bool Replacement::takePlace(Existing existing)
+{
+    isCommitted_ = unfinishedFiles().commit(path_, [this, existing] {
+        if (existing == Existing::Kept)
+            return moveToNew(target_, path_);
+        moveTo(target_, path_);
+        return true;
+    });
+    return isCommitted_;
 }
 
 void synchroniseFolder(const QString &path)
 {
-    syncFolderOf(path);
+    syncFolder(QFileInfo(path).path());
 }
 
 void writeUnsynchronised(const QString &path, const QByteArray &bytes)
@@ -366,22 +501,35 @@ void writeUnsynchronised(const QString &path, const QByteArray &bytes)
     replacement.commitUnsynchronised();
 }
 
+bool isThere(const QString &path)
+{
+    const QFileInfo info(path);
+    return info.exists() || info.isSymLink();
+}
+
+void finishFolders(const QStringList &written)
+{
+    QHash<QString, QSet<QString>> beginsIn;
+    for (const auto &path : written) {
+        const QFileInfo file(path);
+        beginsIn[file.path()].insert(beginBeside(file));
+    }
+    for (auto begins = beginsIn.constBegin(); begins != beginsIn.constEnd(); ++begins) {
+        syncFolder(begins.key());
+        ::removeLeftovers(begins.key(), *begins, oldAfterSeconds);
+    }
+}
+
 namespace {
 
-bool writeReserved(const QString &path, const QByteArray &bytes,
-                   void (*writeOver)(const QString &path, const QByteArray &bytes))
+bool writeOne(const QString &path, const QByteArray &bytes, Existing existing)
 {
-    if (!reserve(path))
+    Replacement replacement(path);
+    replacement.write(bytes);
+    replacement.synchronise();
+    if (!replacement.takePlace(existing))
         return false;
-    unfinishedFiles().add(path);
-    try {
-        writeOver(path, bytes);
-    } catch (...) {
-        QFile::remove(path);
-        unfinishedFiles().remove(path);
-        throw;
-    }
-    unfinishedFiles().remove(path);
+    finishFolders({replacement.target()});
     return true;
 }
 
@@ -389,34 +537,12 @@ bool writeReserved(const QString &path, const QByteArray &bytes,
 
 bool writeNew(const QString &path, const QByteArray &bytes)
 {
-    return writeReserved(path, bytes, write);
-}
-
-bool writeNewUnsynchronised(const QString &path, const QByteArray &bytes)
-{
-    return writeReserved(path, bytes, writeUnsynchronised);
-}
-
-void synchroniseNew(const QStringList &paths)
-{
-    QSet<QString> folders;
-    for (const auto &path : paths) {
-        QFile file(path);
-        if (!file.open(QIODevice::ReadWrite))
-            throw file.errorString();
-        synchronise(file);
-        if (const auto folder = QFileInfo(path).path(); !folders.contains(folder)) {
-            folders.insert(folder);
-            synchroniseFolder(path);
-        }
-    }
+    return !isThere(path) && writeOne(path, bytes, Existing::Kept);
 }
 
 void write(const QString &path, const QByteArray &bytes)
 {
-    Replacement replacement(path);
-    create(replacement.path(), bytes);
-    replacement.commit();
+    writeOne(path, bytes, Existing::Replaced);
 }
 
 QString cleanName(const QString &title)

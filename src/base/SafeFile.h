@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
 class QFile;
 
 // Replaces a file in one step: the bytes are written and synchronised beside it and then take its place, so that a
@@ -23,10 +25,9 @@ bool writeNew(const QString &path, const QByteArray &bytes);
 // synchronise() and synchroniseFolder() have returned. For a file that is not there yet.
 void writeUnsynchronised(const QString &path, const QByteArray &bytes);
 
-// Both: a new file, without waiting for the disk; and the end of the waiting for all of them, which is shorter than for
-// each.
-bool writeNewUnsynchronised(const QString &path, const QByteArray &bytes);
-void synchroniseNew(const QStringList &paths);
+// What may be where a file shall be.
+enum class Existing { Kept, Replaced };
+bool isThere(const QString &path); // a file, a folder, or a link, wherever that leads
 
 // The same for a file that somebody writes who needs a name for it. What is not committed is removed.
 class Replacement
@@ -43,13 +44,27 @@ public:
     // Where to write the new contents; the file must be closed before commit().
     const QString &path() const { return path_; }
     void commit();
+
+    // Instead, for one of many: all of it; then that it is on the disk; then that it has its place, or nothing is
+    // touched since something is there that shall be kept (false); and finishFolders() once for all of them.
+    void write(const QByteArray &bytes);
+    void synchronise();
+    bool takePlace(Existing existing);
+    const QString &target() const { return target_; } // where links led to
+
     void commitUnsynchronised(); // as writeUnsynchronised()
 
 private:
+    struct Open;
+
     QString target_;
     QString path_;
+    std::unique_ptr<Open> open_;
     bool isCommitted_ = false;
 };
+
+// After files took their places: their names are on the disk then, and what others left beside them is gone.
+void finishFolders(const QStringList &targets);
 
 // For a program that is about to end at once: removes every file that is not committed, and holds back, for ever,
 // whoever would begin or commit one. [any]

@@ -1,3 +1,4 @@
+#include "base/FileBatch.h"
 #include "base/SafeFile.h"
 #include "support/Rows.h"
 #include "support/SystemFaults.h"
@@ -7,7 +8,11 @@
 #include <QtTest>
 
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
+
+Q_DECLARE_METATYPE(SafeFile::Existing)
 
 class TestSafeFile : public QObject
 {
@@ -118,6 +123,78 @@ private slots:
                  QStringLiteral("The folder does not exist."));
     }
 
+    void batchesKeepTheOldOrTheNewFilesWhenACallFails_data()
+    {
+        const Rows<SafeFile::Existing> row("existing");
+        row("kept", SafeFile::Existing::Kept);
+        row("replaced", SafeFile::Existing::Replaced);
+    }
+    void batchesKeepTheOldOrTheNewFilesWhenACallFails()
+    {
+        QFETCH(const SafeFile::Existing, existing);
+        constexpr int count = 9; // a group, and one more
+        const bool replaces = existing == SafeFile::Existing::Replaced;
+        for (int call = 1, failures = 1; failures > 0; ++call) {
+            folder_ = std::make_unique<TestFolder>();
+            folder_->write("1.abc", old_);
+            faults::callsUntilFault = call;
+            failures = 0;
+            const auto batch = thrownBy([&] { failures = saveBatch(existing, count); });
+            faults::callsUntilFault = 0;
+            failures += batch != u"nothing" ? 1 : 0;
+            QVERIFY(failures <= 1);
+            const auto first = folder_->read("1.abc");
+            QVERIFY(first == old_ || (replaces && first == new_));
+            for (const auto &name : names().filter(QRegularExpression(QStringLiteral("^(?!1.abc)"))))
+                QCOMPARE(folder_->read(qPrintable(name)), new_);
+            const int others = replaces ? 0 : 1;
+            QVERIFY(names().size() >= count + others - failures && names().size() <= count + others);
+        }
+    }
+
+    void batchesTakeNoPlaceThatSomebodyElseTook()
+    {
+        FileBatch batch(SafeFile::Existing::Kept);
+        QStringList told;
+        const auto take = [&told](const QString &path, const QString &) { told.append(QFileInfo(path).fileName()); };
+        int number = 0;
+        folder_->write("1.abc", "there before");
+        batch.add([&] { return path(qPrintable(QStringLiteral("%1.abc").arg(++number))); }, new_, take);
+        folder_->write("2.abc", "there meanwhile");
+        QVERIFY(QFile::link(path("nowhere"), path("3.abc")));
+        batch.finish();
+        QCOMPARE(told, QStringList(QStringLiteral("4.abc")));
+        QCOMPARE(folder_->read("1.abc") + folder_->read("2.abc"), QByteArray("there beforethere meanwhile"));
+        QCOMPARE(folder_->read("4.abc"), new_);
+    }
+
+    void batchesDoNotWaitForOneFileAfterTheOther()
+    {
+        faults::fsyncMs = 20;
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(saveBatch(SafeFile::Existing::Kept, 128), 0);
+        faults::fsyncMs = 0;
+        QVERIFY2(timer.elapsed() < 128 * 20 / 4, qPrintable(QString::number(timer.elapsed())));
+    }
+
+    void abandonedBatchesLeaveNothingHalf()
+    {
+        const auto child = fork();
+        if (child == 0) {
+            faults::fsyncMs = 5;
+            std::thread([this] { saveBatch(SafeFile::Existing::Kept, 2000); }).detach();
+            while (QDir(folder_->path()).entryList({QStringLiteral("*.abc")}).size() < 40)
+                usleep(1000);
+            SafeFile::abandonAll();
+            _exit(0);
+        }
+        QCOMPARE(waitpid(child, nullptr, 0), child);
+        QVERIFY(!names().isEmpty() && names().filter(QStringLiteral(".saving")).isEmpty());
+        for (const auto &name : names())
+            QCOMPARE(folder_->read(qPrintable(name)), new_);
+    }
+
     void cleansNames_data()
     {
         const Rows<QString, QString> row("title", "name");
@@ -138,6 +215,18 @@ private slots:
 
 private:
     QString path(const char *name = "song.abc") const { return folder_->path(name); }
+    // 1.abc, 2.abc and so on; gives how many could not be saved.
+    int saveBatch(SafeFile::Existing existing, int count) const
+    {
+        FileBatch batch(existing);
+        int failures = 0;
+        int number = 0;
+        const auto nextPath = [&] { return path(qPrintable(QStringLiteral("%1.abc").arg(++number))); };
+        for (int i = 0; i < count; ++i)
+            batch.add(nextPath, new_, [&](const QString &, const QString &why) { failures += why.isEmpty() ? 0 : 1; });
+        batch.finish();
+        return failures;
+    }
     QByteArray content() const { return folder_->read("song.abc"); }
     QStringList names() const { return folder_->files(); }
 

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdarg>
 #include <cstdint>
+#include <cstdio>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -20,7 +21,10 @@ inline std::atomic<int> fsyncMs = 0; // of a slow disk
 
 inline bool isDue()
 {
-    if (callsUntilFault == 0 || --callsUntilFault > 0)
+    int left = callsUntilFault;
+    while (left > 0 && !callsUntilFault.compare_exchange_weak(left, left - 1)) { // another thread called
+    }
+    if (left != 1)
         return false;
     errno = EIO;
     return true;
@@ -72,6 +76,14 @@ int rename(const char *from, const char *to) noexcept
 {
     return faults::isDue() ? -1 : faults::original<int (*)(const char *, const char *)>("rename")(from, to);
 }
+
+#ifdef RENAME_NOREPLACE
+int renameat2(int fromFolder, const char *from, int toFolder, const char *to, unsigned flags) noexcept
+{
+    using Function = int (*)(int, const char *, int, const char *, unsigned);
+    return faults::isDue() ? -1 : faults::original<Function>("renameat2")(fromFolder, from, toFolder, to, flags);
+}
+#endif
 
 int fchmod(int descriptor, mode_t mode) noexcept
 {

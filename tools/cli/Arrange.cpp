@@ -9,7 +9,7 @@
 #include "assets/InstrumentGuess.h"
 #include "assets/ProgramInstruments.h"
 #include "base/ErrorText.h"
-#include "base/SafeFile.h"
+#include "base/FileBatch.h"
 #include "import/ProgramNames.h"
 #include "song/SongParts.h"
 
@@ -19,6 +19,8 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <deque>
+#include <utility>
 
 namespace {
 
@@ -117,14 +119,20 @@ struct ArrangedInput
     QVector<NamedFigures> after = {};
     QVector<File> files = {};
     QStringList written = {};
+    bool hasFailed = false;   // to be written
     SongSummary summary = {}; // when one is wanted
 };
 
-// Inputs are arranged on all cores, and written in their order, so that names do not depend on chance.
+// Inputs are arranged on all cores, and their files named in the order of the inputs, so that names do not depend on
+// chance.
 class SongArranger
 {
 public:
-    explicit SongArranger(const Arguments &arguments) : arguments_(arguments), report_(arguments) {}
+    explicit SongArranger(const Arguments &arguments)
+        : arguments_(arguments), report_(arguments),
+          saving_(arguments.force ? SafeFile::Existing::Replaced : SafeFile::Existing::Kept)
+    {
+    }
     int run();
 
 private:
@@ -136,8 +144,9 @@ private:
     PitchRange rangeOf(const QString &instrument) const;
     ReadSong asSong(const Arrangement &arrangement, const QVector<SourcePart> &sources) const;
     void take(ArrangedInput input);
-    void write(ArrangedInput &input);
-    void writeFile(const QString &path, const QByteArray &bytes);
+    void saveFiles(ArrangedInput &input);
+    void saveFile(ArrangedInput &input, const QString &path, const QByteArray &bytes);
+    void finish(ArrangedInput &input);
     void print(const ArrangedInput &input) const;
     void report(const ArrangedInput &input);
 
@@ -145,7 +154,8 @@ private:
     SongReport report_;
     InstrumentSet instruments_;
     FileNames names_;
-    QStringList unsynchronised_; // files that may not be on the disk yet
+    std::deque<ArrangedInput> inputs_;
+    FileBatch saving_;
     bool failed_ = false;
 };
 
@@ -157,7 +167,9 @@ int SongArranger::run()
     forEachInput<ArrangedInput>(
         arguments_, [this](const QString &path) { return arranged(path); },
         [this](const ArrangedInput &input) { take(input); });
-    failed_ |= !runOrPrint(arguments_.output, [this] { SafeFile::synchroniseNew(unsynchronised_); });
+    failed_ |= !runOrPrint(arguments_.output, [this] { saving_.finish(); });
+    for (auto &input : inputs_)
+        finish(input);
     failed_ |= !report_.finish(arguments_.output);
     return failed_ ? 1 : 0;
 }
@@ -261,33 +273,45 @@ void SongArranger::take(ArrangedInput input)
 {
     for (const auto &failure : qAsConst(input.failures))
         printFailure(input.path, failure);
-    const bool isWritten = input.files.isEmpty() || runOrPrint(input.path, [&] { write(input); });
-    failed_ |= !isWritten || !input.failures.isEmpty();
-    if (report_.isWanted())
-        report(input);
-    if (isWritten && !input.files.isEmpty() && !report_.isInsteadOfLines())
-        print(input);
+    failed_ |= !input.failures.isEmpty();
+    inputs_.push_back(std::move(input));
+    auto &kept = inputs_.back();
+    if (!kept.files.isEmpty())
+        kept.hasFailed = !runOrPrint(kept.path, [this, &kept] { saveFiles(kept); });
 }
 
-void SongArranger::write(ArrangedInput &input)
+void SongArranger::saveFiles(ArrangedInput &input)
 {
+    const auto files = std::exchange(input.files, {});
     const QDir directory(arguments_.output);
     if (!directory.mkpath(QStringLiteral(".")))
         throw QStringLiteral("Could not create the directory.");
-    for (const auto &file : qAsConst(input.files)) {
-        const auto path = directory.filePath(names_.nextFor(file.name, QStringLiteral(".abc")));
-        writeFile(path, file.bytes);
-        input.written.append(path);
-    }
+    for (const auto &file : files)
+        saveFile(input, directory.filePath(names_.nextFor(file.name, QStringLiteral(".abc"))), file.bytes);
 }
 
-void SongArranger::writeFile(const QString &path, const QByteArray &bytes)
+void SongArranger::saveFile(ArrangedInput &input, const QString &path, const QByteArray &bytes)
 {
-    if (arguments_.force)
-        return SafeFile::write(path, bytes);
-    if (!SafeFile::writeNewUnsynchronised(path, bytes))
-        throw QStringLiteral("\"%1\" exists; --force writes over it.").arg(QFileInfo(path).fileName());
-    unsynchronised_.append(path);
+    const auto onlyPath = [path, isFirst = true]() mutable {
+        if (!std::exchange(isFirst, false))
+            throw QStringLiteral("\"%1\" exists; --force writes over it.").arg(QFileInfo(path).fileName());
+        return path;
+    };
+    saving_.add(onlyPath, bytes, [&input](const QString &written, const QString &failure) {
+        if (failure.isEmpty())
+            return input.written.append(written);
+        printFailure(input.path, failure);
+        input.hasFailed = true;
+    });
+}
+
+void SongArranger::finish(ArrangedInput &input)
+{
+    failed_ |= input.hasFailed;
+    if (report_.isWanted())
+        report(input);
+    if (!input.hasFailed && !input.written.isEmpty() && !report_.isInsteadOfLines())
+        print(input);
 }
 
 void SongArranger::print(const ArrangedInput &input) const

@@ -6,20 +6,26 @@
 #include "Messages.h"
 #include "SongSummary.h"
 #include "base/ErrorText.h"
-#include "base/SafeFile.h"
+#include "base/FileBatch.h"
 
 #include <QDir>
 
+#include <deque>
 #include <optional>
+#include <utility>
 
 namespace {
 
 // Everything that is read, written and printed on the way from the inputs to the files. Inputs are read and made into
-// bytes on all cores, and written in their order, so that names do not depend on chance.
+// bytes on all cores, and their files named in the order of the inputs, so that names do not depend on chance.
 class Conversion
 {
 public:
-    explicit Conversion(const Arguments &arguments) : arguments_(arguments), report_(arguments) {}
+    explicit Conversion(const Arguments &arguments)
+        : arguments_(arguments), report_(arguments),
+          saving_(arguments.force ? SafeFile::Existing::Replaced : SafeFile::Existing::Kept)
+    {
+    }
 
     int run()
     {
@@ -27,7 +33,8 @@ public:
             convertMerged();
         else
             convertEach();
-        synchroniseFiles();
+        failed_ |= !runOrPrint(arguments_.output, [this] { saving_.finish(); });
+        reportInputs();
         printInputs();
         if (!report_.finish(arguments_.output))
             failed_ = true;
@@ -37,15 +44,14 @@ public:
 private:
     void convertEach();
     void convertMerged();
-    void addMergedSong(const QVector<Track> &tracks);
+    void summariseMerged(const QVector<Track> &tracks);
     ConvertedInput converted(const QString &path) const;
     void take(ConvertedInput input);
     SongSummary finished(const ConvertedInput &input) const;
-    void writeFiles(ConvertedInput &input);
-    void writeFile(ConvertedInput &input, const ConvertedInput::File &file);
-    void write(const ConvertedInput::File &file, QString &path);
+    void saveFiles(ConvertedInput &input);
+    void saveFile(ConvertedInput &input, const ConvertedInput::File &file);
     bool hasFolder();
-    void synchroniseFiles();
+    void reportInputs();
     void printInputs() const;
     void fail(const QString &file, const QString &message)
     {
@@ -55,10 +61,10 @@ private:
 
     const Arguments &arguments_;
     SongReport report_;
-    QVector<ConvertedInput> inputs_; // those that could be read
+    std::deque<ConvertedInput> inputs_;
     FileNames names_;
     std::optional<bool> hasFolder_; // once it was made
-    QStringList unsynchronised_;    // files that may not be on the disk yet
+    FileBatch saving_;
     bool failed_ = false;
 };
 
@@ -75,11 +81,13 @@ ConvertedInput Conversion::converted(const QString &path) const
     const auto reading = readOne(path, arguments_);
     ConvertedInput input{path, reading.song, reading.failures};
     input.trackCount = int(input.song.tracks.size());
+    if (report_.isWanted())
+        input.summary.emplace();
     try {
         applyTransforms(input.song, arguments_);
         makeFiles(input, input.song.tracks, Merged::No, arguments_);
         if (report_.isWanted())
-            input.summary = summaryOf(path, input.song, checkReadSong(input.song, arguments_, {}));
+            *input.summary = summaryOf(path, input.song, checkReadSong(input.song, arguments_, {}));
     } catch (...) {
         input.failures.append(currentErrorText());
         input.files.clear();
@@ -89,21 +97,16 @@ ConvertedInput Conversion::converted(const QString &path) const
 
 void Conversion::take(ConvertedInput input)
 {
-    for (const auto &failure : input.failures)
+    for (const auto &failure : qAsConst(input.failures))
         fail(input.path, failure);
-    writeFiles(input);
-    if (report_.isWanted())
-        report_.add(finished(input));
-    input.files.clear();
-    input.song.tracks.clear(); // of thousands of inputs no more is kept than there is to say
-    if (input.isReadable())
-        inputs_.append(input);
+    inputs_.push_back(std::move(input));
+    saveFiles(inputs_.back());
 }
 
 // The summary, now that it is known where everything went.
 SongSummary Conversion::finished(const ConvertedInput &input) const
 {
-    auto summary = input.summary;
+    auto summary = *input.summary;
     summary.path = input.path;
     summary.files = input.written;
     summary.failures = input.failures;
@@ -117,8 +120,8 @@ void Conversion::convertMerged()
 {
     QVector<Track> tracks;
     for (const auto &[path, song] : readInputs(arguments_, failed_)) {
-        inputs_.append({path, song});
-        inputs_.last().trackCount = int(song.tracks.size());
+        inputs_.push_back({path, song});
+        inputs_.back().trackCount = int(song.tracks.size());
         tracks += song.tracks;
     }
     const auto merge = [&] {
@@ -129,22 +132,21 @@ void Conversion::convertMerged()
         failed_ = true;
         return;
     }
-    if (inputs_.isEmpty() || tracks.isEmpty())
+    if (inputs_.empty() || tracks.isEmpty())
         return;
-    makeFiles(inputs_.first(), tracks, Merged::Yes, arguments_);
-    writeFiles(inputs_.first());
+    makeFiles(inputs_.front(), tracks, Merged::Yes, arguments_);
     if (report_.isWanted())
-        addMergedSong(tracks);
+        summariseMerged(tracks);
+    saveFiles(inputs_.front());
 }
 
-void Conversion::addMergedSong(const QVector<Track> &tracks)
+void Conversion::summariseMerged(const QVector<Track> &tracks)
 {
     ReadSong song;
     song.tracks = tracks;
     song.parts = QVector<PartReport>(tracks.size());
-    auto &input = inputs_.first();
+    auto &input = inputs_.front();
     input.summary = summaryOf(input.path, song, checkReadSong(song, arguments_, {}));
-    report_.add(finished(input));
 }
 
 bool Conversion::hasFolder()
@@ -157,51 +159,49 @@ bool Conversion::hasFolder()
     return *hasFolder_;
 }
 
-void Conversion::writeFiles(ConvertedInput &input)
+// Of thousands of inputs no more is kept than there is to say.
+void Conversion::saveFiles(ConvertedInput &input)
 {
-    if (input.files.isEmpty() || !hasFolder())
+    input.song.tracks.clear();
+    const auto files = std::exchange(input.files, {});
+    if (files.isEmpty() || !hasFolder())
         return;
-    for (const auto &file : qAsConst(input.files))
-        writeFile(input, file);
+    for (const auto &file : files)
+        saveFile(input, file);
 }
 
-void Conversion::writeFile(ConvertedInput &input, const ConvertedInput::File &file)
+void Conversion::saveFile(ConvertedInput &input, const ConvertedInput::File &file)
 {
     if (!file.failure.isEmpty())
         return fail(input.path, file.failure);
-    QString path = input.path;
-    const bool isWritten = runOrPrint(path, [&] { write(file, path); });
-    if (isWritten)
-        input.written.append(path);
-    failed_ |= !isWritten;
+    const auto nextPath = [this, name = file.name, ending = file.ending] {
+        return QDir(arguments_.output).filePath(names_.nextFor(name, ending));
+    };
+    saving_.add(nextPath, file.bytes, [this, &input](const QString &path, const QString &failure) {
+        if (failure.isEmpty())
+            input.written.append(path);
+        else
+            fail(path, failure);
+    });
 }
 
-// path: becomes the last that was tried. The disk is waited for once, at the end.
-void Conversion::write(const ConvertedInput::File &file, QString &path)
+void Conversion::reportInputs()
 {
-    const QDir folder(arguments_.output);
-    const auto nextPath = [&] { return path = folder.filePath(names_.nextFor(file.name, file.ending)); };
-    if (arguments_.force)
-        return SafeFile::write(nextPath(), file.bytes);
-    while (!SafeFile::writeNewUnsynchronised(nextPath(), file.bytes)) { // one of that name is there
+    for (const auto &input : inputs_) {
+        if (input.summary)
+            report_.add(finished(input));
     }
-    unsynchronised_.append(path);
-}
-
-void Conversion::synchroniseFiles()
-{
-    if (unsynchronised_.isEmpty())
-        return;
-    failed_ |= !runOrPrint(arguments_.output, [this] { SafeFile::synchroniseNew(unsynchronised_); });
 }
 
 void Conversion::printInputs() const
 {
     if (report_.isInsteadOfLines())
         return;
-    const bool isMerged = arguments_.merges && !inputs_.isEmpty() && !inputs_.first().written.isEmpty();
-    for (const auto &input : inputs_)
-        printLine(lineOf(input, isMerged ? inputs_.first().written.first() : QString()));
+    const bool isMerged = arguments_.merges && !inputs_.empty() && !inputs_.front().written.isEmpty();
+    for (const auto &input : inputs_) {
+        if (input.isReadable())
+            printLine(lineOf(input, isMerged ? inputs_.front().written.first() : QString()));
+    }
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 
 #include "SongSummary.h"
 
+#include <optional>
+
 // One input on its way into files.
 struct ConvertedInput
 {
@@ -15,12 +17,12 @@ struct ConvertedInput
 
     QString path;
     ReadSong song;
-    QStringList failures = {}; // why it, or some of it, could not be read or transformed
-    QVector<File> files = {};  // to be written
-    QStringList written = {};  // paths
-    int trackCount = 0;        // as it was read
-    SongSummary summary = {};  // when one is wanted
-    QString remark = {};       // on what could not be written as it is
+    QStringList failures = {};               // why it, or some of it, could not be read or transformed
+    QVector<File> files = {};                // to be written
+    QStringList written = {};                // paths
+    int trackCount = 0;                      // as it was read
+    std::optional<SongSummary> summary = {}; // when one is wanted
+    QString remark = {};                     // on what could not be written as it is
 
     bool isReadable() const { return failures.isEmpty() || trackCount > 0; }
 };

@@ -1,0 +1,115 @@
+#include "base/FileBatch.h"
+
+#include "base/ErrorText.h"
+
+#include <QFileInfo>
+
+#include <memory>
+#include <utility>
+
+void FileBatch::add(NextPath nextPath, const QByteArray &bytes, const Take &take)
+{
+    const auto path = freePath(nextPath);
+    limitBytes(bytes.size());
+    files_.push_back({std::move(nextPath), bytes, take, path});
+    next_.push_back(&files_.back());
+    if (next_.size() == mostInGroup)
+        begin(std::exchange(next_, {}));
+}
+
+void FileBatch::begin(const Group &group)
+{
+    pool_.start([this, group] { write(group); });
+}
+
+// Few files, which need not wait for each other.
+void FileBatch::beginRest()
+{
+    for (auto *file : std::exchange(next_, {}))
+        begin({file});
+}
+
+QString FileBatch::freePath(const NextPath &nextPath) const
+{
+    auto path = nextPath();
+    while (existing_ == SafeFile::Existing::Kept && SafeFile::isThere(path))
+        path = nextPath();
+    return path;
+}
+
+// They must not wait in memory for a disk that is slower.
+void FileBatch::limitBytes(qint64 more)
+{
+    constexpr qint64 most = 64 << 20;
+    if (bytes_ + more > most) {
+        beginRest();
+        pool_.wait();
+        bytes_ = 0;
+    }
+    bytes_ += more;
+}
+
+namespace {
+
+template<typename Work>
+void runOrTell(QString &failure, Work work)
+{
+    if (!failure.isEmpty())
+        return;
+    try {
+        work();
+    } catch (...) {
+        failure = currentErrorText();
+    }
+}
+
+} // namespace
+
+// First all, so that the disk has them by the time that the first is waited for.
+void FileBatch::write(const Group &group) const
+{
+    std::vector<std::unique_ptr<SafeFile::Replacement>> replacements;
+    for (auto *file : group) {
+        auto &replacement = replacements.emplace_back();
+        runOrTell(file->failure, [&] {
+            replacement = std::make_unique<SafeFile::Replacement>(file->path);
+            replacement->write(file->bytes);
+        });
+    }
+    for (std::size_t i = 0; i < group.size(); ++i) {
+        auto &file = *group[i];
+        runOrTell(file.failure, [&] {
+            replacements[i]->synchronise();
+            if (!replacements[i]->takePlace(existing_))
+                return;
+            file.written = replacements[i]->target();
+            file.bytes.clear();
+        });
+    }
+}
+
+void FileBatch::writeElsewhere(File &file) const
+{
+    while (file.written.isEmpty() && file.failure.isEmpty()) {
+        runOrTell(file.failure, [&] {
+            file.path = freePath(file.nextPath);
+            write({&file});
+        });
+    }
+}
+
+void FileBatch::finish()
+{
+    beginRest();
+    pool_.wait();
+    QStringList written;
+    for (auto &file : files_) {
+        writeElsewhere(file);
+        if (file.failure.isEmpty())
+            written.append(file.written);
+    }
+    for (const auto &file : std::as_const(files_))
+        file.take(file.path, file.failure);
+    files_.clear();
+    SafeFile::finishFolders(written);
+}

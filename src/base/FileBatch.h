@@ -1,0 +1,61 @@
+#pragma once
+
+#include "base/JobPool.h"
+#include "base/SafeFile.h"
+
+#include <deque>
+#include <functional>
+#include <vector>
+
+// Saves many files as SafeFile does, several at a time: a disk synchronises many in hardly more time than one. A file
+// has its name only when its bytes are on the disk, and the names are there to stay when finish() has returned. Which
+// file gets which name does not depend on which is written first. Used on one thread, which it keeps waiting while too
+// much is under way.
+class FileBatch
+{
+public:
+    // The path to try next; throws a QString when there is none.
+    using NextPath = std::function<QString()>;
+    // failure: empty when it was saved.
+    using Take = std::function<void(const QString &path, const QString &failure)>;
+
+    explicit FileBatch(SafeFile::Existing existing) : existing_(existing) {}
+
+    // Begins, at the first path where there is nothing, or at the first when what exists is replaced. Asks for paths
+    // until finish() has returned. Throws what `nextPath` throws.
+    void add(NextPath nextPath, const QByteArray &bytes, const Take &take);
+
+    // Waits for all, and tells of each in the order in which they were added. Throws a QString when the names cannot be
+    // synchronised.
+    void finish();
+
+private:
+    struct File
+    {
+        NextPath nextPath;
+        QByteArray bytes; // until they are written
+        Take take;
+        QString path;
+        QString written = {}; // where links led to; empty when the path was taken meanwhile
+        QString failure = {};
+    };
+
+    using Group = std::vector<File *>;
+
+    QString freePath(const NextPath &nextPath) const;
+    void begin(const Group &group);
+    void beginRest();
+    void write(const Group &group) const; // [any]
+    void writeElsewhere(File &file) const;
+    void limitBytes(qint64 more);
+
+    const SafeFile::Existing existing_;
+    std::deque<File> files_; // of which jobs hold addresses
+    Group next_;             // to be written
+    qint64 bytes_ = 0;       // that jobs may hold
+    JobPool pool_{threads};
+
+    // They wait for the disk most of the time. Together they open no more files than systems allow.
+    static constexpr int threads = 16;
+    static constexpr int mostInGroup = 8;
+};
