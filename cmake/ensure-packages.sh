@@ -13,6 +13,7 @@ ensure_packages() {
 }
 
 build_packages=(g++ cmake ninja-build ccache pkg-config qtbase5-dev qttools5-dev qttranslations5-l10n libsndfile1-dev libsdl2-dev librtmidi-dev librsvg2-bin)
+qt6_packages=(qt6-base-dev qt6-tools-dev qt6-l10n-tools qt6-translations-l10n libgl1-mesa-dev)
 bench_packages=(libbenchmark-dev libfluidsynth-dev)
 
 # build PRESET [TARGET…]: configures when needed and builds.
