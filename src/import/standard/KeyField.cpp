@@ -111,8 +111,10 @@ void KeyFieldReader::readTonic()
         next_ = 1;
         return;
     }
-    if (word.startsWith(u"exp"))
+    if (word.startsWith(u"exp")) { // nothing but the accidentals behind it
         field_.signature = KeySignature();
+        return;
+    }
     const int letter = isClef(word) || word.contains(u'=') ? -1 : letterOf(word.at(0));
     if (letter < 0)
         return;

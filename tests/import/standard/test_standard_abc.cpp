@@ -1,4 +1,5 @@
 #include "core/AbcParser.h"
+#include "import/standard/ChordName.h"
 #include "import/standard/StandardAbc.h"
 #include "support/Rows.h"
 #include "support/Thrown.h"
@@ -60,6 +61,11 @@ private slots:
         row("mode apart", "L:1/4; K:G Mixolydian", "FB|", "0:65 1:71");
         row("bagpipe", "L:1/4; K:HP", "CFG|", "0:61 1:66 2:67");
         row("no key, a clef", "L:1/4; K:clef=bass", "FB|", "0:65 1:71");
+        row("modes and alterations in one word", "L:1/4; K:Dmixolydian ^f_b", "CFB|", "0:60 1:66 2:70");
+        row("explicit without a tonic", "L:1/4; K:exp ^c", "CFB|", "0:61 1:65 2:71");
+        row("minor", "L:1/4; K:Bbm", "CDE|", "0:60 1:61 2:63");
+        row("natural of the key", "L:1/4; K:D =f", "CF|", "0:61 1:65");
+        row("alterations without a tonic", "L:1/4; K:^c=f", "CF|", "0:61 1:65");
         row("octave clef", "L:1/4; K:C treble-8", "CC2|", "0:48 1:48(2)");
         row("transposed", "L:1/4; K:C octave=1 transpose=-2", "C[K:D]C|", "0:70 1:71");
         row("lengths", "L:1/4; K:C", "C2C/C//C3/2C/4|", "0:60(2) 2:60(0.5) 2.5:60(0.25) 2.75:60(1.5) 4.25:60(0.25)");
@@ -127,6 +133,13 @@ private slots:
         row("gaps in print", "L:1/4; K:C", "Cy2D[CE&G]y|E", "0:60 1:62 2:60 2:64 2:67 3:64");
         row("an open string", "L:1/4; K:C", "C\"abc D\nE|", "0:60 1:64");
         row("octaves", "L:1/4; K:C", "C,,c''C,'c|", "0:36 1:96 2:60 3:72");
+        row("group of parts that is left out", "L:1/4; P:A(BC)0A; K:C", "[P:A]C|[P:B]D|[P:C]E|", "0:60 1:60");
+        row("a ratio of chords", "L:1/4; K:C", "[|C|[|:D:|]E|", "0:60 1:62 2:62 3:64");
+        row("graces in chords and ties", "L:1/4; K:C", "{[CE]}D{C-}E|",
+            "0:60(0.25) 0.25:64(0.25) 0.5:62(0.5) 1:60(0.25) 1.25:64(0.75)");
+        row("ties of nothing", "L:1/4; K:C", "-C[-D]z-E|", "0:60 1:62 3:64");
+        row("directives on the way", "L:1/4; K:C", "C[I:MIDI rtranspose 12]C[I:MIDI transpose 0]C[U:W=!f!]WD|",
+            "0:60 1:72 2:60 3:62");
         row("a macro that is used", "m:~G = G{A}G; K:C", "~G",
             "The tune uses the macro \"~G\" (m:), which cannot be read.");
         row("parts without end", "P:((((((A99)99)99)99)99)99; K:C", "[P:A]C", "Too many parts.");
@@ -156,6 +169,33 @@ private slots:
         const auto other = importStandardAbc(text, {ChordNames::Play, GraceNotes::Drop, BareTempo::Quarters}).first();
         QCOMPARE(voicesOf(other), QStringLiteral("0:60 1:64 2:62 3:62 / 0:48(2) 0:60(2) 0:64(2) 0:67(2) "
                                                  "2:47(2) 2:55(2) 2:59(2) 2:62(2) 2:65(2)"));
+    }
+
+    void namesChords_data()
+    {
+        const Rows<QString, QString> row("name", "pitches"); // the bass, the root and what is above it
+        row("major", "C", "48 60 64 67");
+        row("the lowest root and bass", "G", "43 55 59 62");
+        row("sharp", "F#m7", "54 66 69 73 76");
+        row("flat, in parentheses", "(Bb)", "46 58 62 65");
+        row("a flat across the octave", "Cb", "47 59 63 66");
+        row("a sharp across it", "B#", "48 60 64 67");
+        row("over a bass", "D/f#", "54 62 66 69");
+        row("over an old bass", "A/C+", "49 57 61 64");
+        row("augmented", "C+", "48 60 64 68");
+        row("two notes", "E5", "52 64 71");
+        row("no quality", "Cx", "");
+        row("no root", "maj", "");
+        row("no bass", "C/", "");
+        row("more behind the bass", "C/Gm", "");
+    }
+    void namesChords()
+    {
+        QFETCH(QString, name);
+        QStringList pitches;
+        for (const int pitch : chordPitches(name))
+            pitches.append(QString::number(pitch));
+        QTEST(pitches.join(u' '), "pitches");
     }
 
     // The text from its title on, without the line that names us.
@@ -201,6 +241,9 @@ private slots:
         row("nonsense", "Q:quick; K:C", "120");
         row("none at all", "Q:1/4=0; K:C", "120");
         row("too many", "Q:1/4=200000; K:C", "120");
+        row("the unit by name", "L:1/8; Q:C=90; K:C", "45");
+        row("half the unit", "L:1/4; Q:C/2=90; K:C", "45");
+        row("a beat that is none", "Q:1/4 x=90; K:C", "120");
     }
 
     void readsTempos()
