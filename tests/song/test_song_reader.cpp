@@ -193,7 +193,9 @@ private slots:
         const QString book = QStringLiteral("X:1\n\n").repeated(10'010);
         const auto song = readSource({SongSource::Kind::AbcText, book}, {});
         QCOMPARE(song.tracks.size(), 10'000);
-        QVERIFY(song.errors.value(0).text.contains(QStringLiteral("Too many tracks.")));
+        const auto mml = QStringLiteral("MML@") + QStringLiteral("c,").repeated(10'001);
+        for (const auto &read : {song, readSource({SongSource::Kind::MmlText, mml}, {})})
+            QVERIFY(read.errors.value(0).text.contains(QStringLiteral("Too many tracks.")));
     }
 
     void tracksToBeShown()
