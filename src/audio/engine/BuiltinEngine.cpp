@@ -245,22 +245,6 @@ bool BuiltinEngine::isPlaying(VoiceId voice) const
     return parts_->session && parts_->session->table.find(voice).has_value();
 }
 
-AudioResult BuiltinEngine::render(Timeline &timeline, RenderHost &host)
-{
-    if (!parts_->session)
-        return AudioResult::NotInitialized;
-    if (parts_->output == EngineOutput::Silent)
-        return AudioEngine::render(timeline, host);
-    if (parts_->output != EngineOutput::WavFile)
-        return AudioResult::InvalidArgument;
-    return SpanRender(timeline, host,
-                      [&session = *parts_->session](std::span<const float> stereo) {
-                          session.mixer.skip(stereo.size() / 2);
-                          return session.file.write(stereo) ? AudioResult::Ok : AudioResult::CannotWrite;
-                      })
-        .run();
-}
-
 AudioResult BuiltinEngine::mix(Timeline &timeline, RenderHost &host, const MixedFrames &take)
 {
     return SpanRender(timeline, host, take).run();

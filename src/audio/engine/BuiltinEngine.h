@@ -58,7 +58,6 @@ public:
     AudioResult play(const VoiceSpec &spec, VoiceId &voice) override;
     AudioResult fadeOut(VoiceId voice, std::size_t frames) override;
     bool isPlaying(VoiceId voice) const override;
-    AudioResult render(Timeline &timeline, RenderHost &host) override; // InvalidArgument for Device and Paced
     bool canMix() const override { return true; }
     AudioResult mix(Timeline &timeline, RenderHost &host, const MixedFrames &take) override;
 

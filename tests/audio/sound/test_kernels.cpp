@@ -43,6 +43,25 @@ private slots:
         }
     }
 
+    void measures_data() { sets(); }
+
+    void measures()
+    {
+        const auto noise = noiseSound(1, 100, 1);
+        for (std::size_t n = 0; n <= 41; ++n) {
+            double energy = 1, expected = 1;
+            float peak = 0.001F, highest = 0.001F;
+            chosen()->measure(noise->plane(0) + n % 7, n, energy, peak);
+            for (std::size_t i = 0; i < n; ++i) {
+                const auto sample = noise->plane(0)[i + n % 7];
+                expected += double(sample) * double(sample);
+                highest = std::max(highest, std::abs(sample));
+            }
+            QVERIFY(std::abs(energy - expected) < minus100dB);
+            QCOMPARE(peak, highest);
+        }
+    }
+
     void interpolates_data() { sets(); }
 
     void interpolates()
