@@ -107,12 +107,10 @@ public:
     }
 
 private:
-    // Of two of one pitch, the longer is meant.
+    // Of two of one pitch the first is meant, which is the longer.
     bool isBeyond(const ArrangeNote &a, const ArrangeNote &b) const
     {
-        if (a.pitch == b.pitch)
-            return a.length > b.length;
-        return (a.pitch > b.pitch) == (edge_ == Edge::Top);
+        return edge_ == Edge::Top ? a.pitch > b.pitch : a.pitch < b.pitch;
     }
 
     bool isCovered(const ArrangeNote &note) const

@@ -44,7 +44,7 @@ QVector<SourcePart> partsOf(const QString &text)
     for (const auto &part : text.split(QStringLiteral("; "))) {
         const auto colon = part.indexOf(u':');
         const auto words = part.left(colon).split(u' ');
-        SourcePart source{trackOf(part.mid(colon + 1)), words[0], words[0]};
+        SourcePart source{trackOf(part.mid(colon + 1)), QString(words[0]).replace(u'_', u' '), words[0]};
         if (words.size() > 1)
             source.range = {words[1].section(u'-', 0, 0).toUInt(), words[1].section(u'-', 1).toUInt()};
         source.isPercussion = words[0] == u"Drum";
@@ -114,12 +114,48 @@ private slots:
         QCOMPARE(describe(arrange(partsOf(parts), {players, voices})), expected);
     }
 
-    void findsTheMelody()
+    void findsMelodyAndBass_data()
     {
-        auto parts = partsOf(QStringLiteral("Lead: 36@0+1; Flute: 76@0+1"));
-        QCOMPARE(arrange(parts, {1, 1}).melody, std::optional(0));
-        parts[0].name = QStringLiteral("Track 1 - Lead 2 (sawtooth)");
-        QCOMPARE(arrange(parts, {1, 1}).melody, std::optional(1));
+        const Rows<QString, int, int> row("parts", "melody", "bass");
+        row("by its name", "Lead: 36@0+1; Flute: 76@0+1", 0, 1);
+        row("a program's sound is no name", "Track_1_-_Lead_2_(sawtooth): 36@0+1; Flute: 76@0+1", 1, 0);
+        row("but it counts", "Flute: 76@0+1; Lead_2_(sawtooth): 70@0+1", 1, 0);
+        row("chords are none", "Lute: 60@0+1 64@0+1 67@0+1; Flute: 59@0+1; Drum: 90@0+1", 1, 0);
+        row("what is seldom heard", "Lute: 50@0+20; Horn: 40@0+1; Flute: 76@0+20; Bell: 90@0+1", 2, 0);
+        row("a bass that is not the lowest", "Lute: 48@0+1; Cello: 55@0+1; Flute: 76@0+1", 2, 1);
+    }
+    void findsMelodyAndBass()
+    {
+        QFETCH(QString, parts);
+        const auto arrangement = arrange(partsOf(parts), {2, 2});
+        QTEST(*arrangement.melody, "melody");
+        QTEST(*arrangement.bass, "bass");
+    }
+
+    void figures_data()
+    {
+        const Rows<QString, QString> row("parts", "expected"); // range, most at once, crossings
+        row("above what sounds", "Flute: 72@0+1 76@1+1; Lute: 60@0+1 79@1+1 60@1+1", "72-76 1 0, 60-79 2 1");
+        row("as high", "Flute: 72@0+1 76@1+1; Lute: 60@0+1 76@1+1", "72-76 1 0, 60-76 1 0");
+        row("nothing sounds", "Flute: 72@0+1 76@2+1; Lute: 60@0+1 79@1+1", "72-76 1 0, 60-79 1 0");
+        row("it still sounds", "Flute: 72@0+3 60@1+1 78@3+1; Lute: 65@1+1", "60-78 2 0, 65-65 1 0");
+        row("by the average", "Lute: 60@0+1 66@1+1; Flute: 59@0+1 80@1+1; Bass: 40@0+1 67@1+1",
+            "60-66 1 1, 59-80 1 0, 40-67 1 1");
+        row("drums", "Flute: 72@0+1; Drum: 90@0+1 36@1+2 37@2+1; Lute: 60@0+1", "72-72 1 0, 36-90 2 0, 60-60 1 0");
+    }
+    void figures()
+    {
+        QFETCH(QString, parts);
+        const auto arrangement = arrange(partsOf(parts), {3, 3});
+        QStringList figures;
+        for (const auto &part : arrangement.before)
+            figures.append(QStringLiteral("%1-%2 %3 %4")
+                               .arg(part.span->lowest)
+                               .arg(part.span->highest)
+                               .arg(part.mostAtOnce)
+                               .arg(part.crossings));
+        QTEST(figures.join(QStringLiteral(", ")), "expected");
+        QCOMPARE(arrangement.sumBefore().crossings, arrangement.sumAfter().crossings);
     }
 
     void promisesAreKept()
