@@ -1,13 +1,17 @@
 // What becomes parts is chosen before it does.
 #include "app/ExampleSongs.h"
 #include "app/WindowFixture.h"
-#include "support/Rows.h"
+#include "support/Outline.h"
 #include "ui/importing/ImportPreviewDialog.h"
 #include "ui/importing/PartsTable.h"
 #include "ui/importing/PreviewPlayer.h"
+#include "ui/report/TuneChooser.h"
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTableView>
@@ -27,6 +31,10 @@ class TestImportDialog : public QObject
     {
         auto *const model = dialog.findChild<QTableView *>()->model();
         model->setData(model->index(part, column), value, role);
+    }
+    static QString summary(const QDialog &dialog)
+    {
+        return dialog.findChild<QLabel *>(QStringLiteral("lblSummary"))->text();
     }
     static QString shown(const QDialog &dialog, int part, int column)
     {
@@ -64,6 +72,11 @@ private slots:
     {
         fixture_->dialogs().inDialog = [](QDialog &dialog) {
             QVERIFY(waitUntilSettled(dialog));
+            QCOMPARE(outline(*dialog.findChild<QTableView *>()->model()),
+                     QStringLiteral("Track 1 - Flute|Flute|0|1: Flute|84|G4 – E5|1|376\n"
+                                    "Track 2 - Fiddle|Fiddle|0|2: Fiddle|32|G3 – G4|2|252\n"
+                                    "Track 3 - Acoustic Bass|Bass|0|3: Acoustic Bass|60|D2 – G3|1|379\n"));
+            QCOMPARE(summary(dialog), QStringLiteral("3 of 3 parts, 176 notes, 1,007 characters"));
             const auto characters = shown(dialog, 2, PartsTable::Characters);
             choose(dialog, 1, PartsTable::Name, Qt::Unchecked, Qt::CheckStateRole);
             choose(dialog, 0, PartsTable::Instrument, QStringLiteral("Accordion"));
@@ -71,6 +84,7 @@ private slots:
             dialog.findChild<QCheckBox *>(QStringLiteral("chkMergeChannels"))->click();
             QVERIFY(waitUntilSettled(dialog));
             QVERIFY(shown(dialog, 2, PartsTable::Characters) != characters);
+            QCOMPARE(summary(dialog), QStringLiteral("2 of 3 parts, 144 notes, 721 characters"));
             dialog.accept();
         };
         QVERIFY(fixture_->import(jig, 2));
@@ -165,6 +179,35 @@ private slots:
         dialogs.foreignAnswer = Dialogs::ForeignAnswer::OpenAsItIs; // without more questions
         fixture_->trigger("actionOpen");
         QTRY_COMPARE(fixture_->tracks().song().size(), 4);
+    }
+
+    void choosesTunesByTheirNames()
+    {
+        QStringList tunes;
+        for (int i = 0; i < 30; ++i)
+            tunes.append(i % 3 == 0 ? QStringLiteral("Jig %1").arg(i) : QStringLiteral("Reel %1").arg(i));
+        TuneChooser chooser(QStringLiteral("book.abc"), tunes);
+        chooser.show();
+        const auto *const box = chooser.findChild<QDialogButtonBox *>();
+        const auto click = [&](const char *text) {
+            for (auto *const button : box->buttons()) {
+                if (button->text().remove(u'&') == QLatin1String(text))
+                    button->click();
+            }
+        };
+        QCOMPARE(chooser.chosen().size(), 30);
+        click("None");
+        QVERIFY(chooser.chosen().isEmpty() && !box->button(QDialogButtonBox::Open)->isEnabled());
+        auto *const find = chooser.findChild<QLineEdit *>(QStringLiteral("edtFindTune"));
+        QVERIFY(find->isVisible());
+        find->setText(QStringLiteral(" jig 1"));
+        click("All"); // that are shown
+        QCOMPARE(chooser.chosen(), QVector<int>({12, 15, 18}));
+        QVERIFY(box->button(QDialogButtonBox::Open)->isEnabled());
+        find->clear();
+        const auto *const list = chooser.findChild<QListWidget *>();
+        for (int row = 0; row < list->count(); ++row)
+            QVERIFY(!list->item(row)->isHidden());
     }
 
     void comesOnlyWhereItIsWanted()

@@ -4,6 +4,7 @@
 #include "song/SongFile.h"
 #include "support/MidiBytes.h"
 #include "ui/editor/AbcEditorWindow.h"
+#include "ui/editor/EditorPlayback.h"
 #include "ui/song/DragHandle.h"
 
 #include <QCheckBox>
@@ -20,6 +21,8 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <QUndoView>
+
+#include <atomic>
 
 class TestMainWindow : public QObject
 {
@@ -138,6 +141,49 @@ private slots:
             if (action->objectName().startsWith(QStringLiteral("action")))
                 QVERIFY2(inMenus.contains(action), qPrintable(action->objectName()));
         }
+    }
+
+    void opensPagesAndTellsOfItself()
+    {
+        for (const auto *const action : {"actionWebsite", "actionDonate"})
+            fixture_->trigger(action);
+        const auto &opened = fixture_->dialogs().opened;
+        QVERIFY(opened.size() == 2 && opened[0].scheme() == u"https" && opened[0].path() == u"/");
+        QCOMPARE(opened[1], opened[0].resolved(QUrl(QStringLiteral("donate"))));
+        fixture_->trigger("actionAbout_Kelvarion_Composer");
+        QVERIFY(fixture_->dialogs().messages.join(u' ').contains(QStringLiteral(COMPOSER_VERSION)));
+    }
+
+    // Beside the other parts of the song, which are not muted, and not while another editor plays.
+    void playsInEditors()
+    {
+        struct CountingEngine : BuiltinEngine
+        {
+            explicit CountingEngine(std::atomic<int> &groups) : BuiltinEngine(EngineOutput::Silent), groups_(groups) {}
+            AudioResult createGroup(GroupId &group) override
+            {
+                ++groups_;
+                return BuiltinEngine::createGroup(group);
+            }
+            std::atomic<int> &groups_;
+        };
+        std::atomic<int> groups = 0;
+        fixture_->makeEngine = [&groups] { return std::make_unique<CountingEngine>(groups); };
+        fixture_->makeWindow();
+        QVERIFY(fixture_->waitUntilLoaded() && fixture_->import(hymn, 4));
+        fixture_->tracks().setMuted({fixture_->tracks().ids().last()}, true);
+        QVector<AbcEditorWindow *> editors;
+        for (const int row : {0, 1}) {
+            fixture_->inRow<QToolButton>(row, "btnEdit")->click();
+            editors.append(fixture_->window().findChildren<AbcEditorWindow *>().last());
+            groups = 0;
+            if (row == 1)
+                editors[row]->findChild<QAction *>(QStringLiteral("actionWithSong"))->trigger();
+            editors[row]->findChild<QAction *>(QStringLiteral("actionPlayFromStart"))->trigger();
+            QTRY_COMPARE(groups.load(), row == 0 ? 1 : 3);
+        }
+        QVERIFY(!editors[0]->playback().isPlaying() && editors[1]->playback().isPlaying());
+        fixture_.reset();
     }
 
     void showsTracksOfAGameWithoutInstruments()

@@ -80,7 +80,7 @@ private slots:
         crash();
         QVERIFY(session().isBlank());
         fixture_->window().offerRecovery();
-        QTRY_VERIFY(dialog() && !shown().isEmpty());
+        QTRY_VERIFY(dialog() && dialog()->isVisible() && !shown().isEmpty());
         QCOMPARE(shown().join(u'\n'), QStringLiteral("%1|3|Not saved").arg(name));
         button("btnRecover")->click();
         QTRY_VERIFY(session().song() == song);

@@ -1,5 +1,7 @@
 #include "app/WindowFixture.h"
 #include "core/AbcParser.h"
+#include "support/Outline.h"
+#include "ui/editor/AbcEditorWindow.h"
 
 #include <QPushButton>
 #include <QToolButton>
@@ -29,7 +31,11 @@ private slots:
         fixture.inRow<QToolButton>(1, "btnFindings")->click();
         auto *const view = fixture.child<QTreeView>("findings");
         QVERIFY(view->isVisible());
-        QCOMPARE(view->model()->rowCount(), 1); // of kinds
+        const auto place =
+            QStringLiteral("    The bar line “|” makes an empty measure: the game is silent for it.|measure %1\n");
+        const auto part = QStringLiteral("  Air|2\n") + place.arg(1) + place.arg(3);
+        QCOMPARE(outline(*view->model()), QStringLiteral("Empty measures|4\n") + part + part);
+        QVERIFY(view->isExpanded(view->model()->index(1, 0, view->model()->index(0, 0))));
         fixture.child<QPushButton>("btnFixFinding")->click();
         QTRY_COMPARE(text(1), QStringLiteral("CEFG||C4|\n"));
         QTRY_COMPARE(mark(1), 1);
@@ -43,6 +49,14 @@ private slots:
         fixture.trigger("actionUndo"); // both
         QCOMPARE(text(0), QStringLiteral("|CEFG||C4|\n"));
         QCOMPARE(text(1), QStringLiteral("CEFG||C4|\n"));
+
+        // A place is shown in the editor of its part.
+        QTRY_COMPARE(mark(0), 2);
+        const auto kind = view->model()->index(0, 0);
+        emit view->clicked(view->model()->index(1, 0, view->model()->index(0, 0, kind)));
+        auto &editor = *fixture.window().findChild<AbcEditorWindow *>();
+        QTRY_COMPARE(editor.document().text()->toPlainText().mid(editor.document().caret().offset),
+                     QStringLiteral("|C4|\n"));
 
         fixture.settings().setValue(Settings::CheckCharacters, 10);
         QTRY_COMPARE(mark(0), 3);

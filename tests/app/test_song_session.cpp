@@ -259,6 +259,7 @@ private slots:
         for (const auto step : {importJig, turnVolume, mute, chooseInstrument, type, saveSong})
             step(*fixture_);
         const auto parts = song().parts;
+        QVERIFY(parts[0].volume == 40 && parts[0].isMuted && parts[0].instrument == u"Another");
         fixture_->trigger("actionNew_Song");
         fixture_->window().openFiles(
             {fixture_->write("one.abc", abc("One")), fixture_->path("song.kvsong"), fixture_->path("one.abc")});

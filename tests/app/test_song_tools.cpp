@@ -3,15 +3,18 @@
 #include "app/WindowFixture.h"
 #include "app/songtools/SourceTracks.h"
 #include "core/AbcParser.h"
+#include "support/Outline.h"
 #include "support/Rows.h"
 #include "ui/arranging/ArrangeDialog.h"
 #include "ui/listening/GroupPlayer.h"
 #include "ui/song/TrackVisualizationWidget.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTableView>
+#include <QThreadPool>
 
 class TestSongTools : public QObject
 {
@@ -22,16 +25,18 @@ class TestSongTools : public QObject
     void open(const QByteArray &first, const QByteArray &second)
     {
         const auto tune = [](const char *title, const QByteArray &music) {
-            return QByteArray("X:1\nT:") + title + "\nL:1/4\nQ:1/4=120\n" + music + "\n";
+            return QByteArray("X:1\nT:") + title + "\nL:1/4\n" + (music.startsWith("Q:") ? "" : "Q:1/4=120\n") + music +
+                   "\n";
         };
         fixture_->window().openFiles(
             {fixture_->write("one.abc", tune("One", first)), fixture_->write("two.abc", tune("Two", second))});
         QTRY_COMPARE(fixture_->tracks().song().size(), 2);
     }
+    // From the tempo on.
     QString text(int part)
     {
         auto track = *fixture_->tracks().song()[part]->track;
-        return track.toAbc().section(QStringLiteral("120\n"), 1).trimmed();
+        return track.toAbc().section(QStringLiteral("Q:"), 1).trimmed();
     }
     // One step, and its way back.
     void verifyOneStep(const SongTracks &before)
@@ -63,11 +68,27 @@ private slots:
             QTRY_VERIFY(!dialog.isBusy());
             QCOMPARE(dialog.arrangement().melody, std::optional(1));
             const auto *const after = dialog.findChild<QTableView *>(QStringLiteral("arrangeAfter"))->model();
-            QCOMPARE(after->rowCount(), 3); // with the sums
+            QCOMPARE(outline(*dialog.findChild<QTableView *>(QStringLiteral("arrangeBefore"))->model()),
+                     QStringLiteral("Track 1 - Choir Aahs|Accordion|19|8|11|G♯4 – D5|1\n"
+                                    "Track 2 - Choir Aahs|Accordion|18|18|D4 – F4|1\n"
+                                    "Track 3 - Choir Aahs|Accordion|18|8|10|A3 – C4|1\n"
+                                    "Track 4 - String Ensemble 1|Accordion|18|18|A2 – A3|1\n"
+                                    "All|73|36|16|21|A2 – D5|1\n"));
+            QCOMPARE(outline(*after),
+                     QStringLiteral("Track 2 - Choir Aahs + Track 1 - Choir Aahs + Track 3 - Choir Aahs|"
+                                    "Accordion|18|D4 – F4|1\n"
+                                    "Track 4 - String Ensemble 1|Accordion|18|A2 – A3|1\n"
+                                    "All|36|A2 – F4|1\n"));
+            QCOMPARE(
+                dialog.findChild<QLabel *>(QStringLiteral("lblSummary"))->text(),
+                QStringLiteral("36 of 73 notes are kept, by 2 player(s); 16 were doubled; for 21 no voice was free"));
+            QCOMPARE(dialog.findChild<QComboBox *>(QStringLiteral("cbBass"))->itemText(0),
+                     QStringLiteral("Found: Track 4 - String Ensemble 1"));
             const auto &player = *dialog.findChild<GroupPlayer *>();
-            for (const auto *const name : {"btnListenSource", "btnListenArrangement", "btnListenPart"}) {
+            for (const auto &[name, parts] :
+                 {std::pair("btnListenSource", 4), {"btnListenArrangement", 2}, {"btnListenPart", 1}}) {
                 dialog.findChild<QPushButton *>(QLatin1String(name))->click();
-                QVERIFY(player.isPlaying());
+                QCOMPARE(int(player.playing().size()), parts);
             }
             dialog.findChild<QPushButton *>(QStringLiteral("btnListenPart"))->click();
             QVERIFY(!player.isPlaying());
@@ -95,20 +116,37 @@ private slots:
 
     void changesAllParts_data()
     {
-        const Rows<QString, QByteArray, QByteArray, QString, QString> row("action", "first", "second", "one", "two");
-        row("transpose", "actionTranspose_Song", "K:C\nC", "K:G\nG", "K: D\nD", "K: A\nA");
-        row("trim", "actionTrim_Silence", "K:C\nz2 C", "K:C\nz3 D", "K: C\nC", "K: C\nz D");
-        row("pad", "actionPad_Parts", "K:C\nC", "K:C\nC2", "K: C\nC z \nL: 1/4", "K:C\nC2");
+        // choices: of the dialog's controls, "name property value"
+        const Rows<QString, QString, QByteArray, QByteArray, QString, QString> row("action", "choices", "first",
+                                                                                   "second", "one", "two");
+        row("transpose", "actionTranspose_Song", "spSongTranspose value 2", "K:C\nC", "K:G\nG", "1/4=120\nK: D\nD",
+            "1/4=120\nK: A\nA");
+        row("transpose and fold", "actionTranspose_Song", "spSongTranspose value 12", "K:C\nC c'''", "K:G\nG",
+            "1/4=120\nK: C\nc c'''", "1/4=120\nK: G\ng");
+        row("transpose and remove", "actionTranspose_Song", "spSongTranspose value 12;cbBeyondRange currentIndex 1",
+            "K:C\nC c'''", "K:G\nG", "1/4=120\nK: C\nc", "1/4=120\nK: G\ng");
+        row("trim", "actionTrim_Silence", "", "K:C\nz2 C", "K:C\nz3 D", "1/4=120\nK: C\nC", "1/4=120\nK: C\nz D");
+        row("pad", "actionPad_Parts", "", "K:C\nC", "K:C\nC2", "1/4=120\nK: C\nC z \nL: 1/4", "1/4=120\nK:C\nC2");
+        row("one tempo, the same moments", "actionOne_Tempo", "", "K:C\nC4", "Q:1/4=60\nK:C\nC z D2",
+            "1/4=120\nK:C\nC4", "1/4=120\nK: C\nC2 z2 \nD4");
+        row("one tempo, as written", "actionOne_Tempo", "rbWrittenLengths checked 1", "K:C\nC4",
+            "Q:1/4=60\nK:C\nC z D2", "1/4=120\nK:C\nC4", "1/4=120\nK: C\nC z D2");
+        row("another part's tempo", "actionOne_Tempo", "cbTempoOf currentIndex 1;rbWrittenLengths checked 1", "K:C\nC4",
+            "Q:1/4=60\nK:C\nC z D2", "1/4=60\nK: C\nC4", "1/4=60\nK:C\nC z D2");
     }
     void changesAllParts()
     {
         QFETCH(QString, action);
+        QFETCH(QString, choices);
         QFETCH(QByteArray, first);
         QFETCH(QByteArray, second);
         open(first, second);
         const auto before = fixture_->tracks().song();
-        fixture_->dialogs().inDialog = [](QDialog &dialog) {
-            dialog.findChild<QSpinBox *>(QStringLiteral("spSongTranspose"))->setValue(2);
+        fixture_->dialogs().inDialog = [choices](QDialog &dialog) {
+            for (const auto &choice : choices.split(u';', Qt::SkipEmptyParts)) {
+                const auto words = choice.split(u' ');
+                dialog.findChild<QWidget *>(words[0])->setProperty(qPrintable(words[1]), words[2].toInt());
+            }
             dialog.accept();
         };
         fixture_->trigger(action.toLatin1().constData());
@@ -145,9 +183,23 @@ private slots:
         QTRY_VERIFY(overview->hasShadow());
         source->trigger();
         QVERIFY(!overview->hasShadow());
+        source->trigger();
+        source->trigger(); // before it is read
+        QThreadPool::globalInstance()->waitForDone();
+        QCoreApplication::processEvents();
+        QVERIFY(!overview->hasShadow());
         QVERIFY(QFile::remove(file));
         source->trigger();
         QTRY_COMPARE(fixture_->dialogs().messages.size(), 1);
+        QVERIFY(!source->isChecked());
+
+        // Another song is heard as it is.
+        fixture_->write("jig.mid", WindowFixture::read(jig));
+        source->trigger();
+        QTRY_VERIFY(overview->hasShadow());
+        fixture_->dialogs().closeAnswer = Dialogs::CloseAnswer::Discard;
+        fixture_->trigger("actionNew_Song");
+        QTRY_VERIFY(fixture_->tracks().isEmpty());
         QVERIFY(!source->isChecked());
     }
 
@@ -177,7 +229,7 @@ private slots:
         dialogs.answerOrCancel = answer < 0 ? std::nullopt : std::optional(Dialogs::Answer(answer));
         dialogs.takeAsked();
         fixture_->row(0)->onTransposeUp();
-        QTEST(text(0), "expected");
+        QTEST(text(0).section(u'\n', 1), "expected");
         QCOMPARE(dialogs.takeAsked().size(), 1);
         fixture_->row(1)->onTransposeUp();
         QVERIFY(dialogs.takeAsked().isEmpty());

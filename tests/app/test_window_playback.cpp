@@ -14,6 +14,7 @@
 #include <QDial>
 #include <QLabel>
 #include <QMenu>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -242,6 +243,29 @@ private slots:
         }
     }
 
+    void zoomsByCommands()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        auto *const ruler = fixture_->child<TimeRuler>("timeRuler");
+        const auto whole = ruler->span().length;
+        const auto seen = [&] { return double(ruler->span().length) / double(whole); };
+        fixture_->trigger("actionZoom_In");
+        const auto once = seen();
+        QVERIFY(once < 0.9);
+        fixture_->trigger("actionZoom_In");
+        QVERIFY(std::abs(seen() - once * once) < 0.01);
+        fixture_->trigger("actionZoom_Out");
+        QVERIFY(std::abs(seen() - once) < 0.01);
+        auto *const bar = fixture_->child<QScrollBar>("songScrollBar");
+        bar->setValue(bar->maximum());
+        const auto last = overview(1)->span();
+        QVERIFY(whole - last.end() <= 1);
+        fixture_->trigger("actionFollow"); // no more
+        fixture_->trigger("actionPlay");
+        QTRY_VERIFY(ruler->position() > whole / 4);
+        QVERIFY(ruler->span() == last);
+    }
+
     void zoomsAllRowsTogether()
     {
         QVERIFY(fixture_->import(jig, 3));
@@ -432,8 +456,10 @@ private slots:
         bool isTyped = true;
         fixture_->dialogs().inDialog = [&](QDialog &dialog) {
             auto *const table = dialog.findChild<QTableWidget *>();
-            for (int row = 0; row < table->rowCount(); ++row)
+            for (int row = 0; row < table->rowCount(); ++row) {
+                QCOMPARE(table->item(row, 0)->text(), song[row]->track->title());
                 offsets.append(table->item(row, 1)->text());
+            }
             table->item(1, 1)->setText(QStringLiteral("-9000"));
             dialog.findChild<QSpinBox *>(QStringLiteral("spnSpread"))->setValue(1000);
             dialog.findChild<QRadioButton *>(QStringLiteral("rdoTyped"))->setChecked(isTyped);
@@ -445,10 +471,25 @@ private slots:
             fixture_->trigger("actionRehearsal_Offsets");
             fixture_->trigger("actionPlay");
         }
+        QSet<int> thrown;
+        for (int i = 0; i < 300; ++i)
+            thrown.insert(Rehearsal{true, true, 1}.dice());
+        QCOMPARE(thrown, QSet<int>({-1, 0, 1}));
         QCOMPARE(offsets.mid(0, 6).join(u' '), QStringLiteral("0 0 0 0 -2000 0")); // as far as it may be
         QVERIFY(offsets.mid(6) != QStringList({QStringLiteral("0"), QStringLiteral("-2000"), QStringLiteral("0")}));
         QVERIFY(fixture_->action("actionRehearsal")->isChecked());
         QVERIFY(fixture_->tracks().song() == song);
+        fixture_->dialogs().inDialog = [&](QDialog &dialog) {
+            auto *const table = dialog.findChild<QTableWidget *>();
+            QVERIFY(!table->isEnabled());
+            dialog.findChild<QSpinBox *>(QStringLiteral("spnSpread"))->setValue(2);
+            dialog.findChild<QPushButton *>(QStringLiteral("btnDice"))->click();
+            for (int row = 0; row < table->rowCount(); ++row)
+                QVERIFY(std::abs(table->item(row, 1)->text().toInt()) <= 2);
+            QVERIFY(table->isEnabled()); // whoever throws them now wants to keep them
+            dialog.reject();
+        };
+        fixture_->trigger("actionRehearsal_Offsets");
     }
 
     void isPicturedWhilePlaying()
@@ -502,6 +543,7 @@ private slots:
         QVERIFY(meter->channel(0).shownPeak() > 0 && meter->channel(1).shownPeak() > 0);
         QVERIFY(master->channel(0).shownPeak() > 0 && master->channel(1).shownPeak() > 0);
         QTRY_VERIFY(!overview(0)->pressedNotes().isEmpty());
+        QVERIFY(overview(0)->pressedNotes().size() <= 2); // of one note after the other
 
         tracks.setMuted({id}, true);
         listen();

@@ -23,6 +23,8 @@ private slots:
         row("plain is no expression", ".", "d", "", "0", "C cc Cc|\nc4 (C)\n");
         row("extended", "|\\n", " ", "x", "1", "C cc Cc c4 (C)\n");
         row("extended code", "\\x28C\\x29", "e\\tf", "x", "1", "C cc Cc|\nc4 e\tf\n");
+        row("extended signs", "c4", "\\\\\\q\\", "x", "1", "C cc Cc|\n\\\\q\\ (C)\n");
+        row("expression with signs", "c4", "\\$1\\t\\\\$", "rc", "1", "C cc Cc|\n$1\t\\$ (C)\n");
         row("expression", "([a-z])(\\d)", "$2\\1$0", "rc", "1", "C cc Cc|\n4cc4 (C)\n");
         row("expression with line ends", "^c", "d", "rc", "1", "C cc Cc|\nd4 (C)\n");
         row("expression with an empty match", "x*", "d", "r", "0", "C cc Cc|\nc4 (C)\n");

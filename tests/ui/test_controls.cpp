@@ -90,6 +90,15 @@ private slots:
                 .arg(int(D::DraftAnswer::KeepAsDraft))
                 .arg(int(D::DraftAnswer::Discard))
                 .arg(int(D::DraftAnswer::Fix)));
+        row(
+            "standard ABC",
+            [](D &d) {
+                const auto answer = d.askAboutForeign(nullptr, {}, QStringLiteral("<b>?"));
+                return answer ? QString::number(int(*answer)) : QStringLiteral("-");
+            },
+            QStringLiteral("Convert_for_the_Game=%1 Open_as_It_Is=%2 Cancel=-")
+                .arg(int(D::ForeignAnswer::Convert))
+                .arg(int(D::ForeignAnswer::OpenAsItIs)));
     }
 
     void asks()
@@ -169,6 +178,23 @@ private slots:
         }
         withNext<QFileDialog>([](QFileDialog &dialog) { dialog.reject(); });
         QCOMPARE(dialogs.saveFile(nullptr, {}, folder.path("a.kvsong"), filter), QString());
+
+        const auto song = folder.write("a.kvsong", "x");
+        const auto pickSong = [](QFileDialog &dialog) {
+            dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(QStringLiteral("a.kvsong"));
+            static_cast<QDialog &>(dialog).accept();
+        };
+        withNext<QFileDialog>(pickSong);
+        QCOMPARE(dialogs.openFile(nullptr, {}, folder.path(), filter), song);
+        withNext<QFileDialog>(pickSong);
+        QCOMPARE(dialogs.openFiles(nullptr, {}, folder.path(), filter), QStringList(song));
+        withNext<QFileDialog>([](QFileDialog &dialog) { static_cast<QDialog &>(dialog).accept(); });
+        QCOMPARE(dialogs.directory(nullptr, {}, folder.path()), folder.path());
+        for (const bool accepts : {true, false}) {
+            QDialog dialog;
+            QTimer::singleShot(0, &dialog, accepts ? &QDialog::accept : &QDialog::reject);
+            QCOMPARE(dialogs.run(dialog), accepts);
+        }
     }
 
     void showsWorkThatLasts()

@@ -76,7 +76,6 @@ RehearsalDialog::RehearsalDialog(const Rehearsal &rehearsal, const SongTracks &s
 
 void RehearsalDialog::fillParts(const SongTracks &song)
 {
-    parts_->setObjectName(QStringLiteral("tblParts"));
     parts_->setHorizontalHeaderLabels({tr("Part"), tr("Offset (ms)")});
     parts_->horizontalHeader()->setSectionResizeMode(Part, QHeaderView::Stretch);
     parts_->verticalHeader()->hide();

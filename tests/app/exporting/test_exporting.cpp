@@ -1,6 +1,7 @@
 // What the song becomes for other programs.
 #include "app/ExampleSongs.h"
 #include "app/WindowFixture.h"
+#include "app/exporting/ExportProgress.h"
 #include "audio/TempoMap.h"
 #include "support/GatedEngine.h"
 #include "support/Rows.h"
@@ -11,6 +12,7 @@
 #include <QDir>
 #include <QLabel>
 #include <QLockFile>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QToolButton>
 
@@ -42,6 +44,25 @@ private slots:
         QCOMPARE(dialogs.messages.first(),
                  QStringLiteral("Export to Wav|%1: The folder does not exist.").arg(fixture_->path("no/folder.wav")));
         QVERIFY(!fixture_->child<QWidget>("exportNote")->isVisible());
+    }
+
+    void tellsHowLongItTakes()
+    {
+        ExportProgress progress;
+        const auto *const dialog = progress.open(QStringLiteral("Song"), nullptr);
+        QCOMPARE(dialog->labelText(), QStringLiteral("Song\nLoading samples..."));
+        constexpr auto total = quint64(1) << 40;
+        progress.set(total / 4, total);
+        QCOMPARE(dialog->labelText(), QStringLiteral("Song"));
+        QVERIFY(std::abs(double(dialog->value()) / dialog->maximum() - 0.25) < 0.001);
+        QTest::qWait(1100);
+        progress.set(total / 3, total); // an eighth of the rest in that time
+        QVERIFY2(
+            QRegularExpression(QStringLiteral("^Song\n0:(0[89]|1\\d) left$")).match(dialog->labelText()).hasMatch(),
+            qPrintable(dialog->labelText()));
+        progress.close();
+        QVERIFY(!dialog->isVisible());
+        progress.set(1, 2);
     }
 
     // Before the first sample is there.
@@ -161,10 +182,12 @@ private slots:
         const auto wave = fixture_->path("jig.wav");
         fixture_->dialogs().files = QStringList(wave);
         fixture_->trigger("actionExport_to_Wav");
-        fixture_->trigger("actionExport_to_Wav"); // while it runs
-        QCOMPARE(fixture_->dialogs().takeMessages(),
-                 QStringList(QStringLiteral("Renderer in use|You are already rendering to wav, please wait for it to "
-                                            "finish and try again.")));
+        for (const auto *const action : {"actionExport_to_Wav", "actionExport_Audio"}) { // while it runs
+            fixture_->trigger(action);
+            QCOMPARE(fixture_->dialogs().takeMessages(),
+                     QStringList(QStringLiteral("Renderer in use|You are already rendering to wav, please wait for it "
+                                                "to finish and try again.")));
+        }
         QCOMPARE(fixture_->dialogs().asked, QStringList(QStringLiteral("Export tracks to wav...|Wave file (*.wav)")));
         fixture_->dialogs().closeAnswer = Dialogs::CloseAnswer::Discard;
         QVERIFY(!fixture_->window().close()); // the export would be lost

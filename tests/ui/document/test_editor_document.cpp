@@ -54,6 +54,21 @@ private slots:
         QCOMPARE(read.size(), 1);
     }
 
+    void checksOnItsInstrument()
+    {
+        Document document("C D\n");
+        Instrument lute;
+        lute.name = QStringLiteral("Lute");
+        lute.tuning.notes[60] = {{QStringLiteral("c.wav")}, 1, 261};
+        document.setInstrument(lute);
+        QTRY_COMPARE(document.findings().size(), 1);
+        QCOMPARE(int(document.findings()[0].kind), int(FindingKind::NoSample));
+        QCOMPARE(document.findings()[0].tick, unit);
+        lute.tuning.notes[62] = lute.tuning.notes[60];
+        document.setInstrument(lute);
+        QTRY_VERIFY(document.findings().isEmpty());
+    }
+
     void undoesEditsOfBothViews()
     {
         Document document("C D E\n");

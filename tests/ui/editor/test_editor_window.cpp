@@ -88,7 +88,7 @@ private slots:
         const Rows<QString, QString, QString, QString, int> row("view", "body", "keys", "result", "caret");
         row("text: notes and a chord", "text", "C D\n", "60 64,60,67 61", "C D C [CEG] ^C\n", 3);
         row("text: what holds in the measure", "text", "^C D | E\n", "61 60 61", "^C D C =C ^C | E\n", 4);
-        row("text: in the middle of a note", "text", "C2D2\n", "64", "C2 ED2\n", 1);
+        row("text: in the middle of a note", "text", "C2D2\n", "64 65", "C2 E FD2\n", 1);
         row("text: behind a comment", "text", "C % end", "64", "C % end\nE", 7);
         row("text: not of the instruments", "text", "C\n", "5 120", "C\n", 1);
         row("roll", "roll", "C D E F\n", "72 64,67", "[Cc] [DEG] E F\n", 0);
@@ -388,6 +388,7 @@ private slots:
         EditorFixture editor("C D\n");
         editor.show();
         QSignalSpy applied(&editor.window, &AbcEditorWindow::applied);
+        QCOMPARE(editor.window.windowTitle(), QStringLiteral("Test[*] – ABC Editor"));
         editor.insert("E ");
         editor.text->setFocus();
         QTest::keyClick(editor.text, Qt::Key_Return, Qt::ControlModifier);

@@ -74,6 +74,33 @@ private slots:
         QCOMPARE(dialog_->result(), int(QDialog::Accepted));
     }
 
+    void bindsOtherControls_data()
+    {
+        const Rows<QString, int, Settings::Setting, QString> row("control", "value", "setting", "kept");
+        row("language", "cboLanguage", 1, Settings::Language, "en");
+        row("standard ABC", "cboForeignAbc", 2, Settings::AbcForeign, "2");
+        row("semitones", "spnCheckSemitones", 7, Settings::CheckSemitones, "7");
+        row("notes at once", "spnCheckNotes", 9, Settings::CheckNotesAtOnce, "9");
+        row("characters", "spnCheckCharacters", 1234, Settings::CheckCharacters, "1234");
+        row("velocity", "spnVelocityGate", 33, Settings::MidiVelocityGate, "33");
+    }
+
+    void bindsOtherControls()
+    {
+        QFETCH(QString, control);
+        QFETCH(int, value);
+        QFETCH(Settings::Setting, setting);
+        const auto *const widget = dialog_->findChild<QWidget *>(control);
+        const auto before = settings_->value(setting).toString();
+        const bool isList = widget->inherits("QComboBox");
+        QVERIFY(isList || widget->property("value").toString() == before);
+        dialog_->findChild<QWidget *>(control)->setProperty(isList ? "currentIndex" : "value", value);
+        QCOMPARE(settings_->value(setting).toString(), before);
+        button(QDialogButtonBox::Ok)->click();
+        QTEST(settings_->value(setting).toString(), "kept");
+        QCOMPARE(dialogs_->messages.size(), setting == Settings::Language ? 1 : 0);
+    }
+
     void showsThePageOfTheSelectedRow()
     {
         auto *const selector = child<QListWidget>("propertySelector");
@@ -205,9 +232,14 @@ private slots:
         click("btnTestFmod");
         QVERIFY(!child<QPushButton>("btnTestFmod")->isEnabled());
         QTRY_VERIFY(child<QPushButton>("btnTestFmod")->isEnabled());
+        dialogs_->files = QStringList(QStringLiteral("/elsewhere/library"));
+        click("btnBrowseFmod");
+        dialogs_->files.clear();
+        click("btnBrowseFmod"); // cancelled
+        QTRY_VERIFY(child<QLabel>("lblFmod")->text().contains(QStringLiteral("/elsewhere/library")));
         button(QDialogButtonBox::Ok)->click();
         QCOMPARE(settings_->value(Settings::SoundEngine).toInt(), 1);
-        QCOMPARE(settings_->value(Settings::FmodFile).toString(), QStringLiteral("/nowhere/library"));
+        QCOMPARE(settings_->value(Settings::FmodFile).toString(), QStringLiteral("/elsewhere/library"));
     }
 
     void discardsWhenCancelled()

@@ -1,3 +1,4 @@
+#include "support/Outline.h"
 #include "support/Rows.h"
 #include "ui/report/ImportReportModel.h"
 #include "ui/report/ImportWords.h"
@@ -19,21 +20,6 @@ PartReport report(int notes, const QVector<QPair<Finding, int>> &counts, double 
     if (worstMs > 0)
         report.shifts.add(Shifts{{worstMs, 2 * ticksPerWholeNote}});
     return report;
-}
-
-// A row a line, those of kinds indented.
-QString describe(const ImportReportModel &model, const QModelIndex &parent = {})
-{
-    QString text;
-    for (int row = 0; row < model.rowCount(parent); ++row) {
-        QStringList cells;
-        for (int column = 0; column < model.columnCount(parent); ++column)
-            cells.append(model.data(model.index(row, column, parent)).toString());
-        cells.removeAll({});
-        text += (parent.isValid() ? QStringLiteral("  ") : QString()) + cells.join(u'|') + u'\n';
-        text += describe(model, model.index(row, 0, parent));
-    }
-    return text;
 }
 
 } // namespace
@@ -71,12 +57,12 @@ private slots:
         model.show({{QStringLiteral("T1"), track, lost},
                     {QStringLiteral("T2"), {}, report(4, {})},
                     {{}, {}, report(0, {{Finding::BelowVelocityGate, 1}})}});
-        QCOMPARE(describe(model), QStringLiteral("Flute\n"
-                                                 "  Notes struck again and lost|2|measure 1 (1 of 2)\n"
-                                                 "  Signs and fields without a meaning|3\n"
-                                                 "  Notes moved by up to 9 ms, 9 ms on average|1|measure 3\n"
-                                                 "In no part\n"
-                                                 "  Notes too soft|1\n"));
+        QCOMPARE(outline(model), QStringLiteral("Flute\n"
+                                                "  Notes struck again and lost|2|measure 1 (1 of 2)\n"
+                                                "  Signs and fields without a meaning|3\n"
+                                                "  Notes moved by up to 9 ms, 9 ms on average|1|measure 3\n"
+                                                "In no part\n"
+                                                "  Notes too soft|1\n"));
         const auto flute = model.index(0, 0);
         const auto restruck = model.index(0, 0, flute);
         QCOMPARE(model.place(restruck)->trackId, QStringLiteral("T1"));

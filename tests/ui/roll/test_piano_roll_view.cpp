@@ -1,5 +1,6 @@
 // What of a tune is seen, where, and what the roll says about it.
 #include "RollFixture.h"
+#include "support/Rows.h"
 #include "ui/PaintCounter.h"
 #include "ui/roll/RollKeyboard.h"
 #include "ui/roll/RollRuler.h"
@@ -160,6 +161,37 @@ private slots:
         auto *const keyboard = fixture.roll.findChild<RollKeyboard *>();
         RollFixture::move(keyboard, {50, fixture.at(0, 69).y()}, Qt::NoButton);
         QCOMPARE(fixture.state().keyUnderMouse, std::optional(69));
+    }
+
+    // Where the note will be, before it is.
+    void showsWhatIsDragged_data()
+    {
+        const Rows<double, double, int, QString> row("from", "to", "toPitch", "drawn");
+        row("moved", 3, 7, 67, "67: 6-8");
+        row("longer", 3.95, 7.1, 62, "62: 2-7");
+    }
+    void showsWhatIsDragged()
+    {
+        QFETCH(double, from);
+        QFETCH(double, to);
+        QFETCH(int, toPitch);
+        RollFixture fixture("C2D2");
+        RollFixture::move(fixture.canvas(), fixture.at(to, toPitch), Qt::NoButton);
+        const auto before = fixture.canvas()->grab().toImage();
+        QTest::mousePress(fixture.canvas(), Qt::LeftButton, {}, fixture.at(from, 62));
+        fixture.moveTo(fixture.at((from + to) / 2, toPitch));
+        fixture.moveTo(fixture.at(to, toPitch));
+        const auto picture = fixture.canvas()->grab().toImage();
+        const auto isChanged = [&](double eighths) {
+            const auto place = fixture.at(eighths, toPitch) * picture.devicePixelRatio();
+            return picture.pixel(place) != before.pixel(place);
+        };
+        int first = 0, end = 12;
+        while (first < end && !isChanged(first + 0.5))
+            ++first;
+        while (end > first && !isChanged(end - 0.5))
+            --end;
+        QTEST(QStringLiteral("%1: %2-%3").arg(toPitch).arg(first).arg(end), "drawn");
     }
 
     void actionsSayWhatHolds()

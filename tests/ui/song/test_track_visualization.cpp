@@ -202,6 +202,33 @@ private slots:
         QCOMPARE(line(Settings::DrawOctaveLines, false), bare);
     }
 
+    // What the source has instead, behind it.
+    void showsAShadow()
+    {
+        const auto bare = shown();
+        Track other;
+        other.appendEvent(TrackEvent::note(40, 0, songLength));
+        other.normalize();
+        widget_->setShadow(std::make_shared<const Track>(other));
+        QVERIFY(widget_->hasShadow());
+        QTRY_VERIFY(shown() != bare);
+        widget_->setShadow(nullptr);
+        QVERIFY(!widget_->hasShadow());
+        QTRY_COMPARE(shown(), bare);
+    }
+
+    void seeksWhileItIsDragged()
+    {
+        const QSignalSpy seeks(widget_.get(), &TrackVisualizationWidget::seek);
+        for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
+            QMouseEvent move(QEvent::MouseMove, {160, 9}, widget_->mapToGlobal(QPoint(160, 9)), Qt::NoButton, button,
+                             {});
+            QCoreApplication::sendEvent(widget_.get(), &move);
+        }
+        QCOMPARE(seeks.size(), 1);
+        QCOMPARE(seeks[0][0].toLongLong(), songLength / 2);
+    }
+
     // Also the shortest at the edge of a song that is far longer than the picture is wide.
     void everyNoteIsSeen()
     {

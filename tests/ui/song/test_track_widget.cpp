@@ -304,6 +304,17 @@ private slots:
         row_->setParent(nullptr);
     }
 
+    void opensItsMenu()
+    {
+        row_->show();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, row_->mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(row_.get(), &event);
+        auto *const menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        QCOMPARE(menu->actions().size(), row_->contextMenu()->actions().size());
+        menu->close();
+    }
+
     void asksForTheStartOffset()
     {
         QSignalSpy chosen(row_.get(), &TrackWidget::startOffsetChosen);

@@ -1,4 +1,5 @@
 #include "support/Rows.h"
+#include "ui/timeline/MarkTexts.h"
 #include "ui/timeline/PositionDisplay.h"
 #include "ui/timeline/TimeRuler.h"
 #include "ui/timeline/TimeZoom.h"
@@ -174,6 +175,39 @@ private slots:
         QCOMPARE(beginAfter([&] { zoom.setSongLength(50 * whole); }), 40 * whole);
         QCOMPARE(beginAfter([&] { zoom.setSongLength(5 * whole); }), Ticks(0));
         QVERIFY(zoom.isWhole());
+    }
+
+    // What holds at the left edge stands there, then what is seen; what has no room is left out.
+    void marksHaveTheirPlaces_data()
+    {
+        const Rows<double, QString> row("first", "places"); // in quarters, which are 100 wide
+        row("from the start", 0, "0 2/4, 0 ♩ = 90, 800 3/8 = 60, 1200 free, 1200 ♩ = 60");
+        row("later", 9, "0 2/4, 0 3/8 = 60, 300 free, 300 ♩ = 60");
+        row("at a change", 12, "0 free, 0 ♩ = 60");
+        row("what holds hides what follows at once", 7.9, "0 2/4, 0 ♩ = 90, 400 free, 400 ♩ = 60");
+    }
+    void marksHaveTheirPlaces()
+    {
+        QFETCH(double, first);
+        constexpr auto quarter = whole / 4;
+        const auto begin = Ticks(first * quarter);
+        const std::vector<TrackEvent> marks{TrackEvent::metre(0, 2, 4),
+                                            TrackEvent::tempo(0, 1, 4, 90),
+                                            TrackEvent::tempo(8 * quarter, 3, 8, 60),
+                                            TrackEvent::metre(12 * quarter, 0, 0),
+                                            TrackEvent::tempo(12 * quarter, 1, 4, 60),
+                                            TrackEvent::metre(40 * quarter, 7, 4)};
+        const QFontMetrics metrics((QFont()));
+        const auto found = placeMarks(marks, begin, 1600, metrics,
+                                      [&](Ticks tick) { return double(tick - begin) * 100 / double(quarter); });
+        QStringList places;
+        double free = 0;
+        for (const auto &place : found) {
+            QVERIFY(place.x >= free);
+            free = place.x + metrics.horizontalAdvance(place.text);
+            places.append(QStringLiteral("%1 %2").arg(int(place.x) / 100 * 100).arg(place.text));
+        }
+        QTEST(places.join(QStringLiteral(", ")), "places");
     }
 
     void displaysThePosition()
