@@ -1,14 +1,11 @@
 #include "base/FileState.h"
 
+#include "base/SystemFiles.h"
 #include "base/TextDecoding.h"
 
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
-
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
 
 namespace {
 
@@ -31,10 +28,8 @@ FileProtection protectionOf(const QString &path)
     const QFileInfo file(path);
     if (!file.exists())
         return FileProtection::None;
-#ifdef Q_OS_UNIX
-    if (file.ownerId() != geteuid())
+    if (const auto user = SystemFiles::userId(); user && file.ownerId() != *user)
         return FileProtection::OfAnotherUser;
-#endif
     return file.permission(QFile::WriteOwner) ? FileProtection::None : FileProtection::ReadOnly;
 }
 

@@ -1,5 +1,7 @@
 #include "base/SafeFile.h"
 
+#include "base/SystemFiles.h"
+
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QDirIterator>
@@ -11,20 +13,11 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <memory>
 #include <mutex>
 #include <shared_mutex>
-#ifdef Q_OS_UNIX
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-#else
-#include <filesystem>
-#include <io.h>
 #include <system_error>
-#endif
 
 namespace {
 
@@ -86,185 +79,68 @@ UnfinishedFiles &unfinishedFiles()
     return *files;
 }
 
-#ifdef Q_OS_UNIX
-
-[[noreturn]] void failWithErrno()
+SystemFiles::Path systemPath(const QString &path)
 {
-    throw SafeFile::causeOf(errno);
+    if constexpr (sizeof(SystemFiles::Path::value_type) == sizeof(char))
+        return QFile::encodeName(path).toStdString();
+    else
+        return path.toStdWString();
 }
 
-class Descriptor
+// What has the number of an errno is told by it; the rest as the system has it.
+QString causeOf(const std::error_code &error)
 {
-public:
-    explicit Descriptor(int descriptor) : descriptor_(descriptor)
-    {
-        if (descriptor_ < 0)
-            failWithErrno();
-    }
-    Descriptor(const Descriptor &) = delete;
-    Descriptor &operator=(const Descriptor &) = delete;
-    ~Descriptor() { close(descriptor_); }
-
-    void write(const QByteArray &bytes) const
-    {
-        for (qint64 written = 0; written < bytes.size();) {
-            const auto count = ::write(descriptor_, bytes.constData() + written, size_t(bytes.size() - written));
-            if (count < 0 && errno != EINTR)
-                failWithErrno();
-            written += std::max<qint64>(count, 0);
-        }
-    }
-
-    void sync() const
-    {
-        if (fsync(descriptor_) != 0)
-            failWithErrno();
-    }
-
-    // Of many files, all at once: the disk need not wait for the one that is synchronised first.
-    void beginSync() const
-    {
-#ifdef SYNC_FILE_RANGE_WRITE
-        sync_file_range(descriptor_, 0, 0, SYNC_FILE_RANGE_WRITE); // where it cannot be, sync() does all
-#endif
-    }
-
-    void setMode(mode_t mode) const
-    {
-        if (fchmod(descriptor_, mode) != 0)
-            failWithErrno();
-    }
-
-private:
-    int descriptor_;
-};
-
-int openNew(const QString &path)
-{
-    return open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    const auto condition = error.default_error_condition();
+    const bool isPlain = error.category() == std::generic_category() || condition == std::errc::no_space_on_device ||
+                         condition == std::errc::no_such_file_or_directory;
+    return isPlain ? SafeFile::causeOf(condition.value()) : QString::fromLocal8Bit(error.message().c_str());
 }
 
-int beginNew(const QString &path)
+// What the system refuses, in words.
+template<typename Work>
+auto told(Work work)
 {
-    return unfinishedFiles().change([&path] { return openNew(path); });
+    try {
+        return work();
+    } catch (const std::system_error &error) {
+        throw causeOf(error.code());
+    }
+}
+
+SystemFiles::OpenFile beginNew(const QString &path)
+{
+    return unfinishedFiles().change(
+        [&path] { return told([&path] { return SystemFiles::OpenFile::createNew(systemPath(path)); }); });
+}
+
+void writeTo(const SystemFiles::OpenFile &file, const QByteArray &bytes)
+{
+    told([&] { file.write({bytes.constData(), size_t(bytes.size())}); });
 }
 
 void create(const QString &path, const QByteArray &bytes)
 {
-    Descriptor(beginNew(path)).write(bytes);
+    writeTo(beginNew(path), bytes);
 }
 
 // It gets the permissions of the file that it shall replace.
-void synchronise(const Descriptor &replacement, const QString &target)
+void synchronise(const SystemFiles::OpenFile &replacement, const QString &target)
 {
-    struct stat old = {};
-    if (stat(QFile::encodeName(target).constData(), &old) == 0)
-        replacement.setMode(old.st_mode & 07777);
-    replacement.sync();
+    told([&] {
+        replacement.takePermissionsOf(systemPath(target));
+        replacement.synchronise();
+    });
 }
 
 void synchronise(const QString &replacement, const QString &target)
 {
-    const auto name = QFile::encodeName(replacement);
-    synchronise(Descriptor(open(name.constData(), O_RDONLY | O_CLOEXEC)), target);
-}
-
-// An empty file; false when there is something of that name.
-bool reserve(const QString &path)
-{
-    const int descriptor = openNew(path);
-    if (descriptor < 0 && errno == EEXIST)
-        return false;
-    const Descriptor file(descriptor);
-    return true;
-}
-
-void moveTo(const QString &target, const QString &replacement)
-{
-    if (rename(QFile::encodeName(replacement).constData(), QFile::encodeName(target).constData()) != 0)
-        failWithErrno();
+    const auto path = systemPath(replacement);
+    synchronise(told([&path] { return SystemFiles::OpenFile::openExisting(path); }), target);
 }
 
 void syncFolder(const QString &path)
 {
-    const auto name = QFile::encodeName(path);
-    Descriptor(open(name.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)).sync();
-}
-
-#else
-
-void create(QFile &file, const QByteArray &bytes)
-{
-    const bool isOpen = unfinishedFiles().change([&file] { return file.open(QIODevice::WriteOnly); });
-    if (!isOpen || file.write(bytes) != bytes.size() || !file.flush())
-        throw file.errorString();
-}
-
-void create(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    create(file, bytes);
-}
-
-void synchronise(const QString &replacement, const QString &)
-{
-    QFile file(replacement);
-    if (!file.open(QIODevice::ReadWrite))
-        throw file.errorString();
-    SafeFile::synchronise(file);
-}
-
-bool reserve(const QString &path)
-{
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-        return true;
-    if (QFileInfo::exists(path))
-        return false;
-    throw file.errorString();
-}
-
-void syncFolder(const QString &) {} // it cannot be done
-
-void moveTo(const QString &target, const QString &replacement)
-{
-    std::error_code error;
-    std::filesystem::rename(replacement.toStdU16String(), target.toStdU16String(), error);
-    if (error)
-        throw QString::fromLocal8Bit(error.message().c_str());
-}
-
-#endif
-
-// Where the system cannot move without replacing, an empty file keeps the place.
-bool moveToReserved(const QString &target, const QString &replacement)
-{
-    if (!reserve(target))
-        return false;
-    try {
-        moveTo(target, replacement);
-    } catch (...) {
-        QFile::remove(target);
-        throw;
-    }
-    return true;
-}
-
-// False when there is something of that name.
-bool moveToNew(const QString &target, const QString &replacement)
-{
-#ifdef RENAME_NOREPLACE
-    const auto from = QFile::encodeName(replacement);
-    const auto to = QFile::encodeName(target);
-    if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
-        return true;
-    if (errno == EEXIST)
-        return false;
-    const bool isUnknown = errno == EINVAL || errno == ENOSYS; // to the file system, or to the system
-    if (!isUnknown)
-        failWithErrno();
-#endif
-    return moveToReserved(target, replacement);
+    told([&path] { SystemFiles::synchroniseFolder(systemPath(path)); });
 }
 
 bool isRefused(QChar c)
@@ -396,40 +272,19 @@ void synchronise(QFile &file)
 {
     if (!file.flush())
         throw file.errorString();
-#ifdef Q_OS_UNIX
-    if (fsync(file.handle()) != 0)
-        failWithErrno();
-#else
-    if (_commit(file.handle()) != 0)
-        throw QString::fromLocal8Bit(std::strerror(errno));
-#endif
+    told([&file] { SystemFiles::synchronise(file.handle()); });
 }
-
-#ifdef Q_OS_UNIX
 
 struct Replacement::Open
 {
-    Descriptor file;
+    SystemFiles::OpenFile file;
 
     Open(const QString &path, const QByteArray &bytes) : file(beginNew(path))
     {
-        file.write(bytes);
-        file.beginSync();
+        writeTo(file, bytes);
+        file.beginSynchronising();
     }
-    void synchronise(const QString &target) { ::synchronise(file, target); }
 };
-
-#else
-
-struct Replacement::Open
-{
-    QFile file;
-
-    Open(const QString &path, const QByteArray &bytes) : file(path) { ::create(file, bytes); }
-    void synchronise(const QString &) { SafeFile::synchronise(file); }
-};
-
-#endif
 
 Replacement::Replacement(const QString &target)
 {
@@ -462,7 +317,7 @@ void Replacement::write(const QByteArray &bytes)
 
 void Replacement::synchronise()
 {
-    open_->synchronise(target_);
+    ::synchronise(open_->file, target_);
     open_.reset();
 }
 
@@ -480,11 +335,15 @@ void Replacement::commitUnsynchronised()
 
 bool Replacement::takePlace(Existing existing)
 {
-    isCommitted_ = unfinishedFiles().commit(path_, [this, existing] {
-        if (existing == Existing::Kept)
-            return moveToNew(target_, path_);
-        moveTo(target_, path_);
-        return true;
+    const auto from = systemPath(path_);
+    const auto to = systemPath(target_);
+    isCommitted_ = unfinishedFiles().commit(path_, [&] {
+        return told([&] {
+            if (existing == Existing::Kept)
+                return SystemFiles::moveToNew(to, from);
+            SystemFiles::moveOver(to, from);
+            return true;
+        });
     });
     return isCommitted_;
 }
