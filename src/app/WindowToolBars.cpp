@@ -6,7 +6,6 @@
 #include "ui/song/VUMeter.h"
 
 #include <QCoreApplication>
-#include <QLabel>
 #include <QMainWindow>
 #include <QMenu>
 #include <QSlider>
@@ -52,8 +51,7 @@ void fillMeterBar(QToolBar &bar, VUMeter &meter, QSlider &volume)
              Texts::tr("The level of all tracks together; red at its end: it was too loud (click to put it out)"));
     meter.setMinimumWidth(160);
     bar.addWidget(&meter);
-    auto *const speaker = new QLabel;
-    speaker->setPixmap(icon("speaker-volume").pixmap(24, 24));
+    auto *const speaker = new IconLabel("speaker-volume", 24);
     speaker->setContentsMargins(8, 0, 4, 0);
     bar.addWidget(speaker);
     describe(volume, "slMasterVolume", Texts::tr("Master volume"), Texts::tr("The playback volume of all tracks"));

@@ -33,6 +33,11 @@ void InstrumentComboBox::paintEvent(QPaintEvent *)
     painter.setPen(palette().color(QPalette::Text));
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    if (!hasFocus())
+        return;
+    QStyleOptionFocusRect ring;
+    ring.initFrom(this);
+    painter.drawPrimitive(QStyle::PE_FrameFocusRect, ring);
 }
 
 void InstrumentComboBox::wheelEvent(QWheelEvent *event)

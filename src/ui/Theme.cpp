@@ -1,5 +1,6 @@
 #include "ui/Theme.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QPainter>
 #include <QPalette>
@@ -53,6 +54,22 @@ class LightStyle : public QProxyStyle
 {
 public:
     LightStyle() : QProxyStyle(QStringLiteral("Fusion")) { setObjectName(QStringLiteral("fusion")); }
+
+    // Fusion's ring can hardly be seen; in lists it lies on a highlighted row, which can.
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override
+    {
+        if (element != PE_FrameFocusRect || qobject_cast<const QAbstractItemView *>(widget))
+            return QProxyStyle::drawPrimitive(element, option, painter, widget);
+        if (!option->state.testFlag(State_KeyboardFocusChange))
+            return;
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(QPen(focusColour(), 2));
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRoundedRect(QRectF(option->rect).adjusted(1, 1, -1, -1), 2, 2);
+        painter->restore();
+    }
 
     void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                      const QWidget *widget) const override
@@ -114,4 +131,14 @@ void applyTheme(Theme theme)
     QApplication::setPalette(palette);
     QApplication::setStyle(style);
     QToolTip::setPalette(palette);
+}
+
+bool isDarkTheme()
+{
+    return QApplication::palette().color(QPalette::Window).lightness() < 128;
+}
+
+QColor focusColour()
+{
+    return isDarkTheme() ? QColor(0xD6, 0xE6, 0xFF) : QColor(0x0B, 0x4F, 0x8A);
 }

@@ -1,5 +1,7 @@
 #include "ui/ValueDial.h"
 
+#include "ui/Theme.h"
+
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
@@ -57,7 +59,7 @@ void ValueDial::paintEvent(QPaintEvent *)
     drawArc(faint, -sweep, sweep);
     drawArc(accent, detent_ == Detent::AtNeutral ? angle(neutral_) : -sweep, angle(value()));
 
-    painter.setPen(Qt::NoPen);
+    painter.setPen(hasFocus() ? QPen(focusColour(), 2) : QPen(Qt::NoPen));
     painter.setBrush(hasFocus() ? accent.darker(180) : QColor(0x38, 0x3C, 0x42));
     painter.drawEllipse(knob.adjusted(5.5, 5.5, -5.5, -5.5));
     const double radians = angle(value()) * std::acos(-1.0) / 180.0;
@@ -113,6 +115,14 @@ void ValueDial::wheelEvent(QWheelEvent *event)
         QDial::wheelEvent(event);
     else
         event->ignore();
+}
+
+void ValueDial::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Backspace)
+        setValue(neutral_);
+    else
+        QDial::keyPressEvent(event);
 }
 
 void ValueDial::sliderChange(SliderChange change)

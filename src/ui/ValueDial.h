@@ -5,7 +5,7 @@
 #include <functional>
 
 // A small knob with its value written below. Turned by dragging up or down, the arrow keys, and the wheel once it has
-// the focus; a double click brings the neutral value back. On the interface thread.
+// the focus; a double click or Backspace brings the neutral value back. On the interface thread.
 class ValueDial : public QDial
 {
     Q_OBJECT
@@ -29,6 +29,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void sliderChange(SliderChange change) override;
 
 private:

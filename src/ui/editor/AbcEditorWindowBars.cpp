@@ -1,4 +1,5 @@
 // Menus and tool bar of the editor window.
+#include "ui/Icons.h"
 #include "ui/editor/AbcEditorWindow.h"
 #include "ui/editor/EditorActions.h"
 #include "ui/editor/EditorPlayback.h"
@@ -54,11 +55,11 @@ void AbcEditorWindow::createNotesMenu()
     notes->addSeparator();
     notes->addMenu(tr("&Enter"))->addActions(listOf(actions.entryActions()));
     notes->addAction(stepEntry_->action());
-    const auto add = [&](const QString &icon, const QString &title, const QVector<QAction *> &choices) {
-        notes->addMenu(QIcon(icon), title)->addActions(listOf(choices));
+    const auto add = [&](const char *name, const QString &title, const QVector<QAction *> &choices) {
+        notes->addMenu(icon(name), title)->addActions(listOf(choices));
     };
-    add(QStringLiteral(":/icons/notelength.png"), tr("Len&gth of New Notes"), actions.lengthActions());
-    add(QStringLiteral(":/icons/grid.png"), tr("S&nap"), actions.snapActions());
+    add("notelength", tr("Len&gth of New Notes"), actions.lengthActions());
+    add("grid", tr("Sn&ap"), actions.snapActions());
 }
 
 void AbcEditorWindow::createToolBar()
@@ -79,13 +80,13 @@ void AbcEditorWindow::createToolBar()
     add({Id::PlayFromStart, Id::PlayFromCaret, Id::LoopSelection, Id::Stop, Id::WithSong});
     addTempoControl(*bar);
     bar->addSeparator();
-    const auto addTool = [&](RollActions::Id id, const QString &icon) {
+    const auto addTool = [&](RollActions::Id id, const char *name) {
         auto *const tool = roll_->actions().action(id);
-        tool->setIcon(QIcon(icon));
+        tool->setIcon(icon(name));
         bar->addAction(tool);
     };
-    addTool(RollActions::SelectTool, QStringLiteral(":/icons/select.png"));
-    addTool(RollActions::DrawTool, QStringLiteral(":/icons/draw.png"));
+    addTool(RollActions::SelectTool, "select");
+    addTool(RollActions::DrawTool, "draw");
     addLengthControls(*bar);
     bar->addSeparator();
     add({Id::Find, Id::Replace});
@@ -101,7 +102,7 @@ void AbcEditorWindow::addLengthControls(QToolBar &bar)
     const auto add = [&](const QString &name, const QString &tip, const QVector<QAction *> &choices) {
         auto *const button = new QToolButton;
         button->setObjectName(name);
-        button->setIcon(QIcon(QStringLiteral(":/icons/%1.png").arg(name)));
+        button->setIcon(icon(name));
         button->setToolTip(tip);
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         button->setPopupMode(QToolButton::InstantPopup);

@@ -3,6 +3,7 @@
 #include "assets/GameInstallation.h"
 #include "language/Language.h"
 #include "ui/Dialogs.h"
+#include "ui/Icons.h"
 #include "ui/ImportSettingsBox.h"
 #include "ui/ManualPage.h"
 #include "ui/ScreenFit.h"
@@ -30,20 +31,12 @@
 
 namespace {
 
-QPushButton *namedButton(const QString &name, const QString &text, const QString &tip, const QString &icon = {})
+QPushButton *namedButton(const QString &name, const QString &text, const QString &tip, const char *drawing = nullptr)
 {
-    auto *const button = new QPushButton(QIcon(icon), text);
+    auto *const button = new QPushButton(drawing ? icon(drawing) : QIcon(), text);
     button->setObjectName(name);
     button->setToolTip(tip);
     return button;
-}
-
-// An icon that keeps its colours when its row is selected.
-QIcon rowIcon(const QString &name)
-{
-    QIcon icon(name);
-    icon.addFile(name, {}, QIcon::Selected);
-    return icon;
 }
 
 // A page with one group, which gets the rows.
@@ -83,14 +76,14 @@ PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, const
     connect(buttons, &QDialogButtonBox::rejected, this, &PreferencesDialog::reject);
     connect(apply_, &QPushButton::clicked, this, &PreferencesDialog::apply);
 
-    addPage(tr("Instruments"), QStringLiteral(":/icons/instrument.png"), instrumentsPage(), "instruments.md");
-    addPage(tr("Track Preview"), QStringLiteral(":/icons/preview.png"), previewPage(), "window.md");
-    addPage(tr("Midi Import"), QStringLiteral(":/icons/midiimport.png"), midiPage(), "import.md");
-    addPage(tr("ABC Import"), QStringLiteral(":/icons/import.png"), abcPage(), "import.md");
-    addPage(tr("Programs"), QStringLiteral(":/icons/applyinstrument.png"), programsPage(instruments), "import.md");
-    addPage(tr("Sound"), QStringLiteral(":/icons/sound.png"), soundPage(sound), "window.md");
-    addPage(tr("Checks"), QStringLiteral(":/icons/find.png"), checksPage(), "checks.md");
-    addPage(tr("Appearance"), QStringLiteral(":/icons/preferences.png"), appearancePage(), "window.md");
+    addPage(tr("Instruments"), "instrument", instrumentsPage(), "instruments.md");
+    addPage(tr("Track Preview"), "preview", previewPage(), "window.md");
+    addPage(tr("Midi Import"), "midiimport", midiPage(), "import.md");
+    addPage(tr("ABC Import"), "import", abcPage(), "import.md");
+    addPage(tr("Programs"), "applyinstrument", programsPage(instruments), "import.md");
+    addPage(tr("Sound"), "sound", soundPage(sound), "window.md");
+    addPage(tr("Checks"), "find", checksPage(), "checks.md");
+    addPage(tr("Appearance"), "preferences", appearancePage(), "window.md");
     constexpr int usualWidth = 160;
     selector_->setFixedWidth(std::max(usualWidth, selector_->sizeHintForColumn(0) + 2 * selector_->frameWidth()));
     selector_->setCurrentRow(0);
@@ -107,9 +100,9 @@ PreferencesDialog::PreferencesDialog(Settings &settings, Dialogs &dialogs, const
     fitToScreen(*this);
 }
 
-void PreferencesDialog::addPage(const QString &title, const QString &icon, QWidget *page, const char *manual)
+void PreferencesDialog::addPage(const QString &title, const char *drawing, QWidget *page, const char *manual)
 {
-    selector_->addItem(new QListWidgetItem(rowIcon(icon), title));
+    selector_->addItem(new QListWidgetItem(icon(drawing), title));
     auto *const area = new QScrollArea; // on a small screen
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
@@ -159,11 +152,10 @@ QWidget *PreferencesDialog::previewPage()
     swatch->setObjectName(QStringLiteral("clNoteColor"));
     swatch->setAccessibleName(tr("Note color"));
     swatch->setToolTip(tr("The color that notes are drawn in"));
-    auto *const pick =
-        namedButton(QStringLiteral("btnPickNoteColor"), tr("Change color"),
-                    tr("Choose the color that notes are drawn in"), QStringLiteral(":/icons/color-swatch.png"));
+    auto *const pick = namedButton(QStringLiteral("btnPickNoteColor"), tr("Change color"),
+                                   tr("Choose the color that notes are drawn in"), "color-swatch");
     auto *const reset = namedButton(QStringLiteral("btnResetNoteColor"), tr("Revert to default"),
-                                    tr("Draw notes in the usual color again"), QStringLiteral(":/icons/revert.png"));
+                                    tr("Draw notes in the usual color again"), "revert");
     const Binding binding{Settings::NoteColor, Restart::NotNeeded, Kind::Colour, nullptr, nullptr, swatch};
     bind(binding);
     connect(pick, &QPushButton::clicked, this, [this, binding] {

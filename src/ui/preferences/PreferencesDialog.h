@@ -44,7 +44,7 @@ private:
         ColourSwatch *swatch = nullptr;
     };
 
-    void addPage(const QString &title, const QString &icon, QWidget *page, const char *manual);
+    void addPage(const QString &title, const char *drawing, QWidget *page, const char *manual);
     QWidget *instrumentsPage();
     QWidget *previewPage();
     QWidget *midiPage();

@@ -11,6 +11,7 @@ namespace {
 
 constexpr int previewMilliseconds = 250;
 constexpr int edgeScrollMilliseconds = 30;
+constexpr int focusRing = 2; // pixels
 constexpr int normalHScale = 4;
 constexpr int normalVScale = 2;
 
@@ -23,6 +24,9 @@ PianoRoll::PianoRoll(EditorDocument &document, Settings &settings, QWidget *pare
       ruler_(new RollRuler(state_, this))
 {
     setFocusPolicy(Qt::StrongFocus);
+    setFrameShape(QFrame::Box);
+    setFrameShadow(QFrame::Plain);
+    setLineWidth(focusRing);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setAccessibleName(tr("Piano roll"));

@@ -55,6 +55,7 @@ signals:
     void lengthsChanged(); // the grid, or the length of new notes
 
 protected:
+    bool event(QEvent *event) override;
     bool viewportEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;

@@ -2,6 +2,7 @@
 #include "edit/NoteText.h"
 #include "settings/Settings.h"
 #include "ui/SharpPainter.h"
+#include "ui/Theme.h"
 #include "ui/roll/PianoRoll.h"
 #include "ui/roll/RollKeyboard.h"
 #include "ui/roll/RollRuler.h"
@@ -39,6 +40,20 @@ void PianoRoll::scrollContentsBy(int dx, int dy)
         ruler_->update(); // its marks at the left edge stay
     if (dy != 0)
         keyboard_->update();
+}
+
+// The frame says whether the keys are here. It lies outside what scrolls.
+bool PianoRoll::event(QEvent *event)
+{
+    const bool isHandled = QAbstractScrollArea::event(event);
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+        update();
+    if (event->type() != QEvent::Paint)
+        return isHandled;
+    QPainter painter(this);
+    painter.setPen(QPen(hasFocus() ? focusColour() : palette().color(QPalette::Mid), 2 * frameWidth()));
+    painter.drawRect(rect()); // the outer half of the line is cut off
+    return isHandled;
 }
 
 bool PianoRoll::viewportEvent(QEvent *event)

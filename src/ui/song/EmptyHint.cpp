@@ -1,14 +1,16 @@
 #include "ui/song/EmptyHint.h"
 
+#include "ui/Icons.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 
 namespace {
 
-QPushButton *largeButton(const QString &name, const QString &icon, const QString &text, const QString &tip)
+QPushButton *largeButton(const QString &name, const char *drawing, const QString &text, const QString &tip)
 {
-    auto *const button = new QPushButton(QIcon(icon), text);
+    auto *const button = new QPushButton(icon(drawing), text);
     button->setObjectName(name);
     button->setIconSize({24, 24});
     button->setMinimumSize(180, 44);
@@ -29,10 +31,10 @@ EmptyHint::EmptyHint(QWidget *parent) : QWidget(parent)
                                             "instruments and save as ABC."));
     auto *const pasteHint = new QLabel(tr("Text in ABC or MML can be pasted with Ctrl+V."));
 
-    auto *const midi = largeButton(QStringLiteral("btnHintImport"), QStringLiteral(":/icons/midiimport.png"),
-                                   tr("Import MIDI..."), tr("Choose a MIDI file (Ctrl+Shift+M)"));
-    auto *const abc = largeButton(QStringLiteral("btnHintOpen"), QStringLiteral(":/icons/open.png"), tr("Open ABC..."),
-                                  tr("Choose ABC files (Ctrl+O)"));
+    auto *const midi = largeButton(QStringLiteral("btnHintImport"), "midiimport", tr("Import MIDI..."),
+                                   tr("Choose a MIDI file (Ctrl+Shift+M)"));
+    auto *const abc =
+        largeButton(QStringLiteral("btnHintOpen"), "open", tr("Open ABC..."), tr("Choose ABC files (Ctrl+O)"));
     connect(midi, &QPushButton::clicked, this, &EmptyHint::importMidi);
     connect(abc, &QPushButton::clicked, this, &EmptyHint::openAbc);
 

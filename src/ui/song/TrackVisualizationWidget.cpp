@@ -254,8 +254,8 @@ void TrackVisualizationWidget::paintEvent(QPaintEvent *event)
         painter.fillRect(dirty, mutedVeil);
     paintLine(painter, dirty);
     if (hasFocus()) {
-        painter.setPen(palette().color(QPalette::Highlight).lighter(130));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        painter.setPen(QPen(palette().color(QPalette::Highlight).lighter(130), 2));
+        painter.drawRect(rect().adjusted(1, 1, -1, -1));
     }
 }
 

@@ -222,12 +222,15 @@ QRect TrackWidget::overviewRect() const
     return {wVis_->mapTo(this, QPoint()), wVis_->size()};
 }
 
-// Of the overview and its frame.
+// Of the overview and its frame, and of the first control of the row, which says what row it is.
 bool TrackWidget::eventFilter(QObject *watched, QEvent *event)
 {
     const bool isFiltered = QFrame::eventFilter(watched, event);
-    if (event->type() == QEvent::Resize || event->type() == QEvent::Move)
+    const bool isMoved = event->type() == QEvent::Resize || event->type() == QEvent::Move;
+    if (isMoved && watched != chkSelect_)
         emit overviewMoved();
+    if (watched == chkSelect_ && event->type() == QEvent::FocusIn && QAccessible::isActive())
+        chkSelect_->setAccessibleDescription(accessibleName() + QStringLiteral(": ") + spokenDescription());
     return isFiltered;
 }
 
@@ -345,5 +348,12 @@ void TrackWidget::changeEvent(QEvent *event)
     QFrame::changeEvent(event);
     // A row, whose style sheet sets its palette, hears of another theme by the style alone.
     if (event->type() == QEvent::StyleChange || event->type() == QEvent::PaletteChange)
-        showSelection();
+        showTheme();
+}
+
+void TrackWidget::showTheme()
+{
+    showSelection();
+    if (const auto sheet = TrackWidgetStyles::muteBox(); sheet != btnMute_->styleSheet())
+        btnMute_->setStyleSheet(sheet);
 }

@@ -138,6 +138,7 @@ private:
     void showInstrument();
     void showMissingInstrument(bool isMissing);
     void showSelection();
+    void showTheme();
     void showMuted(bool isMuted);
     void onInstrumentChosen(int row);
 

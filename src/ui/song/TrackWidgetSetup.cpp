@@ -55,8 +55,7 @@ QString panText(int percent)
 
 QVBoxLayout *belowIcon(ValueDial *dial, const char *iconName)
 {
-    auto *const picture = new QLabel(dial->parentWidget());
-    picture->setPixmap(icon(iconName).pixmap(16, 16));
+    auto *const picture = new IconLabel(iconName, 16, dial->parentWidget());
     picture->setToolTip(dial->toolTip());
     auto *const column = new QVBoxLayout;
     column->setSpacing(0);
@@ -156,6 +155,7 @@ void TrackWidget::layOut()
     frameLayout->addWidget(wVis_);
     frVisContainer->installEventFilter(this); // which moves
     wVis_->installEventFilter(this);          // which grows with it
+    chkSelect_->installEventFilter(this);     // at which the row is introduced
 
     auto *const buttons = new QGridLayout;
     buttons->setSpacing(0);

@@ -1,7 +1,7 @@
 #include "ui/song/TrackWidgetStyles.h"
 
-#include <QApplication>
-#include <QPalette>
+#include "ui/Icons.h"
+#include "ui/Theme.h"
 
 namespace TrackWidgetStyles {
 
@@ -20,17 +20,11 @@ constexpr char selectedDark[] = "TrackWidget { border: 1px solid black; border-r
                                 "qlineargradient(x1: 0, y1: 0, x2: 0, y2: 1, "
                                 "stop: 0 #77733A, stop: 0.4 #6B6732, stop: 0.5 #66622E, stop: 1.0 #545022); }";
 
-// Not the row's own palette, which its style sheet fills.
-bool isDark()
-{
-    return QApplication::palette().color(QPalette::Window).lightness() < 128;
-}
-
 } // namespace
 
 QString row(Look look)
 {
-    if (isDark())
+    if (isDarkTheme())
         return QLatin1String(look == Look::Selected ? selectedDark : normalDark);
     return QLatin1String(look == Look::Selected ? selected : normal);
 }
@@ -51,8 +45,9 @@ QString selectionBox()
 QString muteBox()
 {
     return QStringLiteral("QCheckBox::indicator\n{\n\tsubcontrol-position: center center;\n}\n"
-                          "QCheckBox::indicator:checked\n{\n\timage: url(:/icons/mutectx.png);\n}\n"
-                          "QCheckBox::indicator:unchecked\n{\n\timage: url(:/icons/soundctx.png);\n}");
+                          "QCheckBox::indicator:checked\n{\n\timage: url(%1);\n}\n"
+                          "QCheckBox::indicator:unchecked\n{\n\timage: url(%2);\n}")
+        .arg(iconFile(QStringLiteral("mutectx")), iconFile(QStringLiteral("soundctx")));
 }
 
 // As the editor marks what is not applied.

@@ -1,6 +1,7 @@
 #include "ui/text/FindBar.h"
 
 #include "settings/Settings.h"
+#include "ui/Icons.h"
 #include "ui/text/AbcTextEdit.h"
 
 #include <QCheckBox>
@@ -76,11 +77,11 @@ void FindBar::createOptions()
     direction_->setAccessibleName(tr("Direction"));
 }
 
-QToolButton *FindBar::addButton(const char *icon, const QString &text, const QString &tip, void (FindBar::*slot)())
+QToolButton *FindBar::addButton(const char *drawing, const QString &text, const QString &tip, void (FindBar::*slot)())
 {
     auto *const button = new QToolButton;
-    if (icon != nullptr)
-        button->setIcon(QIcon(QStringLiteral(":/icons/%1.png").arg(QLatin1String(icon))));
+    if (drawing != nullptr)
+        button->setIcon(icon(drawing));
     else
         button->setText(text);
     button->setAccessibleName(text);

@@ -46,7 +46,7 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
-    QToolButton *addButton(const char *icon, const QString &text, const QString &tip, void (FindBar::*slot)());
+    QToolButton *addButton(const char *drawing, const QString &text, const QString &tip, void (FindBar::*slot)());
     void createOptions();
     void layOut();
     void readSettings();

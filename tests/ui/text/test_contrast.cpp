@@ -1,13 +1,18 @@
 // Contrast ratios by the Web Content Accessibility Guidelines 2.1: 4.5 for text, 3 for signs.
+#include "ui/Icons.h"
 #include "ui/Theme.h"
+#include "ui/song/TrackWidgetStyles.h"
 #include "ui/text/EditorColours.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QPalette>
+#include <QRegularExpression>
 #include <QtTest>
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace {
 
@@ -32,6 +37,31 @@ QColor over(const QColor &ground, const QColor &film)
                             mixed(ground.blueF(), film.blueF()));
 }
 
+// What half of the ink of a drawing has at least; the rest are edges and fillings.
+double contrastOf(const QImage &drawing, const QColor &ground)
+{
+    std::vector<double> ratios;
+    for (int i = 0; i < drawing.width() * drawing.height(); ++i) {
+        const auto ink = drawing.pixelColor(i % drawing.width(), i / drawing.width());
+        if (ink.alphaF() > 0.8)
+            ratios.push_back(contrast(ink, ground));
+    }
+    if (ratios.empty())
+        return 0;
+    std::sort(ratios.begin(), ratios.end());
+    return ratios[ratios.size() / 2];
+}
+
+// Of a row from its top to its bottom.
+QVector<QColor> groundsOf(TrackWidgetStyles::Look look)
+{
+    static const QRegularExpression colour(QStringLiteral("stop: \\S+ (#[0-9A-F]{6})"));
+    QVector<QColor> grounds;
+    for (auto match = colour.globalMatch(TrackWidgetStyles::row(look)); match.hasNext();)
+        grounds.append(QColor(match.next().captured(1)));
+    return grounds;
+}
+
 } // namespace
 
 class TestContrast : public QObject
@@ -41,22 +71,27 @@ class TestContrast : public QObject
 private slots:
     void isEnough_data()
     {
-        QTest::addColumn<QColor>("colour");
-        QTest::addColumn<QColor>("ground");
+        QTest::addColumn<double>("ratio");
         QTest::addColumn<double>("least");
         for (const auto theme : {Theme::Light, Theme::Dark}) {
             applyTheme(theme);
-            const auto row = [&](const char *name, const QColor &colour, const QColor &ground, double least) {
-                QTest::addRow("%s %s", theme == Theme::Dark ? "dark" : "light", name) << colour << ground << least;
+            const auto row = [&](const QString &name, const QColor &colour, const QColor &ground, double least) {
+                QTest::addRow("%s %s", theme == Theme::Dark ? "dark" : "light", qPrintable(name))
+                    << contrast(colour, ground) << least;
+            };
+            const auto sign = [&](const QString &name, const QColor &ground) {
+                QTest::addRow("%s drawing %s on %s", theme == Theme::Dark ? "dark" : "light", qPrintable(name),
+                              qPrintable(ground.name()))
+                    << contrastOf(QImage(iconFile(name)), ground) << 3.0;
             };
             const auto palette = QApplication::palette();
             const auto window = palette.window().color(), base = palette.base().color();
-            row("window", palette.windowText().color(), window, 4.5);
-            row("button", palette.buttonText().color(), palette.button().color(), 4.5);
-            row("input", palette.text().color(), base, 4.5);
-            row("tip", palette.toolTipText().color(), palette.toolTipBase().color(), 4.5);
-            row("link", palette.link().color(), base, 4.5);
-            row("focus", palette.highlight().color(), base, 3);
+            row(QStringLiteral("window"), palette.windowText().color(), window, 4.5);
+            row(QStringLiteral("button"), palette.buttonText().color(), palette.button().color(), 4.5);
+            row(QStringLiteral("input"), palette.text().color(), base, 4.5);
+            row(QStringLiteral("tip"), palette.toolTipText().color(), palette.toolTipBase().color(), 4.5);
+            row(QStringLiteral("link"), palette.link().color(), base, 4.5);
+            row(QStringLiteral("focus"), palette.highlight().color(), base, 3);
             const auto &colours = EditorColours::of(palette);
             const auto line = over(base, colours.currentLine);
             for (const auto &[name, colour] : {std::pair("field", colours.field),
@@ -72,18 +107,30 @@ private slots:
                                                {"comment", colours.comment},
                                                {"tie", colours.tie},
                                                {"line number", colours.lineNumber}})
-                row(name, colour, line, 4.5);
-            row("problem", colours.problem, line, 3);
-            row("warning", colours.warning, line, 3);
+                row(QLatin1String(name), colour, line, 4.5);
+            row(QStringLiteral("ring"), focusColour(), window, 3);
+            for (const auto look : {TrackWidgetStyles::Look::Normal, TrackWidgetStyles::Look::Selected}) {
+                for (const auto &ground : groundsOf(look)) {
+                    row(QStringLiteral("ring on ") + ground.name(), focusColour(), ground, 3);
+                    for (const auto *const name : {"speaker-volume", "speaker-panning", "soundctx", "mutectx", "solo",
+                                                   "edittrack", "deletetrack", "moveup", "movedown"})
+                        sign(QLatin1String(name), ground);
+                }
+            }
+            for (const auto &file : QDir(QStringLiteral(":/icons")).entryList({QStringLiteral("*.png")})) {
+                const auto name = file.section(u'.', 0, 0);
+                if (!name.endsWith(u"@2x") && name != u"appicon" && name != u"color-swatch") // a sign on its ground
+                    sign(name, window);
+            }
+            row(QStringLiteral("problem"), colours.problem, line, 3);
+            row(QStringLiteral("warning"), colours.warning, line, 3);
         }
     }
 
     void isEnough()
     {
-        QFETCH(QColor, colour);
-        QFETCH(QColor, ground);
+        QFETCH(double, ratio);
         QFETCH(double, least);
-        const auto ratio = contrast(colour, ground);
         QVERIFY2(ratio >= least, qPrintable(QString::number(ratio)));
     }
 };
