@@ -16,7 +16,7 @@
         <translation>&amp;Noten</translation>
     </message>
     <message>
-        <source>S&amp;nap</source>
+        <source>Sn&amp;ap</source>
         <translation>Ei&amp;nrasten</translation>
     </message>
     <message>
@@ -1894,6 +1894,133 @@ Möchten Sie ihn abbrechen?</translation>
     </message>
 </context>
 <context>
+    <name>FixedKeys</name>
+    <message>
+        <source>Cancel what takes long</source>
+        <translation>Abbrechen, was lange dauert</translation>
+    </message>
+    <message>
+        <source>Next control</source>
+        <translation>Nächstes Bedienelement</translation>
+    </message>
+    <message>
+        <source>Previous control</source>
+        <translation>Voriges Bedienelement</translation>
+    </message>
+    <message>
+        <source>Press the button, tick the box</source>
+        <translation>Knopf drücken, Kästchen ankreuzen</translation>
+    </message>
+    <message>
+        <source>Title of a track: rename it</source>
+        <translation>Titel einer Spur: umbenennen</translation>
+    </message>
+    <message>
+        <source>Overview of a track: a measure back</source>
+        <translation>Übersicht einer Spur: einen Takt zurück</translation>
+    </message>
+    <message>
+        <source>Overview of a track: a measure on</source>
+        <translation>Übersicht einer Spur: einen Takt weiter</translation>
+    </message>
+    <message>
+        <source>Overview of a track: to the start</source>
+        <translation>Übersicht einer Spur: zum Anfang</translation>
+    </message>
+    <message>
+        <source>Dial, slider or list: more, the one before</source>
+        <translation>Drehknopf, Regler oder Liste: mehr, das vorige</translation>
+    </message>
+    <message>
+        <source>Dial, slider or list: less, the one behind</source>
+        <translation>Drehknopf, Regler oder Liste: weniger, das nächste</translation>
+    </message>
+    <message>
+        <source>Dial: its usual value</source>
+        <translation>Drehknopf: sein üblicher Wert</translation>
+    </message>
+    <message>
+        <source>List of instruments: open it</source>
+        <translation>Instrumentenliste: öffnen</translation>
+    </message>
+    <message>
+        <source>The menu of the track, the notes or the text</source>
+        <translation>Das Menü der Spur, der Noten oder des Texts</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Handbuch</translation>
+    </message>
+    <message>
+        <source>Take the first completion</source>
+        <translation>Die erste Ergänzung nehmen</translation>
+    </message>
+    <message>
+        <source>Next word</source>
+        <translation>Nächstes Wort</translation>
+    </message>
+    <message>
+        <source>Previous word</source>
+        <translation>Voriges Wort</translation>
+    </message>
+    <message>
+        <source>Start of the line</source>
+        <translation>Anfang der Zeile</translation>
+    </message>
+    <message>
+        <source>End of the line</source>
+        <translation>Ende der Zeile</translation>
+    </message>
+    <message>
+        <source>Start of the text</source>
+        <translation>Anfang des Texts</translation>
+    </message>
+    <message>
+        <source>End of the text</source>
+        <translation>Ende des Texts</translation>
+    </message>
+    <message>
+        <source>A page down</source>
+        <translation>Eine Seite nach unten</translation>
+    </message>
+    <message>
+        <source>A page up</source>
+        <translation>Eine Seite nach oben</translation>
+    </message>
+    <message>
+        <source>Select on</source>
+        <translation>Weiter auswählen</translation>
+    </message>
+    <message>
+        <source>Select back</source>
+        <translation>Zurück auswählen</translation>
+    </message>
+    <message>
+        <source>Select to the next word</source>
+        <translation>Bis zum nächsten Wort auswählen</translation>
+    </message>
+    <message>
+        <source>Select to the previous word</source>
+        <translation>Bis zum vorigen Wort auswählen</translation>
+    </message>
+    <message>
+        <source>Select down</source>
+        <translation>Nach unten auswählen</translation>
+    </message>
+    <message>
+        <source>Select up</source>
+        <translation>Nach oben auswählen</translation>
+    </message>
+    <message>
+        <source>Delete to the end of the word</source>
+        <translation>Bis zum Ende des Worts löschen</translation>
+    </message>
+    <message>
+        <source>Delete to the start of the word</source>
+        <translation>Bis zum Anfang des Worts löschen</translation>
+    </message>
+</context>
+<context>
     <name>FmodLibrary</name>
     <message>
         <source>%1 is no FMOD library, or one that is not supported: it has no %2.</source>
@@ -3551,6 +3678,14 @@ Möchten Sie es jetzt herunterladen?</translation>
         <source>Failed to check for updates: %1</source>
         <translation>Die Suche nach Updates ist gescheitert: %1</translation>
     </message>
+    <message>
+        <source>Keyboard Shortcuts...</source>
+        <translation>Tastenkürzel...</translation>
+    </message>
+    <message>
+        <source>Show and change the keys of all commands</source>
+        <translation>Die Tasten aller Befehle zeigen und ändern</translation>
+    </message>
 </context>
 <context>
     <name>ProgramNames</name>
@@ -4442,7 +4577,7 @@ Neu schreiben?</translation>
         <translation>Die ausgewählten Noten hinter sich selbst wiederholen</translation>
     </message>
     <message>
-        <source>D&amp;elete Notes</source>
+        <source>Delete N&amp;otes</source>
         <translation>Noten &amp;löschen</translation>
     </message>
     <message>
@@ -4610,7 +4745,7 @@ Neu schreiben?</translation>
         <translation>Die Spur ab dem Cursor abspielen</translation>
     </message>
     <message>
-        <source>&amp;Finer Grid</source>
+        <source>Fin&amp;er Grid</source>
         <translation>F&amp;eineres Raster</translation>
     </message>
     <message>
@@ -4626,7 +4761,7 @@ Neu schreiben?</translation>
         <translation>Auf die nächstlängere Länge einrasten</translation>
     </message>
     <message>
-        <source>Zoom &amp;In</source>
+        <source>&amp;Zoom In</source>
         <translation>Hine&amp;inzoomen</translation>
     </message>
     <message>
@@ -4634,7 +4769,7 @@ Neu schreiben?</translation>
         <translation>Die Zeit breiter zeigen (Strg+Mausrad)</translation>
     </message>
     <message>
-        <source>Zoom &amp;Out</source>
+        <source>Zoom O&amp;ut</source>
         <translation>Herausz&amp;oomen</translation>
     </message>
     <message>
@@ -4658,7 +4793,7 @@ Neu schreiben?</translation>
         <translation>Tonhöhen niedriger zeigen (Strg+Umschalt+Mausrad)</translation>
     </message>
     <message>
-        <source>&amp;Normal Size</source>
+        <source>Nor&amp;mal Size</source>
         <translation>Norm&amp;ale Größe</translation>
     </message>
     <message>
@@ -4666,7 +4801,7 @@ Neu schreiben?</translation>
         <translation>Zeit und Tonhöhen in ihrer üblichen Größe zeigen</translation>
     </message>
     <message>
-        <source>&amp;Follow Playback</source>
+        <source>Follow Pla&amp;yback</source>
         <translation>Wie&amp;dergabe folgen</translation>
     </message>
     <message>
@@ -4915,6 +5050,130 @@ Neu schreiben?</translation>
     <message>
         <source>Not a regular file.</source>
         <translation>Keine gewöhnliche Datei.</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutsDialog</name>
+    <message>
+        <source>Main window</source>
+        <translation>Hauptfenster</translation>
+    </message>
+    <message>
+        <source>Controls that have the keys</source>
+        <translation>Bedienelemente mit dem Fokus</translation>
+    </message>
+    <message>
+        <source>Editor</source>
+        <translation>Editor</translation>
+    </message>
+    <message>
+        <source>Editor, in the text</source>
+        <translation>Editor, im Text</translation>
+    </message>
+    <message>
+        <source>Editor, in the piano roll</source>
+        <translation>Editor, in der Pianorolle</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Find a command or a key</source>
+        <translation>Befehl oder Taste suchen</translation>
+    </message>
+    <message>
+        <source>Reset &amp;All</source>
+        <translation>&amp;Alle zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Every command gets its usual key again</source>
+        <translation>Jeder Befehl bekommt wieder seine übliche Taste</translation>
+    </message>
+    <message>
+        <source>Commands and their keys</source>
+        <translation>Befehle und ihre Tasten</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Taste</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>&amp;Key:</source>
+        <translation>Tas&amp;te:</translation>
+    </message>
+    <message>
+        <source>Press the keys that the chosen command is to have</source>
+        <translation>Drücken Sie die Tasten, die der gewählte Befehl haben soll</translation>
+    </message>
+    <message>
+        <source>A&amp;ssign</source>
+        <translation>&amp;Zuweisen</translation>
+    </message>
+    <message>
+        <source>The chosen command gets this key</source>
+        <translation>Der gewählte Befehl bekommt diese Taste</translation>
+    </message>
+    <message>
+        <source>&amp;Take It from There</source>
+        <translation>Dort weg&amp;nehmen</translation>
+    </message>
+    <message>
+        <source>The command that has this key loses it</source>
+        <translation>Der Befehl, der diese Taste hat, verliert sie</translation>
+    </message>
+    <message>
+        <source>&amp;No Key</source>
+        <translation>&amp;Keine Taste</translation>
+    </message>
+    <message>
+        <source>The chosen command has no key any more</source>
+        <translation>Der gewählte Befehl hat keine Taste mehr</translation>
+    </message>
+    <message>
+        <source>&amp;Reset</source>
+        <translation>Zu&amp;rücksetzen</translation>
+    </message>
+    <message>
+        <source>The chosen command gets its usual key again</source>
+        <translation>Der gewählte Befehl bekommt wieder seine übliche Taste</translation>
+    </message>
+    <message>
+        <source>fixed</source>
+        <translation>fest</translation>
+    </message>
+    <message>
+        <source>changed</source>
+        <translation>geändert</translation>
+    </message>
+    <message>
+        <source>Choose a command.</source>
+        <translation>Wählen Sie einen Befehl.</translation>
+    </message>
+    <message>
+        <source>This key is fixed.</source>
+        <translation>Diese Taste ist fest.</translation>
+    </message>
+    <message>
+        <source>%1 is typed into the text.</source>
+        <translation>%1 wird in den Text getippt.</translation>
+    </message>
+    <message>
+        <source>%1 is the key of &quot;%2&quot; (%3).</source>
+        <comment>key, command, where it works</comment>
+        <translation>%1 ist die Taste von „%2“ (%3).</translation>
+    </message>
+    <message>
+        <source>It is fixed.</source>
+        <translation>Sie ist fest.</translation>
     </message>
 </context>
 <context>
@@ -5730,6 +5989,70 @@ Stattdessen um Oktaven in den Umfang zurückversetzen?</numerusform>
         <source>Could not merge tracks: %1</source>
         <translation>Die Spuren ließen sich nicht zusammenführen: %1</translation>
     </message>
+    <message>
+        <source>Next Track</source>
+        <translation>Nächste Spur</translation>
+    </message>
+    <message>
+        <source>Go to the track below, at the same control</source>
+        <translation>Zur Spur darunter gehen, zum selben Bedienelement</translation>
+    </message>
+    <message>
+        <source>Previous Track</source>
+        <translation>Vorige Spur</translation>
+    </message>
+    <message>
+        <source>Go to the track above, at the same control</source>
+        <translation>Zur Spur darüber gehen, zum selben Bedienelement</translation>
+    </message>
+    <message>
+        <source>Rename Track...</source>
+        <translation>Spur umbenennen...</translation>
+    </message>
+    <message>
+        <source>Change the title of the track that has the keys</source>
+        <translation>Den Titel der Spur ändern, die den Fokus hat</translation>
+    </message>
+    <message>
+        <source>Open ABC Editor</source>
+        <translation>ABC-Editor öffnen</translation>
+    </message>
+    <message>
+        <source>Edit the track that has the keys</source>
+        <translation>Die Spur bearbeiten, die den Fokus hat</translation>
+    </message>
+    <message>
+        <source>Solo</source>
+        <translation>Solo</translation>
+    </message>
+    <message>
+        <source>Hear only the track that has the keys, or all that are selected with it</source>
+        <translation>Nur die Spur hören, die den Fokus hat, oder alle, die mit ihr ausgewählt sind</translation>
+    </message>
+    <message>
+        <source>Move Track Up</source>
+        <translation>Spur nach oben</translation>
+    </message>
+    <message>
+        <source>Move the track that has the keys up</source>
+        <translation>Die Spur, die den Fokus hat, nach oben bewegen</translation>
+    </message>
+    <message>
+        <source>Move Track Down</source>
+        <translation>Spur nach unten</translation>
+    </message>
+    <message>
+        <source>Move the track that has the keys down</source>
+        <translation>Die Spur, die den Fokus hat, nach unten bewegen</translation>
+    </message>
+    <message>
+        <source>Describe Track</source>
+        <translation>Spur beschreiben</translation>
+    </message>
+    <message>
+        <source>Tell instrument, volume, mute and level of the track that has the keys</source>
+        <translation>Instrument, Lautstärke, Stummschaltung und Pegel der Spur sagen, die den Fokus hat</translation>
+    </message>
 </context>
 <context>
     <name>TrackList</name>
@@ -6149,6 +6472,14 @@ Bitte wählen Sie andere.</translation>
     <message>
         <source>Keep what sounds in view</source>
         <translation>Was klingt, im Blick behalten</translation>
+    </message>
+    <message>
+        <source>Put Out Red Lights</source>
+        <translation>Rote Lichter löschen</translation>
+    </message>
+    <message>
+        <source>Forget which levels were too loud</source>
+        <translation>Vergessen, welche Pegel zu hoch waren</translation>
     </message>
 </context>
 <context>

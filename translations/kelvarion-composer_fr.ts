@@ -16,7 +16,7 @@
         <translation>&amp;Notes</translation>
     </message>
     <message>
-        <source>S&amp;nap</source>
+        <source>Sn&amp;ap</source>
         <translation>&amp;Magnétisme</translation>
     </message>
     <message>
@@ -1894,6 +1894,133 @@ Voulez-vous l’arrêter ?</translation>
     </message>
 </context>
 <context>
+    <name>FixedKeys</name>
+    <message>
+        <source>Cancel what takes long</source>
+        <translation>Annuler ce qui dure longtemps</translation>
+    </message>
+    <message>
+        <source>Next control</source>
+        <translation>Commande suivante</translation>
+    </message>
+    <message>
+        <source>Previous control</source>
+        <translation>Commande précédente</translation>
+    </message>
+    <message>
+        <source>Press the button, tick the box</source>
+        <translation>Presser le bouton, cocher la case</translation>
+    </message>
+    <message>
+        <source>Title of a track: rename it</source>
+        <translation>Titre d’une piste : la renommer</translation>
+    </message>
+    <message>
+        <source>Overview of a track: a measure back</source>
+        <translation>Aperçu d’une piste : une mesure en arrière</translation>
+    </message>
+    <message>
+        <source>Overview of a track: a measure on</source>
+        <translation>Aperçu d’une piste : une mesure en avant</translation>
+    </message>
+    <message>
+        <source>Overview of a track: to the start</source>
+        <translation>Aperçu d’une piste : au début</translation>
+    </message>
+    <message>
+        <source>Dial, slider or list: more, the one before</source>
+        <translation>Molette, curseur ou liste : plus, le précédent</translation>
+    </message>
+    <message>
+        <source>Dial, slider or list: less, the one behind</source>
+        <translation>Molette, curseur ou liste : moins, le suivant</translation>
+    </message>
+    <message>
+        <source>Dial: its usual value</source>
+        <translation>Molette : sa valeur habituelle</translation>
+    </message>
+    <message>
+        <source>List of instruments: open it</source>
+        <translation>Liste des instruments : l’ouvrir</translation>
+    </message>
+    <message>
+        <source>The menu of the track, the notes or the text</source>
+        <translation>Le menu de la piste, des notes ou du texte</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Manuel</translation>
+    </message>
+    <message>
+        <source>Take the first completion</source>
+        <translation>Prendre la première proposition</translation>
+    </message>
+    <message>
+        <source>Next word</source>
+        <translation>Mot suivant</translation>
+    </message>
+    <message>
+        <source>Previous word</source>
+        <translation>Mot précédent</translation>
+    </message>
+    <message>
+        <source>Start of the line</source>
+        <translation>Début de la ligne</translation>
+    </message>
+    <message>
+        <source>End of the line</source>
+        <translation>Fin de la ligne</translation>
+    </message>
+    <message>
+        <source>Start of the text</source>
+        <translation>Début du texte</translation>
+    </message>
+    <message>
+        <source>End of the text</source>
+        <translation>Fin du texte</translation>
+    </message>
+    <message>
+        <source>A page down</source>
+        <translation>Une page vers le bas</translation>
+    </message>
+    <message>
+        <source>A page up</source>
+        <translation>Une page vers le haut</translation>
+    </message>
+    <message>
+        <source>Select on</source>
+        <translation>Sélectionner en avant</translation>
+    </message>
+    <message>
+        <source>Select back</source>
+        <translation>Sélectionner en arrière</translation>
+    </message>
+    <message>
+        <source>Select to the next word</source>
+        <translation>Sélectionner jusqu’au mot suivant</translation>
+    </message>
+    <message>
+        <source>Select to the previous word</source>
+        <translation>Sélectionner jusqu’au mot précédent</translation>
+    </message>
+    <message>
+        <source>Select down</source>
+        <translation>Sélectionner vers le bas</translation>
+    </message>
+    <message>
+        <source>Select up</source>
+        <translation>Sélectionner vers le haut</translation>
+    </message>
+    <message>
+        <source>Delete to the end of the word</source>
+        <translation>Effacer jusqu’à la fin du mot</translation>
+    </message>
+    <message>
+        <source>Delete to the start of the word</source>
+        <translation>Effacer jusqu’au début du mot</translation>
+    </message>
+</context>
+<context>
     <name>FmodLibrary</name>
     <message>
         <source>There is no file %1.</source>
@@ -3551,6 +3678,14 @@ Voulez-vous le télécharger maintenant ?</translation>
         <source>Failed to check for updates: %1</source>
         <translation>La recherche de mises à jour a échoué : %1</translation>
     </message>
+    <message>
+        <source>Keyboard Shortcuts...</source>
+        <translation>Raccourcis clavier...</translation>
+    </message>
+    <message>
+        <source>Show and change the keys of all commands</source>
+        <translation>Montrer et changer les touches de toutes les commandes</translation>
+    </message>
 </context>
 <context>
     <name>ProgramNames</name>
@@ -4442,7 +4577,7 @@ Le réécrire ?</translation>
         <translation>Répéter les notes sélectionnées à leur suite</translation>
     </message>
     <message>
-        <source>D&amp;elete Notes</source>
+        <source>Delete N&amp;otes</source>
         <translation>Su&amp;pprimer les notes</translation>
     </message>
     <message>
@@ -4610,7 +4745,7 @@ Le réécrire ?</translation>
         <translation>Lire la piste depuis le curseur</translation>
     </message>
     <message>
-        <source>&amp;Finer Grid</source>
+        <source>Fin&amp;er Grid</source>
         <translation>Grille plus f&amp;ine</translation>
     </message>
     <message>
@@ -4626,7 +4761,7 @@ Le réécrire ?</translation>
         <translation>Aimanter à la durée plus longue suivante</translation>
     </message>
     <message>
-        <source>Zoom &amp;In</source>
+        <source>&amp;Zoom In</source>
         <translation>Zoom a&amp;vant</translation>
     </message>
     <message>
@@ -4634,7 +4769,7 @@ Le réécrire ?</translation>
         <translation>Élargir le temps (Ctrl+molette)</translation>
     </message>
     <message>
-        <source>Zoom &amp;Out</source>
+        <source>Zoom O&amp;ut</source>
         <translation>Z&amp;oom arrière</translation>
     </message>
     <message>
@@ -4658,7 +4793,7 @@ Le réécrire ?</translation>
         <translation>Réduire les hauteurs (Ctrl+Maj+molette)</translation>
     </message>
     <message>
-        <source>&amp;Normal Size</source>
+        <source>Nor&amp;mal Size</source>
         <translation>Taille nor&amp;male</translation>
     </message>
     <message>
@@ -4666,7 +4801,7 @@ Le réécrire ?</translation>
         <translation>Montrer temps et hauteurs à leur taille habituelle</translation>
     </message>
     <message>
-        <source>&amp;Follow Playback</source>
+        <source>Follow Pla&amp;yback</source>
         <translation>S&amp;uivre la lecture</translation>
     </message>
     <message>
@@ -4915,6 +5050,130 @@ Le réécrire ?</translation>
     <message>
         <source>Not a regular file.</source>
         <translation>Pas un fichier ordinaire.</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutsDialog</name>
+    <message>
+        <source>Main window</source>
+        <translation>Fenêtre principale</translation>
+    </message>
+    <message>
+        <source>Controls that have the keys</source>
+        <translation>Commandes qui ont le clavier</translation>
+    </message>
+    <message>
+        <source>Editor</source>
+        <translation>Éditeur</translation>
+    </message>
+    <message>
+        <source>Editor, in the text</source>
+        <translation>Éditeur, dans le texte</translation>
+    </message>
+    <message>
+        <source>Editor, in the piano roll</source>
+        <translation>Éditeur, dans le piano roll</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Raccourcis clavier</translation>
+    </message>
+    <message>
+        <source>Find a command or a key</source>
+        <translation>Chercher une commande ou une touche</translation>
+    </message>
+    <message>
+        <source>Reset &amp;All</source>
+        <translation>&amp;Tout rétablir</translation>
+    </message>
+    <message>
+        <source>Every command gets its usual key again</source>
+        <translation>Chaque commande retrouve sa touche habituelle</translation>
+    </message>
+    <message>
+        <source>Commands and their keys</source>
+        <translation>Les commandes et leurs touches</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Commande</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Touche</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>État</translation>
+    </message>
+    <message>
+        <source>&amp;Key:</source>
+        <translation>&amp;Touche :</translation>
+    </message>
+    <message>
+        <source>Press the keys that the chosen command is to have</source>
+        <translation>Pressez les touches que la commande choisie doit avoir</translation>
+    </message>
+    <message>
+        <source>A&amp;ssign</source>
+        <translation>A&amp;ssigner</translation>
+    </message>
+    <message>
+        <source>The chosen command gets this key</source>
+        <translation>La commande choisie reçoit cette touche</translation>
+    </message>
+    <message>
+        <source>&amp;Take It from There</source>
+        <translation>&amp;Prendre là-bas</translation>
+    </message>
+    <message>
+        <source>The command that has this key loses it</source>
+        <translation>La commande qui a cette touche la perd</translation>
+    </message>
+    <message>
+        <source>&amp;No Key</source>
+        <translation>Aucu&amp;ne</translation>
+    </message>
+    <message>
+        <source>The chosen command has no key any more</source>
+        <translation>La commande choisie n’a plus de touche</translation>
+    </message>
+    <message>
+        <source>&amp;Reset</source>
+        <translation>&amp;Rétablir</translation>
+    </message>
+    <message>
+        <source>The chosen command gets its usual key again</source>
+        <translation>La commande choisie retrouve sa touche habituelle</translation>
+    </message>
+    <message>
+        <source>fixed</source>
+        <translation>fixe</translation>
+    </message>
+    <message>
+        <source>changed</source>
+        <translation>changée</translation>
+    </message>
+    <message>
+        <source>Choose a command.</source>
+        <translation>Choisissez une commande.</translation>
+    </message>
+    <message>
+        <source>This key is fixed.</source>
+        <translation>Cette touche est fixe.</translation>
+    </message>
+    <message>
+        <source>%1 is typed into the text.</source>
+        <translation>%1 s’écrit dans le texte.</translation>
+    </message>
+    <message>
+        <source>%1 is the key of &quot;%2&quot; (%3).</source>
+        <comment>key, command, where it works</comment>
+        <translation>%1 est la touche de « %2 » (%3).</translation>
+    </message>
+    <message>
+        <source>It is fixed.</source>
+        <translation>Elle est fixe.</translation>
     </message>
 </context>
 <context>
@@ -5730,6 +5989,70 @@ Les ramener plutôt par octaves dans l’étendue ?</numerusform>
         <source>Could not merge tracks: %1</source>
         <translation>Impossible de fusionner les pistes : %1</translation>
     </message>
+    <message>
+        <source>Next Track</source>
+        <translation>Piste suivante</translation>
+    </message>
+    <message>
+        <source>Go to the track below, at the same control</source>
+        <translation>Aller à la piste du dessous, à la même commande</translation>
+    </message>
+    <message>
+        <source>Previous Track</source>
+        <translation>Piste précédente</translation>
+    </message>
+    <message>
+        <source>Go to the track above, at the same control</source>
+        <translation>Aller à la piste du dessus, à la même commande</translation>
+    </message>
+    <message>
+        <source>Rename Track...</source>
+        <translation>Renommer la piste...</translation>
+    </message>
+    <message>
+        <source>Change the title of the track that has the keys</source>
+        <translation>Changer le titre de la piste qui a le clavier</translation>
+    </message>
+    <message>
+        <source>Open ABC Editor</source>
+        <translation>Ouvrir l’éditeur ABC</translation>
+    </message>
+    <message>
+        <source>Edit the track that has the keys</source>
+        <translation>Modifier la piste qui a le clavier</translation>
+    </message>
+    <message>
+        <source>Solo</source>
+        <translation>Solo</translation>
+    </message>
+    <message>
+        <source>Hear only the track that has the keys, or all that are selected with it</source>
+        <translation>N’entendre que la piste qui a le clavier, ou toutes celles sélectionnées avec elle</translation>
+    </message>
+    <message>
+        <source>Move Track Up</source>
+        <translation>Monter la piste</translation>
+    </message>
+    <message>
+        <source>Move the track that has the keys up</source>
+        <translation>Monter la piste qui a le clavier</translation>
+    </message>
+    <message>
+        <source>Move Track Down</source>
+        <translation>Descendre la piste</translation>
+    </message>
+    <message>
+        <source>Move the track that has the keys down</source>
+        <translation>Descendre la piste qui a le clavier</translation>
+    </message>
+    <message>
+        <source>Describe Track</source>
+        <translation>Décrire la piste</translation>
+    </message>
+    <message>
+        <source>Tell instrument, volume, mute and level of the track that has the keys</source>
+        <translation>Dire l’instrument, le volume, la coupure et le niveau de la piste qui a le clavier</translation>
+    </message>
 </context>
 <context>
     <name>TrackList</name>
@@ -6149,6 +6472,14 @@ Veuillez en choisir d’autres.</translation>
     <message>
         <source>Keep what sounds in view</source>
         <translation>Garder en vue ce qui sonne</translation>
+    </message>
+    <message>
+        <source>Put Out Red Lights</source>
+        <translation>Éteindre les voyants rouges</translation>
+    </message>
+    <message>
+        <source>Forget which levels were too loud</source>
+        <translation>Oublier quels niveaux étaient trop forts</translation>
     </message>
 </context>
 <context>

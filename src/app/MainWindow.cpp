@@ -19,6 +19,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QDir>
+#include <QDockWidget>
 #include <QFileInfo>
 #include <QMenu>
 #include <QMimeData>
@@ -76,6 +77,10 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
     makeHistoryDock(*this, tracks_.history());
     findChild<QMenu *>(QStringLiteral("menuImport"))->addAction(reports_->toggleAction());
     findChild<QMenu *>(QStringLiteral("menuTools"))->addAction(findings_->toggleAction());
+    actions_.add(reports_->toggleAction(), "actionShow_Report", "");
+    actions_.add(findings_->toggleAction(), "actionShow_Findings", "");
+    actions_.add(findChild<QDockWidget *>(QStringLiteral("dockHistory"))->toggleViewAction(), "actionShow_History", "");
+    followShortcuts(*this, settings_);
     status_.follow(instrumentCommands_.scanning());
     status_.follow(playback_);
     status_.follow(sound_);
@@ -251,8 +256,9 @@ void MainWindow::showDrafts()
 void MainWindow::updateActions()
 {
     const bool isSelected = !tracks_.selectedIds().isEmpty();
-    actions_.find(QStringLiteral("actionSave_Song"))
-        ->setShortcut(isSelected ? QKeySequence() : QKeySequence(QStringLiteral("Ctrl+S"))); // else of the rows
+    auto &saveSong = *actions_.find(QStringLiteral("actionSave_Song"));
+    const bool isKeyOfRows = keyOf(saveSong) == keyOf(*actions_.find(QStringLiteral("actionSave_Selected")));
+    saveSong.setShortcut(isSelected && isKeyOfRows ? QKeySequence() : keyOf(saveSong));
     actions_.update([=, this](Available available) {
         switch (available) {
         case Available::Always:
@@ -399,6 +405,8 @@ bool MainWindow::mayClose()
 
 void MainWindow::onSettingChanged(Settings::Setting setting, const QVariant &value)
 {
+    if (setting == Settings::Shortcuts)
+        updateActions();
     if (setting == Settings::DarkPalette)
         applyTheme(value.toBool() ? Theme::Dark : Theme::Light);
     if (setting == Settings::SoundEngine || setting == Settings::FmodFile) {

@@ -132,6 +132,16 @@ public slots:
     void onSongTitle();
     void onRecover();
     void onMuteSelected();
+    void onNextTrack();
+    void onPreviousTrack();
+    void onRenameTrack();
+    void onEditTrack();
+    void onSoloTrack();
+    void onMoveUp();
+    void onMoveDown();
+    void onDescribeTrack();
+    void onForgetClips();
+    void onShortcuts();
     void onCleanQuantise();
     void onArrange();
     void onTransposeSong();

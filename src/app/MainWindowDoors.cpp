@@ -1,8 +1,12 @@
 // The window's slots but those about what is heard, each a door to what it is about.
 
 #include "app/MainWindow.h"
+#include "ui/song/SongArea.h"
 #include "ui/song/TrackRows.h"
 #include "ui/song/TrackWidget.h"
+#include "ui/song/VUMeter.h"
+
+#include <QStatusBar>
 
 void MainWindow::onLoadABC()
 {
@@ -147,6 +151,58 @@ void MainWindow::onRecover()
 void MainWindow::onMuteSelected()
 {
     trackCommands_.muteSelected();
+}
+
+void MainWindow::onNextTrack()
+{
+    area_->showRow(rows_->goBy(1));
+}
+
+void MainWindow::onPreviousTrack()
+{
+    area_->showRow(rows_->goBy(-1));
+}
+
+void MainWindow::onRenameTrack()
+{
+    rows_->current()->onChangeTitle();
+}
+
+void MainWindow::onEditTrack()
+{
+    rows_->current()->onEditABCClicked();
+}
+
+void MainWindow::onSoloTrack()
+{
+    emit rows_->current()->trackSolo();
+}
+
+void MainWindow::onMoveUp()
+{
+    emit rows_->current()->trackMoveUp();
+}
+
+void MainWindow::onMoveDown()
+{
+    emit rows_->current()->trackMoveDown();
+}
+
+void MainWindow::onDescribeTrack()
+{
+    const auto *const row = rows_->current();
+    statusBar()->showMessage(QStringLiteral("%1: %2").arg(row->accessibleName(), row->spokenDescription()));
+}
+
+void MainWindow::onForgetClips()
+{
+    rows_->forgetClips();
+    masterMeter_->forgetClips();
+}
+
+void MainWindow::onShortcuts()
+{
+    program_.editShortcuts(actions_.keyRows() + EditorWindows::keyRows());
 }
 
 void MainWindow::onCleanQuantise()

@@ -59,7 +59,8 @@ void makeMenus(QMainWindow &window, const WindowActions &actions, ImportCommands
     actions.addTo(
         *addMenu(bar, "menuTrack", Texts::tr("&Track")),
         "actionNew_Track actionDuplicate_Selected actionMerge_Selected actionClean_Quantise actionApplyInstrument "
-        "actionMute_Selected - actionRemove_Selected actionClear_Tracks");
+        "actionMute_Selected - actionRemove_Selected actionClear_Tracks - actionRename_Track actionEdit_Track "
+        "actionSolo_Track actionDescribe_Track - actionPrevious_Track actionNext_Track actionMove_Up actionMove_Down");
     actions.addTo(*addMenu(bar, "menuSong", Texts::tr("&Song")),
                   "actionArrange - actionTranspose_Song actionOne_Tempo actionTrim_Silence actionPad_Parts");
     auto *const playback = addMenu(bar, "menuPlayback", Texts::tr("&Playback"));
@@ -68,13 +69,12 @@ void makeMenus(QMainWindow &window, const WindowActions &actions, ImportCommands
                              "actionMeasure_Back actionMeasure_Forward - actionLoop actionLoop_Begin actionLoop_End - "
                              "actionMetronome");
     addMenu(playback, "menuMetronome", Texts::tr("Count-In and Clicks"));
-    actions.addTo(
-        *playback,
-        "actionRehearsal actionRehearsal_Offsets - actionZoom_In actionZoom_Out actionZoom_Whole actionFollow");
-    actions.addTo(*addMenu(bar, "menuTools", Texts::tr("T&ools")), "actionPreferences");
-    actions.addTo(
-        *addMenu(bar, "menuHelp", Texts::tr("&Help")),
-        "actionManual - actionCheck_for_updates - actionWebsite actionDonate - actionAbout_Kelvarion_Composer");
+    actions.addTo(*playback, "actionRehearsal actionRehearsal_Offsets - actionZoom_In actionZoom_Out actionZoom_Whole "
+                             "actionFollow actionForget_Clips");
+    actions.addTo(*addMenu(bar, "menuTools", Texts::tr("T&ools")), "actionPreferences actionShortcuts");
+    actions.addTo(*addMenu(bar, "menuHelp", Texts::tr("&Help")),
+                  "actionManual actionShortcuts - actionCheck_for_updates - actionWebsite actionDonate - "
+                  "actionAbout_Kelvarion_Composer");
 }
 
 void makeHistoryDock(QMainWindow &window, QUndoStack &history)

@@ -82,6 +82,7 @@ const std::array<Row, settingCount> &rows()
         {CheckCharacters, "check/mostCharacters", Type::Integer, "0"},
         {SoundEngine, "sound/engine", Type::Integer, "0"}, // see EngineKind
         {FmodFile, "sound/fmodFile", Type::Text, ""},      // empty: it is looked for
+        {Shortcuts, "keys/shortcuts", Type::Text, ""},     // those that were changed; see Shortcuts.h
     }};
     return table;
 }

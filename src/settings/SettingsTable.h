@@ -83,6 +83,7 @@ enum Setting {
     CheckCharacters,
     SoundEngine,
     FmodFile,
+    Shortcuts,
     settingCount
 };
 

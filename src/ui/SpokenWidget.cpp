@@ -6,6 +6,7 @@
 #include <QAccessibleWidget>
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QKeySequenceEdit>
 #include <QLineEdit>
 
 #include <algorithm>
@@ -133,6 +134,19 @@ private:
     }
 };
 
+class KeyInterface : public QAccessibleWidget
+{
+public:
+    explicit KeyInterface(QKeySequenceEdit *edit) : QAccessibleWidget(edit, QAccessible::HotkeyField) {}
+
+    QString text(QAccessible::Text kind) const override
+    {
+        const auto &edit = *static_cast<const QKeySequenceEdit *>(object());
+        return kind == QAccessible::Value ? edit.keySequence().toString(QKeySequence::NativeText)
+                                          : QAccessibleWidget::text(kind);
+    }
+};
+
 QAccessibleInterface *interfaceFor(const QString &className, QObject *object)
 {
     auto *const widget = qobject_cast<QWidget *>(object);
@@ -140,6 +154,8 @@ QAccessibleInterface *interfaceFor(const QString &className, QObject *object)
         return new SpokenInterface(widget, *spoken);
     if (className == QLatin1String("QComboBox"))
         return new ComboInterface(static_cast<QComboBox *>(widget));
+    if (className == QLatin1String("QKeySequenceEdit"))
+        return new KeyInterface(static_cast<QKeySequenceEdit *>(widget));
     if (className == QLatin1String("QScrollArea")) // Qt has no role for it
         return new QAccessibleWidget(widget, QAccessible::Grouping);
     return nullptr;

@@ -78,7 +78,7 @@ private:
         };
         for (const auto *const action :
              {"actionImport_MIDI", "actionImport_Again", "actionExport_Audio", "actionRehearsal_Offsets",
-              "actionArrange", "actionTranspose_Song", "actionOne_Tempo"})
+              "actionArrange", "actionTranspose_Song", "actionOne_Tempo", "actionShortcuts"})
             fixture_.trigger(action);
         fixture_.row(0)->onChooseStartOffset();
         return QTest::qWaitFor([this] { return !fixture_.window().isLoading(); });

@@ -193,7 +193,6 @@ private slots:
         const auto translator = translatorOf(language);
         QVERIFY(translator);
         QCoreApplication::installTranslator(translator.get());
-        const bool translates = language == u"de" || language == u"fr"; // English letters are as they are
         QSet<QString> misfits;
         const bool isSeen =
             WindowWalk(demoGame, [&](QWidget &window) {
@@ -204,7 +203,7 @@ private slots:
                 forEachIn(window, [&](const QWidget &widget) {
                     if (isCut(widget))
                         misfits.insert(nameOf(widget) + QStringLiteral(" is cut: ") + textsOf(widget).last());
-                    if (translates && (widget.inherits("QMenu") || widget.inherits("QMenuBar")))
+                    if (!language.isEmpty() && (widget.inherits("QMenu") || widget.inherits("QMenuBar")))
                         misfits += rivalsIn(widget);
                 });
             }).run();

@@ -4,7 +4,9 @@
 #include "app/services/Playback.h"
 #include "ui/Dialogs.h"
 #include "ui/manual/ManualWindow.h"
+#include "ui/preferences/FixedKeys.h"
 #include "ui/preferences/PreferencesDialog.h"
+#include "ui/preferences/ShortcutsDialog.h"
 
 #include <QApplication>
 
@@ -13,6 +15,8 @@ QVector<ActionRow> ProgramCommands::actions()
     return {
         {"actionExit", tr("Exit"), "Alt+F4", tr("Exit Kelvarion Composer"), "exit", "close()"},
         {"actionPreferences", tr("Preferences..."), "", tr("Show preferences"), "preferences", "onPreferences()"},
+        {"actionShortcuts", tr("Keyboard Shortcuts..."), "", tr("Show and change the keys of all commands"), "",
+         "onShortcuts()"},
         {"actionManual", tr("Manual"), "F1", tr("How things are done, and what the game plays"), "", "onManual()"},
         {"actionCheck_for_updates", tr("Check for updates..."), "",
          tr("Check online for updates for Kelvarion Composer"), "", "onCheckUpdates()"},
@@ -26,6 +30,12 @@ void ProgramCommands::editPreferences()
 {
     PreferencesDialog(context_.settings, context_.dialogs, devices_, context_.playback.instruments(), &context_.window)
         .exec();
+}
+
+void ProgramCommands::editShortcuts(const QVector<KeyRow> &rows)
+{
+    ShortcutsDialog dialog(context_.settings, rows + fixedKeys(), &context_.window);
+    context_.dialogs.run(dialog);
 }
 
 void ProgramCommands::openManual()

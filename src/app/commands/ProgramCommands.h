@@ -2,6 +2,7 @@
 
 #include "app/commands/ActionRow.h"
 #include "app/commands/CommandContext.h"
+#include "ui/Shortcuts.h"
 #include "ui/preferences/SoundPage.h"
 
 #include <QCoreApplication>
@@ -20,6 +21,7 @@ public:
     static QVector<ActionRow> actions();
 
     void editPreferences();
+    void editShortcuts(const QVector<KeyRow> &rows); // what commands there are
     void openManual();
     void showAbout();
     void openDonationPage();

@@ -51,6 +51,8 @@ QVector<ActionRow> TransportCommands::actions()
          "onZoomWhole()", Available::WithTracks},
         {"actionFollow", tr("Follow Playback"), "Ctrl+Shift+L", tr("Keep what sounds in view"), "follow",
          "onFollow(bool)"},
+        {"actionForget_Clips", tr("Put Out Red Lights"), "", tr("Forget which levels were too loud"), "",
+         "onForgetClips()"},
     };
 }
 

@@ -31,6 +31,9 @@ void WindowActions::add(QAction *action, const char *name, const char *shortcut)
     action->setObjectName(QLatin1String(name));
     action->setShortcut(QKeySequence(QLatin1String(shortcut)));
     window_.addAction(action);
+    const auto id = QStringLiteral("window.") + action->objectName();
+    keys_.append({id, KeyScope::Window, plainText(action->text()), action->shortcut()});
+    nameKeyOf(*action, id);
 }
 
 QAction *WindowActions::find(const QString &name) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/commands/ActionRow.h"
+#include "ui/Shortcuts.h"
 
 #include <QStringList>
 #include <QVector>
@@ -23,6 +24,7 @@ public:
     void add(QAction *action, const char *name, const char *shortcut);
 
     QAction *find(const QString &name) const;
+    const QVector<KeyRow> &keyRows() const { return keys_; }
     void update(const std::function<bool(Available)> &isAvailable);
 
     // A name that stands between groups of actions in a menu or toolbar.
@@ -42,4 +44,5 @@ public:
 private:
     QWidget &window_;
     QVector<std::pair<QAction *, Available>> actions_;
+    QVector<KeyRow> keys_;
 };

@@ -2,6 +2,7 @@
 
 #include "app/services/SongSession.h"
 #include "ui/editor/AbcEditorWindow.h"
+#include "ui/editor/EditorActions.h"
 #include "ui/editor/EditorPlayback.h"
 #include "ui/editor/GhostParts.h"
 #include "ui/editor/StepEntry.h"
@@ -31,6 +32,11 @@ EditorWindows::EditorWindows(SongSession &session, TrackList &tracks, const Play
 }
 
 // The windows use the player to their end.
+QVector<KeyRow> EditorWindows::keyRows()
+{
+    return EditorActions::keyRows();
+}
+
 EditorWindows::~EditorWindows()
 {
     qDeleteAll(windows_);

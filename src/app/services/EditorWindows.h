@@ -4,6 +4,7 @@
 #include "audio/player/TrackPlayer.h"
 #include "edit/NoteEdit.h"
 #include "edit/TextChange.h"
+#include "ui/Shortcuts.h"
 
 #include <QMap>
 #include <QPointer>
@@ -29,6 +30,8 @@ public:
     EditorWindows(SongSession &session, TrackList &tracks, const Playback &playback, Settings &settings,
                   Dialogs &dialogs, EngineFactory makeEngine, QWidget *parent);
     ~EditorWindows() override;
+
+    static QVector<KeyRow> keyRows(); // of the editors' commands
 
     void open(const QString &trackId);
     void openAt(const QString &trackId, Ticks tick); // with the caret there

@@ -40,6 +40,7 @@ AbcEditorWindow::AbcEditorWindow(Settings &settings, Dialogs &dialogs, TrackPlay
     createViews();
     createMenus();
     createToolBar();
+    followShortcuts(*this, settings_);
     connectActions();
     connectDocument();
     followCheckOptions();

@@ -1,6 +1,9 @@
 #include "ui/editor/EditorActions.h"
 
-#include <QIcon>
+#include "ui/Icons.h"
+#include "ui/editor/StepEntry.h"
+#include "ui/roll/RollActions.h"
+
 #include <QMenu>
 
 #include <array>
@@ -138,7 +141,22 @@ constexpr std::array<Row, EditorActions::idCount> rows{{
      QT_TRANSLATE_NOOP("EditorActions", "Give the text its normal size"), "", Scope::Text},
 }};
 
+QString idOf(const Row &row)
+{
+    return QStringLiteral("editor.") + QLatin1String(row.objectName);
+}
+
 } // namespace
+
+QVector<KeyRow> EditorActions::keyRows()
+{
+    QVector<KeyRow> keys;
+    for (const auto &row : rows)
+        keys.append({idOf(row), row.scope == Scope::Text ? KeyScope::Text : KeyScope::Editor, plainText(tr(row.text)),
+                     QKeySequence(QLatin1String(row.shortcut))});
+    keys.append(StepEntry::keyRow());
+    return keys + RollActions::keyRows();
+}
 
 EditorActions::EditorActions(QWidget &window, QWidget &text) : QObject(&window)
 {
@@ -152,13 +170,14 @@ EditorActions::EditorActions(QWidget &window, QWidget &text) : QObject(&window)
         action->setStatusTip(tr(row.tip));
         action->setCheckable(row.isCheckable);
         if (*row.icon != '\0')
-            action->setIcon(QIcon(QStringLiteral(":/icons/%1.png").arg(QLatin1String(row.icon))));
+            action->setIcon(icon(row.icon));
         if (row.scope == Scope::Text) {
             action->setShortcutContext(Qt::WidgetShortcut);
             text.addAction(action);
         } else {
             window.addAction(action);
         }
+        nameKeyOf(*action, idOf(row));
         actions_.push_back(action);
     }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/Shortcuts.h"
+
 #include <QAction>
 #include <QMap>
 
@@ -76,6 +78,7 @@ public:
     EditorActions(QWidget &window, QWidget &text);
 
     QAction *operator[](Id id) const { return actions_[size_t(id)]; }
+    static QVector<KeyRow> keyRows(); // of all commands of an editor
     // Adds the actions from first to last with the separators of the table.
     void fill(QMenu &menu, Id first, Id last) const;
 

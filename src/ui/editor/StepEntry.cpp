@@ -14,9 +14,16 @@ StepEntry::StepEntry(EditorDocument &document, AbcTextEdit &text, PianoRoll &rol
 {
     action_->setObjectName(QStringLiteral("actionStepEntry"));
     action_->setCheckable(true);
-    action_->setShortcut(QKeySequence(QStringLiteral("Ctrl+Alt+K")));
+    action_->setShortcut(keyRow().usual);
+    nameKeyOf(*action_, keyRow().id);
     action_->setToolTip(tr("Write what you play at the caret, note by note; keys that are down together are a chord"));
     action_->setStatusTip(action_->toolTip());
+}
+
+KeyRow StepEntry::keyRow()
+{
+    return {QStringLiteral("editor.actionStepEntry"), KeyScope::Editor,
+            plainText(tr("Enter Notes from the MIDI &Keyboard")), QKeySequence(QStringLiteral("Ctrl+Alt+K"))};
 }
 
 void StepEntry::press(int pitch)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/Shortcuts.h"
+
 #include <QAction>
 #include <QSet>
 #include <QVector>
@@ -18,6 +20,7 @@ public:
     // All outlive it.
     StepEntry(EditorDocument &document, AbcTextEdit &text, PianoRoll &roll, QObject *parent);
 
+    static KeyRow keyRow();
     QAction *action() { return action_; } // a switch, which is off at first
 
     void press(int pitch);

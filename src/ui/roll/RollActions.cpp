@@ -53,7 +53,7 @@ const std::array rows{
     Row{RollActions::Duplicate, Menu::Edit, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "D&uplicate Notes"),
         QT_TRANSLATE_NOOP("RollActions", "Repeat the selected notes behind themselves"), "Ctrl+D",
         [](RollCommands &commands) { commands.duplicate(); }},
-    Row{RollActions::Delete, Menu::Edit, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "D&elete Notes"),
+    Row{RollActions::Delete, Menu::Edit, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Delete N&otes"),
         QT_TRANSLATE_NOOP("RollActions", "Delete the selected notes"), "Del",
         [](RollCommands &commands) { commands.removeSelected(); }},
     Row{RollActions::SelectAll, Menu::Selection, Starts::Group, QT_TRANSLATE_NOOP("RollActions", "Select &All Notes"),
@@ -118,25 +118,62 @@ const std::array rows{
         QT_TRANSLATE_NOOP("RollActions", "Play the track from the cursor on, or stop what plays"), "Space", nullptr},
     Row{RollActions::PlayFromCursor, Menu::Edit, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Play from Cursor"),
         QT_TRANSLATE_NOOP("RollActions", "Play the track from the cursor on"), "Shift+Space", nullptr},
-    Row{RollActions::Finer, Menu::View, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "&Finer Grid"),
+    Row{RollActions::Finer, Menu::View, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Fin&er Grid"),
         QT_TRANSLATE_NOOP("RollActions", "Snap to the next shorter length"), "]", nullptr},
     Row{RollActions::Coarser, Menu::View, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "&Coarser Grid"),
         QT_TRANSLATE_NOOP("RollActions", "Snap to the next longer length"), "[", nullptr},
-    Row{RollActions::ZoomIn, Menu::View, Starts::Group, QT_TRANSLATE_NOOP("RollActions", "Zoom &In"),
+    Row{RollActions::ZoomIn, Menu::View, Starts::Group, QT_TRANSLATE_NOOP("RollActions", "&Zoom In"),
         QT_TRANSLATE_NOOP("RollActions", "Show time wider (Ctrl+wheel)"), "Ctrl++", nullptr},
-    Row{RollActions::ZoomOut, Menu::View, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Zoom &Out"),
+    Row{RollActions::ZoomOut, Menu::View, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Zoom O&ut"),
         QT_TRANSLATE_NOOP("RollActions", "Show time narrower (Ctrl+wheel)"), "Ctrl+-", nullptr},
     Row{RollActions::RowsHigher, Menu::View, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "&Higher Rows"),
         QT_TRANSLATE_NOOP("RollActions", "Show pitches higher (Ctrl+Shift+wheel)"), "Ctrl+Shift+Up", nullptr},
     Row{RollActions::RowsLower, Menu::View, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "&Lower Rows"),
         QT_TRANSLATE_NOOP("RollActions", "Show pitches lower (Ctrl+Shift+wheel)"), "Ctrl+Shift+Down", nullptr},
-    Row{RollActions::NormalSize, Menu::View, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "&Normal Size"),
+    Row{RollActions::NormalSize, Menu::View, Starts::Here, QT_TRANSLATE_NOOP("RollActions", "Nor&mal Size"),
         QT_TRANSLATE_NOOP("RollActions", "Show time and pitches at their usual size"), "Ctrl+0", nullptr},
-    Row{RollActions::Follow, Menu::View, Starts::Group, QT_TRANSLATE_NOOP("RollActions", "&Follow Playback"),
+    Row{RollActions::Follow, Menu::View, Starts::Group, QT_TRANSLATE_NOOP("RollActions", "Follow Pla&yback"),
         QT_TRANSLATE_NOOP("RollActions", "Keep the playing position in sight"), "L", nullptr},
 };
 
 constexpr int plainLengthCount = 7; // of RollLengths
+const auto letters = QStringLiteral("CDEFGAB");
+
+KeyRow keyRow(const QString &id, const QString &text, const QString &key)
+{
+    return {QStringLiteral("roll.") + id, KeyScope::Roll, text, QKeySequence(key)};
+}
+
+KeyRow keyRow(const Row &row)
+{
+    return keyRow(plainText(QLatin1String(row.text)), plainText(QCoreApplication::translate("RollActions", row.text)),
+                  QLatin1String(row.shortcut));
+}
+
+// The keys 1 to 7 choose those that are no triplets; the last two are the switches.
+QVector<KeyRow> lengthKeys()
+{
+    QVector<KeyRow> keys;
+    for (int choice = 0; choice < RollLengths::count(); ++choice)
+        keys.append(keyRow(QStringLiteral("length %1").arg(choice + 1), RollLengths::label(choice),
+                           choice < plainLengthCount ? QString::number(choice + 1) : QString()));
+    keys.append(keyRow(QStringLiteral("dotted"), RollActions::tr("Dotted"), QStringLiteral(".")));
+    keys.append(keyRow(QStringLiteral("triplet"), RollActions::tr("Triplet"), QStringLiteral("T")));
+    return keys;
+}
+
+// The notes by their letters, a rest, the notes into the chord.
+QVector<KeyRow> entryKeys()
+{
+    QVector<KeyRow> keys;
+    for (const auto letter : letters)
+        keys.append(keyRow(QStringLiteral("note %1").arg(letter), RollActions::tr("Note %1").arg(letter), letter));
+    keys.append(keyRow(QStringLiteral("rest"), RollActions::tr("Rest"), QStringLiteral("Z")));
+    for (const auto letter : letters)
+        keys.append(keyRow(QStringLiteral("chord %1").arg(letter), RollActions::tr("%1 into the Chord").arg(letter),
+                           QStringLiteral("Shift+") + letter));
+    return keys;
+}
 
 QAction *newSeparator(QObject *parent)
 {
@@ -157,6 +194,7 @@ RollActions::RollActions(RollCommands &commands, QWidget &roll) : QObject(&roll)
         action->setToolTip(
             QStringLiteral("%1 (%2)").arg(toolTip, action->shortcut().toString(QKeySequence::NativeText)));
         action->setStatusTip(toolTip);
+        nameKeyOf(*action, keyRow(row).id);
         if (row.run != nullptr)
             connect(action, &QAction::triggered, this, [&commands, run = row.run] { run(commands); });
         actions_[row.id] = action;
@@ -209,47 +247,54 @@ void RollActions::addSnapActions()
     }
 }
 
-QAction *RollActions::addKeyAction(const QString &text, const QString &key, QWidget &roll, const Run &run)
+QVector<KeyRow> RollActions::keyRows()
 {
-    auto *const action = new QAction(text, this);
-    action->setShortcut(QKeySequence(key));
+    QVector<KeyRow> keys;
+    for (const auto &row : rows)
+        keys.append(keyRow(row));
+    return keys + lengthKeys() + entryKeys();
+}
+
+QAction *RollActions::addKeyAction(const KeyRow &row, QWidget &roll, const Run &run)
+{
+    auto *const action = new QAction(row.text, this);
+    action->setShortcut(row.usual);
+    nameKeyOf(*action, row.id);
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     connect(action, &QAction::triggered, this, run);
     roll.addAction(action);
     return action;
 }
 
-// The keys 1 to 7 choose those that are no triplets.
 void RollActions::addLengthActions(RollCommands &commands, QWidget &roll)
 {
-    const auto add = [&](const QString &text, const QString &key, const Run &run) {
-        lengthMenu_.append(addKeyAction(text, key, roll, run));
+    const auto keys = lengthKeys();
+    const auto add = [&](int index, const Run &run) {
+        lengthMenu_.append(addKeyAction(keys[index], roll, run));
         lengthMenu_.last()->setCheckable(true);
     };
-    for (int choice = 0; choice < RollLengths::count(); ++choice)
-        add(RollLengths::label(choice), choice < plainLengthCount ? QString::number(choice + 1) : QString(),
-            [&commands, choice] { commands.chooseNewNoteLength(RollLengths::ticks(choice)); });
+    const int count = RollLengths::count();
+    for (int choice = 0; choice < count; ++choice)
+        add(choice, [&commands, choice] { commands.chooseNewNoteLength(RollLengths::ticks(choice)); });
     lengthMenu_.append(newSeparator(this));
-    add(tr("Dotted"), QStringLiteral("."),
-        [&commands] { commands.chooseNewNoteLength(RollLengths::withDotToggled(commands.newNoteLength())); });
+    add(count, [&commands] { commands.chooseNewNoteLength(RollLengths::withDotToggled(commands.newNoteLength())); });
     dotted_ = lengthMenu_.last();
-    add(tr("Triplet"), QStringLiteral("T"),
+    add(count + 1,
         [&commands] { commands.chooseNewNoteLength(RollLengths::withTripletToggled(commands.newNoteLength())); });
     triplet_ = lengthMenu_.last();
 }
 
 void RollActions::addEntryActions(RollCommands &commands, QWidget &roll)
 {
-    const auto letters = QStringLiteral("CDEFGAB");
-    for (int letter = 0; letter < letters.size(); ++letter)
-        entryMenu_.append(addKeyAction(tr("Note %1").arg(letters[letter]), letters[letter], roll,
-                                       [&commands, letter] { commands.enterLetter(letter); }));
-    entryMenu_.append(addKeyAction(tr("Rest"), QStringLiteral("Z"), roll, [&commands] { commands.enterRest(); }));
+    const auto keys = entryKeys();
+    const auto count = int(letters.size());
+    for (int letter = 0; letter < count; ++letter)
+        entryMenu_.append(addKeyAction(keys[letter], roll, [&commands, letter] { commands.enterLetter(letter); }));
+    entryMenu_.append(addKeyAction(keys[count], roll, [&commands] { commands.enterRest(); }));
     entryMenu_.append(newSeparator(this));
-    for (int letter = 0; letter < letters.size(); ++letter)
-        entryMenu_.append(addKeyAction(tr("%1 into the Chord").arg(letters[letter]),
-                                       QStringLiteral("Shift+") + letters[letter], roll,
-                                       [&commands, letter] { commands.addLetterToChord(letter); }));
+    for (int letter = 0; letter < count; ++letter)
+        entryMenu_.append(
+            addKeyAction(keys[count + 1 + letter], roll, [&commands, letter] { commands.addLetterToChord(letter); }));
 }
 
 void RollActions::showNewNoteLength(Ticks length)

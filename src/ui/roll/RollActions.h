@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Ticks.h"
+#include "ui/Shortcuts.h"
 
 #include <QAction>
 #include <QVector>
@@ -64,6 +65,7 @@ public:
     // Adds the actions to the roll, which owns this object. The commands must outlive it.
     RollActions(RollCommands &commands, QWidget &roll);
 
+    static QVector<KeyRow> keyRows();
     QAction *action(Id id) const { return actions_[id]; }
 
     // In the order of a menu, with separators.
@@ -89,7 +91,7 @@ private:
     void addLengthActions(RollCommands &commands, QWidget &roll);
     void addEntryActions(RollCommands &commands, QWidget &roll);
     using Run = std::function<void()>;
-    QAction *addKeyAction(const QString &text, const QString &key, QWidget &roll, const Run &run);
+    QAction *addKeyAction(const KeyRow &row, QWidget &roll, const Run &run);
 
     QVector<QAction *> actions_;
     std::array<QVector<QAction *>, 4> menus_;

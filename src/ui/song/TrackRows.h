@@ -30,6 +30,11 @@ public:
     TrackWidget *row(const QString &id) const { return rows_.value(id); }
     EmptyHint *hint() const { return hint_; }
 
+    // The row that has the keys, or else the first; null without rows.
+    TrackWidget *current() const;
+    // Gives the keys to the same control of the row so many further down; stays at the ends.
+    TrackWidget *goBy(int rows);
+
     // What all overviews show of the song, and where the line in them stands; of rows that are still to come, too.
     void setSpan(const TimeSpan &span);
     void setPosition(Ticks position);
