@@ -191,6 +191,7 @@ private slots:
             settings_->setValue(lines, isDrawn);
             return brightness(shown());
         };
+        widget_->clearFocus(); // its ring is bright
         const auto bare = line(Settings::DrawOctaveLines, false);
         const auto octaves = line(Settings::DrawOctaveLines, true);
         const auto both = line(Settings::DrawMeasureLines, true);
