@@ -212,23 +212,33 @@ bool EditorDocument::edit(const NoteEdit &edit, const QString &name)
     return editAs(Step::New, edit, name);
 }
 
-bool EditorDocument::editInLastStep(const NoteEdit &edit, const QString &name)
+bool EditorDocument::editAndSelect(const NoteEdit &edit, const QString &name, const QVector<NoteSpec> &selected)
 {
     endGesture();
-    return editAs(Step::Joined, edit, name);
+    return editAs(Step::New, edit, name, selected);
 }
 
-bool EditorDocument::editAs(Step step, const NoteEdit &edit, const QString &name)
+bool EditorDocument::editInLastStep(const NoteEdit &edit, const QString &name, const QVector<NoteSpec> &selected)
+{
+    endGesture();
+    return editAs(Step::Joined, edit, name, selected);
+}
+
+bool EditorDocument::editAs(Step step, const NoteEdit &edit, const QString &name,
+                            const std::optional<QVector<NoteSpec>> &selected)
 {
     update();
     const auto text = text_.toPlainText();
     auto plan = NoteEditPlan::plan(text, *reading_, edit);
     if (!plan || !mayMake(*plan, text))
         return false;
+    const auto place = caretPlace();
     replaceRanges(plan->changes, name, step);
     selection_.clear();
     takeReading(std::move(plan->reading), revision_);
-    selectNotes(findNotes(track(), plan->touched));
+    selectNotes(findNotes(track(), selected.value_or(plan->touched)));
+    if (selected && selected->isEmpty())
+        keepCaret(place);
     return true;
 }
 

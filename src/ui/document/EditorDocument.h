@@ -91,8 +91,10 @@ public:
 
     // Exchanges the whole text as one undo step, for transformations. The caret stays on its line.
     void replaceText(const QString &text, const QString &name);
+    // For commands: as edit(), but these notes are selected behind it, and without any the caret stays on its line.
+    bool editAndSelect(const NoteEdit &edit, const QString &name, const QVector<NoteSpec> &selected);
     // The edit becomes a part of the step before.
-    bool editInLastStep(const NoteEdit &edit, const QString &name);
+    bool editInLastStep(const NoteEdit &edit, const QString &name, const QVector<NoteSpec> &selected);
 
     // Asked what the text may lose, before all of it is written anew. Nobody to ask means no.
     using RewriteQuestion = std::function<bool(const RewriteLoss &)>;
@@ -169,7 +171,8 @@ private:
     void startChecking();
     enum class Step { New, Joined };
     void replaceRanges(const QVector<TextChange> &changes, const QString &name, Step step);
-    bool editAs(Step step, const NoteEdit &edit, const QString &name);
+    bool editAs(Step step, const NoteEdit &edit, const QString &name,
+                const std::optional<QVector<NoteSpec>> &selected = {});
     void takeBackGesture();
     bool mayMake(const NoteEditPlan::Plan &plan, const QString &text) const;
 

@@ -28,9 +28,7 @@ void EditorCleanUp::change(const QString &name, const EditMaker &makeEdit)
     auto specs = NoteEdits::after(edit, document_.track(), selected);
     if (!selected.isEmpty())
         specs += edit.inserted;
-    if (document_.edit(edit, name))
-        document_.selectNotes(findNotes(document_.track(), specs));
-    else
+    if (!document_.editAndSelect(edit, name, specs))
         emit said(tr("Nothing to change here."));
 }
 

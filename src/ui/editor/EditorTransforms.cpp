@@ -2,7 +2,6 @@
 
 #include "base/ErrorText.h"
 #include "core/HeaderFields.h"
-#include "edit/NoteLookup.h"
 #include "edit/notes/NoteEdits.h"
 #include "edit/plan/FieldChange.h"
 #include "edit/plan/RewriteLoss.h"
@@ -104,8 +103,8 @@ void EditorTransforms::changeNotes(const QString &name, const EditMaker &makeEdi
     const auto selected = document_.selectedNotes();
     const auto edit = makeEdit(document_.track(), selected);
     const auto specs = NoteEdits::after(edit, document_.track(), selected);
-    const bool isChanged = isRestored ? document_.editInLastStep(edit, name) : document_.edit(edit, name);
-    document_.selectNotes(findNotes(document_.track(), specs));
+    const bool isChanged =
+        isRestored ? document_.editInLastStep(edit, name, specs) : document_.editAndSelect(edit, name, specs);
     if (isChanged || isRestored)
         apply();
 }
