@@ -12,6 +12,7 @@
 #include "ui/Theme.h"
 #include "ui/editor/AbcEditorWindow.h"
 #include "ui/editor/EditorTransforms.h"
+#include "ui/manual/ManualWindow.h"
 #include "ui/preferences/PreferencesDialog.h"
 #include "ui/preferences/SoundPage.h"
 #include "ui/transform/KeyDialog.h"
@@ -316,6 +317,16 @@ void takeFindings(WindowFixture &fixture)
     fixture.child<QDockWidget>("dockFindings")->hide();
 }
 
+void takeManual(MainWindow &window)
+{
+    auto *const manual = new ManualWindow(&window);
+    manual->showPage(QStringLiteral("first-song.md"));
+    take(*manual, "manual");
+    manual->resize(500, 600);
+    take(*manual, "manual-narrow");
+    manual->close();
+}
+
 void takeAll(const QString &game, const QStringList &songs)
 {
     WindowFixture fixture(game);
@@ -356,6 +367,7 @@ void takeAll(const QString &game, const QStringList &songs)
     if (const auto midi = songs.filter(QStringLiteral(".mid")); !midi.isEmpty())
         takeImport(fixture, midi.first());
     takeMessages();
+    takeManual(window);
     takeEditor(fixture);
     takeSongTools(fixture);
     takeRecovery(window);

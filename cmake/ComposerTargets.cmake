@@ -21,6 +21,9 @@ target_compile_definitions(composer_settings INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_DEPRECATED_WARNINGS
     COMPOSER_VERSION="${PROJECT_VERSION}")
 target_include_directories(composer_settings INTERFACE ${CMAKE_SOURCE_DIR}/src)
+if(WIN32) # windows.h makes macros of what the standard library calls min and max, else
+    target_compile_definitions(composer_settings INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN UNICODE)
+endif()
 if(MSVC)
     target_compile_options(composer_settings INTERFACE /W4 /utf-8 $<$<BOOL:${COMPOSER_WARNINGS_ARE_ERRORS}>:/WX>)
 else()
