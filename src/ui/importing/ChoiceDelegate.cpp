@@ -1,9 +1,21 @@
 #include "ui/importing/ChoiceDelegate.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QPainter>
 #include <QTimer>
+
+namespace {
+
+// With a scroll bar beside them.
+int roomForTheNames(const QComboBox &box)
+{
+    const QAbstractItemView &view = *box.view();
+    return view.sizeHintForColumn(0) + view.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+}
+
+} // namespace
 
 ChoiceDelegate::ChoiceDelegate(MakeBox makeBox, QObject *parent)
     : QStyledItemDelegate(parent), makeBox_(std::move(makeBox))
@@ -46,7 +58,10 @@ QWidget *ChoiceDelegate::createEditor(QWidget *parent, const QStyleOptionViewIte
     auto *const box = makeBox_(parent);
     auto *const self = const_cast<ChoiceDelegate *>(this); // as Qt declares it, though it tells its view by signals
     connect(box, qOverload<int>(&QComboBox::activated), self, [=] { self->finish(box); });
-    QTimer::singleShot(0, box, &QComboBox::showPopup);
+    QTimer::singleShot(0, box, [box] {
+        box->view()->setMinimumWidth(roomForTheNames(*box)); // the cell may be narrower
+        box->showPopup();
+    });
     return box;
 }
 

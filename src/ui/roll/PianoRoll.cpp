@@ -26,6 +26,7 @@ PianoRoll::PianoRoll(EditorDocument &document, Settings &settings, QWidget *pare
     setFocusPolicy(Qt::StrongFocus);
     setFrameShape(QFrame::Box);
     setFrameShadow(QFrame::Plain);
+    setForegroundRole(QPalette::Mid); // of the frame, which has uneven edges at fractional scales
     setLineWidth(focusRing);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);

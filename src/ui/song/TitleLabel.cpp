@@ -7,6 +7,12 @@
 
 #include <utility>
 
+namespace {
+
+constexpr int roomForTheRing = 3; // that shows the focus
+
+}
+
 TitleLabel::TitleLabel(QWidget *parent) : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
@@ -28,9 +34,10 @@ void TitleLabel::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     const auto mark = isMarked_ ? QStringLiteral("*") : QString();
-    const auto room = width() - fontMetrics().horizontalAdvance(mark);
+    const auto inside = rect().adjusted(roomForTheRing, 0, -roomForTheRing, 0);
+    const auto room = inside.width() - fontMetrics().horizontalAdvance(mark);
     const auto shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, room) + mark;
-    style()->drawItemText(&painter, rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), shown,
+    style()->drawItemText(&painter, inside, Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), shown,
                           foregroundRole());
     if (!hasFocus())
         return;

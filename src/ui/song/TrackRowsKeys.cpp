@@ -27,6 +27,7 @@ TrackWidget *TrackRows::goBy(int rows)
     if (!to)
         return from;
     auto *const same = to->tabStops().value(column, to->tabStops().first());
+    to->window()->setAttribute(Qt::WA_KeyboardFocusChange); // so that the ring is seen
     (same->isVisible() && same->isEnabled() ? same : to->tabStops().first())->setFocus(Qt::TabFocusReason);
     return to;
 }
