@@ -166,7 +166,7 @@ int main(int argc, char **argv)
     window.findChild<QAction *>(QStringLiteral("actionWrapLines"))->trigger();
     isWithin &= type("one line of 100 kB of errors", window, errors, 40, 100);
     const auto giant = tune(3'000'000, 12);
-    isWithin &= check(window, giant, 100);
+    isWithin &= check(window, giant, 40);
     window.findChild<QAction *>(QStringLiteral("actionShowRoll"))->trigger();
     isWithin &= type("100 kB, with the piano roll", window, lines, 16);
     isWithin &= type("one line of 20 kB, with the roll", window, longLine, 40);

@@ -11,8 +11,10 @@
 #include <QPlainTextDocumentLayout>
 #include <QTextBlock>
 #include <QTextCursor>
+#include <QThreadPool>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace {
@@ -36,6 +38,16 @@ QVector<Finding> findingsIn(const QString &text, const Instrument &instrument, c
                                   }),
                    findings.end());
     return findings;
+}
+
+// That of a text of 3 MB takes longer than half a blink to free. Whoever else holds a part of it has let go of it.
+void freeBesideInterface(AbcReading reading)
+{
+    constexpr int quicklyFreed = 10'000; // events
+    if (reading.track.events().size() < quicklyFreed)
+        return;
+    const auto held = std::make_shared<AbcReading>(std::move(reading));
+    QThreadPool::globalInstance()->start([held] { *held = {}; });
 }
 
 } // namespace
@@ -105,6 +117,7 @@ void EditorDocument::update()
 void EditorDocument::takeReading(AbcReading reading, int revision)
 {
     selection_.follow(track(), reading.track);
+    auto before = *reading_;
     reading_.take(std::move(reading));
     readRevision_ = revision;
     restTimer_.stop();
@@ -116,6 +129,7 @@ void EditorDocument::takeReading(AbcReading reading, int revision)
     emit findingsChanged();
     emit selectionChanged();
     emit caretChanged();
+    freeBesideInterface(std::move(before));
 }
 
 void EditorDocument::startChecking()
