@@ -1,5 +1,7 @@
 // Whole folders on the command line, by the clock: two cores against one, and convert against a call of abcmidi's
-// midi2abc for each file. Files: ../shared/corpus beside the source tree when it is there, else the examples.
+// midi2abc for each file. Files: ../shared/corpus beside the source tree when it is there, else the examples, of which
+// the sound is rendered in any case. What is written stays until all is measured, since some file systems are slow to
+// make files where others were just deleted.
 #include "support/ChildProcess.h"
 #include "support/Figures.h"
 
@@ -39,14 +41,23 @@ double seconds(const std::function<bool()> &work)
 class Folders
 {
 public:
-    // cores: as taskset has them.
-    double convertSeconds(const QString &cores, const QStringList &options = {})
+    // words: the command with its options, without the output, which is a new folder each time. cores: as taskset has
+    // them.
+    double writingSeconds(const QStringList &words, const QString &cores)
     {
         return seconds([&] {
             const auto output = folder_.filePath(QString::number(++outputs_));
-            const QStringList words{QStringLiteral("convert"), musicFolder(), QStringLiteral("--output"), output};
-            return runOn(cores, words + options);
+            return runOn(cores, words + QStringList{QStringLiteral("--output"), output});
         });
+    }
+
+    // Gives how much faster two cores are, and prints both.
+    double gain(const char *command, const std::function<double(const QString &cores)> &secondsOn)
+    {
+        const auto one = secondsOn(QStringLiteral("0"));
+        const auto two = secondsOn(QStringLiteral("0,1"));
+        std::printf("%s: %.3f s on one core, %.3f s on two\n", command, one, two);
+        return one / two;
     }
 
     double checkSeconds(const QString &cores)
@@ -86,16 +97,28 @@ private:
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
+    const auto music = musicFolder();
+    const QStringList convert{QStringLiteral("convert"), music};
+    const QStringList arrange{QStringLiteral("arrange"), music, QStringLiteral("--players"), QStringLiteral("4")};
+    const QStringList render{QStringLiteral("render"), QStringLiteral(COMPOSER_SOURCE_DIR "/examples"),
+                             QStringLiteral("--game"), QStringLiteral(DEMO_GAME)};
     Folders folders;
-    const auto one = folders.convertSeconds(QStringLiteral("0"));
-    const auto two = folders.convertSeconds(QStringLiteral("0,1"));
-    const auto theirs = folders.midi2abcSeconds();
-    const auto checkOne = folders.checkSeconds(QStringLiteral("0"));
-    const auto checkTwo = folders.checkSeconds(QStringLiteral("0,1"));
-    std::printf("convert: %.3f s on one core, %.3f s on two; midi2abc: %.3f s\n", one, two, theirs);
-    std::printf("check: %.3f s on one core, %.3f s on two\n", checkOne, checkTwo);
-    bool isGood = report({"folders: convert, two cores to one", one / two, 1.8, {}});
-    isGood &= report({"folders: check, two cores to one", checkOne / checkTwo, 1.8, {}});
-    isGood &= report({"folders: convert to calls of midi2abc", theirs / two, 1, {}});
+    const auto writing = [&folders](const char *command, const QStringList &words) {
+        return folders.gain(command, [&](const QString &cores) { return folders.writingSeconds(words, cores); });
+    };
+    const Figure figures[] = {{"folders: convert, two cores to one", writing("convert", convert), 1.8, {}},
+                              {"folders: arrange, two cores to one", writing("arrange", arrange), 1.8, {}},
+                              {"folders: render, two cores to one", writing("render", render), 1.8, {}},
+                              {"folders: check, two cores to one",
+                               folders.gain("check", [&](const QString &cores) { return folders.checkSeconds(cores); }),
+                               1.8,
+                               {}},
+                              {"folders: convert to calls of midi2abc",
+                               folders.midi2abcSeconds() / folders.writingSeconds(convert, QStringLiteral("0,1")),
+                               1,
+                               {}}};
+    bool isGood = true;
+    for (const auto &figure : figures)
+        isGood &= report(figure);
     return isGood ? 0 : 1;
 }
