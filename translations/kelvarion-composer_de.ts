@@ -3578,6 +3578,14 @@ Möchten Sie sie überschreiben?</numerusform>
         <source>No Kelvarion installation was found at the specified directory.</source>
         <translation>Im angegebenen Ordner wurde kein installiertes Kelvarion gefunden.</translation>
     </message>
+    <message>
+        <source>Open files in the running window</source>
+        <translation>Dateien im laufenden Fenster öffnen</translation>
+    </message>
+    <message>
+        <source>Open what is opened in a file manager in the window that is there already</source>
+        <translation>Was in einer Dateiverwaltung geöffnet wird, in dem Fenster öffnen, das schon da ist</translation>
+    </message>
 </context>
 <context>
     <name>ProblemList</name>

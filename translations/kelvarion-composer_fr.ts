@@ -3578,6 +3578,14 @@ Voulez-vous les remplacer ?</numerusform>
         <source>No Kelvarion installation was found at the specified directory.</source>
         <translation>Aucune installation de Kelvarion n’a été trouvée dans le dossier indiqué.</translation>
     </message>
+    <message>
+        <source>Open files in the running window</source>
+        <translation>Ouvrir les fichiers dans la fenêtre déjà ouverte</translation>
+    </message>
+    <message>
+        <source>Open what is opened in a file manager in the window that is there already</source>
+        <translation>Ouvrir dans la fenêtre déjà présente ce qui est ouvert depuis un gestionnaire de fichiers</translation>
+    </message>
 </context>
 <context>
     <name>ProblemList</name>

@@ -1,7 +1,9 @@
 #include "app/Application.h"
+#include "app/ArrivedFiles.h"
 #include "app/GameLocation.h"
 #include "app/MainWindow.h"
 #include "app/Screenshot.h"
+#include "app/services/RunningProgram.h"
 #include "assets/Instrument.h"
 #include "audio/choice/EngineChoice.h"
 #include "audio/engine/BuiltinEngine.h"
@@ -94,7 +96,15 @@ EngineWish engineWish(const Settings &settings)
             settings.value(Settings::RootPath).toString()};
 }
 
-int runWindow(Application &application, Settings &settings, Dialogs &dialogs, const CommandLine &commandLine)
+// Whether the window that is there already opens them.
+bool areHandedOver(const CommandLine &commandLine, const Settings &settings)
+{
+    return commandLine.screenshot.isEmpty() && !commandLine.files.isEmpty() &&
+           settings.value(Settings::OpenInRunning).toBool() &&
+           RunningProgram::handOver(RunningProgram::placeOfUser(), commandLine.files);
+}
+
+int runWindow(ArrivedFiles &arrived, Settings &settings, Dialogs &dialogs, const CommandLine &commandLine)
 {
     const bool isPicture = !commandLine.screenshot.isEmpty();
     const auto control = std::make_shared<OutputControl>(findSoundDevices);
@@ -117,10 +127,9 @@ int runWindow(Application &application, Settings &settings, Dialogs &dialogs, co
     if (isPicture) // whatever the screen
         window.resize(1180, 760);
     window.show();
-    window.openFiles(commandLine.files + application.takeWantedFiles());
-    QObject::connect(&application, &Application::filesWanted, &window,
-                     [&] { window.openFiles(application.takeWantedFiles()); });
+    window.openFiles(commandLine.files);
     window.offerRecovery();
+    arrived.setWindow(&window);
     if (isPicture)
         saveScreenshot(window, commandLine.screenshot);
     return QCoreApplication::exec();
@@ -151,11 +160,21 @@ int main(int argc, char *argv[])
     DesktopDialogs dialogs;
     try {
         Settings settings(Settings::defaultFile());
+        if (areHandedOver(commandLine, settings))
+            return 0;
+        ArrivedFiles arrived;
+        RunningProgram program(RunningProgram::placeOfUser(), RunningProgram::lockOfUser());
+        QObject::connect(&program, &RunningProgram::filesArrived, &arrived, &ArrivedFiles::add);
+        if (commandLine.screenshot.isEmpty())
+            program.listen(); // unless another one does
+        const auto takeWanted = [&] { arrived.add(application.takeWantedFiles()); };
+        QObject::connect(&application, &Application::filesWanted, &arrived, takeWanted);
+        takeWanted();
         Language::start(settings.value(Settings::Language).toString());
         startTheme(settings.value(Settings::DarkPalette).toBool() ? Theme::Dark : Theme::Light);
         if (!locateGame(settings, dialogs, driveRoots()))
             return exitCancelled;
-        return runWindow(application, settings, dialogs, commandLine);
+        return runWindow(arrived, settings, dialogs, commandLine);
     } catch (const QString &error) {
         showFatalError(dialogs, QCoreApplication::translate("main", "A fatal error occured:\n%1").arg(error));
     } catch (...) {

@@ -83,6 +83,7 @@ const std::array<Row, settingCount> &rows()
         {SoundEngine, "sound/engine", Type::Integer, "0"}, // see EngineKind
         {FmodFile, "sound/fmodFile", Type::Text, ""},      // empty: it is looked for
         {Shortcuts, "keys/shortcuts", Type::Text, ""},     // those that were changed; see Shortcuts.h
+        {OpenInRunning, "window/openInRunning", Type::Boolean, "true"},
     }};
     return table;
 }

@@ -84,6 +84,7 @@ enum Setting {
     SoundEngine,
     FmodFile,
     Shortcuts,
+    OpenInRunning,
     settingCount
 };
 

@@ -253,6 +253,9 @@ QWidget *PreferencesDialog::appearancePage()
     auto *const rows = new QVBoxLayout;
     rows->addWidget(addCheckBox(Settings::DarkPalette, QStringLiteral("chkDarkPalette"), tr("Dark colors"),
                                 tr("Draw the windows in dark colors")));
+    rows->addWidget(addCheckBox(Settings::OpenInRunning, QStringLiteral("chkOpenInRunning"),
+                                tr("Open files in the running window"),
+                                tr("Open what is opened in a file manager in the window that is there already")));
     rows->addLayout(languageRow());
     return pageOf(tr("Windows"), rows);
 }

@@ -54,6 +54,7 @@ private slots:
         row("pedal", "chkSustainPedal", Settings::MidiSustainPedal);
         row("chords", "chkPlayChordNames", Settings::AbcPlayChordNames);
         row("dark", "chkDarkPalette", Settings::DarkPalette);
+        row("running window", "chkOpenInRunning", Settings::OpenInRunning);
     }
 
     void bindsEveryCheckBox()
