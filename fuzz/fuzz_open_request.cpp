@@ -5,7 +5,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    const auto files = OpenRequest::fromLine({reinterpret_cast<const char *>(data), qsizetype(size)});
+    const auto files = OpenRequest::fromLine(QByteArray(reinterpret_cast<const char *>(data), int(size)));
     if (files && OpenRequest::fromLine(OpenRequest::toLine(*files)) != files)
         std::abort();
     return 0;
