@@ -59,7 +59,11 @@ set(LAYERS
     "src/ui/listening|core assets audio audio/player"
     "src/ui/arranging|base core arrange assets audio edit ui ui/listening"
     "src/app/songtools|base core arrange import song assets audio audio/player ui ui/tracks ui/arranging ui/transform app/services app/commands"
-    "tools/cli|base settings core import import/quantise song edit check check/findings assets assets/package audio audio/render audio/sound audio/engine audio/choice export arrange"
+    "tools/cli|base settings core import import/quantise song edit check check/findings assets assets/package audio audio/render audio/sound audio/engine audio/choice export arrange tools/cli/arguments tools/cli/streams tools/cli/input tools/cli/summary"
+    "tools/cli/arguments|settings core import import/quantise song audio/render audio/choice arrange"
+    "tools/cli/streams|base"
+    "tools/cli/input|base import song tools/cli/arguments tools/cli/streams"
+    "tools/cli/summary|base core import song edit assets audio check check/findings tools/cli/arguments tools/cli/streams"
     "tools/manual|"
     "tools/demogame|"
     "tools/fmodfacts|audio/fmod")
@@ -111,10 +115,13 @@ foreach(FILE IN LISTS FILES)
             message(SEND_ERROR "${FILE} includes ${HEADER} by a relative path, which hides its layer")
             continue()
         endif()
-        if(NOT EXISTS ${SOURCE_DIR}/src/${HEADER})
+        if(EXISTS ${SOURCE_DIR}/src/${HEADER})
+            find_layer("src/${HEADER}")
+        elseif(EXISTS ${SOURCE_DIR}/tools/cli/${HEADER})
+            find_layer("tools/cli/${HEADER}")
+        else()
             continue() # of a library
         endif()
-        find_layer("src/${HEADER}")
         string(REPLACE "src/" "" NAME "${LAYER}")
         if(NOT LAYER STREQUAL OWN AND NOT NAME IN_LIST ALLOWED AND NOT HEADER IN_LIST ALLOWED)
             message(SEND_ERROR "${FILE} may not include ${HEADER}")

@@ -1,17 +1,17 @@
 #include "Arrange.h"
 
-#include "FileNames.h"
 #include "Instruments.h"
-#include "Messages.h"
-#include "Parts.h"
-#include "SongSummary.h"
 #include "arrange/Arrangement.h"
 #include "assets/InstrumentGuess.h"
 #include "assets/ProgramInstruments.h"
 #include "base/ErrorText.h"
 #include "base/FileBatch.h"
 #include "import/ProgramNames.h"
+#include "input/FileNames.h"
+#include "input/Parts.h"
 #include "song/SongParts.h"
+#include "streams/Messages.h"
+#include "summary/SongSummary.h"
 
 #include <QDir>
 #include <QFileInfo>

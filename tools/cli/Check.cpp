@@ -1,11 +1,11 @@
 #include "Check.h"
 
-#include "Input.h"
 #include "Instruments.h"
-#include "Messages.h"
-#include "SongSummary.h"
 #include "base/ErrorText.h"
 #include "check/findings/FindingKinds.h"
+#include "input/Input.h"
+#include "streams/Messages.h"
+#include "summary/SongSummary.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

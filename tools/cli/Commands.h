@@ -1,5 +1,5 @@
 #pragma once
 
-#include "Arguments.h"
+#include "arguments/Arguments.h"
 
 const std::vector<Command> &allCommands();

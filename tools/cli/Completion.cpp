@@ -1,9 +1,9 @@
 #include "Completion.h"
 
 #include "Commands.h"
-#include "Help.h"
-#include "Messages.h"
-#include "Options.h"
+#include "arguments/Help.h"
+#include "arguments/Options.h"
+#include "streams/Messages.h"
 
 #include <QRegularExpression>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Arguments.h"
+#include "arguments/Arguments.h"
 
 // The script that makes bash, zsh or fish complete this program's words, from the same tables as the help. Throws a
 // WrongUsage for another shell.

@@ -1,12 +1,12 @@
 #include "Convert.h"
 
 #include "ConvertedFiles.h"
-#include "FileNames.h"
-#include "Input.h"
-#include "Messages.h"
-#include "SongSummary.h"
 #include "base/ErrorText.h"
 #include "base/FileBatch.h"
+#include "input/FileNames.h"
+#include "input/Input.h"
+#include "streams/Messages.h"
+#include "summary/SongSummary.h"
 
 #include <QDir>
 

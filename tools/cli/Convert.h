@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Arguments.h"
+#include "arguments/Arguments.h"
 
 // Writes every track of the inputs as an ABC file, or every input as one file of another kind, and prints one line for
 // each input. Gives the exit status.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SongSummary.h"
+#include "summary/SongSummary.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 #include "Inspect.h"
 
-#include "Input.h"
-#include "Messages.h"
+#include "input/Input.h"
+#include "streams/Messages.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,8 +1,8 @@
 #include "Instruments.h"
 
-#include "Messages.h"
 #include "assets/GameInstallation.h"
 #include "assets/InstrumentScan.h"
+#include "streams/Messages.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Arguments.h"
+#include "arguments/Arguments.h"
 #include "assets/InstrumentSet.h"
 
 // Prints the instruments of a game installation, one a line or as one JSON object. Gives the exit status.

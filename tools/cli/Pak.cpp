@@ -1,9 +1,9 @@
 #include "Pak.h"
 
-#include "Messages.h"
 #include "assets/package/PackageRegistry.h"
 #include "assets/package/PakReader.h"
 #include "base/SafeFile.h"
+#include "streams/Messages.h"
 
 namespace {
 

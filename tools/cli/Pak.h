@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Arguments.h"
+#include "arguments/Arguments.h"
 
 // Prints the paths of a package's files, one a line. Gives the exit status.
 int listPackage(const Arguments &arguments);

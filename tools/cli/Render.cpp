@@ -1,15 +1,15 @@
 #include "Render.h"
 
-#include "FileNames.h"
 #include "Instruments.h"
-#include "Messages.h"
-#include "PartInstruments.h"
-#include "Parts.h"
-#include "PipedOutput.h"
-#include "SongSummary.h"
 #include "audio/engine/BuiltinEngine.h"
 #include "audio/render/TrackRenderer.h"
 #include "base/ErrorText.h"
+#include "input/FileNames.h"
+#include "input/Parts.h"
+#include "streams/Messages.h"
+#include "streams/PipedOutput.h"
+#include "summary/PartInstruments.h"
+#include "summary/SongSummary.h"
 
 #include <QDir>
 #include <QEventLoop>

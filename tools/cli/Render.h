@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Arguments.h"
+#include "arguments/Arguments.h"
 
 // Renders the tracks of all inputs into one wave file, with the instruments of a game installation. Ctrl+C ends it and
 // leaves no file. Gives the exit status.

@@ -1,9 +1,9 @@
 #include "WriteSong.h"
 
-#include "Messages.h"
-#include "Parts.h"
 #include "base/SafeFile.h"
+#include "input/Parts.h"
 #include "song/SongFile.h"
+#include "streams/Messages.h"
 
 #include <QFileInfo>
 

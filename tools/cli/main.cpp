@@ -1,8 +1,8 @@
 #include "Commands.h"
-#include "Help.h"
-#include "Messages.h"
-#include "System.h"
+#include "arguments/Help.h"
 #include "base/SafeFile.h"
+#include "streams/Messages.h"
+#include "streams/System.h"
 
 #include <QCoreApplication>
 #include <QLocale>

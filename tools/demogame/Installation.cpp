@@ -1,8 +1,8 @@
 #include "Installation.h"
 
-#include "CurrentPackage.h"
 #include "InstrumentFiles.h"
-#include "LegacyPackage.h"
+#include "packages/CurrentPackage.h"
+#include "packages/LegacyPackage.h"
 
 #include <QFileInfo>
 #include <QSaveFile>

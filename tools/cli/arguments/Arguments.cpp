@@ -1,6 +1,6 @@
-#include "Arguments.h"
+#include "arguments/Arguments.h"
 
-#include "Options.h"
+#include "arguments/Options.h"
 
 #include <QCommandLineParser>
 

@@ -1,8 +1,8 @@
-#include "SongSummary.h"
+#include "summary/SongSummary.h"
 
-#include "Messages.h"
 #include "audio/TempoMap.h"
 #include "base/SafeFile.h"
+#include "streams/Messages.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "Arguments.h"
-#include "InputFiles.h"
-#include "Messages.h"
+#include "arguments/Arguments.h"
 #include "base/ParallelJobs.h"
+#include "input/InputFiles.h"
 #include "song/SongReader.h"
+#include "streams/Messages.h"
 
 // An input that was read, or why it could not be, or not all of it.
 struct InputReading

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Files.h"
+#include "packages/Files.h"
 
 #include <QVariant>
 

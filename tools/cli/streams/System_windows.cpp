@@ -1,4 +1,4 @@
-#include "System.h"
+#include "streams/System.h"
 
 #include <cstdlib>
 #include <fcntl.h>

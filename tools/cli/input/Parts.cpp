@@ -1,7 +1,7 @@
-#include "Parts.h"
+#include "input/Parts.h"
 
-#include "Messages.h"
 #include "song/SongParts.h"
+#include "streams/Messages.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,4 +1,4 @@
-#include "PartInstruments.h"
+#include "summary/PartInstruments.h"
 
 #include "assets/ProgramInstruments.h"
 #include "import/ProgramNames.h"

@@ -1,4 +1,4 @@
-#include "Options.h"
+#include "arguments/Options.h"
 
 #include "arrange/Arrangement.h"
 #include "import/ChangeKey.h"

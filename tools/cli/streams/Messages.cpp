@@ -1,7 +1,7 @@
-#include "Messages.h"
+#include "streams/Messages.h"
 
-#include "System.h"
 #include "base/ErrorText.h"
+#include "streams/System.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,4 +1,4 @@
-#include "Input.h"
+#include "input/Input.h"
 
 #include "base/ErrorText.h"
 

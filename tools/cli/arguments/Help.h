@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Arguments.h"
+#include "arguments/Arguments.h"
 
 extern const char *const programName;
 extern const char *const programPurpose;

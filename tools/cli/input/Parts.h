@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Input.h"
 #include "import/PartReport.h"
+#include "input/Input.h"
 #include "song/Song.h"
 
 // The inputs as one song: parts in the order of the inputs, and what the first song file among them says of the whole.

@@ -1,4 +1,4 @@
-#include "InputFiles.h"
+#include "input/InputFiles.h"
 
 #include "base/FilePaths.h"
 

@@ -1,6 +1,6 @@
-#include "CurrentPackage.h"
+#include "packages/CurrentPackage.h"
 
-#include "ByteWriter.h"
+#include "packages/ByteWriter.h"
 
 #include <cstring>
 

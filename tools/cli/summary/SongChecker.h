@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Arguments.h"
+#include "arguments/Arguments.h"
 #include "assets/InstrumentSet.h"
 #include "check/findings/Finding.h"
 #include "core/Measures.h"

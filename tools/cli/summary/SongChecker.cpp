@@ -1,10 +1,10 @@
-#include "SongChecker.h"
+#include "summary/SongChecker.h"
 
-#include "PartInstruments.h"
 #include "check/PartCheck.h"
 #include "check/findings/FindingKinds.h"
 #include "edit/AbcReading.h"
 #include "song/SongParts.h"
+#include "summary/PartInstruments.h"
 
 #include <QJsonArray>
 

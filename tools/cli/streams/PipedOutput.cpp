@@ -1,6 +1,6 @@
-#include "PipedOutput.h"
+#include "streams/PipedOutput.h"
 
-#include "Messages.h"
+#include "streams/Messages.h"
 
 #include <QFileInfo>
 

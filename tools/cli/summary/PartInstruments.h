@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Arguments.h"
+#include "arguments/Arguments.h"
 #include "assets/InstrumentGuess.h"
 #include "import/PartReport.h"
 #include "song/Song.h"

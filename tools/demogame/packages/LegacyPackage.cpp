@@ -1,6 +1,6 @@
-#include "LegacyPackage.h"
+#include "packages/LegacyPackage.h"
 
-#include "ByteWriter.h"
+#include "packages/ByteWriter.h"
 
 #include <QCryptographicHash>
 

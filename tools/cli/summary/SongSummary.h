@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SongChecker.h"
+#include "summary/SongChecker.h"
 
 #include <QJsonArray>
 

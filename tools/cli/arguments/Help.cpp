@@ -1,6 +1,6 @@
-#include "Help.h"
+#include "arguments/Help.h"
 
-#include "Options.h"
+#include "arguments/Options.h"
 
 const char *const programName = "kelvarion-composer-cli";
 const char *const programPurpose = "songs for the instruments of Kelvarion, without a window";
