@@ -10,6 +10,7 @@
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
@@ -116,6 +117,27 @@ bool hasManualPage(const QWidget &window)
                           : QFile::exists(QStringLiteral(":/docs/manual/") + page);
 }
 
+bool isIn(const QLayout &layout, const QWidget &widget)
+{
+    for (int i = 0; i < layout.count(); ++i) {
+        if (layout.itemAt(i)->widget() == &widget)
+            return true;
+    }
+    return false;
+}
+
+// Whether no layout gives it a place beside the others.
+bool isLost(const QWidget &widget)
+{
+    const auto *const parent = widget.parentWidget();
+    if (!widget.isVisible() || widget.isWindow() || !parent->layout() || widget.inherits("QSizeGrip") ||
+        parent->inherits("QMainWindow") || widget.objectName().startsWith(QStringLiteral("qt_")))
+        return false;
+    const auto layouts = parent->findChildren<QLayout *>();
+    return std::none_of(layouts.begin(), layouts.end(),
+                        [&](const auto *layout) { return layout->parentWidget() == parent && isIn(*layout, widget); });
+}
+
 // Those that the same letter triggers.
 QSet<QString> rivalsIn(const QWidget &menu)
 {
@@ -201,6 +223,8 @@ private slots:
                 if (!hasManualPage(window))
                     misfits.insert(nameOf(window) + QStringLiteral(" has no page of the manual"));
                 forEachIn(window, [&](const QWidget &widget) {
+                    if (isLost(widget))
+                        misfits.insert(nameOf(widget) + QStringLiteral(" is in no layout"));
                     if (isCut(widget))
                         misfits.insert(nameOf(widget) + QStringLiteral(" is cut: ") + textsOf(widget).last());
                     if (!language.isEmpty() && (widget.inherits("QMenu") || widget.inherits("QMenuBar")))

@@ -1,10 +1,15 @@
 // The pages of the manual that are built into the program: their links and pictures, and how the window shows them.
 #include "support/Rows.h"
+#include "ui/ManualPage.h"
 #include "ui/manual/ManualBrowser.h"
+#include "ui/manual/ManualWindow.h"
 
+#include <QAction>
 #include <QDir>
+#include <QLineEdit>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QWindow>
 
 #include <functional>
 
@@ -108,6 +113,56 @@ private slots:
             QVERIFY(picture.width() > width / 2 && picture.width() <= browser.viewport()->width());
             QCOMPARE(picture.width() == 900, width > 900);
         }
+    }
+
+    // The page of what has the keyboard. The window's handle gets the key before its widgets do.
+    void keyOpensThePage()
+    {
+        ManualKey key;
+        QCoreApplication::instance()->installEventFilter(&key);
+        for (const auto &[page, opened] : {std::pair("export.md", "export.md"), {"", "index.md"}}) {
+            QWidget window;
+            auto *const line = new QLineEdit(&window);
+            setManualPage(window, page);
+            window.show();
+            line->setFocus();
+            QVERIFY(QTest::qWaitForWindowActive(&window));
+            QTest::keyClick(window.windowHandle(), Qt::Key_A);
+            QVERIFY(!window.findChild<ManualWindow *>());
+            QTest::keyClick(window.windowHandle(), Qt::Key_F1);
+            QCOMPARE(window.findChildren<ManualWindow *>().size(), 1);
+            QCOMPARE(window.findChild<QTextBrowser *>()->source().fileName(), QLatin1String(opened));
+        }
+    }
+
+    void findsAndGoesBack()
+    {
+        QPointer<ManualWindow> manual(new ManualWindow(nullptr));
+        manual->showPage(QStringLiteral("window.md"));
+        manual->show();
+        auto &browser = *manual->findChild<QTextBrowser *>();
+        auto &search = *manual->findChild<QLineEdit *>();
+        search.setText(QStringLiteral("song"));
+        QVector<int> places;
+        while (places.size() < 2 || places.last() > places[places.size() - 2]) { // until it begins again
+            QTest::keyClick(&search, Qt::Key_Return);
+            QCOMPARE(browser.textCursor().selectedText().toLower(), QStringLiteral("song"));
+            places.append(browser.textCursor().position());
+        }
+        QCOMPARE(places.last(), places.first());
+
+        const auto action = [&](const QString &text) {
+            const auto actions = manual->findChildren<QAction *>();
+            return *std::find_if(actions.begin(), actions.end(), [&](auto *one) { return one->text() == text; });
+        };
+        QVERIFY(!action(QStringLiteral("Back"))->isEnabled());
+        action(QStringLiteral("Contents"))->trigger();
+        QCOMPARE(browser.source().fileName(), QStringLiteral("index.md"));
+        action(QStringLiteral("Back"))->trigger();
+        QCOMPARE(browser.source().fileName(), QStringLiteral("window.md"));
+        QVERIFY(QTest::qWaitForWindowActive(manual));
+        QTest::keyClick(manual, Qt::Key_Escape);
+        QTRY_VERIFY(!manual);
     }
 };
 
