@@ -2,6 +2,7 @@
 
 #include "ui/Theme.h"
 
+#include <QApplication>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPixmapCache>
