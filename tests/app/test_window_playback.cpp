@@ -167,14 +167,15 @@ private slots:
         QVERIFY(!fixture_->action("actionRecord")->isChecked());
     }
 
-    // A text that can hold the notes only when all of it is written anew; what was played is not lost if it may not.
+    // A text that can hold the notes only when all of it is written anew, for 40 seconds, as busy machines are late;
+    // what was played is not lost if it may not.
     void recordingAsksBeforeATextIsWrittenAnew()
     {
         fixture_->makeEngine = [] { return std::make_unique<BuiltinEngine>(EngineOutput::Paced); };
         fixture_->makeWindow();
         QVERIFY(fixture_->waitUntilLoaded());
         auto &tracks = fixture_->tracks();
-        const auto track = parseAbc(QStringLiteral("X: 1\nL: 1/4\nM: 4/4\nK: C\n[Z2C8] | C4 | C4 | % end\n"));
+        const auto track = parseAbc(QStringLiteral("X: 1\nL: 1/4\nM: 4/4\nK: C\n[Z40C160] | C4 | C4 | % end\n"));
         const auto part = tracks.add(QString(), {NewTrack{track, QString()}}).first();
         fixture_->keyboard.ports = QStringList(QStringLiteral("Piano"));
         fixture_->settings().setValue(Settings::KeyboardPort, QStringLiteral("Piano"));
