@@ -72,7 +72,7 @@ private slots:
 
         QTest::keyClick(roll, Qt::Key_Delete);
         QCOMPARE(editor.body(), QStringLiteral("z D [EG]\n"));
-        QContextMenuEvent asked(QContextMenuEvent::Keyboard, {});
+        QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {});
         QCoreApplication::sendEvent(editor.text->viewport(), &asked);
         auto *const menu = editor.text->findChild<QMenu *>();
         QVERIFY(menu != nullptr);

@@ -43,7 +43,7 @@ double contrastOf(const QImage &drawing, const QColor &ground)
     std::vector<double> ratios;
     for (int i = 0; i < drawing.width() * drawing.height(); ++i) {
         const auto ink = drawing.pixelColor(i % drawing.width(), i / drawing.width());
-        if (ink.alphaF() > 0.8)
+        if (ink.alpha() > 204)
             ratios.push_back(contrast(ink, ground));
     }
     if (ratios.empty())
