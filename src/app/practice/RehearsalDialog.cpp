@@ -79,6 +79,7 @@ void RehearsalDialog::fillParts(const SongTracks &song)
     parts_->setHorizontalHeaderLabels({tr("Part"), tr("Offset (ms)")});
     parts_->horizontalHeader()->setSectionResizeMode(Part, QHeaderView::Stretch);
     parts_->verticalHeader()->hide();
+    parts_->setAccessibleName(typed_->text().remove(u'&'));
     for (int row = 0; row < song.size(); ++row) {
         auto *const offset = new QTableWidgetItem;
         offset->setData(Qt::EditRole, rehearsal_.offsets.value(song[row]->id));
