@@ -15,6 +15,7 @@
 #include "edit/NoteLookup.h"
 #include "edit/plan/MeasureChange.h"
 #include "support/Figures.h"
+#include "support/Share.h"
 #include "support/Tunes.h"
 #include "ui/document/EditorDocument.h"
 
@@ -32,19 +33,6 @@ namespace {
 enum class Shape { Whole, Short, Long, NoBarLines };
 constexpr std::array shapeNames{"whole", "short", "long", "no bar lines"};
 constexpr std::array obstacleNames{"", "no measure", "no bar line", "tuplet over a bar line", "overlap"};
-
-struct Share
-{
-    int good = 0;
-    int all = 0;
-
-    void add(bool isGood)
-    {
-        ++all;
-        good += isGood ? 1 : 0;
-    }
-    double percent() const { return all == 0 ? 100 : 100.0 * good / all; }
-};
 
 struct Shares
 {

@@ -17,6 +17,7 @@
 #include "edit/NoteLookup.h"
 #include "edit/plan/NoteEditPlan.h"
 #include "support/Figures.h"
+#include "support/Share.h"
 #include "support/Tunes.h"
 #include "ui/document/EditorDocument.h"
 
@@ -339,19 +340,6 @@ bool isMinimal(const Anatomy &before, const Anatomy &after, const AbcReading &re
     }
     return true;
 }
-
-struct Share
-{
-    int good = 0;
-    int all = 0;
-
-    void add(bool isGood)
-    {
-        ++all;
-        good += isGood ? 1 : 0;
-    }
-    double percent() const { return all == 0 ? 100 : 100.0 * good / all; }
-};
 
 struct Shares
 {
