@@ -7,6 +7,7 @@
 #include "ui/importing/PreviewPlayer.h"
 #include "ui/report/TuneChooser.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -79,7 +80,13 @@ private slots:
             QCOMPARE(summary(dialog), QStringLiteral("3 of 3 parts, 176 notes, 1,007 characters"));
             const auto characters = shown(dialog, 2, PartsTable::Characters);
             choose(dialog, 1, PartsTable::Name, Qt::Unchecked, Qt::CheckStateRole);
-            choose(dialog, 0, PartsTable::Instrument, QStringLiteral("Accordion"));
+            auto *const table = dialog.findChild<QTableView *>();
+            const auto openBox = [table] { return table->viewport()->findChild<QComboBox *>(); };
+            table->edit(table->model()->index(0, PartsTable::Instrument));
+            QTRY_VERIFY(openBox()->view()->isVisible()); // unfolded at once
+            openBox()->setCurrentText(QStringLiteral("Accordion"));
+            emit openBox()->activated(openBox()->currentIndex());
+            QTRY_VERIFY(!openBox());
             choose(dialog, 2, PartsTable::Octaves, QStringLiteral("-1"));
             dialog.findChild<QCheckBox *>(QStringLiteral("chkMergeChannels"))->click();
             QVERIFY(waitUntilSettled(dialog));

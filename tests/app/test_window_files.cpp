@@ -16,6 +16,8 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMimeData>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QToolButton>
 #include <QTreeView>
@@ -75,10 +77,19 @@ private slots:
         emit const_cast<QLabel *>(line)->linkActivated({});
         QVERIFY(report->isVisible());
         auto *const model = report->model();
+        fixture_->tracks().add(QStringLiteral("Add"), QVector<NewTrack>(12));
+        auto *const bar = fixture_->child<QScrollArea>("scrTrackArea")->verticalScrollBar();
+        QTRY_VERIFY(bar->maximum() > 0);
+        bar->setValue(bar->maximum());
         emit report->clicked(model->index(0, 0, model->index(0, 0)));
+        QTRY_COMPARE(bar->value(), 0); // where it can be seen
         QCOMPARE(fixture_->row(0)->findChild<TrackVisualizationWidget *>()->position(), ticksPerWholeNote);
         emit report->doubleClicked(model->index(0, 0, model->index(0, 0)));
         QVERIFY(fixture_->window().findChild<AbcEditorWindow *>());
+        fixture_->trigger("actionUndo");
+        fixture_->trigger("actionUndo");
+        emit report->clicked(model->index(0, 0, model->index(0, 0))); // of a part that is gone
+        fixture_->trigger("actionRedo");
 
         fixture_->dialogs().answerOrCancel = Dialogs::Answer::No;
         const auto whole = MidiBytes::noteOn(0, 60) + MidiBytes::noteOff(96, 60) + MidiBytes::endOfTrack();

@@ -23,6 +23,7 @@
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTableWidget>
+#include <QToolBar>
 #include <QToolButton>
 #include <QWheelEvent>
 
@@ -487,6 +488,10 @@ private slots:
         QCOMPARE(offsets.mid(0, 6).join(u' '), QStringLiteral("0 0 0 0 -2000 0")); // as far as it may be
         QVERIFY(offsets.mid(6) != QStringList({QStringLiteral("0"), QStringLiteral("-2000"), QStringLiteral("0")}));
         QVERIFY(fixture_->action("actionRehearsal")->isChecked());
+        const auto *const button = qobject_cast<QToolButton *>(
+            fixture_->child<QToolBar>("tbPlayback")->widgetForAction(fixture_->action("actionRehearsal")));
+        QVERIFY(button->popupMode() == QToolButton::MenuButtonPopup);
+        QVERIFY(button->menu()->actions().contains(fixture_->action("actionRehearsal_Offsets")));
         QVERIFY(fixture_->tracks().song() == song);
         fixture_->dialogs().inDialog = [&](QDialog &dialog) {
             auto *const table = dialog.findChild<QTableWidget *>();

@@ -19,6 +19,7 @@
 #include <QMouseEvent>
 #include <QProgressBar>
 #include <QToolButton>
+#include <QtMath>
 
 using Ask = QString (*)(Dialogs &dialogs);
 Q_DECLARE_METATYPE(Ask)
@@ -261,6 +262,39 @@ private slots:
         QTEST(dial.valueText(), "to"); // let go
         QTest::mouseDClick(&dial, Qt::LeftButton);
         QCOMPARE(dial.value(), 0);
+    }
+
+    // All around its ring, from below: the part that tells the value (#), the rest of the range (-), nothing there ( ).
+    void dialShowsItsValue_data()
+    {
+        const Rows<bool, int, QString> row("hasDetent", "value", "ring");
+        row("above the middle", true, 50, "  ---------#####----  ");
+        row("below it", true, -50, "  ----#####---------  ");
+        row("from the least", false, 50, "  ##############----  ");
+        row("the whole range", false, 100, "  ##################  ");
+    }
+    void dialShowsItsValue()
+    {
+        QFETCH(bool, hasDetent);
+        QFETCH(int, value);
+        ValueDial dial(-100, 100, 0, hasDetent ? ValueDial::Detent::AtNeutral : ValueDial::Detent::None,
+                       [](int number) { return QString::number(number); });
+        dial.resize(dial.sizeHint());
+        dial.setValue(value);
+        const auto picture = dial.grab().toImage();
+        const auto accent = dial.palette().color(QPalette::Highlight);
+        const auto paper = dial.palette().color(QPalette::Window);
+        QString ring;
+        for (int degrees = -165; degrees < 165; degrees += 15) {
+            const auto angle = qDegreesToRadians(degrees + 7.5);
+            const QPointF place(20 + 16 * std::sin(angle), 19 - 16 * std::cos(angle));
+            const auto colour = picture.pixelColor((place * picture.devicePixelRatio()).toPoint());
+            const auto like = [&colour](const QColor &other) {
+                return std::abs(colour.red() - other.red()) + std::abs(colour.blue() - other.blue()) < 40;
+            };
+            ring += like(accent) ? u'#' : like(paper) ? u' ' : u'-';
+        }
+        QTEST(ring, "ring");
     }
 
     // An icon in the colour of the row that the mouse is over can be seen.

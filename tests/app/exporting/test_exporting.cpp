@@ -3,6 +3,7 @@
 #include "app/WindowFixture.h"
 #include "app/exporting/ExportProgress.h"
 #include "audio/TempoMap.h"
+#include "core/AbcParser.h"
 #include "support/GatedEngine.h"
 #include "support/Rows.h"
 
@@ -14,6 +15,7 @@
 #include <QLockFile>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QToolButton>
 
 class TestExporting : public QObject
@@ -122,6 +124,31 @@ private slots:
         QCOMPARE(fixture_->settings().value(Settings::ExportFormat).toInt(), 4);
     }
 
+    void betterSoundTakesMoreRoom()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        QVector<qint64> sizes;
+        for (const int quality : {0, 10}) {
+            fixture_->dialogs().inDialog = [quality](QDialog &dialog) {
+                auto *const format = dialog.findChild<QComboBox *>(QStringLiteral("cmbFormat"));
+                auto *const box = dialog.findChild<QSpinBox *>(QStringLiteral("spnQuality"));
+                format->setCurrentIndex(0);
+                QVERIFY(!box->isEnabled()); // nothing is lost there
+                format->setCurrentText(QStringLiteral("Ogg Vorbis"));
+                QVERIFY(box->isEnabled());
+                box->setValue(quality);
+                dialog.accept();
+            };
+            const auto file = fixture_->path(qPrintable(QStringLiteral("%1.ogg").arg(quality)));
+            fixture_->dialogs().files = QStringList(file);
+            fixture_->trigger("actionExport_Audio");
+            QTRY_VERIFY(QFile::exists(file) && !fixture_->child<QDialog>("exportProgress"));
+            sizes.append(QFileInfo(file).size());
+            QCOMPARE(fixture_->settings().value(Settings::ExportQuality).toInt(), quality);
+        }
+        QVERIFY(sizes[1] > 2 * sizes[0]);
+    }
+
     // By an export of a program that runs no more; what others write, and the user's own files, stay.
     void removesWhatAKilledExportLeft()
     {
@@ -142,9 +169,13 @@ private slots:
 
     void exportsNotation_data()
     {
-        const Rows<QByteArray, QString, QString, QByteArray> row("action", "asked", "file", "begins");
-        row("MIDI", "actionExport_MIDI", "Export MIDI|MIDI file (*.mid)", "harbour-jig.mid", "MThd");
-        row("tunebook", "actionExport_Tunebook", "Export Tunebook|ABC Files (*.abc)", "harbour-jig.abc", "X: 1\nT:");
+        const Rows<QByteArray, QString, QString, QByteArray, QString> row("action", "asked", "file", "begins",
+                                                                          "remark");
+        row("MIDI", "actionExport_MIDI", "Export MIDI|MIDI file (*.mid)", "harbour-jig.mid", "MThd",
+            "1 note(s) end where their pitch begins again; 1 note(s) are too high for MIDI; "
+            "1 part(s) are written in the tempo of the longest");
+        row("tunebook", "actionExport_Tunebook", "Export Tunebook|ABC Files (*.abc)", "harbour-jig.abc",
+            "X: 1\nT:", "song.out");
     }
     void exportsNotation()
     {
@@ -152,7 +183,12 @@ private slots:
         QFETCH(const QString, asked);
         QFETCH(const QString, file);
         QFETCH(const QByteArray, begins);
+        QFETCH(const QString, remark);
         QVERIFY(fixture_->import(jig, 3));
+        auto odd = parseAbc(QStringLiteral("X:1\nL:1/4\nQ:1/4=77\nK:C\n[zC3]C"));
+        odd.appendEvent(TrackEvent::note(130, 0, ticksPerQuarter));
+        odd.normalize();
+        fixture_->tracks().add(QStringLiteral("Add"), {{odd, QString()}});
         fixture_->tracks().setMuted({fixture_->tracks().ids().first()}, true); // written all the same
         auto &dialogs = fixture_->dialogs();
         dialogs.takeAsked();
@@ -162,6 +198,7 @@ private slots:
         QCOMPARE(QFileInfo(dialogs.starts.last()).fileName(), file);
         auto *const note = fixture_->child<QWidget>("exportNote");
         QTRY_VERIFY(note->isVisible());
+        QTEST(note->findChild<QLabel *>()->text().right(QString(remark).size()), "remark");
         QVERIFY(WindowFixture::read(fixture_->path("song.out")).startsWith(begins));
         note->findChild<QToolButton *>(QStringLiteral("btnOpenFolder"))->click();
         QCOMPARE(dialogs.opened, QList<QUrl>{QUrl::fromLocalFile(QFileInfo(fixture_->path("song.out")).path())});

@@ -1,6 +1,9 @@
 #include "app/AnsweringDialogs.h"
+#include "midi/MidiKeyboard.h"
+#include "support/PlayedKeyboard.h"
 #include "support/Rows.h"
 #include "ui/preferences/ColourSwatch.h"
+#include "ui/preferences/KeyboardGroup.h"
 #include "ui/preferences/PreferencesDialog.h"
 #include "ui/preferences/SoundPage.h"
 
@@ -100,6 +103,22 @@ private slots:
         button(QDialogButtonBox::Ok)->click();
         QTEST(settings_->value(setting).toString(), "kept");
         QCOMPARE(dialogs_->messages.size(), setting == Settings::Language ? 1 : 0);
+    }
+
+    void keepsAKeyboardThatIsNotThere()
+    {
+        settings_->setValue(Settings::KeyboardPort, QStringLiteral("Gone"));
+        PlayedKeyboard::State state;
+        state.ports = QStringList(QStringLiteral("Piano"));
+        MidiKeyboard keyboard(std::make_unique<PlayedKeyboard>(state), [](KeyEvent) {});
+        const KeyboardGroup group(*settings_, keyboard);
+        const auto *const ports = group.findChild<QComboBox *>(QStringLiteral("cboKeyboard"));
+        const auto *const connected = group.findChild<QLabel *>(QStringLiteral("lblKeyboard"));
+        QCOMPARE(ports->currentText(), QStringLiteral("Gone (not found)"));
+        QCOMPARE(ports->count(), 4);
+        QCOMPARE(connected->text(), QStringLiteral("none"));
+        keyboard.choose(MidiKeyboard::any);
+        QCOMPARE(connected->text(), QStringLiteral("Piano"));
     }
 
     void showsThePageOfTheSelectedRow()

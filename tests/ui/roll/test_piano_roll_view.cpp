@@ -82,6 +82,13 @@ private slots:
         const auto at = [&](double eighths) { return ruler->problemsAt(fixture.at(eighths, 60).x()); };
         QTRY_VERIFY(at(14).contains(QStringLiteral("short by 1/4")));
         QCOMPARE(at(12), QString());
+        const auto picture = const_cast<RollRuler *>(ruler)->grab().toImage();
+        const auto dotAt = [&](double eighths) {
+            const QPointF place(fixture.at(eighths, 60).x() + 0.5, ruler->height() - 5);
+            return picture.pixelColor((place * picture.devicePixelRatio()).toPoint());
+        };
+        QCOMPARE(dotAt(14), fixture.state().colours.warning);
+        QCOMPARE(dotAt(12), fixture.state().colours.ruler);
     }
 
     void zooms()

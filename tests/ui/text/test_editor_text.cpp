@@ -408,11 +408,15 @@ private slots:
     // The text before, with the caret at "^", and behind the fix or the first one of the menu.
     void fixesProblems_data()
     {
-        const Rows<QString, QString> row("body", "fixed");
-        row("at the caret", "C4||^D4||E4", "C4|D4||E4");
-        row("on its line", "C4 ^|D3)|E4", "C4 |D3|E4");
-        row("a choice of two", "^C4 || D4 || E4", "C4 | D4 || E4");
-        row("nothing", "C4^|C3|C", "C4|C3|C");
+        const Rows<QString, QString, QString> row("body", "fixed", "by");
+        row("at the caret", "C4||^D4||E4", "C4|D4||E4", "");
+        row("on its line", "C4 ^|D3)|E4", "C4 |D3|E4", "");
+        row("a choice of two", "^C4 || D4 || E4", "C4 | D4 || E4", "");
+        row("nothing", "C4^|C3|C", "C4|C3|C", "");
+        row("in the margin", "^C4||D4", "C4|D4", "margin");
+        row("nothing in the margin", "^C4|C3|C", "C4|C3|C", "margin");
+        row("in the list", "^C4||D4", "C4|D4", "list");
+        row("nothing in the list", "^C4|C3|C", "C4|C3|C", "list");
     }
 
     void fixesProblems()
@@ -424,13 +428,26 @@ private slots:
         editor.select(caret, caret);
         const auto &document = editor.window.document();
         QTRY_VERIFY(!document.findings().isEmpty());
-        editor.trigger("actionFixProblem");
+        QFETCH(QString, by);
+        QFETCH(QString, fixed);
+        if (by == u"margin") {
+            QTest::mouseClick(editor.text->findChild<LineNumbers *>(), Qt::LeftButton, {},
+                              {8, editor.text->cursorRect().center().y()});
+        } else if (by == u"list") {
+            auto *const list = editor.child<ProblemList>("problemList");
+            const auto place = list->visualItemRect(list->item(0)).center();
+            QContextMenuEvent event(QContextMenuEvent::Mouse, place, list->viewport()->mapToGlobal(place));
+            QCoreApplication::sendEvent(list->viewport(), &event);
+        } else {
+            editor.trigger("actionFixProblem");
+        }
+        QVERIFY(by.isEmpty() || (QApplication::activePopupWidget() != nullptr) == (fixed != body));
         if (auto *const menu = qobject_cast<QMenu *>(QApplication::activePopupWidget())) {
             menu->actions().first()->trigger();
             menu->close();
         }
-        QTEST(editor.body(), "fixed");
-        if (editor.body() != body) {
+        QCOMPARE(editor.body(), fixed);
+        if (fixed != body) {
             QVERIFY(document.undoName().startsWith(QStringLiteral("Remove")));
             editor.trigger("actionUndo");
             QCOMPARE(editor.body(), body);
