@@ -1,6 +1,7 @@
 // Contrast ratios by the Web Content Accessibility Guidelines 2.1: 4.5 for text, 3 for signs.
 #include "ui/Icons.h"
 #include "ui/Theme.h"
+#include "ui/roll/RollColours.h"
 #include "ui/song/TrackWidgetStyles.h"
 #include "ui/text/EditorColours.h"
 
@@ -122,6 +123,28 @@ private slots:
                 if (!name.endsWith(u"@2x") && name != u"appicon" && name != u"color-swatch") // a sign on its ground
                     sign(name, window);
             }
+            const RollColours roll(palette, QColor(70, 130, 220));
+            for (const auto &[name, note] : {std::pair("note", roll.note),
+                                             {"selected note", roll.selected},
+                                             {"sounding note", roll.sounding},
+                                             {"faded note", roll.faded},
+                                             {"ghost", roll.ghost}}) {
+                row(QStringLiteral("text of ") + QLatin1String(name), over(note.fill, note.text), note.fill, 2.5);
+                row(QStringLiteral("edge of ") + QLatin1String(name), note.edge, note.fill, 1.1);
+                row(QLatin1String(name), note.fill, roll.whiteRow, 1.2);
+            }
+            for (const auto &[name, film] :
+                 {std::pair("row", QColor(0, 0, 0, 0)), {"unplayable", roll.unplayable}, {"end", roll.afterEnd}})
+                row(QStringLiteral("measure line over ") + QLatin1String(name), roll.measureLine,
+                    over(roll.whiteRow, film), 1.5);
+            for (const auto &[name, colour] : {std::pair("error", roll.error),
+                                               {"warning", roll.warning},
+                                               {"cursor", roll.cursor},
+                                               {"position", roll.playing},
+                                               {"number", roll.rulerText}})
+                row(QStringLiteral("ruler's ") + QLatin1String(name), colour, roll.ruler, 2);
+            row(QStringLiteral("key's name"), roll.keyText, roll.whiteKey, 4.5);
+            row(QStringLiteral("black key"), roll.blackKey, roll.whiteKey, 4.5);
             row(QStringLiteral("problem"), colours.problem, line, 3);
             row(QStringLiteral("warning"), colours.warning, line, 3);
         }
