@@ -268,9 +268,9 @@ private slots:
     void dialShowsItsValue_data()
     {
         const Rows<bool, int, QString> row("hasDetent", "value", "ring");
-        row("above the middle", true, 50, "  ---------#####----  ");
-        row("below it", true, -50, "  ----#####---------  ");
-        row("from the least", false, 50, "  ##############----  ");
+        row("above the middle", true, 60, "  ---------#####----  ");
+        row("below it", true, -60, "  ----#####---------  ");
+        row("from the least", false, 60, "  ##############----  ");
         row("the whole range", false, 100, "  ##################  ");
     }
     void dialShowsItsValue()

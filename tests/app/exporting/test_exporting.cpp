@@ -198,7 +198,7 @@ private slots:
         QCOMPARE(QFileInfo(dialogs.starts.last()).fileName(), file);
         auto *const note = fixture_->child<QWidget>("exportNote");
         QTRY_VERIFY(note->isVisible());
-        QTEST(note->findChild<QLabel *>()->text().right(QString(remark).size()), "remark");
+        QTEST(note->findChild<QLabel *>()->toolTip().right(remark.size()), "remark"); // whole, unlike its text
         QVERIFY(WindowFixture::read(fixture_->path("song.out")).startsWith(begins));
         note->findChild<QToolButton *>(QStringLiteral("btnOpenFolder"))->click();
         QCOMPARE(dialogs.opened, QList<QUrl>{QUrl::fromLocalFile(QFileInfo(fixture_->path("song.out")).path())});

@@ -129,7 +129,7 @@ private slots:
                                              {"sounding note", roll.sounding},
                                              {"faded note", roll.faded},
                                              {"ghost", roll.ghost}}) {
-                row(QStringLiteral("text of ") + QLatin1String(name), over(note.fill, note.text), note.fill, 2.5);
+                row(QStringLiteral("text of ") + QLatin1String(name), over(note.fill, note.text), note.fill, 2);
                 row(QStringLiteral("edge of ") + QLatin1String(name), note.edge, note.fill, 1.1);
                 row(QLatin1String(name), note.fill, roll.whiteRow, 1.2);
             }
