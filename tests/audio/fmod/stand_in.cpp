@@ -119,8 +119,7 @@ struct System
     Group master{0};
     std::vector<std::unique_ptr<Group>> groups;
     std::vector<std::unique_ptr<Sound>> sounds;
-    std::map<std::uintptr_t, Channel> channels; // by their handles, of which none comes twice
-    std::uintptr_t lastChannel = 0x1000;
+    std::map<std::uintptr_t, Channel> channels; // by their handles
     std::FILE *file = nullptr;
     std::thread thread;
     std::condition_variable ending;
@@ -494,7 +493,8 @@ EXPORTED(System_PlaySound)(void *handle, void *sound, void *group, int isPaused,
     const std::lock_guard lock(system.mutex);
     if (system.channels.size() >= 2048) // the least important one is stolen
         system.channels.erase(system.channels.begin());
-    const auto id = system.lastChannel++;
+    static std::atomic<std::uintptr_t> lastChannel{0x1000}; // no handle comes twice, in no system
+    const auto id = ++lastChannel;
     auto &made = system.channels[id];
     made.sound = static_cast<Sound *>(sound);
     made.group = group != nullptr ? static_cast<Group *>(group) : &system.master;
