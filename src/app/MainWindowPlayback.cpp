@@ -160,6 +160,8 @@ void MainWindow::onAllTracksStopped()
 
 void MainWindow::onTrackPositionChanged(const QString &trackId, quint64 position)
 {
+    if (playback_.isStopping())
+        return;
     playbackView_.setPosition(trackId, Ticks(position));
     transport_.report(trackId, Ticks(position));
     if (Playback::isMetronome(trackId))

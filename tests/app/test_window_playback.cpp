@@ -142,6 +142,18 @@ private slots:
         QCOMPARE(notes(), before);
     }
 
+    // Where the song was when it was stopped is not where it is begun again.
+    void takesNoPositionOfWhatWasStopped()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        fixture_->trigger("actionPlay");
+        emit player().trackPositionChanged(fixture_->tracks().ids().first(), ticksPerWholeNote * 100);
+        QCOMPARE(fixture_->child<TimeRuler>("timeRuler")->position(), Ticks(0));
+        QCOMPARE(overview(0)->position(), Ticks(0));
+        QTRY_VERIFY(overview(0)->position() > 0);
+        QVERIFY(overview(0)->position() < ticksPerWholeNote * 100);
+    }
+
     // Into a song without notes, by its beats.
     void recordsByTheMetronome()
     {

@@ -38,7 +38,7 @@ Playback::Playback(TrackList &list, const InstrumentSetModel &catalogue, TrackPl
     connect(&player_, &TrackPlayer::trackStopped, this, &Playback::onTrackStopped);
     connect(&player_, &TrackPlayer::allTracksStopped, this, [this] { --stopsUnderWay_; });
     connect(&player_, &TrackPlayer::loadingTrack, this, [this](int track, int tracks, int percent) {
-        if (stopsUnderWay_ == 0) // otherwise it is about what was stopped
+        if (!isStopping())
             emit loading(track, tracks, percent);
     });
     connect(&player_, &TrackPlayer::tracksLoaded, this, &Playback::loaded);
@@ -273,7 +273,7 @@ void Playback::onTrackStarted(const QString &id)
 {
     tellPlaying([&] {
         playing_.insert(id);
-        if (stopsUnderWay_ == 0)
+        if (!isStopping())
             isStarting_ = false;
     });
 }
@@ -282,6 +282,6 @@ void Playback::onTrackStopped(const QString &id)
 {
     tellPlaying([&] { playing_.remove(id); });
     const bool isSongOver = playing_ == QSet<QString>{metronomeId} && !isRecording_;
-    if (isSongOver && stopsUnderWay_ == 0) // otherwise it is stopped, too, and may be another one by now
+    if (isSongOver && !isStopping()) // otherwise it is stopped, too, and may be another one by now
         player_.stopTrack(metronomeId);
 }

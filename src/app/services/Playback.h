@@ -49,6 +49,8 @@ public:
     bool isPlaying() const { return isStarting_ || !playing_.isEmpty(); }
     void play(Ticks from = 0); // all tracks from there
     void stop();               // the loading, too
+    // What the player tells until it has stopped is about what played before, even where the next play() has begun.
+    bool isStopping() const { return stopsUnderWay_ > 0; }
     void seek(Ticks position); // all tracks together
 
     // These hold until they are changed, and are heard at once while it plays. See PlayerWorker.
