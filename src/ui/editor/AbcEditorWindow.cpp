@@ -134,7 +134,7 @@ void AbcEditorWindow::connectEditing()
     on(Id::PreviousProblem, problems_, &ProblemList::goToPrevious);
     on(Id::FixProblem, this, [this] {
         if (!text_->fixAtCaret())
-            status_->say(tr("There is nothing at the caret that has one right fix."));
+            status_->sayForNow(tr("There is nothing at the caret that has one right fix."));
     });
     on(Id::QuickRealign, transforms_, &EditorTransforms::quickRealign);
     on(Id::RealignNotes, transforms_, &EditorTransforms::realignNotes);
@@ -162,7 +162,7 @@ void AbcEditorWindow::connectCleanUp()
     on(Id::SelectPitchRange, &EditorCleanUp::selectPitchRange);
     on(Id::InsertMeasure, &EditorCleanUp::insertMeasure);
     on(Id::DeleteMeasures, &EditorCleanUp::deleteMeasures);
-    connect(cleanUp_, &EditorCleanUp::said, status_, &EditorStatus::say);
+    connect(cleanUp_, &EditorCleanUp::said, status_, &EditorStatus::sayForNow);
 }
 
 void AbcEditorWindow::connectPlaying()
@@ -197,6 +197,9 @@ void AbcEditorWindow::connectViews()
     on(Id::WrapLines, text_, &AbcTextEdit::setWrapsLines);
     (*actions_)[Id::Follow]->setChecked(true);
     on(Id::Follow, text_, &AbcTextEdit::setFollowsPlayback);
+    auto *const followOfRoll = roll_->actions().action(RollActions::Follow);
+    on(Id::Follow, followOfRoll, &QAction::setChecked);
+    connect(followOfRoll, &QAction::toggled, (*actions_)[Id::Follow], &QAction::setChecked);
     connect((*actions_)[Id::SwitchView], &QAction::triggered, this, &AbcEditorWindow::switchView);
     connect((*actions_)[Id::ZoomIn], &QAction::triggered, text_, [this] { text_->zoom(1); });
     connect((*actions_)[Id::ZoomOut], &QAction::triggered, text_, [this] { text_->zoom(-1); });

@@ -42,7 +42,9 @@ void AbcEditorWindow::createMenus()
     auto *const ghosts = view->addMenu(tr("&Ghost Notes"));
     ghosts->setObjectName(QStringLiteral("menuGhosts"));
     connect(ghosts, &QMenu::aboutToShow, this, [=, this] { ghosts_->fill(*ghosts); });
-    view->addActions(listOf(roll_->actions().actionsOf(RollActions::Menu::View)));
+    auto *const ofRoll = view->addMenu(tr("Grid and &Zoom of the Roll"));
+    ofRoll->addActions(listOf(roll_->actions().actionsOf(RollActions::Menu::View)));
+    ofRoll->removeAction(roll_->actions().action(RollActions::Follow)); // the window's is for both views
     for (auto *const menu : menuBar()->findChildren<QMenu *>())
         menu->setToolTipsVisible(true);
 }

@@ -36,6 +36,10 @@ EditorStatus::EditorStatus(EditorDocument &document, QWidget *parent)
     connect(&document_, &EditorDocument::readingChanged, this, &EditorStatus::readTrack);
     connect(&document_, &EditorDocument::findingsChanged, this, &EditorStatus::showProblems);
     connect(&document_, &EditorDocument::caretChanged, this, &EditorStatus::showCaret);
+    using Document = EditorDocument;
+    for (const auto change : {&Document::readingChanged, &Document::charactersChanged, &Document::selectionChanged,
+                              &Document::caretChanged})
+        connect(&document_, change, this, &EditorStatus::forget);
     connect(&document_, &EditorDocument::isAppliedChanged, this, &EditorStatus::showState);
     readTrack();
     showProblems();
@@ -106,6 +110,19 @@ void EditorStatus::say(const QString &message)
     showMessage(message);
     if (!message.isEmpty())
         showMessage(currentMessage(), shownFor);
+}
+
+void EditorStatus::sayForNow(const QString &message)
+{
+    say(message);
+    forNow_ = currentMessage();
+}
+
+void EditorStatus::forget()
+{
+    if (!forNow_.isEmpty() && currentMessage() == forNow_)
+        clearMessage();
+    forNow_.clear();
 }
 
 void EditorStatus::readTrack()

@@ -19,6 +19,8 @@ public:
 
     // A few seconds; an empty text takes the last one away.
     void say(const QString &message);
+    // The same about the text and the caret as they are: what changes one of them takes it away.
+    void sayForNow(const QString &message);
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
@@ -29,6 +31,7 @@ private:
     QLabel *addLabel(const char *objectName, const QString &widest, const QString &tip);
     int widthOf(Detail detail) const;
     void fitLabels(const QString &message);
+    void forget();
     void elide(const QString &message);
     void readTrack();
     void showProblems();
@@ -38,6 +41,7 @@ private:
     EditorDocument &document_;
     Measures measures_;
     Detail detail_ = Detail::All;
+    QString forNow_; // as it is shown
     QLabel *place_;
     QLabel *time_;
     QLabel *note_;

@@ -5,6 +5,7 @@
 #include "ui/roll/PianoRoll.h"
 
 #include <QMenu>
+#include <QStatusBar>
 
 class TestEditorCommands : public QObject
 {
@@ -63,9 +64,13 @@ private slots:
         QCOMPARE(document.selectedNotes(), numbers(selected));
         const bool isChange = body != result;
         QCOMPARE(document.canUndo(), isChange);
-        QCOMPARE(said.isEmpty(), isChange || notes != selected); // what cannot be done says why
+        QCOMPARE(said.isEmpty(),
+                 isChange || notes != selected); // what cannot be done says why, until something changes
+        QCOMPARE(editor.window.statusBar()->currentMessage().isEmpty(), said.isEmpty());
         editor.trigger("actionUndo");
         QCOMPARE(editor.body(), body);
+        editor.text->insertPlainText(QStringLiteral("z"));
+        QVERIFY(editor.window.statusBar()->currentMessage().isEmpty());
     }
 
     void choosesGhosts()

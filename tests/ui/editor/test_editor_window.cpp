@@ -3,6 +3,7 @@
 #include "ui/editor/EditorPlayback.h"
 #include "ui/editor/StepEntry.h"
 #include "ui/roll/PianoRoll.h"
+#include "ui/roll/RollActions.h"
 
 #include <QDialogButtonBox>
 #include <QListWidget>
@@ -183,7 +184,14 @@ private slots:
                 action->trigger();
             }
         }
-        QVERIFY(editor.child<QAction>("actionFollow")->isChecked());
+        auto *const follow = editor.child<QAction>("actionFollow");
+        auto *const followOfRoll = editor.child<PianoRoll>("pianoRoll")->actions().action(RollActions::Follow);
+        for (auto *const action : {follow, followOfRoll}) { // is the same by both keys
+            QVERIFY(follow->isChecked() && followOfRoll->isChecked());
+            action->trigger();
+            QVERIFY(!follow->isChecked() && !followOfRoll->isChecked());
+            action->trigger();
+        }
         if (editor.child<QAction>("actionShowRoll")->isChecked())
             editor.trigger("actionShowRoll");
         QVERIFY(!editor.settings.value(Settings::PianoRollVisible).toBool());
