@@ -70,14 +70,19 @@ function(composer_precompile NAME)
     endif()
 endfunction()
 
-# What the operating systems do differently has a source for each: NAME_windows.cpp, and NAME_posix.cpp for all others.
+# What the operating systems do differently has a source for each: NAME_windows.cpp, and NAME_posix.cpp for all others;
+# what their desktops do, NAME_dbus.cpp for those that are reached by D-Bus, and NAME_tray.cpp.
 function(composer_glob_sources VARIABLE)
     file(GLOB SOURCES CONFIGURE_DEPENDS *.cpp *.h)
-    set(OTHERS windows)
-    if(WIN32)
-        set(OTHERS posix)
+    set(OTHERS windows tray)
+    if(APPLE)
+        set(OTHERS windows dbus)
+    elseif(WIN32)
+        set(OTHERS posix dbus)
     endif()
-    list(FILTER SOURCES EXCLUDE REGEX "_${OTHERS}\\.cpp$")
+    foreach(OTHER IN LISTS OTHERS)
+        list(FILTER SOURCES EXCLUDE REGEX "_${OTHER}\\.(cpp|h)$")
+    endforeach()
     set(${VARIABLE} ${SOURCES} PARENT_SCOPE)
 endfunction()
 

@@ -119,6 +119,10 @@
         <source>Untitled</source>
         <translation>Ohne Titel</translation>
     </message>
+    <message>
+        <source>Grid and &amp;Zoom of the Roll</source>
+        <translation>R&amp;aster und Zoom der Pianorolle</translation>
+    </message>
 </context>
 <context>
     <name>AbcParser</name>
@@ -533,6 +537,13 @@
     <message>
         <source>&amp;Range:</source>
         <translation>&amp;Bereich:</translation>
+    </message>
+</context>
+<context>
+    <name>BusNotices</name>
+    <message>
+        <source>Show the Window</source>
+        <translation>Fenster zeigen</translation>
     </message>
 </context>
 <context>
@@ -1413,6 +1424,24 @@ Möchten Sie ihn abbrechen?</translation>
     <message>
         <source>Rendering to wav...</source>
         <translation>Wav wird geschrieben...</translation>
+    </message>
+</context>
+<context>
+    <name>ExportEnd</name>
+    <message numerus="yes">
+        <source>%n file(s) in %1</source>
+        <translation>
+            <numerusform>%n Datei in %1</numerusform>
+            <numerusform>%n Dateien in %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The export is done</source>
+        <translation>Der Export ist fertig</translation>
+    </message>
+    <message>
+        <source>The export failed</source>
+        <translation>Der Export ist gescheitert</translation>
     </message>
 </context>
 <context>
@@ -3016,6 +3045,17 @@ Bitte schließen Sie eines an, siehe Extras, Einstellungen, Klang.</translation>
         <source>Meters Toolbar</source>
         <translation>Pegelleiste</translation>
     </message>
+    <message numerus="yes">
+        <source>Copied %n part(s) as ABC files</source>
+        <translation>
+            <numerusform>%n Stimme als ABC-Datei kopiert</numerusform>
+            <numerusform>%n Stimmen als ABC-Dateien kopiert</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Kelvarion Composer has done its work</source>
+        <translation>Kelvarion Composer ist fertig</translation>
+    </message>
 </context>
 <context>
     <name>ManualWindow</name>
@@ -3195,6 +3235,17 @@ Bitte schließen Sie eines an, siehe Extras, Einstellungen, Klang.</translation>
     <message>
         <source>One Tempo for All</source>
         <translation>Ein Tempo für alle</translation>
+    </message>
+</context>
+<context>
+    <name>PartFiles</name>
+    <message>
+        <source>Copy as File</source>
+        <translation>Als Datei kopieren</translation>
+    </message>
+    <message>
+        <source>Copy the track that has the keys, or all that are selected with it, as ABC files</source>
+        <translation>Die Spur, die den Fokus hat, oder alle, die mit ihr ausgewählt sind, als ABC-Dateien kopieren</translation>
     </message>
 </context>
 <context>
@@ -6345,6 +6396,10 @@ Stattdessen um Oktaven in den Umfang zurückversetzen?</numerusform>
     <message>
         <source>start offset %1</source>
         <translation>Startversatz %1</translation>
+    </message>
+    <message>
+        <source>Copy as File</source>
+        <translation>Als Datei kopieren</translation>
     </message>
 </context>
 <context>

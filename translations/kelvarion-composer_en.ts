@@ -28,6 +28,16 @@ Would you like to overwrite them?</numerusform>
     </message>
 </context>
 <context>
+    <name>ExportEnd</name>
+    <message numerus="yes">
+        <source>%n file(s) in %1</source>
+        <translation>
+            <numerusform>%n file in %1</numerusform>
+            <numerusform>%n files in %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>ImportCommands</name>
     <message numerus="yes">
         <source>%1 and %n more</source>
@@ -57,6 +67,16 @@ Would you like to read them again?</numerusform>
         <translation>
             <numerusform>%n more could not be read.</numerusform>
             <numerusform>%n more could not be read.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message numerus="yes">
+        <source>Copied %n part(s) as ABC files</source>
+        <translation>
+            <numerusform>Copied %n part as an ABC file</numerusform>
+            <numerusform>Copied %n parts as ABC files</numerusform>
         </translation>
     </message>
 </context>

@@ -119,6 +119,10 @@
         <source>Untitled</source>
         <translation>Sans titre</translation>
     </message>
+    <message>
+        <source>Grid and &amp;Zoom of the Roll</source>
+        <translation>Grille et &amp;zoom du piano roll</translation>
+    </message>
 </context>
 <context>
     <name>AbcParser</name>
@@ -533,6 +537,13 @@
     <message>
         <source>&amp;Range:</source>
         <translation>&amp;Étendue :</translation>
+    </message>
+</context>
+<context>
+    <name>BusNotices</name>
+    <message>
+        <source>Show the Window</source>
+        <translation>Montrer la fenêtre</translation>
     </message>
 </context>
 <context>
@@ -1413,6 +1424,24 @@ Voulez-vous l’arrêter ?</translation>
     <message>
         <source>Rendering to wav...</source>
         <translation>Écriture du Wav...</translation>
+    </message>
+</context>
+<context>
+    <name>ExportEnd</name>
+    <message numerus="yes">
+        <source>%n file(s) in %1</source>
+        <translation>
+            <numerusform>%n fichier dans %1</numerusform>
+            <numerusform>%n fichiers dans %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The export is done</source>
+        <translation>L’export est terminé</translation>
+    </message>
+    <message>
+        <source>The export failed</source>
+        <translation>L’export a échoué</translation>
     </message>
 </context>
 <context>
@@ -3016,6 +3045,17 @@ Veuillez en brancher un ; voyez Outils, Préférences, Son.</translation>
         <source>Meters Toolbar</source>
         <translation>Barre des niveaux</translation>
     </message>
+    <message numerus="yes">
+        <source>Copied %n part(s) as ABC files</source>
+        <translation>
+            <numerusform>%n partie copiée comme fichier ABC</numerusform>
+            <numerusform>%n parties copiées comme fichiers ABC</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Kelvarion Composer has done its work</source>
+        <translation>Kelvarion Composer a terminé</translation>
+    </message>
 </context>
 <context>
     <name>ManualWindow</name>
@@ -3195,6 +3235,17 @@ Veuillez en brancher un ; voyez Outils, Préférences, Son.</translation>
     <message>
         <source>One Tempo for All</source>
         <translation>Un seul tempo pour tous</translation>
+    </message>
+</context>
+<context>
+    <name>PartFiles</name>
+    <message>
+        <source>Copy as File</source>
+        <translation>Copier comme fichier</translation>
+    </message>
+    <message>
+        <source>Copy the track that has the keys, or all that are selected with it, as ABC files</source>
+        <translation>Copier la piste qui a le clavier, ou toutes celles sélectionnées avec elle, comme fichiers ABC</translation>
     </message>
 </context>
 <context>
@@ -6345,6 +6396,10 @@ Les ramener plutôt par octaves dans l’étendue ?</numerusform>
     <message>
         <source>start offset %1</source>
         <translation>décalage de départ %1</translation>
+    </message>
+    <message>
+        <source>Copy as File</source>
+        <translation>Copier comme fichier</translation>
     </message>
 </context>
 <context>

@@ -21,6 +21,10 @@ bool Application::notify(QObject *receiver, QEvent *event)
 
 bool Application::event(QEvent *event)
 {
+    if (event->type() == QEvent::Quit && mayEnd_ && mayEnd_()) {
+        exit();
+        return true;
+    }
     if (event->type() != QEvent::FileOpen)
         return QApplication::event(event);
     wantedFiles_.append(static_cast<QFileOpenEvent *>(event)->file());

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QStringList>
 
+#include <functional>
 #include <utility>
 
 // The program's application. An exception that leaves the handling of an event ends neither the program nor the work
@@ -19,6 +20,9 @@ public:
     // Those that the system asked to open since the last call, as macOS does in place of a command line. [ui]
     QStringList takeWantedFiles() { return std::exchange(wantedFiles_, {}); }
 
+    // While this says so the system ends the program without its windows being asked.
+    void setMayEnd(const std::function<bool()> &mayEnd) { mayEnd_ = mayEnd; }
+
 signals:
     void filesWanted();
     void failed(const QString &error); // from the event loop of the interface thread, once for failures in a row
@@ -31,4 +35,5 @@ private:
 
     bool isTelling_ = false;
     QStringList wantedFiles_;
+    std::function<bool()> mayEnd_;
 };

@@ -1,6 +1,7 @@
 #include "app/ArrivedFiles.h"
 
 #include "app/MainWindow.h"
+#include "ui/notices/DesktopNotice.h"
 
 #include <QApplication>
 
@@ -15,23 +16,14 @@ void ArrivedFiles::setWindow(MainWindow *window)
 void ArrivedFiles::add(const QStringList &files)
 {
     files_ += files;
-    comeForward();
+    if (window_)
+        comeForward(*window_);
     open();
 }
 
 void ArrivedFiles::timerEvent(QTimerEvent *)
 {
     open();
-}
-
-void ArrivedFiles::comeForward()
-{
-    if (!window_)
-        return;
-    window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
-    window_->raise();
-    window_->activateWindow();
-    QApplication::alert(window_); // where a window may not come to the front by itself
 }
 
 // Not behind a question, whose answer may be about the song that is there.

@@ -19,7 +19,6 @@ protected:
     void timerEvent(QTimerEvent *event) override;
 
 private:
-    void comeForward();
     void open();
 
     QPointer<MainWindow> window_;

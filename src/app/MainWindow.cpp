@@ -62,8 +62,8 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
       transportCommands_(context(), transport_, player_, *masterVolume_), practice_(context()),
       export_(context(), services.makeFileEngine,
               services.journalFolder.isEmpty() ? QString() : services.journalFolder + QStringLiteral("/exports")),
-      notationExport_(context()), program_(context(), {sound_.control(), &keyboard_.keyboard()}), status_(*this),
-      reports_(new ImportReports(*this)), findings_(new SongFindings(*this, checks_, *rows_)),
+      notationExport_(context()), partFiles_(context()), program_(context(), {sound_.control(), &keyboard_.keyboard()}),
+      status_(*this), reports_(new ImportReports(*this)), findings_(new SongFindings(*this, checks_, *rows_)),
       exportNote_(new ExportNote([this](const QString &folder) { dialogs_.openFolder(folder); }, this)),
       playbackView_(*rows_, *area_, *masterMeter_)
 {
@@ -110,7 +110,7 @@ void MainWindow::makeActions()
          {ImportCommands::actions(), SaveCommands::actions(), SongCommands::actions(), SongRecovery::actions(),
           TrackCommands::actions(), SongTools::actions(), SourceListening::actions(), InstrumentCommands::actions(),
           TransportCommands::actions(), PracticeCommands::actions(), ExportCommands::actions(),
-          NotationExport::actions(), ProgramCommands::actions()})
+          NotationExport::actions(), PartFiles::actions(), ProgramCommands::actions()})
         actions_.add(rows);
     QVector<QAction *> buttons;
     for (const auto *const name : {"actionZoom_Out", "actionZoom_In", "actionZoom_Whole", "actionLoop", "actionFollow"})
@@ -126,6 +126,7 @@ void MainWindow::connectParts()
 {
     connect(rows_, &TrackRows::rowAdded, this, &MainWindow::connectRow);
     connect(rows_, &TrackRows::moveRequested, &tracks_, &TrackList::move);
+    rows_->setDragData([this](const QString &id) { return partFiles_.dataOf(tracks_.withSelection(id)); });
     connect(rows_->hint(), &EmptyHint::importMidi, this, &MainWindow::onImportMidi);
     connect(rows_->hint(), &EmptyHint::openAbc, this, &MainWindow::onLoadABC);
     connect(&editors_, &EditorWindows::applied, this, &MainWindow::onEdited);
@@ -153,6 +154,9 @@ void MainWindow::connectParts()
     connect(&export_, &ExportCommands::loadingSample, this, &MainWindow::onLoadingSample);
     connect(&export_, &ExportCommands::written, exportNote_, &ExportNote::tell);
     connect(&notationExport_, &NotationExport::written, exportNote_, &ExportNote::tell);
+    connect(&status_, &StatusIndicators::workEnded, this, [this](const QString &what, qint64 took) {
+        dialogs_.tellEnd(this, tr("Kelvarion Composer has done its work"), what, took);
+    });
     connect(&settings_, &Settings::settingChanged, this, &MainWindow::onSettingChanged);
     if (const auto *const application = qobject_cast<Application *>(QCoreApplication::instance()))
         connect(application, &Application::failed, this, &MainWindow::showFailure);
@@ -225,6 +229,7 @@ void MainWindow::connectRow(const QString &id, TrackWidget *row)
     connect(row, &TrackWidget::editorRequested, this, [=, this] { editors_.open(id); });
     connect(row, &TrackWidget::saveRequested, this, [=, this] { save_.save(id); });
     connect(row, &TrackWidget::saveAsRequested, this, [=, this] { save_.saveAs(id); });
+    connect(row, &TrackWidget::copyRequested, this, [=, this] { copyAsFiles(tracks_.withSelection(id)); });
 }
 
 // Of what is heard in the places of the parts.
@@ -367,15 +372,16 @@ void MainWindow::comeBack()
     songs_.checkFile();
 }
 
+// A row that is dragged is none of the files that come in.
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (ImportCommands::acceptsDrop(*event->mimeData()))
+    if (event->source() != rows_ && ImportCommands::acceptsDrop(*event->mimeData()))
         event->acceptProposedAction();
 }
 
 void MainWindow::dropEvent(QDropEvent *event)
 {
-    if (!ImportCommands::acceptsDrop(*event->mimeData()))
+    if (event->source() == rows_ || !ImportCommands::acceptsDrop(*event->mimeData()))
         return;
     event->acceptProposedAction();
     import_.takeDrop(*event->mimeData());
@@ -392,10 +398,43 @@ void MainWindow::closeEvent(QCloseEvent *event)
     songs_.cancelOpening();
     importQueue_.reading().cancel();
     playback_.stop();
+    rememberPlace();
+    QMainWindow::closeEvent(event);
+}
+
+void MainWindow::rememberPlace()
+{
     settings_.setValue(Settings::WindowGeometry, QString::fromLatin1(saveGeometry().toBase64()));
     settings_.setValue(Settings::WindowState, QString::fromLatin1(saveState().toBase64()));
     settings_.save();
-    QMainWindow::closeEvent(event);
+}
+
+bool MainWindow::keepForLater()
+{
+    rememberPlace();
+    editors_.handInDrafts();
+    return journal_.keep();
+}
+
+// A song that has no file of its own comes from those of its parts.
+MainWindow::Restart MainWindow::restart() const
+{
+    Restart restart{journal_.path(), {}};
+    if (!session_.file().isEmpty())
+        restart.files.append(session_.file());
+    else if (restart.journal.isEmpty()) {
+        for (const auto &id : tracks_.ids())
+            restart.files.append(tracks_.filePath(id));
+    }
+    return restart;
+}
+
+void MainWindow::restore(const Restart &restart)
+{
+    if (restart.journal.isEmpty())
+        openFiles(restart.files);
+    else
+        recovery_.restore(restart.journal, [=, this] { openFiles(restart.files); });
 }
 
 bool MainWindow::mayClose()

@@ -15,6 +15,7 @@
 #include "app/commands/WindowActions.h"
 #include "app/exporting/ExportCommands.h"
 #include "app/exporting/NotationExport.h"
+#include "app/exporting/PartFiles.h"
 #include "app/keyboard/KeyRecorder.h"
 #include "app/keyboard/LiveKeyboard.h"
 #include "app/practice/PracticeCommands.h"
@@ -74,6 +75,23 @@ public:
     void openFiles(const QStringList &paths) { import_.openFiles(paths); }
     // Songs that were lost in a crash.
     void offerRecovery() { recovery_.offerAtStart(); }
+
+    // The window may be ended now: how it lies is remembered, and what is not saved can be brought back; false when it
+    // cannot. Waits for the disk, but not long.
+    bool keepForLater();
+    // For a start that shows the same song again, by restore().
+    struct Restart
+    {
+        QString journal;   // of what is not saved; may be empty
+        QStringList files; // for when it is gone
+    };
+    Restart restart() const;
+    void restore(const Restart &restart); // asks nothing
+    // Asks whether to save; false: the song stays, to be saved or because it is wanted.
+    bool mayLeave()
+    {
+        return songs_.mayLeave([] {});
+    }
 
     // Whether files are still being read, or the game is still to be looked through for instruments.
     bool isLoading() const
@@ -140,6 +158,7 @@ public slots:
     void onMoveUp();
     void onMoveDown();
     void onDescribeTrack();
+    void onCopyAsFile();
     void onForgetClips();
     void onShortcuts();
     void onCleanQuantise();
@@ -209,11 +228,13 @@ private:
     void showStandIn();
     void showLoop();
     void onPlayingChanged(bool isPlaying);
+    void copyAsFiles(const QStringList &ids);
     void showTitle();
     void showSong();
     void showPlace(const ReportedPlace &place);
     void stopArrivals();
     void comeBack();
+    void rememberPlace();
     bool mayClose();
 
     Settings &settings_;
@@ -252,6 +273,7 @@ private:
     PracticeCommands practice_;
     ExportCommands export_;
     NotationExport notationExport_;
+    PartFiles partFiles_;
     ProgramCommands program_;
     StatusIndicators status_;
     ImportReports *reports_; // of this window

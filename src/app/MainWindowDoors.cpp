@@ -194,6 +194,18 @@ void MainWindow::onDescribeTrack()
     statusBar()->showMessage(QStringLiteral("%1: %2").arg(row->accessibleName(), row->spokenDescription()));
 }
 
+void MainWindow::onCopyAsFile()
+{
+    emit rows_->current()->copyRequested();
+}
+
+void MainWindow::copyAsFiles(const QStringList &ids)
+{
+    constexpr int shownMs = 3000;
+    partFiles_.copy(ids);
+    statusBar()->showMessage(tr("Copied %n part(s) as ABC files", nullptr, int(ids.size())), shownMs);
+}
+
 void MainWindow::onForgetClips()
 {
     rows_->forgetClips();

@@ -76,6 +76,7 @@ void StatusIndicators::cancelAll()
 void StatusIndicators::follow(SongImport &import)
 {
     auto *const busy = addIndicator("importIndicator");
+    connect(busy, &BusyIndicator::finished, this, &StatusIndicators::workEnded);
     connect(busy, &BusyIndicator::cancelled, &import, &SongImport::cancel);
     connect(&import, &SongImport::progress, busy, [=, this](const QString &status, int done, int total) {
         bar_.showMessage(status);
@@ -90,6 +91,7 @@ void StatusIndicators::follow(SongImport &import)
 void StatusIndicators::follow(SongCommands &songs)
 {
     auto *const busy = addIndicator("songIndicator");
+    connect(busy, &BusyIndicator::finished, this, &StatusIndicators::workEnded);
     connect(busy, &BusyIndicator::cancelled, &songs, &SongCommands::cancelOpening);
     connect(&songs, &SongCommands::opening, busy, [=](const QString &status) { busy->showProgress(status, 0, 0); });
     connect(&songs, &SongCommands::openingEnded, busy, &BusyIndicator::finish);
@@ -104,6 +106,7 @@ void StatusIndicators::follow(SongCommands &songs)
 void StatusIndicators::follow(InstrumentScanTask &scan)
 {
     auto *const busy = addIndicator("scanIndicator");
+    connect(busy, &BusyIndicator::finished, this, &StatusIndicators::workEnded);
     connect(busy, &BusyIndicator::cancelled, &scan, &InstrumentScanTask::stop);
     connect(&scan, &InstrumentScanTask::progress, busy,
             [=](int done, int total) { busy->showProgress(tr("Looking for instruments..."), done, total); });

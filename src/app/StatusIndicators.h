@@ -38,6 +38,9 @@ public:
     void showJournalProblem(const QString &problem);
     void follow(const Settings &settings);
 
+signals:
+    void workEnded(const QString &what, qint64 took); // that had an indicator, but loading to play; milliseconds
+
 private:
     BusyIndicator *addIndicator(const char *name);
     QLabel *addNotice(const char *name);

@@ -58,7 +58,8 @@ void makeMenus(QMainWindow &window, const WindowActions &actions, ImportCommands
                   "actionUndo actionRedo - actionSelect_All actionDeselect_All actionInvert_Selection");
     actions.addTo(
         *addMenu(bar, "menuTrack", Texts::tr("&Track")),
-        "actionNew_Track actionDuplicate_Selected actionMerge_Selected actionClean_Quantise actionApplyInstrument "
+        "actionNew_Track actionDuplicate_Selected actionCopy_as_File actionMerge_Selected actionClean_Quantise "
+        "actionApplyInstrument "
         "actionMute_Selected - actionRemove_Selected actionClear_Tracks - actionRename_Track actionEdit_Track "
         "actionSolo_Track actionDescribe_Track - actionPrevious_Track actionNext_Track actionMove_Up actionMove_Down");
     actions.addTo(*addMenu(bar, "menuSong", Texts::tr("&Song")),

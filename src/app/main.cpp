@@ -3,6 +3,8 @@
 #include "app/GameLocation.h"
 #include "app/MainWindow.h"
 #include "app/Screenshot.h"
+#include "app/recovery/DesktopSession.h"
+#include "app/recovery/EndSignals.h"
 #include "app/services/RunningProgram.h"
 #include "assets/Instrument.h"
 #include "audio/choice/EngineChoice.h"
@@ -37,12 +39,15 @@ void showFatalError(Dialogs &dialogs, const QString &text)
     QCoreApplication::exit();
 }
 
-// Files to open, and for pictures of the window the file that it is saved to.
+// Files to open, what a session manager brings back, and for pictures of the window the file that it is saved to.
 struct CommandLine
 {
     QStringList files;
+    QString journal;
     QString screenshot;
 };
+
+const auto journalOption = QStringLiteral("recover");
 
 void nameProgram()
 {
@@ -58,14 +63,16 @@ CommandLine readCommandLine(const QCoreApplication &application)
     parser.addVersionOption();
     QCommandLineOption screenshot(QStringLiteral("screenshot"), {}, QStringLiteral("file"));
     screenshot.setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOption(screenshot);
+    QCommandLineOption journal(journalOption, {}, QStringLiteral("journal"));
+    journal.setFlags(QCommandLineOption::HiddenFromHelp);
+    parser.addOptions({screenshot, journal});
     parser.addPositionalArgument(QStringLiteral("files"), QStringLiteral("songs, ABC, MIDI and MML files to open"),
                                  QStringLiteral("[files...]"));
     parser.process(application);
     QStringList files;
     for (const auto &path : parser.positionalArguments())
         files += expandedWildcards(path);
-    return {files, parser.value(screenshot)};
+    return {files, parser.value(journal), parser.value(screenshot)};
 }
 
 // Such a question needs no display.
@@ -96,15 +103,41 @@ EngineWish engineWish(const Settings &settings)
             settings.value(Settings::RootPath).toString()};
 }
 
-// Whether the window that is there already opens them.
+// Whether the window that is there already opens them. Each of those that a session manager brings back is one of its
+// own.
 bool areHandedOver(const CommandLine &commandLine, const Settings &settings)
 {
-    return commandLine.screenshot.isEmpty() && !commandLine.files.isEmpty() &&
-           settings.value(Settings::OpenInRunning).toBool() &&
+    return !qGuiApp->isSessionRestored() && commandLine.journal.isEmpty() && commandLine.screenshot.isEmpty() &&
+           !commandLine.files.isEmpty() && settings.value(Settings::OpenInRunning).toBool() &&
            RunningProgram::handOver(RunningProgram::placeOfUser(), commandLine.files);
 }
 
-int runWindow(ArrivedFiles &arrived, Settings &settings, Dialogs &dialogs, const CommandLine &commandLine)
+DesktopSession::Window keeperOf(MainWindow &window)
+{
+    const auto restart = [&window] {
+        const auto [journal, files] = window.restart();
+        return (journal.isEmpty() ? QStringList() : QStringList{QStringLiteral("--") + journalOption, journal}) + files;
+    };
+    return {[&window] { return window.keepForLater(); }, [&window] { return window.mayLeave(); }, restart};
+}
+
+// Until the window is closed, or the system or the desktop ends the program.
+int show(MainWindow &window, Application &application)
+{
+    DesktopSession desktop(application, keeperOf(window));
+    QObject::connect(&window.session(), &SongSession::changed, &desktop, &DesktopSession::setChanged);
+    application.setMayEnd([&desktop] { return desktop.isKept(); });
+    onEndSignals(window, [&window] {
+        window.keepForLater();
+        QCoreApplication::exit();
+    });
+    const int result = QCoreApplication::exec();
+    application.setMayEnd({});
+    return result;
+}
+
+int runWindow(Application &application, ArrivedFiles &arrived, Settings &settings, Dialogs &dialogs,
+              const CommandLine &commandLine)
 {
     const bool isPicture = !commandLine.screenshot.isEmpty();
     const auto control = std::make_shared<OutputControl>(findSoundDevices);
@@ -127,12 +160,13 @@ int runWindow(ArrivedFiles &arrived, Settings &settings, Dialogs &dialogs, const
     if (isPicture) // whatever the screen
         window.resize(1180, 760);
     window.show();
-    window.openFiles(commandLine.files);
-    window.offerRecovery();
+    window.restore({commandLine.journal, commandLine.files});
+    if (!application.isSessionRestored() && commandLine.journal.isEmpty())
+        window.offerRecovery();
     arrived.setWindow(&window);
     if (isPicture)
         saveScreenshot(window, commandLine.screenshot);
-    return QCoreApplication::exec();
+    return show(window, application);
 }
 
 } // namespace
@@ -174,7 +208,7 @@ int main(int argc, char *argv[])
         startTheme(settings.value(Settings::DarkPalette).toBool() ? Theme::Dark : Theme::Light);
         if (!locateGame(settings, dialogs, driveRoots()))
             return exitCancelled;
-        return runWindow(arrived, settings, dialogs, commandLine);
+        return runWindow(application, arrived, settings, dialogs, commandLine);
     } catch (const QString &error) {
         showFatalError(dialogs, QCoreApplication::translate("main", "A fatal error occured:\n%1").arg(error));
     } catch (...) {

@@ -35,10 +35,17 @@ void BusyIndicator::showProgress(const QString &text, int done, int total)
     bar_->setValue(done);
     if (isHidden() && !delay_.isActive())
         delay_.start();
+    if (!time_.isValid())
+        time_.start();
 }
 
 void BusyIndicator::finish()
 {
     delay_.stop();
     hide();
+    if (!time_.isValid())
+        return;
+    const auto took = time_.elapsed();
+    time_.invalidate();
+    emit finished(text_->text(), took);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QTimer>
 #include <QWidget>
 
@@ -21,9 +22,11 @@ public:
 
 signals:
     void cancelled();
+    void finished(const QString &text, qint64 took); // after some showProgress(); the last text, and milliseconds
 
 private:
     QLabel *text_;
     QProgressBar *bar_;
     QTimer delay_;
+    QElapsedTimer time_; // while there is something
 };

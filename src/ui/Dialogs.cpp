@@ -1,7 +1,9 @@
 #include "ui/Dialogs.h"
 
+#include "ui/notices/DesktopNotice.h"
+
+#include <QApplication>
 #include <QColorDialog>
-#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -178,4 +180,11 @@ void DesktopDialogs::openInBrowser(const QUrl &address)
 void DesktopDialogs::openFolder(const QString &path)
 {
     QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+}
+
+void DesktopDialogs::tellEnd(QWidget *window, const QString &title, const QString &text, qint64 took)
+{
+    constexpr qint64 longMs = 5000;
+    if (took >= longMs && !QApplication::activeWindow())
+        showDesktopNotice(*window, title, text);
 }

@@ -50,6 +50,10 @@ public:
 
     virtual void openInBrowser(const QUrl &address) = 0; // http and https only; others are ignored
     virtual void openFolder(const QString &path) = 0;    // in the desktop's program for files
+
+    // That work has ended which took so many milliseconds: when that was long and no window of the program is in front,
+    // the desktop tells the user. Does not wait.
+    virtual void tellEnd(QWidget *window, const QString &title, const QString &text, qint64 took) = 0;
 };
 
 // The dialogs of the desktop.
@@ -75,4 +79,5 @@ public:
     bool run(QDialog &dialog) override;
     void openInBrowser(const QUrl &address) override;
     void openFolder(const QString &path) override;
+    void tellEnd(QWidget *window, const QString &title, const QString &text, qint64 took) override;
 };

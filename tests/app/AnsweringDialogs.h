@@ -27,6 +27,7 @@ public:
     QStringList messages;
     QStringList starts; // folders, proposed files and texts
     QList<QUrl> opened;
+    QStringList ends;
 
     QStringList takeAsked() { return std::exchange(asked, {}); }
     QStringList takeMessages() { return std::exchange(messages, {}); }
@@ -103,6 +104,10 @@ public:
     }
     void openInBrowser(const QUrl &address) override { opened.append(address); }
     void openFolder(const QString &path) override { opened.append(QUrl::fromLocalFile(path)); }
+    void tellEnd(QWidget *, const QString &title, const QString &text, qint64) override
+    {
+        ends.append(title + u'|' + text);
+    }
 
 private:
     void note(const QString &title, const QString &text, const QString &start)

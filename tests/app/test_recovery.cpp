@@ -1,5 +1,6 @@
 #include "app/ExampleSongs.h"
 #include "app/WindowFixture.h"
+#include "app/recovery/EndSignals.h"
 #include "app/recovery/RecoveryDialog.h"
 #include "ui/ValueDial.h"
 #include "ui/editor/AbcEditorWindow.h"
@@ -9,6 +10,8 @@
 #include <QPushButton>
 #include <QToolButton>
 #include <QTreeWidget>
+
+#include <csignal>
 
 // A window that is destroyed without having been closed leaves its journal as a crash does.
 class TestRecovery : public QObject
@@ -101,6 +104,48 @@ private slots:
         const auto lost = JournalFolder::recoverable(folder());
         QVERIFY(JournalFolder::recover(lost.first().journal).song == next);
     }
+
+    // A desktop that ends the program, and starts it again as it was told.
+    void comesBackAfterALogOut()
+    {
+        work();
+        auto &document = openEditor(0).document();
+        document.replaceText(document.text()->toPlainText() + QStringLiteral("a"), QStringLiteral("Type"));
+        QVERIFY(fixture_->window().keepForLater()); // what was typed at the last moment, too
+        const auto song = session().song();
+        QVERIFY(song.parts[0].draft->endsWith(u'a'));
+        const auto restart = fixture_->window().restart();
+        QVERIFY(!restart.journal.isEmpty() && restart.files.isEmpty());
+        fixture_->makeWindow(); // while the other still has the journal
+        QTRY_VERIFY(JournalFolder::isLeft(restart.journal));
+        fixture_->window().restore(restart);
+        QTRY_VERIFY(session().song() == song);
+        QVERIFY(session().isUnsaved() && !dialog());
+
+        const auto file = fixture_->path("song.kvsong");
+        fixture_->dialogs().files = QStringList(file);
+        QVERIFY(fixture_->waitUntilLoaded());
+        fixture_->trigger("actionSave_Song");
+        QVERIFY(fixture_->waitUntilSaved());
+        const auto saved = fixture_->window().restart();
+        QVERIFY(saved.journal.isEmpty() && fixture_->window().keepForLater());
+        fixture_->dialogs().takeAsked();
+        fixture_->makeWindow();
+        fixture_->window().restore({restart.journal, saved.files}); // which is no more
+        QTRY_COMPARE(session().file(), file);
+        QVERIFY(!session().isUnsaved() && fixture_->dialogs().asked.isEmpty());
+    }
+
+#ifndef Q_OS_WIN
+    void hearsThatItIsToEnd()
+    {
+        bool isTold = false;
+        QObject context;
+        onEndSignals(context, [&] { isTold = true; });
+        std::raise(SIGTERM);
+        QTRY_VERIFY(isTold);
+    }
+#endif
 
     // Over its own file a recovered song is saved as any other, unless the file is another one by now.
     void asksOnlyAboutAFileThatChanged()

@@ -28,7 +28,7 @@ QStringList filesOf(const RenderPlan &plan)
 } // namespace
 
 ExportCommands::ExportCommands(const CommandContext &context, FileEngineFactory makeEngine, const QString &folder)
-    : context_(context), makeEngine_(std::move(makeEngine)), unfinished_(folder)
+    : context_(context), makeEngine_(std::move(makeEngine)), end_(context), unfinished_(folder)
 {
     const auto clean = [folder](const TaskControl &) {
         if (!folder.isEmpty())
@@ -174,6 +174,7 @@ bool ExportCommands::mayClose()
 void ExportCommands::start(const Export &wanted)
 {
     export_ = wanted;
+    end_.begin();
     failure_.clear();
     remarks_.clear();
     unfinished_.begin(filesOf(wanted.plan));
@@ -213,12 +214,15 @@ void ExportCommands::closeProgress()
     const auto remark = remarks_.join(QStringLiteral("; "));
     // Later, since whoever is told may begin the next export, and this one's renderer is still speaking.
     QTimer::singleShot(0, this, [this, paths, title = export_.title, failure = failure_, remark] {
-        if (failure.isEmpty())
+        if (failure.isEmpty()) {
+            end_.tellWritten(paths, remark);
             emit written(paths, remark);
-        else
-            showFailure(title, paths.isEmpty()
-                                   ? failure
-                                   : QDir::toNativeSeparators(paths.first()) + QStringLiteral(": ") + failure);
+            return;
+        }
+        const auto text =
+            paths.isEmpty() ? failure : QDir::toNativeSeparators(paths.first()) + QStringLiteral(": ") + failure;
+        end_.tellFailure(text); // the message waits
+        showFailure(title, text);
     });
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/commands/ActionRow.h"
 #include "app/commands/CommandContext.h"
+#include "app/exporting/ExportEnd.h"
 #include "app/exporting/ExportProgress.h"
 #include "app/exporting/UnfinishedExports.h"
 #include "audio/render/TrackRenderer.h"
@@ -72,6 +73,7 @@ private:
     QString failure_;                         // of the renderer, or why there is none
     QStringList remarks_;                     // on what was written
     ExportProgress progress_;
+    ExportEnd end_;
     UnfinishedExports unfinished_;
     Task task_;
     Task cleaning_;

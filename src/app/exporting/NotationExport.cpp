@@ -81,9 +81,13 @@ void NotationExport::write(const Format &format)
         SafeFile::write(path, made.bytes);
         return made.remark;
     };
+    const auto tell = [=, this](const QString &remark) {
+        end_.tellWritten({path}, remark);
+        emit written({path}, remark);
+    };
+    end_.begin();
     task_.start(
-        work, [=, this](const QString &remark) { emit written({path}, remark); },
-        [=, this](const QString &reason) { showFailure(path, reason); }, bytes);
+        work, tell, [=, this](const QString &reason) { showFailure(path, reason); }, bytes);
 }
 
 QString NotationExport::chosenFile(const Format &format)
@@ -111,6 +115,7 @@ QVector<ExportedPart> NotationExport::parts() const
 
 void NotationExport::showFailure(const QString &path, const QString &reason)
 {
-    context_.dialogs.message(&context_.window, Dialogs::Severity::Critical, tr("Export"),
-                             QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(path), reason));
+    const auto text = QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(path), reason);
+    end_.tellFailure(text);
+    context_.dialogs.message(&context_.window, Dialogs::Severity::Critical, tr("Export"), text);
 }

@@ -2,6 +2,7 @@
 
 #include "app/commands/ActionRow.h"
 #include "app/commands/CommandContext.h"
+#include "app/exporting/ExportEnd.h"
 #include "base/Task.h"
 #include "export/MidiExport.h"
 
@@ -16,7 +17,7 @@ class NotationExport : public QObject
     Q_OBJECT
 
 public:
-    explicit NotationExport(const CommandContext &context) : context_(context) {}
+    explicit NotationExport(const CommandContext &context) : context_(context), end_(context) {}
 
     static QVector<ActionRow> actions();
 
@@ -37,5 +38,6 @@ private:
     void showFailure(const QString &path, const QString &reason);
 
     CommandContext context_;
+    ExportEnd end_;
     Task task_;
 };

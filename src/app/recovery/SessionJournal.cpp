@@ -55,6 +55,18 @@ void SessionJournal::end(SongJournal::Ending ending)
     emit problemChanged({});
 }
 
+bool SessionJournal::keep()
+{
+    constexpr int patienceMs = 2000;
+    recordDue();
+    return !session_.isUnsaved() || (journal_ && journal_->waitUntilWritten(patienceMs));
+}
+
+QString SessionJournal::path() const
+{
+    return journal_ && session_.isUnsaved() ? journal_->path() : QString();
+}
+
 void SessionJournal::openRecovered(const OpenedSong &song, const QString &journal)
 {
     session_.open(song);

@@ -19,6 +19,11 @@ public:
     // The song comes from this journal, which goes once another holds it.
     void openRecovered(const OpenedSong &song, const QString &journal);
 
+    // Whether all that is not saved is on the disk; waits for that, but not long.
+    bool keep();
+    // The journal that brings back what is not saved; empty when all is saved.
+    QString path() const;
+
 signals:
     void problemChanged(const QString &problem); // why nothing is written; empty when it is again
 

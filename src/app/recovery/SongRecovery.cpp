@@ -5,6 +5,7 @@
 #include "song/SongParts.h"
 #include "ui/Dialogs.h"
 
+#include <QFileInfo>
 #include <QWidget>
 
 #include <algorithm>
@@ -82,6 +83,21 @@ void SongRecovery::offerAtStart()
 void SongRecovery::open()
 {
     look(Occasion::Command);
+}
+
+void SongRecovery::restore(const QString &journal, const std::function<void()> &otherwise)
+{
+    const auto read = [=, folder = folder_](const TaskControl &control) {
+        if (QFileInfo(journal).path() != folder || !JournalFolder::isLeft(journal))
+            throw QStringLiteral("%1 is no journal that was left").arg(journal);
+        return readJournal(journal, control.stop());
+    };
+    const auto giveUp = [=](const QString &error) {
+        qWarning("%s", qUtf8Printable(error));
+        otherwise();
+    };
+    task_.start(
+        read, [=, this](const OpenedSong &song) { journal_.openRecovered(song, journal); }, giveUp);
 }
 
 void SongRecovery::look(Occasion occasion)

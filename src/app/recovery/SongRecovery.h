@@ -28,6 +28,9 @@ public:
 
     void offerAtStart(); // shows nothing when no program crashed
     void open();
+    // Brings the song of this journal back into a window without one, and asks nothing. `otherwise`: when it cannot, as
+    // another program may have taken the song.
+    void restore(const QString &journal, const std::function<void()> &otherwise);
 
 private:
     void look(RecoveryDialog::Occasion occasion);

@@ -50,6 +50,8 @@ public:
     // Those of tracks that are gone, whose changes no song has, ask about them; false when one stays open. The others
     // close without a question when the song is left, since whoever leaves it has asked.
     bool closeStrays();
+    // What is typed and not applied is part of the song from here on.
+    void handInDrafts();
     // Their player's, at its next start.
     void renewEngine();
 
@@ -63,7 +65,6 @@ private:
     Companions companionsOf(const Window &window) const;
     void showOthers(const QString &trackId) const;
     void addWindow(const QString &trackId);
-    void handInDrafts();
     void apply(const QStringList &trackIds);
     void leaveAll();
     QString retire(const Window &window);

@@ -144,6 +144,11 @@ JournalledSong recover(const QString &journal)
     return JournalRecords::read(readFile(journal)).last;
 }
 
+bool isLeft(const QString &journal)
+{
+    return QFile::exists(journal) && Hold(journal).isFree();
+}
+
 void remove(const QString &journal)
 {
     const Hold hold(journal);

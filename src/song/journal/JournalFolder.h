@@ -29,6 +29,9 @@ QVector<RecoverableSong> recoverable(const QString &folder, const QDateTime &now
 // The song as it last was. Throws a QString when the journal cannot be read.
 JournalledSong recover(const QString &journal);
 
+// Whether it is there, and no running program owns it.
+bool isLeft(const QString &journal);
+
 // Throws a QString when a running program owns it or it cannot be deleted.
 void remove(const QString &journal);
 

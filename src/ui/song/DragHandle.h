@@ -16,6 +16,8 @@ public:
 
     QSize sizeHint() const override { return {10, 24}; }
 
+    void giveUp(); // a drag that is under way
+
 signals:
     void dragged(const QPoint &position); // again and again while the mouse rests, so that a list can scroll under it
     void dropped(const QPoint &position);
@@ -35,7 +37,6 @@ private:
     bool isDragging() const { return repeating_.isActive(); }
     void begin();
     void end();
-    void giveUp();
 
     std::optional<QPoint> pressedAt_;
     QPoint position_;

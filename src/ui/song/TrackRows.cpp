@@ -1,6 +1,5 @@
 #include "ui/song/TrackRows.h"
 
-#include "ui/song/DragHandle.h"
 #include "ui/song/EmptyHint.h"
 #include "ui/song/TrackWidget.h"
 
@@ -35,6 +34,7 @@ TrackRows::TrackRows(TrackList &tracks, InstrumentSetModel &instruments, Setting
     dropMark_->setAutoFillBackground(true);
     dropMark_->setBackgroundRole(QPalette::Highlight);
     dropMark_->hide();
+    setAcceptDrops(true); // of rows
     connect(&tracks_, &TrackList::songChanged, this, &TrackRows::follow);
     connect(&tracks_, &TrackList::filesChanged, this, &TrackRows::markChanged);
     connect(&tracks_, &TrackList::selectionChanged, this, &TrackRows::select);
@@ -266,45 +266,4 @@ void TrackRows::chainTabStops(const SongTracks &song)
             previous = stop;
         }
     }
-}
-
-void TrackRows::followDrags(const QString &id, const TrackWidget &row)
-{
-    const auto *const handle = row.dragHandle();
-    connect(handle, &DragHandle::dragged, this, [this](const QPoint &position) {
-        const auto y = mapFromGlobal(position).y();
-        showDropMark(gapAt(y));
-        emit draggedTo(y);
-    });
-    connect(handle, &DragHandle::dragCancelled, dropMark_, &QWidget::hide);
-    connect(handle, &DragHandle::dropped, this, [=, this](const QPoint &position) {
-        dropMark_->hide();
-        const auto gap = gapAt(mapFromGlobal(position).y());
-        const auto from = int(tracks_.ids().indexOf(id));
-        emit moveRequested(id, gap > from ? gap - 1 : gap); // the row leaves a gap of its own
-    });
-}
-
-// The number of rows that lie above, by their middles.
-int TrackRows::gapAt(int y) const
-{
-    const auto &song = tracks_.song();
-    return int(std::count_if(song.begin(), song.end(), [&](const auto &track) {
-        const auto *const above = row(track->id);
-        return above && above->geometry().center().y() < y;
-    }));
-}
-
-void TrackRows::showDropMark(int gap)
-{
-    const auto ids = tracks_.ids();
-    const auto spacing = column_->spacing();
-    const auto *const below = row(ids.value(gap));
-    const auto *const last = row(ids.last());
-    if (!below && !last)
-        return;
-    const auto y = below ? below->y() - spacing : last->geometry().bottom() + 1;
-    dropMark_->setGeometry(0, y, width(), spacing);
-    dropMark_->raise();
-    dropMark_->show();
 }

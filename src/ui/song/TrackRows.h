@@ -7,9 +7,13 @@
 #include <QHash>
 #include <QWidget>
 
+#include <functional>
+#include <memory>
+
 class Dialogs;
 class EmptyHint;
 class InstrumentSetModel;
+class QMimeData;
 class QSpacerItem;
 class QVBoxLayout;
 class Settings;
@@ -38,6 +42,9 @@ public:
     // What all overviews show of the song, and where the line in them stands; of rows that are still to come, too.
     void setSpan(const TimeSpan &span);
     void setPosition(Ticks position);
+    // What other programs get of a row that is dragged to them.
+    using DragData = std::function<std::unique_ptr<QMimeData>(const QString &id)>;
+    void setDragData(const DragData &dataOf) { dragData_ = dataOf; }
     void setStandIn(const QString &instrument);
     void forgetClips();
     // Where the overviews lie from left to right; empty without rows.
@@ -53,6 +60,10 @@ signals:
 protected:
     bool event(QEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     void follow(const SongTracks &before, const SongTracks &after);
@@ -72,6 +83,9 @@ private:
     void tellOfNew();
     void chainTabStops(const SongTracks &song);
     void followDrags(const QString &id, const TrackWidget &row);
+    void dragOut(const QString &id);
+    void showDragAt(int y);
+    void dropAt(const QString &id, int y);
     int gapAt(int y) const;
     void showDropMark(int gap);
 
@@ -90,5 +104,7 @@ private:
     QVBoxLayout *column_;
     QSpacerItem *comingRows_; // their room, below the others
     EmptyHint *hint_;
-    QWidget *dropMark_; // where a dragged row would come to lie
+    DragData dragData_;
+    QString draggedOut_; // the row of a drag that other programs may take
+    QWidget *dropMark_;  // where a dragged row would come to lie
 };

@@ -12,9 +12,9 @@
 #include "ui/song/TrackWidgetStyles.h"
 #include "ui/song/VUMeter.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QContextMenuEvent>
-#include <QGuiApplication>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMenu>
@@ -237,7 +237,7 @@ bool TrackWidget::eventFilter(QObject *watched, QEvent *event)
 void TrackWidget::onSelectChanged()
 {
     showSelection();
-    emit trackSelected(isSelected(), QGuiApplication::keyboardModifiers());
+    emit trackSelected(isSelected(), QApplication::keyboardModifiers());
 }
 
 // Where the row has no controls.
@@ -247,8 +247,24 @@ void TrackWidget::mousePressEvent(QMouseEvent *event)
         emit trackSelected(true, event->modifiers());
     else if (event->button() == Qt::LeftButton && event->modifiers() & Qt::ControlModifier)
         emit trackSelected(!isSelected(), event->modifiers());
+    else if (event->button() == Qt::LeftButton)
+        pressedAt_ = event->pos();
     else
         QFrame::mousePressEvent(event);
+}
+
+void TrackWidget::mouseMoveEvent(QMouseEvent *event)
+{
+    if (!pressedAt_ || (event->pos() - *pressedAt_).manhattanLength() < QApplication::startDragDistance())
+        return;
+    pressedAt_.reset();
+    emit dragged(); // which returns when it is dropped; the row may be gone by then
+}
+
+void TrackWidget::mouseReleaseEvent(QMouseEvent *event)
+{
+    pressedAt_.reset();
+    QFrame::mouseReleaseEvent(event);
 }
 
 void TrackWidget::onMuteClicked()
@@ -322,6 +338,7 @@ std::unique_ptr<QMenu> TrackWidget::contextMenu()
     auto menu = std::make_unique<QMenu>(this);
     menu->addAction(icon("save"), tr("Save"), this, &TrackWidget::onSave);
     menu->addAction(icon("saveas"), tr("Save As..."), this, &TrackWidget::onSaveAs);
+    menu->addAction(tr("Copy as File"), this, &TrackWidget::copyRequested);
     menu->addAction(icon("editdoc"), tr("Rename Track"), this, &TrackWidget::onChangeTitle);
     menu->addAction(tr("Open ABC Editor"), this, &TrackWidget::onEditABCClicked);
     menu->addSeparator();

@@ -6,6 +6,7 @@
 #include <QFrame>
 
 #include <memory>
+#include <optional>
 
 class Dialogs;
 class DragHandle;
@@ -105,6 +106,8 @@ signals:
     void editorRequested(); // the ABC editor is to open on this track
     void saveRequested();
     void saveAsRequested();
+    void copyRequested();     // as a file
+    void dragged();           // where it has no controls
     void findingsRequested(); // what is wrong is to be shown
     void overviewMoved();
 
@@ -124,6 +127,8 @@ public slots:
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
     void changeEvent(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -147,6 +152,7 @@ private:
     Dialogs &dialogs_;
     std::shared_ptr<const SongTrack> shown_;
     QString standIn_;
+    std::optional<QPoint> pressedAt_; // where a drag may begin
 
     DragHandle *dragHandle_ = nullptr;
     QCheckBox *chkSelect_;

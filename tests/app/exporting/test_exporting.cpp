@@ -8,9 +8,11 @@
 #include "support/Rows.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDialog>
 #include <QDir>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLockFile>
 #include <QProgressDialog>
@@ -46,6 +48,44 @@ private slots:
         QCOMPARE(dialogs.messages.first(),
                  QStringLiteral("Export to Wav|%1: The folder does not exist.").arg(fixture_->path("no/folder.wav")));
         QVERIFY(!fixture_->child<QWidget>("exportNote")->isVisible());
+        auto told = dialogs.messages.first();
+        QCOMPARE(dialogs.ends.last(),
+                 told.replace(QStringLiteral("Export to Wav"), QStringLiteral("The export failed")));
+    }
+
+    // As Save Parts to Folder writes them, but not before they are asked for.
+    void partsAreCopiedAsFiles()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        const auto ids = fixture_->tracks().ids();
+        for (const auto &id : {ids[0], ids[2]})
+            fixture_->tracks().setSelected(id, true);
+        const auto temporary = [] {
+            return QDir::temp().entryList({QCoreApplication::applicationName() + QStringLiteral("-*")}).size();
+        };
+        const auto before = temporary();
+        fixture_->trigger("actionCopy_as_File");
+        const auto &data = *QGuiApplication::clipboard()->mimeData();
+        QVERIFY(data.hasUrls() && data.hasText());
+        QCOMPARE(temporary(), before);
+        const auto urls = data.urls();
+        QCOMPARE(temporary(), before + 1);
+
+        fixture_->dialogs().directories = QStringList(QFileInfo(fixture_->write("parts/other", "")).path());
+        fixture_->trigger("actionSave_Parts");
+        QVERIFY(fixture_->waitUntilSaved());
+        QStringList texts;
+        for (const auto &url : urls) {
+            const QFileInfo copied(url.toLocalFile());
+            texts.append(QString::fromUtf8(WindowFixture::read(copied.filePath())));
+            QVERIFY(copied.fileName().startsWith(QStringLiteral("harbour-jig - ")));
+            QCOMPARE(WindowFixture::read(fixture_->path("parts/") + copied.fileName()), texts.last().toUtf8());
+        }
+        QCOMPARE(texts.size(), 2);
+        QCOMPARE(data.text(), texts.join(u'\n'));
+        QCOMPARE(data.data(QStringLiteral("x-special/gnome-copied-files")),
+                 "copy\n" + urls[0].toEncoded() + '\n' + urls[1].toEncoded());
+        QCOMPARE(data.urls(), urls);
     }
 
     void tellsHowLongItTakes()
@@ -121,6 +161,8 @@ private slots:
         for (const auto &file : files)
             QVERIFY(WindowFixture::read(file.filePath()).startsWith("fLaC"));
         QTRY_VERIFY(!fixture_->child<QDialog>("exportProgress"));
+        QCOMPARE(dialogs.ends.last(),
+                 QStringLiteral("The export is done|3 file(s) in %1\nin its place").arg(files.first().path()));
         QCOMPARE(fixture_->settings().value(Settings::ExportFormat).toInt(), 4);
     }
 
@@ -200,6 +242,7 @@ private slots:
         QTRY_VERIFY(note->isVisible());
         QTEST(note->findChild<QLabel *>()->toolTip().right(remark.size()), "remark"); // whole, unlike its text
         QVERIFY(WindowFixture::read(fixture_->path("song.out")).startsWith(begins));
+        QCOMPARE(dialogs.ends.last(), QStringLiteral("The export is done|%1").arg(fixture_->path("song.out")));
         note->findChild<QToolButton *>(QStringLiteral("btnOpenFolder"))->click();
         QCOMPARE(dialogs.opened, QList<QUrl>{QUrl::fromLocalFile(QFileInfo(fixture_->path("song.out")).path())});
         fixture_->trigger(action.constData());
