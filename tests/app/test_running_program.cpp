@@ -55,8 +55,13 @@ private slots:
         overlong.write(QByteArray(4 * OpenRequest::mostBytes, '['));
         QTRY_COMPARE(garbled.state(), QLocalSocket::UnconnectedState);
         QTRY_COMPARE(overlong.state(), QLocalSocket::UnconnectedState);
+        connect(&program, &RunningProgram::filesArrived, [] { // as questions do
+            QEventLoop loop;
+            QTimer::singleShot(100, &loop, &QEventLoop::quit);
+            loop.exec();
+        });
         QVERIFY(handOver());
-        QCOMPARE(arrivals.count(), 1);
+        QTRY_COMPARE(arrivals.count(), 1);
         QCOMPARE(arrivals.first().first().toStringList(),
                  QStringList(QDir().absoluteFilePath(QStringLiteral("a.abc"))));
         QTRY_COMPARE(silent.state(), QLocalSocket::UnconnectedState); // whoever says nothing keeps nothing

@@ -92,5 +92,7 @@ void RunningProgram::take(QLocalSocket &socket)
         return socket.abort();
     socket.write(answer);
     socket.disconnectFromServer(); // once it is written
-    emit filesArrived(*files);
+    // Later, since the socket may not outlive the questions that are asked of them.
+    const auto tell = [this, files = *files] { emit filesArrived(files); };
+    QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }
