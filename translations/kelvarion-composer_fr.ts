@@ -49,7 +49,7 @@
     </message>
     <message>
         <source>How fast the preview plays; the tune keeps its tempo (F9 slower, F11 faster)</source>
-        <translation>La vitesse de la préécoute ; l’air garde son tempo (F9 plus lent, F11 plus rapide)</translation>
+        <translation>La vitesse de la préécoute&#xa0;; l’air garde son tempo (F9 plus lent, F11 plus rapide)</translation>
     </message>
     <message>
         <source>There is nothing at the caret that has one right fix.</source>
@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>&amp;Undo %1</source>
-        <translation>&amp;Annuler : %1</translation>
+        <translation>&amp;Annuler&#xa0;: %1</translation>
     </message>
     <message>
         <source>&amp;Undo</source>
@@ -73,11 +73,11 @@
     </message>
     <message>
         <source>%1 %</source>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message>
         <source>The text has errors: it is a draft, and the part stays as it was applied last.</source>
-        <translation>Le texte contient des erreurs : c’est un brouillon, et la partie reste telle qu’elle a été appliquée en dernier.</translation>
+        <translation>Le texte contient des erreurs&#xa0;: c’est un brouillon, et la partie reste telle qu’elle a été appliquée en dernier.</translation>
     </message>
     <message>
         <source>Revert</source>
@@ -89,7 +89,7 @@
     </message>
     <message>
         <source>Line, 1 to %1:</source>
-        <translation>Ligne, de 1 à %1 :</translation>
+        <translation>Ligne, de 1 à %1&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Enter</source>
@@ -101,7 +101,7 @@
     </message>
     <message>
         <source>How long new notes of the piano roll are (keys 1 to 7; . dots, T makes triplets)</source>
-        <translation>La durée des nouvelles notes du piano roll (touches 1 à 7 ; . pointe, T fait des triolets)</translation>
+        <translation>La durée des nouvelles notes du piano roll (touches 1 à 7&#xa0;; . pointe, T fait des triolets)</translation>
     </message>
     <message>
         <source>What notes of the piano roll snap to (keys [ and ])</source>
@@ -109,11 +109,11 @@
     </message>
     <message>
         <source>Length of new notes: %1</source>
-        <translation>Durée des nouvelles notes : %1</translation>
+        <translation>Durée des nouvelles notes&#xa0;: %1</translation>
     </message>
     <message>
         <source>Grid: %1</source>
-        <translation>Grille : %1</translation>
+        <translation>Grille&#xa0;: %1</translation>
     </message>
     <message>
         <source>Untitled</source>
@@ -132,7 +132,7 @@
     </message>
     <message>
         <source>Unexpected token found in ABC header: line %1, column %2.</source>
-        <translation>Signe inattendu dans l’en-tête ABC : ligne %1, colonne %2.</translation>
+        <translation>Signe inattendu dans l’en-tête ABC&#xa0;: ligne %1, colonne %2.</translation>
     </message>
     <message>
         <source>Empty chord</source>
@@ -147,7 +147,7 @@
     <name>AbcReading</name>
     <message>
         <source>Unexpected text in the header; the music begins behind the K: line</source>
-        <translation>Texte inattendu dans l’en-tête ; la musique ne commence qu’après la ligne K: de la tonalité</translation>
+        <translation>Texte inattendu dans l’en-tête&#xa0;; la musique ne commence qu’après la ligne K: de la tonalité</translation>
     </message>
     <message>
         <source>The sign %1 has no second one behind it</source>
@@ -155,7 +155,7 @@
     </message>
     <message>
         <source>“%1” means nothing here</source>
-        <translation>« %1 » ne signifie rien ici</translation>
+        <translation>«&#xa0;%1&#xa0;» ne signifie rien ici</translation>
     </message>
     <message>
         <source>The number is too large</source>
@@ -175,7 +175,7 @@
     </message>
     <message>
         <source>“%1” does not belong in a chord</source>
-        <translation>« %1 » n’a pas sa place dans un accord</translation>
+        <translation>«&#xa0;%1&#xa0;» n’a pas sa place dans un accord</translation>
     </message>
 </context>
 <context>
@@ -224,19 +224,19 @@
     </message>
     <message>
         <source>&amp;Players:</source>
-        <translation>&amp;Joueurs :</translation>
+        <translation>&amp;Joueurs&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Notes at once:</source>
-        <translation>&amp;Notes à la fois :</translation>
+        <translation>&amp;Notes à la fois&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Melody:</source>
-        <translation>&amp;Mélodie :</translation>
+        <translation>&amp;Mélodie&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Bass:</source>
-        <translation>&amp;Basse :</translation>
+        <translation>&amp;Basse&#xa0;:</translation>
     </message>
     <message>
         <source>Listen to the &amp;Song</source>
@@ -268,7 +268,7 @@
     </message>
     <message>
         <source>Found: %1</source>
-        <translation>Trouvée : %1</translation>
+        <translation>Trouvée&#xa0;: %1</translation>
     </message>
     <message>
         <source>None</source>
@@ -472,7 +472,7 @@
     </message>
     <message>
         <source>&amp;Quality:</source>
-        <translation>&amp;Qualité :</translation>
+        <translation>&amp;Qualité&#xa0;:</translation>
     </message>
     <message>
         <source>From 0, the smallest file, to 10, the best sound</source>
@@ -528,15 +528,15 @@
     </message>
     <message>
         <source>&amp;Format:</source>
-        <translation>&amp;Format :</translation>
+        <translation>&amp;Format&#xa0;:</translation>
     </message>
     <message>
         <source>F&amp;iles:</source>
-        <translation>F&amp;ichiers :</translation>
+        <translation>F&amp;ichiers&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Range:</source>
-        <translation>&amp;Étendue :</translation>
+        <translation>&amp;Étendue&#xa0;:</translation>
     </message>
 </context>
 <context>
@@ -561,7 +561,7 @@
     <name>ChecksPage</name>
     <message>
         <source>Will the game play it?</source>
-        <translation>Le jeu le jouera-t-il ?</translation>
+        <translation>Le jeu le jouera-t-il&#xa0;?</translation>
     </message>
     <message>
         <source>Notes that are farther from their sample do not sound natural</source>
@@ -573,7 +573,7 @@
     </message>
     <message>
         <source>Farthest from a sample:</source>
-        <translation>Écart maximal d’un échantillon :</translation>
+        <translation>Écart maximal d’un échantillon&#xa0;:</translation>
     </message>
     <message>
         <source>How many notes of one part the game plays at once</source>
@@ -585,7 +585,7 @@
     </message>
     <message>
         <source>Notes of a part at once:</source>
-        <translation>Notes d’une partie à la fois :</translation>
+        <translation>Notes d’une partie à la fois&#xa0;:</translation>
     </message>
     <message>
         <source>How long the text of a part may be</source>
@@ -593,7 +593,7 @@
     </message>
     <message>
         <source>Characters of a part:</source>
-        <translation>Caractères d’une partie :</translation>
+        <translation>Caractères d’une partie&#xa0;:</translation>
     </message>
 </context>
 <context>
@@ -604,7 +604,7 @@
     </message>
     <message>
         <source>Change only the notes in the text; otherwise it is written anew, without all that is no note</source>
-        <translation>Ne changer que les notes du texte ; sinon il est réécrit, sans tout ce qui n’est pas une note</translation>
+        <translation>Ne changer que les notes du texte&#xa0;; sinon il est réécrit, sans tout ce qui n’est pas une note</translation>
     </message>
 </context>
 <context>
@@ -830,7 +830,7 @@
     </message>
     <message>
         <source>Write all notes in another key; they sound as before</source>
-        <translation>Écrire toutes les notes dans une autre tonalité ; elles sonnent comme avant</translation>
+        <translation>Écrire toutes les notes dans une autre tonalité&#xa0;; elles sonnent comme avant</translation>
     </message>
     <message>
         <source>&amp;Split at Caret</source>
@@ -982,7 +982,7 @@
     </message>
     <message>
         <source>Play slower; the tune keeps its tempo</source>
-        <translation>Lire plus lentement ; l’air garde son tempo</translation>
+        <translation>Lire plus lentement&#xa0;; l’air garde son tempo</translation>
     </message>
     <message>
         <source>&amp;Faster</source>
@@ -990,7 +990,7 @@
     </message>
     <message>
         <source>Play faster; the tune keeps its tempo</source>
-        <translation>Lire plus vite ; l’air garde son tempo</translation>
+        <translation>Lire plus vite&#xa0;; l’air garde son tempo</translation>
     </message>
     <message>
         <source>&amp;Normal Tempo</source>
@@ -1151,7 +1151,7 @@
     </message>
     <message>
         <source>The caret in the music; a whole note has 40320 ticks</source>
-        <translation>Le curseur dans la musique ; une ronde compte 40320 ticks</translation>
+        <translation>Le curseur dans la musique&#xa0;; une ronde compte 40320 ticks</translation>
     </message>
     <message>
         <source>Pitch and length of the note at the caret</source>
@@ -1198,14 +1198,14 @@
     </message>
     <message>
         <source>There are unapplied changes. Would you like to apply these first?</source>
-        <translation>Des modifications ne sont pas appliquées. Voulez-vous d’abord les appliquer ?</translation>
+        <translation>Des modifications ne sont pas appliquées. Voulez-vous d’abord les appliquer&#xa0;?</translation>
     </message>
     <message>
         <source>The text cannot be applied, since it has errors:
 %1
 
 A draft stays with the song as it is, to go on with later. Until then the part plays as it was applied last.</source>
-        <translation>Le texte ne peut pas être appliqué, car il contient des erreurs :
+        <translation>Le texte ne peut pas être appliqué, car il contient des erreurs&#xa0;:
 %1
 
 Un brouillon reste tel quel avec le morceau, pour continuer plus tard. D’ici là, la partie joue comme elle a été appliquée en dernier.</translation>
@@ -1320,11 +1320,11 @@ Un brouillon reste tel quel avec le morceau, pour continuer plus tard. D’ici l
     </message>
     <message>
         <source>Engine:</source>
-        <translation>Moteur :</translation>
+        <translation>Moteur&#xa0;:</translation>
     </message>
     <message>
         <source>Library:</source>
-        <translation>Bibliothèque :</translation>
+        <translation>Bibliothèque&#xa0;:</translation>
     </message>
     <message>
         <source>Choose the FMOD library</source>
@@ -1368,7 +1368,7 @@ Elle joue sur le périphérique par défaut du système.</translation>
     </message>
     <message>
         <source>&apos;%1&apos; does not end in &quot;.%2&quot;, as %3 files do.</source>
-        <translation>« %1 » ne se termine pas par « .%2 », comme les fichiers %3.</translation>
+        <translation>«&#xa0;%1&#xa0;» ne se termine pas par «&#xa0;.%2&#xa0;», comme les fichiers %3.</translation>
     </message>
     <message>
         <source>Exporting %1...</source>
@@ -1379,19 +1379,19 @@ Elle joue sur le périphérique par défaut du système.</translation>
 %1
 Would you like to overwrite them?</source>
         <translation>
-            <numerusform>%n fichier existe déjà :
+            <numerusform>%n fichier existe déjà&#xa0;:
 %1
-Voulez-vous le remplacer ?</numerusform>
-            <numerusform>%n fichiers existent déjà :
+Voulez-vous le remplacer&#xa0;?</numerusform>
+            <numerusform>%n fichiers existent déjà&#xa0;:
 %1
-Voulez-vous les remplacer ?</numerusform>
+Voulez-vous les remplacer&#xa0;?</numerusform>
         </translation>
     </message>
     <message>
         <source>The export to wav is still running.
 Would you like to stop it?</source>
         <translation>L’exportation est encore en cours.
-Voulez-vous l’arrêter ?</translation>
+Voulez-vous l’arrêter&#xa0;?</translation>
     </message>
     <message>
         <source>Export all (non-muted) tracks to a wave file</source>
@@ -1403,7 +1403,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>Export all (non-muted) tracks as WAV, FLAC, Ogg, Opus or MP3: the mix, or each part</source>
-        <translation>Exporter toutes les pistes (non muettes) en WAV, FLAC, Ogg, Opus ou MP3 : le mixage, ou chaque partie</translation>
+        <translation>Exporter toutes les pistes (non muettes) en WAV, FLAC, Ogg, Opus ou MP3&#xa0;: le mixage, ou chaque partie</translation>
     </message>
     <message>
         <source>Renderer in use</source>
@@ -1411,7 +1411,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>You are already rendering to wav, please wait for it to finish and try again.</source>
-        <translation>Une exportation en Wav est déjà en cours ; attendez qu’elle se termine et réessayez.</translation>
+        <translation>Une exportation en Wav est déjà en cours&#xa0;; attendez qu’elle se termine et réessayez.</translation>
     </message>
     <message>
         <source>Export tracks to wav...</source>
@@ -1626,7 +1626,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>“%1” was not found.</source>
-        <translation>« %1 » n’a pas été trouvé.</translation>
+        <translation>«&#xa0;%1&#xa0;» n’a pas été trouvé.</translation>
     </message>
     <message>
         <source>The search went on from the other end of the text.</source>
@@ -1653,7 +1653,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>“%1” is outside the notes that instruments play, and stays silent.</source>
-        <translation>« %1 » est hors des notes que jouent les instruments, et reste muette.</translation>
+        <translation>«&#xa0;%1&#xa0;» est hors des notes que jouent les instruments, et reste muette.</translation>
     </message>
     <message>
         <source>Move by octaves into the range</source>
@@ -1665,7 +1665,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>The bar line “%1” makes an empty measure: the game is silent for it.</source>
-        <translation>La barre « %1 » fait une mesure vide : le jeu se tait pendant ce temps.</translation>
+        <translation>La barre «&#xa0;%1&#xa0;» fait une mesure vide&#xa0;: le jeu se tait pendant ce temps.</translation>
     </message>
     <message>
         <source>Remove the bar line</source>
@@ -1677,7 +1677,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>The first measure is short by %1: the game is silent for as long behind it, not before it.</source>
-        <translation>Il manque %1 à la première mesure : le jeu se tait d’autant après elle, et non avant.</translation>
+        <translation>Il manque %1 à la première mesure&#xa0;: le jeu se tait d’autant après elle, et non avant.</translation>
     </message>
     <message>
         <source>Begin with a rest</source>
@@ -1689,7 +1689,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>The measure is short by %1: at its bar line the game is silent for as long.</source>
-        <translation>Il manque %1 à la mesure : à sa barre, le jeu se tait d’autant.</translation>
+        <translation>Il manque %1 à la mesure&#xa0;: à sa barre, le jeu se tait d’autant.</translation>
     </message>
     <message>
         <source>Measures that are too long</source>
@@ -1697,7 +1697,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>The measure is long by %1: what follows its bar line begins before it ends.</source>
-        <translation>La mesure dépasse de %1 : ce qui suit sa barre commence avant sa fin.</translation>
+        <translation>La mesure dépasse de %1&#xa0;: ce qui suit sa barre commence avant sa fin.</translation>
     </message>
     <message>
         <source>Texts that are too long</source>
@@ -1705,7 +1705,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>The text has %1 characters; the limit is %2.%3</source>
-        <translation>Le texte a %1 caractères ; la limite est de %2.%3</translation>
+        <translation>Le texte a %1 caractères&#xa0;; la limite est de %2.%3</translation>
     </message>
     <message>
         <source>Write it with another unit length</source>
@@ -1717,7 +1717,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>The grace notes are not closed: the game plays nothing behind them.</source>
-        <translation>Les appoggiatures ne sont pas fermées : le jeu ne joue rien de ce qui suit.</translation>
+        <translation>Les appoggiatures ne sont pas fermées&#xa0;: le jeu ne joue rien de ce qui suit.</translation>
     </message>
     <message>
         <source>Signs that belong to nothing</source>
@@ -1725,7 +1725,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>“%1” belongs to nothing here: the game passes over it.</source>
-        <translation>« %1 » n’appartient à rien ici : le jeu passe outre.</translation>
+        <translation>«&#xa0;%1&#xa0;» n’appartient à rien ici&#xa0;: le jeu passe outre.</translation>
     </message>
     <message>
         <source>Remove the sign</source>
@@ -1737,7 +1737,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>The tie leads nowhere: no note of the same pitch follows at once.</source>
-        <translation>La liaison ne mène nulle part : aucune note de même hauteur ne suit aussitôt.</translation>
+        <translation>La liaison ne mène nulle part&#xa0;: aucune note de même hauteur ne suit aussitôt.</translation>
     </message>
     <message>
         <source>Remove the tie</source>
@@ -1749,7 +1749,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>The game cannot read “%1”; it would read %2, for example.</source>
-        <translation>Le jeu ne peut pas lire « %1 » ; il lirait par exemple %2.</translation>
+        <translation>Le jeu ne peut pas lire «&#xa0;%1&#xa0;»&#xa0;; il lirait par exemple %2.</translation>
     </message>
     <message>
         <source>Fields that change nothing</source>
@@ -1757,7 +1757,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>“%1” changes nothing: the game takes the unit length from the header alone.</source>
-        <translation>« %1 » ne change rien : le jeu ne prend la valeur de base que dans l’en-tête.</translation>
+        <translation>«&#xa0;%1&#xa0;» ne change rien&#xa0;: le jeu ne prend la valeur de base que dans l’en-tête.</translation>
     </message>
     <message>
         <source>Second tunes</source>
@@ -1765,7 +1765,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>A second tune begins here: the game plays it on as part of the first.</source>
-        <translation>Un second air commence ici : le jeu le joue comme la suite du premier.</translation>
+        <translation>Un second air commence ici&#xa0;: le jeu le joue comme la suite du premier.</translation>
     </message>
     <message>
         <source>Empty parts</source>
@@ -1781,7 +1781,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>%1 notes sound at once; the limit is %2.</source>
-        <translation>%1 notes sonnent à la fois ; la limite est de %2.</translation>
+        <translation>%1 notes sonnent à la fois&#xa0;; la limite est de %2.</translation>
     </message>
     <message>
         <source>Unknown instruments</source>
@@ -1789,7 +1789,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>The game has no instrument “%1”.%2</source>
-        <translation>Le jeu n’a pas d’instrument « %1 ».%2</translation>
+        <translation>Le jeu n’a pas d’instrument «&#xa0;%1&#xa0;».%2</translation>
     </message>
     <message>
         <source>Name the instrument that is meant</source>
@@ -1801,7 +1801,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>%2 has no sample for %1: the note stays silent.</source>
-        <translation>%2 n’a pas d’échantillon pour %1 : la note reste muette.</translation>
+        <translation>%2 n’a pas d’échantillon pour %1&#xa0;: la note reste muette.</translation>
     </message>
     <message>
         <source>Notes far from their sample</source>
@@ -1825,7 +1825,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>The part&apos;s first note comes %1 later than the song&apos;s.</source>
-        <translation>La première note de la partie vient plus tard que celle du morceau : %1.</translation>
+        <translation>La première note de la partie vient plus tard que celle du morceau&#xa0;: %1.</translation>
     </message>
     <message>
         <source>Lengths that differ</source>
@@ -1833,7 +1833,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>The part ends %1 before the longest one.</source>
-        <translation>La partie finit avant la plus longue : %1.</translation>
+        <translation>La partie finit avant la plus longue&#xa0;: %1.</translation>
     </message>
     <message>
         <source>%1 note</source>
@@ -1849,7 +1849,7 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>There is “%1”.</source>
-        <translation>Il y a « %1 ».</translation>
+        <translation>Il y a «&#xa0;%1&#xa0;».</translation>
     </message>
     <message>
         <source>With L:%1 it would have %2.</source>
@@ -1872,7 +1872,7 @@ Voulez-vous l’arrêter ?</translation>
     <name>FindingsModel</name>
     <message>
         <source>%1: %2</source>
-        <translation>%1 : %2</translation>
+        <translation>%1&#xa0;: %2</translation>
     </message>
     <message>
         <source>measure %1</source>
@@ -1942,35 +1942,35 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>Title of a track: rename it</source>
-        <translation>Titre d’une piste : la renommer</translation>
+        <translation>Titre d’une piste&#xa0;: la renommer</translation>
     </message>
     <message>
         <source>Overview of a track: a measure back</source>
-        <translation>Aperçu d’une piste : une mesure en arrière</translation>
+        <translation>Aperçu d’une piste&#xa0;: une mesure en arrière</translation>
     </message>
     <message>
         <source>Overview of a track: a measure on</source>
-        <translation>Aperçu d’une piste : une mesure en avant</translation>
+        <translation>Aperçu d’une piste&#xa0;: une mesure en avant</translation>
     </message>
     <message>
         <source>Overview of a track: to the start</source>
-        <translation>Aperçu d’une piste : au début</translation>
+        <translation>Aperçu d’une piste&#xa0;: au début</translation>
     </message>
     <message>
         <source>Dial, slider or list: more, the one before</source>
-        <translation>Molette, curseur ou liste : plus, le précédent</translation>
+        <translation>Molette, curseur ou liste&#xa0;: plus, le précédent</translation>
     </message>
     <message>
         <source>Dial, slider or list: less, the one behind</source>
-        <translation>Molette, curseur ou liste : moins, le suivant</translation>
+        <translation>Molette, curseur ou liste&#xa0;: moins, le suivant</translation>
     </message>
     <message>
         <source>Dial: its usual value</source>
-        <translation>Molette : sa valeur habituelle</translation>
+        <translation>Molette&#xa0;: sa valeur habituelle</translation>
     </message>
     <message>
         <source>List of instruments: open it</source>
-        <translation>Liste des instruments : l’ouvrir</translation>
+        <translation>Liste des instruments&#xa0;: l’ouvrir</translation>
     </message>
     <message>
         <source>The menu of the track, the notes or the text</source>
@@ -2057,15 +2057,15 @@ Voulez-vous l’arrêter ?</translation>
     </message>
     <message>
         <source>%1 is no FMOD library, or one that is not supported: it has no %2.</source>
-        <translation>%1 n’est pas une bibliothèque FMOD, ou n’est pas prise en charge : il lui manque %2.</translation>
+        <translation>%1 n’est pas une bibliothèque FMOD, ou n’est pas prise en charge&#xa0;: il lui manque %2.</translation>
     </message>
     <message>
         <source>%1 does not start: FMOD Error: %2</source>
-        <translation>%1 ne démarre pas : erreur FMOD : %2</translation>
+        <translation>%1 ne démarre pas&#xa0;: erreur FMOD&#xa0;: %2</translation>
     </message>
     <message>
         <source>%1 is FMOD %2; 1.08 to 2.03 are supported.</source>
-        <translation>%1 est FMOD %2 ; les versions 1.08 à 2.03 sont prises en charge.</translation>
+        <translation>%1 est FMOD %2&#xa0;; les versions 1.08 à 2.03 sont prises en charge.</translation>
     </message>
     <message>
         <source>No FMOD library was found.</source>
@@ -2139,7 +2139,7 @@ Veuillez indiquer où Kelvarion est installé.</translation>
     </message>
     <message>
         <source>What is read again; its parts are replaced</source>
-        <translation>Ce qui est relu ; ses parties sont remplacées</translation>
+        <translation>Ce qui est relu&#xa0;; ses parties sont remplacées</translation>
     </message>
     <message>
         <source>Clipboard</source>
@@ -2147,7 +2147,7 @@ Veuillez indiquer où Kelvarion est installé.</translation>
     </message>
     <message>
         <source>File:</source>
-        <translation>Fichier :</translation>
+        <translation>Fichier&#xa0;:</translation>
     </message>
     <message>
         <source>The parts of this import are replaced, in one step that can be undone. Parts of the same name keep their instrument, volume and pan.</source>
@@ -2224,12 +2224,12 @@ Veuillez indiquer où Kelvarion est installé.</translation>
 %1
 Would you like to read them again?</source>
         <translation>
-            <numerusform>%n fichier a été modifié par un autre programme :
+            <numerusform>%n fichier a été modifié par un autre programme&#xa0;:
 %1
-Voulez-vous le relire ?</numerusform>
-            <numerusform>%n fichiers ont été modifiés par un autre programme :
+Voulez-vous le relire&#xa0;?</numerusform>
+            <numerusform>%n fichiers ont été modifiés par un autre programme&#xa0;:
 %1
-Voulez-vous les relire ?</numerusform>
+Voulez-vous les relire&#xa0;?</numerusform>
         </translation>
     </message>
     <message>
@@ -2398,7 +2398,7 @@ Voulez-vous les relire ?</numerusform>
     </message>
     <message>
         <source>%1 uses notation that the game reads otherwise: %2.</source>
-        <translation>%1 emploie une notation que le jeu lit autrement : %2.</translation>
+        <translation>%1 emploie une notation que le jeu lit autrement&#xa0;: %2.</translation>
     </message>
     <message>
         <source>So do %1 more.</source>
@@ -2410,7 +2410,7 @@ Voulez-vous les relire ?</numerusform>
     </message>
     <message>
         <source>Would you like to remove the existing tracks first?</source>
-        <translation>Voulez-vous d’abord retirer les pistes existantes ?</translation>
+        <translation>Voulez-vous d’abord retirer les pistes existantes&#xa0;?</translation>
     </message>
 </context>
 <context>
@@ -2452,7 +2452,7 @@ Voulez-vous les relire ?</numerusform>
     </message>
     <message>
         <source>A click shows the place, the next click the next one; a double click opens it in the editor</source>
-        <translation>Un clic montre l’endroit, le clic suivant le suivant ; un double clic l’ouvre dans l’éditeur</translation>
+        <translation>Un clic montre l’endroit, le clic suivant le suivant&#xa0;; un double clic l’ouvre dans l’éditeur</translation>
     </message>
     <message>
         <source>Of the last import there is nothing to report.</source>
@@ -2554,7 +2554,7 @@ Voulez-vous les relire ?</numerusform>
     </message>
     <message>
         <source>How hard a note must be struck to be meant: 0 to 127</source>
-        <translation>La force de frappe à partir de laquelle une note est voulue : de 0 à 127</translation>
+        <translation>La force de frappe à partir de laquelle une note est voulue&#xa0;: de 0 à 127</translation>
     </message>
     <message>
         <source>Play grace notes</source>
@@ -2578,7 +2578,7 @@ Voulez-vous les relire ?</numerusform>
     </message>
     <message>
         <source>&quot;Q:120&quot; is 120 quarter notes a minute, instead of 120 of the unit length of the tune</source>
-        <translation>« Q:120 » vaut 120 noires à la minute, au lieu de 120 valeurs de base de l’air</translation>
+        <translation>«&#xa0;Q:120&#xa0;» vaut 120 noires à la minute, au lieu de 120 valeurs de base de l’air</translation>
     </message>
     <message>
         <source>By Choice</source>
@@ -2622,11 +2622,11 @@ Voulez-vous les relire ?</numerusform>
     </message>
     <message>
         <source>Process note volume (Will not work in Kelvarion!)</source>
-        <translation>Traiter le volume des notes (sans effet dans Kelvarion !)</translation>
+        <translation>Traiter le volume des notes (sans effet dans Kelvarion&#xa0;!)</translation>
     </message>
     <message>
         <source>If checked, the volume of notes will be imported as well. Do note that this will only affect the preview, the generated ABC is not affected as Kelvarin does not support volume changes.</source>
-        <translation>Si coché, le volume des notes est aussi importé. Cela ne touche que la préécoute ; l’ABC produit reste le même, car Kelvarion ne connaît pas les changements de volume.</translation>
+        <translation>Si coché, le volume des notes est aussi importé. Cela ne touche que la préécoute&#xa0;; l’ABC produit reste le même, car Kelvarion ne connaît pas les changements de volume.</translation>
     </message>
     <message>
         <source>Import Settings</source>
@@ -2725,11 +2725,11 @@ Voulez-vous les relire ?</numerusform>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation>%1 : %2</translation>
+        <translation>%1&#xa0;: %2</translation>
     </message>
     <message>
         <source>%1 of %2 notes were %3</source>
-        <translation>%1 notes sur %2 : %3</translation>
+        <translation>%1 notes sur %2&#xa0;: %3</translation>
     </message>
     <message>
         <source>%1 %2</source>
@@ -2819,15 +2819,15 @@ Voulez-vous les relire ?</numerusform>
     </message>
     <message>
         <source>Mode:</source>
-        <translation>Mode :</translation>
+        <translation>Mode&#xa0;:</translation>
     </message>
     <message>
         <source>Sharps / flats:</source>
-        <translation>Dièses / bémols :</translation>
+        <translation>Dièses / bémols&#xa0;:</translation>
     </message>
     <message>
         <source>New key:</source>
-        <translation>Nouvelle tonalité :</translation>
+        <translation>Nouvelle tonalité&#xa0;:</translation>
     </message>
     <message>
         <source>Change Key</source>
@@ -2837,7 +2837,7 @@ Voulez-vous les relire ?</numerusform>
         <source>You&apos;ve chosen a key that is not supported by Kelvarion.
 Are you sure you want to continue?</source>
         <translation>Vous avez choisi une tonalité que Kelvarion ne connaît pas.
-Voulez-vous vraiment continuer ?</translation>
+Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
 </context>
 <context>
@@ -2863,15 +2863,15 @@ Voulez-vous vraiment continuer ?</translation>
     </message>
     <message>
         <source>Keyboard:</source>
-        <translation>Clavier :</translation>
+        <translation>Clavier&#xa0;:</translation>
     </message>
     <message>
         <source>Connected:</source>
-        <translation>Connecté :</translation>
+        <translation>Connecté&#xa0;:</translation>
     </message>
     <message>
         <source>Recorded notes on:</source>
-        <translation>Enregistrement sur :</translation>
+        <translation>Enregistrement sur&#xa0;:</translation>
     </message>
     <message>
         <source>The first that is found</source>
@@ -2939,7 +2939,7 @@ Voulez-vous vraiment continuer ?</translation>
         <source>No MIDI keyboard is connected.
 Please plug one in, and see Tools, Preferences, Sound.</source>
         <translation>Aucun clavier MIDI n’est connecté.
-Veuillez en brancher un ; voyez Outils, Préférences, Son.</translation>
+Veuillez en brancher un&#xa0;; voyez Outils, Préférences, Son.</translation>
     </message>
     <message>
         <source>Open &amp;Recent</source>
@@ -2995,7 +2995,7 @@ Veuillez en brancher un ; voyez Outils, Préférences, Son.</translation>
     </message>
     <message>
         <source>Every change; click on one to go back to it</source>
-        <translation>Toutes les modifications ; cliquez sur l’une pour y revenir</translation>
+        <translation>Toutes les modifications&#xa0;; cliquez sur l’une pour y revenir</translation>
     </message>
     <message>
         <source>Show the list of changes</source>
@@ -3019,7 +3019,7 @@ Veuillez en brancher un ; voyez Outils, Préférences, Son.</translation>
     </message>
     <message>
         <source>The level of all tracks together; red at its end: it was too loud (click to put it out)</source>
-        <translation>Le niveau de toutes les pistes ensemble ; rouge au bout : c’était trop fort (cliquer pour l’éteindre)</translation>
+        <translation>Le niveau de toutes les pistes ensemble&#xa0;; rouge au bout&#xa0;: c’était trop fort (cliquer pour l’éteindre)</translation>
     </message>
     <message>
         <source>Master volume</source>
@@ -3192,11 +3192,11 @@ Veuillez en brancher un ; voyez Outils, Préférences, Son.</translation>
     <name>NoteScheduler</name>
     <message>
         <source>Notes are missing: the samples that sound at once need too much memory.</source>
-        <translation>Des notes manquent : les échantillons qui sonnent à la fois demandent trop de mémoire.</translation>
+        <translation>Des notes manquent&#xa0;: les échantillons qui sonnent à la fois demandent trop de mémoire.</translation>
     </message>
     <message>
         <source>Notes are missing: samples could not be loaded in time.</source>
-        <translation>Des notes manquent : des échantillons n’ont pas pu être chargés à temps.</translation>
+        <translation>Des notes manquent&#xa0;: des échantillons n’ont pas pu être chargés à temps.</translation>
     </message>
 </context>
 <context>
@@ -3259,12 +3259,12 @@ Veuillez en brancher un ; voyez Outils, Préférences, Son.</translation>
 %1
 Would you like to overwrite them?</source>
         <translation>
-            <numerusform>%n fichier existe déjà :
+            <numerusform>%n fichier existe déjà&#xa0;:
 %1
-Voulez-vous le remplacer ?</numerusform>
-            <numerusform>%n fichiers existent déjà :
+Voulez-vous le remplacer&#xa0;?</numerusform>
+            <numerusform>%n fichiers existent déjà&#xa0;:
 %1
-Voulez-vous les remplacer ?</numerusform>
+Voulez-vous les remplacer&#xa0;?</numerusform>
         </translation>
     </message>
     <message>
@@ -3288,7 +3288,7 @@ Voulez-vous les remplacer ?</numerusform>
     </message>
     <message>
         <source>The instrument that the part gets; a choice is remembered for its program</source>
-        <translation>L’instrument que prend la partie ; un choix est retenu pour son programme</translation>
+        <translation>L’instrument que prend la partie&#xa0;; un choix est retenu pour son programme</translation>
     </message>
     <message>
         <source>Octaves</source>
@@ -3348,7 +3348,7 @@ Voulez-vous les remplacer ?</numerusform>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation>%1 : %2</translation>
+        <translation>%1&#xa0;: %2</translation>
     </message>
     <message>
         <source>%1 notes are not on the instrument</source>
@@ -3389,7 +3389,7 @@ Voulez-vous les remplacer ?</numerusform>
     </message>
     <message>
         <source>The position: minutes, seconds and thousandths; measure and beat</source>
-        <translation>La position : minutes, secondes et millièmes ; mesure et temps</translation>
+        <translation>La position&#xa0;: minutes, secondes et millièmes&#xa0;; mesure et temps</translation>
     </message>
 </context>
 <context>
@@ -3412,7 +3412,7 @@ Voulez-vous les remplacer ?</numerusform>
     </message>
     <message>
         <source>%1 %</source>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message>
         <source>Volume of the Clicks</source>
@@ -3424,7 +3424,7 @@ Voulez-vous les remplacer ?</numerusform>
     </message>
     <message>
         <source>Let the parts come in a little sooner or later, as players do who start by hand; the song stays as it is</source>
-        <translation>Faire entrer les parties un peu plus tôt ou plus tard, comme des joueurs qui démarrent à la main ; le morceau reste tel quel</translation>
+        <translation>Faire entrer les parties un peu plus tôt ou plus tard, comme des joueurs qui démarrent à la main&#xa0;; le morceau reste tel quel</translation>
     </message>
     <message>
         <source>Rehearsal Offsets...</source>
@@ -3440,7 +3440,7 @@ Voulez-vous les remplacer ?</numerusform>
     </message>
     <message>
         <source>Click on every beat while the song is played; no export has the clicks</source>
-        <translation>Cliquer à chaque temps pendant la lecture ; aucune exportation ne contient les clics</translation>
+        <translation>Cliquer à chaque temps pendant la lecture&#xa0;; aucune exportation ne contient les clics</translation>
     </message>
 </context>
 <context>
@@ -3535,7 +3535,7 @@ Voulez-vous les remplacer ?</numerusform>
     </message>
     <message>
         <source>ABC that the game reads otherwise:</source>
-        <translation>ABC que le jeu lit autrement :</translation>
+        <translation>ABC que le jeu lit autrement&#xa0;:</translation>
     </message>
     <message>
         <source>Dark colors</source>
@@ -3559,7 +3559,7 @@ Voulez-vous les remplacer ?</numerusform>
     </message>
     <message>
         <source>&amp;Language:</source>
-        <translation>&amp;Langue :</translation>
+        <translation>&amp;Langue&#xa0;:</translation>
     </message>
     <message>
         <source>This change will take effect next time you start Kelvarion Composer.</source>
@@ -3587,7 +3587,7 @@ Voulez-vous les remplacer ?</numerusform>
     </message>
     <message>
         <source>Kelvarion Location:</source>
-        <translation>Emplacement de Kelvarion :</translation>
+        <translation>Emplacement de Kelvarion&#xa0;:</translation>
     </message>
     <message>
         <source>Load instruments from mods directory</source>
@@ -3658,7 +3658,7 @@ Voulez-vous les remplacer ?</numerusform>
     </message>
     <message>
         <source>Line %1, column %2: %3</source>
-        <translation>Ligne %1, colonne %2 : %3</translation>
+        <translation>Ligne %1, colonne %2&#xa0;: %3</translation>
     </message>
 </context>
 <context>
@@ -3723,7 +3723,7 @@ Voulez-vous les remplacer ?</numerusform>
         <source>Kelvarion Composer v%1 is available.
 Would you like to download it now?</source>
         <translation>Kelvarion Composer v%1 est disponible.
-Voulez-vous le télécharger maintenant ?</translation>
+Voulez-vous le télécharger maintenant&#xa0;?</translation>
     </message>
     <message>
         <source>Update available</source>
@@ -3735,7 +3735,7 @@ Voulez-vous le télécharger maintenant ?</translation>
     </message>
     <message>
         <source>Failed to check for updates: %1</source>
-        <translation>La recherche de mises à jour a échoué : %1</translation>
+        <translation>La recherche de mises à jour a échoué&#xa0;: %1</translation>
     </message>
     <message>
         <source>Keyboard Shortcuts...</source>
@@ -4394,7 +4394,7 @@ Voulez-vous le télécharger maintenant ?</translation>
     </message>
     <message>
         <source>Its song file: %1</source>
-        <translation>Son fichier : %1</translation>
+        <translation>Son fichier&#xa0;: %1</translation>
     </message>
     <message>
         <source>Songs that can be recovered</source>
@@ -4454,7 +4454,7 @@ Voulez-vous le télécharger maintenant ?</translation>
     </message>
     <message>
         <source>Keep the songs; File &gt; Recover… shows them again</source>
-        <translation>Garder les morceaux ; Fichier &gt; Récupérer… les montre de nouveau</translation>
+        <translation>Garder les morceaux&#xa0;; Fichier &gt; Récupérer… les montre de nouveau</translation>
     </message>
 </context>
 <context>
@@ -4465,7 +4465,7 @@ Voulez-vous le télécharger maintenant ?</translation>
     </message>
     <message>
         <source>&amp;These offsets:</source>
-        <translation>&amp;Ces décalages :</translation>
+        <translation>&amp;Ces décalages&#xa0;:</translation>
     </message>
     <message>
         <source>Band Rehearsal</source>
@@ -4477,7 +4477,7 @@ Voulez-vous le télécharger maintenant ?</translation>
     </message>
     <message>
         <source>Hear the parts as a band plays them that starts by hand: some come in sooner, some later. The song itself stays as it is.</source>
-        <translation>Écoutez les parties comme les joue un groupe qui démarre à la main : les unes entrent plus tôt, les autres plus tard. Le morceau lui-même reste tel quel.</translation>
+        <translation>Écoutez les parties comme les joue un groupe qui démarre à la main&#xa0;: les unes entrent plus tôt, les autres plus tard. Le morceau lui-même reste tel quel.</translation>
     </message>
     <message>
         <source>Throw &amp;Dice</source>
@@ -4485,7 +4485,7 @@ Voulez-vous le télécharger maintenant ?</translation>
     </message>
     <message>
         <source>Up to, &amp;sooner or later:</source>
-        <translation>Jusqu’à, &amp;plus tôt ou plus tard :</translation>
+        <translation>Jusqu’à, &amp;plus tôt ou plus tard&#xa0;:</translation>
     </message>
     <message>
         <source>Part</source>
@@ -4500,7 +4500,7 @@ Voulez-vous le télécharger maintenant ?</translation>
     <name>RenderPlan</name>
     <message>
         <source>%1 % of the samples are clipped</source>
-        <translation>%1 % des échantillons sont saturés</translation>
+        <translation>%1&#xa0;% des échantillons sont saturés</translation>
     </message>
 </context>
 <context>
@@ -4519,7 +4519,7 @@ Voulez-vous le télécharger maintenant ?</translation>
     </message>
     <message>
         <source>The song is too long for a file of this kind: %1.</source>
-        <translation>Le morceau est trop long pour un fichier de ce type : %1.</translation>
+        <translation>Le morceau est trop long pour un fichier de ce type&#xa0;: %1.</translation>
     </message>
     <message>
         <source>There are more than %1 tracks.</source>
@@ -4568,9 +4568,9 @@ Voulez-vous le télécharger maintenant ?</translation>
         <source>The whole text must be written anew for this change. The notes stay as they are, but the text loses: %1.
 
 Write it anew?</source>
-        <translation>Pour cette modification, tout le texte doit être réécrit. Les notes restent telles quelles, mais le texte perd : %1.
+        <translation>Pour cette modification, tout le texte doit être réécrit. Les notes restent telles quelles, mais le texte perd&#xa0;: %1.
 
-Le réécrire ?</translation>
+Le réécrire&#xa0;?</translation>
     </message>
 </context>
 <context>
@@ -4585,7 +4585,7 @@ Le réécrire ?</translation>
     </message>
     <message>
         <source>Select, move and resize notes with the mouse; a double click inserts one</source>
-        <translation>Sélectionner, déplacer et redimensionner des notes à la souris ; un double clic en insère une</translation>
+        <translation>Sélectionner, déplacer et redimensionner des notes à la souris&#xa0;; un double clic en insère une</translation>
     </message>
     <message>
         <source>&amp;Draw Notes</source>
@@ -4958,11 +4958,11 @@ Le réécrire ?</translation>
     </message>
     <message>
         <source>%1: outside the playable range</source>
-        <translation>%1 : hors de l’étendue jouable</translation>
+        <translation>%1&#xa0;: hors de l’étendue jouable</translation>
     </message>
     <message>
         <source>%1: the instrument has no sample near</source>
-        <translation>%1 : l’instrument n’a pas d’échantillon proche</translation>
+        <translation>%1&#xa0;: l’instrument n’a pas d’échantillon proche</translation>
     </message>
 </context>
 <context>
@@ -5037,11 +5037,11 @@ Le réécrire ?</translation>
     <name>SaveCommands</name>
     <message>
         <source>Could not open &apos;%1&apos; for saving.</source>
-        <translation>Impossible d’ouvrir « %1 » pour l’enregistrement.</translation>
+        <translation>Impossible d’ouvrir «&#xa0;%1&#xa0;» pour l’enregistrement.</translation>
     </message>
     <message>
         <source>Save track &apos;%1&apos; as..</source>
-        <translation>Enregistrer la piste « %1 » sous..</translation>
+        <translation>Enregistrer la piste «&#xa0;%1&#xa0;» sous..</translation>
     </message>
     <message>
         <source>ABC Files (*.abc)</source>
@@ -5053,11 +5053,11 @@ Le réécrire ?</translation>
     </message>
     <message>
         <source>Would you like to overwrite it?</source>
-        <translation>Voulez-vous le remplacer ?</translation>
+        <translation>Voulez-vous le remplacer&#xa0;?</translation>
     </message>
     <message>
         <source>&apos;%1&apos; is also the file of the track &apos;%2&apos;, which would be lost from it.</source>
-        <translation>« %1 » est aussi le fichier de la piste « %2 », qui en serait perdue.</translation>
+        <translation>«&#xa0;%1&#xa0;» est aussi le fichier de la piste «&#xa0;%2&#xa0;», qui en serait perdue.</translation>
     </message>
     <message>
         <source>Untitled</source>
@@ -5065,15 +5065,15 @@ Le réécrire ?</translation>
     </message>
     <message>
         <source>&apos;%1&apos; was changed by another program.</source>
-        <translation>« %1 » a été modifié par un autre programme.</translation>
+        <translation>«&#xa0;%1&#xa0;» a été modifié par un autre programme.</translation>
     </message>
     <message>
         <source>&apos;%1&apos; is read-only.</source>
-        <translation>« %1 » est en lecture seule.</translation>
+        <translation>«&#xa0;%1&#xa0;» est en lecture seule.</translation>
     </message>
     <message>
         <source>&apos;%1&apos; belongs to another user.</source>
-        <translation>« %1 » appartient à un autre utilisateur.</translation>
+        <translation>«&#xa0;%1&#xa0;» appartient à un autre utilisateur.</translation>
     </message>
     <message>
         <source>Save Selected</source>
@@ -5096,15 +5096,15 @@ Le réécrire ?</translation>
     <name>Settings</name>
     <message>
         <source>The settings cannot be read: %1</source>
-        <translation>Les réglages ne peuvent pas être lus : %1</translation>
+        <translation>Les réglages ne peuvent pas être lus&#xa0;: %1</translation>
     </message>
     <message>
         <source>The settings were damaged; they are kept as %1</source>
-        <translation>Les réglages étaient endommagés ; ils sont gardés sous %1</translation>
+        <translation>Les réglages étaient endommagés&#xa0;; ils sont gardés sous %1</translation>
     </message>
     <message>
         <source>The settings are not saved: %1</source>
-        <translation>Les réglages ne sont pas enregistrés : %1</translation>
+        <translation>Les réglages ne sont pas enregistrés&#xa0;: %1</translation>
     </message>
     <message>
         <source>Not a regular file.</source>
@@ -5167,7 +5167,7 @@ Le réécrire ?</translation>
     </message>
     <message>
         <source>&amp;Key:</source>
-        <translation>&amp;Touche :</translation>
+        <translation>&amp;Touche&#xa0;:</translation>
     </message>
     <message>
         <source>Press the keys that the chosen command is to have</source>
@@ -5228,7 +5228,7 @@ Le réécrire ?</translation>
     <message>
         <source>%1 is the key of &quot;%2&quot; (%3).</source>
         <comment>key, command, where it works</comment>
-        <translation>%1 est la touche de « %2 » (%3).</translation>
+        <translation>%1 est la touche de «&#xa0;%2&#xa0;» (%3).</translation>
     </message>
     <message>
         <source>It is fixed.</source>
@@ -5243,7 +5243,7 @@ Le réécrire ?</translation>
     </message>
     <message>
         <source> %</source>
-        <translation> %</translation>
+        <translation>&#xa0;%</translation>
     </message>
     <message>
         <source>Tempo</source>
@@ -5251,7 +5251,7 @@ Le réécrire ?</translation>
     </message>
     <message>
         <source>How fast the song is played, in percent of its tempo; its pitch stays</source>
-        <translation>La vitesse de lecture du morceau, en pour cent de son tempo ; la hauteur reste</translation>
+        <translation>La vitesse de lecture du morceau, en pour cent de son tempo&#xa0;; la hauteur reste</translation>
     </message>
     <message>
         <source>Tracks</source>
@@ -5274,15 +5274,15 @@ Le réécrire ?</translation>
     </message>
     <message>
         <source>Title of the song:</source>
-        <translation>Titre du morceau :</translation>
+        <translation>Titre du morceau&#xa0;:</translation>
     </message>
     <message>
         <source>The song was changed by another program:
 %1
 Would you like to read it again?</source>
-        <translation>Le morceau a été modifié par un autre programme :
+        <translation>Le morceau a été modifié par un autre programme&#xa0;:
 %1
-Voulez-vous le relire ?</translation>
+Voulez-vous le relire&#xa0;?</translation>
     </message>
     <message>
         <source>Changed Song</source>
@@ -5291,8 +5291,8 @@ Voulez-vous le relire ?</translation>
     <message>
         <source>The song &apos;%1&apos; is not saved yet.
 Would you like to save it?</source>
-        <translation>Le morceau « %1 » n’est pas encore enregistré.
-Voulez-vous l’enregistrer ?</translation>
+        <translation>Le morceau «&#xa0;%1&#xa0;» n’est pas encore enregistré.
+Voulez-vous l’enregistrer&#xa0;?</translation>
     </message>
     <message>
         <source>New Song</source>
@@ -5367,11 +5367,11 @@ Voulez-vous l’enregistrer ?</translation>
     </message>
     <message>
         <source>The song was saved by a newer version of this program (song format %1; this version reads up to %2).</source>
-        <translation>Le morceau a été enregistré par une version plus récente de ce programme (format %1 ; cette version lit jusqu’à %2).</translation>
+        <translation>Le morceau a été enregistré par une version plus récente de ce programme (format %1&#xa0;; cette version lit jusqu’à %2).</translation>
     </message>
     <message>
         <source>The song file is damaged: &quot;version&quot; is missing.</source>
-        <translation>Le fichier de morceau est endommagé : « version » manque.</translation>
+        <translation>Le fichier de morceau est endommagé&#xa0;: «&#xa0;version&#xa0;» manque.</translation>
     </message>
     <message>
         <source>The song file is damaged. %1</source>
@@ -5391,7 +5391,7 @@ Voulez-vous l’enregistrer ?</translation>
     </message>
     <message>
         <source>Two parts have the id &quot;%1&quot;.</source>
-        <translation>Deux parties ont l’identifiant « %1 ».</translation>
+        <translation>Deux parties ont l’identifiant «&#xa0;%1&#xa0;».</translation>
     </message>
     <message>
         <source>The song file is larger than 256 MB.</source>
@@ -5402,7 +5402,7 @@ Voulez-vous l’enregistrer ?</translation>
     <name>SongFindings</name>
     <message>
         <source>Will the Game Play It?</source>
-        <translation>Le jeu le jouera-t-il ?</translation>
+        <translation>Le jeu le jouera-t-il&#xa0;?</translation>
     </message>
     <message>
         <source>Show what the game would not play as it is meant</source>
@@ -5452,7 +5452,7 @@ Voulez-vous l’enregistrer ?</translation>
     <name>SongReader</name>
     <message>
         <source>Part &quot;%1&quot;: %2</source>
-        <translation>Partie « %1 » : %2</translation>
+        <translation>Partie «&#xa0;%1&#xa0;»&#xa0;: %2</translation>
     </message>
     <message>
         <source>Error while reading MIDI file</source>
@@ -5476,7 +5476,7 @@ Voulez-vous l’enregistrer ?</translation>
     </message>
     <message>
         <source>Could not open file: %1.</source>
-        <translation>Impossible d’ouvrir le fichier : %1.</translation>
+        <translation>Impossible d’ouvrir le fichier&#xa0;: %1.</translation>
     </message>
     <message>
         <source>%1 more tunes could not be read.</source>
@@ -5500,7 +5500,7 @@ Voulez-vous l’enregistrer ?</translation>
     </message>
     <message>
         <source> for its %1</source>
-        <translation> à cause de : %1</translation>
+        <translation> à cause de&#xa0;: %1</translation>
     </message>
     <message>
         <source>%1. %2</source>
@@ -5508,11 +5508,11 @@ Voulez-vous l’enregistrer ?</translation>
     </message>
     <message>
         <source>Tune %1: %2</source>
-        <translation>Air %1 : %2</translation>
+        <translation>Air %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>Tune %1, which begins in line %2: %3</source>
-        <translation>Air %1, qui commence à la ligne %2 : %3</translation>
+        <translation>Air %1, qui commence à la ligne %2&#xa0;: %3</translation>
     </message>
     <message>
         <source>There are no notes in it.</source>
@@ -5538,9 +5538,9 @@ Voulez-vous l’enregistrer ?</translation>
 Would you like to delete them?</source>
         <translation>
             <numerusform>%n morceau disparaîtra pour de bon.
-Voulez-vous le supprimer ?</numerusform>
+Voulez-vous le supprimer&#xa0;?</numerusform>
             <numerusform>%n morceaux disparaîtront pour de bon.
-Voulez-vous les supprimer ?</numerusform>
+Voulez-vous les supprimer&#xa0;?</numerusform>
         </translation>
     </message>
     <message>
@@ -5564,29 +5564,29 @@ Voulez-vous les supprimer ?</numerusform>
     </message>
     <message>
         <source>Would you like to overwrite it?</source>
-        <translation>Voulez-vous le remplacer ?</translation>
+        <translation>Voulez-vous le remplacer&#xa0;?</translation>
     </message>
     <message>
         <source>Could not save the song.
 %1: %2</source>
         <translation>Impossible d’enregistrer le morceau.
-%1 : %2</translation>
+%1&#xa0;: %2</translation>
     </message>
     <message>
         <source>&apos;%1&apos; may hold another version of this song.</source>
-        <translation>« %1 » contient peut-être une autre version de ce morceau.</translation>
+        <translation>«&#xa0;%1&#xa0;» contient peut-être une autre version de ce morceau.</translation>
     </message>
     <message>
         <source>&apos;%1&apos; was changed by another program.</source>
-        <translation>« %1 » a été modifié par un autre programme.</translation>
+        <translation>«&#xa0;%1&#xa0;» a été modifié par un autre programme.</translation>
     </message>
     <message>
         <source>&apos;%1&apos; is read-only.</source>
-        <translation>« %1 » est en lecture seule.</translation>
+        <translation>«&#xa0;%1&#xa0;» est en lecture seule.</translation>
     </message>
     <message>
         <source>&apos;%1&apos; belongs to another user.</source>
-        <translation>« %1 » appartient à un autre utilisateur.</translation>
+        <translation>«&#xa0;%1&#xa0;» appartient à un autre utilisateur.</translation>
     </message>
 </context>
 <context>
@@ -5694,7 +5694,7 @@ Voulez-vous les supprimer ?</numerusform>
     </message>
     <message>
         <source>12 semitones are an octave; a number below 0 moves the notes down</source>
-        <translation>12 demi-tons font une octave ; un nombre négatif descend les notes</translation>
+        <translation>12 demi-tons font une octave&#xa0;; un nombre négatif descend les notes</translation>
     </message>
     <message>
         <source>move back by octaves</source>
@@ -5764,15 +5764,15 @@ Voulez-vous les supprimer ?</numerusform>
     </message>
     <message>
         <source>Device:</source>
-        <translation>Périphérique :</translation>
+        <translation>Périphérique&#xa0;:</translation>
     </message>
     <message>
         <source>Block size:</source>
-        <translation>Taille de bloc :</translation>
+        <translation>Taille de bloc&#xa0;:</translation>
     </message>
     <message>
         <source>Latency:</source>
-        <translation>Latence :</translation>
+        <translation>Latence&#xa0;:</translation>
     </message>
     <message>
         <source>How long the device&apos;s block lasts</source>
@@ -5780,11 +5780,11 @@ Voulez-vous les supprimer ?</numerusform>
     </message>
     <message>
         <source>Dropouts:</source>
-        <translation>Coupures :</translation>
+        <translation>Coupures&#xa0;:</translation>
     </message>
     <message>
         <source>How often the device ran dry since the program&apos;s start: gaps that can be heard</source>
-        <translation>Combien de fois le son a manqué au périphérique depuis le démarrage : des trous audibles</translation>
+        <translation>Combien de fois le son a manqué au périphérique depuis le démarrage&#xa0;: des trous audibles</translation>
     </message>
     <message>
         <source>Where the tracks are heard</source>
@@ -5792,7 +5792,7 @@ Voulez-vous les supprimer ?</numerusform>
     </message>
     <message>
         <source>Small blocks answer a keyboard sooner; large ones have no gaps beside a busy program</source>
-        <translation>Les petits blocs répondent plus vite à un clavier ; les grands n’ont pas de trous à côté d’un programme occupé</translation>
+        <translation>Les petits blocs répondent plus vite à un clavier&#xa0;; les grands n’ont pas de trous à côté d’un programme occupé</translation>
     </message>
     <message>
         <source>Automatic (grows after a dropout)</source>
@@ -5816,7 +5816,7 @@ Voulez-vous les supprimer ?</numerusform>
     </message>
     <message>
         <source>&quot;%1&quot; is not there, so the system default is heard.</source>
-        <translation>« %1 » est absent, le périphérique du système est donc utilisé.</translation>
+        <translation>«&#xa0;%1&#xa0;» est absent, le périphérique du système est donc utilisé.</translation>
     </message>
 </context>
 <context>
@@ -5864,7 +5864,7 @@ Voulez-vous les supprimer ?</numerusform>
     </message>
     <message>
         <source>The tune uses the macro &quot;%1&quot; (m:), which cannot be read.</source>
-        <translation>L’air emploie la macro « %1 » (m:), qui ne peut pas être lue.</translation>
+        <translation>L’air emploie la macro «&#xa0;%1&#xa0;» (m:), qui ne peut pas être lue.</translation>
     </message>
     <message>
         <source>Too many voices.</source>
@@ -5875,7 +5875,7 @@ Voulez-vous les supprimer ?</numerusform>
     <name>StatusIndicators</name>
     <message>
         <source>The sound device ran dry: close what is busy, or choose a larger block under Tools, Preferences, Sound</source>
-        <translation>Le son a manqué au périphérique : fermez ce qui est occupé, ou choisissez un plus grand bloc sous Outils, Préférences, Son</translation>
+        <translation>Le son a manqué au périphérique&#xa0;: fermez ce qui est occupé, ou choisissez un plus grand bloc sous Outils, Préférences, Son</translation>
     </message>
     <message>
         <source>Saving %1...</source>
@@ -5902,11 +5902,11 @@ Voulez-vous les supprimer ?</numerusform>
     </message>
     <message>
         <source>&quot;%1&quot; is not there: the default device</source>
-        <translation>« %1 » est absent : périphérique par défaut</translation>
+        <translation>«&#xa0;%1&#xa0;» est absent&#xa0;: périphérique par défaut</translation>
     </message>
     <message>
         <source>Sound dropouts: %1</source>
-        <translation>Coupures du son : %1</translation>
+        <translation>Coupures du son&#xa0;: %1</translation>
     </message>
     <message>
         <source>Recording...</source>
@@ -5914,7 +5914,7 @@ Voulez-vous les supprimer ?</numerusform>
     </message>
     <message>
         <source>A crash would lose your work: %1</source>
-        <translation>Un plantage perdrait votre travail : %1</translation>
+        <translation>Un plantage perdrait votre travail&#xa0;: %1</translation>
     </message>
     <message>
         <source>Loading sample %1...</source>
@@ -5929,7 +5929,7 @@ Voulez-vous les supprimer ?</numerusform>
     </message>
     <message>
         <source>Write what you play at the caret, note by note; keys that are down together are a chord</source>
-        <translation>Écrire au curseur ce que vous jouez, note par note ; des touches enfoncées ensemble font un accord</translation>
+        <translation>Écrire au curseur ce que vous jouez, note par note&#xa0;; des touches enfoncées ensemble font un accord</translation>
     </message>
     <message>
         <source>Enter Notes</source>
@@ -5940,7 +5940,7 @@ Voulez-vous les supprimer ?</numerusform>
     <name>TimeRuler</name>
     <message>
         <source>Click or drag to set the position, drag in the upper half to set a loop (with Alt: between the beats)</source>
-        <translation>Cliquer ou glisser place la position, glisser dans la moitié haute fait une boucle (avec Alt : entre les temps)</translation>
+        <translation>Cliquer ou glisser place la position, glisser dans la moitié haute fait une boucle (avec Alt&#xa0;: entre les temps)</translation>
     </message>
     <message>
         <source>Measures</source>
@@ -5949,7 +5949,7 @@ Voulez-vous les supprimer ?</numerusform>
     <message>
         <source>%1; loop: %2 to %3</source>
         <comment>all are positions</comment>
-        <translation>%1 ; boucle : de %2 à %3</translation>
+        <translation>%1&#xa0;; boucle&#xa0;: de %2 à %3</translation>
     </message>
 </context>
 <context>
@@ -5979,9 +5979,9 @@ Voulez-vous les supprimer ?</numerusform>
 Move them back into the range by octaves instead?</source>
         <translation>
             <numerusform>%n note quitterait l’étendue et serait ôtée.
-La ramener plutôt par octaves dans l’étendue ?</numerusform>
+La ramener plutôt par octaves dans l’étendue&#xa0;?</numerusform>
             <numerusform>%n notes quitteraient l’étendue et seraient ôtées.
-Les ramener plutôt par octaves dans l’étendue ?</numerusform>
+Les ramener plutôt par octaves dans l’étendue&#xa0;?</numerusform>
         </translation>
     </message>
     <message>
@@ -6046,7 +6046,7 @@ Les ramener plutôt par octaves dans l’étendue ?</numerusform>
     </message>
     <message>
         <source>Could not merge tracks: %1</source>
-        <translation>Impossible de fusionner les pistes : %1</translation>
+        <translation>Impossible de fusionner les pistes&#xa0;: %1</translation>
     </message>
     <message>
         <source>Next Track</source>
@@ -6164,7 +6164,7 @@ Les ramener plutôt par octaves dans l’étendue ?</numerusform>
     </message>
     <message>
         <source>%1; the track differs from its file</source>
-        <translation>%1 ; la piste diffère de son fichier</translation>
+        <translation>%1&#xa0;; la piste diffère de son fichier</translation>
     </message>
     <message>
         <source>differs from its file</source>
@@ -6176,11 +6176,11 @@ Les ramener plutôt par octaves dans l’étendue ?</numerusform>
     </message>
     <message>
         <source>There is no instrument &apos;%1&apos;; nothing sounds</source>
-        <translation>Il n’y a pas d’instrument « %1 » ; rien ne sonne</translation>
+        <translation>Il n’y a pas d’instrument «&#xa0;%1&#xa0;»&#xa0;; rien ne sonne</translation>
     </message>
     <message>
         <source>There is no instrument &apos;%1&apos;; &apos;%2&apos; sounds instead</source>
-        <translation>Il n’y a pas d’instrument « %1 » ; « %2 » sonne à la place</translation>
+        <translation>Il n’y a pas d’instrument «&#xa0;%1&#xa0;»&#xa0;; «&#xa0;%2&#xa0;» sonne à la place</translation>
     </message>
     <message>
         <source>%1 (missing)</source>
@@ -6192,7 +6192,7 @@ Les ramener plutôt par octaves dans l’étendue ?</numerusform>
     </message>
     <message>
         <source>New track title:</source>
-        <translation>Nouveau titre de la piste :</translation>
+        <translation>Nouveau titre de la piste&#xa0;:</translation>
     </message>
     <message>
         <source>Edit Track</source>
@@ -6204,7 +6204,7 @@ Les ramener plutôt par octaves dans l’étendue ?</numerusform>
     </message>
     <message>
         <source>Milliseconds by which the part sounds later than it is written (below 0: sooner):</source>
-        <translation>Millisecondes dont la partie sonne plus tard qu’elle n’est écrite (en dessous de 0 : plus tôt) :</translation>
+        <translation>Millisecondes dont la partie sonne plus tard qu’elle n’est écrite (en dessous de 0&#xa0;: plus tôt)&#xa0;:</translation>
     </message>
     <message>
         <source>Save</source>
@@ -6264,7 +6264,7 @@ Les ramener plutôt par octaves dans l’étendue ?</numerusform>
     </message>
     <message>
         <source>Start offset: by how much this part sounds later than it is written, or sooner</source>
-        <translation>Décalage de départ : de combien cette partie sonne plus tard qu’elle n’est écrite, ou plus tôt</translation>
+        <translation>Décalage de départ&#xa0;: de combien cette partie sonne plus tard qu’elle n’est écrite, ou plus tôt</translation>
     </message>
     <message>
         <source>Start offset</source>
@@ -6304,7 +6304,7 @@ Les ramener plutôt par octaves dans l’étendue ?</numerusform>
     </message>
     <message>
         <source>Solo: hear only this track, or all that are ticked with it</source>
-        <translation>Solo : n’entendre que cette piste, ou toutes celles cochées avec elle</translation>
+        <translation>Solo&#xa0;: n’entendre que cette piste, ou toutes celles cochées avec elle</translation>
     </message>
     <message>
         <source>Edit track</source>
@@ -6332,7 +6332,7 @@ Les ramener plutôt par octaves dans l’étendue ?</numerusform>
     </message>
     <message>
         <source>Level of this track; red at its end: it was too loud (click to put it out)</source>
-        <translation>Niveau de cette piste ; rouge au bout : c’était trop fort (cliquer pour l’éteindre)</translation>
+        <translation>Niveau de cette piste&#xa0;; rouge au bout&#xa0;: c’était trop fort (cliquer pour l’éteindre)</translation>
     </message>
     <message>
         <source>Level of this track</source>
@@ -6344,7 +6344,7 @@ Les ramener plutôt par octaves dans l’étendue ?</numerusform>
     </message>
     <message>
         <source>%1 %</source>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message>
         <source>C</source>
@@ -6557,11 +6557,11 @@ Veuillez en choisir d’autres.</translation>
     </message>
     <message>
         <source>12 semitones are an octave; a number below 0 moves the notes down</source>
-        <translation>12 demi-tons font une octave ; un nombre négatif descend les notes</translation>
+        <translation>12 demi-tons font une octave&#xa0;; un nombre négatif descend les notes</translation>
     </message>
     <message>
         <source>Notes that fall outside of the valid octave range after transposing will be removed!</source>
-        <translation>Les notes hors de l’étendue permise après la transposition seront ôtées !</translation>
+        <translation>Les notes hors de l’étendue permise après la transposition seront ôtées&#xa0;!</translation>
     </message>
     <message>
         <source>Transpose</source>
@@ -6600,7 +6600,7 @@ Veuillez en choisir d’autres.</translation>
     </message>
     <message>
         <source>%1 has several tunes. Which are to be opened?</source>
-        <translation>%1 a plusieurs airs. Lesquels ouvrir ?</translation>
+        <translation>%1 a plusieurs airs. Lesquels ouvrir&#xa0;?</translation>
     </message>
 </context>
 <context>
@@ -6666,7 +6666,7 @@ Veuillez en choisir d’autres.</translation>
     <message>
         <source>A fatal error occured:
 %1</source>
-        <translation>Une erreur fatale est survenue :
+        <translation>Une erreur fatale est survenue&#xa0;:
 %1</translation>
     </message>
     <message>

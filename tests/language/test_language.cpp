@@ -14,7 +14,6 @@ struct Message
     QStringList translations; // one a plural form
 };
 
-// Those that are translated.
 QVector<Message> messagesOf(const QString &file)
 {
     QFile ts(file);
@@ -22,19 +21,21 @@ QVector<Message> messagesOf(const QString &file)
         return {};
     QXmlStreamReader xml(&ts);
     QVector<Message> messages;
+    bool hasForms = false;
     while (!xml.atEnd()) {
         xml.readNext();
         if (!xml.isStartElement())
             continue;
         const auto name = xml.name();
-        if (name == QLatin1String("message"))
+        if (name == QLatin1String("message")) {
             messages.append(Message());
-        else if (name == QLatin1String("source"))
+            hasForms = xml.attributes().hasAttribute(QStringLiteral("numerus"));
+        } else if (name == QLatin1String("source"))
             messages.last().source = xml.readElementText();
         else if (name == QLatin1String("numerusform"))
             messages.last().translations.append(xml.readElementText());
-        else if (name == QLatin1String("translation")) {
-            const auto text = xml.readElementText(QXmlStreamReader::SkipChildElements);
+        else if (name == QLatin1String("translation") && !hasForms) {
+            const auto text = xml.readElementText();
             if (!text.trimmed().isEmpty())
                 messages.last().translations.append(text);
         }
@@ -60,6 +61,14 @@ QStringList fixedParts(const QString &text)
         parts.append(
             QStringLiteral("ends with '%1': %2").arg(QLatin1String(end)).arg(text.endsWith(QString::fromUtf8(end))));
     return parts;
+}
+
+// Whether French marks stand at an ordinary blank, where a line may break, or at none.
+bool mayBreakAtMark(const QString &french)
+{
+    static const QRegularExpression mark(
+        QStringLiteral("«(?!\u00a0)|(?<!\u00a0)»| :|(?<=[^\u00a0])[;!?](?=\\s|$)|[^\u00a0]:$"));
+    return french.contains(mark);
 }
 
 } // namespace
@@ -101,8 +110,11 @@ private slots:
         QVERIFY(messages.size() > 10);
         QStringList misfits;
         for (const auto &message : messages) {
+            if (message.translations.isEmpty())
+                misfits.append(message.source + QStringLiteral(" is not translated"));
             for (const auto &translation : message.translations) {
-                if (fixedParts(translation) != fixedParts(message.source))
+                if (fixedParts(translation) != fixedParts(message.source) ||
+                    (file.endsWith(QStringLiteral("_fr.ts")) && mayBreakAtMark(translation)))
                     misfits.append(message.source + QStringLiteral(" -> ") + translation);
             }
         }
