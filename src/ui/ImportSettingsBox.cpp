@@ -1,6 +1,7 @@
 #include "ui/ImportSettingsBox.h"
 
-#include <QCheckBox>
+#include "ui/WrappedCheckBox.h"
+
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -154,6 +155,7 @@ void ImportSettingsBox::addRow(const Row &row, QVBoxLayout &column)
     }
     auto *const label = new QLabel(tr(row.text));
     label->setBuddy(control);
+    label->setWordWrap(true);
     label->setToolTip(control->toolTip());
     auto *const line = new QHBoxLayout;
     line->addWidget(label);
@@ -164,7 +166,7 @@ void ImportSettingsBox::addRow(const Row &row, QVBoxLayout &column)
 
 QWidget *ImportSettingsBox::checkBox(const Row &row)
 {
-    auto *const box = new QCheckBox(tr(row.text));
+    auto *const box = new WrappedCheckBox(tr(row.text));
     box->setChecked(value(row.setting).toBool());
     connect(box, &QCheckBox::toggled, this, [=, this, setting = row.setting](bool is) { change(setting, is); });
     return box;

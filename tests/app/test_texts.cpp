@@ -14,6 +14,8 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QTranslator>
 #include <QTreeView>
@@ -104,9 +106,17 @@ bool isCut(const QWidget &widget)
     if (!widget.isVisible() || widget.inherits("TitleLabel") || // which cuts its text itself
         !((label && hasWords(label->text())) || (button && hasWords(button->text()))))
         return false;
-    if (label && label->wordWrap())
-        return label->heightForWidth(label->width()) > label->height();
+    if (widget.hasHeightForWidth())
+        return widget.heightForWidth(widget.width()) > widget.height();
     return widget.sizeHint().width() > widget.width();
+}
+
+// Rows of the main window, which need their width, do so.
+bool scrollsSideways(const QWidget &widget)
+{
+    const auto *const area = qobject_cast<const QScrollArea *>(&widget);
+    return area && area->isVisible() && qobject_cast<const QDialog *>(widget.window()) &&
+           area->horizontalScrollBar()->maximum() > 0;
 }
 
 // Windows and dialogs open a page of the manual with F1, but for the main window, which opens the contents.
@@ -225,6 +235,8 @@ private slots:
                 forEachIn(window, [&](const QWidget &widget) {
                     if (isLost(widget))
                         misfits.insert(nameOf(widget) + QStringLiteral(" is in no layout"));
+                    if (!language.isEmpty() && scrollsSideways(widget))
+                        misfits.insert(nameOf(widget) + QStringLiteral(" scrolls sideways"));
                     if (isCut(widget))
                         misfits.insert(nameOf(widget) + QStringLiteral(" is cut: ") + textsOf(widget).last());
                     if (!language.isEmpty() && (widget.inherits("QMenu") || widget.inherits("QMenuBar")))

@@ -125,6 +125,8 @@ QWidget *ArrangeDialog::makeQuestions()
     add(line, tr("&Notes at once:"), voices_);
     add(line, tr("&Melody:"), melody_);
     add(line, tr("&Bass:"), bass_);
+    line->setStretchFactor(melody_, 1); // names of parts are long
+    line->setStretchFactor(bass_, 1);
     line->addStretch();
     return questions;
 }

@@ -167,10 +167,13 @@ QWidget *PreferencesDialog::previewPage()
     auto *const colour = new QHBoxLayout;
     colour->addWidget(new QLabel(tr("Note color")));
     colour->addWidget(swatch);
-    colour->addWidget(pick);
-    colour->addWidget(reset);
     colour->addStretch();
+    auto *const changes = new QHBoxLayout;
+    changes->addWidget(pick);
+    changes->addWidget(reset);
+    changes->addStretch();
     rows->addLayout(colour);
+    rows->addLayout(changes);
     return pageOf(tr("Visualization"), rows);
 }
 
