@@ -10,7 +10,6 @@
 #include <QJsonDocument>
 #include <QLockFile>
 #include <QLoggingCategory>
-#include <QSettings>
 #include <QStandardPaths>
 
 #include <optional>
@@ -61,19 +60,6 @@ QString keptCopy(const QString &fileName, const QByteArray &bytes)
     for (int number = 2; !SafeFile::writeNew(copy, bytes) && bytesOf(copy) != bytes; ++number)
         copy = QStringLiteral("%1.bad%2").arg(fileName).arg(number);
     return copy;
-}
-
-bool readFormat(QIODevice &device, QSettings::SettingsMap &map)
-{
-    const auto store = parseStore(device.readAll());
-    if (store)
-        map = store->toVariantMap();
-    return store.has_value();
-}
-
-bool writeFormat(QIODevice &device, const QSettings::SettingsMap &map)
-{
-    return device.write(formatStore(QJsonObject::fromVariantMap(map))) > 0;
 }
 
 QJsonObject merged(QJsonObject store, const QJsonObject &changes)
@@ -129,11 +115,9 @@ void mergeHistories(QJsonObject &changes, const QJsonObject &base, const QJsonOb
 
 QString Settings::defaultFile()
 {
-    static const auto format = QSettings::registerFormat(QStringLiteral("cfg"), readFormat, writeFormat);
-    QSettings::setDefaultFormat(format);
-    QSettings::setPath(format, QSettings::UserScope,
-                       QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
-    return QSettings().fileName();
+    return QStringLiteral("%1/%2/%3.cfg")
+        .arg(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
+             QCoreApplication::organizationDomain(), QCoreApplication::applicationName());
 }
 
 Settings::Settings(const QString &fileName, QObject *parent) : QObject(parent), fileName_(fileName)

@@ -227,7 +227,9 @@ private slots:
         fixture_->trigger("actionNew_Song");
         turnMasterVolume(*fixture_);
         fixture_->dialogs().takeAsked();
+        const QSignalSpy ended(&fixture_->window().session(), &SongSession::left);
         open(file);
+        QCOMPARE(ended.size(), 1);
         QVERIFY(song() == left);
         QVERIFY(fixture_->dialogs().takeAsked().isEmpty() && fixture_->dialogs().messages.isEmpty());
         QCOMPARE(fixture_->child<QSlider>("slMasterVolume")->value(), left.masterVolume);

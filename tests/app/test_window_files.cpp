@@ -139,6 +139,15 @@ private slots:
         fixture_->settings().setValue(Settings::AbcForeign, int(ForeignAbc::Convert));
         dialogs.takeAsked();
         dialogs.answerOrCancel = Dialogs::Answer::Yes;
+        fixture_->settings().setValue(Settings::AbcForeign, int(ForeignAbc::Ask));
+        dialogs.foreignAnswer = {};
+        dialogs.files.clear();
+        for (int i = 0; i < 23; ++i)
+            dialogs.files.append(fixture_->write(qPrintable(QStringLiteral("%1.abc").arg(i)), "X:1\nT:A\n" + tune));
+        fixture_->trigger("actionOpen");
+        QTRY_VERIFY(dialogs.asked.join(u' ').contains(QStringLiteral("bar lines.\nSo do 3 more.\n")));
+        fixture_->settings().setValue(Settings::AbcForeign, int(ForeignAbc::Convert));
+        dialogs.takeAsked();
         fixture_->drop({book});
         QTRY_COMPARE(fixture_->tracks().song().size(), 2);
         QCOMPARE(dialogs.asked.size(), 1); // about the tracks that were there

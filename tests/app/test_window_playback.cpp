@@ -120,14 +120,17 @@ private slots:
 
         fixture_->keyboard.ports = QStringList(QStringLiteral("Piano"));
         fixture_->settings().setValue(Settings::KeyboardPort, QStringLiteral("Piano"));
-        constexpr quint32 pitch = 108; // which the song has not
+        constexpr quint32 pitch = 108;            // which the song has not
+        fixture_->keyboard.play({0x90, 60, 100}); // and let go while it records
+        QTest::qWait(20);
         fixture_->trigger("actionRecord");
         QTRY_VERIFY(overview(1)->position() > ticksPerWholeNote);
         const auto pressed = overview(1)->position();
         fixture_->keyboard.play({0x90, int(pitch), 100});
         QTRY_VERIFY(overview(1)->position() > pressed + ticksPerQuarter);
         const auto length = overview(1)->position() - pressed;
-        fixture_->keyboard.play({0x90, int(pitch), 0});
+        for (const int key : {int(pitch), 60})
+            fixture_->keyboard.play({0x90, key, 0});
         QTest::qWait(10);
         fixture_->trigger("actionStop");
         QVERIFY(!fixture_->action("actionRecord")->isChecked());

@@ -1,4 +1,5 @@
 #include "arrange/Arrangement.h"
+#include "arrange/Assignment.h"
 #include "arrange/OneTempo.h"
 #include "base/Interrupted.h"
 #include "import/WrittenTempo.h"
@@ -6,6 +7,9 @@
 #include "support/DescribeTrack.h"
 #include "support/Rows.h"
 #include "support/Thrown.h"
+
+#include <numeric>
+#include <random>
 
 namespace {
 
@@ -183,6 +187,33 @@ private slots:
         std::stop_source stop;
         stop.request_stop();
         QVERIFY_EXCEPTION_THROWN(arrange(parts, {}, stop.get_token()), Interrupted);
+    }
+
+    // Against trying every way.
+    void assignsAtTheLeastCost()
+    {
+        std::mt19937 random(1);
+        Assignment assignment;
+        for (int round = 0; round < 200; ++round) {
+            constexpr int rows = 3, columns = 4;
+            std::vector<qint64> costs(rows * columns), none(rows);
+            for (auto *const list : {&costs, &none})
+                std::generate(list->begin(), list->end(), [&random] { return qint64(random() % 20); });
+            const auto sum = [&](const auto &columnOf) {
+                qint64 all = 0;
+                for (int row = 0; row < rows; ++row)
+                    all += columnOf[row] < 0 || columnOf[row] >= columns ? none[row]
+                                                                         : costs[row * columns + columnOf[row]];
+                return all;
+            };
+            std::vector<int> way(rows + columns); // behind the columns stands "none"
+            std::iota(way.begin(), way.end(), 0);
+            auto least = Assignment::never;
+            do
+                least = std::min(least, sum(way));
+            while (std::next_permutation(way.begin(), way.end()));
+            QCOMPARE(sum(assignment.solve(costs, none, columns)), least);
+        }
     }
 
     // Half a minute of 60 beats a minute stands where half a minute of 120 does.

@@ -171,6 +171,13 @@ private slots:
         QCOMPARE(checkSong({leader, facts(fixed)})[1].isEmpty(), fixed != text);
     }
 
+    void lengthsInWords()
+    {
+        QCOMPARE(lengthInWords(3 * ticksPerWholeNote / 4), QStringLiteral("3/4 note"));
+        QCOMPARE(lengthInWords(ticksPerWholeNote), QStringLiteral("a whole note"));
+        QCOMPARE(lengthInWords(5 * ticksPerWholeNote / 2), QStringLiteral("2.5 whole notes"));
+    }
+
     void comparesParts()
     {
         const auto facts = [](const char *body) { return factsOf(checkText(tune(QString::fromUtf8(body)))); };

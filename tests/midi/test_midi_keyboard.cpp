@@ -10,7 +10,7 @@ private slots:
     void keysOfBytes_data()
     {
         const Rows<QString, QString> row("bytes", "keys");
-        row("press and release", "90 3c 40 80 3c 7f", "60+64 60-");
+        row("press and release", "90 3c 40 80 3c 7f 80 3c 00", "60+64 60-");
         row("velocity 0", "95 3c 01 95 3c 00", "60+1 60-");
         row("running status", "90 3c 40 3e 41 3c 00", "60+64 62+65 60-");
         row("real time in between", "90 f8 3c fe 40 3e ff 41", "60+64 62+65");

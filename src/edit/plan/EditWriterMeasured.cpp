@@ -3,6 +3,7 @@
 #include "edit/plan/MeasuredText.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstddef>
 
 namespace {
@@ -15,17 +16,12 @@ bool isBarLine(const AbcAccidentalMark &mark)
     return mark.kind == AbcAccidentalMark::Kind::BarLine;
 }
 
-bool isPowerOfTwo(Ticks number)
-{
-    return number > 0 && (number & (number - 1)) == 0;
-}
-
 // Whether a third of it is written as a whole note, a half of it, a quarter…
 bool isTriplet(Ticks length)
 {
     const auto written = length / 2;
     return length % (2 * tripletNotes) == 0 && ticksPerWholeNote % written == 0 &&
-           isPowerOfTwo(ticksPerWholeNote / written);
+           std::has_single_bit(quint64(ticksPerWholeNote / written));
 }
 
 // Where the triplet begins that the first of the notes belongs to, with all others that sound in it.

@@ -159,6 +159,7 @@ private slots:
         QVERIFY(!action(QStringLiteral("Back"))->isEnabled());
         action(QStringLiteral("Contents"))->trigger();
         QCOMPARE(browser.source().fileName(), QStringLiteral("index.md"));
+        QVERIFY(action(QStringLiteral("Back"))->isEnabled());
         action(QStringLiteral("Back"))->trigger();
         QCOMPARE(browser.source().fileName(), QStringLiteral("window.md"));
         QVERIFY(QTest::qWaitForWindowActive(manual));

@@ -44,6 +44,8 @@ private slots:
         for (const quint32 pitch : {60U, 64U})
             other.appendEvent(TrackEvent::note(pitch, 0, 400 * eighth));
         other.normalize();
+        for (const double place : {0.2, 7.8}) // its round ends, too
+            QCOMPARE(colourAt(place, 60), fixture.state().colours.note.fill);
         const auto range = fixture.roll.horizontalScrollBar()->maximum();
         fixture.roll.setGhosts({RollNotes(other)});
         QCOMPARE(colourAt(2, 60), own);

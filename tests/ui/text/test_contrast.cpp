@@ -135,8 +135,7 @@ private slots:
             }
             for (const auto &[name, film] :
                  {std::pair("row", QColor(0, 0, 0, 0)), {"unplayable", roll.unplayable}, {"end", roll.afterEnd}})
-                row(QStringLiteral("measure line over ") + QLatin1String(name), roll.measureLine,
-                    over(roll.whiteRow, film), 1.5);
+                row(QStringLiteral("text over ") + QLatin1String(name), roll.rulerText, over(roll.whiteRow, film), 4.5);
             for (const auto &[name, colour] : {std::pair("error", roll.error),
                                                {"warning", roll.warning},
                                                {"cursor", roll.cursor},
