@@ -72,7 +72,7 @@ void FileBatch::write(const Group &group) const
     for (auto *file : group) {
         auto &replacement = replacements.emplace_back();
         runOrTell(file->failure, [&] {
-            replacement = std::make_unique<SafeFile::Replacement>(file->path);
+            replacement = std::make_unique<SafeFile::Replacement>(file->path, existing_);
             replacement->write(file->bytes);
         });
     }
@@ -80,7 +80,7 @@ void FileBatch::write(const Group &group) const
         auto &file = *group[i];
         runOrTell(file.failure, [&] {
             replacements[i]->synchronise();
-            if (!replacements[i]->takePlace(existing_))
+            if (!replacements[i]->takePlace())
                 return;
             file.written = replacements[i]->target();
             file.bytes.clear();

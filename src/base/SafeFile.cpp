@@ -107,6 +107,11 @@ auto told(Work work)
     }
 }
 
+std::optional<SystemFiles::OpenFile> beginUnnamed(const QString &folder)
+{
+    return unfinishedFiles().change([&folder] { return SystemFiles::OpenFile::createUnnamed(systemPath(folder)); });
+}
+
 SystemFiles::OpenFile beginNew(const QString &path)
 {
     return unfinishedFiles().change(
@@ -124,18 +129,14 @@ void create(const QString &path, const QByteArray &bytes)
 }
 
 // It gets the permissions of the file that it shall replace.
-void synchronise(const SystemFiles::OpenFile &replacement, const QString &target)
+void takePermissions(const SystemFiles::OpenFile &replacement, const QString &target)
 {
-    told([&] {
-        replacement.takePermissionsOf(systemPath(target));
-        replacement.synchronise();
-    });
+    told([&] { replacement.takePermissionsOf(systemPath(target)); });
 }
 
-void synchronise(const QString &replacement, const QString &target)
+void synchronise(const SystemFiles::OpenFile &file)
 {
-    const auto path = systemPath(replacement);
-    synchronise(told([&path] { return SystemFiles::OpenFile::openExisting(path); }), target);
+    told([&file] { file.synchronise(); });
 }
 
 void syncFolder(const QString &path)
@@ -278,31 +279,33 @@ void synchronise(QFile &file)
 struct Replacement::Open
 {
     SystemFiles::OpenFile file;
-
-    Open(const QString &path, const QByteArray &bytes) : file(beginNew(path))
-    {
-        writeTo(file, bytes);
-        file.beginSynchronising();
-    }
 };
 
-Replacement::Replacement(const QString &target)
+// What is not there is neither a link nor something else than a file.
+Replacement::Replacement(const QString &target, Existing existing) : existing_(existing), target_(target)
 {
+    if (existing == Existing::Kept)
+        return;
     const QFileInfo info(target);
     if (info.exists() && !info.isFile())
         throw QCoreApplication::translate("SafeFile", "Not a regular file.");
     target_ = behindLinks(target);
-    path_ = nameBeside(target_);
-    unfinishedFiles().add(path_);
+    takeName();
 }
 
 Replacement::~Replacement()
 {
-    if (isCommitted_)
-        return;
     open_.reset();
+    if (isCommitted_ || path_.isEmpty())
+        return;
     QFile::remove(path_);
     unfinishedFiles().remove(path_);
+}
+
+void Replacement::takeName()
+{
+    path_ = nameBeside(target_);
+    unfinishedFiles().add(path_);
 }
 
 void Replacement::create() const
@@ -312,34 +315,46 @@ void Replacement::create() const
 
 void Replacement::write(const QByteArray &bytes)
 {
-    open_ = std::make_unique<Open>(path_, bytes);
+    auto file = path_.isEmpty() ? beginUnnamed(QFileInfo(target_).path()) : std::nullopt;
+    if (!file && path_.isEmpty())
+        takeName();
+    open_.reset(new Open{file ? *std::move(file) : beginNew(path_)});
+    writeTo(open_->file, bytes);
+    open_->file.beginSynchronising();
 }
 
 void Replacement::synchronise()
 {
-    ::synchronise(open_->file, target_);
-    open_.reset();
+    if (existing_ == Existing::Replaced)
+        takePermissions(open_->file, target_);
+    ::synchronise(open_->file);
 }
 
 void Replacement::commit()
 {
-    ::synchronise(path_, target_);
+    const auto path = systemPath(path_);
+    open_.reset(new Open{told([&path] { return SystemFiles::OpenFile::openExisting(path); })});
+    synchronise();
     commitUnsynchronised();
     finishFolders({target_});
 }
 
 void Replacement::commitUnsynchronised()
 {
-    takePlace(Existing::Replaced);
+    takePlace();
 }
 
-bool Replacement::takePlace(Existing existing)
+bool Replacement::takePlace()
 {
     const auto from = systemPath(path_);
     const auto to = systemPath(target_);
+    const auto file = path_.isEmpty() ? std::move(open_) : nullptr;
+    open_.reset(); // what is open cannot be moved everywhere
     isCommitted_ = unfinishedFiles().commit(path_, [&] {
         return told([&] {
-            if (existing == Existing::Kept)
+            if (file)
+                return file->file.giveName(to);
+            if (existing_ == Existing::Kept)
                 return SystemFiles::moveToNew(to, from);
             SystemFiles::moveOver(to, from);
             return true;
@@ -362,8 +377,7 @@ void writeUnsynchronised(const QString &path, const QByteArray &bytes)
 
 bool isThere(const QString &path)
 {
-    const QFileInfo info(path);
-    return info.exists() || info.isSymLink();
+    return SystemFiles::isThere(systemPath(path));
 }
 
 void finishFolders(const QStringList &written)
@@ -383,10 +397,10 @@ namespace {
 
 bool writeOne(const QString &path, const QByteArray &bytes, Existing existing)
 {
-    Replacement replacement(path);
+    Replacement replacement(path, existing);
     replacement.write(bytes);
     replacement.synchronise();
-    if (!replacement.takePlace(existing))
+    if (!replacement.takePlace())
         return false;
     finishFolders({replacement.target()});
     return true;

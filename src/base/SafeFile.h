@@ -33,8 +33,9 @@ bool isThere(const QString &path); // a file, a folder, or a link, wherever that
 class Replacement
 {
 public:
-    // Creates nothing yet.
-    explicit Replacement(const QString &target);
+    // Creates nothing yet. Existing::Kept: of a file that is not there; the place that is taken may be another's by
+    // then.
+    explicit Replacement(const QString &target, Existing existing = Existing::Replaced);
     Replacement(const Replacement &) = delete;
     Replacement &operator=(const Replacement &) = delete;
     ~Replacement();
@@ -49,7 +50,7 @@ public:
     // touched since something is there that shall be kept (false); and finishFolders() once for all of them.
     void write(const QByteArray &bytes);
     void synchronise();
-    bool takePlace(Existing existing);
+    bool takePlace();
     const QString &target() const { return target_; } // where links led to
 
     void commitUnsynchronised(); // as writeUnsynchronised()
@@ -57,8 +58,11 @@ public:
 private:
     struct Open;
 
+    void takeName();
+
+    Existing existing_;
     QString target_;
-    QString path_;
+    QString path_; // empty while it is a file without a name
     std::unique_ptr<Open> open_;
     bool isCommitted_ = false;
 };

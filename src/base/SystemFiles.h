@@ -19,6 +19,9 @@ public:
     // Where something of that name is there it is left alone, and std::errc::file_exists thrown.
     static OpenFile createNew(const Path &path);
     static OpenFile openExisting(const Path &path);
+    // Without a name, which giveName() gives it once; nobody else sees it before, and nothing is left of it when the
+    // program ends before. None where the system or the file system has no such files.
+    static std::optional<OpenFile> createUnnamed(const Path &folder);
     OpenFile(OpenFile &&other) noexcept : handle_(std::exchange(other.handle_, none)) {}
     OpenFile &operator=(OpenFile &&) = delete;
     ~OpenFile();
@@ -31,6 +34,8 @@ public:
     // As who replaces that file gives the new one, where the system does not do it itself; nothing where it is not
     // there.
     void takePermissionsOf(const Path &replaced) const;
+    // Of one without. False when there is something of that name.
+    bool giveName(const Path &path) const;
 
 private:
     static constexpr std::intptr_t none = -1;
@@ -39,6 +44,8 @@ private:
     std::intptr_t handle_; // a descriptor, or what Windows calls a handle
 };
 
+// Something, or a link, wherever that leads.
+bool isThere(const Path &path);
 // In one step: whoever looks sees the old file or the new one.
 void moveOver(const Path &target, const Path &replacement);
 // False, and nothing is touched, when there is something of that name.

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <string>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -21,6 +22,12 @@ std::intptr_t opened(const SystemFiles::Path &path, int flags)
     if (descriptor < 0)
         fail();
     return descriptor;
+}
+
+// How the system calls an open file that has no name.
+std::string linkTo(std::intptr_t descriptor)
+{
+    return "/proc/self/fd/" + std::to_string(descriptor);
 }
 
 // Where the system cannot move without replacing, an empty file keeps the place.
@@ -53,6 +60,19 @@ OpenFile OpenFile::createNew(const Path &path)
 OpenFile OpenFile::openExisting(const Path &path)
 {
     return OpenFile(opened(path, O_RDONLY)); // which is enough to synchronise it
+}
+
+std::optional<OpenFile> OpenFile::createUnnamed(const Path &folder)
+{
+#ifdef O_TMPFILE
+    const int descriptor = open(folder.c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, 0666);
+    if (descriptor >= 0) {
+        OpenFile file(descriptor);
+        static const bool hasLinks = access(linkTo(descriptor).c_str(), F_OK) == 0;
+        return hasLinks ? std::optional(std::move(file)) : std::nullopt;
+    }
+#endif
+    return std::nullopt; // whatever else is wrong is told when it gets a name
 }
 
 OpenFile::~OpenFile()
@@ -88,6 +108,21 @@ void OpenFile::takePermissionsOf(const Path &replaced) const
     struct stat old = {};
     if (stat(replaced.c_str(), &old) == 0 && fchmod(int(handle_), old.st_mode & 07777) != 0)
         fail();
+}
+
+bool OpenFile::giveName(const Path &path) const
+{
+    if (linkat(AT_FDCWD, linkTo(handle_).c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) == 0)
+        return true;
+    if (errno != EEXIST)
+        fail();
+    return false;
+}
+
+bool isThere(const Path &path)
+{
+    struct stat state = {};
+    return lstat(path.c_str(), &state) == 0;
 }
 
 void moveOver(const Path &target, const Path &replacement)

@@ -56,6 +56,16 @@ OpenFile OpenFile::openExisting(const Path &path)
     return OpenFile(opened(path, OPEN_EXISTING));
 }
 
+std::optional<OpenFile> OpenFile::createUnnamed(const Path &)
+{
+    return std::nullopt;
+}
+
+bool OpenFile::giveName(const Path &) const
+{
+    return false; // there is none without
+}
+
 OpenFile::~OpenFile()
 {
     if (handle_ != none)
@@ -83,6 +93,11 @@ void OpenFile::synchronise() const
 
 // They are those of the folder.
 void OpenFile::takePermissionsOf(const Path &) const {}
+
+bool isThere(const Path &path)
+{
+    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; // of a link itself
+}
 
 void moveOver(const Path &target, const Path &replacement)
 {

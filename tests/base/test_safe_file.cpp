@@ -73,7 +73,7 @@ private slots:
         QCOMPARE(content(), old_);
         QCOMPARE(folder_->read("song.abc.saving"), QByteArray("mine"));
         QVERIFY(throws<QString>([&] { SafeFile::writeNew(path("missing/song.abc"), new_); }));
-        faults::callsUntilFault = 2; // the first is that of the name
+        faults::callsUntilFault = 2; // the first makes it
         QVERIFY(throws<QString>([&] { SafeFile::writeNew(path("b.abc"), new_); }));
         for (const auto &longName : {QString(255, u'a'), QString(84, QChar(0x20AC)) + QStringLiteral("abc")}) {
             SafeFile::write(path(qPrintable(longName)), new_);
@@ -140,15 +140,18 @@ private slots:
         QFETCH(const SafeFile::Existing, existing);
         constexpr int count = 9; // a group, and one more
         const bool replaces = existing == SafeFile::Existing::Replaced;
-        for (int call = 1, failures = 1; failures > 0; ++call) {
+        int allFailures = 0;
+        bool wasReached = true;
+        for (int call = 1; wasReached; ++call) {
             folder_ = std::make_unique<TestFolder>();
             folder_->write("1.abc", old_);
             faults::callsUntilFault = call;
-            failures = 0;
+            int failures = 0;
             const auto batch = thrownBy([&] { failures = saveBatch(existing, count); });
-            faults::callsUntilFault = 0;
+            wasReached = faults::callsUntilFault.exchange(0) == 0;
             failures += batch != u"nothing" ? 1 : 0;
             QVERIFY(failures <= 1);
+            allFailures += failures;
             const auto first = folder_->read("1.abc");
             QVERIFY(first == old_ || (replaces && first == new_));
             for (const auto &name : names().filter(QRegularExpression(QStringLiteral("^(?!1.abc)"))))
@@ -156,6 +159,17 @@ private slots:
             const int others = replaces ? 0 : 1;
             QVERIFY(names().size() >= count + others - failures && names().size() <= count + others);
         }
+        QVERIFY(allFailures >= 3 * count); // of each at least the writing, the synchronising and the name
+    }
+
+    // Where a file system has no files without a name.
+    void batchesNameTheirFilesAtOnceWhereTheyMust()
+    {
+        faults::callsUntilFault = 1; // of the one that makes it
+        QVERIFY(SafeFile::writeNew(path(), new_));
+        QVERIFY(!SafeFile::writeNew(path(), old_));
+        QCOMPARE(content(), new_);
+        QCOMPARE(names(), QStringList(QStringLiteral("song.abc")));
     }
 
     void batchesTakeNoPlaceThatSomebodyElseTook()

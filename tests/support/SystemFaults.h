@@ -85,6 +85,12 @@ int renameat2(int fromFolder, const char *from, int toFolder, const char *to, un
 }
 #endif
 
+int linkat(int fromFolder, const char *from, int toFolder, const char *to, int flags) noexcept
+{
+    using Function = int (*)(int, const char *, int, const char *, int);
+    return faults::isDue() ? -1 : faults::original<Function>("linkat")(fromFolder, from, toFolder, to, flags);
+}
+
 int fchmod(int descriptor, mode_t mode) noexcept
 {
     return faults::isDue() ? -1 : faults::original<int (*)(int, mode_t)>("fchmod")(descriptor, mode);
