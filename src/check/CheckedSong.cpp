@@ -55,7 +55,12 @@ CheckedSong CheckedSong::updated(const QVector<Part> &parts, const InstrumentSet
     QVector<PartFacts> facts;
     for (const auto &result : qAsConst(song.parts_))
         facts.append(result.alone->facts);
-    const auto together = checkSong(facts);
+    const auto textOf = [&song, &stop](int part) {
+        throwIfStopped(stop);
+        auto track = *song.parts_[part].part.track;
+        return track.toAbc();
+    };
+    const auto together = checkSong(facts, textOf);
     for (int i = 0; i < together.size(); ++i)
         song.parts_[i].together = together[i];
     return song;

@@ -1,5 +1,6 @@
 #include "check/SongCheck.h"
 
+#include "check/TempoFix.h"
 #include "check/findings/FindingKinds.h"
 #include "core/AbcTokenizer.h"
 #include "import/WrittenTempo.h"
@@ -51,9 +52,9 @@ std::optional<PartFacts::TempoField> tempoFieldOf(const TextCheck &part)
             continue;
         const auto name = token.part(AbcPart::Name);
         if (name == u"Q")
-            return PartFacts::TempoField{rangeOf(token, token.part(AbcPart::Value).trimmed(), part.lines), true};
+            return PartFacts::TempoField{rangeOf(token, token.part(AbcPart::Value).trimmed(), part.lines), true, false};
         if (name == u"K")
-            return PartFacts::TempoField{{part.lines[token.line], 0}, false};
+            return PartFacts::TempoField{{part.lines[token.line], 0}, false, false};
     }
     return {};
 }
@@ -82,7 +83,8 @@ const Tempos &usualTempos(const QVector<PartFacts> &parts)
 class SongChecker
 {
 public:
-    explicit SongChecker(const QVector<PartFacts> &parts) : tempos_(usualTempos(parts))
+    SongChecker(const QVector<PartFacts> &parts, const std::function<QString(int part)> &textOf)
+        : textOf_(textOf), tempos_(usualTempos(parts))
     {
         for (const auto &part : parts) {
             if (part.hasNotes) {
@@ -92,11 +94,11 @@ public:
         }
     }
 
-    QVector<Finding> check(const PartFacts &part) const
+    QVector<Finding> check(int index, const PartFacts &part) const
     {
         QVector<Finding> findings;
-        if (part.tempos != tempos_)
-            findings.append(tempoFinding(part));
+        if (firstDifference(part.tempos, tempos_) < part.length)
+            findings.append(tempoFinding(index, part));
         if (part.firstNote > firstNote_)
             findings.append(
                 {FindingKind::StartDiffers, {}, part.firstNote, {lengthInWords(part.firstNote - firstNote_)}});
@@ -106,17 +108,28 @@ public:
     }
 
 private:
-    // Only where one field is all that differs.
-    Finding tempoFinding(const PartFacts &part) const
+    Finding tempoFinding(int index, const PartFacts &part) const
     {
         const auto at = firstDifference(part.tempos, tempos_);
         Finding finding{FindingKind::TempoDiffers, {}, at, {bpm(tempoAt(part.tempos, at)), bpm(tempoAt(tempos_, at))}};
-        if (!part.tempoField || part.tempos.size() != 1 || tempos_.size() != 1)
+        if (!part.tempoField)
             return finding;
-        const auto text = tempoText(tempos_.front().ticksPerMinute);
-        const auto &field = *part.tempoField;
-        finding.fix = {{field.range, field.isThere ? text : QStringLiteral("Q: %1\n").arg(text)}};
+        const bool isAllInOneField = part.tempoField->isOnly && tempos_.size() == 1;
+        if (!isAllInOneField) {
+            const auto fix = tempoFix(textOf_(index), tempos_, part.length);
+            if (!fix)
+                return finding;
+            finding.fix = *fix;
+        }
+        if (part.tempos.front() != tempos_.front())
+            finding.fix.prepend(changeOfStart(*part.tempoField));
         return finding;
+    }
+
+    TextChange changeOfStart(const PartFacts::TempoField &field) const
+    {
+        const auto text = tempoText(tempos_.front().ticksPerMinute);
+        return {field.range, field.isThere ? text : QStringLiteral("Q: %1\n").arg(text)};
     }
 
     Finding lengthFinding(const PartFacts &part) const
@@ -127,6 +140,7 @@ private:
         return finding;
     }
 
+    const std::function<QString(int part)> &textOf_;
     const Tempos &tempos_;
     Ticks firstNote_ = maxTicks;
     Ticks length_ = 0;
@@ -150,20 +164,22 @@ PartFacts factsOf(const TextCheck &part)
     facts.length = std::max(part.length, part.track.length());
     facts.end = part.end;
     const auto &events = part.track.events();
-    if (std::none_of(events.begin(), events.end(), [](const auto &event) { return event.kind() == TrackEvent::Tempo; }))
-        facts.tempoField = tempoFieldOf(part);
+    facts.tempoField = tempoFieldOf(part);
+    if (facts.tempoField)
+        facts.tempoField->isOnly = std::none_of(events.begin(), events.end(),
+                                                [](const auto &event) { return event.kind() == TrackEvent::Tempo; });
     return facts;
 }
 
-QVector<QVector<Finding>> checkSong(const QVector<PartFacts> &parts)
+QVector<QVector<Finding>> checkSong(const QVector<PartFacts> &parts, const std::function<QString(int part)> &textOf)
 {
     QVector<QVector<Finding>> findings(parts.size());
     if (parts.isEmpty())
         return findings;
-    const SongChecker checker(parts);
+    const SongChecker checker(parts, textOf);
     for (int i = 0; i < parts.size(); ++i) {
         if (parts[i].hasNotes)
-            findings[i] = checker.check(parts[i]);
+            findings[i] = checker.check(i, parts[i]);
     }
     return findings;
 }

@@ -46,6 +46,25 @@ QString fixedText(const QString &text, const QVector<Finding> &findings)
     return applyChanges(text, combinedFixes(findings));
 }
 
+QVector<QVector<Finding>> checkedTogether(const QStringList &texts)
+{
+    QVector<PartFacts> facts;
+    for (const auto &text : texts)
+        facts.append(factsOf(checkText(text)));
+    return checkSong(facts, [&texts](int part) { return texts[part]; });
+}
+
+QString notesOf(const QString &text)
+{
+    const auto track = parseAbc(text);
+    Track notes;
+    for (const auto &event : track.events()) {
+        if (event.isNote())
+            notes.appendEvent(event);
+    }
+    return describe(notes);
+}
+
 } // namespace
 
 class TestCheck : public QObject
@@ -164,11 +183,40 @@ private slots:
     {
         QFETCH(QString, text);
         QFETCH(QString, mended);
-        const auto facts = [](const QString &part) { return factsOf(checkText(part)); };
-        const auto leader = facts(QStringLiteral("X:1\nL:1/4\nK:C\nC4C4C2"));
-        const auto fixed = fixedText(text, checkSong({leader, leader, facts(text)})[2]);
+        const auto leader = QStringLiteral("X:1\nL:1/4\nK:C\nC4C4C2");
+        const auto fixed = fixedText(text, checkedTogether({leader, leader, text})[2]);
         QCOMPARE(fixed, mended);
-        QCOMPARE(checkSong({leader, facts(fixed)})[1].isEmpty(), fixed != text);
+        QCOMPARE(checkedTogether({leader, fixed})[1].isEmpty(), fixed != text);
+    }
+
+    void givesTheTemposOfTheOthers_data()
+    {
+        const Rows<QString, QString> row("body", "wanted"); // the same where there is no fix
+        row("at notes", "C4 D4 E2", "C4 [Q:1/4=90]D4 [Q:1/4=60]E2");
+        row("behind bar lines", "C4|D4|E2|", "C4|[Q:1/4=90]D4|[Q:1/4=60]E2|");
+        row("instead of its own", "C2[Q:70]C2\nQ:80\nD4 E2[Q:1/4=50]", "C2C2\n[Q:1/4=90]D4 [Q:1/4=60]E2");
+        row("in a rest", "C2 z8", "C2 z2[Q:1/4=90]z4[Q:1/4=60]z2");
+        row("in a note", "^C3 D7", "^C3 [zD7][Q:1/4=90]z4[Q:1/4=60]z2");
+        row("in a chord", "[C6E6] z4", "[z4C6E6][Q:1/4=90]z2 z2[Q:1/4=60]z2");
+        row("in a chord with a length", "[CE]6 [CE]4", "[CE]6 [CE]4");
+        row("in tied notes", "C6-C4", "[z4C6-][Q:1/4=90]z2[z2C4][Q:1/4=60]z2");
+        row("in a tuplet", "C3 (3DEF z5", "C3 (3DEF z5");
+        row("before a tuplet", "C4 (3DEF z2 z2", "C4 [Q:1/4=90](3DEF z2 [Q:1/4=60]z2");
+        row("in a broken rhythm", "C3>D1 z6", "C3>D1 z6");
+        row("it ends before", "C4 D2", "C4 [Q:1/4=90]D2");
+    }
+    void givesTheTemposOfTheOthers()
+    {
+        QFETCH(const QString, body);
+        QFETCH(const QString, wanted);
+        const auto whole = [](const QString &music) { return QStringLiteral("X:1\nL:1/4\nK:C\n") + music; };
+        const auto leader = whole(QStringLiteral("C4 [Q:1/4=90]C4 [Q:1/4=60]C2"));
+        const auto findings = checkedTogether({leader, leader, whole(body)})[2];
+        const auto fixed = applyChanges(whole(body), combinedFixes(findings, FindingKind::TempoDiffers));
+        QCOMPARE(fixed, whole(wanted));
+        const auto left = described(checkedTogether({leader, leader, fixed})[2], 0);
+        QCOMPARE(left.contains(QStringLiteral("tempo-differs")), fixed == whole(body));
+        QCOMPARE(notesOf(fixed), notesOf(whole(body)));
     }
 
     void lengthsInWords()
@@ -180,9 +228,10 @@ private slots:
 
     void comparesParts()
     {
-        const auto facts = [](const char *body) { return factsOf(checkText(tune(QString::fromUtf8(body)))); };
-        const auto findings = checkSong({facts("C4|C4[Q:1/4=90]|"), facts("z C3|[Q:1/4=90]C4"), facts("z4"),
-                                         facts("C4|C4"), facts("C4|[Q:1/4=90]z2")});
+        QStringList parts;
+        for (const auto *const body : {"C4|C4[Q:1/4=90]|", "z C3|[Q:1/4=90]C4", "z4", "C4|C4", "C4|[Q:1/4=90]z2"})
+            parts.append(tune(QString::fromUtf8(body)));
+        const auto findings = checkedTogether(parts);
         QStringList texts;
         for (const auto &part : findings)
             texts += described(part, 0);

@@ -121,7 +121,7 @@ QVector<CheckedPart> checkReadSong(const ReadSong &song, const Arguments &argume
         facts.append(check.facts);
         parts.append(part);
     }
-    const auto together = checkSong(facts);
+    const auto together = checkSong(facts, [&parts](int part) { return parts[part].text; });
     for (int i = 0; i < parts.size(); ++i)
         parts[i].findings += together[i];
     return parts;
