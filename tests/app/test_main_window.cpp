@@ -1,6 +1,7 @@
 // What the window does with the tracks that it has.
 #include "app/ExampleSongs.h"
 #include "app/WindowFixture.h"
+#include "core/AbcParser.h"
 #include "song/SongFile.h"
 #include "support/MidiBytes.h"
 #include "ui/editor/AbcEditorWindow.h"
@@ -52,6 +53,17 @@ private slots:
         QCOMPARE(fixture_->titles(), QStringList(QStringLiteral("Untitled")));
         QVERIFY(!fixture_->child<QWidget>("emptyHint")->isVisible());
         QCOMPARE(fixture_->row(0)->instrumentName(), fixture_->child<QComboBox>("instrumentList")->currentText());
+    }
+
+    void newTracksHaveTheMetreOfTheSong()
+    {
+        const auto metre = [this] { return fixture_->tracks().song().last().track->headerField(QStringLiteral("M")); };
+        fixture_->trigger("actionNew_Track");
+        QCOMPARE(metre(), QStringLiteral("4/4"));
+        fixture_->tracks().remove({}, fixture_->tracks().ids());
+        fixture_->tracks().add({}, {{parseAbc(QStringLiteral("X:1\nM:3/4\nK:C\nC")), {}}});
+        fixture_->trigger("actionNew_Track");
+        QCOMPARE(metre(), QStringLiteral("3/4"));
     }
 
     void barsHoldTheirControls()

@@ -1,6 +1,7 @@
 #include "app/commands/TrackCommands.h"
 
 #include "app/commands/ImportQueue.h"
+#include "core/HeaderFields.h"
 #include "import/MergeTracks.h"
 #include "import/Transpose.h"
 #include "import/quantise/CleanQuantise.h"
@@ -18,6 +19,19 @@ Track merged(const QVector<Track> &sources)
     auto track = mergeTracks(sources);
     track.toAbc();
     return track;
+}
+
+const auto metreField = QStringLiteral("M");
+
+// The metre at the start of the first part that has one: without it notes that are drawn get no bar lines.
+QString metreOf(const TrackList &tracks)
+{
+    for (const auto &id : tracks.ids()) {
+        const auto metre = tracks.find(id)->track->headerField(metreField);
+        if (!HeaderFields::parseMetre(metre).isNone())
+            return metre;
+    }
+    return QStringLiteral("4/4");
 }
 
 QMap<QString, Track> edited(const TrackCommands::Sources &sources, const TrackCommands::Edit &edit,
@@ -94,6 +108,10 @@ QVector<ActionRow> TrackCommands::actions()
 void TrackCommands::addEmpty()
 {
     Track track;
+    const auto text = metreOf(context_.tracks);
+    const auto metre = HeaderFields::parseMetre(text);
+    track.setHeaderField(metreField, text);
+    track.setMetre(quint32(metre.measureTicks()), metre.numerator);
     track.normalize();
     queue_.add({tr("New Track"), {}, {}}, {{track}, {}, {}});
 }
