@@ -151,7 +151,7 @@ int main(int argc, char **argv)
     const QTemporaryDir folder;
     Settings settings(folder.filePath(QStringLiteral("settings.cfg")));
     DesktopDialogs dialogs;
-    TrackPlayer player([] { return std::make_unique<BuiltinEngine>(EngineOutput::Paced); });
+    TrackPlayer player([] { return std::make_unique<BuiltinEngine>(HeardOutput::Paced); });
     AbcEditorWindow window(settings, dialogs, player);
     window.show();
     const auto lines = tune(100'000, 12);

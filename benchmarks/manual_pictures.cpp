@@ -35,7 +35,7 @@ class Pictures
 public:
     Pictures() : fixture_(demoGame)
     {
-        fixture_.makeEngine = [] { return std::make_unique<BuiltinEngine>(EngineOutput::Paced); };
+        fixture_.makeEngine = [] { return std::make_unique<BuiltinEngine>(HeardOutput::Paced); };
         fixture_.makeWindow();
         open(QDir(songs + QStringLiteral("/songs/lanterns-on-the-water")).entryInfoList({QStringLiteral("*.abc")}));
     }

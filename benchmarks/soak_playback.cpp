@@ -51,7 +51,7 @@ Track melody(int number, int seconds)
 class WatchedEngine : public BuiltinEngine
 {
 public:
-    WatchedEngine() : BuiltinEngine(EngineOutput::Paced) {}
+    WatchedEngine() : BuiltinEngine(HeardOutput::Paced) {}
 
     AudioResult update() override
     {

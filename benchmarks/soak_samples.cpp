@@ -96,7 +96,7 @@ int main(int argc, char **argv)
     }
     const SampleFiles files;
     const auto sounding = makeInstruments(files);
-    TrackPlayer player([] { return std::make_unique<BuiltinEngine>(EngineOutput::Paced); });
+    TrackPlayer player([] { return std::make_unique<BuiltinEngine>(HeardOutput::Paced); });
     QVector<PlayRequest> requests;
     for (int i = 0; i < instruments; ++i)
         requests.append({.trackId = QString::number(i),

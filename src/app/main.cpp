@@ -142,8 +142,8 @@ int runWindow(Application &application, ArrivedFiles &arrived, Settings &setting
     const bool isPicture = !commandLine.screenshot.isEmpty();
     const auto control = std::make_shared<OutputControl>(findSoundDevices);
     const auto choice = std::make_shared<EngineChoice>([isPicture, control]() -> std::unique_ptr<AudioEngine> {
-        return isPicture ? std::make_unique<BuiltinEngine>(EngineOutput::Paced)
-                         : std::make_unique<BuiltinEngine>(control);
+        return isPicture ? std::make_unique<BuiltinEngine>(HeardOutput::Paced)
+                         : std::make_unique<BuiltinEngine>(HeardOutput::Device, control);
     });
     const auto choose = [choice, &settings] { choice->wish(engineWish(settings)); };
     choose();

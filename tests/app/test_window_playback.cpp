@@ -106,7 +106,7 @@ private slots:
     // Into the selected part, where the song was when the key was pressed, as one step.
     void recordsWhatIsPlayed()
     {
-        fixture_->makeEngine = [] { return std::make_unique<BuiltinEngine>(EngineOutput::Paced); };
+        fixture_->makeEngine = [] { return std::make_unique<BuiltinEngine>(HeardOutput::Paced); };
         fixture_->makeWindow();
         QVERIFY(fixture_->waitUntilLoaded());
         QVERIFY(fixture_->import(jig, 3));
@@ -160,7 +160,7 @@ private slots:
     // Into a song without notes, by its beats.
     void recordsByTheMetronome()
     {
-        fixture_->makeEngine = [] { return std::make_unique<BuiltinEngine>(EngineOutput::Paced); };
+        fixture_->makeEngine = [] { return std::make_unique<BuiltinEngine>(HeardOutput::Paced); };
         fixture_->makeWindow();
         QVERIFY(fixture_->waitUntilLoaded());
         fixture_->trigger("actionNew_Track");
@@ -197,7 +197,7 @@ private slots:
     void recordingAsksBeforeATextIsWrittenAnew()
     {
         QFETCH(Dialogs::Answer, answer);
-        fixture_->makeEngine = [] { return std::make_unique<BuiltinEngine>(EngineOutput::Paced); };
+        fixture_->makeEngine = [] { return std::make_unique<BuiltinEngine>(HeardOutput::Paced); };
         fixture_->makeWindow();
         QVERIFY(fixture_->waitUntilLoaded());
         auto &tracks = fixture_->tracks();

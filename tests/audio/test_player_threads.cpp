@@ -35,7 +35,7 @@ public:
 private:
     void run()
     {
-        PlayerWorker worker([] { return std::make_unique<BuiltinEngine>(EngineOutput::Paced); });
+        PlayerWorker worker([] { return std::make_unique<BuiltinEngine>(HeardOutput::Paced); });
         QObject::connect(&worker, &PlayerWorker::notePressed, &worker, [this] { ++pressed; });
         worker.initialize();
         while (const auto request = next()) {

@@ -9,7 +9,7 @@ namespace {
 
 std::unique_ptr<AudioEngine> pacedEngine()
 {
-    return std::make_unique<BuiltinEngine>(EngineOutput::Paced);
+    return std::make_unique<BuiltinEngine>(HeardOutput::Paced);
 }
 
 } // namespace
@@ -70,7 +70,7 @@ private slots:
     void stopAllEndsTheLoading()
     {
         const auto gate = GatedEngine::makeGate(false);
-        TrackPlayer player([gate] { return std::make_unique<GatedEngine>(EngineOutput::Paced, gate); });
+        TrackPlayer player([gate] { return std::make_unique<GatedEngine>(HeardOutput::Paced, gate); });
         const auto opener = qScopeGuard([&] { GatedEngine::open(gate); }); // also when the test fails
         QSignalSpy loading(&player, &TrackPlayer::loadingSample);
         QSignalSpy stopped(&player, &TrackPlayer::allTracksStopped);

@@ -18,6 +18,8 @@ public:
     {
     }
 
+    GatedEngine(HeardOutput output, Gate gate) : BuiltinEngine(output), gate_(std::move(gate)) {}
+
     AudioResult makeSound(std::span<const std::byte> bytes, std::size_t mostFrames, Sound &sound) const override
     {
         gate_->wait(false);

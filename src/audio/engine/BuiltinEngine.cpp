@@ -1,6 +1,7 @@
 #include "audio/engine/BuiltinEngine.h"
 
-#include "audio/engine/RealTimeOutput.h"
+#include "audio/engine/LiveOutput.h"
+#include "audio/engine/Mixer.h"
 #include "audio/engine/SpanRender.h"
 #include "audio/engine/VoiceTable.h"
 #include "audio/sound/SoundFileWriter.h"
@@ -8,15 +9,11 @@
 // What exists between initialize() and release(). The output comes last, so that its threads end first.
 struct BuiltinEngine::Session
 {
-    Session(std::chrono::milliseconds searchInterval, OutputControl &control) : realTime(mixer, searchInterval, control)
-    {
-    }
-
     Mixer mixer;
     VoiceTable table;
     std::vector<float> block; // of an output that mixes in update()
     SoundFileWriter file;
-    RealTimeOutput realTime;
+    std::unique_ptr<LiveOutput> live; // null for the others
 
     void reap()
     {
@@ -35,37 +32,27 @@ struct BuiltinEngine::Parts
 {
     EngineOutput output;
     std::filesystem::path wavFile;
-    std::chrono::milliseconds searchInterval;
-    std::shared_ptr<OutputControl> control;
+    OutputState closed; // what the output is while there is no session
+    MakeLive makeLive;  // empty for what is not heard
     std::unique_ptr<Session> session;
 
-    AudioResult openOutput();
+    AudioResult openOutput()
+    {
+        if (session->live)
+            return session->live->open();
+        const bool isOpen = output == EngineOutput::Silent || session->file.open(wavFile);
+        return isOpen ? AudioResult::Ok : AudioResult::CannotWrite;
+    }
+    LiveOutput *live() const { return session ? session->live.get() : nullptr; }
 };
 
-AudioResult BuiltinEngine::Parts::openOutput()
-{
-    switch (output) {
-    case EngineOutput::Device:
-        return session->realTime.openDevice();
-    case EngineOutput::WavFile:
-        return session->file.open(wavFile) ? AudioResult::Ok : AudioResult::CannotWrite;
-    case EngineOutput::Paced:
-        session->realTime.openPaced();
-        return AudioResult::Ok;
-    case EngineOutput::Silent:
-        return AudioResult::Ok;
-    }
-    return AudioResult::InvalidArgument;
-}
-
-BuiltinEngine::BuiltinEngine(EngineOutput output, std::filesystem::path wavFile,
-                             std::chrono::milliseconds searchInterval)
-    : parts_(new Parts{output, std::move(wavFile), searchInterval, std::make_shared<OutputControl>(), nullptr})
+BuiltinEngine::BuiltinEngine(EngineOutput output, std::filesystem::path wavFile)
+    : parts_(new Parts{output, std::move(wavFile), OutputState::Running, {}, nullptr})
 {
 }
 
-BuiltinEngine::BuiltinEngine(std::shared_ptr<OutputControl> control, std::chrono::milliseconds searchInterval)
-    : parts_(new Parts{EngineOutput::Device, {}, searchInterval, std::move(control), nullptr})
+BuiltinEngine::BuiltinEngine(OutputState closed, MakeLive makeLive)
+    : parts_(new Parts{EngineOutput::Silent, {}, closed, std::move(makeLive), nullptr})
 {
 }
 
@@ -82,7 +69,9 @@ const char *BuiltinEngine::name() const
 AudioResult BuiltinEngine::initialize()
 {
     release();
-    parts_->session = std::make_unique<Session>(parts_->searchInterval, *parts_->control);
+    parts_->session = std::make_unique<Session>();
+    if (parts_->makeLive)
+        parts_->session->live = parts_->makeLive(parts_->session->mixer);
     const auto result = parts_->openOutput();
     if (result == AudioResult::CannotWrite)
         parts_->session.reset();
@@ -104,18 +93,12 @@ AudioResult BuiltinEngine::update()
         return AudioResult::NotInitialized;
     auto &session = *parts_->session;
     auto result = AudioResult::Ok;
-    switch (parts_->output) {
-    case EngineOutput::Device:
-    case EngineOutput::Paced:
-        result = session.realTime.watch();
-        break;
-    case EngineOutput::WavFile:
+    if (session.live) {
+        result = session.live->watch();
+    } else {
         session.mixBlock();
-        result = session.file.write(session.block) ? AudioResult::Ok : AudioResult::CannotWrite;
-        break;
-    case EngineOutput::Silent:
-        session.mixBlock();
-        break;
+        if (parts_->output == EngineOutput::WavFile && !session.file.write(session.block))
+            result = AudioResult::CannotWrite;
     }
     session.reap();
     return result;
@@ -123,26 +106,26 @@ AudioResult BuiltinEngine::update()
 
 OutputState BuiltinEngine::outputState() const
 {
-    if (parts_->output != EngineOutput::Device)
-        return OutputState::Running;
-    return parts_->session ? parts_->session->realTime.state() : OutputState::NoDevice;
+    const auto *const live = parts_->live();
+    return live != nullptr ? live->state() : parts_->closed;
 }
 
 int BuiltinEngine::sampleRate() const
 {
-    return parts_->session ? parts_->session->realTime.sampleRate() : RealTimeOutput::ownSampleRate;
+    const auto *const live = parts_->live();
+    return live != nullptr ? live->sampleRate() : LiveOutput::ownSampleRate;
 }
 
 void BuiltinEngine::rest()
 {
-    if (parts_->session)
-        parts_->session->realTime.rest();
+    if (auto *const live = parts_->live())
+        live->rest();
 }
 
 void BuiltinEngine::wake()
 {
-    if (parts_->session)
-        parts_->session->realTime.wake();
+    if (auto *const live = parts_->live())
+        live->wake();
 }
 
 std::size_t BuiltinEngine::blockFrames() const
@@ -257,5 +240,6 @@ std::span<const float> BuiltinEngine::lastBlock() const
 
 std::uint64_t BuiltinEngine::underruns() const
 {
-    return parts_->session ? parts_->session->realTime.underruns() : 0;
+    const auto *const live = parts_->live();
+    return live != nullptr ? live->underruns() : 0;
 }

@@ -5,15 +5,22 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 
-// Where the built-in engine's samples go. All are stereo.
+// Where the built-in engine's samples go. All are stereo. What update() mixes, a block at a time, at 48 kHz:
 enum class EngineOutput {
-    Device,  // a sound device at its own rate, mixed in its callback; paced while there is none
-    WavFile, // 48 kHz, 16 bit, saturated, no dither; update() mixes and writes one block
-    Silent,  // 48 kHz; the clock moves only in update(): for tests
-    Paced,   // 48 kHz, mixed in real time by a thread and heard by nobody
+    WavFile, // 16 bit, saturated, no dither
+    Silent,  // nowhere: for tests
 };
+// And what is mixed in real time:
+enum class HeardOutput {
+    Device, // a sound device at its own rate, mixed in its callback; paced while there is none
+    Paced,  // 48 kHz, mixed by a thread and heard by nobody
+};
+
+class LiveOutput;
+class Mixer;
 
 // The program's own sample-accurate mixer behind AudioEngine. Blocks have 512 frames. Beyond AudioEngine it promises:
 // - The same calls at the same clocks give the same samples, bit for bit, however the timeline is cut into blocks and
@@ -30,12 +37,12 @@ public:
     static constexpr std::chrono::seconds usualSearchInterval{4};
 
     // Opens nothing yet. wavFile: the file that a WavFile output creates in initialize(); an existing one is replaced.
-    // It has a valid header from the start and its sizes after release(). The caller removes or renames it.
-    // searchInterval: between two looks for a device while there is none. [any]
-    explicit BuiltinEngine(EngineOutput output, std::filesystem::path wavFile = {},
-                           std::chrono::milliseconds searchInterval = usualSearchInterval);
-    // For the sound device that is chosen there. [any]
-    explicit BuiltinEngine(std::shared_ptr<OutputControl> control,
+    // It has a valid header from the start and its sizes after release(). The caller removes or renames it. [any]
+    explicit BuiltinEngine(EngineOutput output, std::filesystem::path wavFile = {});
+    // control: where the sound device is chosen. searchInterval: between two looks for a device while there is none.
+    // [any]
+    explicit BuiltinEngine(HeardOutput output,
+                           std::shared_ptr<OutputControl> control = std::make_shared<OutputControl>(),
                            std::chrono::milliseconds searchInterval = usualSearchInterval);
     ~BuiltinEngine() override;
 
@@ -61,7 +68,7 @@ public:
     bool canMix() const override { return true; }
     AudioResult mix(Timeline &timeline, RenderHost &host, const MixedFrames &take) override;
 
-    // The block that the last update() mixed, interleaved; empty for Device and Paced. [audio]
+    // The block that the last update() mixed, interleaved; empty for what is heard. [audio]
     std::span<const float> lastBlock() const;
     // How often the device ran dry, or the thread of a Paced output came too late for its queue of four blocks. [any]
     std::uint64_t underruns() const;
@@ -69,6 +76,8 @@ public:
 private:
     struct Parts;
     struct Session;
+    using MakeLive = std::function<std::unique_ptr<LiveOutput>(Mixer &)>;
+    BuiltinEngine(OutputState closed, MakeLive makeLive);
     AudioResult checkGroup(GroupId group) const; // Ok when it may be used
     std::unique_ptr<Parts> parts_;
 };

@@ -11,7 +11,7 @@ auto now()
 
 } // namespace
 
-void RealTimeOutput::open(int sampleRate)
+void RealTimeOutput::openDevice(int sampleRate)
 {
     knownChoices_ = control_.choices();
     device_.choose(control_.choice());
@@ -24,10 +24,17 @@ void RealTimeOutput::startDevice()
     control_.tellOpened(device_.missing(), device_.latency());
 }
 
-AudioResult RealTimeOutput::openDevice()
+AudioResult RealTimeOutput::open()
 {
-    wanted_ = Wanted::Device;
-    open(0);
+    if (wanted_ == HeardOutput::Device)
+        return openFirst();
+    paced_.start(mixer_, sampleRate_);
+    return AudioResult::Ok;
+}
+
+AudioResult RealTimeOutput::openFirst()
+{
+    openDevice(0);
     const auto isOpened = device_.awaitOpening(DeviceOutput::patience);
     if (!isOpened.value_or(false)) {
         isNotAnswering_ = !isOpened;
@@ -40,15 +47,9 @@ AudioResult RealTimeOutput::openDevice()
     return AudioResult::Ok;
 }
 
-void RealTimeOutput::openPaced()
-{
-    wanted_ = Wanted::Paced;
-    paced_.start(mixer_, sampleRate_);
-}
-
 AudioResult RealTimeOutput::watch()
 {
-    if (wanted_ != Wanted::Device || isResting_)
+    if (wanted_ != HeardOutput::Device || isResting_)
         return AudioResult::Ok;
     if (device_.isOpening()) {
         endSearch();
@@ -57,7 +58,7 @@ AudioResult RealTimeOutput::watch()
         loseDevice();
         return isStalled ? AudioResult::DeviceNotAnswering : AudioResult::DeviceLost;
     } else if (!device_.isOpen() && now() >= nextSearch_) {
-        open(sampleRate_);
+        openDevice(sampleRate_);
     } else if (knownUnderruns_ != device_.underruns()) {
         tellUnderruns();
         if (device_.isOpen() && device_.grow())
@@ -70,7 +71,7 @@ AudioResult RealTimeOutput::watch()
 
 OutputState RealTimeOutput::state() const
 {
-    if (isDeviceAway_ || device_.isOpen())
+    if (wanted_ == HeardOutput::Paced || isDeviceAway_ || device_.isOpen())
         return OutputState::Running;
     return isNotAnswering_ ? OutputState::NotAnswering : OutputState::NoDevice;
 }
@@ -111,13 +112,13 @@ void RealTimeOutput::openAnew()
     device_.close();
     isDeviceAway_ = true;
     paced_.start(mixer_, sampleRate_);
-    open(sampleRate_);
+    openDevice(sampleRate_);
 }
 
 void RealTimeOutput::rest()
 {
     isResting_ = true;
-    isDeviceAway_ = state() == OutputState::Running;
+    isDeviceAway_ = isDeviceAway_ || device_.isOpen();
     paced_.stop();
     if (!device_.isOpening())
         device_.close();
@@ -125,9 +126,9 @@ void RealTimeOutput::rest()
 
 void RealTimeOutput::wake()
 {
-    if (!std::exchange(isResting_, false) || wanted_ == Wanted::Nothing)
+    if (!std::exchange(isResting_, false))
         return;
-    if (wanted_ == Wanted::Device && reopenDevice())
+    if (wanted_ == HeardOutput::Device && reopenDevice())
         startDevice();
     else
         paced_.start(mixer_, sampleRate_);
@@ -138,8 +139,18 @@ bool RealTimeOutput::reopenDevice()
 {
     if (device_.isOpening() || !std::exchange(isDeviceAway_, false))
         return false;
-    open(sampleRate_);
+    openDevice(sampleRate_);
     const auto isOpened = device_.awaitOpening(DeviceOutput::patience);
     isNotAnswering_ = !isOpened;
     return isOpened.value_or(false);
+}
+
+// Here, since nothing else of the engine needs the devices: a program that makes no such engine links none.
+BuiltinEngine::BuiltinEngine(HeardOutput output, std::shared_ptr<OutputControl> control,
+                             std::chrono::milliseconds searchInterval)
+    : BuiltinEngine(output == HeardOutput::Device ? OutputState::NoDevice : OutputState::Running,
+                    [output, control = std::move(control), searchInterval](Mixer &mixer) {
+                        return std::make_unique<RealTimeOutput>(mixer, output, searchInterval, *control);
+                    })
+{
 }

@@ -1,40 +1,36 @@
 #pragma once
 
-#include "audio/AudioEngine.h"
+#include "audio/engine/BuiltinEngine.h"
 #include "audio/engine/DeviceOutput.h"
+#include "audio/engine/LiveOutput.h"
 #include "audio/engine/PacedOutput.h"
 
 #include <chrono>
 
-// What drives the mixer of an engine that is heard: the sound device or, while there is none or it does not answer, the
-// paced output, so that playback runs on. [audio]
-class RealTimeOutput
+// The sound device or, while there is none or it does not answer, the paced output, so that playback runs on. [audio]
+class RealTimeOutput : public LiveOutput
 {
 public:
-    static constexpr int ownSampleRate = 48000; // where no device has one
-
     // searchInterval: between two looks for a device while there is none. control: which one; it outlives this.
-    RealTimeOutput(Mixer &mixer, std::chrono::milliseconds searchInterval, OutputControl &control)
-        : mixer_(mixer), searchInterval_(searchInterval), control_(control), device_(mixer)
+    RealTimeOutput(Mixer &mixer, HeardOutput wanted, std::chrono::milliseconds searchInterval, OutputControl &control)
+        : mixer_(mixer), wanted_(wanted), searchInterval_(searchInterval), control_(control), device_(mixer)
     {
     }
 
-    AudioResult openDevice(); // Ok, NoDevice or DeviceNotAnswering
-    void openPaced();         // no device is wanted
-    // As AudioEngine::update(), outputState(), rest() and wake(). An output that was never opened does nothing.
-    AudioResult watch();
-    OutputState state() const;
-    void rest();
-    void wake();
+    AudioResult open() override;
+    AudioResult watch() override;
+    OutputState state() const override;
+    void rest() override;
+    void wake() override;
 
-    int sampleRate() const { return sampleRate_; }
-    std::uint64_t underruns() const { return paced_.underruns() + device_.underruns(); } // [any]
+    int sampleRate() const override { return sampleRate_; }
+    std::uint64_t underruns() const override { return paced_.underruns() + device_.underruns(); }
 
 private:
     using Time = std::chrono::steady_clock::time_point;
-    enum class Wanted { Nothing, Paced, Device };
 
-    void open(int sampleRate);
+    AudioResult openFirst();
+    void openDevice(int sampleRate);
     void startDevice();
     void endSearch();
     void loseDevice();
@@ -43,10 +39,10 @@ private:
     bool reopenDevice();
 
     Mixer &mixer_;
+    const HeardOutput wanted_;
     std::chrono::milliseconds searchInterval_;
     OutputControl &control_;
     unsigned knownChoices_ = 0;
-    Wanted wanted_ = Wanted::Nothing;
     int sampleRate_ = ownSampleRate;
     bool isResting_ = false;
     bool isDeviceAway_ = false;        // closed on purpose, it will be back

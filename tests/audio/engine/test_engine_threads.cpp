@@ -41,7 +41,7 @@ private slots:
     // Half a second of everything an owner may do, in random order.
     void randomCommands()
     {
-        BuiltinEngine engine(EngineOutput::Paced);
+        BuiltinEngine engine(HeardOutput::Paced);
         QCOMPARE(engine.initialize(), AudioResult::Ok);
         std::minstd_rand random(1);
         std::vector<GroupId> groups{masterGroup};

@@ -109,7 +109,7 @@ private slots:
 
     void pacedClockKeepsTime()
     {
-        BuiltinEngine engine(EngineOutput::Paced);
+        BuiltinEngine engine(HeardOutput::Paced);
         QCOMPARE(engine.initialize(), AudioResult::Ok);
         QElapsedTimer timer;
         timer.start();
@@ -122,15 +122,15 @@ private slots:
     void restsAndWakes_data()
     {
         const Rows<int> row("output");
-        row("paced", int(EngineOutput::Paced));
-        row("device", int(EngineOutput::Device));
+        row("paced", int(HeardOutput::Paced));
+        row("device", int(HeardOutput::Device));
     }
 
     void restsAndWakes()
     {
         QFETCH(int, output);
         qputenv("SDL_AUDIODRIVER", "dummy");
-        BuiltinEngine engine{EngineOutput(output)};
+        BuiltinEngine engine{HeardOutput(output)};
         QCOMPARE(engine.initialize(), AudioResult::Ok);
         QTRY_VERIFY(engine.clock() > 5000);
         engine.rest();
@@ -175,7 +175,7 @@ private slots:
     void deviceMissingAndFound()
     {
         qputenv("SDL_AUDIODRIVER", "none of them");
-        BuiltinEngine engine(EngineOutput::Device, {}, searchInterval);
+        BuiltinEngine engine(HeardOutput::Device, std::make_shared<OutputControl>(), searchInterval);
         QCOMPARE(engine.initialize(), AudioResult::NoDevice);
         QCOMPARE(engine.outputState(), OutputState::NoDevice);
         QTRY_VERIFY(engine.clock() > 5000); // playback runs on
@@ -208,7 +208,7 @@ private slots:
         QVERIFY(!names.empty());
         const auto control = std::make_shared<OutputControl>();
         control->choose({"a device that is gone", 1000});
-        BuiltinEngine engine(control);
+        BuiltinEngine engine(HeardOutput::Device, control);
         QCOMPARE(engine.initialize(), AudioResult::Ok);
         QCOMPARE(control->figures().missing, std::string("a device that is gone"));
         const auto framesNow = [&] { return control->figures().latency * engine.sampleRate() / 1000; };
@@ -234,7 +234,7 @@ private slots:
         qputenv("SDL_DISKAUDIOFILE", "/dev/null");
         qputenv("SDL_DISKAUDIODELAY", "110"); // ms between blocks of 43 ms, later 85 ms
         const auto control = std::make_shared<OutputControl>();
-        BuiltinEngine engine(control, searchInterval);
+        BuiltinEngine engine(HeardOutput::Device, control, searchInterval);
         QCOMPARE(engine.initialize(), AudioResult::Ok);
         const auto longestStep = [&] {
             std::uint64_t longest = 0;
@@ -260,7 +260,7 @@ private slots:
         QElapsedTimer timer;
         timer.start();
         {
-            BuiltinEngine engine(EngineOutput::Device, {}, searchInterval);
+            BuiltinEngine engine(HeardOutput::Device, std::make_shared<OutputControl>(), searchInterval);
             QCOMPARE(engine.initialize(), AudioResult::DeviceNotAnswering);
             QCOMPARE(engine.outputState(), OutputState::NotAnswering);
             QVERIFY(timer.elapsed() < 1000);
@@ -278,7 +278,8 @@ private slots:
     {
         const StuckServer server(path("full"));
         server.answer();
-        auto engine = std::make_unique<BuiltinEngine>(EngineOutput::Device, std::filesystem::path(), searchInterval);
+        auto engine =
+            std::make_unique<BuiltinEngine>(HeardOutput::Device, std::make_shared<OutputControl>(), searchInterval);
         QCOMPARE(engine->initialize(), AudioResult::Ok);
         QElapsedTimer timer;
         timer.start();
@@ -298,7 +299,7 @@ private slots:
     {
         qputenv("SDL_AUDIODRIVER", "disk");
         qputenv("SDL_DISKAUDIOFILE", "/dev/full");
-        BuiltinEngine engine(EngineOutput::Device, {}, searchInterval);
+        BuiltinEngine engine(HeardOutput::Device, std::make_shared<OutputControl>(), searchInterval);
         QCOMPARE(engine.initialize(), AudioResult::Ok);
         QCOMPARE(engine.outputState(), OutputState::Running);
         VoiceId voice{};

@@ -122,7 +122,7 @@ private:
         case File:
             return std::make_unique<BuiltinEngine>(EngineOutput::WavFile, path().toStdString());
         case Device:
-            return std::make_unique<BuiltinEngine>(EngineOutput::Device);
+            return std::make_unique<BuiltinEngine>(HeardOutput::Device);
         case FmodDevice:
             return std::make_unique<FmodEngine>(StandIn(2).open(), FmodOutput::Device);
         default:
