@@ -294,6 +294,14 @@
         <translation>für %1 war kein Platz</translation>
     </message>
     <message>
+        <source>for %1 no instrument has a sample</source>
+        <translation>für %1 hat kein Instrument einen Klang</translation>
+    </message>
+    <message>
+        <source>%1 have no length</source>
+        <translation>%1 haben keine Länge</translation>
+    </message>
+    <message>
         <source>%1 of drums need a third player</source>
         <translation>%1 des Schlagzeugs brauchen einen dritten Spieler</translation>
     </message>
@@ -3191,6 +3199,10 @@ Bitte schließen Sie eines an, siehe Extras, Einstellungen, Klang.</translation>
 <context>
     <name>NoteScheduler</name>
     <message>
+        <source>Notes are silent: samples of the game cannot be read.</source>
+        <translation>Töne sind stumm: Samples des Spiels lassen sich nicht lesen.</translation>
+    </message>
+    <message>
         <source>Notes are missing: the samples that sound at once need too much memory.</source>
         <translation>Es fehlen Töne: Die Samples, die zugleich klingen, brauchen zu viel Arbeitsspeicher.</translation>
     </message>
@@ -4505,6 +4517,13 @@ Möchten Sie es jetzt herunterladen?</translation>
 </context>
 <context>
     <name>RenderWorker</name>
+    <message numerus="yes">
+        <source>%n sample(s) could not be read, and their notes are silent</source>
+        <translation>
+            <numerusform>%n Sample ließ sich nicht lesen, und seine Töne sind stumm</numerusform>
+            <numerusform>%n Samples ließen sich nicht lesen, und ihre Töne sind stumm</numerusform>
+        </translation>
+    </message>
     <message>
         <source>This sound engine writes nothing but plain WAV files.</source>
         <translation>Diese Klangausgabe schreibt nur einfache WAV-Dateien.</translation>

@@ -217,4 +217,14 @@ Move them back into the range by octaves instead?</numerusform>
         </translation>
     </message>
 </context>
+<context>
+    <name>RenderWorker</name>
+    <message numerus="yes">
+        <source>%n sample(s) could not be read, and their notes are silent</source>
+        <translation>
+            <numerusform>%n sample could not be read, and its notes are silent</numerusform>
+            <numerusform>%n samples could not be read, and their notes are silent</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

@@ -294,6 +294,14 @@
         <translation>aucune voix n’était libre pour %1</translation>
     </message>
     <message>
+        <source>for %1 no instrument has a sample</source>
+        <translation>aucun instrument n’a d’échantillon pour %1</translation>
+    </message>
+    <message>
+        <source>%1 have no length</source>
+        <translation>%1 sont sans durée</translation>
+    </message>
+    <message>
         <source>%1 of drums need a third player</source>
         <translation>%1 de batterie demandent un troisième joueur</translation>
     </message>
@@ -3191,6 +3199,10 @@ Veuillez en brancher un&#xa0;; voyez Outils, Préférences, Son.</translation>
 <context>
     <name>NoteScheduler</name>
     <message>
+        <source>Notes are silent: samples of the game cannot be read.</source>
+        <translation>Des notes sont muettes : des échantillons du jeu ne peuvent pas être lus.</translation>
+    </message>
+    <message>
         <source>Notes are missing: the samples that sound at once need too much memory.</source>
         <translation>Des notes manquent&#xa0;: les échantillons qui sonnent à la fois demandent trop de mémoire.</translation>
     </message>
@@ -4505,6 +4517,13 @@ Voulez-vous le télécharger maintenant&#xa0;?</translation>
 </context>
 <context>
     <name>RenderWorker</name>
+    <message numerus="yes">
+        <source>%n sample(s) could not be read, and their notes are silent</source>
+        <translation>
+            <numerusform>%n échantillon n’a pas pu être lu, et ses notes sont muettes</numerusform>
+            <numerusform>%n échantillons n’ont pas pu être lus, et leurs notes sont muettes</numerusform>
+        </translation>
+    </message>
     <message>
         <source>This sound engine writes nothing but plain WAV files.</source>
         <translation>Ce moteur audio n’écrit que des fichiers WAV simples.</translation>

@@ -122,7 +122,10 @@ void StatusIndicators::follow(Playback &playback)
         busy->showProgress(text, 100 * (track - 1) + percent, 100 * tracks);
     });
     connect(&playback, &Playback::loaded, busy, &BusyIndicator::finish);
-    connect(&playback, &Playback::warned, this, [this](const QString &text) { bar_.showMessage(text, 10000); });
+    connect(&playback, &Playback::warned, this, [this](const QString &text) {
+        warning_ = text;
+        bar_.showMessage(text, 10000);
+    });
 }
 
 void StatusIndicators::follow(SoundOutput &output)
@@ -146,7 +149,8 @@ void StatusIndicators::showRecording(bool isRecording)
 
 void StatusIndicators::showLoadingSample(const QString &samplePath)
 {
-    bar_.showMessage(tr("Loading sample %1...").arg(samplePath), 3000);
+    if (warning_.isEmpty() || bar_.currentMessage() != warning_) // which is to be read
+        bar_.showMessage(tr("Loading sample %1...").arg(samplePath), 3000);
 }
 
 void StatusIndicators::showEngineProblem(const QString &problem)

@@ -53,6 +53,7 @@ private:
     QLabel *missingDevice_;
     QLabel *recording_;
     QLabel *underruns_;
+    QString warning_;      // of the playback, the last
     QTimer *underrunsEnd_; // of telling about them
     QLabel *settingsProblem_;
     QLabel *journalProblem_;

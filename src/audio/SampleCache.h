@@ -46,6 +46,9 @@ public:
     void prepare(
         const std::vector<TrackPlayback> &tracks, ParallelJobs &jobs, const Progress &progress = [](int, int) {});
 
+    // Samples that are missing or damaged, of those that were asked for.
+    int rejected() const { return int(rejected_.size()); }
+
 private:
     class Preparation;
     using Pitch = QPair<QString, double>; // a sample's path and the factor on its speed

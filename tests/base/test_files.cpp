@@ -81,6 +81,8 @@ private slots:
             QByteArray("\xEF\xBB\xBF\xEF\xBB\xBF"
                        "a"),
             "a", false);
+        row("utf-16", QByteArray("\xFF\xFE\xE4\0\x1E\x26\n", 7), QStringLiteral("ä\u261E"), false);
+        row("utf-16, higher byte first", QByteArray("\xFE\xFF\0\xE4\x26\x1E", 6), QStringLiteral("ä\u261E"), false);
         row("a NUL", QByteArray("a\0b", 3), QString::fromLatin1("a\0b", 3), true);
         row("nothing", QByteArray(""), "", true);
     }

@@ -2,8 +2,6 @@
 
 #include "audio/player/SampleAhead.h"
 
-#include <QCoreApplication>
-
 #include <utility>
 
 void NoteScheduler::schedule(const QString &trackId, GroupId group, TrackPlayback &playback,
@@ -43,6 +41,8 @@ bool NoteScheduler::sound(const Note &note, DspClock now)
         feed_.wantNow(needOf(placed));
         return false;
     }
+    if (!isOver && feed_.isRejected(needOf(placed).path))
+        warnOnce(tr("Notes are silent: samples of the game cannot be read."));
     const VoiceSpec voice{found.sound,    note.group,      placed.start, placed.end,
                           placed.fadeEnd, placed.velocity, found.ratio,  LateStart::Inside};
     VoiceId id{};
@@ -57,20 +57,16 @@ void NoteScheduler::soundLateNotes()
     std::erase_if(late_, [&](const Note &note) {
         const bool isMissed = qint64(note.placed.end - now) <= 0;
         if (isMissed)
-            warnOfMissingNotes();
+            warnOnce(feed_.lacksRoom() ? tr("Notes are missing: the samples that sound at once need too much memory.")
+                                       : tr("Notes are missing: samples could not be loaded in time."));
         return isMissed || sound(note, now);
     });
 }
 
-void NoteScheduler::warnOfMissingNotes()
+void NoteScheduler::warnOnce(const QString &text)
 {
-    if (std::exchange(hasWarned_, true))
-        return;
-    const auto tr = [](const char *text) { return QCoreApplication::translate("NoteScheduler", text); };
-    if (feed_.lacksRoom())
-        warn_(tr("Notes are missing: the samples that sound at once need too much memory."));
-    else
-        warn_(tr("Notes are missing: samples could not be loaded in time."));
+    if (!std::exchange(hasWarned_, true))
+        warn_(text);
 }
 
 QVector<EventInPass> NoteScheduler::handOver(const QString &trackId, const TrackPlayback &before,

@@ -6,6 +6,8 @@
 #include "audio/player/SoundingNotes.h"
 #include "audio/samples/SampleFeed.h"
 
+#include <QCoreApplication>
+
 #include <functional>
 #include <vector>
 
@@ -13,10 +15,12 @@
 // sample comes late begins inside it, where it would be by then. [audio]
 class NoteScheduler
 {
+    Q_DECLARE_TR_FUNCTIONS(NoteScheduler)
+
 public:
     using Warn = std::function<void(const QString &text)>;
 
-    // All must outlive it. warn: that notes are missing, once after each allowWarning().
+    // All must outlive it. warn: that notes are missing or silent, once after each allowWarning().
     NoteScheduler(AudioEngine &engine, ResultChecker &checker, SampleFeed &feed, Warn warn)
         : engine_(engine), checker_(checker), feed_(feed), warn_(std::move(warn))
     {
@@ -59,7 +63,7 @@ private:
     };
 
     bool sound(const Note &note, DspClock now); // false: its sample is still to come
-    void warnOfMissingNotes();
+    void warnOnce(const QString &text);
 
     AudioEngine &engine_;
     ResultChecker &checker_;

@@ -21,8 +21,10 @@ PlayingTracks::PlayingTracks(AudioEngine &engine, ResultChecker &checker, Sample
 
 void PlayingTracks::play(const QVector<PlayRequest> &requests)
 {
-    if (tracks_.isEmpty())
+    if (tracks_.isEmpty()) {
         notes_.allowWarning();
+        feed_.tryAgain();
+    }
     for (const auto &request : requests)
         start(request);
     followLoop();

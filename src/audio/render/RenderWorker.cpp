@@ -87,6 +87,8 @@ void RenderWorker::renderFiles()
         throw tr("This sound engine writes nothing but plain WAV files.");
     for (const auto &output : outputs_)
         output->replacement.commit();
+    if (const int rejected = samples_->rejected(); rejected > 0)
+        emit warned(tr("%n sample(s) could not be read, and their notes are silent", nullptr, rejected));
 }
 
 void RenderWorker::refuseImpossible() const

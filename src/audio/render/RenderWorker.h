@@ -35,7 +35,7 @@ signals: // [render]
     // Of all passes over the song that the plan takes.
     void renderProgress(quint64 currentTick, quint64 totalTicks);
     void loadingSample(const QString &samplePath);
-    void warned(const QString &text); // what the user should know of the engine
+    void warned(const QString &text); // what the user should know of the engine and the samples
     // Why there is no file; before renderFinished.
     void renderFailed(const QString &message);
     void renderCancelled(); // instead of renderFailed

@@ -46,7 +46,7 @@ signals:
     void renderFinished();
     // A sample is about to be read and decoded.
     void loadingSample(const QString &samplePath);
-    // What the user should know of the engine that writes.
+    // What the user should know of the engine that writes, and of samples that it could not read.
     void warned(const QString &text);
     // Why there is no file; renderFinished follows.
     void renderFailed(const QString &message);

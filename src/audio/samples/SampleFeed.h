@@ -53,6 +53,10 @@ public:
     bool want(const SampleNeed &need);
     // Before what is not late. To be said again as long as it is awaited.
     void wantNow(const SampleNeed &need);
+    // It is missing or damaged: so its notes are silent.
+    bool isRejected(const QString &path) const { return rejected_.contains(path); }
+    // What was missing may be there again, as after a drive was gone.
+    void tryAgain() { rejected_.clear(); }
     // Nothing is wanted any more; what is there stays while there is room.
     void forgetWants();
 

@@ -274,6 +274,8 @@ QString ArrangeDialog::summary() const
     };
     addLoss(sum.count(DropReason::Doubled), tr("%1 were doubled"));
     addLoss(sum.count(DropReason::NoVoice), tr("for %1 no voice was free"));
+    addLoss(sum.count(DropReason::OutOfRange), tr("for %1 no instrument has a sample"));
+    addLoss(sum.count(DropReason::NoLength), tr("%1 have no length"));
     addLoss(sum.count(DropReason::NoDrummer), tr("%1 of drums need a third player"));
     return text;
 }

@@ -120,6 +120,13 @@ private slots:
         }
         QCOMPARE(warnings_.size(), 3);
         QVERIFY(warnings_[1].contains(QStringLiteral("too much memory")));
+        const SampleNeed back{samples_.path(QStringLiteral("missing.wav")), 1, 10, 0}; // a drive that is there again
+        QVERIFY(QFile::copy(file(1), back.path) && feed.isRejected(back.path));
+        feed.tryAgain();
+        feed.want(back);
+        finish(feed, 0);
+        finish(feed, 0);
+        QCOMPARE(feed.find(back).state, SampleFeed::State::Ready);
         feed.want({file(1), 1e9, 10, 0});
         finish(feed, 0);
         QCOMPARE(feed.find({file(1), 1e9, 10, 0}).state, SampleFeed::State::Silent);
