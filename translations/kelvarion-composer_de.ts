@@ -5596,6 +5596,10 @@ Möchten Sie sie löschen?</numerusform>
         <translation>„%1“ enthält vielleicht eine andere Fassung dieses Songs.</translation>
     </message>
     <message>
+        <source>None of the parts that &apos;%1&apos; holds is in this song any more.</source>
+        <translation>Keine der Stimmen, die „%1“ enthält, ist noch in diesem Song.</translation>
+    </message>
+    <message>
         <source>&apos;%1&apos; was changed by another program.</source>
         <translation>„%1“ wurde von einem anderen Programm geändert.</translation>
     </message>

@@ -5596,6 +5596,10 @@ Voulez-vous les supprimer&#xa0;?</numerusform>
         <translation>«&#xa0;%1&#xa0;» contient peut-être une autre version de ce morceau.</translation>
     </message>
     <message>
+        <source>None of the parts that &apos;%1&apos; holds is in this song any more.</source>
+        <translation>Aucune des parties que contient « %1 » n’est encore dans ce morceau.</translation>
+    </message>
+    <message>
         <source>&apos;%1&apos; was changed by another program.</source>
         <translation>«&#xa0;%1&#xa0;» a été modifié par un autre programme.</translation>
     </message>

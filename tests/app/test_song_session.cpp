@@ -510,6 +510,25 @@ private slots:
         QCOMPARE(fixture_->window().isWindowModified(), !isReplaced && !isElsewhere);
     }
 
+    // Another import has taken the place of all that the file holds.
+    void anotherSongIsNotSavedOverIt()
+    {
+        importJig(*fixture_);
+        saveSong(*fixture_);
+        const auto file = fixture_->path("song.kvsong");
+        const auto saved = WindowFixture::read(file);
+        auto &dialogs = fixture_->dialogs();
+        dialogs.takeAsked();
+        fixture_->trigger("actionClear_Tracks");
+        openParts(*fixture_);
+        dialogs.overwriteAnswer = Dialogs::OverwriteAnswer::Cancel;
+        fixture_->trigger("actionSave_Song");
+        QVERIFY(fixture_->waitUntilSaved());
+        QVERIFY2(dialogs.asked.size() == 1 && dialogs.asked[0].contains(file),
+                 qUtf8Printable(dialogs.asked.join(u' ')));
+        QCOMPARE(WindowFixture::read(file), saved);
+    }
+
     // What a song file says of a part's file is only its claim.
     void aPartsFileIsNotReplacedUnasked()
     {

@@ -104,6 +104,8 @@ void SongSaving::consider(const QString &path)
     std::optional<QString> known;
     if (path == context_.session.file())
         known = context_.session.fileStamp();
+    if (known && context_.session.hasReplacedAllParts())
+        return decide(path, tr("None of the parts that '%1' holds is in this song any more.").arg(path));
     const auto tell = [=, this](const QString &objection) {
         if (objection.isEmpty())
             write(path);

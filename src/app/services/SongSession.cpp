@@ -103,7 +103,10 @@ QString SongSession::name() const
         return rest_.title;
     if (!file_.isEmpty())
         return QFileInfo(file_).completeBaseName();
-    const auto imported = rest_.imports.isEmpty() ? QString() : rest_.imports.first().path;
+    const auto &imports = rest_.imports; // also those whose parts have been removed
+    const auto hasParts = [this](const SongImported &each) { return !partsOf(each.id).isEmpty(); };
+    const auto first = std::find_if(imports.begin(), imports.end(), hasParts);
+    const auto imported = imports.isEmpty() ? QString() : first == imports.end() ? imports.last().path : first->path;
     return imported.isEmpty() ? tr("Untitled") : QFileInfo(imported).completeBaseName();
 }
 
@@ -136,6 +139,15 @@ bool SongSession::isSavedByPartsAlone() const
     const auto hasFile = [this](const QString &id) { return !tracks_.filePath(id).isEmpty(); };
     return !saved_ && !isRecovered_ && !hasLostParts() && isAsItCame() &&
            std::all_of(unsaved.begin(), unsaved.end(), hasFile);
+}
+
+bool SongSession::hasReplacedAllParts() const
+{
+    if (!saved_ || saved_->parts.isEmpty())
+        return false;
+    const auto ids = tracks_.ids();
+    return std::none_of(saved_->parts.begin(), saved_->parts.end(),
+                        [&ids](const SongPart &part) { return ids.contains(part.id); });
 }
 
 bool SongSession::isBlank() const

@@ -50,7 +50,7 @@ public:
     const QString &file() const { return file_; }
     // The song file's stamp when it was read or written last; empty where that is not known.
     const QString &fileStamp() const { return fileStamp_; }
-    // For people: its title, or the name of its file or of what it was imported from; or else "Untitled".
+    // For people: its title, or the name of its file or of what its parts were imported from; or else "Untitled".
     QString name() const;
     // Whether something would be lost now. A song without a song file is saved when all its parts are in their files,
     // none was removed that was not (that its coming was undone is no matter), and their mix, order and instruments are
@@ -58,6 +58,8 @@ public:
     bool isUnsaved() const;
     // Whether it would be saved when its parts were written to the files that they have.
     bool isSavedByPartsAlone() const;
+    // The song file holds parts, and none of them is in the window any more: another song has taken their place.
+    bool hasReplacedAllParts() const;
     // Nothing is in it, and nothing would be lost.
     bool isBlank() const;
 
