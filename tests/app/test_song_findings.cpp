@@ -41,12 +41,14 @@ private slots:
         QTRY_COMPARE(mark(1), 1);
         QCOMPARE(mark(0), 2);
 
+        fixture.child<QPushButton>("btnFixAllFindings")->setFocus();
         fixture.child<QPushButton>("btnFixAllFindings")->click();
         QTRY_COMPARE(text(0), QStringLiteral("CEFG|C4|\n"));
         QCOMPARE(text(1), text(0));
         QTRY_COMPARE(mark(0), 0);
         QVERIFY(!fixture.child<QPushButton>("btnFixAllFindings")->isEnabled());
-        fixture.trigger("actionUndo"); // both
+        QCOMPARE(fixture.window().focusWidget(), view); // the keys stay in the panel
+        fixture.trigger("actionUndo");                  // both
         QCOMPARE(text(0), QStringLiteral("|CEFG||C4|\n"));
         QCOMPARE(text(1), QStringLiteral("CEFG||C4|\n"));
 

@@ -23,6 +23,14 @@ QPushButton *makeButton(const char *name, const QString &text, const QString &ti
     return button;
 }
 
+// A button that is disabled hands the keys to whatever comes next, which may be far from the panel.
+void enable(QPushButton &button, bool isEnabled, QWidget &keysElse)
+{
+    if (!isEnabled && button.hasFocus())
+        keysElse.setFocus();
+    button.setEnabled(isEnabled);
+}
+
 } // namespace
 
 FindingsPanel::FindingsPanel(QWidget *parent)
@@ -153,9 +161,9 @@ void FindingsPanel::showCurrent()
     const auto fixText = kind ? FindingKinds::fixText(*kind) : QString();
     sentence_->setText(model_.fullText(current));
     fix_->setText(fixText.isEmpty() ? tr("Fix") : fixText);
-    fix_->setEnabled(model_.place(current) && model_.isFixable(current));
+    enable(*fix_, model_.place(current) && model_.isFixable(current), *view_);
     auto whole = current;
     while (whole.parent().isValid())
         whole = whole.parent();
-    fixAll_->setEnabled(kind && model_.isFixable(whole));
+    enable(*fixAll_, kind && model_.isFixable(whole), *view_);
 }
