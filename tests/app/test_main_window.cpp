@@ -57,7 +57,7 @@ private slots:
 
     void newTracksHaveTheMetreOfTheSong()
     {
-        const auto metre = [this] { return fixture_->tracks().song().last().track->headerField(QStringLiteral("M")); };
+        const auto metre = [this] { return fixture_->tracks().song().last()->track->headerField(QStringLiteral("M")); };
         fixture_->trigger("actionNew_Track");
         QCOMPARE(metre(), QStringLiteral("4/4"));
         fixture_->tracks().remove({}, fixture_->tracks().ids());
