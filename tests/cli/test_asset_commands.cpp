@@ -60,11 +60,26 @@ private slots:
         QCOMPARE(folder_.read("target"), words.contains(u"target") ? bytes_ : QByteArray());
     }
 
+    void songsNameInstruments()
+    {
+        folder_.write("two.abc", "X:1\nT:Lute\nK:C\nCDE\n\nX:2\nT:Bell\nI:Instrument:Lute é\nK:C\nC\n");
+        QCOMPARE(run(folder_, "song two.abc --game game --mods --instrument Bell --output two.kvsong").error,
+                 QByteArray());
+        const auto song = QJsonDocument::fromJson(folder_.read("two.kvsong"));
+        QStringList names;
+        for (const auto part : song[QStringLiteral("parts")].toArray())
+            names.append(part.toObject()[QStringLiteral("instrument")].toString());
+        QCOMPARE(names, (QStringList{QStringLiteral("Bell"), QStringLiteral("Lute é")}));
+    }
+
     void failures_data()
     {
         const Rows<QString, QByteArray> row("words", "error");
         row("no game", "instruments --game none",
             "none: No Kelvarion installation was found at the specified directory.");
+        row("a song without a game", "song two.abc --game none --output none.kvsong",
+            "none: No Kelvarion installation was found at the specified directory.");
+        row("a song's instrument", "song two.abc --game game --instrument Harp --output none.kvsong", "game: ");
         row("no package", "pak list none", "none: Could not find compatible pak reader.");
         row("endless", "pak list /dev/zero", "/dev/zero: Could not find compatible pak reader.");
         row("no such file", "pak extract legacy.pak /none", "legacy.pak: File not found");

@@ -4,12 +4,11 @@
 #include "app/services/SongSession.h"
 #include "base/FileState.h"
 #include "base/SafeFile.h"
-#include "settings/Settings.h"
+#include "settings/LastFolder.h"
 #include "ui/Dialogs.h"
 #include "ui/tracks/TrackList.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QWidget>
 
@@ -152,9 +151,7 @@ std::optional<SaveCommands::Target> SaveCommands::chosenTarget(const QString &id
     if (!track)
         return {};
     const auto title = shownTitle(*track->track);
-    const auto folder = context_.settings.value(Settings::AbcSaveDir).toString();
-    const auto proposed =
-        QStringLiteral("%1/%2.abc").arg(folder.isEmpty() ? QDir::homePath() : folder, SafeFile::cleanName(title));
+    const auto proposed = proposedFile(context_.settings, Settings::AbcSaveDir, title, QStringLiteral(".abc"));
     const auto path = context_.dialogs.saveFile(&context_.window, tr("Save track '%1' as..").arg(title), proposed,
                                                 tr("ABC Files (*.abc)"));
     if (path.isEmpty())

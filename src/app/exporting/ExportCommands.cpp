@@ -3,8 +3,7 @@
 #include "app/exporting/AudioExportDialog.h"
 #include "app/services/Playback.h"
 #include "app/services/SongSession.h"
-#include "base/SafeFile.h"
-#include "settings/Settings.h"
+#include "settings/LastFolder.h"
 #include "ui/Dialogs.h"
 
 #include <QDir>
@@ -65,9 +64,10 @@ void ExportCommands::exportWav()
 {
     if (!isFree())
         return;
+    const auto proposed =
+        proposedFile(context_.settings, Settings::WavSaveDir, context_.session.name(), QStringLiteral(".wav"));
     const auto file =
-        context_.dialogs.saveFile(&context_.window, tr("Export tracks to wav..."),
-                                  context_.settings.value(Settings::WavSaveDir).toString(), tr("Wave file (*.wav)"));
+        context_.dialogs.saveFile(&context_.window, tr("Export tracks to wav..."), proposed, tr("Wave file (*.wav)"));
     if (file.isEmpty())
         return;
     context_.settings.setValue(Settings::WavSaveDir, QFileInfo(file).absolutePath());
@@ -103,17 +103,14 @@ QString ExportCommands::chosenFile(SoundCoding coding)
     const auto &format = formatOf(coding);
     const auto ending = QString::fromUtf8(format.ending);
     const auto filter = QStringLiteral("%1 (*.%2)").arg(QString::fromUtf8(format.name), ending);
-    auto folder = context_.settings.value(Settings::AudioSaveDir).toString();
-    if (folder.isEmpty())
-        folder = QDir::homePath();
-    const auto name = SafeFile::cleanName(context_.session.name());
     for (;;) {
-        const auto proposed = QStringLiteral("%1/%2.%3").arg(folder, name, ending);
+        const auto proposed =
+            proposedFile(context_.settings, Settings::AudioSaveDir, context_.session.name(), u'.' + ending);
         auto path = context_.dialogs.saveFile(&context_.window, tr("Export Audio"), proposed, filter);
         if (path.isEmpty())
             return {};
         const QFileInfo file(path);
-        context_.settings.setValue(Settings::AudioSaveDir, folder = file.absolutePath());
+        context_.settings.setValue(Settings::AudioSaveDir, file.absolutePath());
         if (file.suffix().isEmpty())
             return path + u'.' + ending;
         if (file.suffix().compare(ending, Qt::CaseInsensitive) == 0)

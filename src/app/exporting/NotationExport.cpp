@@ -4,7 +4,7 @@
 #include "base/SafeFile.h"
 #include "export/ProgramGuess.h"
 #include "export/Tunebook.h"
-#include "settings/Settings.h"
+#include "settings/LastFolder.h"
 #include "ui/Dialogs.h"
 #include "ui/tracks/TrackList.h"
 
@@ -92,9 +92,7 @@ void NotationExport::write(const Format &format)
 
 QString NotationExport::chosenFile(const Format &format)
 {
-    const auto folder = context_.settings.value(format.folder).toString();
-    const auto name = SafeFile::cleanName(context_.session.name()) + format.ending;
-    const auto proposed = QStringLiteral("%1/%2").arg(folder.isEmpty() ? QDir::homePath() : folder, name);
+    const auto proposed = proposedFile(context_.settings, format.folder, context_.session.name(), format.ending);
     const auto path = context_.dialogs.saveFile(&context_.window, format.caption, proposed, format.filter);
     if (!path.isEmpty())
         context_.settings.setValue(format.folder, QFileInfo(path).absolutePath());

@@ -29,8 +29,10 @@ QString printable(QString text)
 void printFailure(const QString &file, const QString &message)
 {
     endBar();
-    std::fprintf(stderr, "kelvarion-composer-cli: %s: %s\n", qUtf8Printable(printable(file)),
-                 qUtf8Printable(printable(message)));
+    for (const auto &line : message.split(u'\n')) {
+        std::fprintf(stderr, "kelvarion-composer-cli: %s: %s\n", qUtf8Printable(printable(file)),
+                     qUtf8Printable(printable(line)));
+    }
 }
 
 void printLine(const QString &line)

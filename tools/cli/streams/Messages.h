@@ -9,7 +9,8 @@
 // this on its way to standard output and error, by itself in the functions below.
 QString printable(QString text);
 
-// Programs that read the output expect exactly one line a failure: "kelvarion-composer-cli: FILE: MESSAGE".
+// Programs that read the output expect one line a failure, "kelvarion-composer-cli: FILE: MESSAGE"; each line of the
+// message is one.
 void printFailure(const QString &file, const QString &message);
 void printLine(const QString &line);
 
