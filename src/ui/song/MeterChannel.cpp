@@ -49,7 +49,7 @@ bool MeterChannel::decay(qint64 elapsed, qint64 now)
 
 bool MeterChannel::isSilent() const
 {
-    return rms_ == 0.0F && peak_ == 0.0F && shownRms_ == 0.0F && shownPeak_ == 0.0F && hold_ == 0.0F;
+    return shownRms_ == 0.0F && shownPeak_ == 0.0F && hold_ == 0.0F; // what is shown never falls below what sounds
 }
 
 namespace MeterScale {

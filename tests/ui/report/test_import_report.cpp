@@ -63,6 +63,7 @@ private slots:
                                                 "  Notes moved by up to 9 ms, 9 ms on average|1|measure 3\n"
                                                 "In no part\n"
                                                 "  Notes too soft|1\n"));
+        QCOMPARE(model.headerData(2, Qt::Horizontal).toString(), QStringLiteral("Where"));
         const auto flute = model.index(0, 0);
         const auto restruck = model.index(0, 0, flute);
         QCOMPARE(model.place(restruck)->trackId, QStringLiteral("T1"));
