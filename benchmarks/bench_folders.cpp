@@ -96,12 +96,12 @@ class Folders
 public:
     explicit Folders(const QString &inFolder) : folder_(templateIn(inFolder)) {}
 
-    // words: the command with its options, without the output, which is a new folder each time. cores: as taskset has
-    // them.
+    // words: the command with its options, without the output, which is a new folder each time (the "/" says so to
+    // render). cores: as taskset has them.
     double writingSeconds(const QStringList &words, const QString &cores)
     {
         return seconds([&] {
-            const auto output = folder_.filePath(QString::number(++outputs_));
+            const auto output = folder_.filePath(QString::number(++outputs_)) + u'/';
             return runOn(cores, words + QStringList{QStringLiteral("--output"), output});
         });
     }
@@ -167,7 +167,8 @@ int main(int argc, char **argv)
     const auto music = musicFolder();
     const QStringList convert{QStringLiteral("convert"), music};
     const QStringList arrange{QStringLiteral("arrange"), music, QStringLiteral("--players"), QStringLiteral("4")};
-    const QStringList render{QStringLiteral("render"), QStringLiteral(COMPOSER_SOURCE_DIR "/examples"),
+    const QStringList render{QStringLiteral("render"),
+                             QStringLiteral(COMPOSER_SOURCE_DIR "/examples/songs/night-market"),
                              QStringLiteral("--game"), QStringLiteral(DEMO_GAME)};
     Folders inMemory(memoryFolder());
     Folders onDisk(QDir::tempPath());

@@ -28,12 +28,14 @@ struct RenderVoice
     std::function<void(int done, int total)> progress;
 };
 
-// One song into its file or files; throws a QString. On the thread of its owner, of which several may be at work.
+// One song into its file or files, on so many cores; throws a QString. On the thread of its owner, of which several may
+// be at work.
 class Rendering
 {
 public:
-    Rendering(const Arguments &arguments, const QString &output, const InstrumentSet &instruments, RenderVoice voice)
-        : arguments_(arguments), output_(output), instruments_(instruments), voice_(std::move(voice))
+    Rendering(const Arguments &arguments, const QString &output, const InstrumentSet &instruments, RenderVoice voice,
+              std::size_t cores = ParallelJobs::allCores())
+        : arguments_(arguments), output_(output), instruments_(instruments), voice_(std::move(voice)), cores_(cores)
     {
     }
 
@@ -59,6 +61,7 @@ private:
     const QString output_;
     const InstrumentSet &instruments_;
     const RenderVoice voice_;
+    const std::size_t cores_;
     QString clipping_;
     int shownProgress_ = -1;
 };
@@ -168,7 +171,8 @@ QStringList Rendering::render(const Parts &parts)
 {
     const auto plan = planFor(parts);
     refuseFilesThatAreThere(plan);
-    TrackRenderer renderer(plan, [this](const QString &path) { return makeEngine(path); });
+    TrackRenderer renderer(
+        plan, [this](const QString &path) { return makeEngine(path); }, cores_);
     addParts(renderer, parts);
 
     QEventLoop loop;
@@ -273,7 +277,7 @@ public:
         nameFiles();
         forEachInput<Rendered>(
             arguments_, [this](const QString &path) { return rendered(path); },
-            [this](const Rendered &song) { take(song); }, cores());
+            [this](const Rendered &song) { take(song); }, songsAtOnce());
         failed_ |= !report_.finish(arguments_.output);
         return failed_ ? 1 : 0;
     }
@@ -288,7 +292,8 @@ private:
         SongSummary summary = {}; // when one is wanted
     };
 
-    std::size_t cores() const;
+    std::size_t songsAtOnce() const;
+    std::size_t coresOfEach() const;
     void nameFiles();
     Rendered rendered(const QString &path) const;
     void render(Rendered &song, const Parts &parts) const;
@@ -301,10 +306,17 @@ private:
     bool failed_ = false;
 };
 
-std::size_t FolderRendering::cores() const
+std::size_t FolderRendering::songsAtOnce() const
 {
     const auto all = ParallelJobs::allCores();
     return arguments_.engine.kind == EngineKind::Fmod ? std::min(all, mostFmodEngines) : all;
+}
+
+// Songs beside each other need not wait for each other, as the spans of one do.
+std::size_t FolderRendering::coresOfEach() const
+{
+    const auto together = std::min(songsAtOnce(), std::size_t(outputs_.size()));
+    return std::max<std::size_t>(1, ParallelJobs::allCores() / std::max<std::size_t>(1, together));
 }
 
 // In the order of the inputs, whatever is done first.
@@ -337,7 +349,7 @@ void FolderRendering::render(Rendered &song, const Parts &parts) const
     if (!arguments_.force && QFileInfo::exists(output))
         throw QStringLiteral("\"%1\" exists; --force writes over it.").arg(output);
     const auto remark = [&song](const QString &file, const QString &text) { song.remarks.append({file, text}); };
-    Rendering rendering(arguments_, output, instruments_, {remark, [](int, int) {}});
+    Rendering rendering(arguments_, output, instruments_, {remark, [](int, int) {}}, coresOfEach());
     const auto files = rendering.render(parts);
     song.line = rendering.lineOf(files);
     if (!report_.isWanted())
