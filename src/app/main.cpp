@@ -161,7 +161,7 @@ int runWindow(Application &application, ArrivedFiles &arrived, Settings &setting
         window.resize(1180, 760);
     window.show();
     window.restore({commandLine.journal, commandLine.files});
-    if (!application.isSessionRestored() && commandLine.journal.isEmpty())
+    if (commandLine.journal.isEmpty() && !(application.isSessionRestored() && !commandLine.files.isEmpty()))
         window.offerRecovery();
     arrived.setWindow(&window);
     if (isPicture)

@@ -11,10 +11,11 @@ DesktopSession::DesktopSession(QGuiApplication &application, const Window &windo
     connect(&application, &QGuiApplication::saveStateRequest, this, &DesktopSession::saveState);
 }
 
-// Asks only where the disk does not take the song.
+// Desktops ask to commit, to save the state, or for both, before they end programs; each is enough for a window that
+// comes back. Asks only where the disk does not take the song.
 void DesktopSession::commit(QSessionManager &manager)
 {
-    isKept_ = window_.keep();
+    saveState(manager);
     if (isKept_ || !manager.allowsInteraction())
         return;
     isKept_ = window_.mayLeave();
@@ -25,7 +26,7 @@ void DesktopSession::commit(QSessionManager &manager)
 
 void DesktopSession::saveState(QSessionManager &manager)
 {
-    window_.keep();
+    isKept_ = window_.keep();
     const auto id = manager.sessionId() + u'_' + manager.sessionKey(); // as Qt takes it apart at the next start
     manager.setRestartCommand(QStringList{QCoreApplication::applicationFilePath(), QStringLiteral("-session"), id} +
                               window_.restart());
