@@ -11,8 +11,14 @@ void FileBatch::add(NextPath nextPath, const QByteArray &bytes, const Take &take
 {
     const auto path = freePath(nextPath);
     limitBytes(bytes.size());
-    files_.push_back({std::move(nextPath), bytes, take, path});
-    next_.push_back(&files_.back());
+    while (!files_.empty() && files_.front().isDone)
+        tellOfFirst();
+    auto &file = files_.emplace_back();
+    file.nextPath = std::move(nextPath);
+    file.bytes = bytes;
+    file.take = take;
+    file.path = path;
+    next_.push_back(&file);
     if (next_.size() == mostInGroup)
         begin(std::exchange(next_, {}));
 }
@@ -85,6 +91,7 @@ void FileBatch::write(const Group &group) const
             file.written = replacements[i]->target();
             file.bytes.clear();
         });
+        file.isDone = true;
     }
 }
 
@@ -98,18 +105,21 @@ void FileBatch::writeElsewhere(File &file) const
     }
 }
 
+void FileBatch::tellOfFirst()
+{
+    auto &file = files_.front();
+    writeElsewhere(file);
+    if (file.failure.isEmpty())
+        written_.append(file.written);
+    file.take(file.path, file.failure);
+    files_.pop_front();
+}
+
 void FileBatch::finish()
 {
     beginRest();
     pool_.wait();
-    QStringList written;
-    for (auto &file : files_) {
-        writeElsewhere(file);
-        if (file.failure.isEmpty())
-            written.append(file.written);
-    }
-    for (const auto &file : std::as_const(files_))
-        file.take(file.path, file.failure);
-    files_.clear();
-    SafeFile::finishFolders(written);
+    while (!files_.empty())
+        tellOfFirst();
+    SafeFile::finishFolders(std::exchange(written_, {}));
 }

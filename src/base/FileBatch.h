@@ -3,6 +3,7 @@
 #include "base/JobPool.h"
 #include "base/SafeFile.h"
 
+#include <atomic>
 #include <deque>
 #include <functional>
 #include <vector>
@@ -22,11 +23,11 @@ public:
     explicit FileBatch(SafeFile::Existing existing) : existing_(existing) {}
 
     // Begins, at the first path where there is nothing, or at the first when what exists is replaced. Asks for paths
-    // until finish() has returned. Throws what `nextPath` throws.
+    // until finish() has returned. Tells of those before that are saved by now. Throws what `nextPath` throws.
     void add(NextPath nextPath, const QByteArray &bytes, const Take &take);
 
-    // Waits for all, and tells of each in the order in which they were added. Throws a QString when the names cannot be
-    // synchronised.
+    // Waits for all. By then each has been told of, in the order in which they were added. Throws a QString when the
+    // names cannot be synchronised.
     void finish();
 
 private:
@@ -38,6 +39,7 @@ private:
         QString path;
         QString written = {}; // where links led to; empty when the path was taken meanwhile
         QString failure = {};
+        std::atomic<bool> isDone = false; // nobody else works at it any more
     };
 
     using Group = std::vector<File *>;
@@ -47,10 +49,12 @@ private:
     void beginRest();
     void write(const Group &group) const; // [any]
     void writeElsewhere(File &file) const;
+    void tellOfFirst();
     void limitBytes(qint64 more);
 
     const SafeFile::Existing existing_;
-    std::deque<File> files_; // of which jobs hold addresses
+    std::deque<File> files_; // not told of yet; jobs hold their addresses
+    QStringList written_;    // whose folders are to be synchronised
     Group next_;             // to be written
     qint64 bytes_ = 0;       // that jobs may hold
     JobPool pool_{threads};

@@ -203,13 +203,22 @@ QString beginIn(const QString &name)
     return isBeside(name, begin) ? begin : QString();
 }
 
-// What programs left that were killed while they saved the same files, and that nobody has changed for so long.
-void removeLeftovers(const QString &folder, const QSet<QString> &begins, int seconds)
+// What programs left that were killed while they saved the same files, and that nobody has changed for so long. There
+// is seldom any, so the names of the targets are only looked at when there is.
+void removeLeftovers(const QString &folder, const QStringList &targets, int seconds)
 {
     const auto old = QDateTime::currentDateTime().addSecs(-seconds);
+    QSet<QString> begins;
     for (QDirIterator files(folder, QDir::Files | QDir::Hidden | QDir::NoSymLinks); files.hasNext();) {
         files.next();
-        if (begins.contains(beginIn(files.fileName())) && files.fileInfo().lastModified() < old)
+        const auto begin = beginIn(files.fileName());
+        if (begin.isEmpty())
+            continue;
+        if (begins.isEmpty()) {
+            for (const auto &target : targets)
+                begins.insert(beginBeside(QFileInfo(target)));
+        }
+        if (begins.contains(begin) && files.fileInfo().lastModified() < old)
             QFile::remove(files.filePath());
     }
 }
@@ -218,8 +227,7 @@ constexpr int oldAfterSeconds = 600; // nobody writes for so long without changi
 
 void removeLeftovers(const QString &target, int seconds)
 {
-    const QFileInfo info(target);
-    removeLeftovers(info.path(), {beginBeside(info)}, seconds);
+    removeLeftovers(QFileInfo(target).path(), QStringList(target), seconds);
 }
 
 // Where writing to the path leads, also when that is not there yet.
@@ -382,14 +390,12 @@ bool isThere(const QString &path)
 
 void finishFolders(const QStringList &written)
 {
-    QHash<QString, QSet<QString>> beginsIn;
-    for (const auto &path : written) {
-        const QFileInfo file(path);
-        beginsIn[file.path()].insert(beginBeside(file));
-    }
-    for (auto begins = beginsIn.constBegin(); begins != beginsIn.constEnd(); ++begins) {
-        syncFolder(begins.key());
-        ::removeLeftovers(begins.key(), *begins, oldAfterSeconds);
+    QHash<QString, QStringList> filesIn;
+    for (const auto &path : written)
+        filesIn[QFileInfo(path).path()].append(path);
+    for (auto files = filesIn.constBegin(); files != filesIn.constEnd(); ++files) {
+        syncFolder(files.key());
+        ::removeLeftovers(files.key(), *files, oldAfterSeconds);
     }
 }
 

@@ -72,7 +72,7 @@ void Conversion::convertEach()
 {
     forEachInput<ConvertedInput>(
         arguments_, [this](const QString &path) { return converted(path); },
-        [this](const ConvertedInput &input) { take(input); });
+        [this](ConvertedInput input) { take(std::move(input)); });
 }
 
 // On any thread.
@@ -92,6 +92,7 @@ ConvertedInput Conversion::converted(const QString &path) const
         input.failures.append(currentErrorText());
         input.files.clear();
     }
+    input.forgetMusic();
     return input;
 }
 
@@ -159,10 +160,8 @@ bool Conversion::hasFolder()
     return *hasFolder_;
 }
 
-// Of thousands of inputs no more is kept than there is to say.
 void Conversion::saveFiles(ConvertedInput &input)
 {
-    input.song.tracks.clear();
     const auto files = std::exchange(input.files, {});
     if (files.isEmpty() || !hasFolder())
         return;

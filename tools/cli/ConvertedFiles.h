@@ -3,6 +3,7 @@
 #include "summary/SongSummary.h"
 
 #include <optional>
+#include <utility>
 
 // One input on its way into files.
 struct ConvertedInput
@@ -25,6 +26,15 @@ struct ConvertedInput
     QString remark = {};                     // on what could not be written as it is
 
     bool isReadable() const { return failures.isEmpty() || trackCount > 0; }
+
+    // Of thousands of inputs no more is kept than there is to say.
+    void forgetMusic()
+    {
+        ReadSong said;
+        said.report = std::move(song.report);
+        said.remark = std::move(song.remark);
+        song = std::move(said);
+    }
 };
 
 // What the tracks of an input become: those of its song, or what they were merged into. [any]
