@@ -82,10 +82,12 @@ void FileBatch::write(const Group &group) const
             replacement->write(file->bytes);
         });
     }
+    for (std::size_t i = 0; i < group.size(); ++i)
+        runOrTell(group[i]->failure, [&] { replacements[i]->synchronise(); });
+    const std::scoped_lock lock(naming_);
     for (std::size_t i = 0; i < group.size(); ++i) {
         auto &file = *group[i];
         runOrTell(file.failure, [&] {
-            replacements[i]->synchronise();
             if (!replacements[i]->takePlace())
                 return;
             file.written = replacements[i]->target();

@@ -6,6 +6,7 @@
 #include <atomic>
 #include <deque>
 #include <functional>
+#include <mutex>
 #include <vector>
 
 // Saves many files as SafeFile does, several at a time: a disk synchronises many in hardly more time than one. A file
@@ -57,6 +58,7 @@ private:
     QStringList written_;    // whose folders are to be synchronised
     Group next_;             // to be written
     qint64 bytes_ = 0;       // that jobs may hold
+    mutable std::mutex naming_; // a folder takes names one by one anyway; so its lock is not waited for with each
     JobPool pool_{threads};
 
     // They wait for the disk most of the time. Together they open no more files than systems allow.
