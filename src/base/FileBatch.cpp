@@ -2,6 +2,7 @@
 
 #include "base/ErrorText.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <memory>
@@ -35,10 +36,25 @@ void FileBatch::beginRest()
         begin({file});
 }
 
-QString FileBatch::freePath(const NextPath &nextPath) const
+// Folders are read once, since asking for each name keeps others from giving names. What comes into them later is seen
+// when a name is taken.
+bool FileBatch::wasThere(const QString &path)
+{
+    const QFileInfo info(path);
+    const auto folder = info.path();
+    auto names = names_.find(folder);
+    if (names == names_.end()) {
+        const auto all =
+            QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::NoSort);
+        names = names_.insert(folder, QSet<QString>(all.begin(), all.end()));
+    }
+    return names->contains(info.fileName());
+}
+
+QString FileBatch::freePath(const NextPath &nextPath)
 {
     auto path = nextPath();
-    while (existing_ == SafeFile::Existing::Kept && SafeFile::isThere(path))
+    while (existing_ == SafeFile::Existing::Kept && wasThere(path))
         path = nextPath();
     return path;
 }
@@ -97,7 +113,7 @@ void FileBatch::write(const Group &group) const
     }
 }
 
-void FileBatch::writeElsewhere(File &file) const
+void FileBatch::writeElsewhere(File &file)
 {
     while (file.written.isEmpty() && file.failure.isEmpty()) {
         runOrTell(file.failure, [&] {

@@ -3,6 +3,9 @@
 #include "base/JobPool.h"
 #include "base/SafeFile.h"
 
+#include <QHash>
+#include <QSet>
+
 #include <atomic>
 #include <deque>
 #include <functional>
@@ -45,19 +48,21 @@ private:
 
     using Group = std::vector<File *>;
 
-    QString freePath(const NextPath &nextPath) const;
+    bool wasThere(const QString &path);
+    QString freePath(const NextPath &nextPath);
     void begin(const Group &group);
     void beginRest();
     void write(const Group &group) const; // [any]
-    void writeElsewhere(File &file) const;
+    void writeElsewhere(File &file);
     void tellOfFirst();
     void limitBytes(qint64 more);
 
     const SafeFile::Existing existing_;
-    std::deque<File> files_; // not told of yet; jobs hold their addresses
-    QStringList written_;    // whose folders are to be synchronised
-    Group next_;             // to be written
-    qint64 bytes_ = 0;       // that jobs may hold
+    std::deque<File> files_;              // not told of yet; jobs hold their addresses
+    QHash<QString, QSet<QString>> names_; // of what was in folders
+    QStringList written_;                 // whose folders are to be synchronised
+    Group next_;                          // to be written
+    qint64 bytes_ = 0;                    // that jobs may hold
     mutable std::mutex naming_; // a folder takes names one by one anyway; so its lock is not waited for with each
     JobPool pool_{threads};
 
