@@ -101,6 +101,7 @@ private slots:
             "ignored-field 3+7 @4, unreadable-field 10+7 @4, unreadable-field 17+8 @4, unreadable-field 28+6 @8, "
             "second-tune 35+3 @8",
             "");
+        row("a unit length that is the header's", "Cz7\nL: 1/4\n", "", "");
         row("silent and far", "D4|c4", "no-sample 0+2 @0, far-from-sample 3+2 @4", "D,4|c4");
         row("silent and tied", "D2-D2|[CD]2-[CD]2|", "no-sample 0+3 @0, no-sample 8+1 @4", "D,2-D,2|[CD,]2-[CD,]2|");
         row("no notes", "z4|", "empty-part", "");

@@ -27,6 +27,11 @@ constexpr std::array fields{
     Field{u'Q', [](const QString &value) { return HeaderFields::parseTempo(value).readable; }, "Q:1/4=120"},
 };
 
+quint32 unitLengthOf(const AbcToken &field)
+{
+    return HeaderFields::parseUnitLength(field.part(AbcPart::Value).trimmed());
+}
+
 } // namespace
 
 // What stands in the header nobody tells.
@@ -36,8 +41,11 @@ void FieldRule::bodyBegins(int line, quint32)
     AbcTokenizer tokens(QStringView(out_.text()).left(end));
     AbcToken token;
     while (tokens.next(token)) {
-        if (token.type == AbcTokenType::FieldLine)
-            judge(token);
+        if (token.type != AbcTokenType::FieldLine)
+            continue;
+        if (token.part(AbcPart::Name) == u"L")
+            unitLength_ = unitLengthOf(token);
+        judge(token);
     }
 }
 
@@ -48,7 +56,7 @@ void FieldRule::token(const AbcToken &token)
     const auto name = token.part(AbcPart::Name)[0];
     if (name == u'X')
         add(FindingKind::SecondTune, token);
-    else if (name == u'L')
+    else if (name == u'L' && unitLengthOf(token) != unitLength_) // whoever reads it, hears the same
         add(FindingKind::IgnoredField, token, {token.text.toString()});
     else
         judge(token);

@@ -13,4 +13,6 @@ public:
 private:
     void judge(const AbcToken &token);
     void add(FindingKind kind, const AbcToken &token, const QStringList &values = {});
+
+    quint32 unitLength_ = ticksPerQuarter; // of the header
 };
