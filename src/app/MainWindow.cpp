@@ -75,6 +75,7 @@ MainWindow::MainWindow(const WindowServices &services, QWidget *parent)
     makeToolBars(*this, actions_, {*instrumentList_, *masterMeter_, *masterVolume_});
     practice_.fillMenu(*findChild<QMenu *>(QStringLiteral("menuMetronome")));
     makeHistoryDock(*this, tracks_.history());
+    focusShownDocks(*this);
     findChild<QMenu *>(QStringLiteral("menuImport"))->addAction(reports_->toggleAction());
     findChild<QMenu *>(QStringLiteral("menuTools"))->addAction(findings_->toggleAction());
     actions_.add(reports_->toggleAction(), "actionShow_Report", "");

@@ -5,6 +5,7 @@
 #include "app/services/RecentFiles.h"
 #include "ui/Icons.h"
 
+#include <QAction>
 #include <QCoreApplication>
 #include <QDockWidget>
 #include <QMainWindow>
@@ -96,4 +97,14 @@ void makeHistoryDock(QMainWindow &window, QUndoStack &history)
     auto *const edit = window.findChild<QMenu *>(QStringLiteral("menuEdit"));
     edit->addSeparator();
     edit->addAction(toggle);
+}
+
+void focusShownDocks(QMainWindow &window)
+{
+    for (auto *const dock : window.findChildren<QDockWidget *>()) {
+        QObject::connect(dock->toggleViewAction(), &QAction::triggered, dock, [dock](bool isShown) {
+            if (isShown)
+                dock->widget()->setFocus(Qt::OtherFocusReason);
+        });
+    }
 }

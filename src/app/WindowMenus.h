@@ -11,3 +11,6 @@ void makeMenus(QMainWindow &window, const WindowActions &actions, ImportCommands
 
 // The list of changes beside the tracks, hidden at first, with its entry in the edit menu.
 void makeHistoryDock(QMainWindow &window, QUndoStack &history);
+
+// Whoever asks for a panel by its action has the keyboard in it.
+void focusShownDocks(QMainWindow &window);

@@ -12,6 +12,7 @@
 #include <QComboBox>
 #include <QDial>
 #include <QDialog>
+#include <QDockWidget>
 #include <QLabel>
 #include <QMenu>
 #include <QMouseEvent>
@@ -82,6 +83,15 @@ private slots:
         const auto *const playback = fixture_->child<QToolBar>("tbPlayback");
         QTRY_VERIFY(playback->widgetForAction(fixture_->action("actionStop"))->isVisible());
         QCOMPARE(fixture_->window().width(), 800);
+    }
+
+    void panelsTakeTheKeyboard()
+    {
+        for (const auto &[dock, view] : {std::pair("dockFindings", "findings"), std::pair("dockHistory", "historyView"),
+                                         std::pair("dockImportReport", "importReport")}) {
+            fixture_->child<QDockWidget>(dock)->toggleViewAction()->trigger();
+            QCOMPARE(fixture_->window().focusWidget()->objectName(), QString::fromLatin1(view));
+        }
     }
 
     void comesBackWithItsSizeAndBars()

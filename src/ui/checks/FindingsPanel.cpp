@@ -54,6 +54,7 @@ FindingsPanel::FindingsPanel(QWidget *parent)
     sentence_->setAlignment(Qt::AlignTop);
     sentence_->setMinimumHeight(2 * fontMetrics().lineSpacing()); // the list keeps its size
     view_->setObjectName(QStringLiteral("findings"));
+    setFocusProxy(view_);
     view_->setAccessibleName(tr("What the game would not play as it is meant"));
     view_->setModel(&model_);
     view_->setUniformRowHeights(true);

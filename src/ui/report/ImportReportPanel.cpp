@@ -53,6 +53,7 @@ ImportReportPanel::ImportReportPanel(QWidget *parent) : QWidget(parent), line_(n
     line_->setWordWrap(true);
     line_->setTextFormat(Qt::PlainText);
     view_->setObjectName(QStringLiteral("importReport"));
+    setFocusProxy(view_);
     view_->setAccessibleName(tr("Import report"));
     view_->setModel(&model_);
     view_->setMinimumHeight(3 * fontMetrics().lineSpacing()); // beside other panels on a small screen
