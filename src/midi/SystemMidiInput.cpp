@@ -1,8 +1,9 @@
 #include "midi/SystemMidiInput.h"
 
+#include "midi/RtMidiInput.h"
+
 #include <QRegularExpression>
 
-#include <RtMidi.h>
 #include <filesystem>
 #include <utility>
 
@@ -43,9 +44,11 @@ bool isThrough(const QString &name)
     return name.startsWith(QLatin1String("Midi Through"));
 }
 
-class SystemMidiInput : public MidiInput
+class RtMidiPorts : public MidiInput
 {
 public:
+    explicit RtMidiPorts(RtMidiStarter start) : start_(std::move(start)) {}
+
     QStringList ports() override
     {
         QStringList keyboards, others;
@@ -61,8 +64,6 @@ public:
         if (index < 0)
             return false;
         receiver_ = std::move(receiver);
-        in_->ignoreTypes(true, true, true); // system exclusive, time and sensing
-        in_->setCallback(receive, this);
         in_->openPort(unsigned(index), "Keyboard");
         if (!in_->isPortOpen())
             close();
@@ -76,37 +77,47 @@ private:
     static void receive(double, std::vector<unsigned char> *message, void *input)
     {
         if (message)
-            static_cast<SystemMidiInput *>(input)->receiver_(*message);
+            static_cast<RtMidiPorts *>(input)->receiver_(*message);
     }
 
     QStringList names()
     {
         if (!in_)
-            start();
+            in_ = start_(receive, this);
         QStringList names;
         for (unsigned port = 0; in_ && port < in_->getPortCount(); ++port)
             names.append(lastingName(in_->getPortName(port)));
         return names;
     }
 
-    void start()
-    {
-        if (!isThere())
-            return;
-        try {
-            in_ = std::make_unique<RtMidiIn>(usedApi(), "Kelvarion Composer");
-            in_->setErrorCallback(ignoreError); // what fails is seen by what is not there then
-        } catch (const RtMidiError &) {
-        }
-    }
-
+    const RtMidiStarter start_;
     Receiver receiver_; // outlives who calls it
-    std::unique_ptr<RtMidiIn> in_;
+    std::shared_ptr<RtMidi> in_;
 };
+
+std::shared_ptr<RtMidi> startRtMidi(RtMidiIn::RtMidiCallback receive, void *input)
+{
+    if (!isThere())
+        return nullptr;
+    try {
+        auto in = std::make_shared<RtMidiIn>(usedApi(), "Kelvarion Composer");
+        in->setErrorCallback(ignoreError); // what fails is seen by what is not there then
+        in->ignoreTypes(true, true, true); // system exclusive, time and sensing
+        in->setCallback(receive, input);
+        return in;
+    } catch (const RtMidiError &) {
+        return nullptr;
+    }
+}
 
 } // namespace
 
 std::unique_ptr<MidiInput> systemMidiInput()
 {
-    return std::make_unique<SystemMidiInput>();
+    return rtMidiInput(startRtMidi);
+}
+
+std::unique_ptr<MidiInput> rtMidiInput(RtMidiStarter start)
+{
+    return std::make_unique<RtMidiPorts>(std::move(start));
 }

@@ -1,6 +1,33 @@
 #include "midi/MidiKeyboard.h"
+#include "midi/RtMidiInput.h"
 #include "support/PlayedKeyboard.h"
 #include "support/Rows.h"
+
+namespace {
+
+// What RtMidi shows of a computer whose devices the test names. One that is called broken does not open.
+class PluggedIn : public RtMidi
+{
+public:
+    explicit PluggedIn(std::vector<std::string> names) : names_(std::move(names)) {}
+    ~PluggedIn() override = default;
+
+    void openPort(unsigned port, const std::string &) override { open_ = names_[port]; }
+    void openVirtualPort(const std::string &) override {}
+    unsigned getPortCount() override { return unsigned(names_.size()); }
+    std::string getPortName(unsigned port) override { return names_[port]; }
+    void closePort() override { open_.clear(); }
+    bool isPortOpen() const override { return !open_.empty() && open_ != "Broken"; }
+    void setErrorCallback(RtMidiErrorCallback, void *) override {}
+
+    std::string open() const { return open_; }
+
+private:
+    const std::vector<std::string> names_;
+    std::string open_;
+};
+
+} // namespace
 
 class TestMidiKeyboard : public QObject
 {
@@ -19,6 +46,7 @@ private slots:
         row("all notes off", "90 3c 40 91 3e 41 b0 7b 00 80 3c 00", "60+64 62+65 60- 62-");
         row("up without down", "80 3c 40 90 3c 00", "");
         row("down twice", "90 3c 40 90 3c 50 80 3c 00", "60+64 60+80 60-");
+        row("up twice", "90 3c 40 80 3c 00 80 3c 00", "60+64 60-");
         row("cut", "90 3c", "");
         row("data only", "3c 40 3c 40", "");
     }
@@ -58,6 +86,38 @@ private slots:
         keyboard.choose(MidiKeyboard::none);
         QVERIFY(device.open.isEmpty());
         QTRY_COMPARE(told, (QStringList{QStringLiteral("60+"), QStringLiteral("60-")}));
+    }
+
+    // Through what sends only what programs say comes last; numbers that differ from day to day are no part of a name.
+    void devicesOfTheSystem()
+    {
+        std::weak_ptr<PluggedIn> system;
+        RtMidiIn::RtMidiCallback callback = nullptr;
+        void *to = nullptr;
+        const auto input = rtMidiInput([&](RtMidiIn::RtMidiCallback receive, void *receiver) {
+            callback = receive;
+            to = receiver;
+            const auto started = std::make_shared<PluggedIn>(
+                std::vector<std::string>{"Midi Through:Port-0 14:0", "Piano:MIDI 1 20:0", "Broken"});
+            system = started;
+            return started;
+        });
+        const auto piano = QStringLiteral("Piano:MIDI 1");
+        QCOMPARE(input->ports(), (QStringList{piano, QStringLiteral("Broken"), QStringLiteral("Midi Through:Port-0")}));
+        std::vector<std::uint8_t> heard;
+        const auto hear = [&](std::span<const std::uint8_t> bytes) { heard.assign(bytes.begin(), bytes.end()); };
+        QVERIFY(!input->open(QStringLiteral("Organ"), hear));
+        QVERIFY(!input->open(QStringLiteral("Broken"), hear));
+        QVERIFY(input->open(piano, hear));
+        QCOMPARE(system.lock()->open(), std::string("Piano:MIDI 1 20:0"));
+        std::vector<std::uint8_t> message{0x90, 60, 64};
+        callback(0, &message, to);
+        callback(0, nullptr, to);
+        QCOMPARE(heard, message);
+        input->close();
+        QVERIFY(system.expired());
+        const auto none = rtMidiInput([](RtMidiIn::RtMidiCallback, void *) { return nullptr; });
+        QVERIFY(none->ports().isEmpty() && !none->open(piano, hear));
     }
 
     // What nobody takes is bounded, and no key hangs because of it.
