@@ -87,7 +87,18 @@ private slots:
             openBox()->setCurrentText(QStringLiteral("Accordion"));
             emit openBox()->activated(openBox()->currentIndex());
             QTRY_VERIFY(!openBox());
+            QString told; // by the table, of the part that is moved
+            connect(table->model(), &QAbstractItemModel::dataChanged, &dialog,
+                    [&] { told = shown(dialog, 2, PartsTable::Characters); });
             choose(dialog, 2, PartsTable::Octaves, QStringLiteral("-1"));
+            QVERIFY(waitUntilSettled(dialog));
+            QVERIFY(told != characters);
+            table->selectRow(1);
+            QCOMPARE(dialog.findChild<QLabel *>(QStringLiteral("lblLoss"))->text(), QString());
+            choose(dialog, 1, PartsTable::Octaves, QStringLiteral("-3"));
+            QVERIFY(waitUntilSettled(dialog));
+            const auto loss = dialog.findChild<QLabel *>(QStringLiteral("lblLoss"))->text();
+            QVERIFY2(loss.contains(QStringLiteral("out of range")), qPrintable(loss));
             dialog.findChild<QCheckBox *>(QStringLiteral("chkMergeChannels"))->click();
             QVERIFY(waitUntilSettled(dialog));
             QVERIFY(shown(dialog, 2, PartsTable::Characters) != characters);

@@ -369,6 +369,8 @@ private slots:
             dialogs.directories = QStringList(fixture_->path("set"));
             fixture_->write("set/Untitled - Reel (2).abc", "before");
             fixture_->trigger("actionSave_Parts");
+            const auto status = fixture_->window().statusBar()->currentMessage();
+            QVERIFY2(status.startsWith(QStringLiteral("Saving ")), qPrintable(status));
             QVERIFY(fixture_->waitUntilSaved());
             QCOMPARE(dialogs.takeAsked().size(), 2); // where, and one about all files that are there
             QCOMPARE(WindowFixture::read(fixture_->path("set/Untitled - Reel (2).abc")) == "before",

@@ -148,6 +148,15 @@ bool isLost(const QWidget &widget)
                         [&](const auto *layout) { return layout->parentWidget() == parent && isIn(*layout, widget); });
 }
 
+// A sentence that makes its dialog as wide as it is long.
+bool isUnbroken(const QWidget &widget)
+{
+    constexpr int longest = 40;
+    const auto *const label = qobject_cast<const QLabel *>(&widget);
+    return label && qobject_cast<const QDialog *>(widget.window()) && !label->wordWrap() &&
+           label->text().size() > longest;
+}
+
 // Those that the same letter triggers.
 QSet<QString> rivalsIn(const QWidget &menu)
 {
@@ -237,6 +246,8 @@ private slots:
                         misfits.insert(nameOf(widget) + QStringLiteral(" is in no layout"));
                     if (!language.isEmpty() && scrollsSideways(widget))
                         misfits.insert(nameOf(widget) + QStringLiteral(" scrolls sideways"));
+                    if (language == u"en" && isUnbroken(widget))
+                        misfits.insert(nameOf(widget) + QStringLiteral(" is one line: ") + textsOf(widget).last());
                     if (isCut(widget))
                         misfits.insert(nameOf(widget) + QStringLiteral(" is cut: ") + textsOf(widget).last());
                     if (!language.isEmpty() && (widget.inherits("QMenu") || widget.inherits("QMenuBar")))

@@ -191,6 +191,12 @@ private slots:
         };
         again->trigger();
         QTRY_COMPARE(fixture_->tracks().song()[4]->track->noteCount(), 2);
+        fixture_->tracks().remove({}, {QStringLiteral("T1")});
+        fixture_->dialogs().inDialog = [](QDialog &dialog) {
+            QCOMPARE(dialog.findChild<QComboBox *>(QStringLiteral("cboFile"))->count(), 2); // that have parts
+            dialog.reject();
+        };
+        again->trigger();
     }
 
     void findsPartsAgainByTheirNames()

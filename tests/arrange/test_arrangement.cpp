@@ -93,6 +93,9 @@ private slots:
             "Lute (1): 67@0+1 67@1+1 72@2+1; Lute (2): 64@0+1 65@1+1 64@2+1; Lute (3): 60@0+1 59@1+1 60@2+1");
         row("parts that fit are one", "Lute: 72@0+1 72@3+1; Bass: 40@0+4; Flute: 76@1+1", 2, 1,
             "Lute + Flute: 72@0+1 76@1+1 72@3+1; Bass: 40@0+4");
+        row("a part joins one whose range it fits",
+            "Lute 36-48: 40@0+1 41@2+1; Lute 60-72: 67@0+1 69@2+1; Lute 60-72: 64@4+1", 2, 1,
+            "Lute: 40@0+1 41@2+1; Lute + Lute: 67@0+1 69@2+1 64@4+1");
         row("the bass stays though it is doubled", "Lute: 60@0+1 64@0+1 67@0+1 72@0+1", 1, 3,
             "Lute: 60@0+1 67@0+1 72@0+1 | no voice 1");
         row("doubled octaves go first", "Lute: 55@0+1 60@0+1 64@0+1 67@0+1 72@0+1", 1, 3,

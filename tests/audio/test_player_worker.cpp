@@ -406,6 +406,11 @@ private slots:
         QVERIFY(player.left[5 * 512 + 240] < 0.6F * player.left[512]);
         QVERIFY(player.onsets().back() < 5 * 512 + 481);
         QCOMPARE(player.told, list("loading level-16384-48000.wav"));
+        VirtualPlayer quick;
+        quick.worker.playPreviewNote(instrument, 60);
+        quick.worker.stopPreviewNote(); // before its sample is there
+        quick.passes(5);
+        QVERIFY(!quick.onsets().empty() && quick.onsets().back() < 512 + 481);
     }
 
     // Each as loud as it was struck, times the part's volume; one that is struck again ends first.

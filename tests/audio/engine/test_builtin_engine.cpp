@@ -165,6 +165,13 @@ private slots:
         QCOMPARE(recording.at({511, 512, 562, 612, 1200}), QStringLiteral("0.5 0.5 0.25 0 0"));
         QVERIFY(!engine->isPlaying(voice) && !engine->isPlaying(waiting));
         QCOMPARE(engine->fadeOut(voice, 100), AudioResult::Ok);
+        const auto slow = play({constantSound(2, 5000, 1), masterGroup, 1536, never, never, 0.5F});
+        recording.update();
+        QCOMPARE(engine->fadeOut(slow, 1024), AudioResult::Ok);
+        recording.update();
+        QCOMPARE(engine->fadeOut(slow, 100), AudioResult::Ok); // goes on from where it is
+        recording.update();
+        QCOMPARE(recording.at({2048, 2560, 2610, 2660}), QStringLiteral("0.5 0.25 0.125 0"));
     }
 
     void stopGroup()

@@ -122,6 +122,10 @@ private slots:
         QVERIFY(!document.canUndo());
         QVERIFY(!document.editInstead(up(3), drawing));
         QVERIFY(!document.insertNotes({{0, unit, 60}}, drawing)); // it is there
+        Document typed("C D\n");
+        typed.type("%\n"); // which is not read yet
+        QVERIFY(typed.beginGesture(up(4), drawing) && typed.editInstead(up(5), drawing));
+        QCOMPARE(typed.body(), QStringLiteral("F D\n"));
     }
 
     void asksBeforeAllIsWrittenAnew()
