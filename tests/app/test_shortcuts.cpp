@@ -111,7 +111,8 @@ private slots:
             fixture.trigger("actionShortcuts");
         };
         inDialog([](QDialog &dialog) {
-            choose(dialog, QStringLiteral("Play"), QStringLiteral("Ctrl+O"));
+            choose(dialog, QStringLiteral("Play"), QStringLiteral("Ctrl+K, Ctrl+O")); // of which the last is taken
+            QCOMPARE(in<QKeySequenceEdit>(dialog, "keyWished")->keySequence(), QKeySequence(QStringLiteral("Ctrl+O")));
             QVERIFY(in<QLabel>(dialog, "lblKeyNotice")->text().contains(QStringLiteral("Open")));
             QVERIFY(!press(dialog, "btnAssignKey")); // not in silence
             QVERIFY(press(dialog, "btnTakeKey"));

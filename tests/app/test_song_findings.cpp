@@ -35,6 +35,10 @@ private slots:
             QStringLiteral("    The bar line “|” makes an empty measure: the game is silent for it.|measure %1\n");
         const auto part = QStringLiteral("  Air|2\n") + place.arg(1) + place.arg(3);
         QCOMPARE(outline(*view->model()), QStringLiteral("Empty measures|4\n") + part + part);
+        const auto hasIcon = [&](int column) {
+            return view->model()->index(0, column).data(Qt::DecorationRole).isValid();
+        };
+        QVERIFY(hasIcon(0) && !hasIcon(1));
         QVERIFY(view->isExpanded(view->model()->index(1, 0, view->model()->index(0, 0))));
         fixture.child<QPushButton>("btnFixFinding")->click();
         QTRY_COMPARE(text(1), QStringLiteral("CEFG||C4|\n"));

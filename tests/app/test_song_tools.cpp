@@ -205,13 +205,16 @@ private slots:
 
     void hearsStandardAbcAsItIsMeant()
     {
-        SongTrack part;
-        part.id = QStringLiteral("T1");
-        part.import = QStringLiteral("I1");
-        part.track = std::make_shared<const Track>(parseAbc(QStringLiteral("X:1\nT:Reel\nK:C\nC")));
         const auto file = fixture_->write("reel.abc", "X:1\nT:Reel\nM:2/4\nL:1/8\nK:C\n|:CD:|\n");
-        const auto sources = sourceTracks({std::make_shared<const SongTrack>(part)}, {{file, {}, {}, part.import}});
-        QCOMPARE(sources.tracks[part.id]->noteCount(), 4);
+        for (const auto *const text : {"X:1\nT:Reel\nK:C\nC", "X:1\nT:Renamed\nK:C\nC"}) {
+            SongTrack part;
+            part.id = QStringLiteral("T1");
+            part.import = QStringLiteral("I1");
+            part.track = std::make_shared<const Track>(parseAbc(QString::fromLatin1(text)));
+            const auto sources = sourceTracks({std::make_shared<const SongTrack>(part)}, {{file, {}, {}, part.import}});
+            QVERIFY(sources.tracks.contains(part.id));
+            QCOMPARE(sources.tracks[part.id]->noteCount(), 4);
+        }
     }
 
     void asksBeforeNotesAreRemoved_data()

@@ -157,6 +157,14 @@ bool isUnbroken(const QWidget &widget)
            label->text().size() > longest;
 }
 
+// A table whose columns have numbers instead of titles.
+bool isUntitled(const QWidget &widget)
+{
+    const auto *const header = qobject_cast<const QHeaderView *>(&widget);
+    return header && header->isVisible() && header->orientation() == Qt::Horizontal && header->count() > 1 &&
+           header->model()->headerData(1, Qt::Horizontal).toString() == u"2";
+}
+
 // Those that the same letter triggers.
 QSet<QString> rivalsIn(const QWidget &menu)
 {
@@ -248,6 +256,8 @@ private slots:
                         misfits.insert(nameOf(widget) + QStringLiteral(" scrolls sideways"));
                     if (language == u"en" && isUnbroken(widget))
                         misfits.insert(nameOf(widget) + QStringLiteral(" is one line: ") + textsOf(widget).last());
+                    if (isUntitled(widget))
+                        misfits.insert(nameOf(widget) + QStringLiteral(" has no titles"));
                     if (isCut(widget))
                         misfits.insert(nameOf(widget) + QStringLiteral(" is cut: ") + textsOf(widget).last());
                     if (!language.isEmpty() && (widget.inherits("QMenu") || widget.inherits("QMenuBar")))

@@ -95,6 +95,7 @@ private slots:
         row("giant chord", QStringLiteral("K:C\n[") + QString(20000, u'c') + u']',
             "Unexpected token found in chord at line 2, column 10002.");
         row("empty chord", "K:C\n[ ]", "Empty chord");
+        row("open annotation", "K:C\n\"^a\nC", "Unknown token found in ABC body at line 2, column 1.");
         row("number", "K:C\nC4294967296", "Unknown token found in ABC body at line 2, column 1.");
         row("none", "%%x y\nX:1\n% c\nT:a\n\nK:C\n", "nothing");
     }

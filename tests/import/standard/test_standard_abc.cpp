@@ -110,6 +110,8 @@ private slots:
             "0:60 1:62 2:60 3:62 4:64 5:60 6:62 7:60 8:62 9:64");
         row("parts by lines, with a preface", "L:1/4; P:BAX; K:C", "G\nP:A (slow)\n|:C:|\nP:B\nD\nP:D.S.\nE",
             "0:67 1:62 2:64 3:60 4:60");
+        row("parts for a voice that comes after them", "L:1/4; P:BA; K:C", "V:1\n[P:A]C|[P:B]D|\nV:2\nE|",
+            "0:62 1:60 / 0:64");
         row("overlay", "L:1/4; K:C", "C4|CDEF & G2|c4|", "0:60(4) 4:60 4:67(2) 5:62 6:64 7:65 8:72(4)");
         row("an overlay has its own ties", "L:1/4; K:C", "zC-D & zzC|", "1:60 2:62 2:60");
         row("a key ends accidentals", "L:1/4; K:C", "^FF[K:G]F_B[K:C]B", "0:66 1:66 2:66 3:70 4:71");

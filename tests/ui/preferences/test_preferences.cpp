@@ -111,7 +111,7 @@ private slots:
         PlayedKeyboard::State state;
         state.ports = QStringList(QStringLiteral("Piano"));
         MidiKeyboard keyboard(std::make_unique<PlayedKeyboard>(state), [](KeyEvent) {});
-        const KeyboardGroup group(*settings_, keyboard);
+        KeyboardGroup group(*settings_, keyboard);
         const auto *const ports = group.findChild<QComboBox *>(QStringLiteral("cboKeyboard"));
         const auto *const connected = group.findChild<QLabel *>(QStringLiteral("lblKeyboard"));
         QCOMPARE(ports->currentText(), QStringLiteral("Gone (not found)"));
@@ -119,6 +119,16 @@ private slots:
         QCOMPARE(connected->text(), QStringLiteral("none"));
         keyboard.choose(MidiKeyboard::any);
         QCOMPARE(connected->text(), QStringLiteral("Piano"));
+
+        QSignalSpy changed(&group, &KeyboardGroup::changed);
+        for (const auto *const name : {"cboKeyboard", "cboRecordingGrid"}) {
+            auto *const box = group.findChild<QComboBox *>(QLatin1String(name));
+            QVERIFY(box);
+            box->setCurrentIndex(1);
+            emit box->activated(1);
+        }
+        QCOMPARE(changed[0].last().toString(), MidiKeyboard::none);
+        QCOMPARE(changed[1].last().toInt(), 12);
     }
 
     void showsThePageOfTheSelectedRow()

@@ -75,6 +75,8 @@ private slots:
         fixture.act("Home Right Shift+Space Right Space");
         QCOMPARE(starts, QVector<Ticks>{2 * eighth});
         QCOMPARE(plays, (QVector<Ticks>{6 * eighth, eighth}));
+        static_cast<SpokenWidget *>(ruler)->setSpokenValue(3); // as assistive programs do
+        QCOMPARE(fixture.state().cursor, 2 * ticksPerWholeNote);
     }
 
     void rulerTellsProblems()
