@@ -256,6 +256,8 @@ private slots:
                         misfits.insert(nameOf(widget) + QStringLiteral(" scrolls sideways"));
                     if (language == u"en" && isUnbroken(widget))
                         misfits.insert(nameOf(widget) + QStringLiteral(" is one line: ") + textsOf(widget).last());
+                    if (qobject_cast<const QDialog *>(&widget) && widget.windowTitle().isEmpty())
+                        misfits.insert(nameOf(widget) + QStringLiteral(" has no title"));
                     if (isUntitled(widget))
                         misfits.insert(nameOf(widget) + QStringLiteral(" has no titles"));
                     if (isCut(widget))

@@ -91,6 +91,9 @@ private slots:
         row("a chord becomes voices that move little",
             "Lute: 60@0+1 64@0+1 67@0+1 59@1+1 65@1+1 67@1+1 60@2+1 64@2+1 72@2+1", 3, 1,
             "Lute (1): 67@0+1 67@1+1 72@2+1; Lute (2): 64@0+1 65@1+1 64@2+1; Lute (3): 60@0+1 59@1+1 60@2+1");
+        row("a voice goes on from where it was",
+            "Flute: 98@0+3; Lute: 60@0+1 69@0+1 70@1+1 79@1+1 72@2+1; Bass: 37@0+3", 4, 1,
+            "Flute: 98@0+3; Lute (1): 60@0+1 79@1+1; Lute (2): 69@0+1 70@1+1 72@2+1; Bass: 37@0+3");
         row("parts that fit are one", "Lute: 72@0+1 72@3+1; Bass: 40@0+4; Flute: 76@1+1", 2, 1,
             "Lute + Flute: 72@0+1 76@1+1 72@3+1; Bass: 40@0+4");
         row("a part joins one whose range it fits",

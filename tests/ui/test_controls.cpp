@@ -7,6 +7,7 @@
 #include "ui/InstrumentComboBox.h"
 #include "ui/Theme.h"
 #include "ui/ValueDial.h"
+#include "ui/WrappedCheckBox.h"
 
 #include <QColorDialog>
 #include <QDesktopServices>
@@ -295,6 +296,16 @@ private slots:
             ring += like(accent) ? u'#' : like(paper) ? u' ' : u'-';
         }
         QTEST(ring, "ring");
+    }
+
+    void checkBoxesOfSeveralLinesShowTheirState()
+    {
+        WrappedCheckBox box(QStringLiteral("What is said in many words takes more than one line"));
+        box.resize(120, box.heightForWidth(120));
+        QVERIFY(box.height() > 2 * box.fontMetrics().height());
+        const auto before = box.grab().toImage();
+        box.setChecked(true);
+        QVERIFY(box.grab().toImage() != before);
     }
 
     // An icon in the colour of the row that the mouse is over can be seen.

@@ -29,6 +29,12 @@ private slots:
             return picture.copy(500, int(fixture.geometry().top(pitch)), 64, fixture.geometry().rowHeight() - 1);
         };
         QVERIFY(row(62) != row(60)); // both are white keys
+        const auto keys = fixture.roll.findChild<RollKeyboard *>()->grab().toImage();
+        const auto lightness = [&](int pitch) {
+            const QPointF place(4, fixture.at(0, pitch).y());
+            return keys.pixelColor((place * keys.devicePixelRatio()).toPoint()).lightness();
+        };
+        QVERIFY(lightness(58) < lightness(60) - 60 && lightness(60) > 150);
     }
 
     // Behind the notes, and as far as they go.
@@ -305,11 +311,15 @@ private slots:
         QVERIFY(isVisible(0));
         fixture.act("End");
         QVERIFY(isVisible(128));
-        fixture.roll.verticalScrollBar()->setValue(0);
-        QVERIFY(!isVisible(128));
         fixture.roll.clearFocus();
-        fixture.document.selectNotes({0});
-        QVERIFY(isVisible(0));
+        auto &down = *fixture.roll.verticalScrollBar();
+        for (const int place : {down.minimum(), down.maximum()}) {
+            down.setValue(place);
+            fixture.document.selectNotes({});
+            QVERIFY(!isVisible(0));
+            fixture.document.selectNotes({0});
+            QVERIFY(isVisible(0));
+        }
 
         const auto page = fixture.roll.horizontalScrollBar()->pageStep();
         fixture.roll.resize(900, 500);
