@@ -124,6 +124,7 @@ private slots:
         QVERIFY(file.isValid && file.left.size() > 96'000);
         QVERIFY(std::abs(decibels(file.left) - decibels(file.right)) < 0.01 && decibels(file.left) > 60);
         FmodEngine nowhere(StandIn(1).open(), FmodOutput::WavFile, "/nowhere/a.wav");
+        QCOMPARE(nowhere.initialize(), AudioResult::CannotWrite);
         QVERIFY(thrownBy([&] { playScale(nowhere, {}); }).startsWith(QStringLiteral("FMOD Error: ")));
     }
 
@@ -135,6 +136,8 @@ private slots:
         QCOMPARE(engine.initialize(), AudioResult::NoDevice);
         QCOMPARE(engine.outputState(), OutputState::NoDevice);
         QTRY_VERIFY(engine.update() == AudioResult::Ok && engine.clock() > 2000);
+        library.fail("System_Update", 38);
+        QVERIFY(engine.update() != AudioResult::Ok);
         QCOMPARE(engine.release(), AudioResult::Ok);
         library.setDevice(true);
     }
