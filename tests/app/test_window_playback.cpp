@@ -103,6 +103,23 @@ private slots:
         QVERIFY(!fixture_->action("actionStop")->isEnabled());
     }
 
+    // A key sounds from when it is pressed until it is let go.
+    void hearsTheKeyboard()
+    {
+        QVERIFY(fixture_->import(jig, 3));
+        fixture_->keyboard.ports = QStringList(QStringLiteral("Piano"));
+        fixture_->settings().setValue(Settings::KeyboardPort, QStringLiteral("Piano"));
+        fixture_->keyboard.play({0x90, 72, 100});
+        QTRY_VERIFY(left("") > 0);
+        fixture_->keyboard.play({0x90, 72, 0});
+        const auto isSilent = [&] {
+            loudest_.clear();
+            QTest::qWait(100);
+            return !(left("") > 0);
+        };
+        QTRY_VERIFY(isSilent());
+    }
+
     // Into the selected part, where the song was when the key was pressed, as one step.
     void recordsWhatIsPlayed()
     {
@@ -143,6 +160,10 @@ private slots:
         QVERIFY(std::abs(note->length() - length) <= ticksPerQuarter / 2);
         fixture_->trigger("actionUndo");
         QCOMPARE(notes(), before);
+        fixture_->trigger("actionRecord");
+        QTRY_VERIFY(overview(1)->position() > 0);
+        fixture_->trigger("actionStop");
+        QVERIFY(tracks.history().canRedo()); // nothing was played: no step
     }
 
     // Where the song was when it was stopped is not where it is begun again.
@@ -508,6 +529,7 @@ private slots:
         QVERIFY(button->popupMode() == QToolButton::MenuButtonPopup);
         QVERIFY(button->menu()->actions().contains(fixture_->action("actionRehearsal_Offsets")));
         QVERIFY(fixture_->tracks().song() == song);
+        QCOMPARE(fixture_->settings().value(Settings::RehearsalSpread).toInt(), 1000);
         fixture_->dialogs().inDialog = [&](QDialog &dialog) {
             auto *const table = dialog.findChild<QTableWidget *>();
             QVERIFY(!table->isEnabled());

@@ -58,10 +58,11 @@ private slots:
         for (const std::size_t cores : {1, 4}) {
             auto cache = cacheOf(tooLittle);
             ParallelJobs jobs(cores);
-            int done = 0, total = 0;
-            cache.prepare(playbacks(tracks(1.5)), jobs, [&](int d, int t) { done = d, total = t; });
-            QCOMPARE(done, files);
-            QCOMPARE(total, files);
+            QStringList told;
+            cache.prepare(playbacks(tracks(1.5)), jobs,
+                          [&](int done, int total) { told += QStringLiteral("%1/%2").arg(done).arg(total); });
+            QCOMPARE(told.first(), QStringLiteral("0/%1").arg(int(files)));
+            QCOMPARE(told.last(), QStringLiteral("%1/%1").arg(int(files)));
             for (int i = 0; i < files; ++i)
                 QCOMPARE(cache.find({{file(i)}, 1.5, 440}, noteFrames).ratio, 1.0);
         }

@@ -167,6 +167,7 @@ private slots:
         };
         QCOMPARE(chosen(0, 0), QStringLiteral("C#maj 7 sharps"));
         QCOMPARE(chosen(0, 6), QStringLiteral("Gmaj 1 sharp"));
+        QCOMPARE(chosen(0, 7), QStringLiteral("Cmaj 0 sharps / flats"));
         QCOMPARE(chosen(6, 8), QStringLiteral("Eloc 1 flat"));
         QCOMPARE(chosen(1, 10), QStringLiteral("Cm 3 flats"));
         QCOMPARE(child<QLabel>(dialog, "lblNewKey")->text(), QStringLiteral("Cm"));
