@@ -64,8 +64,10 @@ private slots:
         QTRY_COMPARE(editor.document().text()->toPlainText().mid(editor.document().caret().offset),
                      QStringLiteral("|C4|\n"));
 
-        fixture.settings().setValue(Settings::CheckCharacters, 10);
-        QTRY_COMPARE(mark(0), 3);
+        for (const auto &[limit, found] : {std::pair(10, 3), {0, 2}}) {
+            fixture.settings().setValue(Settings::CheckCharacters, limit);
+            QTRY_COMPARE(mark(0), found);
+        }
     }
 };
 

@@ -411,6 +411,12 @@ private slots:
         quick.worker.stopPreviewNote(); // before its sample is there
         quick.passes(5);
         QVERIFY(!quick.onsets().empty() && quick.onsets().back() < 512 + 481);
+        VirtualPlayer again;
+        again.worker.playPreviewNote(instrument, 60);
+        again.worker.stopPreviewNote();
+        again.worker.playPreviewNote(instrument, 60); // is not let go
+        again.passes(5);
+        QCOMPARE(again.left.back(), again.left[512]);
     }
 
     // Each as loud as it was struck, times the part's volume; one that is struck again ends first.

@@ -35,11 +35,6 @@ EditorPlayback::EditorPlayback(EditorDocument &document, TrackPlayer &player, QO
     });
 }
 
-EditorPlayback::~EditorPlayback()
-{
-    stopTracks();
-}
-
 void EditorPlayback::stopTracks()
 {
     if (isPlaying_)

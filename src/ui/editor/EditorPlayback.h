@@ -34,7 +34,6 @@ public:
 
     // Both must outlive the playback.
     EditorPlayback(EditorDocument &document, TrackPlayer &player, QObject *parent = nullptr);
-    ~EditorPlayback() override; // stops
 
     bool isPlaying() const { return isPlaying_; }
     bool isLooping() const { return isPlaying_ && loop_; }

@@ -51,6 +51,20 @@ private slots:
         QCOMPARE(shortcuts.removeDuplicates(), 0);
     }
 
+    void everyCommandIsInAMenu()
+    {
+        EditorFixture editor;
+        QSet<QAction *> inMenus;
+        for (const auto *const menu : editor.window.findChildren<QMenu *>()) {
+            for (auto *const action : menu->actions())
+                inMenus.insert(action);
+        }
+        for (auto *const action : editor.window.findChildren<QAction *>()) {
+            if (action->objectName().startsWith(QStringLiteral("action")))
+                QVERIFY2(inMenus.contains(action), qPrintable(action->objectName()));
+        }
+    }
+
     void selectsInBothViews()
     {
         EditorFixture editor("C D [EG] F\n");
