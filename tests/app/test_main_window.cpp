@@ -163,6 +163,8 @@ private slots:
             if (action->objectName().startsWith(QStringLiteral("action")))
                 QVERIFY2(inMenus.contains(action), qPrintable(action->objectName()));
         }
+        const auto *const save = fixture_->action("actionSave_Song");
+        QVERIFY(!save->statusTip().isEmpty() && save->toolTip().startsWith(save->statusTip()));
     }
 
     void opensPagesAndTellsOfItself()

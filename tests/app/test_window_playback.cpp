@@ -5,10 +5,12 @@
 #include "core/AbcParser.h"
 #include "support/GatedEngine.h"
 #include "support/Rows.h"
+#include "ui/editor/AbcEditorWindow.h"
 #include "ui/song/TrackVisualizationWidget.h"
 #include "ui/song/VUMeter.h"
 #include "ui/timeline/TimeRuler.h"
 
+#include <QAbstractButton>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
@@ -118,6 +120,17 @@ private slots:
             return !(left("") > 0);
         };
         QTRY_VERIFY(isSilent());
+
+        // And enters notes where somebody edits.
+        fixture_->inRow<QAbstractButton>(0, "btnEdit")->click();
+        auto &editor = *fixture_->window().findChild<AbcEditorWindow *>();
+        QApplication::setActiveWindow(&editor);
+        editor.findChild<QAction *>(QStringLiteral("actionStepEntry"))->trigger();
+        const auto before = editor.document().text()->toPlainText();
+        for (const int velocity : {100, 0})
+            fixture_->keyboard.play({0x90, 72, velocity});
+        QTRY_VERIFY(editor.document().text()->toPlainText() != before);
+        editor.document().undo();
     }
 
     // Into the selected part, where the song was when the key was pressed, as one step.
