@@ -71,6 +71,9 @@ void PracticeCommands::addChoices(QMenu &menu, const QString &title, SettingsTab
                                   const QVector<Choice> &choices)
 {
     menu.addSection(title);
+    // Styles of Qt 6 make no room for it.
+    const auto width = menu.fontMetrics().horizontalAdvance(title + QStringLiteral("MMMM"));
+    menu.setMinimumWidth(std::max(menu.minimumWidth(), width));
     auto *const group = new QActionGroup(&menu);
     const auto chosen = context_.settings.value(setting).toInt();
     for (const auto &choice : choices) {
