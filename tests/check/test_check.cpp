@@ -225,6 +225,7 @@ private slots:
         QCOMPARE(lengthInWords(3 * ticksPerWholeNote / 4), QStringLiteral("3/4 note"));
         QCOMPARE(lengthInWords(ticksPerWholeNote), QStringLiteral("a whole note"));
         QCOMPARE(lengthInWords(5 * ticksPerWholeNote / 2), QStringLiteral("2.5 whole notes"));
+        QCOMPARE(lengthInWords(7 * ticksPerWholeNote + ticksPerWholeNote / 3), QStringLiteral("7.33 whole notes"));
     }
 
     void comparesParts()

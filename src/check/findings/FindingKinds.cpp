@@ -6,6 +6,7 @@
 #include <QLocale>
 
 #include <array>
+#include <cmath>
 
 namespace {
 
@@ -122,8 +123,9 @@ QString lengthInWords(Ticks length)
         return QCoreApplication::translate("Finding", "%1 note").arg(NoteText::length(length));
     if (length == ticksPerWholeNote)
         return QCoreApplication::translate("Finding", "a whole note");
+    const auto hundredths = std::round(100.0 * double(length) / ticksPerWholeNote);
     return QCoreApplication::translate("Finding", "%1 whole notes")
-        .arg(QLocale().toString(double(length) / ticksPerWholeNote, 'g', 6));
+        .arg(QLocale().toString(hundredths / 100, 'g', QLocale::FloatingPointShortest));
 }
 
 QString sentenceOf(const Finding &finding)

@@ -148,8 +148,7 @@ QTableView *ArrangeDialog::makeTable(const char *name, const QString &title, Arr
     auto *const header = table->horizontalHeader();
     header->setHighlightSections(false);
     header->setSectionResizeMode(QHeaderView::ResizeToContents);
-    header->setSectionResizeMode(0, QHeaderView::Interactive);
-    header->resizeSection(0, table->fontMetrics().averageCharWidth() * 40);
+    header->setSectionResizeMode(0, QHeaderView::Stretch); // names are cut rather than figures out of sight
     return table;
 }
 
