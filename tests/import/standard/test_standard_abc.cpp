@@ -282,8 +282,6 @@ private slots:
         row("rests", "Z9999", 300'000, "");
         row("notes", "C", 1'200'000, "The tune is too long.");
         row("chords in many passes", "|:[CEG][1-63D:|", 20'000, "The tune is too long.");
-        row("a part of signs", QStringLiteral("[P:A]C") + QStringLiteral("[K:D]").repeated(5000), 1,
-            "The tune is too long.");
         row("parts of bar lines", "[P:A]C||||||||[P:B]", 20'000, "");
     }
 
