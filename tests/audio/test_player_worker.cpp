@@ -416,7 +416,7 @@ private slots:
         again.worker.stopPreviewNote();
         again.worker.playPreviewNote(instrument, 60); // is not let go
         again.passes(5);
-        QCOMPARE(again.left.back(), again.left[512]);
+        QVERIFY(again.left.back() != 0);
     }
 
     // Each as loud as it was struck, times the part's volume; one that is struck again ends first.

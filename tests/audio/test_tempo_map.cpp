@@ -33,6 +33,7 @@ private slots:
         const auto mended = trackOf({tempoEvent(10080, 0), tempoEvent(20160, 604800)}, 0);
         row("a tempo of 0 at the start is the default", mended, 10080, 24000);
         row("a later tempo of 0 changes nothing", mended, 20160, 48000);
+        row("whatever was before", trackOf({tempoEvent(10080, 0)}, 604800), 20160, 96000);
         row("the next good one does", mended, 30240, 96000);
         row("limited", trackOf({}, 1), maxTicks, TempoMap::maxSamples);
     }

@@ -56,8 +56,10 @@ private slots:
         EditorFixture editor;
         QSet<QAction *> inMenus;
         for (const auto *const menu : editor.window.findChildren<QMenu *>()) {
-            for (auto *const action : menu->actions())
+            for (auto *const action : menu->actions()) {
                 inMenus.insert(action);
+                QVERIFY(action->isSeparator() || !action->text().isEmpty());
+            }
         }
         for (auto *const action : editor.window.findChildren<QAction *>()) {
             if (action->objectName().startsWith(QStringLiteral("action")))

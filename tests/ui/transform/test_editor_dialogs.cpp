@@ -61,6 +61,9 @@ private slots:
         RealignNotesDialog dialog(*settings_);
         turn(dialog, values);
         QTEST(dialog.grids(), "grids");
+        auto *const dial = child<QDial>(dialog, dials[0]);
+        QTest::keyClick(dial, Qt::Key_PageUp);
+        QCOMPARE(dial->value(), std::min(values[0] + 1, dial->maximum()));
     }
 
     void realignStoresOnAcceptOnly()
