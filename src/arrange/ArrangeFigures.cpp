@@ -75,9 +75,7 @@ int crossingsOver(const Track &upper, const Track &lower)
 {
     TopOf top(upper);
     int crossings = 0;
-    for (const auto &event : lower.events()) {
-        if (!event.isNote())
-            continue;
+    for (const auto &event : lower.events()) { // the pitch of what is no note is above none
         const int above = top.at(event.start());
         crossings += above >= 0 && int(rowOf(event)) > above ? 1 : 0;
     }

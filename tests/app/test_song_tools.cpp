@@ -67,6 +67,10 @@ private slots:
             dialog.findChild<QComboBox *>(QStringLiteral("cbMelody"))->setCurrentIndex(2);
             QTRY_VERIFY(!dialog.isBusy());
             QCOMPARE(dialog.arrangement().melody, std::optional(1));
+            const auto labels = dialog.findChildren<QLabel *>();
+            for (const auto *const title : {"The song as it is", "As it would be"})
+                QVERIFY(std::any_of(labels.begin(), labels.end(),
+                                    [&](const QLabel *label) { return label->text() == QLatin1String(title); }));
             const auto *const after = dialog.findChild<QTableView *>(QStringLiteral("arrangeAfter"))->model();
             QCOMPARE(outline(*dialog.findChild<QTableView *>(QStringLiteral("arrangeBefore"))->model()),
                      QStringLiteral("Track 1 - Choir Aahs|Accordion|19|8|11|G♯4 – D5|1\n"

@@ -129,8 +129,6 @@ QString FindingsModel::fullText(const QModelIndex &row) const
 
 bool FindingsModel::isFixable(const QModelIndex &row) const
 {
-    if (!row.isValid())
-        return false;
     const auto [first, end] = placesOf(nodeOf(row));
     return std::any_of(places_.begin() + first, places_.begin() + end,
                        [](const Finding *finding) { return !finding->fix.isEmpty(); });

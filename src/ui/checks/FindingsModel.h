@@ -36,7 +36,7 @@ public:
     // Of a row of a place; nothing for others.
     std::optional<FoundPlace> place(const QModelIndex &row) const;
     QString fullText(const QModelIndex &row) const; // of a place, with its part
-    bool isFixable(const QModelIndex &row) const;   // it, or one of the places below it
+    bool isFixable(const QModelIndex &row) const;   // of a valid row: it, or one of the places below it
 
     QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
     QModelIndex parent(const QModelIndex &index) const override;
