@@ -173,10 +173,6 @@ private slots:
         QVERIFY(std::abs(note->length() - length) <= ticksPerQuarter / 2);
         fixture_->trigger("actionUndo");
         QCOMPARE(notes(), before);
-        fixture_->trigger("actionRecord");
-        QTRY_VERIFY(overview(1)->position() > 0);
-        fixture_->trigger("actionStop");
-        QVERIFY(tracks.history().canRedo()); // nothing was played: no step
     }
 
     // Where the song was when it was stopped is not where it is begun again.
