@@ -7,14 +7,17 @@
 #include "ui/editor/AbcEditorWindow.h"
 #include "ui/editor/EditorPlayback.h"
 #include "ui/song/DragHandle.h"
+#include "ui/song/TrackRows.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDial>
 #include <QDialog>
 #include <QDockWidget>
+#include <QDragEnterEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QScreen>
@@ -468,6 +471,10 @@ private slots:
         QTest::mousePress(held, Qt::LeftButton, {}, {5, 5});
         QTest::mouseMove(held, {6, 6}); // hardly
         QTest::mouseRelease(held, Qt::LeftButton, {}, {6, 6});
+        QMimeData foreign;
+        QDragEnterEvent entered(mouse, Qt::CopyAction, &foreign, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(fixture_->window().findChild<TrackRows *>(), &entered);
+        QVERIFY(!entered.isAccepted());
         QCOMPARE(fixture_->tracks().history().count(), 3);
         fixture_->trigger("actionUndo");
         fixture_->trigger("actionUndo");

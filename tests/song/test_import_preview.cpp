@@ -95,6 +95,9 @@ private slots:
         QCOMPARE(song.tracks[1].pitchCounts(), (QMap<quint32, int>{{55, 1}}));
         QCOMPARE(preview.instruments(), (QStringList{QStringLiteral("Lute"), QStringLiteral("Lute")}));
         QCOMPARE(preview.remembered().text(), QStringLiteral("73=Lute"));
+        preview.setOctaves(2, 4);
+        QTRY_VERIFY(!preview.isBusy());
+        QVERIFY(!preview.parts()[2].range()); // nothing is left
     }
 
     void countsNotesAtOnce()

@@ -1,3 +1,4 @@
+#include "assets/CostLimit.h"
 #include "assets/InstrumentScan.h"
 #include "assets/PackageWriter.h"
 #include "support/TestFolder.h"
@@ -125,6 +126,16 @@ class TestHostilePackages : public QObject
     Q_OBJECT
 
 private slots:
+    void costsOfNothingEndAfterHalfASecond()
+    {
+        const CostLimit limit(0);
+        const auto begin = std::clock();
+        while (!limit.isReached() && std::clock() - begin < 2 * CLOCKS_PER_SEC)
+            continue;
+        const auto seconds = double(std::clock() - begin) / CLOCKS_PER_SEC; // of the processor, busy machine or not
+        QVERIFY2(seconds > 0.45 && seconds < 0.8, qPrintable(QString::number(seconds)));
+    }
+
     void initTestCase() { QLoggingCategory::setFilterRules(QStringLiteral("kelvarion.*=false")); }
 
     void costs_data()

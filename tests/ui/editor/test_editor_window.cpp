@@ -162,6 +162,9 @@ private slots:
         QVERIFY(editor.window.document().isCurrent());
         editor.trigger("actionApply");
         QCOMPARE(editor.window.statusBar()->currentMessage(), QStringLiteral("The changes are applied."));
+        const QString tooLong(500, u'M');
+        editor.window.statusBar()->showMessage(tooLong);
+        QVERIFY(editor.window.statusBar()->currentMessage().endsWith(u'…'));
         editor.trigger("actionSelectAll");
         QCOMPARE(enabled(), QStringLiteral("Undo Cut Copy"));
         const auto all = editor.plainText();

@@ -5,6 +5,7 @@
 #include "settings/Settings.h"
 #include "ui/Theme.h"
 #include "ui/ValueDial.h"
+#include "ui/song/TitleLabel.h"
 #include "ui/song/TrackVisualizationWidget.h"
 #include "ui/song/TrackWidget.h"
 #include "ui/song/VUMeter.h"
@@ -251,6 +252,12 @@ private slots:
         child<QWidget>("chkSelect")->setFocus();
         QVERIFY(!turnWheel(dial) && !turnWheel(child<QComboBox>("cboInstrument")));
         QVERIFY(signals_.isEmpty());
+        dial->setFocus();
+        auto *const title = row_->findChild<TitleLabel *>();
+        const auto withoutFocus = title->grab().toImage();
+        title->setFocus();
+        row_->setAttribute(Qt::WA_KeyboardFocusChange); // the ring is for those who use keys
+        QVERIFY(title->grab().toImage() != withoutFocus);
         dial->setFocus();
         turnWheel(dial);
         QVERIFY(row_->volumePercent() < 100);
