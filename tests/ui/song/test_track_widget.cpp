@@ -253,10 +253,10 @@ private slots:
         QVERIFY(!turnWheel(dial) && !turnWheel(child<QComboBox>("cboInstrument")));
         QVERIFY(signals_.isEmpty());
         dial->setFocus();
+        row_->setAttribute(Qt::WA_KeyboardFocusChange); // the ring is for those who use keys
         auto *const title = row_->findChild<TitleLabel *>();
         const auto withoutFocus = title->grab().toImage();
         title->setFocus();
-        row_->setAttribute(Qt::WA_KeyboardFocusChange); // the ring is for those who use keys
         QVERIFY(title->grab().toImage() != withoutFocus);
         dial->setFocus();
         turnWheel(dial);
