@@ -45,6 +45,18 @@ int soundingParts(const QVector<ArrangedSource> &sources)
                              [](const auto &source) { return source.part.track.noteCount() > 0; }));
 }
 
+// What nobody lost takes no room from the names.
+void hideEmptyColumns(QTableView &table)
+{
+    const auto &model = *table.model();
+    for (int column = 0; column < model.columnCount(); ++column) {
+        bool isEmpty = true;
+        for (int row = 0; row < model.rowCount() && isEmpty; ++row)
+            isEmpty = model.index(row, column).data().toString().isEmpty();
+        table.setColumnHidden(column, isEmpty);
+    }
+}
+
 } // namespace
 
 ArrangeDialog::ArrangeDialog(const QVector<ArrangedSource> &sources, const InstrumentSet &instruments,
@@ -63,10 +75,10 @@ ArrangeDialog::ArrangeDialog(const QVector<ArrangedSource> &sources, const Instr
     column->addWidget(makeQuestions());
     auto *const beforeLabel = new QLabel(tr("The song as it is"));
     auto *const afterLabel = new QLabel(tr("As it would be"));
-    auto *const beforeView = makeTable("arrangeBefore", beforeLabel->text(), before_);
+    beforeView_ = makeTable("arrangeBefore", beforeLabel->text(), before_);
     afterView_ = makeTable("arrangeAfter", afterLabel->text(), after_);
     column->addWidget(beforeLabel);
-    column->addWidget(beforeView, 1);
+    column->addWidget(beforeView_, 1);
     column->addWidget(afterLabel);
     column->addWidget(afterView_, 1);
     column->addWidget(makeListening());
@@ -250,6 +262,8 @@ void ArrangeDialog::showRows()
         after.append({part.name, sources_[part.sources.first()].part.instrument, part.figures});
     after_.show(after);
     afterView_->selectRow(0);
+    for (auto *const table : {beforeView_, afterView_})
+        hideEmptyColumns(*table);
 }
 
 void ArrangeDialog::showFound(QComboBox *line, std::optional<int> part) const

@@ -73,6 +73,7 @@ private:
     QSpinBox *voices_;
     QComboBox *melody_;
     QComboBox *bass_;
+    QTableView *beforeView_;
     QTableView *afterView_;
     QPushButton *listenSource_;
     QPushButton *listenArrangement_;
