@@ -38,17 +38,25 @@ void FileBatch::beginRest()
 
 // Folders are read once, since asking for each name keeps others from giving names. What comes into them later is seen
 // when a name is taken.
+const FileBatch::Folder &FileBatch::folderOf(const QFileInfo &file)
+{
+    const auto path = file.path();
+    auto folder = folders_.find(path);
+    if (folder == folders_.end()) {
+        folder = folders_.insert(path, {});
+        const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+        for (const auto &name : QDir(path).entryList(all, QDir::NoSort)) {
+            folder->names.insert(name);
+            folder->hasLeftovers |= SafeFile::isLeftBeside(name);
+        }
+    }
+    return *folder;
+}
+
 bool FileBatch::wasThere(const QString &path)
 {
     const QFileInfo info(path);
-    const auto folder = info.path();
-    auto names = names_.find(folder);
-    if (names == names_.end()) {
-        const auto all =
-            QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::NoSort);
-        names = names_.insert(folder, QSet<QString>(all.begin(), all.end()));
-    }
-    return names->contains(info.fileName());
+    return folderOf(info).names.contains(info.fileName());
 }
 
 QString FileBatch::freePath(const NextPath &nextPath)
@@ -128,9 +136,18 @@ void FileBatch::tellOfFirst()
     auto &file = files_.front();
     writeElsewhere(file);
     if (file.failure.isEmpty())
-        written_.append(file.written);
+        finishLater(file.written);
     file.take(file.path, file.failure);
     files_.pop_front();
+}
+
+// Folders without leftovers need not be looked through again.
+void FileBatch::finishLater(const QString &path)
+{
+    const QFileInfo info(path);
+    auto &targets = written_[info.path()];
+    if (folderOf(info).hasLeftovers)
+        targets.append(path);
 }
 
 void FileBatch::finish()
@@ -139,5 +156,7 @@ void FileBatch::finish()
     pool_.wait();
     while (!files_.empty())
         tellOfFirst();
-    SafeFile::finishFolders(std::exchange(written_, {}));
+    const auto written = std::exchange(written_, {});
+    for (auto targets = written.begin(); targets != written.end(); ++targets)
+        SafeFile::finishFolder(targets.key(), *targets);
 }

@@ -12,6 +12,8 @@
 #include <mutex>
 #include <vector>
 
+class QFileInfo;
+
 // Saves many files as SafeFile does, several at a time: a disk synchronises many in hardly more time than one. A file
 // has its name only when its bytes are on the disk, and the names are there to stay when finish() has returned. Which
 // file gets which name does not depend on which is written first. Used on one thread, which it keeps waiting while too
@@ -46,8 +48,15 @@ private:
         std::atomic<bool> isDone = false; // nobody else works at it any more
     };
 
+    struct Folder // as it was
+    {
+        QSet<QString> names;
+        bool hasLeftovers = false;
+    };
+
     using Group = std::vector<File *>;
 
+    const Folder &folderOf(const QFileInfo &file);
     bool wasThere(const QString &path);
     QString freePath(const NextPath &nextPath);
     void begin(const Group &group);
@@ -55,12 +64,13 @@ private:
     void write(const Group &group) const; // [any]
     void writeElsewhere(File &file);
     void tellOfFirst();
+    void finishLater(const QString &path);
     void limitBytes(qint64 more);
 
     const SafeFile::Existing existing_;
-    std::deque<File> files_;              // not told of yet; jobs hold their addresses
-    QHash<QString, QSet<QString>> names_; // of what was in folders
-    QStringList written_;                 // whose folders are to be synchronised
+    std::deque<File> files_; // not told of yet; jobs hold their addresses
+    QHash<QString, Folder> folders_;
+    QHash<QString, QStringList> written_; // in folders that are to be synchronised: those that may have leftovers
     Group next_;                          // to be written
     qint64 bytes_ = 0;                    // that jobs may hold
     mutable std::mutex naming_; // a folder takes names one by one anyway; so its lock is not waited for with each

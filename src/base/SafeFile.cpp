@@ -7,7 +7,6 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
-#include <QHash>
 #include <QRandomGenerator>
 #include <QSet>
 
@@ -207,6 +206,8 @@ QString beginIn(const QString &name)
 // is seldom any, so the names of the targets are only looked at when there is.
 void removeLeftovers(const QString &folder, const QStringList &targets, int seconds)
 {
+    if (targets.isEmpty())
+        return;
     const auto old = QDateTime::currentDateTime().addSecs(-seconds);
     QSet<QString> begins;
     for (QDirIterator files(folder, QDir::Files | QDir::Hidden | QDir::NoSymLinks); files.hasNext();) {
@@ -228,6 +229,11 @@ constexpr int oldAfterSeconds = 600; // nobody writes for so long without changi
 void removeLeftovers(const QString &target, int seconds)
 {
     removeLeftovers(QFileInfo(target).path(), QStringList(target), seconds);
+}
+
+void finishFolderOf(const QString &target)
+{
+    SafeFile::finishFolder(QFileInfo(target).path(), QStringList(target));
 }
 
 // Where writing to the path leads, also when that is not there yet.
@@ -344,7 +350,7 @@ void Replacement::commit()
     open_.reset(new Open{told([&path] { return SystemFiles::OpenFile::openExisting(path); })});
     synchronise();
     commitUnsynchronised();
-    finishFolders({target_});
+    finishFolderOf(target_);
 }
 
 void Replacement::commitUnsynchronised()
@@ -388,15 +394,15 @@ bool isThere(const QString &path)
     return SystemFiles::isThere(systemPath(path));
 }
 
-void finishFolders(const QStringList &written)
+void finishFolder(const QString &folder, const QStringList &targets)
 {
-    QHash<QString, QStringList> filesIn;
-    for (const auto &path : written)
-        filesIn[QFileInfo(path).path()].append(path);
-    for (auto files = filesIn.constBegin(); files != filesIn.constEnd(); ++files) {
-        syncFolder(files.key());
-        ::removeLeftovers(files.key(), *files, oldAfterSeconds);
-    }
+    syncFolder(folder);
+    ::removeLeftovers(folder, targets, oldAfterSeconds);
+}
+
+bool isLeftBeside(const QString &name)
+{
+    return !beginIn(name).isEmpty();
 }
 
 namespace {
@@ -408,7 +414,7 @@ bool writeOne(const QString &path, const QByteArray &bytes, Existing existing)
     replacement.synchronise();
     if (!replacement.takePlace())
         return false;
-    finishFolders({replacement.target()});
+    finishFolderOf(replacement.target());
     return true;
 }
 

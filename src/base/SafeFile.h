@@ -47,7 +47,7 @@ public:
     void commit();
 
     // Instead, for one of many: all of it; then that it is on the disk; then that it has its place, or nothing is
-    // touched since something is there that shall be kept (false); and finishFolders() once for all of them.
+    // touched since something is there that shall be kept (false); and finishFolder() once for all of them.
     void write(const QByteArray &bytes);
     void synchronise();
     bool takePlace();
@@ -67,8 +67,10 @@ private:
     bool isCommitted_ = false;
 };
 
-// After files took their places: their names are on the disk then, and what others left beside them is gone.
-void finishFolders(const QStringList &targets);
+// After files of a folder took their places: their names are on the disk then, and what others left beside those that
+// are given is gone.
+void finishFolder(const QString &folder, const QStringList &targets);
+bool isLeftBeside(const QString &name); // of a file: it may have been left beside another
 
 // For a program that is about to end at once: removes every file that is not committed, and holds back, for ever,
 // whoever would begin or commit one. [any]

@@ -7,6 +7,8 @@
 
 #include <QtTest>
 
+#include <functional>
+#include <stdexcept>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
@@ -85,22 +87,27 @@ private slots:
     void removesWhatTheKilledLeft_data()
     {
         const Rows<QString, int, bool> row("name", "ageMinutes", "isLeft");
-        row("old", "song.abc~0123456789abc.saving", 11, false);
-        row("being written", "song.abc~0123456789abc.saving", 9, true);
-        row("of another", "song.abc.abc~0123456789abc.saving", 11, true);
-        row("of the user", "song.abc~0123456789abC.saving", 11, true);
+        row("old", "1.abc~0123456789abc.saving", 11, false);
+        row("being written", "1.abc~0123456789abc.saving", 9, true);
+        row("of another", "1.abc.abc~0123456789abc.saving", 11, true);
+        row("of the user", "1.abc~0123456789abC.saving", 11, true);
     }
     void removesWhatTheKilledLeft()
     {
         QFETCH(QString, name);
         QFETCH(int, ageMinutes);
-        QFile left(folder_->write(name, "half"));
-        QVERIFY(left.open(QIODevice::ReadWrite));
-        QVERIFY(left.setFileTime(QDateTime::currentDateTime().addSecs(-60 * ageMinutes),
-                                 QFileDevice::FileModificationTime));
-        left.close();
-        SafeFile::write(path(), new_);
-        QTEST(left.exists(), "isLeft");
+        const auto leaves = [&](const std::function<void()> &save) {
+            QFile left(folder_->write(name, "half"));
+            const auto time = QDateTime::currentDateTime().addSecs(-60 * ageMinutes);
+            if (!left.open(QIODevice::ReadWrite) || !left.setFileTime(time, QFileDevice::FileModificationTime))
+                throw std::runtime_error("the file cannot be made older");
+            left.close();
+            save();
+            return left.exists();
+        };
+        QTEST(leaves([this] { saveBatch(SafeFile::Existing::Kept, 1); }), "isLeft");
+        QTEST(leaves([this] { saveBatch(SafeFile::Existing::Replaced, 1); }), "isLeft");
+        QTEST(leaves([this] { SafeFile::write(path("1.abc"), new_); }), "isLeft");
     }
 
     void keepsPermissionsAndFollowsLinks()

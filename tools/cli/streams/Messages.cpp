@@ -21,7 +21,7 @@ void endBar()
 
 QString printable(QString text)
 {
-    const auto isControl = [](QChar c) { return c.category() == QChar::Other_Control; };
+    const auto isControl = [](QChar c) { return c < u' ' || (c >= u'\x7F' && c < u'\xA0'); };
     std::replace_if(text.begin(), text.end(), isControl, QChar(QChar::ReplacementCharacter));
     return text;
 }
