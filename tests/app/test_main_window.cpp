@@ -314,6 +314,15 @@ private slots:
         QCOMPARE(fixture_->row(2)->instrumentName(), before);
     }
 
+    void beginsWithTheInstrumentThatWasChosenLast()
+    {
+        fixture_->child<QComboBox>("instrumentList")->setCurrentIndex(2);
+        const auto chosen = fixture_->child<QComboBox>("instrumentList")->currentText();
+        fixture_->makeWindow();
+        QVERIFY(fixture_->waitUntilLoaded() && fixture_->import(jig, 3));
+        QCOMPARE(fixture_->row(0)->instrumentName(), chosen);
+    }
+
     void mergesDuplicatesAndRemoves()
     {
         QVERIFY(fixture_->import(jig, 3));

@@ -113,6 +113,9 @@ private slots:
             "Lute: 72@0+1; Bass: 40@0+1; Drum: 48@1+1 | out of range 1");
         row("a free hand helps", "Lute: 72@0+1 69@0+1 65@0+1; Bass: 40@2+1", 2, 2,
             "Lute: 65@0+1 72@0+1; Bass: 69@0+1 40@2+1 | lent 1");
+        row("parts that are one already have lost what they lose",
+            "Lute: 56@3+3; Harp: 56@4+3; Harp: 57@2+3; Bass: 45@3+2", 2, 1,
+            "Harp + Harp + Lute: 57@2+3; Bass: 45@3+2 | no voice 2");
         row("nothing that sounds", "Lute: 60@0+0", 2, 2, " | no length 1");
     }
     void notesFindTheirPlayers()
@@ -190,6 +193,12 @@ private slots:
         QCOMPARE(arrangement.parts.size(), 24);
         const auto sum = arrangement.sumBefore();
         QCOMPARE(arrangement.sumAfter().notes + sum.droppedInAll(), 400);
+        for (const auto &[asked, most] : {std::pair(0, 1), std::pair(1000, ArrangeOptions::mostVoices)}) {
+            const auto few = arrange(parts, {asked, asked});
+            QVERIFY(few.parts.size() <= std::max(1, std::min(asked, ArrangeOptions::mostPlayers)));
+            for (const auto &part : few.parts)
+                QVERIFY(part.figures.mostAtOnce <= most);
+        }
         std::stop_source stop;
         stop.request_stop();
         QVERIFY_EXCEPTION_THROWN(arrange(parts, {}, stop.get_token()), Interrupted);

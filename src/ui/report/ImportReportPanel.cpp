@@ -75,7 +75,6 @@ ImportReportPanel::ImportReportPanel(QWidget *parent) : QWidget(parent), line_(n
 
 void ImportReportPanel::show(const QString &line, const QVector<ReportedPart> &parts)
 {
-    chosen_ = QModelIndex();
     line_->setText(line.isEmpty() ? tr("Of the last import there is nothing to report.") : line);
     model_.show(parts);
     for (int row = 0; row < model_.rowCount({}); ++row)

@@ -30,5 +30,5 @@ private:
     ImportReportModel model_;
     QLabel *line_;
     QTreeView *view_;
-    QPersistentModelIndex chosen_; // the row whose place was chosen last
+    QPersistentModelIndex chosen_; // the row of this report whose place was chosen last
 };

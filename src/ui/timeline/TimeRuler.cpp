@@ -169,8 +169,6 @@ void TimeRuler::paintNumber(QPainter &painter, const Measure &measure) const
 void TimeRuler::paintPointer(QPainter &painter) const
 {
     const auto middle = x(position_) + 0.5;
-    if (middle < -pointerWidth || middle > width() + pointerWidth)
-        return;
     QPainterPath pointer(QPointF(middle - pointerWidth + 1, height() - 9));
     pointer.lineTo(middle + pointerWidth - 1, height() - 9);
     pointer.lineTo(middle, height() - 1);

@@ -170,6 +170,20 @@ private slots:
         QCOMPARE(fixture.roll.accessibleDescription(), QStringLiteral("F4, Measure 1, beat 3 + 1/8, length 1/8"));
     }
 
+    void aTextThatChangesEndsTheGesture()
+    {
+        RollFixture fixture("CDEF");
+        QTest::mousePress(fixture.canvas(), Qt::LeftButton, {}, fixture.at(1.5, 62));
+        fixture.moveTo(fixture.at(3.5, 65));
+        fixture.moveTo(fixture.at(5.5, 67));
+        QTextCursor typing(fixture.document.text());
+        typing.setPosition(fixture.document.reading().layout.bodyOffset);
+        typing.insertText(QStringLiteral("G2"));
+        fixture.document.update();
+        QTest::mouseRelease(fixture.canvas(), Qt::LeftButton, {}, fixture.at(5.5, 67));
+        QVERIFY(fixture.document.text()->toPlainText().endsWith(QStringLiteral("G2CDEF")));
+    }
+
     void sounds()
     {
         RollFixture fixture("C4D4");
