@@ -11,7 +11,6 @@ InstrumentCommands::InstrumentCommands(const CommandContext &context, Instrument
                                        InstrumentComboBox &selector)
     : context_(context), instruments_(instruments), selector_(selector)
 {
-    context_.playback.setDefaultInstrument(context_.settings.value(Settings::DefaultInstrument).toString());
     connect(&scan_, &InstrumentScanTask::finished, this, &InstrumentCommands::takeScanned);
     connect(&scan_, &InstrumentScanTask::failed, this, [this](const QString &error) {
         context_.dialogs.message(&context_.window, Dialogs::Severity::Critical, tr("Load Instruments"), error);

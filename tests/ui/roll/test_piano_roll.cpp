@@ -177,11 +177,11 @@ private slots:
         fixture.moveTo(fixture.at(3.5, 65));
         fixture.moveTo(fixture.at(5.5, 67));
         QTextCursor typing(fixture.document.text());
-        typing.setPosition(fixture.document.reading().layout.bodyOffset);
+        typing.movePosition(QTextCursor::End);
         typing.insertText(QStringLiteral("G2"));
         fixture.document.update();
         QTest::mouseRelease(fixture.canvas(), Qt::LeftButton, {}, fixture.at(5.5, 67));
-        QVERIFY(fixture.document.text()->toPlainText().endsWith(QStringLiteral("G2CDEF")));
+        QVERIFY(fixture.document.text()->toPlainText().endsWith(QStringLiteral("CDEFG2")));
     }
 
     void sounds()
