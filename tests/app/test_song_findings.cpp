@@ -64,6 +64,12 @@ private slots:
         QTRY_COMPARE(editor.document().text()->toPlainText().mid(editor.document().caret().offset),
                      QStringLiteral("|C4|\n"));
 
+        const auto many =
+            QStringLiteral("X:1\nT:Air\nM:4/4\nL:1/4\nK:C\n") + QStringLiteral("C4||").repeated(502) + u'C';
+        tracks.setTrack(QStringLiteral("Change"), tracks.ids()[1], parseAbc(many));
+        QTRY_VERIFY(outline(*view->model()).contains(QStringLiteral("Empty measures|502+\n")));
+        QVERIFY(outline(*view->model()).contains(QStringLiteral("  Air|500+\n")));
+
         for (const auto &[limit, found] : {std::pair(10, 3), {0, 2}}) {
             fixture.settings().setValue(Settings::CheckCharacters, limit);
             QTRY_COMPARE(mark(0), found);

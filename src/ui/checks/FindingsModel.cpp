@@ -178,13 +178,23 @@ QString FindingsModel::textOf(Node node) const
     return finding != nullptr ? tr("%1: %2").arg(part.track->title(), sentenceOf(*finding)) : part.track->title();
 }
 
+// Of one kind no more are kept of a part.
+bool FindingsModel::mayBeMore(Node node) const
+{
+    const auto number = size_t(node.number);
+    const auto first = parts_.begin() + (node.level == Level::Kind ? kinds_[number].first : node.number);
+    return std::any_of(first, first + (node.level == Level::Kind ? kinds_[number].count : 1),
+                       [](const PartRow &part) { return part.count >= CheckOptions().mostFindings; });
+}
+
 // Of several places their number.
 QString FindingsModel::placeOf(Node node) const
 {
     const auto *const finding = findingOf(node);
     if (finding == nullptr) {
         const auto [first, end] = placesOf(node);
-        return QString::number(end - first);
+        const auto number = QString::number(end - first);
+        return mayBeMore(node) ? number + u'+' : number;
     }
     if (finding->tick < 0)
         return {};

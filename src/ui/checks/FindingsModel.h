@@ -74,6 +74,7 @@ private:
     std::pair<int, int> placesOf(Node node) const; // first and end
     const Finding *findingOf(Node node) const;     // null where there are several
     QString textOf(Node node) const;
+    bool mayBeMore(Node node) const; // than its number
     QString placeOf(Node node) const;
     void addKind(FindingKind kind);
 
