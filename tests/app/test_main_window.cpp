@@ -6,6 +6,7 @@
 #include "support/MidiBytes.h"
 #include "ui/editor/AbcEditorWindow.h"
 #include "ui/editor/EditorPlayback.h"
+#include "ui/manual/ManualWindow.h"
 #include "ui/song/DragHandle.h"
 #include "ui/song/TrackRows.h"
 
@@ -53,6 +54,8 @@ private slots:
         for (const auto *const button : {"btnHintImport", "btnHintOpen"})
             fixture_->child<QPushButton>(button)->click();
         QCOMPARE(fixture_->dialogs().takeAsked().join(u' ').count(QStringLiteral("Choose ")), 2);
+        fixture_->trigger("actionManual");
+        QVERIFY(fixture_->window().findChild<ManualWindow *>());
         fixture_->trigger("actionNew_Track");
         QCOMPARE(fixture_->titles(), QStringList(QStringLiteral("Untitled")));
         QVERIFY(!fixture_->child<QWidget>("emptyHint")->isVisible());
@@ -303,6 +306,8 @@ private slots:
         const auto before = list->currentText();
         list->setCurrentIndex(2);
         QCOMPARE(fixture_->settings().value(Settings::DefaultInstrument).toString(), list->currentText());
+        fixture_->trigger("actionNew_Track");
+        QCOMPARE(fixture_->row(3)->instrumentName(), list->currentText());
         fixture_->inRow<QCheckBox>(1, "chkSelect")->click();
         fixture_->trigger("actionApplyInstrument");
         QCOMPARE(fixture_->row(0)->instrumentName(), before);

@@ -35,10 +35,15 @@ Widget *in(const QDialog &dialog, const char *name)
     return dialog.findChild<Widget *>(QLatin1String(name));
 }
 
-void choose(QDialog &dialog, const QString &command, const QString &key)
+void select(QDialog &dialog, const QString &command)
 {
     auto *const list = in<QTreeWidget>(dialog, "keys");
     list->setCurrentItem(list->findItems(command, Qt::MatchExactly | Qt::MatchRecursive).value(0));
+}
+
+void choose(QDialog &dialog, const QString &command, const QString &key)
+{
+    select(dialog, command);
     in<QKeySequenceEdit>(dialog, "keyWished")->setKeySequence(QKeySequence(key));
 }
 
@@ -116,6 +121,8 @@ private slots:
             QVERIFY(in<QLabel>(dialog, "lblKeyNotice")->text().contains(QStringLiteral("Open")));
             QVERIFY(!press(dialog, "btnAssignKey")); // not in silence
             QVERIFY(press(dialog, "btnTakeKey"));
+            choose(dialog, QStringLiteral("Apply"), QStringLiteral("X"));
+            QVERIFY(!press(dialog, "btnAssignKey")); // typed
             choose(dialog, QStringLiteral("Apply"), QStringLiteral("F12"));
             QVERIFY(press(dialog, "btnAssignKey"));
             choose(dialog, QStringLiteral("Duplicate Notes"), QStringLiteral("X"));
@@ -148,6 +155,9 @@ private slots:
         QCOMPARE(keyOfAction("actionOpen"), QStringLiteral("Ctrl+O"));
         QCOMPARE(keyOfAction("actionStop"), QStringLiteral("F9"));
         inDialog([](QDialog &dialog) {
+            choose(dialog, QStringLiteral("Play"), QStringLiteral("F12"));
+            select(dialog, QStringLiteral("Stop"));
+            QCOMPARE(in<QKeySequenceEdit>(dialog, "keyWished")->keySequence(), QKeySequence(Qt::Key_F9));
             QVERIFY(press(dialog, "btnResetAllKeys"));
             dialog.accept();
         });

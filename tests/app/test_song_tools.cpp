@@ -127,8 +127,9 @@ private slots:
             "1/4=120\nK: A\nA");
         row("transpose and fold", "actionTranspose_Song", "spSongTranspose value 12", "K:C\nC c'''", "K:G\nG",
             "1/4=120\nK: C\nc c'''", "1/4=120\nK: G\ng");
-        row("transpose and remove", "actionTranspose_Song", "spSongTranspose value 12;cbBeyondRange currentIndex 1",
-            "K:C\nC c'''", "K:G\nG", "1/4=120\nK: C\nc", "1/4=120\nK: G\ng");
+        row("transpose and remove", "actionTranspose_Song",
+            "spSongTranspose value 12;cbBeyondRange currentText are removed", "K:C\nC c'''", "K:G\nG",
+            "1/4=120\nK: C\nc", "1/4=120\nK: G\ng");
         row("trim", "actionTrim_Silence", "", "K:C\nz2 C", "K:C\nz3 D", "1/4=120\nK: C\nC", "1/4=120\nK: C\nz D");
         row("pad", "actionPad_Parts", "", "K:C\nC", "K:C\nC2", "1/4=120\nK: C\nC z \nL: 1/4", "1/4=120\nK:C\nC2");
         row("one tempo, the same moments", "actionOne_Tempo", "", "K:C\nC4", "Q:1/4=60\nK:C\nC z D2",
@@ -148,8 +149,9 @@ private slots:
         const auto before = fixture_->tracks().song();
         fixture_->dialogs().inDialog = [choices](QDialog &dialog) {
             for (const auto &choice : choices.split(u';', Qt::SkipEmptyParts)) {
-                const auto words = choice.split(u' ');
-                dialog.findChild<QWidget *>(words[0])->setProperty(qPrintable(words[1]), words[2].toInt());
+                const auto property = choice.section(u' ', 1, 1);
+                dialog.findChild<QWidget *>(choice.section(u' ', 0, 0))
+                    ->setProperty(qPrintable(property), choice.section(u' ', 2));
             }
             dialog.accept();
         };

@@ -80,6 +80,8 @@ private slots:
             "Q:1/4=60|K:C|C z|L:1/4 & Q:1/4=120|K:C|C4");
         row("other lengths", "moments", "Q:1/4=120|K:C|C4 & Q:1/4=60|K:C|C z D2",
             "Q:1/4=120|K:C|C4 & Q:1/4=120|K:C|C2 z2|D4");
+        row("other keys in the tune", "moments", "Q:1/4=120|K:C|C4 & Q:1/4=60|K:C|C|K:G|z D2",
+            "Q:1/4=120|K:C|C4 & Q:1/4=120|K:C|C2|K:G|z2|D4");
         row("the same lengths", "lengths", "Q:1/4=120|K:C|C4 & Q:1/4=60|K:C|C z D2",
             "Q:1/4=120|K:C|C4 & Q:1/4=120|K:C|C z D2");
     }

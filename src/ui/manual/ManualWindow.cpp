@@ -41,7 +41,6 @@ void ManualWindow::makeToolBar()
     auto *const bar = new QToolBar;
     auto *const back = bar->addAction(tr("Back"), browser_, &QTextBrowser::backward);
     back->setShortcut(QKeySequence::Back);
-    back->setEnabled(false);
     connect(browser_, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
     bar->addAction(tr("Contents"), this, [this] { showPage(contents); });
     auto *const close = new QAction(this);

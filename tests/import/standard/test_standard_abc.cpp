@@ -96,6 +96,8 @@ private slots:
         row("two repeats in one sign", "L:1/4; K:C", "|:C::D:|", "0:60 1:60 2:62 3:62");
         row("three times", "L:1/4; K:C", "|:C::|D", "0:60 1:60 2:60 3:62");
         row("a repeat after endings", "L:1/4; K:C", "|:C|1D:|2E||F:|G", "0:60 1:62 2:60 3:64 4:65 5:65 6:67");
+        row("a repeat that begins in an ending", "L:1/4; M:1/4; K:C", "|:C|1D:|2E|:F|G|A|B|c:|d",
+            "0:60 1:62 2:60 3:64 4:65 5:67 6:69 7:71 8:72 9:65 10:67 11:69 12:71 13:72 14:74");
         row("a sign before the second ending", "L:1/4; K:C", "|:C[1D:| |: [2E|:F:|", "0:60 1:62 2:60 3:64 4:65 5:65");
         row("an unclosed repeat", "L:1/4; K:C", "|:C|:D:|", "0:60 1:60 2:62 3:62");
         row("no second ending", "L:1/4; K:C", "|:C|1D:|E", "0:60 1:62 2:60 3:64");

@@ -133,6 +133,9 @@ private slots:
         Document document("[Z2C8] | \"Am\"C | % end\n");
         const auto before = document.plainText();
         QVERIFY(!document.insertNotes({{6 * unit, unit, 64}}, drawing));
+        NoteEdit edit;
+        edit.inserted.append(NoteSpec{6 * unit, unit, 64});
+        QVERIFY(!document.beginGesture(edit, drawing) && !document.isInGesture());
         QCOMPARE(document.plainText(), before);
         RewriteLoss told;
         document.setRewriteQuestion([&](const RewriteLoss &loss) {

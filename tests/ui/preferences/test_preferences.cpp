@@ -205,6 +205,8 @@ private slots:
         auto *const list = child<QTreeWidget>("rememberedPrograms");
         auto *const instrument = child<QComboBox>("cboProgramInstrument");
         QCOMPARE(list->topLevelItemCount(), 3);
+        QCOMPARE(list->topLevelItem(1)->text(0), QStringLiteral("Violin"));
+        QCOMPARE(list->topLevelItem(2)->text(0), QStringLiteral("Percussion"));
         list->clearSelection();
         QVERIFY(!instrument->isEnabled());
         list->topLevelItem(2)->setSelected(true);

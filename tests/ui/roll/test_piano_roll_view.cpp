@@ -30,11 +30,12 @@ private slots:
         };
         QVERIFY(row(62) != row(60)); // both are white keys
         const auto keys = fixture.roll.findChild<RollKeyboard *>()->grab().toImage();
-        const auto lightness = [&](int pitch) {
+        const auto colour = [&](int pitch) {
             const QPointF place(4, fixture.at(0, pitch).y());
-            return keys.pixelColor((place * keys.devicePixelRatio()).toPoint()).lightness();
+            return keys.pixelColor((place * keys.devicePixelRatio()).toPoint());
         };
-        QVERIFY(lightness(58) < lightness(60) - 60 && lightness(60) > 150);
+        QVERIFY(colour(58).lightness() < colour(60).lightness() - 60 && colour(60).lightness() > 150);
+        QVERIFY(colour(60) != fixture.state().colours.ruler); // which is below all
     }
 
     // Behind the notes, and as far as they go.

@@ -512,6 +512,23 @@ private slots:
         QTEST(editor.plainText(), "completed");
     }
 
+    void caretIsSeen()
+    {
+        QApplication::setCursorFlashTime(0);
+        for (const int length : {10, 100'000}) {
+            EditorFixture editor(QString(length, u'C'));
+            editor.show();
+            editor.text->setFocus();
+            QTRY_VERIFY(editor.text->hasFocus());
+            const auto start = editor.window.document().reading().layout.bodyOffset;
+            editor.select(start + 2, start + 2);
+            const auto place = editor.text->cursorRect().adjusted(-1, 0, 1, 0);
+            const auto here = editor.text->viewport()->grab(place).toImage();
+            editor.select(start + 5, start + 5);
+            QVERIFY(editor.text->viewport()->grab(place).toImage() != here);
+        }
+    }
+
     void statusTellsTheCaret()
     {
         EditorFixture editor("[M:3/4]C3 | ^F2 z\n");

@@ -244,6 +244,8 @@ private slots:
         list.history().undo();
         QCOMPARE(list.selectedIds(), QStringList(t2));
         QCOMPARE(list.history().count(), 2);
+        list.open({{*list.find(t2), {}}}); // of another song
+        QCOMPARE(list.selectedIds(), QStringList());
     }
 
     void knowsWhatIsUnsaved()
