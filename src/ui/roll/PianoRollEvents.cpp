@@ -211,7 +211,6 @@ void PianoRoll::focusOutEvent(QFocusEvent *event)
 {
     QAbstractScrollArea::focusOutEvent(event);
     mouse_.cancel();
-    edgeScroll_.stop();
 }
 
 QString PianoRoll::statusAt(const QPoint &position) const
