@@ -10,6 +10,7 @@
 #include "ui/song/TrackVisualizationWidget.h"
 
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
@@ -71,6 +72,7 @@ private slots:
             for (const auto *const title : {"The song as it is", "As it would be"})
                 QVERIFY(std::any_of(labels.begin(), labels.end(),
                                     [&](const QLabel *label) { return label->text() == QLatin1String(title); }));
+            QVERIFY(dialog.findChild<QTableView *>(QStringLiteral("arrangeAfter"))->verticalHeader()->isHidden());
             const auto *const after = dialog.findChild<QTableView *>(QStringLiteral("arrangeAfter"))->model();
             QCOMPARE(outline(*dialog.findChild<QTableView *>(QStringLiteral("arrangeBefore"))->model()),
                      QStringLiteral("Track 1 - Choir Aahs|Accordion|19|8|11|G♯4 – D5|1\n"
