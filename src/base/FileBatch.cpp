@@ -141,12 +141,12 @@ void FileBatch::tellOfFirst()
     files_.pop_front();
 }
 
-// Folders without leftovers need not be looked through again.
+// Folders that were looked through, and had no leftovers, need not be again.
 void FileBatch::finishLater(const QString &path)
 {
     const QFileInfo info(path);
     auto &targets = written_[info.path()];
-    if (folderOf(info).hasLeftovers)
+    if (existing_ == SafeFile::Existing::Replaced || folderOf(info).hasLeftovers)
         targets.append(path);
 }
 
